@@ -1,0 +1,68 @@
+# What every target of the project has in common, one function for each kind.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual)
+add_compile_definitions(QT_DEPRECATED_WARNINGS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+if(WELMO_WERROR)
+    add_compile_options(-Werror)
+endif()
+foreach(sanitizer IN LISTS WELMO_SANITIZE)
+    add_compile_options(-fsanitize=${sanitizer} -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${sanitizer})
+endforeach()
+if(WELMO_SANITIZE)
+    add_compile_options(-fno-sanitize-recover=all)
+endif()
+
+# welmo_host_library(kelpCore LINK Qt5::Core): a stand-in library of the host under its real name,
+# from include/, src/ and *.qrc of the calling folder.
+function(welmo_host_library name)
+    cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS
+        "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h"
+        "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.qrc")
+    add_library(${name} SHARED ${sources})
+    target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}/${name}/include")
+    target_link_libraries(${name} PUBLIC ${ARG_LINK})
+    install(TARGETS ${name} LIBRARY DESTINATION lib)
+    install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/${name}/include/" DESTINATION include)
+endfunction()
+
+# welmo_static_library(controller LINK Qt5::Core): every source of the calling folder.
+function(welmo_static_library name)
+    cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS
+        "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h"
+        "${CMAKE_CURRENT_SOURCE_DIR}/*.ui" "${CMAKE_CURRENT_SOURCE_DIR}/*.qrc")
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    add_library(${name} STATIC ${sources})
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}/..")
+    target_link_libraries(${name} PUBLIC ${ARG_LINK})
+endfunction()
+
+# welmo_test(tst_name LABEL unit SOURCES a.cpp LINK x): one QtTest executable, run offscreen.
+function(welmo_test name)
+    cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 120)
+    endif()
+    add_executable(${name} ${ARG_SOURCES})
+    set_target_properties(${name} PROPERTIES
+        RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+    target_link_libraries(${name} PRIVATE Qt5::Test ${ARG_LINK})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+        LABELS "${ARG_LABEL}" TIMEOUT ${ARG_TIMEOUT}
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+endfunction()

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+#include <QVariant>
+#include <QVector>
+
+namespace kelp {
+
+/// A named node of a value tree: a leaf holds a QVariant, an inner node holds ordered, named
+/// children.
+///
+/// Paths are dotted ("device.enable"). A child belongs to its parent node and goes with it. Lookups
+/// never return null: what is missing is the EmptyModuleObject, which reads as empty and ignores
+/// every write. GUI thread only.
+class ModuleObject : public QObject
+{
+    Q_OBJECT
+public:
+    /// A free-standing node when @p parent is null; a child node when @p parent is a ModuleObject.
+    explicit ModuleObject(const QString &name, QObject *parent = nullptr);
+    ~ModuleObject() override;
+
+    QString name() const { return m_name; }
+    /// The node that holds this one, null for a root.
+    ModuleObject *pmobj() const { return m_parentNode; }
+    /// True for the node that stands for "there is none".
+    virtual bool isMissing() const { return false; }
+
+    /// The node at the dotted @p path below this one; an empty path is this node.
+    ModuleObject *r(const QString &path) const;
+    ModuleObject *rmobj(const QString &path) const { return r(path); }
+    /// The direct child @p name; with @p create it is made when missing.
+    ModuleObject *c(const QString &name, bool create = false);
+    ModuleObject *cmobj(const QString &name, bool create = false) { return c(name, create); }
+    ModuleObject *cmobj(int index) const;
+
+    /// The children in their order; with @p recursive also everything below them, depth first.
+    QList<ModuleObject *> cmobjs(bool recursive = false) const;
+    QStringList cmobjNames(bool recursive = false) const;
+    int cmobjCount() const { return m_children.size(); }
+    bool hasCmobj(const QString &name, bool recursive = false) const;
+
+    /// The leaf's value converted, or @p fallback when there is none or it cannot be converted.
+    QString getString(const QString &fallback = QString()) const;
+    /// A fraction is dropped (12.5 reads as 12), never rounded.
+    int getInt(int fallback = 0) const;
+    double getDouble(double fallback = 0.0) const;
+    bool getBool(bool fallback = false) const;
+    QVariantList getList() const;
+    const QVariant &value() const { return m_value; }
+
+    /// Creates or replaces the leaf at the dotted @p key below this node (empty: this node) and
+    /// returns it. With @p notify, watchers get changed() when the value differs. @p sender travels
+    /// with the signal so that a watcher can tell its own writes.
+    ModuleObject *set(QObject *sender, const QString &key, const QVariant &value,
+                      bool notify = true);
+    ModuleObject *setList(QObject *sender, const QString &key, const QVariantList &list,
+                          bool notify = true);
+
+    /// Deep copy of @p other's value and children. With @p prune, children that @p other lacks are
+    /// removed, so that the trees are equal afterwards. Copying a node onto itself does nothing.
+    void copyFrom(QObject *sender, const ModuleObject *other, bool notify = true,
+                  bool prune = true);
+    /// Fills this node from a map (children by key), a list of maps (children by their "id", else
+    /// by position) or a plain value. @p create makes missing children, @p prune removes children
+    /// that the variant does not name.
+    void importFromVariant(QObject *sender, const QVariant &variant, bool notify = true,
+                           bool create = true, bool prune = false);
+    /// The inverse of importFromVariant: a QVariantMap for an inner node, the value for a leaf.
+    QVariant toVariant() const;
+
+    /// Removes the direct child @p name and everything below it; false when there is none.
+    bool removeChild(const QString &name);
+
+    /// A name that no child of @p node has: "p1", "p2", … in counting order.
+    static QString generateId(const ModuleObject *node,
+                              const QString &prefix = QStringLiteral("p"));
+
+    /// Switches changed() on or off for this node; with @p recursive also for what lies below it
+    /// (the values are then those of the changed descendant).
+    void watch(bool on = true, bool recursive = false);
+    /// Emits changed() of a watched node for a value that was delivered as a whole: the way in
+    /// which a controller node's notification, a map, reaches its receivers.
+    void notifyWhole(const QVariant &value, const QVariant &old, QObject *sender);
+
+signals:
+    void changed(const QVariant &value, const QVariant &old, QObject *sender);
+    /// Anything below changed, notified or not; only on nodes with observeSubtree(true).
+    void touched();
+
+public:
+    void observeSubtree(bool on) { m_observed = on; }
+
+private:
+    void assign(QObject *sender, const QVariant &value, bool notify);
+    void announce(QObject *sender, const QVariant &old);
+    void touch();
+    void pruneExcept(const QStringList &names);
+    ModuleObject *make(const QString &path);
+    void importChildren(QObject *sender, const QVariantMap &map, bool notify, bool create,
+                        bool prune);
+
+    QString m_name;
+    QVariant m_value;
+    ModuleObject *m_parentNode = nullptr;
+    QVector<ModuleObject *> m_children;
+    QHash<QString, ModuleObject *> m_byName;
+    bool m_watched = false;
+    bool m_watchedBelow = false;
+    bool m_observed = false;
+};
+
+/// What a lookup yields for a missing node: one shared node that is always empty.
+class EmptyModuleObject : public ModuleObject
+{
+    Q_OBJECT
+public:
+    static EmptyModuleObject *instance();
+    bool isMissing() const override { return true; }
+
+private:
+    EmptyModuleObject();
+};
+
+} // namespace kelp

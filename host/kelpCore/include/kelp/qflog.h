@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+namespace kelp {
+
+/// One line of the host's file-and-console log: items are separated by one blank, the line ends
+/// when the stream goes out of scope.
+class QFLog
+{
+public:
+    /// @p colour is a terminal escape for the console, @p tag begins the line, @p file names the
+    /// log file (a relative one lies in the host's log folder), @p category and @p context follow
+    /// the tag in the file when they are not empty. A file that cannot be opened leaves the
+    /// console.
+    QFLog(const QString &colour, const QString &tag, const QString &file, const QString &category,
+          const QString &context = QString());
+    ~QFLog();
+    QFLog(const QFLog &) = delete;
+    QFLog &operator=(const QFLog &) = delete;
+
+    /// Appends to the current line.
+    QFLog &operator<<(const QString &text);
+
+private:
+    QString m_colour;
+    QString m_tag;
+    QString m_line;
+    QFile m_device;
+};
+
+} // namespace kelp

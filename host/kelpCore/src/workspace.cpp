@@ -1,0 +1,89 @@
+#include "kelp/workspace.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonObject>
+
+#include "kelp/jsonfile.h"
+#include "treefile.h"
+
+namespace kelp {
+
+namespace {
+
+Workspace *s_current = nullptr;
+
+// What the saved tree lacks comes from the template; what it holds wins.
+void complete(ModuleObject *node, const QVariantMap &defaults)
+{
+    for (auto it = defaults.begin(); it != defaults.end(); ++it) {
+        const bool inner = it.value().userType() == QMetaType::QVariantMap;
+        if (inner)
+            complete(node->c(it.key(), true), it.value().toMap());
+        else if (!node->hasCmobj(it.key()))
+            node->set(nullptr, it.key(), it.value(), false);
+    }
+}
+
+} // namespace
+
+Workspace::Workspace(const QString &dataFolder, const QString &language)
+    : m_dataFolder(dataFolder)
+    , m_translations(language)
+{
+    QDir().mkpath(dataFolder);
+    s_current = this;
+}
+
+Workspace::~Workspace()
+{
+    saveTrees();
+    if (s_current == this)
+        s_current = nullptr;
+}
+
+Workspace *Workspace::current()
+{
+    return s_current;
+}
+
+ModuleObject *Workspace::bindTree(const QString &key, const QString &templatePath, bool persistent)
+{
+    ModuleObject *tree = m_root.c(key, true);
+    if (m_bound.contains(key))
+        return tree;
+    m_bound.append(key);
+    QString error;
+    std::unique_ptr<TreeFile> file;
+    if (persistent) {
+        file = std::make_unique<TreeFile>(QDir(m_dataFolder).filePath(key + ".json"), tree);
+        if (!file->load(&error))
+            report(error);
+    }
+    error.clear();
+    const QJsonDocument defaults = readJsonFile(templatePath, &error);
+    if (!error.isEmpty())
+        report(error);
+    complete(tree, defaults.object().toVariantMap());
+    if (file) {
+        connect(file.get(), &TreeFile::failed, this, &Workspace::problem);
+        file->follow();
+        m_files.push_back(std::move(file));
+    }
+    return tree;
+}
+
+void Workspace::saveTrees()
+{
+    for (const auto &file : m_files)
+        file->flush();
+}
+
+} // namespace kelp
+
+kelp::ModuleObject *m(const QString &path, kelp::ModuleObject *root)
+{
+    if (!root && kelp::Workspace::current())
+        root = kelp::Workspace::current()->root();
+    return root ? root->r(path) : kelp::EmptyModuleObject::instance();
+}

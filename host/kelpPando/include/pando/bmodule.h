@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include "kelp/moduleobject.h"
+#include "kelp/registry.h"
+
+namespace pando {
+
+/// Base of every module and sub-module. The host drives the life cycle: init, setup, then render
+/// for all, idle, and at the end beforeDetach, detach, destruction; each step's after… companion
+/// follows it at once. Sub-modules added during a step catch up on the steps already done.
+class BModule : public QObject
+{
+    Q_OBJECT
+public:
+    explicit BModule(QObject *parent = nullptr);
+    ~BModule() override;
+
+    virtual QString name() const { return {}; }
+
+    virtual void init() { }
+    virtual void afterInit() { }
+    virtual void setup() { }
+    virtual void afterSetup() { }
+    virtual void render() { }
+    virtual void afterRender() { }
+    virtual void idle() { }
+    virtual void afterIdle() { }
+    virtual void beforeDetach() { }
+    virtual void detach() { }
+
+    /// The root of the bound tree; the empty node before anything was bound.
+    kelp::ModuleObject *mobj() const { return m_mobj; }
+    /// Binds the existing tree at the dotted path @p key, made when missing.
+    void bindMobj(const QString &key);
+    /// Binds the tree @p key, created from the JSON template where no saved tree exists; with
+    /// @p persistent the host saves and restores it.
+    void bindMobjJson(const QString &key, const QString &templatePath, bool persistent);
+
+    /// Hands @p module to the host, which drives its life cycle and owns it from now on.
+    void addSubmodule(BModule *module);
+    const QList<BModule *> &submodules() const { return m_submodules; }
+
+private:
+    kelp::ModuleObject *m_mobj;
+    QList<BModule *> m_submodules;
+};
+
+} // namespace pando
+
+/// The host's module factory: creators by module name.
+kelp::CreatorManager<pando::BModule *(QObject *)> *bfactory();

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QHash>
+#include <QPointer>
+#include <QStackedWidget>
+#include <QWidget>
+
+class QHBoxLayout;
+
+namespace pando {
+
+class BModule;
+
+/// The frame's centre area: one page at a time, by page key. A page's widget belongs to the area.
+class CenterWidget : public QStackedWidget
+{
+    Q_OBJECT
+public:
+    explicit CenterWidget(QWidget *parent = nullptr);
+
+    /// @p owner is the module that the page belongs to; a key that is added again is replaced.
+    void addPage(QObject *owner, const QString &key, QWidget *page);
+    /// Shows the page; false when there is none with that key.
+    bool switchTo(const QString &key);
+    QString currentKey() const;
+
+signals:
+    void pageShown(const QString &key);
+
+private:
+    QHash<QString, QPointer<QWidget>> m_pages;
+};
+
+/// The frame's expandable side bar: hidden until it is shown, one page at a time.
+class ExpandSideBar : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit ExpandSideBar(QWidget *parent = nullptr);
+
+    void addPage(QObject *owner, const QString &key, QWidget *page);
+    bool switchTo(const QString &key);
+    QString currentKey() const;
+
+private:
+    CenterWidget *m_pages;
+};
+
+/// The frame's status bar: keyed items in a row.
+class StatusBar : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit StatusBar(QWidget *parent = nullptr);
+
+    /// Appends an item; its widget belongs to the bar. A key that is added again is replaced.
+    void addItem(QObject *owner, const QString &key, QWidget *item, int stretch = 0);
+    /// Puts an item just before the item @p before; at the end when there is no such item.
+    void addBeforeItem(QObject *owner, const QString &key, const QString &before, QWidget *item);
+    QWidget *item(const QString &key) const { return m_items.value(key); }
+
+private:
+    void insert(int position, const QString &key, QWidget *item, int stretch);
+
+    QHBoxLayout *m_layout;
+    QHash<QString, QPointer<QWidget>> m_items;
+};
+
+/// The places of the running host's frame; a place that the host does not have is null.
+struct Frame
+{
+    QPointer<CenterWidget> center;
+    QPointer<ExpandSideBar> rightSide;
+    QPointer<StatusBar> status;
+};
+
+/// The frame in use; a host fills it before modules are set up.
+Frame &frame();
+
+} // namespace pando
+
+/// The host's centre area for @p module.
+pando::CenterWidget *instantiatedCenterWidget(pando::BModule *module);
+/// The host's right expandable side bar for @p module, null when the host has none.
+pando::ExpandSideBar *instantiatedRightExpandSideWidget(pando::BModule *module);
+/// The host's status bar for @p module.
+pando::StatusBar *instantiatedStatusBar(pando::BModule *module);

@@ -1,0 +1,115 @@
+#include "pando/frame.h"
+
+#include <QHBoxLayout>
+
+namespace pando {
+
+CenterWidget::CenterWidget(QWidget *parent)
+    : QStackedWidget(parent)
+{ }
+
+void CenterWidget::addPage(QObject *owner, const QString &key, QWidget *page)
+{
+    Q_UNUSED(owner)
+    if (QWidget *old = m_pages.value(key); old && old != page)
+        delete old;
+    m_pages.insert(key, page);
+    addWidget(page);
+}
+
+bool CenterWidget::switchTo(const QString &key)
+{
+    QWidget *page = m_pages.value(key);
+    if (!page)
+        return false;
+    setCurrentWidget(page);
+    emit pageShown(key);
+    return true;
+}
+
+QString CenterWidget::currentKey() const
+{
+    for (auto it = m_pages.begin(); it != m_pages.end(); ++it) {
+        if (it.value() && it.value() == currentWidget())
+            return it.key();
+    }
+    return {};
+}
+
+ExpandSideBar::ExpandSideBar(QWidget *parent)
+    : QWidget(parent)
+    , m_pages(new CenterWidget(this))
+{
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_pages);
+    setAttribute(Qt::WA_StyledBackground);
+    setVisible(false);
+}
+
+void ExpandSideBar::addPage(QObject *owner, const QString &key, QWidget *page)
+{
+    m_pages->addPage(owner, key, page);
+}
+
+bool ExpandSideBar::switchTo(const QString &key)
+{
+    return m_pages->switchTo(key);
+}
+
+QString ExpandSideBar::currentKey() const
+{
+    return m_pages->currentKey();
+}
+
+StatusBar::StatusBar(QWidget *parent)
+    : QWidget(parent)
+    , m_layout(new QHBoxLayout(this))
+{
+    setAttribute(Qt::WA_StyledBackground);
+}
+
+void StatusBar::addItem(QObject *owner, const QString &key, QWidget *item, int stretch)
+{
+    Q_UNUSED(owner)
+    insert(m_layout->count(), key, item, stretch);
+}
+
+void StatusBar::addBeforeItem(QObject *owner, const QString &key, const QString &before,
+                              QWidget *item)
+{
+    Q_UNUSED(owner)
+    QWidget *next = m_items.value(before);
+    insert(next ? m_layout->indexOf(next) : m_layout->count(), key, item, 0);
+}
+
+void StatusBar::insert(int position, const QString &key, QWidget *item, int stretch)
+{
+    m_layout->insertWidget(position, item, stretch);
+    if (QWidget *old = m_items.value(key); old && old != item)
+        delete old;
+    m_items.insert(key, item);
+}
+
+Frame &frame()
+{
+    static Frame current;
+    return current;
+}
+
+} // namespace pando
+
+pando::CenterWidget *instantiatedCenterWidget(pando::BModule *)
+{
+    return pando::frame().center;
+}
+
+pando::ExpandSideBar *instantiatedRightExpandSideWidget(pando::BModule *)
+{
+    return pando::frame().rightSide;
+}
+
+pando::StatusBar *instantiatedStatusBar(pando::BModule *)
+{
+    return pando::frame().status;
+}

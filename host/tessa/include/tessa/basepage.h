@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+
+#include "pando/bmodule.h"
+
+class QWidget;
+
+namespace tessa {
+
+/// A named page whose availability follows the cell: available while the state is no fault, the
+/// operating mode is manual, the power is on and the user level is operator or above.
+class BasePage : public pando::BModule
+{
+    Q_OBJECT
+public:
+    /// @p owner is the QObject parent until the page is handed to the host as a sub-module.
+    BasePage(const QString &name, const QString &title, QObject *owner);
+
+    QString name() const override { return m_name; }
+    QString title() const { return m_title; }
+    /// The page's widget, null for a page that has none.
+    virtual QWidget *wgt() const { return nullptr; }
+
+    bool isAvailable() const;
+    /// Called when one of the followed conditions changed; the base does nothing.
+    virtual void updateAvailability() { }
+
+protected:
+    /// Which conditions make the host call updateAvailability() when they change.
+    void autoUpdate(bool state, bool mode, bool power, bool level);
+
+private:
+    QString m_name;
+    QString m_title;
+};
+
+} // namespace tessa

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <memory>
+
+#include "kelp/workspace.h"
+#include "tessa/managerhelper.h"
+#include "tessa/xservice.h"
+
+namespace tessa {
+
+struct HostOptions
+{
+    QString dataFolder; ///< where the host keeps its trees and logs
+    QString language = QStringLiteral("en");
+    QString themeFile = QStringLiteral(":/tessa/theme/light.json");
+};
+
+/// One running host: everything that modules reach through the four libraries' functions. Exactly
+/// one at a time; it installs itself as the current one and takes itself back when it goes.
+class Host : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Host(const HostOptions &options);
+    ~Host() override;
+
+    static Host *current();
+
+    XService *service() { return &m_service; }
+    ManagerHelper *helper() { return &m_helper; }
+    kelp::Workspace *workspace() { return &m_workspace; }
+
+    /// Takes over the link and opens it.
+    void setLink(std::unique_ptr<ControllerLink> link);
+    ControllerLink *link() { return m_link.get(); }
+
+private:
+    void reportProblem(const QString &line);
+
+    kelp::Workspace m_workspace;
+    XService m_service;
+    ManagerHelper m_helper;
+    std::unique_ptr<ControllerLink> m_link;
+};
+
+} // namespace tessa

@@ -1,0 +1,37 @@
+#include "tessa/managerhelper.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "tessa/host.h"
+
+namespace tessa {
+
+ManagerHelper::ManagerHelper(XService *service, QObject *parent)
+    : QObject(parent)
+    , m_controller(service)
+{ }
+
+ManagerHelper *ManagerHelper::instance()
+{
+    Host *host = Host::current();
+    return host ? host->helper() : nullptr;
+}
+
+void ManagerHelper::throwLog(const QObject *sender, const QString &level, const QString &text)
+{
+    m_log.append(sender, level, text);
+    emit logThrown(sender, level, text);
+}
+
+bool ManagerHelper::execMsgOk(const QString &title, const QString &text, const QString &button)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    const QAbstractButton *ok = box.addButton(button, QMessageBox::AcceptRole);
+    box.exec();
+    return box.clickedButton() == ok;
+}
+
+} // namespace tessa

@@ -1,0 +1,73 @@
+#include "tessa/thememanager.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include "kelp/jsonfile.h"
+#include "vu/xtheme.h"
+
+namespace tessa {
+
+namespace {
+
+const QString selectorKey = QStringLiteral("name");
+
+QString ruleText(const QJsonObject &rule, QStringList *unknown)
+{
+    QString body;
+    for (auto it = rule.begin(); it != rule.end(); ++it) {
+        if (it.key() == selectorKey)
+            continue;
+        const QString value =
+            vu::xtheme::current().resolve(it.value().toVariant().toString(), unknown);
+        body += QStringLiteral("  %1: %2;\n").arg(it.key(), value);
+    }
+    return QStringLiteral("%1 {\n%2}\n").arg(rule.value(selectorKey).toString(), body);
+}
+
+} // namespace
+
+ThemeManager::ThemeManager(QObject *parent)
+    : QObject(parent)
+    , m_aliases(QStringLiteral("tessa/theme"))
+{ }
+
+QIcon ThemeManager::getIcon(const QString &group, const QString &name) const
+{
+    for (const QString &alias : m_aliases) {
+        const QString path = QStringLiteral(":/%1/images/%2/%3.png").arg(alias, group, name);
+        if (QFile::exists(path))
+            return QIcon(path);
+    }
+    return {};
+}
+
+QString ThemeManager::genStyleSheet(const QString &path)
+{
+    auto known = m_sheets.constFind(path);
+    if (known == m_sheets.constEnd())
+        known = m_sheets.insert(path, build(path));
+    return known.value();
+}
+
+QString ThemeManager::build(const QString &path)
+{
+    QString error;
+    const QJsonDocument document = kelp::readJsonFile(path, &error);
+    if (!document.isArray()) {
+        emit problem(error.isEmpty() ? tr("%1: is not a list of style rules").arg(path) : error);
+        return {};
+    }
+    QString sheet;
+    QStringList unknown;
+    const QJsonArray rules = document.array();
+    for (const QJsonValue &rule : rules)
+        sheet += ruleText(rule.toObject(), &unknown);
+    unknown.removeDuplicates();
+    if (!unknown.isEmpty())
+        emit problem(tr("%1: unknown theme tokens: %2").arg(path, unknown.join(", ")));
+    return sheet;
+}
+
+} // namespace tessa

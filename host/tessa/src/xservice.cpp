@@ -1,0 +1,225 @@
+#include "tessa/xservice.h"
+
+#include "tessa/host.h"
+
+using tessa::LinkReply;
+using tessa::LinkRequest;
+
+namespace {
+
+const QString connectedKey = QStringLiteral("connected");
+
+bool differs(const QVariant &values, const QVariant &known)
+{
+    if (values.userType() != QMetaType::QVariantMap)
+        return values != known;
+    const QVariantMap before = known.toMap();
+    const QVariantMap after = values.toMap();
+    for (auto it = after.begin(); it != after.end(); ++it) {
+        if (!before.contains(it.key()) || before.value(it.key()) != it.value())
+            return true;
+    }
+    return false;
+}
+
+XService::Answer makeAnswer(const LinkReply &reply)
+{
+    auto answer = std::make_unique<kelp::ModuleObject>(QStringLiteral("answer"));
+    const bool inner = reply.value.userType() == QMetaType::QVariantMap;
+    if (reply.code == 0)
+        answer->importFromVariant(nullptr, reply.value, false);
+    if (reply.code != 0 || inner || !reply.value.isValid())
+        answer->set(nullptr, QString(), reply.code, false);
+    return answer;
+}
+
+QVariant payloadOf(const kelp::ModuleObject *object)
+{
+    return object ? object->toVariant() : QVariant();
+}
+
+} // namespace
+
+struct XService::Subscription
+{
+    explicit Subscription(const QString &path)
+        : node(path)
+    {
+        node.watch(true);
+    }
+
+    kelp::ModuleObject node;
+    bool wanted = false; // somebody asked for it
+    bool filled = false; // a value was delivered before
+};
+
+XService::XService(QObject *parent)
+    : QObject(parent)
+    , m_tree(QStringLiteral("xservice"))
+{
+    m_tree.set(this, connectedKey, false);
+}
+
+XService::~XService() = default;
+
+void XService::setLink(tessa::ControllerLink *link)
+{
+    if (m_link)
+        m_link->disconnect(this);
+    m_link = link;
+    setConnected(false);
+    if (!link)
+        return;
+    connect(link, &tessa::ControllerLink::upChanged, this, &XService::onUpChanged);
+    connect(link, &tessa::ControllerLink::notified, this, &XService::onNotified);
+    if (link->isUp())
+        onUpChanged(true);
+}
+
+XService::Answer XService::get(QObject *sender, const QString &path)
+{
+    return get(sender, path, QString());
+}
+
+XService::Answer XService::get(QObject *, const QString &path, const QString &key)
+{
+    return exchange({LinkRequest::Kind::Get, path, key, {}});
+}
+
+XService::Answer XService::set(QObject *sender, const QString &path,
+                               const kelp::ModuleObject *object)
+{
+    return set(sender, path, QString(), object);
+}
+
+XService::Answer XService::set(QObject *, const QString &path, const QString &key,
+                               const kelp::ModuleObject *object)
+{
+    return exchange({LinkRequest::Kind::Set, path, key, payloadOf(object)});
+}
+
+XService::Answer XService::execCommand(QObject *, const QString &command,
+                                       const kelp::ModuleObject *object)
+{
+    const QString name = object ? object->name() : QString();
+    return exchange({LinkRequest::Kind::Command, command, name, payloadOf(object)});
+}
+
+XService::Answer XService::execCommand(QObject *, const QString &command, const QVariant &value)
+{
+    return exchange({LinkRequest::Kind::Command, command, {}, value});
+}
+
+XService::Answer XService::exchange(const LinkRequest &request, int timeoutMs)
+{
+    LinkReply reply{LinkReply::NotConnected, {}};
+    if (m_link && m_link->isUp())
+        reply = m_link->call(request, timeoutMs);
+    if (!reply.fromController())
+        setConnected(false);
+    return makeAnswer(reply);
+}
+
+void XService::watch(QObject *, const QString &path, bool notify)
+{
+    Subscription &entry = subscription(path);
+    const bool first = notify && !entry.wanted;
+    entry.wanted = notify;
+    QVariant value;
+    if (first && isConnected() && subscribe(path, &value))
+        deliver(entry, value, true);
+}
+
+kelp::ModuleObject *XService::watchNode(const QString &path)
+{
+    return &subscription(path).node;
+}
+
+bool XService::isConnected() const
+{
+    return m_tree.r(connectedKey)->getBool();
+}
+
+XService::Subscription &XService::subscription(const QString &path)
+{
+    auto &entry = m_subscriptions[path];
+    if (!entry)
+        entry = std::make_unique<Subscription>(path);
+    return *entry;
+}
+
+bool XService::subscribe(const QString &path, QVariant *value)
+{
+    const LinkReply reply =
+        m_link->call({LinkRequest::Kind::Watch, path, {}, {}}, defaultTimeoutMs);
+    if (!reply.fromController())
+        setConnected(false);
+    *value = reply.value;
+    return reply.code == 0;
+}
+
+void XService::deliver(Subscription &entry, const QVariant &values, bool silent)
+{
+    const QVariant known = entry.node.toVariant();
+    const bool fire = !silent && differs(values, known);
+    entry.node.importFromVariant(this, values, false);
+    entry.filled = true;
+    if (fire)
+        entry.node.notifyWhole(values, known, this);
+}
+
+void XService::onNotified(const QString &path, const QVariant &values)
+{
+    // What a lost session still had on the way is stale; the resynchronisation brings what counts.
+    if (!isConnected())
+        return;
+    Subscription &entry = subscription(path);
+    if (entry.wanted)
+        deliver(entry, values, !entry.filled);
+}
+
+void XService::onUpChanged(bool up)
+{
+    if (!up) {
+        setConnected(false);
+        return;
+    }
+    std::map<QString, QVariant> present;
+    for (const auto &[path, entry] : m_subscriptions) {
+        QVariant value;
+        if (entry->wanted && subscribe(path, &value))
+            present.emplace(path, value);
+        if (!m_link->isUp())
+            return;
+    }
+    setConnected(true);
+    emit cameUp();
+    for (const auto &[path, value] : present) {
+        Subscription &entry = subscription(path);
+        deliver(entry, value, !entry.filled);
+    }
+}
+
+void XService::setConnected(bool connected)
+{
+    // The value counts from now on, the signal follows through the event loop: a call that fails
+    // must not run its caller's slots.
+    m_tree.set(this, connectedKey, connected, false);
+    QMetaObject::invokeMethod(this, &XService::announceConnected, Qt::QueuedConnection);
+}
+
+void XService::announceConnected()
+{
+    const bool connected = isConnected();
+    if (connected == m_announced)
+        return;
+    m_announced = connected;
+    m_tree.c(connectedKey)->notifyWhole(connected, !connected, this);
+    emit connectedChanged(connected);
+}
+
+XService *xservice()
+{
+    tessa::Host *host = tessa::Host::current();
+    return host ? host->service() : nullptr;
+}
