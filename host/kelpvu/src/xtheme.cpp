@@ -1,5 +1,6 @@
 #include "vu/xtheme.h"
 
+#include <QFileInfo>
 #include <QPainter>
 #include <QRegularExpression>
 
@@ -15,12 +16,16 @@ Theme &instance()
     return theme;
 }
 
+// A theme file of its own need not bring every picture along.
+const QString s_ownImages = QStringLiteral(":/tessa/theme/images/");
+
 } // namespace
 
 Theme Theme::load(const QString &path, QString *error)
 {
     Theme theme;
     theme.m_tokens = kelp::readJsonFile(path, error).object();
+    theme.m_images = QFileInfo(path).path() + QStringLiteral("/images/");
     if (theme.m_tokens.isEmpty() && error->isEmpty())
         *error = QStringLiteral("%1: holds no theme").arg(path);
     return theme;
@@ -36,8 +41,17 @@ QString Theme::token(const QString &kind, const QString &key) const
     const QJsonValue value = m_tokens.value(kind).toObject().value(key);
     if (!value.isString())
         return {};
-    return kind == QLatin1String("image") ? QStringLiteral("url(%1)").arg(value.toString())
+    return kind == QLatin1String("image") ? QStringLiteral("url(%1)").arg(imagePath(key))
                                           : value.toString();
+}
+
+QString Theme::imagePath(const QString &key) const
+{
+    const QString file = m_tokens.value(QStringLiteral("image")).toObject().value(key).toString();
+    if (file.isEmpty())
+        return {};
+    const QString own = m_images + file;
+    return QFileInfo::exists(own) ? own : s_ownImages + file;
 }
 
 QString Theme::resolve(const QString &text, QStringList *unknown) const

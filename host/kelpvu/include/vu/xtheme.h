@@ -16,8 +16,11 @@ public:
 
     QString name() const;
     /// The text of the token @p key of @p kind ("font", "color", "border", "image"); null when the
-    /// theme does not know it.
+    /// theme does not know it. An image's token is the url() of its file.
     QString token(const QString &kind, const QString &key) const;
+    /// Path of the image @p key: below "images" beside the theme file, else that of the host's own
+    /// themes. Empty when the theme does not know it.
+    QString imagePath(const QString &key) const;
     /// Replaces every token in @p text, written as the kind between two dollar signs and the key.
     /// Keys that the theme does not know are appended to @p unknown and become empty.
     QString resolve(const QString &text, QStringList *unknown = nullptr) const;
@@ -26,6 +29,7 @@ public:
 
 private:
     QJsonObject m_tokens;
+    QString m_images;
 };
 
 /// The theme in use; a host sets it before it shows anything.
