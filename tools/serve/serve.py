@@ -1,0 +1,97 @@
+"""Shows a Qt program in a browser: serve.py PROGRAM [ARGUMENTS]
+
+Ends, with everything it started, when the program ends or on Ctrl-C.
+"""
+
+import contextlib
+import os
+import signal
+import subprocess
+import sys
+import tempfile
+import threading
+
+from relay import open_server
+
+STOP_LIMIT = 3.0
+SIGNALS = (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
+
+
+def start(command, **options):
+    """A child in a session of its own, so that Ctrl-C reaches this program only.
+
+    It is told to end should this program be killed without a chance to clean up.
+    """
+    return subprocess.Popen(
+        ["setpriv", "--pdeathsig", "TERM", *command],
+        stdin=subprocess.DEVNULL,
+        start_new_session=True,
+        **options,
+    )
+
+
+def stop(child):
+    child.terminate()
+    try:
+        child.wait(STOP_LIMIT)
+    except subprocess.TimeoutExpired:
+        child.kill()
+        child.wait()
+
+
+def start_screen(folder, stack):
+    """An X server on a free display; returns the display's number."""
+    log = os.path.join(folder, "xvnc.log")
+    read_end, write_end = os.pipe()
+    command = ["Xvnc", "-displayfd", str(write_end), "-geometry", "1280x800", "-depth", "24"]
+    command += ["-dpi", "96", "-nolisten", "tcp", "-SecurityTypes", "None", "-AlwaysShared"]
+    command += ["-rfbport", "-1", "-rfbunixpath", vnc_socket(folder), "-AcceptSetDesktopSize=0"]
+    with open(log, "wb") as output:
+        screen = start(command, pass_fds=[write_end], stdout=output, stderr=output)
+    stack.callback(stop, screen)
+    os.close(write_end)
+    with open(read_end, encoding="ascii") as numbers:
+        number = numbers.readline().strip()
+    if not number:
+        with open(log, encoding="utf-8", errors="replace") as output:
+            sys.exit("serve: the X server did not start:\n" + output.read())
+    return number
+
+
+def vnc_socket(folder):
+    return os.path.join(folder, "vnc.sock")
+
+
+def program_environment(folder, display):
+    environment = {key: text for key, text in os.environ.items() if key != "WAYLAND_DISPLAY"}
+    environment.update(DISPLAY=f":{display}", QT_QPA_PLATFORM="xcb", XDG_RUNTIME_DIR=folder)
+    return environment
+
+
+def serve(program):
+    with contextlib.ExitStack() as stack:
+        folder = stack.enter_context(tempfile.TemporaryDirectory(prefix="welmo-"))
+        display = start_screen(folder, stack)
+        server = open_server(vnc_socket(folder))
+        threading.Thread(target=server.serve_forever, daemon=True).start()
+        stack.callback(server.shutdown)
+        child = start(program, env=program_environment(folder, display))
+        stack.callback(stop, child)
+        # A second Ctrl-C must not interrupt the cleaning up.
+        stack.callback(lambda: [signal.signal(number, signal.SIG_IGN) for number in SIGNALS])
+        print(f"==> the pendant is at http://127.0.0.1:{server.server_port}/", flush=True)
+        print("==> Ctrl-C stops it", flush=True)
+        status = child.wait()
+        return status if status >= 0 else 128 - status
+
+
+def main():
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
+    for number in SIGNALS:
+        signal.signal(number, lambda number, frame: sys.exit(128 + number))
+    sys.exit(serve(sys.argv[1:]))
+
+
+if __name__ == "__main__":
+    main()
