@@ -8,17 +8,17 @@ namespace kelp {
 
 namespace {
 
-QString tr(const char *text)
+struct JsonFile
 {
-    return QCoreApplication::translate("kelp::JsonFile", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(JsonFile)
+};
 
 QString parseError(const QString &path, const QByteArray &bytes, const QJsonParseError &problem)
 {
     const QByteArray before = bytes.left(problem.offset);
     const int line = before.count('\n') + 1;
     const int column = problem.offset - before.lastIndexOf('\n');
-    return tr("%1:%2:%3: not valid JSON: %4")
+    return JsonFile::tr("%1:%2:%3: not valid JSON: %4")
         .arg(path)
         .arg(line)
         .arg(column)
@@ -31,7 +31,7 @@ QJsonDocument readJsonFile(const QString &path, QString *error)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        *error = tr("%1: cannot be read: %2").arg(path, file.errorString());
+        *error = JsonFile::tr("%1: cannot be read: %2").arg(path, file.errorString());
         return {};
     }
     QByteArray bytes = file.readAll();
@@ -49,7 +49,7 @@ bool writeJsonFile(const QString &path, const QJsonDocument &document, QString *
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly) && file.write(document.toJson()) >= 0 && file.commit())
         return true;
-    *error = tr("%1: cannot be written: %2").arg(path, file.errorString());
+    *error = JsonFile::tr("%1: cannot be written: %2").arg(path, file.errorString());
     return false;
 }
 

@@ -125,3 +125,6 @@ private:
 };
 
 } // namespace kelp
+
+/// The node at the dotted @p path of the application-wide tree, or below @p root.
+kelp::ModuleObject *m(const QString &path, kelp::ModuleObject *root = nullptr);

@@ -54,6 +54,3 @@ private:
 };
 
 } // namespace kelp
-
-/// The node at the dotted @p path of the application-wide tree, or below @p root.
-kelp::ModuleObject *m(const QString &path, kelp::ModuleObject *root = nullptr);

@@ -1,0 +1,113 @@
+#include "data/parameterfile.h"
+
+#include <QCoreApplication>
+
+#include "data/controller.h"
+#include "data/report.h"
+
+namespace welmo::parameterfile {
+
+namespace {
+
+const QString nameKey = QStringLiteral("name");
+constexpr int notThatFile = -1;
+
+struct ParameterFile
+{
+    Q_DECLARE_TR_FUNCTIONS(ParameterFile)
+};
+
+kelp::ModuleObject *moduleTree()
+{
+    return m(QStringLiteral("welmo"));
+}
+
+kelp::ModuleObject *makeLocalCopy(QObject *sender, const ParameterSet &set, const QString &file)
+{
+    return moduleTree()->set(sender, set.localPath(file), QString());
+}
+
+kelp::ModuleObject *keepAnswer(QObject *sender, const ParameterSet &set, const QString &file,
+                               const kelp::ModuleObject *answer)
+{
+    kelp::ModuleObject *local = moduleTree()->r(set.localPath(file));
+    if (local->isMissing())
+        local = makeLocalCopy(sender, set, file);
+    local->copyFrom(sender, answer);
+    return local;
+}
+
+void create(QObject *sender, const ParameterSet &set, const QString &file,
+            kelp::ModuleObject *&data)
+{
+    kelp::ModuleObject *local = makeLocalCopy(sender, set, file);
+    local->copyFrom(sender, data);
+    data = local;
+    data->set(sender, nameKey, file);
+    if (xservice()->set(sender, set.node(), file, data)->getInt(0) != 0)
+        report::error(sender, ParameterFile::tr("save parameter error"));
+    // The controller side was brought up with this second copy of the node onto itself.
+    data->copyFrom(sender, moduleTree()->r(set.localPath(file)));
+}
+
+} // namespace
+
+Fetch handleGetParam(QObject *sender, const ParameterSet &set, const QComboBox *combo,
+                     kelp::ModuleObject *&data, const std::function<void()> &useDefault)
+{
+    const QString file = combo->currentText();
+    const auto answer = xservice()->get(sender, set.node(), file);
+    if (controller::readFailed(answer)) {
+        report::error(sender, ParameterFile::tr("%1: read parameter error").arg(file));
+        return Fetch::Failed;
+    }
+    if (answer->hasCmobj(nameKey)) {
+        data = keepAnswer(sender, set, file, answer.get());
+        return Fetch::Read;
+    }
+    useDefault();
+    create(sender, set, file, data);
+    return Fetch::Created;
+}
+
+int handleSaveParam(QObject *sender, const ParameterSet &set, const QComboBox *combo,
+                    kelp::ModuleObject *data, const std::function<void()> &store)
+{
+    const QString file = combo->currentText();
+    if (data->name() != file)
+        return notThatFile;
+    store();
+    return xservice()->set(sender, set.node(), file, data)->getInt(0);
+}
+
+void handleFileNumChanged(QObject *sender, const QComboBox *combo, kelp::ModuleObject *&data,
+                          const ParameterSet &set, const std::function<void()> &useDefault,
+                          const std::function<void()> &setForm)
+{
+    if (handleGetParam(sender, set, combo, data, useDefault) != Fetch::Failed)
+        setForm();
+}
+
+void handleRemoveParam(QObject *sender, const ParameterSet &set, const QList<int> &numbers)
+{
+    if (!controller::isConnected()) {
+        report::error(sender, ParameterFile::tr("tessa not connected"));
+        return;
+    }
+    const QString command = controller::node(QStringLiteral("remove.%1").arg(set.name));
+    const QVariant files = set.fileNames(numbers);
+    if (xservice()->execCommand(sender, command, files)->getInt(0) != 0)
+        report::error(sender, ParameterFile::tr("remove parameter error"));
+    else
+        report::info(sender, ParameterFile::tr("remove parameter success"));
+}
+
+kelp::ModuleObject *defaultNode(const ParameterSet &set)
+{
+    kelp::ModuleObject *node = moduleTree();
+    for (const QString &part : set.defaultPath().split(QLatin1Char('.')))
+        node = node->c(part, true);
+    return node;
+}
+
+} // namespace welmo::parameterfile

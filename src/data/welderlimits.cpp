@@ -1,0 +1,46 @@
+#include "data/welderlimits.h"
+
+#include "data/controller.h"
+
+namespace welmo {
+
+namespace {
+
+QStringList texts(const kelp::ModuleObject *answer, const QString &key)
+{
+    QStringList list;
+    for (const QVariant &item : answer->r(key)->getList())
+        list.append(item.toString());
+    return list;
+}
+
+// Two numbers, minimum first; anything else counts as not told.
+std::optional<Range> range(const kelp::ModuleObject *answer, const QString &key)
+{
+    const QVariantList pair = answer->r(key)->getList();
+    if (pair.size() != 2)
+        return std::nullopt;
+    const Range result{pair.first().toDouble(), pair.last().toDouble()};
+    return result.minimum <= result.maximum ? std::optional(result) : std::nullopt;
+}
+
+VoltageRanges ranges(const kelp::ModuleObject *answer, const QString &key)
+{
+    return {range(answer, key + ".unified"), range(answer, key + ".separate")};
+}
+
+} // namespace
+
+std::optional<WelderLimits> WelderLimits::read(QObject *sender)
+{
+    const auto answer = xservice()->get(sender, controller::node(QStringLiteral("device_param")));
+    if (controller::readFailed(answer) || answer->cmobjCount() == 0)
+        return std::nullopt;
+    return WelderLimits{texts(answer.get(), QStringLiteral("work_mode")),
+                        texts(answer.get(), QStringLiteral("current_mode")),
+                        texts(answer.get(), QStringLiteral("voltage_mode")),
+                        ranges(answer.get(), QStringLiteral("voltage_range")),
+                        ranges(answer.get(), QStringLiteral("arcoff_voltage_range"))};
+}
+
+} // namespace welmo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <optional>
+
+#include "data/field.h"
+
+namespace welmo {
+
+/// The range of a voltage box in each voltage mode; empty until the welder has told it.
+struct VoltageRanges
+{
+    std::optional<Range> unified;
+    std::optional<Range> separate;
+
+    /// Index 0 of the voltage-mode combo is "Unified", any other is "Separate".
+    const std::optional<Range> &forMode(int index) const { return index == 0 ? unified : separate; }
+};
+
+/// What the connected welder offers: its modes, as source texts in its own order, and the voltage
+/// ranges in its two voltage modes, for the weld and for the arc end.
+struct WelderLimits
+{
+    QStringList workModes;
+    QStringList currentModes;
+    QStringList voltageModes;
+    VoltageRanges voltage;
+    VoltageRanges arcoffVoltage;
+
+    /// Asks the controller; nothing when it cannot be reached or knows no welder.
+    static std::optional<WelderLimits> read(QObject *sender);
+};
+
+} // namespace welmo

@@ -1,0 +1,196 @@
+#include "page/arcweldpage.h"
+
+#include <QToolButton>
+
+#include <kelp/registry.h>
+#include <pando/frame.h>
+#include <tessa/managerhelper.h>
+#include <vu/stylesheet.h>
+#include <vu/xtheme.h>
+
+#include "data/controller.h"
+#include "page/weldmodeindicator.h"
+#include "settings/devicessettingpage.h"
+#include "settings/processsettingspage.h"
+#include "settings/weavefunctionpage.h"
+#include "settings/weldingoptionspage.h"
+#include "ui_arcweldpage.h"
+
+namespace {
+
+const QString rulesPath = QStringLiteral(":/welmo/render/sub_page.json");
+const QString weldModeKey = QStringLiteral("welding_options.weld_mode");
+// The theme's two icon inks: on the strip's own ground, and on a checked button.
+const QString plainInk = QStringLiteral("black");
+const QString checkedInk = QStringLiteral("white");
+
+} // namespace
+
+ArcWeldPage::ArcWeldPage(QWidget *parent, QObject *owner)
+    : BasePage(QStringLiteral("welmo"), tr("Arc Weld"), owner)
+    , m_wgt(new QWidget(parent))
+    , ui(std::make_unique<Ui::ArcWeldPage>())
+{
+    bindMobj(QStringLiteral("welmo"));
+    ui->setupUi(m_wgt);
+    m_wgt->setAttribute(Qt::WA_StyledBackground);
+    addSubPage<DevicesSettingPage>(tr("Device Setting"), "ArconDeviceSetting");
+    addSubPage<WeldingOptionsPage>(tr("Welding Options"), "ArconWeldingOptions");
+    addSubPage<ProcessSettingsPage>(tr("Process Setting"), "ArconProcessSetting");
+    addSubPage<WeaveFunctionPage>(tr("Weave Function"), "ArconWeaveFunction");
+    for (SubPageCfg &entry : m_entries)
+        createButton(entry);
+    if (!m_entries.isEmpty())
+        emit m_entries.first().button->clicked();
+}
+
+ArcWeldPage::~ArcWeldPage()
+{
+    for (const SubPageCfg &entry : qAsConst(m_entries))
+        delete entry.page;
+    delete m_modeIndicator;
+    delete m_wgt;
+}
+
+template<typename Page>
+void ArcWeldPage::addSubPage(const QString &title, const QString &icon)
+{
+    SubPageCfg entry;
+    entry.title = title;
+    entry.icon = QStringLiteral(":/welmo/images/%1.png").arg(icon);
+    entry.factory = [this] { return new Page(ui->wgtContent, this); };
+    m_entries.append(entry);
+}
+
+void ArcWeldPage::createButton(SubPageCfg &entry)
+{
+    auto *button = new QToolButton(ui->wgtNav);
+    button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    button->setMinimumSize(0, 45);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setText(entry.title);
+    button->setCheckable(true);
+    entry.button = button;
+    paintIcon(entry, plainInk);
+    ui->navLayout->addWidget(button);
+    connect(button, &QToolButton::clicked, this, &ArcWeldPage::switchPage);
+}
+
+void ArcWeldPage::paintIcon(const SubPageCfg &entry, const QString &ink)
+{
+    entry.button->setIcon(vu::xtheme::pixmap(entry.icon, ink));
+}
+
+void ArcWeldPage::switchPage()
+{
+    auto *button = qobject_cast<QToolButton *>(sender());
+    if (button == m_currentButton) {
+        button->setChecked(true);
+        return;
+    }
+    SubPageCfg *chosen = nullptr;
+    for (SubPageCfg &entry : m_entries) {
+        if (entry.button == button)
+            chosen = &entry;
+        else
+            leave(entry);
+    }
+    show(*chosen);
+    ui->wgtNav->repaint();
+}
+
+void ArcWeldPage::leave(SubPageCfg &entry)
+{
+    entry.button->setChecked(false);
+    paintIcon(entry, plainInk);
+    if (!entry.page)
+        return;
+    entry.page->wgt()->hide();
+    if (entry.destroyWhenLeft) {
+        ui->contentLayout->removeWidget(entry.page->wgt());
+        delete entry.page;
+        entry.page = nullptr;
+    }
+}
+
+void ArcWeldPage::show(SubPageCfg &entry)
+{
+    if (entry.page) {
+        entry.page->wgt()->show();
+    } else {
+        Q_ASSERT(entry.factory);
+        entry.page = entry.factory();
+        ui->contentLayout->addWidget(entry.page->wgt());
+    }
+    ui->lblTitle->setText(entry.title);
+    paintIcon(entry, checkedInk);
+    entry.button->setChecked(true);
+    entry.page->initPage();
+    entry.page->wgt()->setEnabled(isAvailable());
+    m_currentButton = entry.button;
+    m_currentPage = entry.page;
+}
+
+void ArcWeldPage::init()
+{
+    autoUpdate(true, true, true, false);
+    connect(tessa::ManagerHelper::instance()->controllerManager(),
+            &tessa::ControllerManager::rcConnected, this, [this] {
+                loadFromRC();
+                m_currentPage->initPage();
+            });
+}
+
+void ArcWeldPage::render()
+{
+    auto *theme = tessa::ManagerHelper::instance()->themeManager();
+    setRecursiveWidgetStyleSheet(m_wgt, theme->genStyleSheet(rulesPath));
+
+    m_modeIndicator = new WeldModeIndicator;
+    instantiatedStatusBar(this)->addBeforeItem(this, QStringLiteral("welmo.labelArcMode"),
+                                               QStringLiteral("orbo.body.statuspage.wgtStrech2"),
+                                               m_modeIndicator);
+    auto *node = xservice()->watchNode(QStringLiteral("arc_weld.weld_mode"));
+    connect(node, &kelp::ModuleObject::changed, this, &ArcWeldPage::onWeldModeChanged);
+}
+
+void ArcWeldPage::onWeldModeChanged(const QVariant &value)
+{
+    kelp::ModuleObject state(QStringLiteral("return_state"));
+    state.importFromVariant(this, value, true, true, false);
+    const QString mode = state.r(QStringLiteral("mode"))->getString();
+    mobj()->set(this, weldModeKey, mode);
+    m_modeIndicator->announce(mode);
+}
+
+void ArcWeldPage::loadFromRC()
+{
+    const auto answer = xservice()->get(this, QStringLiteral("arc_weld.weld_mode"));
+    if (!welmo::controller::readFailed(answer)) {
+        const QString mode = answer->r(QStringLiteral("mode"))->getString();
+        mobj()->set(this, weldModeKey, mode);
+        m_modeIndicator->showPicture(mode);
+    }
+    loadWelderSetting();
+    xservice()->watch(this, QStringLiteral("arc_weld.weld_mode"), true);
+    xservice()->watch(this, QStringLiteral("arc_weld.welder_state"), true);
+}
+
+void ArcWeldPage::loadWelderSetting()
+{
+    const auto setting = xservice()->get(this, QStringLiteral("arc_weld.welder_setting"));
+    if (welmo::controller::readFailed(setting))
+        return;
+    mobj()->set(this, QStringLiteral("enable"), setting->r(QStringLiteral("enable"))->getBool());
+    for (const char *key : {"protocol", "mfr", "model"})
+        mobj()->set(this, QStringLiteral("device_param.%1").arg(key),
+                    setting->r(QString::fromLatin1(key))->getString());
+    mobj()->set(this, QStringLiteral("device_param.current_type"),
+                setting->r(QStringLiteral("current_type"))->getInt());
+}
+
+void ArcWeldPage::updateAvailability()
+{
+    if (m_currentPage)
+        m_currentPage->wgt()->setEnabled(isAvailable());
+}

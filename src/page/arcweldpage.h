@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QList>
+#include <QPointer>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+#include <tessa/basepage.h>
+
+namespace Ui {
+class ArcWeldPage;
+}
+class BaseSubPage;
+class QToolButton;
+class WeldModeIndicator;
+
+/// The module's main view: a strip of buttons and the sub-page that is chosen with them.
+class ArcWeldPage : public tessa::BasePage
+{
+    Q_OBJECT
+public:
+    struct SubPageCfg
+    {
+        QString title;
+        QString icon;
+        std::function<BaseSubPage *()> factory; ///< gives the content widget's new sub-page
+        bool destroyWhenLeft = false;
+        BaseSubPage *page = nullptr; ///< null until first shown, and after destruction
+        QToolButton *button = nullptr;
+    };
+
+    ArcWeldPage(QWidget *parent, QObject *owner);
+    ~ArcWeldPage() override;
+
+    void init() override;
+    void render() override;
+    QWidget *wgt() const override { return m_wgt; }
+    void updateAvailability() override;
+
+    /// Copies what the module's pages need of the controller's state into the module tree, and
+    /// subscribes to what the page shows.
+    void loadFromRC();
+
+public slots:
+    /// Shows the sub-page whose button sent the click.
+    void switchPage();
+
+private:
+    template<typename Page>
+    void addSubPage(const QString &title, const QString &icon);
+    void createButton(SubPageCfg &entry);
+    void show(SubPageCfg &entry);
+    void leave(SubPageCfg &entry);
+    void paintIcon(const SubPageCfg &entry, const QString &ink);
+    void onWeldModeChanged(const QVariant &value);
+    void loadWelderSetting();
+
+    QPointer<QWidget> m_wgt;
+    std::unique_ptr<Ui::ArcWeldPage> ui;
+    QList<SubPageCfg> m_entries;
+    QToolButton *m_currentButton = nullptr;
+    BaseSubPage *m_currentPage = nullptr;
+    QPointer<WeldModeIndicator> m_modeIndicator;
+};

@@ -1,0 +1,59 @@
+#include "page/weldmodeindicator.h"
+
+#include <QPixmap>
+#include <algorithm>
+#include <array>
+
+#include "data/report.h"
+
+namespace {
+
+struct Mode
+{
+    const char *code;
+    const char *logText;
+    const char *labelText;
+    const char *picture;
+};
+
+constexpr std::array<Mode, 3> modes{{
+    {"test_run", QT_TRANSLATE_NOOP("WeldModeIndicator", "test run mode"),
+     QT_TRANSLATE_NOOP("WeldModeIndicator", "test run"), "testRun.png"},
+    {"simu", QT_TRANSLATE_NOOP("WeldModeIndicator", "simulation mode"),
+     QT_TRANSLATE_NOOP("WeldModeIndicator", "simulation"), "simu.png"},
+    {"real", QT_TRANSLATE_NOOP("WeldModeIndicator", "real mode"),
+     QT_TRANSLATE_NOOP("WeldModeIndicator", "real welding"), "realWelding.png"},
+}};
+
+constexpr int pictureHeight = 25;
+
+const Mode *findMode(const QString &code)
+{
+    const auto mode = std::find_if(modes.begin(), modes.end(),
+                                   [&](const Mode &m) { return code == QLatin1String(m.code); });
+    return mode == modes.end() ? nullptr : &*mode;
+}
+
+} // namespace
+
+void WeldModeIndicator::showPicture(const QString &code)
+{
+    const Mode *mode = findMode(code);
+    if (!mode)
+        return;
+    const QPixmap picture(QStringLiteral(":/welmo/images/handle/%1").arg(mode->picture));
+    setPixmap(picture.scaledToHeight(pictureHeight, Qt::SmoothTransformation));
+    setAccessibleName(tr(mode->labelText));
+    setToolTip(tr(mode->labelText));
+}
+
+void WeldModeIndicator::announce(const QString &code)
+{
+    const Mode *mode = findMode(code);
+    if (!mode)
+        return;
+    setText(tr(mode->labelText));
+    showPicture(code);
+    // The two blanks are the message's own.
+    welmo::report::info(nullptr, tr("Switch to  ") + tr(mode->logText));
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QLabel>
+
+/// The status bar's picture of the weld running mode.
+class WeldModeIndicator : public QLabel
+{
+    Q_OBJECT
+public:
+    using QLabel::QLabel;
+
+    /// Shows the picture of @p mode ("test_run", "simu", "real"); any other mode changes nothing.
+    void showPicture(const QString &mode);
+    /// As showPicture(), and tells the switch in the message log, as the controller's news.
+    void announce(const QString &mode);
+};

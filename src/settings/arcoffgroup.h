@@ -1,0 +1,26 @@
+#pragma once
+
+#include <memory>
+
+#include "settings/processgroup.h"
+
+namespace Ui {
+class ArcoffGroup;
+}
+
+/// The editor of one arc-end file.
+class ArcoffGroup : public ProcessGroup
+{
+    Q_OBJECT
+public:
+    explicit ArcoffGroup(QWidget *parent = nullptr);
+    ~ArcoffGroup() override;
+
+protected:
+    void declareFields(welmo::FieldTable &fields) override;
+    void voltageUnitChanged(const QString &unit) override;
+    void handleSwitchVoltageMode(int mode) override;
+
+private:
+    std::unique_ptr<Ui::ArcoffGroup> ui;
+};

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+#include "data/fileform.h"
+#include "data/welderlimits.h"
+
+/// What the arc-start, welding and arc-end groups have in common: a numbered file with its modes,
+/// current and voltage, a fold-out area and the buttons. A group works the same wherever it stands,
+/// on the process page or in an instruction's form; its home only connects the buttons.
+class ProcessGroup : public QGroupBox
+{
+    Q_OBJECT
+public:
+    explicit ProcessGroup(QWidget *parent)
+        : QGroupBox(parent)
+    { }
+
+    /// Builds the controls, ranges and connections; call once, after the form was set up. @p owner,
+    /// the page or form that the group stands in, is named as the sender of what is reported.
+    void initUI(QObject *owner);
+
+    welmo::FileForm &file() { return *m_file; }
+    QPushButton *saveButton() const { return m_controls.save; }
+    QPushButton *cancelButton() const { return m_controls.cancel; }
+    bool isUnfolded() const { return m_unfolded; }
+
+    /// Offers the welder's modes and takes over its voltage ranges; the user's choices stay.
+    void applyWelder(const welmo::WelderLimits &limits);
+
+public slots:
+    /// Opens or closes the fold-out area.
+    void onFoldButtonClicked();
+    void onCurrentModeChanged(int index);
+    void onVoltageModeChanged(int index);
+
+protected:
+    struct Controls
+    {
+        QComboBox *fileNumber;
+        QLabel *workModeLabel;
+        QComboBox *workMode;
+        QLabel *currentModeLabel;
+        QComboBox *currentMode;
+        QLabel *voltageModeLabel;
+        QComboBox *voltageMode;
+        QLabel *currentUnit;
+        QDoubleSpinBox *voltage;
+        QLabel *voltageUnit;
+        QWidget *advanced;
+        QPushButton *fold;
+        QPushButton *save;
+        QPushButton *cancel;
+        QString foldText;
+        QString unfoldText;
+    };
+
+    /// Called by the derived group once its generated form stands.
+    void setControls(const Controls &controls, const welmo::ParameterSet &set);
+    /// The set's rows.
+    virtual void declareFields(welmo::FieldTable &fields) = 0;
+    /// The group's own connections.
+    virtual void initConnect() { }
+    /// What else follows the current mode's unit ("A" or "mm/s").
+    virtual void currentUnitChanged(const QString &) { }
+    /// What else follows the voltage mode's unit ("%" or "V").
+    virtual void voltageUnitChanged(const QString &) { }
+    /// Brings up to date what depends on the values just shown.
+    virtual void applyRules() { }
+    /// Sets the voltage box's range for the mode, which clamps its value.
+    virtual void handleSwitchVoltageMode(int mode);
+
+    void setVoltageRange(const welmo::VoltageRanges &ranges, int mode);
+    welmo::VoltageRanges m_voltageRanges;
+    welmo::VoltageRanges m_arcoffVoltageRanges;
+
+private:
+    void afterShow();
+    void setupMode(QLabel *label, QComboBox *combo, const welmo::ChoiceTable &table,
+                   const QStringList &items, const QString &labelText);
+
+    Controls m_controls{};
+    const welmo::ParameterSet *m_set = nullptr;
+    std::unique_ptr<welmo::FileForm> m_file;
+    bool m_unfolded = false;
+};

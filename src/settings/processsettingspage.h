@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+
+#include "data/fileform.h"
+#include "page/basesubpage.h"
+
+namespace Ui {
+class ProcessSettingsPage;
+}
+class ProcessGroup;
+
+/// The sub-page on which arc-start, welding and arc-end files are edited side by side.
+class ProcessSettingsPage : public BaseSubPage
+{
+    Q_OBJECT
+public:
+    ProcessSettingsPage(QWidget *parent, QObject *owner);
+    ~ProcessSettingsPage() override;
+
+    /// Reads all three files again and fills the form. While the controller cannot be reached the
+    /// form stays as it is.
+    void initPage() override;
+
+    /// Takes over the modes and voltage ranges of the connected welder.
+    void getWelderParamRange();
+
+    void useArconDefaultNode() { arcon().useDefaultNode(); }
+    void useWeldDefaultNode() { weld().useDefaultNode(); }
+    void useArcoffDefaultNode() { arcoff().useDefaultNode(); }
+    void useDefaultNode();
+    void initArconParamDefault() { arcon().writeDefaults(); }
+    void initWeldParamDefault() { weld().writeDefaults(); }
+    void initArcoffParamDefault() { arcoff().writeDefaults(); }
+    void getArconParam() { arcon().get(); }
+    void getWeldParam() { weld().get(); }
+    void getArcoffParam() { arcoff().get(); }
+    void getParamFromTessa();
+    void storeArconParam() { arcon().store(); }
+    void storeWeldParam() { weld().store(); }
+    void storeArcoffParam() { arcoff().store(); }
+    void setArconParam() { arcon().show(); }
+    void setWeldParam() { weld().show(); }
+    void setArcoffParam() { arcoff().show(); }
+    int saveArconParam() { return arcon().save(); }
+    int saveWeldParam() { return weld().save(); }
+    int saveArcoffParam() { return arcoff().save(); }
+    void selectArconFileNum() { arcon().select(); }
+    void selectWeldFileNum() { weld().select(); }
+    void selectArcoffFileNum() { arcoff().select(); }
+    void removeArconParam(const QList<int> &numbers);
+    void removeWeldParam(const QList<int> &numbers);
+    void removeArcoffParam(const QList<int> &numbers);
+
+public slots:
+    void onParamFileNumberChanged(int index);
+    /// One slot for the three save buttons: the sender decides the set. Any other sender saves
+    /// nothing and is still told of success; other parts of the pendant rely on that answer.
+    void onSaveButtonClicked();
+    void onCancelButtonClicked();
+    /// Sends the edited welding values to the welder without saving them to the file.
+    void onEnableButtonClicked();
+
+private:
+    void initUI();
+    void initControl();
+    void initConnect();
+    void initParamValue();
+
+    welmo::FileForm &arcon();
+    welmo::FileForm &weld();
+    welmo::FileForm &arcoff();
+
+    std::unique_ptr<Ui::ProcessSettingsPage> ui;
+};
