@@ -1,0 +1,66 @@
+#include "controller/cell.h"
+
+namespace controller {
+
+Cell::Cell(Store &store, Faults &faults, Journal &journal, Clock clock)
+    : m_store(store)
+    , m_faults(faults)
+    , m_journal(journal)
+    , m_clock(std::move(clock))
+{ }
+
+void Cell::notify(const QString &path, const QVariant &values) const
+{
+    if (m_notify)
+        m_notify(path, values);
+}
+
+Reply Cell::load(const QString &path, const QString &key, const QVariant &fallback) const
+{
+    const std::optional<Store::Entry> entry = m_store.read(path, key);
+    if (!entry)
+        return outcome(false);
+    return Reply::with(entry->value.isValid() ? entry->value : fallback);
+}
+
+Reply Cell::loadAll(const QString &path) const
+{
+    const auto entries = m_store.readAll(path);
+    if (!entries)
+        return outcome(false);
+    QVariantMap all;
+    for (const auto &[key, entry] : *entries)
+        all.insert(key, entry.value);
+    return Reply::with(all);
+}
+
+Reply Cell::save(const QString &path, const QString &key, const QVariant &value)
+{
+    return save({{path, key, value}});
+}
+
+Reply Cell::save(const QVector<Store::Change> &changes)
+{
+    if (suffers(Faults::Fault::DiskFull))
+        return Reply::refused(StorageFailed, QStringLiteral("the disk is full"));
+    return outcome(m_store.write(changes));
+}
+
+Reply Cell::remove(const QString &path, const QStringList &keys)
+{
+    if (suffers(Faults::Fault::DiskFull))
+        return Reply::refused(StorageFailed, QStringLiteral("the disk is full"));
+    return outcome(m_store.remove(path, keys));
+}
+
+void Cell::record(Journal::Event event, const QString &cause)
+{
+    m_journal.add(now(), event, cause);
+}
+
+Reply Cell::outcome(bool good) const
+{
+    return good ? Reply{} : Reply::refused(StorageFailed, m_store.errorText());
+}
+
+} // namespace controller

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+
+#include "controller/clock.h"
+#include "controller/faults.h"
+#include "controller/journal.h"
+#include "controller/request.h"
+#include "controller/store.h"
+
+namespace controller {
+
+/// What the units of a controller share: the store, the clock, the journal, the faults, and the way
+/// to tell watchers. Store failures become replies here, and nowhere else.
+class Cell
+{
+public:
+    using Notify = std::function<void(const QString &path, const QVariant &values)>;
+
+    /// Everything is borrowed and must outlive the cell.
+    Cell(Store &store, Faults &faults, Journal &journal, Clock clock);
+
+    void setNotify(Notify notify) { m_notify = std::move(notify); }
+    /// Tells whoever watches @p path; @p values holds what changed, under the node's keys.
+    void notify(const QString &path, const QVariant &values) const;
+
+    /// The stored value, or @p fallback when there is none.
+    Reply load(const QString &path, const QString &key = {}, const QVariant &fallback = {}) const;
+    /// A map of everything stored under @p path, by key.
+    Reply loadAll(const QString &path) const;
+    Reply save(const QString &path, const QString &key, const QVariant &value);
+    /// All or none.
+    Reply save(const QVector<Store::Change> &changes);
+    Reply remove(const QString &path, const QStringList &keys);
+
+    qint64 now() const { return m_clock(); }
+    void record(Journal::Event event, const QString &cause);
+    bool suffers(Faults::Fault fault) const { return m_faults.isOn(fault); }
+    Faults &faults() { return m_faults; }
+
+private:
+    Reply outcome(bool good) const;
+
+    Store &m_store;
+    Faults &m_faults;
+    Journal &m_journal;
+    Clock m_clock;
+    Notify m_notify;
+};
+
+} // namespace controller

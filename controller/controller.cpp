@@ -1,0 +1,56 @@
+#include "controller/controller.h"
+
+#include <algorithm>
+
+#include "controller/json.h"
+#include "controller/parameterfiles.h"
+#include "controller/weldmode.h"
+
+namespace controller {
+
+Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clock &clock)
+    : m_cell(store, faults, journal, clock)
+{
+    add<ParameterFiles>();
+    add<WeldMode>();
+}
+
+Controller::~Controller() = default;
+
+template<typename T, typename... Args>
+T &Controller::add(Args &...args)
+{
+    auto unit = std::make_unique<T>(m_cell, m_registry, args...);
+    T &result = *unit;
+    m_units.push_back(std::move(unit));
+    return result;
+}
+
+Reply Controller::start()
+{
+    return {};
+}
+
+Reply Controller::handle(const Request &request)
+{
+    tick();
+    if (const int code = m_cell.faults().takeCode(request.path))
+        return Reply::refused(code, QStringLiteral("a switched fault"));
+    if (!isPlain(request.payload))
+        return Reply::refused(BadPayload, QStringLiteral("the payload is no plain value"));
+    return m_registry.dispatch(request);
+}
+
+void Controller::tick()
+{
+    for (const auto &unit : m_units)
+        unit->tick();
+}
+
+bool Controller::isBusy() const
+{
+    return std::any_of(m_units.begin(), m_units.end(),
+                       [](const auto &unit) { return unit->isBusy(); });
+}
+
+} // namespace controller

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "controller/cell.h"
+#include "controller/registry.h"
+#include "controller/unit.h"
+
+namespace controller {
+
+/// The virtual robot controller: answers requests, and tells what changed. A state machine without
+/// a thread, a timer or a connection; who owns it calls handle() and tick() from one thread.
+class Controller
+{
+public:
+    /// Everything is borrowed and must outlive the controller.
+    Controller(Store &store, Faults &faults, Journal &journal, const Clock &clock);
+    ~Controller();
+
+    /// Called during handle() and tick(), for every node, watched or not.
+    void setNotify(Cell::Notify notify) { m_cell.setNotify(std::move(notify)); }
+    /// Writes what every project starts with, once in the life of a store.
+    Reply start();
+    Reply handle(const Request &request);
+    /// Carries out what has become due by the clock, or by a fault that was switched.
+    void tick();
+    /// True while something goes on by itself: then tick() is wanted about every 20 ms.
+    bool isBusy() const;
+
+private:
+    template<typename T, typename... Args>
+    T &add(Args &...args);
+
+    Cell m_cell;
+    Registry m_registry;
+    std::vector<std::unique_ptr<Unit>> m_units;
+    class Project *m_project = nullptr;
+};
+
+} // namespace controller

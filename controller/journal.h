@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QMutex>
+#include <QString>
+#include <QVector>
+
+namespace controller {
+
+/// What the machine did, with the controller's own times: proof from the far side of what a key on
+/// the pendant set off. In memory; the oldest entries give way. Any thread may call.
+class Journal
+{
+public:
+    enum class Event { WireFeeds, WireRetracts, WireStops, GasFlows, GasStops };
+
+    struct Entry
+    {
+        qint64 time; ///< of the controller's clock, in milliseconds
+        Event event;
+        QString cause; ///< such as the command, or the fault, that set it off
+    };
+
+    static constexpr int capacity = 10000;
+
+    void add(qint64 time, Event event, const QString &cause);
+    /// Oldest first.
+    QVector<Entry> entries() const;
+
+private:
+    mutable QMutex m_mutex;
+    QVector<Entry> m_entries;
+};
+
+} // namespace controller

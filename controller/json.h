@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+#include <QVariant>
+#include <optional>
+
+namespace controller {
+
+/// @p value as JSON text: numbers, booleans, texts, lists and maps of them, and "nothing".
+QByteArray toJson(const QVariant &value);
+
+/// The inverse; nothing when the text is no JSON of ours. JSON knows one kind of number: one
+/// without a fraction comes back as an int (as a qlonglong when it does not fit), any other as a
+/// double. A double 3.0 is therefore read as the int 3, which compares equal.
+std::optional<QVariant> fromJson(const QByteArray &json);
+
+/// True when @p value consists only of what JSON can carry without loss: finite numbers, booleans,
+/// texts and nothing, in lists and maps of a sane depth and length.
+bool isPlain(const QVariant &value);
+
+} // namespace controller

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+/// The names of nodes, commands and payloads that a pendant uses: the contract, misspellings
+/// included.
+namespace controller::names {
+
+inline const QString arcWeldPrefix = QStringLiteral("arc_weld.");
+inline const QString runningParam = QStringLiteral("arc_weld.running_param");
+inline const QString anticollisionParam = QStringLiteral("arc_weld.anticollision_param");
+inline const QString anticollisionState = QStringLiteral("arc_weld.anticollision_state");
+inline const QString clampingTorchParam = QStringLiteral("arc_weld.wire_clamping_torch_param");
+inline const QString weldMode = QStringLiteral("arc_weld.weld_mode");
+inline const QString welderState = QStringLiteral("arc_weld.welder_state");
+inline const QString welderSetting = QStringLiteral("arc_weld.welder_setting");
+inline const QString deviceParam = QStringLiteral("arc_weld.device_param");
+
+inline const QString setAnticollision = QStringLiteral("arc_weld.set_anticollision");
+inline const QString setClampingTorchMode = QStringLiteral("arc_weld.set_wire_clamping_torch_mode");
+inline const QString setWeldMode = QStringLiteral("arc_weld.set_weld_mode");
+inline const QString setWelder = QStringLiteral("arc_weld.set_welder");
+inline const QString enableWeldParam = QStringLiteral("arc_weld.enable_weld_param");
+inline const QString removePrefix = QStringLiteral("arc_weld.remove.");
+inline const QString wireFeed = QStringLiteral("arc_weld.wire_feed");
+inline const QString gasFlow = QStringLiteral("arc_weld.gas_flow");
+
+// "feel" is what the controllers in the field expect.
+inline const QString wireFeelPayload = QStringLiteral("wire_feel");
+inline const QString wireFeelBackPayload = QStringLiteral("wire_feel_back");
+
+inline const QString project = QStringLiteral("orbo.project");
+inline const QString signalDetail = QStringLiteral("orbo.robot.io.signal_detail");
+inline const QString toolPage = QStringLiteral("orbo.toolpage");
+
+} // namespace controller::names

@@ -1,0 +1,85 @@
+#include "controller/parameterfiles.h"
+
+#include <algorithm>
+
+#include "controller/names.h"
+
+namespace controller {
+
+namespace {
+
+const QString nameKey = QStringLiteral("name");
+
+Reply noSuchFile(const FileSet &set, const QString &file)
+{
+    return Reply::refused(UnknownKey, QStringLiteral("%1 has no file \"%2\"").arg(set.name, file));
+}
+
+} // namespace
+
+Reply checkedFile(const FileSet &set, const QVariant &payload)
+{
+    const Reply reply = checked(payload, set.fields, Missing::Allowed);
+    if (reply.ok() && !set.hasFile(childAt(reply.value, nameKey).toString()))
+        return Reply::refused(BadPayload, QStringLiteral("name is no file of ") + set.name);
+    return reply;
+}
+
+ParameterFiles::ParameterFiles(Cell &cell, Registry &registry)
+    : m_cell(cell)
+{
+    for (const FileSet &set : fileSets()) {
+        registry.addEntries(
+            set.path(), [this, &set](const QString &file) { return read(set, file); },
+            [this, &set](const QString &file, const QVariant &payload) {
+                return write(set, file, payload);
+            });
+        if (set.removable) {
+            registry.addCommand(
+                names::removePrefix + set.name,
+                [this, &set](const Request &request) { return remove(set, request.payload); });
+        }
+    }
+}
+
+Reply ParameterFiles::read(const FileSet &set, const QString &file) const
+{
+    if (file.isEmpty())
+        return m_cell.loadAll(set.path());
+    return set.hasFile(file) ? m_cell.load(set.path(), file) : noSuchFile(set, file);
+}
+
+Reply ParameterFiles::write(const FileSet &set, const QString &file, const QVariant &payload)
+{
+    if (!set.hasFile(file))
+        return noSuchFile(set, file);
+    const Reply content = checkedFile(set, payload);
+    if (!content.ok())
+        return content;
+    if (childAt(content.value, nameKey).toString() != file)
+        return Reply::refused(BadPayload, QStringLiteral("name is not ") + file);
+    const Reply reply = m_cell.save(set.path(), file, content.value);
+    if (reply.ok())
+        m_cell.notify(set.path(), QVariantMap{{file, content.value}});
+    return reply;
+}
+
+Reply ParameterFiles::remove(const FileSet &set, const QVariant &payload)
+{
+    if (!payload.canConvert<QStringList>() || payload.userType() == QMetaType::QString)
+        return Reply::refused(BadPayload, QStringLiteral("not a list of file names"));
+    const QStringList files = payload.toStringList();
+    const auto stranger = std::find_if(files.begin(), files.end(),
+                                       [&set](const QString &file) { return !set.hasFile(file); });
+    if (stranger != files.end())
+        return noSuchFile(set, *stranger);
+    const Reply reply = m_cell.remove(set.path(), files);
+    QVariantMap gone;
+    for (const QString &file : files)
+        gone.insert(file, {});
+    if (reply.ok())
+        m_cell.notify(set.path(), gone);
+    return reply;
+}
+
+} // namespace controller

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace controller {
+
+/// One responsibility of the controller. It enters its nodes and commands into the registry when it
+/// is made, and runs by itself in tick() while it is busy.
+class Unit
+{
+public:
+    virtual ~Unit() = default;
+    /// Carries out what has become due by the clock.
+    virtual void tick() { }
+    /// True while something goes on that needs tick() now and then.
+    virtual bool isBusy() const { return false; }
+};
+
+} // namespace controller
