@@ -99,6 +99,72 @@ const ChoiceTable &switches()
     return table;
 }
 
+const ChoiceTable &modeSwitch()
+{
+    static const ChoiceTable table{
+        {false, QT_TRANSLATE_NOOP("Choices", "Close")},
+        {true, QT_TRANSLATE_NOOP("Choices", "Open")},
+    };
+    return table;
+}
+
+const ChoiceTable &weaveReferences()
+{
+    static const ChoiceTable table{
+        {"length", QT_TRANSLATE_NOOP("Choices", "Length")},
+        {"cycle", QT_TRANSLATE_NOOP("Choices", "Period")},
+    };
+    return table;
+}
+
+const ChoiceTable &weavePatterns()
+{
+    static const ChoiceTable table{
+        {"no_weaving", QT_TRANSLATE_NOOP("Choices", "No Weaving")},
+        {"triangular", QT_TRANSLATE_NOOP("Choices", "Triangular")},
+        {"sine", QT_TRANSLATE_NOOP("Choices", "Sine")},
+        {"circular", QT_TRANSLATE_NOOP("Choices", "Circular")},
+        {"figure_8", QT_TRANSLATE_NOOP("Choices", "Figure-8")},
+    };
+    return table;
+}
+
+const ChoiceTable &weaveDwellTypes()
+{
+    static const ChoiceTable table{
+        {"robot_stay", QT_TRANSLATE_NOOP("Choices", "Robot Stay")},
+        // Not "weave_stay": the controller reads this word.
+        {"weave_stop", QT_TRANSLATE_NOOP("Choices", "Weave Stay")},
+    };
+    return table;
+}
+
+const ChoiceTable &waveformDirections()
+{
+    static const ChoiceTable table{
+        {false, QT_TRANSLATE_NOOP("Choices", "Normal")},
+        {true, QT_TRANSLATE_NOOP("Choices", "Reverse")},
+    };
+    return table;
+}
+
+const ChoiceTable &elevationTypes()
+{
+    static const ChoiceTable table{
+        {"v_pattern", QT_TRANSLATE_NOOP("Choices", "V-Pattern")},
+        {"triangular", QT_TRANSLATE_NOOP("Choices", "Triangular")},
+    };
+    return table;
+}
+
+const ChoiceTable &segTypes()
+{
+    static const ChoiceTable table{
+        {"normal", QT_TRANSLATE_NOOP("Choices", "Normal")},
+    };
+    return table;
+}
+
 } // namespace choices
 
 } // namespace welmo

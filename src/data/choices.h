@@ -48,6 +48,15 @@ const ChoiceTable &voltageModes();
 const ChoiceTable &arcBreakOptions();
 /// "Open" and "Close", stored as true and false.
 const ChoiceTable &switches();
+/// As switches(), "Close" first.
+const ChoiceTable &modeSwitch();
+const ChoiceTable &weaveReferences();
+const ChoiceTable &weavePatterns();
+const ChoiceTable &weaveDwellTypes();
+/// "Normal" and "Reverse", stored as false and true.
+const ChoiceTable &waveformDirections();
+const ChoiceTable &elevationTypes();
+const ChoiceTable &segTypes();
 
 } // namespace choices
 

@@ -1,5 +1,7 @@
 #include "data/field.h"
 
+#include "data/touchcombo.h"
+
 namespace welmo {
 
 void Field::writeDefault(QObject *sender, kelp::ModuleObject *file) const
@@ -11,6 +13,18 @@ Field &Field::unit(QLabel *label, const QString &text)
 {
     label->setText(text);
     return *this;
+}
+
+Field &Field::whenShown(std::function<void()> action)
+{
+    m_whenShown = std::move(action);
+    return *this;
+}
+
+void Field::shown() const
+{
+    if (m_whenShown)
+        m_whenShown();
 }
 
 void FileNameField::store(QObject *sender, kelp::ModuleObject *file) const
@@ -35,12 +49,80 @@ void ChoiceField::store(QObject *sender, kelp::ModuleObject *file) const
         file->set(sender, key(), m_combo->currentData());
 }
 
+void ChoiceField::prepare()
+{
+    makeTouchable(m_combo);
+    m_table.fill(m_combo);
+}
+
 bool ChoiceField::show(const kelp::ModuleObject *file)
 {
     const kelp::ModuleObject *node = file->r(key());
     const QVariant code = m_table.isBoolean() ? QVariant(node->getBool()) : node->getString();
     m_combo->setCurrentIndex(m_combo->findData(code));
     return m_combo->currentIndex() >= 0;
+}
+
+void FileNameField::prepare()
+{
+    makeTouchable(m_combo);
+}
+
+void NameField::prepare()
+{
+    makeTouchable(m_combo);
+}
+
+void NameField::store(QObject *sender, kelp::ModuleObject *file) const
+{
+    if (m_combo->currentIndex() != m_indexOfUnknown)
+        file->set(sender, key(), m_combo->currentText());
+}
+
+bool NameField::show(const kelp::ModuleObject *file)
+{
+    const int index = m_combo->findText(file->r(key())->getString());
+    const bool known = index >= 0;
+    if (known || !m_keepPresentItem)
+        m_combo->setCurrentIndex(index);
+    m_indexOfUnknown = known ? noUnknown : m_combo->currentIndex();
+    return known;
+}
+
+NameField &NameField::keepPresentItem()
+{
+    m_keepPresentItem = true;
+    return *this;
+}
+
+void IntegerListField::writeDefault(QObject *sender, kelp::ModuleObject *file) const
+{
+    QVariantList zeros;
+    for (size_t i = 0; i < m_boxes.size(); ++i)
+        zeros.append(0);
+    file->setList(sender, key(), zeros);
+}
+
+void IntegerListField::prepare()
+{
+    for (QSpinBox *box : m_boxes)
+        box->setRange(int(m_range.minimum), int(m_range.maximum));
+}
+
+void IntegerListField::store(QObject *sender, kelp::ModuleObject *file) const
+{
+    QVariantList values;
+    for (const QSpinBox *box : m_boxes)
+        values.append(box->value());
+    file->setList(sender, key(), values);
+}
+
+bool IntegerListField::show(const kelp::ModuleObject *file)
+{
+    const QVariantList values = file->r(key())->getList();
+    for (size_t i = 0; i < m_boxes.size(); ++i)
+        m_boxes[i]->setValue(values.value(int(i)).toInt());
+    return true;
 }
 
 void IntegerField::prepare()

@@ -7,6 +7,9 @@
 #include <QSpinBox>
 #include <QString>
 #include <QVariant>
+#include <functional>
+#include <utility>
+#include <vector>
 
 #include <kelp/moduleobject.h>
 
@@ -48,10 +51,15 @@ public:
 
     /// The label behind the control and the unit that it shows.
     Field &unit(QLabel *label, const QString &text);
+    /// Runs right after the row was shown: for a value that decides the range in which the rows
+    /// after it are shown.
+    Field &whenShown(std::function<void()> action);
+    void shown() const;
 
 private:
     QString m_key;
     QVariant m_default;
+    std::function<void()> m_whenShown;
 };
 
 /// The file's own name: shown and chosen by the file combo box, so it is only ever stored.
@@ -63,6 +71,7 @@ public:
         , m_combo(combo)
     { }
     QWidget *editor() const override { return m_combo; }
+    void prepare() override;
     void store(QObject *sender, kelp::ModuleObject *file) const override;
 
 private:
@@ -97,13 +106,59 @@ public:
     { }
     QWidget *editor() const override { return m_combo; }
     const ChoiceTable &table() const { return m_table; }
-    void prepare() override { m_table.fill(m_combo); }
+    void prepare() override;
     void store(QObject *sender, kelp::ModuleObject *file) const override;
     bool show(const kelp::ModuleObject *file) override;
 
 private:
     QComboBox *m_combo;
     const ChoiceTable &m_table;
+};
+
+/// A name chosen among those that exist at the moment (speeds, inputs), stored as its text. A
+/// stored name that is not among them stays in the file until the user chooses another.
+class NameField : public Field
+{
+public:
+    NameField(const QString &key, QComboBox *combo, const QString &defaultName)
+        : Field(key, defaultName)
+        , m_combo(combo)
+    { }
+    QWidget *editor() const override { return m_combo; }
+    void prepare() override;
+    void store(QObject *sender, kelp::ModuleObject *file) const override;
+    bool show(const kelp::ModuleObject *file) override;
+
+    /// An unknown name leaves the combo on its present item instead of showing an empty choice.
+    NameField &keepPresentItem();
+
+private:
+    QComboBox *m_combo;
+    bool m_keepPresentItem = false;
+    int m_indexOfUnknown = noUnknown; ///< the combo's index while it cannot show the stored name
+    static constexpr int noUnknown = -2;
+};
+
+/// Several integers that the file holds as one list.
+class IntegerListField : public Field
+{
+public:
+    IntegerListField(const QString &key, std::vector<QSpinBox *> boxes, Range range)
+        : Field(key, QVariant(QVariantList()))
+        , m_boxes(std::move(boxes))
+        , m_range(range)
+    { }
+    QWidget *editor() const override { return m_boxes.front(); }
+    const std::vector<QSpinBox *> &boxes() const { return m_boxes; }
+    Range range() const { return m_range; }
+    void writeDefault(QObject *sender, kelp::ModuleObject *file) const override;
+    void prepare() override;
+    void store(QObject *sender, kelp::ModuleObject *file) const override;
+    bool show(const kelp::ModuleObject *file) override;
+
+private:
+    std::vector<QSpinBox *> m_boxes;
+    Range m_range;
 };
 
 class IntegerField : public Field

@@ -42,6 +42,7 @@ void FieldTable::show(const kelp::ModuleObject *file)
         const QSignalBlocker blocker(field->editor());
         if (!field->show(file))
             reportUnknown(m_owner, file, field->key());
+        field->shown();
     }
 }
 

@@ -35,6 +35,14 @@ public:
     {
         return add<RealField>(key, box, range, defaultValue);
     }
+    NameField &name(const QString &key, QComboBox *combo, const QString &defaultName)
+    {
+        return add<NameField>(key, combo, defaultName);
+    }
+    Field &integers(const QString &key, const std::vector<QSpinBox *> &boxes, Range range)
+    {
+        return add<IntegerListField>(key, boxes, range);
+    }
     /// A value that only the default file sets: no control shows it and no save touches it.
     Field &defaultOnly(const QString &key, const QVariant &defaultValue)
     {

@@ -1,11 +1,55 @@
 #pragma once
 
+#include <memory>
+
 #include "page/basesubpage.h"
 
-/// The sub-page "Device Setting".
+namespace Ui {
+class DevicesSettingPage;
+}
+class EnableButton;
+class QComboBox;
+
+/// The sub-page that switches the welding function on and chooses the welder: protocol, brand, type
+/// and rated current, each list depending on the choices before it.
 class DevicesSettingPage : public BaseSubPage
 {
     Q_OBJECT
 public:
     DevicesSettingPage(QWidget *parent, QObject *owner);
+    ~DevicesSettingPage() override;
+
+    /// Shows the controller's present welder setting.
+    void initPage() override;
+
+    /// Drops the last character and reads the rest: "500A" gives 500.
+    static int convertCurrentToInt(const QString &text);
+
+public slots:
+    void onEnableChanged(bool on);
+    void onWeatherConnectWelderEnableChanged(bool on);
+    void onProtocolSelectChanged(int index);
+    void onBrandSelectChanged(int index);
+    void onTypeSelectChanged(int index);
+    void onWelderStateChanged(const QVariant &value);
+
+private:
+    void initVariant();
+    void initUI();
+    void initWelderSetting();
+    void initControl();
+    void initConnect();
+    void loadFromRc();
+    void loadFromMobj();
+    void storeDeviceParam();
+    /// Sends switches and choices to the controller; false when it did not take them.
+    bool cmdSetWelder();
+    /// Shows the switch in the accepted state, without its handler, and keeps that in the tree.
+    void putBack(EnableButton *button, const QString &key, bool on);
+    void setSelectionEnabled(bool on);
+
+    kelp::ModuleObject *catalogue(const QStringList &choices) const;
+    void offerChildren(QComboBox *combo, const QStringList &choices);
+
+    std::unique_ptr<Ui::DevicesSettingPage> ui;
 };

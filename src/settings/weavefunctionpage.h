@@ -2,10 +2,26 @@
 
 #include "page/basesubpage.h"
 
-/// The sub-page "Weave Function".
+class WeaveEditor;
+
+/// The sub-page on which the operator picks a weave file, edits it and saves it.
 class WeaveFunctionPage : public BaseSubPage
 {
     Q_OBJECT
 public:
     WeaveFunctionPage(QWidget *parent, QObject *owner);
+
+    /// Reads the file again and shows it; while not connected the form stays as it is.
+    void initPage() override;
+
+    void initParamDefault();
+    void useWeaveDefaultNode();
+    void getWeaveParam();
+    void setWeaveParam();
+    void storeWeaveParam();
+    int saveWeaveParam();
+    bool validateParam();
+
+private:
+    WeaveEditor *m_editor;
 };

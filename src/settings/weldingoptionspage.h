@@ -1,11 +1,75 @@
 #pragma once
 
+#include <memory>
+
+#include "data/setform.h"
 #include "page/basesubpage.h"
 
-/// The sub-page "Welding Options".
+namespace Ui {
+class WeldingOptionsPage;
+}
+class EnableButton;
+
+/// The sub-page of three small settings, each with its own way to the controller: running
+/// parameters, the torch's collision sensor, and the wire-clamping torch.
 class WeldingOptionsPage : public BaseSubPage
 {
     Q_OBJECT
 public:
     WeldingOptionsPage(QWidget *parent, QObject *owner);
+    ~WeldingOptionsPage() override;
+
+    /// Reads all three sets again; while not connected the form stays as it is.
+    void initPage() override;
+
+    void useRunningParamDefaultNode() { m_running.useDefaultNode(); }
+    void useAnticollisionParamDefaultNode() { m_anticollision.useDefaultNode(); }
+    void useWireClampingTorchModeParamDefaultNode() { m_clamping.useDefaultNode(); }
+    void initRunningParamDefault() { m_running.writeDefaults(); }
+    void initAnticollisionParamDefault() { m_anticollision.writeDefaults(); }
+    void initWireClampingTorchModeParamDefault() { m_clamping.writeDefaults(); }
+    void getRunningParam() { m_running.get(); }
+    void getAnticollisionParam() { m_anticollision.get(); }
+    void getWireClampingTorchModeParam() { m_clamping.get(); }
+    void setRunningParam() { m_running.show(); }
+    void setAnticollisionParam();
+    void setWireClampingTorchModeParam() { m_clamping.show(); }
+    void storeRunningParam() { m_running.store(); }
+    void storeAnticollisionParam();
+    void storeWireClampingTorchModeParam() { m_clamping.store(); }
+    void useDefaultRunningParam() { m_running.useDefault(); }
+    void useDefaultAnticollisionParam() { m_anticollision.useDefault(); }
+    void useDefaultWireClampingTorchModeParam() { m_clamping.useDefault(); }
+
+public slots:
+    void onRunningParamSaveButtonClicked();
+    void onAnticollisionEnableChanged(bool on);
+    void onAnticollisionShieldEnableChanged(bool on);
+    void onAnticollisionShieldFinish(const QVariant &state);
+    void onWireClampingTorchSaveButtonClicked();
+
+private:
+    void initUI();
+    void declareFields();
+    void initControl();
+    void initConnect();
+    void initParamRange();
+    void initParamValue();
+    void offerInputs();
+    void showAll();
+    void checkWelderState();
+
+    int saveRunningParam();
+    int cmdAnticollisionParam();
+    int cmdWireClampingTorchModeParam();
+    /// The two on/off buttons act alike: send at once, put back what was refused.
+    bool actOnAnticollision(EnableButton *button, bool on, const QString &error,
+                            const QString &success);
+    void setButtonEnabledWithoutTriggeringSlot(EnableButton *button, bool on);
+    void lockByAnticollision(bool on);
+
+    std::unique_ptr<Ui::WeldingOptionsPage> ui;
+    welmo::SetForm m_running;
+    welmo::SetForm m_anticollision;
+    welmo::SetForm m_clamping;
 };

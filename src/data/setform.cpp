@@ -1,0 +1,60 @@
+#include "data/setform.h"
+
+#include "data/controller.h"
+
+namespace welmo {
+
+namespace {
+
+const QString defaultName = QStringLiteral("default");
+const QString presentName = QStringLiteral("present");
+
+} // namespace
+
+SetForm::SetForm(QObject *owner, const QString &name)
+    : m_owner(owner)
+    , m_name(name)
+    , m_fields(owner)
+{ }
+
+kelp::ModuleObject *SetForm::node(const QString &name) const
+{
+    return m(QStringLiteral("welmo"))
+        ->c(QStringLiteral("welding_options"), true)
+        ->c(m_name, true)
+        ->c(name, true);
+}
+
+void SetForm::useDefaultNode()
+{
+    m_data = node(defaultName);
+}
+
+void SetForm::writeDefaults()
+{
+    m_fields.writeDefaults(node(defaultName));
+}
+
+bool SetForm::get()
+{
+    const auto answer = xservice()->get(m_owner, controller::node(m_name));
+    if (controller::readFailed(answer))
+        return false;
+    if (answer->cmobjCount() == 0) {
+        useDefault();
+        return true;
+    }
+    m_data = node(presentName);
+    m_data->copyFrom(m_owner, answer.get());
+    return true;
+}
+
+void SetForm::useDefault()
+{
+    useDefaultNode();
+    kelp::ModuleObject *present = node(presentName);
+    present->copyFrom(m_owner, m_data);
+    m_data = present;
+}
+
+} // namespace welmo

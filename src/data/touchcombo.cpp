@@ -1,0 +1,15 @@
+#include "data/touchcombo.h"
+
+#include <QComboBox>
+#include <QStyledItemDelegate>
+
+namespace welmo {
+
+void makeTouchable(QComboBox *combo)
+{
+    // Qt's own delegate for combo boxes is a subclass; only that one is replaced.
+    if (combo->itemDelegate()->metaObject() != &QStyledItemDelegate::staticMetaObject)
+        combo->setItemDelegate(new QStyledItemDelegate(combo));
+}
+
+} // namespace welmo

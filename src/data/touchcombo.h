@@ -1,0 +1,11 @@
+#pragma once
+
+class QComboBox;
+
+namespace welmo {
+
+/// Gives the combo's list rows that a finger can hit: its own delegate ignores the style rules'
+/// row height. Calling it again changes nothing.
+void makeTouchable(QComboBox *combo);
+
+} // namespace welmo

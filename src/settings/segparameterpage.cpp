@@ -1,0 +1,19 @@
+#include "settings/segparameterpage.h"
+
+#include <QVBoxLayout>
+
+#include "settings/segparameterwidget.h"
+
+SegParameterPage::SegParameterPage(QWidget *parent, QObject *owner)
+    : BaseSubPage(parent, QStringLiteral("seg parameter"), tr("Seg Parameter"), owner)
+    , wgtSeg(new SegParameterWidget(wgt()))
+{
+    wgtSeg->setObjectName(QStringLiteral("wgtSeg"));
+    auto *layout = new QVBoxLayout(wgt());
+    layout->addWidget(wgtSeg);
+}
+
+void SegParameterPage::initPage()
+{
+    wgtSeg->init();
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "data/fileform.h"
+
+namespace Ui {
+class WeaveEditor;
+}
+class QPushButton;
+
+/// The editor of one weave file, with its rules. The weave page and the weave instructions hold the
+/// same editor; what differs is said by Home.
+class WeaveEditor : public QWidget
+{
+    Q_OBJECT
+public:
+    struct Home
+    {
+        /// What a new file starts with. The two homes differ, and saved programs rely on both; the
+        /// instruction's 0.01 lies below the box's own minimum and is shown as 0.1.
+        double defaultFrequency = 0.1;
+        bool titlesAndPictures = true;
+    };
+
+    explicit WeaveEditor(QWidget *parent = nullptr);
+    ~WeaveEditor() override;
+
+    /// Builds the controls and shows the first file. @p owner is named as the sender of reports.
+    void initUI(QObject *owner, const Home &home);
+
+    welmo::FileForm &file() { return *m_file; }
+    /// True when the form may be saved; otherwise the reason has been reported.
+    bool validateParam();
+
+public slots:
+    void onFileNumberChanged(int index);
+    void onStandardTypeChanged(int index);
+    void onPatternChanged(int index);
+    void onElevationTypeChanged(int index);
+    void onStayTypeChanged(int index);
+    void onCancelButtonClicked();
+    void onSaveButtonClicked();
+
+signals:
+    /// The file was saved, after the message.
+    void saved();
+    /// The edits were dropped.
+    void cancelled();
+
+private:
+    void declareFields(welmo::FieldTable &fields, const Home &home);
+    void initControl(const Home &home);
+    void initConnect();
+    void switchStayTime();
+    void applyRules();
+    void hideTitlesAndPictures();
+
+    std::unique_ptr<Ui::WeaveEditor> ui;
+    std::unique_ptr<welmo::FileForm> m_file;
+    QObject *m_owner = nullptr;
+    double m_leftElevation = 0; ///< what the boxes held before "V-Pattern" set them to 0
+    double m_rightElevation = 0;
+    bool m_vPattern = true;
+};
