@@ -42,14 +42,27 @@ bool isListOfMaps(const QVariant &value)
     });
 }
 
-QVariantMap mapById(const QVariantList &list)
+using Entries = QVector<QPair<QString, QVariant>>;
+
+// A map's entries by key; a list's in its order, named by their "id", else by their position.
+Entries entriesOf(const QVariant &variant)
 {
-    QVariantMap map;
-    for (int i = 0; i < list.size(); ++i) {
-        const QVariantMap item = list.at(i).toMap();
-        map.insert(item.value(QStringLiteral("id"), i).toString(), item);
+    Entries entries;
+    if (variant.userType() == QMetaType::QVariantMap) {
+        const QVariantMap map = variant.toMap();
+        for (auto it = map.begin(); it != map.end(); ++it)
+            entries.append({it.key(), it.value()});
+        return entries;
     }
-    return map;
+    const QVariantList list = variant.toList();
+    for (int i = 0; i < list.size(); ++i)
+        entries.append({list.at(i).toMap().value(QStringLiteral("id"), i).toString(), list.at(i)});
+    return entries;
+}
+
+bool hasEntries(const QVariant &variant)
+{
+    return variant.userType() == QMetaType::QVariantMap || isListOfMaps(variant);
 }
 
 } // namespace
@@ -182,7 +195,7 @@ ModuleObject *ModuleObject::set(QObject *sender, const QString &key, const QVari
                                 bool notify)
 {
     ModuleObject *node = make(key);
-    if (value.userType() == QMetaType::QVariantMap || isListOfMaps(value))
+    if (hasEntries(value))
         node->importFromVariant(sender, value, notify, true, true);
     else
         node->assign(sender, value, notify);
@@ -245,23 +258,19 @@ void ModuleObject::importFromVariant(QObject *sender, const QVariant &variant, b
 {
     if (isMissing())
         return;
-    if (variant.userType() == QMetaType::QVariantMap)
-        importChildren(sender, variant.toMap(), notify, create, prune);
-    else if (isListOfMaps(variant))
-        importChildren(sender, mapById(variant.toList()), notify, create, prune);
-    else
+    if (!hasEntries(variant)) {
         assign(sender, variant.userType() == QMetaType::Nullptr ? QVariant() : variant, notify);
-}
-
-void ModuleObject::importChildren(QObject *sender, const QVariantMap &map, bool notify, bool create,
-                                  bool prune)
-{
-    for (auto it = map.begin(); it != map.end(); ++it) {
-        if (create || m_byName.contains(it.key()))
-            c(it.key(), true)->importFromVariant(sender, it.value(), notify, create, prune);
+        return;
+    }
+    QStringList names;
+    const Entries entries = entriesOf(variant);
+    for (const auto &[name, value] : entries) {
+        names.append(name);
+        if (create || m_byName.contains(name))
+            c(name, true)->importFromVariant(sender, value, notify, create, prune);
     }
     if (prune)
-        pruneExcept(map.keys());
+        pruneExcept(names);
 }
 
 void ModuleObject::pruneExcept(const QStringList &names)

@@ -7,14 +7,25 @@
 namespace tessa {
 
 namespace {
+
 Host *s_current = nullptr;
-}
+
+// Project data lives on the controller; pages look it up in the host's tree.
+const QStringList mirroredNodes{QStringLiteral("orbo.project"),
+                                QStringLiteral("orbo.robot.io.signal_detail"),
+                                QStringLiteral("orbo.toolpage")};
+
+} // namespace
 
 Host::Host(const HostOptions &options)
     : m_workspace(options.dataFolder, options.language)
     , m_helper(&m_service)
 {
     s_current = this;
+    m_service.setMirrored(mirroredNodes);
+    kelp::ModuleObject *handle = m_workspace.root()->set(this, QStringLiteral("orbo.handle"), {});
+    handle->set(this, QStringLiteral("max_jog_speed"), 100);
+    handle->set(this, QStringLiteral("jog.override"), 0.3);
     connect(&m_workspace, &kelp::Workspace::problem, this, &Host::reportProblem);
     connect(m_helper.themeManager(), &ThemeManager::problem, this, &Host::reportProblem);
     if (!QFileInfo(options.dataFolder).isWritable())

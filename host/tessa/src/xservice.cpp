@@ -193,10 +193,23 @@ void XService::onUpChanged(bool up)
             return;
     }
     setConnected(true);
+    mirror();
     emit cameUp();
     for (const auto &[path, value] : present) {
         Subscription &entry = subscription(path);
         deliver(entry, value, !entry.filled);
+    }
+}
+
+void XService::mirror()
+{
+    for (const QString &path : qAsConst(m_mirrored)) {
+        const LinkReply reply =
+            m_link->call({LinkRequest::Kind::Get, path, {}, {}}, defaultTimeoutMs);
+        if (reply.code == 0 && reply.value.isValid())
+            kelp::Workspace::current()->root()->set(this, path, reply.value);
+        if (!reply.fromController())
+            setConnected(false);
     }
 }
 

@@ -99,8 +99,6 @@ private:
     void touch();
     void pruneExcept(const QStringList &names);
     ModuleObject *make(const QString &path);
-    void importChildren(QObject *sender, const QVariantMap &map, bool notify, bool create,
-                        bool prune);
 
     QString m_name;
     QVariant m_value;

@@ -51,6 +51,10 @@ public:
     /// fires only when a value differs from what was delivered before.
     kelp::ModuleObject *watchNode(const QString &path);
 
+    /// The controller nodes whose values are copied into the application-wide tree, at their own
+    /// paths, each time the link has come up: the project data that pages look up with m().
+    void setMirrored(const QStringList &paths) { m_mirrored = paths; }
+
     /// The service's own tree; its leaf "connected" says whether the controller can be reached.
     kelp::ModuleObject *mobj() { return &m_tree; }
     bool isConnected() const;
@@ -69,6 +73,7 @@ private:
     void onNotified(const QString &path, const QVariant &values);
     void setConnected(bool connected);
     void announceConnected();
+    void mirror();
     bool subscribe(const QString &path, QVariant *value);
     void deliver(Subscription &subscription, const QVariant &values, bool silent);
     Subscription &subscription(const QString &path);
@@ -76,6 +81,7 @@ private:
     kelp::ModuleObject m_tree;
     tessa::ControllerLink *m_link = nullptr;
     std::map<QString, std::unique_ptr<Subscription>> m_subscriptions;
+    QStringList m_mirrored;
     bool m_announced = false;
 };
 
