@@ -3,8 +3,12 @@
 #include <algorithm>
 
 #include "controller/json.h"
+#include "controller/options.h"
 #include "controller/parameterfiles.h"
+#include "controller/project.h"
+#include "controller/welder.h"
 #include "controller/weldmode.h"
+#include "controller/wireandgas.h"
 
 namespace controller {
 
@@ -12,15 +16,19 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     : m_cell(store, faults, journal, clock)
 {
     add<ParameterFiles>();
+    add<Options>();
     add<WeldMode>();
+    const Welder &welder = add<Welder>();
+    add<WireAndGas>(welder);
+    add<Project>();
 }
 
 Controller::~Controller() = default;
 
 template<typename T, typename... Args>
-T &Controller::add(Args &...args)
+T &Controller::add(Args &...others)
 {
-    auto unit = std::make_unique<T>(m_cell, m_registry, args...);
+    auto unit = std::make_unique<T>(m_cell, m_registry, others...);
     T &result = *unit;
     m_units.push_back(std::move(unit));
     return result;
@@ -28,6 +36,10 @@ T &Controller::add(Args &...args)
 
 Reply Controller::start()
 {
+    for (const auto &unit : m_units) {
+        if (const Reply reply = unit->start(); !reply.ok())
+            return reply;
+    }
     return {};
 }
 

@@ -20,7 +20,7 @@ public:
 
     /// Called during handle() and tick(), for every node, watched or not.
     void setNotify(Cell::Notify notify) { m_cell.setNotify(std::move(notify)); }
-    /// Writes what every project starts with, once in the life of a store.
+    /// Writes what every store has to hold, once in its life; comes before everything else.
     Reply start();
     Reply handle(const Request &request);
     /// Carries out what has become due by the clock, or by a fault that was switched.
@@ -30,12 +30,11 @@ public:
 
 private:
     template<typename T, typename... Args>
-    T &add(Args &...args);
+    T &add(Args &...others);
 
     Cell m_cell;
     Registry m_registry;
     std::vector<std::unique_ptr<Unit>> m_units;
-    class Project *m_project = nullptr;
 };
 
 } // namespace controller

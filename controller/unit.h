@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controller/request.h"
+
 namespace controller {
 
 /// One responsibility of the controller. It enters its nodes and commands into the registry when it
@@ -8,6 +10,8 @@ class Unit
 {
 public:
     virtual ~Unit() = default;
+    /// Writes what has to be in every store, when it is not there yet.
+    virtual Reply start() { return {}; }
     /// Carries out what has become due by the clock.
     virtual void tick() { }
     /// True while something goes on that needs tick() now and then.
