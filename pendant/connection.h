@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+
+#include "tessa/controllerlink.h"
+
+namespace controller {
+class Faults;
+}
+
+namespace pendant {
+
+struct Options;
+
+/// The way to a controller, and what can be made to go wrong there.
+struct Connection
+{
+    std::unique_ptr<tessa::ControllerLink> link;
+    controller::Faults *faults = nullptr; ///< lives with the link; null when there are none
+};
+
+/// A virtual controller inside this process, its files in the data folder.
+Connection connectEmbedded(const Options &options);
+
+} // namespace pendant

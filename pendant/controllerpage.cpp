@@ -1,0 +1,46 @@
+#include "pendant/controllerpage.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include "pendant/answerspanel.h"
+#include "pendant/faultspanel.h"
+#include "pendant/linkbadge.h"
+#include "pendant/linkcontrol.h"
+#include "vu/switchbutton.h"
+
+namespace pendant {
+
+ControllerPage::ControllerPage(LinkControl *link, controller::Faults *faults, QWidget *parent)
+    : HostPage(tr("Controller"), parent)
+{
+    body()->addWidget(makeLink(link));
+    if (faults) {
+        auto *row = new QHBoxLayout;
+        row->setSpacing(16);
+        row->addWidget(new FaultsPanel(faults, this), 1);
+        row->addWidget(new AnswersPanel(faults, this), 1);
+        body()->addLayout(row);
+    }
+    body()->addStretch(1);
+}
+
+QWidget *ControllerPage::makeLink(LinkControl *link)
+{
+    auto *card = new Card(tr("Link"), this);
+    auto *row = new QHBoxLayout;
+    row->addWidget(new LinkBadge(link, card), 1);
+    auto *button = new EnableButton(card);
+    button->setObjectName(QStringLiteral("btnControllerLink"));
+    button->setChecked(link->isWanted());
+    connect(button, &EnableButton::enabled, link, &LinkControl::setWanted);
+    connect(link, &LinkControl::changed, button, [button, link] {
+        const QSignalBlocker blocker(button);
+        button->setChecked(link->isWanted());
+    });
+    row->addWidget(button);
+    card->body()->addLayout(row);
+    return card;
+}
+
+} // namespace pendant

@@ -1,0 +1,45 @@
+#include "pendant/hostpage.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace pendant {
+
+HostPage::HostPage(const QString &title, QWidget *parent)
+    : QWidget(parent)
+    , m_body(new QVBoxLayout)
+{
+    setAttribute(Qt::WA_StyledBackground);
+    auto *strip = new QLabel(title, this);
+    strip->setObjectName(QStringLiteral("lblPageTitle"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(strip);
+    layout->addLayout(m_body, 1);
+    m_body->setContentsMargins(16, 16, 16, 16);
+    m_body->setSpacing(16);
+}
+
+Card::Card(const QString &heading, QWidget *parent)
+    : QFrame(parent)
+    , m_body(new QVBoxLayout(this))
+{
+    m_body->setContentsMargins(20, 16, 20, 16);
+    m_body->setSpacing(10);
+    if (heading.isEmpty())
+        return;
+    auto *label = new QLabel(heading, this);
+    label->setObjectName(QStringLiteral("lblCardHeading"));
+    m_body->addWidget(label);
+}
+
+QLabel *Card::addText(const QString &text)
+{
+    auto *label = new QLabel(text, this);
+    label->setWordWrap(true);
+    m_body->addWidget(label);
+    return label;
+}
+
+} // namespace pendant

@@ -1,0 +1,419 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>JsonFile</name>
+    <message>
+        <source>%1:%2:%3: not valid JSON: %4</source>
+        <translation>%1:%2:%3：不是有效的 JSON：%4</translation>
+    </message>
+    <message>
+        <source>%1: cannot be read: %2</source>
+        <translation>%1：无法读取：%2</translation>
+    </message>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1：无法写入：%2</translation>
+    </message>
+</context>
+<context>
+    <name>kelp::TreeFile</name>
+    <message>
+        <source>%1: is not a JSON object</source>
+        <translation>%1：不是 JSON 对象</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::AnswersPanel</name>
+    <message>
+        <source>How it answers</source>
+        <translation>应答方式</translation>
+    </message>
+    <message>
+        <source>Delay</source>
+        <translation>延迟</translation>
+    </message>
+    <message>
+        <source>Request for</source>
+        <translation>请求对象</translation>
+    </message>
+    <message>
+        <source>Refusal</source>
+        <translation>拒绝原因</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>Refuse the next such request</source>
+        <translation>拒绝下一次此类请求</translation>
+    </message>
+    <message>
+        <source>Lose the next answer</source>
+        <translation>丢弃下一次应答</translation>
+    </message>
+    <message>
+        <source>Storage failed (%1)</source>
+        <translation>存储失败（%1）</translation>
+    </message>
+    <message>
+        <source>Wrong state (%1)</source>
+        <translation>状态不符（%1）</translation>
+    </message>
+    <message>
+        <source>Out of range (%1)</source>
+        <translation>超出范围（%1）</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::ControllerPage</name>
+    <message>
+        <source>Controller</source>
+        <translation>控制器</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>连接</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::FaultsPanel</name>
+    <message>
+        <source>What is broken</source>
+        <translation>故障</translation>
+    </message>
+    <message>
+        <source>The controller cannot be reached</source>
+        <translation>控制器无法访问</translation>
+    </message>
+    <message>
+        <source>Its disk is full</source>
+        <translation>控制器磁盘已满</translation>
+    </message>
+    <message>
+        <source>The welder reports an error</source>
+        <translation>焊机报错</translation>
+    </message>
+    <message>
+        <source>The wire is stuck</source>
+        <translation>焊丝卡住</translation>
+    </message>
+    <message>
+        <source>There is no gas</source>
+        <translation>没有保护气</translation>
+    </message>
+    <message>
+        <source>Mend everything</source>
+        <translation>全部恢复</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::HeaderBar</name>
+    <message>
+        <source>Welding cell</source>
+        <translation>焊接单元</translation>
+    </message>
+    <message>
+        <source>State of the cell</source>
+        <translation>单元状态</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>空闲</translation>
+    </message>
+    <message>
+        <source>Running</source>
+        <translation>运行中</translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation>故障</translation>
+    </message>
+    <message>
+        <source>Operating mode</source>
+        <translation>操作模式</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>手动</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>电源</translation>
+    </message>
+    <message>
+        <source>Power off</source>
+        <translation>断电</translation>
+    </message>
+    <message>
+        <source>Power on</source>
+        <translation>上电</translation>
+    </message>
+    <message>
+        <source>User level</source>
+        <translation>用户级别</translation>
+    </message>
+    <message>
+        <source>Viewer</source>
+        <translation>访客</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>操作员</translation>
+    </message>
+    <message>
+        <source>Programmer</source>
+        <translation>编程员</translation>
+    </message>
+    <message>
+        <source>Administrator</source>
+        <translation>管理员</translation>
+    </message>
+    <message>
+        <source>Link to the controller</source>
+        <translation>与控制器的连接</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::HomePage</name>
+    <message>
+        <source>Home</source>
+        <translation>主页</translation>
+    </message>
+    <message>
+        <source>Arc welding on a robot pendant</source>
+        <translation>机器人示教器上的弧焊</translation>
+    </message>
+    <message>
+        <source>The pendant holds the welding package; the controller, the robot and the welder behind it are simulated. Everything here can be tried: nothing moves and no wire burns.</source>
+        <translation>示教器中装有焊接工艺包，其后的控制器、机器人和焊机均为仿真。这里的一切都可以放心尝试：没有任何部件会运动，也不会消耗焊丝。</translation>
+    </message>
+    <message>
+        <source>First steps</source>
+        <translation>入门步骤</translation>
+    </message>
+    <message>
+        <source>Open Arc Weld in the navigation, then Process Setting.</source>
+        <translation>在导航栏中打开“弧焊”，再选择“工艺设置”。</translation>
+    </message>
+    <message>
+        <source>Choose a file, such as arcondata3. One that is not there yet starts with the defaults.</source>
+        <translation>选择一个文件，例如 arcondata3。尚不存在的文件将以默认值创建。</translation>
+    </message>
+    <message>
+        <source>Change a value and save. It is still there when the pendant is started again.</source>
+        <translation>修改一个值并保存。示教器重新启动后，该值仍然保留。</translation>
+    </message>
+    <message>
+        <source>Take the link down at the top right, or name a fault on the Controller page, and see what the pages tell.</source>
+        <translation>在右上角断开连接，或在“控制器”页面设置一个故障，然后观察各页面的提示。</translation>
+    </message>
+    <message>
+        <source>Open %1</source>
+        <translation>打开%1</translation>
+    </message>
+    <message>
+        <source>Controller</source>
+        <translation>控制器</translation>
+    </message>
+    <message>
+        <source>Files are kept in</source>
+        <translation>文件保存位置</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>显示</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>浅色</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>深色</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>A change starts the pages anew; save what is open first.</source>
+        <translation>更改后各页面将重新启动，请先保存未完成的修改。</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::LinkControl</name>
+    <message>
+        <source>Link off</source>
+        <translation>连接已断开</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>正在连接…</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>已连接</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::MessageModel</name>
+    <message>
+        <source>Error</source>
+        <translation>错误</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>信息</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::MessagesPage</name>
+    <message>
+        <source>Messages</source>
+        <translation>消息</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+    <message>
+        <source>Touch a message to read it in full.</source>
+        <translation>点按一条消息可查看全文。</translation>
+    </message>
+    <message>
+        <source>%1
+From: %2</source>
+        <translation>%1
+来源：%2</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::NavPanel</name>
+    <message>
+        <source>Pendant</source>
+        <translation>示教器</translation>
+    </message>
+    <message>
+        <source>Packages</source>
+        <translation>工艺包</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>系统</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::PendantApp</name>
+    <message>
+        <source>Package missing</source>
+        <translation>缺少工艺包</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>主页</translation>
+    </message>
+    <message>
+        <source>Messages</source>
+        <translation>消息</translation>
+    </message>
+    <message>
+        <source>Controller</source>
+        <translation>控制器</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::PendantWindow</name>
+    <message>
+        <source>Pendant</source>
+        <translation>示教器</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::PluginErrorPage</name>
+    <message>
+        <source>Welding package missing</source>
+        <translation>缺少焊接工艺包</translation>
+    </message>
+    <message>
+        <source>The library could not be used</source>
+        <translation>无法使用该库</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>库文件</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>原因</translation>
+    </message>
+    <message>
+        <source>Build the package, or name another library with --module PATH, and start the pendant again.</source>
+        <translation>请先构建工艺包，或用 --module PATH 指定其他库，然后重新启动示教器。</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::PluginLoader</name>
+    <message>
+        <source>%1: is not a module</source>
+        <translation>%1：不是模块</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::ProblemsPanel</name>
+    <message>
+        <source>Needs attention</source>
+        <translation>需要处理</translation>
+    </message>
+</context>
+<context>
+    <name>tessa::Host</name>
+    <message>
+        <source>%1: the data folder cannot be written</source>
+        <translation>%1：数据文件夹不可写</translation>
+    </message>
+</context>
+<context>
+    <name>tessa::MessageLog</name>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>级别</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>消息</translation>
+    </message>
+</context>
+<context>
+    <name>tessa::ThemeManager</name>
+    <message>
+        <source>%1: is not a list of style rules</source>
+        <translation>%1：不是样式规则列表</translation>
+    </message>
+    <message>
+        <source>%1: unknown theme tokens: %2</source>
+        <translation>%1：未知的主题标记：%2</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+
+namespace pendant {
+
+class LinkControl;
+
+/// The link's state as picture, word and colour.
+class LinkBadge : public QFrame
+{
+    Q_OBJECT
+public:
+    explicit LinkBadge(LinkControl *link, QWidget *parent = nullptr);
+
+private:
+    void refresh();
+
+    LinkControl *m_link;
+    QLabel *m_picture;
+    QLabel *m_text;
+};
+
+} // namespace pendant

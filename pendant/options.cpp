@@ -1,0 +1,79 @@
+#include "pendant/options.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace pendant {
+
+namespace {
+
+QString defaultDataFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/welmo";
+}
+
+// Beside the program as built and as installed; else wherever the system looks for libraries.
+QString defaultModulePath()
+{
+    const QFileInfo beside(QCoreApplication::applicationDirPath() + "/../lib/libwelmo.so");
+    return beside.exists() ? beside.canonicalFilePath() : QStringLiteral("libwelmo.so");
+}
+
+QString complaintAbout(const QCommandLineParser &parser, const Options &options)
+{
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
+    if (!options.language.isEmpty() && !knownLanguages().contains(options.language))
+        return QStringLiteral("unknown language '%1': en or zh_CN").arg(options.language);
+    if (!options.theme.isEmpty() && !knownThemes().contains(options.theme)
+        && !QFileInfo(options.theme).isFile())
+        return QStringLiteral("unknown theme '%1': light, dark or a theme file").arg(options.theme);
+    return {};
+}
+
+} // namespace
+
+ParsedOptions parseOptions(const QStringList &arguments)
+{
+    const QCommandLineOption language("language", "Language of all texts: en or zh_CN.", "NAME");
+    const QCommandLineOption theme("theme", "Colours: light, dark or a theme file.", "THEME");
+    const QCommandLineOption data("data", "Folder for everything that is kept.", "DIR",
+                                  defaultDataFolder());
+    const QCommandLineOption module("module", "The welding package to load.", "PATH",
+                                    defaultModulePath());
+    QCommandLineParser parser;
+    parser.setApplicationDescription("A robot pendant with the arc-welding package.");
+    const QCommandLineOption help = parser.addHelpOption();
+    parser.addOptions({language, theme, data, module});
+
+    ParsedOptions parsed;
+    if (!parser.parse(arguments)) {
+        parsed.error = parser.errorText();
+        return parsed;
+    }
+    if (parser.isSet(help))
+        parsed.help = parser.helpText();
+    parsed.options = {parser.value(language), parser.value(theme), parser.value(data),
+                      parser.value(module)};
+    parsed.error = complaintAbout(parser, parsed.options);
+    return parsed;
+}
+
+QStringList knownLanguages()
+{
+    return {QStringLiteral("en"), QStringLiteral("zh_CN")};
+}
+
+QStringList knownThemes()
+{
+    return {QStringLiteral("light"), QStringLiteral("dark")};
+}
+
+QString themeFile(const QString &name)
+{
+    return QStringLiteral(":/tessa/theme/%1.json").arg(name);
+}
+
+} // namespace pendant

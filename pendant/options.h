@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace pendant {
+
+/// What the command line asks for. An empty language or theme means "as chosen before".
+struct Options
+{
+    QString language; ///< "en" or "zh_CN"
+    QString theme; ///< "light", "dark" or the path of a theme file
+    QString dataFolder; ///< where everything that outlives a run is kept
+    QString modulePath; ///< the library that is loaded as the welding package
+};
+
+struct ParsedOptions
+{
+    Options options;
+    QString error; ///< one line when the arguments cannot be used
+    QString help; ///< the help text when that was asked for
+};
+
+/// @p arguments includes the program's name. Paths that were not given get their defaults.
+ParsedOptions parseOptions(const QStringList &arguments);
+
+/// The languages that can be asked for, English first.
+QStringList knownLanguages();
+/// The themes that come with the host, by name.
+QStringList knownThemes();
+/// The file of a theme that comes with the host.
+QString themeFile(const QString &name);
+
+} // namespace pendant

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QWidget>
+
+namespace kelp {
+class ModuleObject;
+}
+namespace pando {
+class CenterWidget;
+class ExpandSideBar;
+class StatusBar;
+} // namespace pando
+namespace tessa {
+class ManagerHelper;
+}
+
+namespace pendant {
+
+class LinkControl;
+class NavPanel;
+
+/// The pendant's screen: header, navigation, centre area, right side bar, status bar. It offers
+/// these places to modules as the frame in use.
+class PendantWindow : public QWidget
+{
+    Q_OBJECT
+public:
+    /// @p entries is the node of the navigation entries.
+    PendantWindow(tessa::ManagerHelper *helper, kelp::ModuleObject *entries, LinkControl *link);
+    ~PendantWindow() override;
+
+    pando::CenterWidget *center() { return m_center; }
+    /// Shows the page @p key and marks its entry; false when there is no such page.
+    bool showPage(const QString &key);
+
+private:
+    QWidget *makeBody(kelp::ModuleObject *entries);
+    QWidget *makeStatus(tessa::ManagerHelper *helper, LinkControl *link);
+
+    NavPanel *m_nav = nullptr;
+    pando::CenterWidget *m_center = nullptr;
+    pando::ExpandSideBar *m_side = nullptr;
+    pando::StatusBar *m_status = nullptr;
+};
+
+} // namespace pendant

@@ -1,0 +1,36 @@
+#include "pendant/pluginerrorpage.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "pendant/look.h"
+
+namespace pendant {
+
+namespace {
+
+void addFact(Card *card, const QString &caption, const QString &name, const QString &fact)
+{
+    auto *label = card->addText(caption);
+    label->setObjectName(QStringLiteral("lblCaption"));
+    auto *value = card->addText(fact);
+    value->setObjectName(name);
+    value->setTextFormat(Qt::PlainText);
+    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
+} // namespace
+
+PluginErrorPage::PluginErrorPage(const QString &path, const QString &reason, QWidget *parent)
+    : HostPage(tr("Welding package missing"), parent)
+{
+    auto *card = new Card(tr("The library could not be used"), this);
+    addFact(card, tr("Library"), QStringLiteral("lblPluginPath"), path);
+    addFact(card, tr("Reason"), QStringLiteral("lblPluginReason"), reason);
+    card->addText(tr("Build the package, or name another library with --module PATH, "
+                     "and start the pendant again."));
+    body()->addWidget(card);
+    body()->addStretch(1);
+}
+
+} // namespace pendant

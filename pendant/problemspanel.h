@@ -1,0 +1,25 @@
+#pragma once
+
+#include "pendant/hostpage.h"
+
+namespace tessa {
+class MessageLog;
+}
+
+namespace pendant {
+
+/// What the host itself has to complain about: the newest few lines, hidden while there are none.
+class ProblemsPanel : public Card
+{
+    Q_OBJECT
+public:
+    explicit ProblemsPanel(tessa::MessageLog *log, QWidget *parent = nullptr);
+
+private:
+    void refresh();
+
+    tessa::MessageLog *m_log;
+    QLabel *m_lines;
+};
+
+} // namespace pendant
