@@ -38,6 +38,7 @@ Host::Host(const HostOptions &options)
 
 Host::~Host()
 {
+    m_keys.releaseAll();
     m_helper.framework()->stop();
     m_service.setLink(nullptr);
     m_link.reset();

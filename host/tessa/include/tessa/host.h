@@ -6,6 +6,7 @@
 
 #include "kelp/workspace.h"
 #include "tessa/managerhelper.h"
+#include "tessa/physicalbutton.h"
 #include "tessa/xservice.h"
 
 namespace tessa {
@@ -30,6 +31,7 @@ public:
 
     XService *service() { return &m_service; }
     ManagerHelper *helper() { return &m_helper; }
+    PhysicalKeys *keys() { return &m_keys; }
     kelp::Workspace *workspace() { return &m_workspace; }
 
     /// Takes over the link and opens it.
@@ -41,6 +43,7 @@ private:
 
     kelp::Workspace m_workspace;
     XService m_service;
+    PhysicalKeys m_keys; // outlives the modules, whose keys it releases
     ManagerHelper m_helper;
     std::unique_ptr<ControllerLink> m_link;
 };

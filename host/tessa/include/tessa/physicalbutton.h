@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QIcon>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <vector>
+
+namespace tessa {
+
+/// One freely assignable key of the pendant's handle.
+struct PhysicalButton
+{
+    QString label;
+    QIcon unpressed;
+    QIcon pressed;
+    std::function<void(bool pressed)>
+        action; ///< true when the key goes down, false when it comes up
+};
+
+/// The handle keys of a running host. Every press is followed by exactly one release, whatever
+/// happens to the key meanwhile; a key of a disabled set does nothing.
+class PhysicalKeys : public QObject
+{
+    Q_OBJECT
+public:
+    struct Set
+    {
+        QString name;
+        QList<PhysicalButton> firstGroup;
+        QList<PhysicalButton> secondGroup;
+        bool enabled = false;
+    };
+
+    using QObject::QObject;
+    ~PhysicalKeys() override;
+
+    /// Adds the set, or replaces the one of that name. It goes with its owner, silently.
+    void regist(QObject *owner, const Set &set);
+    /// Switches a set; keys of it that are held get their release at once.
+    void setEnabled(const QString &name, bool enabled);
+
+    /// All keys: each set's first group, then its second, in registration order.
+    int count() const;
+    const PhysicalButton &button(int key) const;
+    bool isEnabled(int key) const;
+    bool isHeld(int key) const;
+
+    /// A key went down. Nothing when it is disabled or held already; a key that is held while
+    /// disabled has to be pressed afresh.
+    void press(int key);
+    void release(int key);
+    /// Gives every held key its release: the window lost the operator's hand.
+    void releaseAll();
+
+signals:
+    /// Sets were added, replaced or removed.
+    void setsChanged();
+    void enabledChanged();
+    void heldChanged(int key, bool held);
+
+private:
+    struct Entry
+    {
+        Set set;
+        QPointer<QObject> owner;
+        std::vector<bool> held;
+    };
+
+    std::pair<const Entry *, int> find(int key) const;
+    std::pair<Entry *, int> find(int key);
+    void releaseSet(Entry &entry);
+    void remove(QObject *owner);
+
+    std::vector<Entry> m_entries;
+};
+
+} // namespace tessa
+
+/// Registers a set of handle keys in two groups for @p owner. The keys start disabled. @p places
+/// names places on the handle; this host has none to name and ignores it.
+void registerPhysicalButtons(QObject *owner, const QString &set,
+                             const QList<tessa::PhysicalButton> &firstGroup,
+                             const QList<tessa::PhysicalButton> &secondGroup,
+                             const QStringList &places);
+
+/// Switches a whole set on or off.
+void enableRegisterPhysicalButtons(QObject *owner, const QString &set, bool enabled);

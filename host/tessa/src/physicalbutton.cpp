@@ -1,0 +1,150 @@
+#include "tessa/physicalbutton.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "tessa/host.h"
+
+namespace tessa {
+
+PhysicalKeys::~PhysicalKeys()
+{
+    releaseAll();
+}
+
+void PhysicalKeys::regist(QObject *owner, const Set &set)
+{
+    const auto same = std::find_if(m_entries.begin(), m_entries.end(),
+                                   [&](const Entry &entry) { return entry.set.name == set.name; });
+    const size_t keys = size_t(set.firstGroup.size() + set.secondGroup.size());
+    Entry entry{set, owner, std::vector<bool>(keys, false)};
+    if (same != m_entries.end()) {
+        releaseSet(*same);
+        *same = std::move(entry);
+    } else {
+        m_entries.push_back(std::move(entry));
+    }
+    connect(owner, &QObject::destroyed, this, &PhysicalKeys::remove, Qt::UniqueConnection);
+    emit setsChanged();
+}
+
+void PhysicalKeys::remove(QObject *owner)
+{
+    Q_UNUSED(owner) // its pointer is null by now
+    m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(),
+                                   [](const Entry &entry) { return entry.owner.isNull(); }),
+                    m_entries.end());
+    emit setsChanged();
+}
+
+void PhysicalKeys::setEnabled(const QString &name, bool enabled)
+{
+    for (Entry &entry : m_entries) {
+        if (entry.set.name != name || entry.set.enabled == enabled)
+            continue;
+        entry.set.enabled = enabled;
+        if (!enabled)
+            releaseSet(entry);
+        emit enabledChanged();
+    }
+}
+
+std::pair<const PhysicalKeys::Entry *, int> PhysicalKeys::find(int key) const
+{
+    for (const Entry &entry : m_entries) {
+        const int count = int(entry.held.size());
+        if (key < count)
+            return {&entry, key};
+        key -= count;
+    }
+    return {nullptr, -1};
+}
+
+std::pair<PhysicalKeys::Entry *, int> PhysicalKeys::find(int key)
+{
+    const auto [entry, index] = std::as_const(*this).find(key);
+    return {const_cast<Entry *>(entry), index};
+}
+
+int PhysicalKeys::count() const
+{
+    int sum = 0;
+    for (const Entry &entry : m_entries)
+        sum += int(entry.held.size());
+    return sum;
+}
+
+const PhysicalButton &PhysicalKeys::button(int key) const
+{
+    const auto [entry, index] = find(key);
+    const int first = entry->set.firstGroup.size();
+    return index < first ? entry->set.firstGroup.at(index)
+                         : entry->set.secondGroup.at(index - first);
+}
+
+bool PhysicalKeys::isEnabled(int key) const
+{
+    const auto [entry, index] = find(key);
+    return entry && entry->set.enabled;
+}
+
+bool PhysicalKeys::isHeld(int key) const
+{
+    const auto [entry, index] = find(key);
+    return entry && entry->held[size_t(index)];
+}
+
+void PhysicalKeys::press(int key)
+{
+    const auto [entry, index] = find(key);
+    if (!entry || !entry->set.enabled || entry->held[size_t(index)])
+        return;
+    entry->held[size_t(index)] = true;
+    const auto action = button(key).action; // the action may change the sets
+    emit heldChanged(key, true);
+    action(true);
+}
+
+void PhysicalKeys::release(int key)
+{
+    const auto [entry, index] = find(key);
+    if (!entry || !entry->held[size_t(index)])
+        return;
+    entry->held[size_t(index)] = false;
+    const auto action = button(key).action;
+    emit heldChanged(key, false);
+    action(false);
+}
+
+void PhysicalKeys::releaseSet(Entry &entry)
+{
+    int key = 0;
+    for (const Entry &other : m_entries) {
+        if (&other == &entry)
+            break;
+        key += int(other.held.size());
+    }
+    const int end = key + int(entry.held.size());
+    for (; key < end; ++key)
+        release(key);
+}
+
+void PhysicalKeys::releaseAll()
+{
+    for (int key = 0; key < count(); ++key)
+        release(key);
+}
+
+} // namespace tessa
+
+void registerPhysicalButtons(QObject *owner, const QString &set,
+                             const QList<tessa::PhysicalButton> &firstGroup,
+                             const QList<tessa::PhysicalButton> &secondGroup, const QStringList &)
+{
+    tessa::Host::current()->keys()->regist(owner, {set, firstGroup, secondGroup, false});
+}
+
+void enableRegisterPhysicalButtons(QObject *, const QString &set, bool enabled)
+{
+    tessa::Host::current()->keys()->setEnabled(set, enabled);
+}
