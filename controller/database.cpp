@@ -55,8 +55,9 @@ QString Database::openFile(const QString &file)
         return tr("cannot be opened (%1)").arg(errorText());
     if (sqlite3_db_readonly(m_handle, "main") == 1)
         return tr("cannot be written");
-    // Until the file is known to be ours, not even its log is merged into it.
-    sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    // Until the file is known to be ours, the log that somebody left is not merged into it.
+    const bool hasLog = QFile::exists(file + QStringLiteral("-wal"));
+    sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, hasLog ? 1 : 0, nullptr);
     if (const QString reason = inspect(); !reason.isEmpty())
         return reason;
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
@@ -82,7 +83,7 @@ QString Database::inspect()
     if (const QString reason = inspectHeader(&isNew); !reason.isEmpty())
         return reason;
     if (const QString verdict = readText("PRAGMA quick_check(1)"); verdict != QLatin1String("ok"))
-        return tr("is damaged (%1)").arg(verdict.isEmpty() ? errorText() : verdict);
+        return tr("is damaged (%1)").arg(verdict.isEmpty() ? errorText() : verdict.simplified());
     if (!configure() || (isNew && !createTables()))
         return tr("cannot be set up (%1)").arg(errorText());
     return {};
@@ -95,7 +96,7 @@ QString Database::inspectHeader(bool *isNew)
     qint64 tables = 0;
     if (!readNumber("PRAGMA application_id", &id) || !readNumber("PRAGMA user_version", &version)
         || !readNumber("SELECT count(*) FROM sqlite_master", &tables))
-        return tr("is not a controller store (%1)").arg(errorText());
+        return unreadable();
     *isNew = id == 0 && version == 0 && tables == 0;
     if (*isNew)
         return {};
@@ -106,6 +107,14 @@ QString Database::inspectHeader(bool *isNew)
             .arg(version)
             .arg(schemaVersion);
     return {};
+}
+
+QString Database::unreadable() const
+{
+    const QString reason = sqlite3_errcode(m_handle) == SQLITE_NOTADB
+        ? tr("is not a controller store (%1)")
+        : tr("is damaged (%1)");
+    return reason.arg(errorText());
 }
 
 bool Database::configure()

@@ -35,6 +35,7 @@ private:
     QString lockFile(const QString &file);
     QString inspect();
     QString inspectHeader(bool *isNew);
+    QString unreadable() const;
     bool configure();
     bool createTables();
     bool readNumber(const char *sql, qint64 *number);

@@ -89,19 +89,20 @@ QString FarEnd::startController()
 {
     QString reason;
     const QString file = QDir(m_dataFolder).filePath(QStringLiteral("controller.db"));
-    m_store = m_dataFolder.isEmpty() ? controller::Store::inMemory()
-                                     : controller::Store::open(file, &reason);
-    if (!m_store)
+    auto store = m_dataFolder.isEmpty() ? controller::Store::inMemory()
+                                        : controller::Store::open(file, &reason);
+    if (!store)
         return reason;
-    auto started = std::make_unique<controller::Controller>(*m_store, m_faults, m_journal, m_clock);
+    auto started = std::make_unique<controller::Controller>(*store, m_faults, m_journal, m_clock);
     if (const controller::Reply reply = started->start(); !reply.ok()) {
-        m_store.reset();
-        return QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), reply.text);
+        return tr("%1: the project data cannot be kept (%2)")
+            .arg(QDir::toNativeSeparators(file), reply.text);
     }
     started->setNotify([this](const QString &path, const QVariant &values) {
         if (m_watched.contains(path))
             emit notified(m_session, path, values);
     });
+    m_store = std::move(store);
     m_controller = std::move(started);
     return {};
 }

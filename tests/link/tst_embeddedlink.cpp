@@ -2,6 +2,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <atomic>
+#include <future>
+#include <mutex>
+#include <thread>
 
 #include "link/embeddedlink.h"
 
@@ -31,16 +34,31 @@ QVariantMap file(const QString &name, double current)
     return {{QStringLiteral("name"), name}, {QStringLiteral("current"), current}};
 }
 
-/// A link with a clock that the test turns.
+/// A clock that the test turns. The controller reads it again and again, so holding its gate stops
+/// the link's thread.
+struct Hands
+{
+    std::atomic<qint64> now{0};
+    std::atomic<int> readings{0};
+    std::mutex gate;
+
+    qint64 read()
+    {
+        const std::lock_guard lock(gate);
+        ++readings;
+        return now;
+    }
+};
+
 struct Bench
 {
-    std::shared_ptr<std::atomic<qint64>> now = std::make_shared<std::atomic<qint64>>(0);
+    std::shared_ptr<Hands> hands = std::make_shared<Hands>();
     std::unique_ptr<EmbeddedLink> link;
 
     explicit Bench(const QString &folder = {})
     {
         link = std::make_unique<EmbeddedLink>(
-            EmbeddedLink::Options{folder, [now = now] { return now->load(); }});
+            EmbeddedLink::Options{folder, [hands = hands] { return hands->read(); }});
     }
 
     LinkReply call(Kind kind, const QString &path, const QString &key = {},
@@ -72,6 +90,7 @@ private slots:
     void noSlotRunsInsideACall();
     void linkDownIsNoticedWithoutACall();
     void breakFailsThePendingCall();
+    void callIntoABrokenLink();
     void operatorsSwitch();
     void notifiesOnlyWhatIsWatched();
     void subscriptionsEndWithTheSession();
@@ -80,6 +99,7 @@ private slots:
     void storeThatHealsBringsTheLinkUp();
     void endsCleanly_data();
     void endsCleanly();
+    void endsWhenTheBusyThreadIsDone();
 };
 
 void tst_EmbeddedLink::answersAndKeeps()
@@ -149,7 +169,7 @@ void tst_EmbeddedLink::lateAnswerIsNotTheNextCallsAnswer()
     QCOMPARE(bench.call(Kind::Get, arcOn, first, {}, impatient).code, LinkReply::TimedOut);
     bench.link->faults()->clear();
     QTRY_VERIFY(bench.link->isUp());
-    *bench.now += 1000;
+    bench.hands->now += 1000;
     QCOMPARE(bench.call(Kind::Get, arcOn, second).value, QVariant(file(second, 2)));
 }
 
@@ -157,13 +177,14 @@ void tst_EmbeddedLink::whatTimedOutInTheQueueIsNotCarriedOut()
 {
     const Bench bench;
     QVERIFY(bench.comeUp());
-    // With no patience at all the call is given up before the far end may have seen it; whatever
-    // the far end made of it, the link must be down and the mode either old or new, never torn.
-    const LinkReply reply = bench.call(Kind::Command, setMode, {}, mode("real"), 0);
-    QVERIFY(reply.code == 0 || reply.code == LinkReply::TimedOut);
+    {
+        const std::lock_guard stopped(bench.hands->gate);
+        bench.link->faults()->clear(); // the link's thread looks at the clock for it, and stops
+        const LinkReply reply = bench.call(Kind::Command, setMode, {}, mode("real"), impatient);
+        QCOMPARE(reply.code, LinkReply::TimedOut);
+    }
     QTRY_VERIFY(bench.link->isUp());
-    QCOMPARE(bench.call(Kind::Command, setMode, {}, mode("simu")).code, 0);
-    QCOMPARE(bench.call(Kind::Get, modeNode).value, QVariant(mode("simu")));
+    QCOMPARE(bench.call(Kind::Get, modeNode).value, QVariant(mode("test_run")));
 }
 
 void tst_EmbeddedLink::noSlotRunsInsideACall()
@@ -201,9 +222,24 @@ void tst_EmbeddedLink::breakFailsThePendingCall()
 {
     const Bench bench;
     QVERIFY(bench.comeUp());
-    // Both take effect on the link's thread, the call waits meanwhile: for the break, not the
-    // limit.
-    bench.link->faults()->set(Fault::LinkDown, true);
+    bench.link->faults()->setDelay(1000);
+    std::thread breaker([link = bench.link.get()] {
+        while (link->journal().entries().isEmpty())
+            std::this_thread::yield();
+        link->faults()->set(Fault::LinkDown, true); // carried out, and the answer on its way
+    });
+    const LinkReply reply = bench.call(Kind::Command, QStringLiteral("arc_weld.gas_flow"));
+    breaker.join();
+    QCOMPARE(reply.code, LinkReply::Lost);
+    QVERIFY(!bench.link->isUp());
+}
+
+void tst_EmbeddedLink::callIntoABrokenLink()
+{
+    const Bench bench;
+    QVERIFY(bench.comeUp());
+    bench.link->faults()->set(Fault::LinkDown, true); // not noticed yet on this side
+    QVERIFY(bench.link->isUp());
     QCOMPARE(bench.call(Kind::Get, modeNode).code, LinkReply::Lost);
     QVERIFY(!bench.link->isUp());
 }
@@ -331,6 +367,26 @@ void tst_EmbeddedLink::endsCleanly()
     }
     const Bench next(folder.path());
     QVERIFY(next.comeUp());
+}
+
+void tst_EmbeddedLink::endsWhenTheBusyThreadIsDone()
+{
+    Bench bench;
+    QVERIFY(bench.comeUp());
+    std::promise<void> stopped;
+    std::promise<void> ending;
+    std::thread blocker([&stopped, &ending, hands = bench.hands] {
+        const std::lock_guard gate(hands->gate);
+        stopped.set_value();
+        ending.get_future().wait();
+    });
+    stopped.get_future().wait();
+    bench.link->faults()->clear();
+    const LinkReply reply = bench.call(Kind::Command, setMode, {}, mode("real"), impatient);
+    ending.set_value();
+    bench.link.reset();
+    blocker.join();
+    QCOMPARE(reply.code, LinkReply::TimedOut);
 }
 
 QTEST_GUILESS_MAIN(tst_EmbeddedLink)

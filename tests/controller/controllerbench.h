@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QVector>
+#include <memory>
+
+#include "controller/controller.h"
+
+/// A controller with a store in memory, a clock that the test turns, and every notification noted.
+struct ControllerBench
+{
+    using Kind = controller::Request::Kind;
+    struct Told
+    {
+        QString path;
+        QVariant values;
+    };
+
+    qint64 now = 1000;
+    std::unique_ptr<controller::Store> store = controller::Store::inMemory();
+    controller::Faults faults;
+    controller::Journal journal;
+    controller::Controller controller{*store, faults, journal, [this] { return now; }};
+    QVector<Told> told;
+
+    ControllerBench()
+    {
+        controller.setNotify([this](const QString &path, const QVariant &values) {
+            told.append({path, values});
+        });
+        controller.start();
+        told.clear();
+    }
+
+    controller::Reply get(const char *path, const QString &key = {})
+    {
+        return controller.handle({Kind::Get, QString::fromLatin1(path), key, {}});
+    }
+    controller::Reply set(const char *path, const QString &key, const QVariant &payload)
+    {
+        return controller.handle({Kind::Set, QString::fromLatin1(path), key, payload});
+    }
+    controller::Reply run(const char *command, const QVariant &payload = {},
+                          const char *payloadName = "")
+    {
+        return controller.handle({Kind::Command, QString::fromLatin1(command),
+                                  QString::fromLatin1(payloadName), payload});
+    }
+    /// The values last told of @p path; invalid when there were none.
+    QVariant lastTold(const char *path) const
+    {
+        for (int i = told.size() - 1; i >= 0; --i) {
+            if (told.at(i).path == QLatin1String(path))
+                return told.at(i).values;
+        }
+        return {};
+    }
+    QVector<controller::Journal::Event> events() const
+    {
+        QVector<controller::Journal::Event> result;
+        const auto entries = journal.entries();
+        for (const auto &entry : entries)
+            result.append(entry.event);
+        return result;
+    }
+};
