@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <stdexcept>
+
+class QAbstractSpinBox;
+class QComboBox;
+class QWidget;
+
+namespace testsupport {
+
+/// What the operator wanted to touch is not there, covered, or cannot be used.
+class OutOfReach : public std::runtime_error
+{
+public:
+    explicit OutOfReach(const QString &why);
+};
+
+/// Touches widgets as an operator does: through the window system, at the place where the widget
+/// is seen. Throws OutOfReach where an operator could not have done it.
+namespace finger {
+
+/// Touches the middle of @p target, which is scrolled into sight first.
+void touch(QWidget *target);
+/// Opens the combo and touches its row @p row.
+void choose(QComboBox *combo, int row);
+/// Replaces what stands in the field by typing @p text, and leaves the field.
+void type(QAbstractSpinBox *field, const QString &text);
+
+} // namespace finger
+
+} // namespace testsupport

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QTemporaryDir>
+#include <QVariant>
+#include <QWidget>
+#include <memory>
+
+#include "link/embeddedlink.h"
+#include "pendant/options.h"
+#include "pendant/pendantapp.h"
+#include "support/finger.h"
+#include "support/logguard.h"
+#include "tessa/host.h"
+
+namespace testsupport {
+
+struct Setup
+{
+    QString language = QStringLiteral("en");
+    QString theme = QStringLiteral("light");
+    QString dataFolder; ///< empty: a folder that goes with the pendant
+    QString modulePath; ///< empty: the package as built
+    bool keepFiles = false; ///< the controller's files on disk instead of in memory
+    bool connects = true; ///< false: do not wait for a controller that cannot come up
+};
+
+/// A whole pendant: the real window, the real library, a controller in this process. It is up and
+/// connected when the constructor is through.
+class TestPendant
+{
+public:
+    explicit TestPendant(const Setup &setup = {});
+    ~TestPendant();
+
+    /// Waits until the link is up; false when it does not come up.
+    bool waitConnected() { return waitLink(true); }
+    /// Waits until the link is down; false when it stays up.
+    bool waitDisconnected() { return waitLink(false); }
+    /// Closes the window and starts the pendant again, as if it had been switched off and on.
+    void restart(const Setup &setup);
+    void restart() { restart(m_setup); }
+
+    pendant::PendantApp &app() { return *m_app; }
+    QWidget *window();
+    tessa::Host *host() { return m_app->host(); }
+    controller::Faults *faults() { return m_link->faults(); }
+    const controller::Journal &journal() const { return m_link->journal(); }
+    QString dataFolder() const { return m_setup.dataFolder; }
+    LogGuard &guard() { return m_guard; }
+
+    /// The widget of that name, in the window; throws OutOfReach when there is none.
+    template<typename Widget = QWidget>
+    Widget *find(const QString &name)
+    {
+        if (auto *widget = window()->findChild<Widget *>(name))
+            return widget;
+        throw OutOfReach("there is no " + name);
+    }
+    void click(const QString &name) { finger::touch(find(name)); }
+    /// Touches the row that shows @p text, or the row that stands for @p code.
+    void choose(const QString &combo, const QString &text);
+    void chooseCode(const QString &combo, const QVariant &code);
+    /// Chooses in a combo of the Home page, which starts the pendant anew; waits until it is up.
+    void changeDisplay(const QString &combo, const QString &code);
+    void type(const QString &spinBox, const QString &text);
+    /// Touches the entry of the navigation on the left.
+    void open(const QString &entryKey) { click("nav_" + entryKey); }
+
+    /// The messages so far, newest first.
+    const QVector<tessa::MessageLog::Entry> &messages();
+    /// The newest message as "level: text"; empty when there is none.
+    QString lastMessage();
+    /// Writes a picture of the whole window; false when that fails.
+    bool picture(const QString &file);
+
+private:
+    void start();
+    bool waitLink(bool up);
+
+    LogGuard m_guard;
+    QTemporaryDir m_folder;
+    Setup m_setup;
+    links::EmbeddedLink *m_link = nullptr;
+    std::unique_ptr<pendant::PendantApp> m_app;
+};
+
+} // namespace testsupport
