@@ -1,0 +1,33 @@
+// The main job unattended: real window, real library, real touches; the exit status is the verdict.
+
+#include <QApplication>
+#include <QDir>
+#include <cstdio>
+
+#include "tour/steps.h"
+#include "tour/tour.h"
+
+namespace {
+
+constexpr void (*walk[])(tour::Tour &) = {
+    tour::firstStart, tour::processSetting, tour::restart, tour::linkDown,
+    tour::hostPages,  tour::darkTheme,      tour::chinese,
+};
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication app(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 2 || !QDir().mkpath(arguments.at(1))) {
+        std::fputs("usage: welmo-tour DIR\n", stderr);
+        return 2;
+    }
+    tour::Tour tour(arguments.at(1));
+    for (const auto &steps : walk)
+        steps(tour);
+    std::printf("%s\n", tour.failures() == 0 ? "the tour is complete" : "the tour failed");
+    return tour.failures() == 0 ? 0 : 1;
+}
