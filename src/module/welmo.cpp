@@ -11,6 +11,7 @@
 #include <vu/xnav.h>
 
 #include "page/arcweldpage.h"
+#include "page/monitorpage.h"
 
 namespace {
 
@@ -57,6 +58,13 @@ void Welmo::setup()
     auto *page = new ArcWeldPage(center, this);
     addSubmodule(page);
     center->addPage(this, pageKey, page->wgt());
+
+    pando::ExpandSideBar *sideBar = instantiatedRightExpandSideWidget(this);
+    if (!sideBar)
+        return;
+    auto *monitor = new MonitorPage(sideBar, this);
+    addSubmodule(monitor);
+    sideBar->addPage(this, pageKey, monitor->wgt());
 }
 
 QString welmo::version()

@@ -5,10 +5,12 @@
 #include <kelp/registry.h>
 #include <pando/frame.h>
 #include <tessa/managerhelper.h>
+#include <tessa/physicalbutton.h>
 #include <vu/stylesheet.h>
 #include <vu/xtheme.h>
 
 #include "data/controller.h"
+#include "page/handlekeys.h"
 #include "page/weldmodeindicator.h"
 #include "settings/devicessettingpage.h"
 #include "settings/processsettingspage.h"
@@ -30,6 +32,7 @@ ArcWeldPage::ArcWeldPage(QWidget *parent, QObject *owner)
     : BasePage(QStringLiteral("welmo"), tr("Arc Weld"), owner)
     , m_wgt(new QWidget(parent))
     , ui(std::make_unique<Ui::ArcWeldPage>())
+    , m_keys(new HandleKeys(this))
 {
     bindMobj(QStringLiteral("welmo"));
     ui->setupUi(m_wgt);
@@ -131,8 +134,26 @@ void ArcWeldPage::show(SubPageCfg &entry)
     m_currentPage = entry.page;
 }
 
+void ArcWeldPage::registerArcButton()
+{
+    m_keys->registerArcButton();
+}
+
+void ArcWeldPage::followEnableLeaf()
+{
+    kelp::ModuleObject *leaf = m(QStringLiteral("welmo.device.enable"));
+    const auto apply = [this](const QVariant &value) {
+        enableRegisterPhysicalButtons(this, HandleKeys::setName, value.toBool());
+    };
+    leaf->watch(true, false);
+    connect(leaf, &kelp::ModuleObject::changed, this, apply);
+    apply(leaf->value());
+}
+
 void ArcWeldPage::init()
 {
+    registerArcButton();
+    followEnableLeaf();
     autoUpdate(true, true, true, false);
     connect(tessa::ManagerHelper::instance()->controllerManager(),
             &tessa::ControllerManager::rcConnected, this, [this] {

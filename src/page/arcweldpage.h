@@ -12,6 +12,7 @@ namespace Ui {
 class ArcWeldPage;
 }
 class BaseSubPage;
+class HandleKeys;
 class QToolButton;
 class WeldModeIndicator;
 
@@ -42,6 +43,9 @@ public:
     /// subscribes to what the page shows.
     void loadFromRC();
 
+    /// Hands the handle keys to the host.
+    void registerArcButton();
+
 public slots:
     /// Shows the sub-page whose button sent the click.
     void switchPage();
@@ -53,6 +57,7 @@ private:
     void show(SubPageCfg &entry);
     void leave(SubPageCfg &entry);
     void paintIcon(const SubPageCfg &entry, const QString &ink);
+    void followEnableLeaf();
     void onWeldModeChanged(const QVariant &value);
     void loadWelderSetting();
 
@@ -61,5 +66,6 @@ private:
     QList<SubPageCfg> m_entries;
     QToolButton *m_currentButton = nullptr;
     BaseSubPage *m_currentPage = nullptr;
+    HandleKeys *m_keys;
     QPointer<WeldModeIndicator> m_modeIndicator;
 };

@@ -1,0 +1,168 @@
+#include "page/handlekeys.h"
+
+#include <QtMath>
+
+#include <kelp/moduleobject.h>
+#include <pando/bmodule.h>
+#include <pando/frame.h>
+#include <tessa/managerhelper.h>
+#include <tessa/physicalbutton.h>
+
+#include "data/controller.h"
+#include "data/report.h"
+#include "data/weldmode.h"
+
+const QString HandleKeys::setName = QStringLiteral("welmo_monitor");
+
+namespace {
+
+const QString pageKey = QStringLiteral("welmo.page");
+constexpr int jogIntervalMs = 250;
+
+int jogPercent()
+{
+    return int(std::lround(m(QStringLiteral("orbo.handle.jog.override"))->getDouble() * 100));
+}
+
+void setJogPercent(QObject *sender, int percent)
+{
+    m(QStringLiteral("orbo.handle.jog"))
+        ->set(sender, QStringLiteral("override"), percent / 100.0, true);
+}
+
+} // namespace
+
+struct HandleKeys::WireMove
+{
+    QString payload; ///< misspelt "wire_feel" on the controller's side
+    QString child;
+    QString downText;
+    QString upText;
+};
+
+HandleKeys::HandleKeys(QObject *page)
+    : QObject(page)
+    , m_page(page)
+{
+    connect(&m_jogUp, &QTimer::timeout, this, &HandleKeys::onJogVAddTimeOut);
+    connect(&m_jogDown, &QTimer::timeout, this, &HandleKeys::onJogVMinusTimeOut);
+}
+
+void HandleKeys::registerArcButton()
+{
+    const WireMove feed{QStringLiteral("wire_feel"), QStringLiteral("feed"), tr("wire feeding"),
+                        tr("cancel wire feeding")};
+    const WireMove back{QStringLiteral("wire_feel_back"), QStringLiteral("reverse"),
+                        tr("wire reverse"), tr("cancel wire reverse")};
+    const auto key = [](const QString &label, const QString &picture,
+                        std::function<void(bool)> action) {
+        auto *theme = tessa::ManagerHelper::instance()->themeManager();
+        const QString group = QStringLiteral("handle");
+        return tessa::PhysicalButton{label, theme->getIcon(group, picture + "Unpressed"),
+                                     theme->getIcon(group, picture + "Pressed"), std::move(action)};
+    };
+    const QList<tessa::PhysicalButton> first{
+        key(tr("Wire feed"), "feedWire", [=](bool down) { moveWire(feed, down); }),
+        key(tr("Air supply"), "gas", [=](bool down) { supplyGas(down); }),
+        key(tr("Jog V+"), "jogV+",
+            [=](bool down) { jog(m_jogUp, &HandleKeys::onJogVAddTimeOut, down); }),
+        key(tr("Mode switching"), "switchMode", [=](bool down) { switchMode(down); }),
+    };
+    const QList<tessa::PhysicalButton> second{
+        key(tr("Pull back wire"), "pullWire", [=](bool down) { moveWire(back, down); }),
+        key(tr("Monitor"), "monitor", [=](bool down) { toggleMonitor(down); }),
+        key(tr("Jog V-"), "jogV-",
+            [=](bool down) { jog(m_jogDown, &HandleKeys::onJogVMinusTimeOut, down); }),
+    };
+    registerPhysicalButtons(m_page, setName, first, second, {QString()});
+}
+
+bool HandleKeys::checkConnected() const
+{
+    const bool connected = welmo::controller::isConnected();
+    if (!connected)
+        welmo::report::error(nullptr, tr("tessa not connected"));
+    return connected;
+}
+
+bool HandleKeys::checkWelderState() const
+{
+    const bool fine = welmo::controller::welderState(m_page) != QLatin1String("error");
+    if (!fine)
+        welmo::report::error(nullptr, tr("welder state error"));
+    return fine;
+}
+
+void HandleKeys::moveWire(const WireMove &move, bool down)
+{
+    // A release is sent even when the link looks down: the wire must not be left moving.
+    if (down && !checkConnected())
+        return;
+    if (!checkWelderState())
+        return;
+    const QString action = down ? move.downText : move.upText;
+    kelp::ModuleObject payload(move.payload);
+    payload.set(nullptr, move.child, down);
+    const QString command = welmo::controller::node(QStringLiteral("wire_feed"));
+    if (xservice()->execCommand(nullptr, command, &payload)->getInt(0) != 0)
+        welmo::report::error(nullptr, tr("%1 fail").arg(action));
+    else
+        welmo::report::info(nullptr, tr("%1 success").arg(action));
+}
+
+void HandleKeys::supplyGas(bool down)
+{
+    if (!down && checkWelderState())
+        xservice()->execCommand(nullptr, welmo::controller::node(QStringLiteral("gas_flow")));
+}
+
+void HandleKeys::jog(QTimer &timer, void (HandleKeys::*step)(), bool down)
+{
+    if (!down) {
+        timer.stop();
+        return;
+    }
+    timer.start(jogIntervalMs);
+    (this->*step)(); // after the start, so that the limit can stop it at once
+}
+
+void HandleKeys::onJogVAddTimeOut()
+{
+    const int highest = m(QStringLiteral("orbo.handle.max_jog_speed"))->getInt(100);
+    const int next = jogPercent() + 1;
+    if (highest < next)
+        m_jogUp.stop();
+    else
+        setJogPercent(m_page, next);
+}
+
+void HandleKeys::onJogVMinusTimeOut()
+{
+    constexpr int lowest = 1;
+    const int next = jogPercent() - 1;
+    if (next < lowest)
+        m_jogDown.stop();
+    else
+        setJogPercent(m_page, next);
+}
+
+void HandleKeys::switchMode(bool down)
+{
+    if (!down || !checkConnected() || !checkWelderState())
+        return;
+    const QString current = m(QStringLiteral("welmo.welding_options.weld_mode"))->getString();
+    kelp::ModuleObject payload(QStringLiteral("target_mode"));
+    payload.set(nullptr, QStringLiteral("mode"), welmo::weldmode::next(current));
+    const QString command = welmo::controller::node(QStringLiteral("set_weld_mode"));
+    if (xservice()->execCommand(nullptr, command, &payload)->getInt(0) != 0)
+        welmo::report::error(nullptr, tr("Switching welding operation mode failed!"));
+}
+
+void HandleKeys::toggleMonitor(bool down)
+{
+    auto *bar = instantiatedRightExpandSideWidget(qobject_cast<pando::BModule *>(m_page));
+    if (down || !bar)
+        return;
+    bar->switchTo(pageKey);
+    bar->setVisible(!bar->isVisible());
+}
