@@ -22,7 +22,11 @@ EmbeddedLink::EmbeddedLink(const Options &options, QObject *parent)
     connect(&m_retry, &QTimer::timeout, this, &EmbeddedLink::greet);
     connect(m_farEnd, &FarEnd::greeted, this, &EmbeddedLink::onGreeted);
     connect(m_farEnd, &FarEnd::broken, this, &EmbeddedLink::onBroken);
-    connect(m_farEnd, &FarEnd::notified, this, &EmbeddedLink::onNotified);
+    connect(
+        m_farEnd, &FarEnd::notified, &m_queue,
+        [this](int, const QString &path, const QVariant &values) { m_queue.push(path, values); },
+        Qt::DirectConnection);
+    connect(&m_queue, &tessa::NotificationQueue::delivered, this, &EmbeddedLink::onDelivered);
     connect(m_farEnd, &FarEnd::problem, this, &ControllerLink::problem);
     connect(&m_thread, &QThread::finished, m_farEnd, &QObject::deleteLater);
     m_thread.setObjectName(QStringLiteral("controller"));
@@ -90,6 +94,7 @@ void EmbeddedLink::onGreeted(int session)
         return;
     m_state = State::Up;
     m_retry.stop();
+    m_queue.clear(); // what an earlier session left behind
     emit upChanged(true);
 }
 
@@ -99,9 +104,9 @@ void EmbeddedLink::onBroken(int session)
         goDown(State::Connecting);
 }
 
-void EmbeddedLink::onNotified(int session, const QString &path, const QVariant &values)
+void EmbeddedLink::onDelivered(const QString &path, const QVariant &values)
 {
-    if (isUp() && session == m_session)
+    if (isUp())
         emit notified(path, values);
 }
 

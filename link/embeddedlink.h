@@ -7,6 +7,7 @@
 #include "controller/faults.h"
 #include "controller/journal.h"
 #include "tessa/controllerlink.h"
+#include "tessa/notificationqueue.h"
 
 namespace links {
 
@@ -48,13 +49,14 @@ private:
     void goDown(State next);
     void onGreeted(int session);
     void onBroken(int session);
-    void onNotified(int session, const QString &path, const QVariant &values);
+    void onDelivered(const QString &path, const QVariant &values);
     template<typename Work>
     void post(Work work);
 
     controller::Faults m_faults;
     controller::Journal m_journal;
     QThread m_thread;
+    tessa::NotificationQueue m_queue;
     FarEnd *m_farEnd; // lives on the thread and goes with it
     QTimer m_retry;
     State m_state = State::Closed;
