@@ -55,9 +55,9 @@ HeaderBar::HeaderBar(ControllerStatus *status, LinkControl *link, QWidget *paren
         addSelector(QStringLiteral("cbxPower"), tr("Power"), {tr("Power off"), tr("Power on")});
     m_level = addSelector(QStringLiteral("cbxLevel"), tr("User level"),
                           {tr("Viewer"), tr("Operator"), tr("Programmer"), tr("Administrator")});
-    layout->addSpacing(12);
+    layout->addSpacing(8);
     auto *badge = new LinkBadge(link, this);
-    badge->setFixedWidth(136);
+    badge->setFixedWidth(LinkBadge::fixedWidth);
     layout->addWidget(badge);
     m_switch = new EnableButton(this);
     m_switch->setObjectName(QStringLiteral("btnLink"));

@@ -1,6 +1,7 @@
 #include "pendant/homepage.h"
 
 #include <QComboBox>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,6 +24,8 @@ QComboBox *makeChoice(QWidget *parent, const QString &name, const QStringList &t
     combo->setView(new QListView(combo));
     for (int i = 0; i < values.size(); ++i)
         combo->addItem(texts.at(i), values.at(i));
+    if (!values.contains(current))
+        combo->addItem(QFileInfo(current).fileName(), current);
     combo->setCurrentIndex(combo->findData(current));
     return combo;
 }
@@ -41,8 +44,14 @@ HomePage::HomePage(const Facts &facts, tessa::MessageLog *log, LinkControl *link
     right->addWidget(makeDisplay(facts));
     right->addStretch(1);
     columns->addLayout(right, 2);
-    body()->addWidget(makeIntroduction());
-    body()->addWidget(new ProblemsPanel(log, this));
+    auto *introduction = makeIntroduction();
+    auto *problems = new ProblemsPanel(log, this);
+    body()->addWidget(introduction);
+    body()->addWidget(problems);
+    // There is room for one of the two, and who has a problem needs no welcome.
+    const auto makeRoom = [introduction](bool any) { introduction->setVisible(!any); };
+    connect(problems, &ProblemsPanel::anyChanged, this, makeRoom);
+    makeRoom(problems->any());
     body()->addLayout(columns);
     body()->addStretch(1);
 }
@@ -123,7 +132,7 @@ QWidget *HomePage::makeDisplay(const Facts &facts)
     grid->addWidget(new QLabel(tr("Theme"), card), 1, 0);
     grid->addWidget(m_theme, 1, 1);
     card->body()->addLayout(grid);
-    auto *note = card->addText(tr("A change starts the pages anew; save what is open first."));
+    auto *note = card->addText(tr("The pages start anew: save first."));
     note->setObjectName(QStringLiteral("lblCaption"));
     for (QComboBox *combo : {m_language, m_theme})
         connect(combo, qOverload<int>(&QComboBox::activated), this, &HomePage::emitDisplay);

@@ -21,7 +21,7 @@ public:
     struct Facts
     {
         QString language;
-        QString theme; ///< name of the theme in use; any other than the known ones cannot be chosen
+        QString theme; ///< name or path of the theme in use
         QString dataFolder;
         QString firstPage; ///< page key that "open" leads to, empty when there is none
         QString firstTitle;

@@ -13,6 +13,9 @@ class LinkBadge : public QFrame
 {
     Q_OBJECT
 public:
+    /// Wide enough for every word, so that what stands beside it never moves.
+    static constexpr int fixedWidth = 152;
+
     explicit LinkBadge(LinkControl *link, QWidget *parent = nullptr);
 
 private:

@@ -17,7 +17,7 @@ const QString chineseFamily = QStringLiteral("WenQuanYi Micro Hei");
 
 QPixmap withDistance(const QPixmap &picture)
 {
-    const int width = picture.height() * navIconSize.width() / navIconSize.height();
+    const int width = picture.height() * besideTextSize.width() / besideTextSize.height();
     QPixmap wide(width, picture.height());
     wide.fill(Qt::transparent);
     QPainter(&wide).drawPixmap(0, 0, picture);
@@ -71,10 +71,15 @@ void applyTheme()
     QApplication::setFont(themeFont(theme, QStringLiteral("default")));
 }
 
-QIcon navIcon(const QString &key)
+QIcon besideText(const QPixmap &picture)
+{
+    return QIcon(withDistance(picture));
+}
+
+QIcon inkBesideText(const QString &key)
 {
     const QString path = vu::xtheme::current().imagePath(key);
-    QIcon icon(withDistance(vu::xtheme::pixmap(path, QStringLiteral("text"))));
+    QIcon icon = besideText(vu::xtheme::pixmap(path, QStringLiteral("text")));
     icon.addPixmap(withDistance(vu::xtheme::pixmap(path, QStringLiteral("white"))), QIcon::Normal,
                    QIcon::On);
     return icon;

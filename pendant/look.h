@@ -21,11 +21,13 @@ QPalette themePalette(const vu::xtheme::Theme &theme);
 /// Font and palette of the whole application from the theme in use.
 void applyTheme();
 
-/// The theme's one-ink picture @p key as an icon for a button that stands beside its text: ink on
-/// the panel, light ink while checked. Its shape is navIconSize.
-QIcon navIcon(const QString &key);
-/// Wider than high: the right part is the distance to the text, which no style rule can set.
-constexpr QSize navIconSize{34, 24};
+/// The size of an icon beside a text: the right part is the distance between the two, which no
+/// style rule can set.
+constexpr QSize besideTextSize{34, 24};
+/// @p picture as an icon of that size.
+QIcon besideText(const QPixmap &picture);
+/// The theme's one-ink picture @p key as an icon of that size, in light ink while checked.
+QIcon inkBesideText(const QString &key);
 /// The picture @p key of the theme as it is.
 QPixmap themePixmap(const QString &key);
 

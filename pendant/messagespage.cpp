@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTableView>
 
+#include "pendant/look.h"
 #include "pendant/messagemodel.h"
 #include "tessa/messagelog.h"
 
@@ -56,7 +57,8 @@ void MessagesPage::addFilter(QHBoxLayout *bar, const QString &level, const QStri
     button->setAutoExclusive(true);
     button->setChecked(level.isEmpty());
     if (!level.isEmpty())
-        button->setIcon(levelPicture(level));
+        button->setIcon(besideText(levelPicture(level)));
+    button->setIconSize(besideTextSize);
     connect(button, &QPushButton::clicked, m_model, [this, level] { m_model->setLevel(level); });
     bar->addWidget(button);
 }

@@ -41,7 +41,7 @@ NavPanel::NavPanel(kelp::ModuleObject *entries, QWidget *parent)
 {
     setObjectName(QStringLiteral("pndNav"));
     setAttribute(Qt::WA_StyledBackground);
-    setFixedWidth(208);
+    setFixedWidth(184);
     m_layout->setContentsMargins(8, 8, 8, 8);
     m_layout->setSpacing(4);
     entries->observeSubtree(true);
@@ -94,8 +94,8 @@ void NavPanel::addEntry(const kelp::ModuleObject *entry)
     auto *button = new QToolButton(this);
     button->setObjectName("nav_" + entry->r(QStringLiteral("key"))->getString());
     button->setText(entry->r(QStringLiteral("title"))->getString());
-    button->setIcon(navIcon(pictureOf(entry)));
-    button->setIconSize(navIconSize);
+    button->setIcon(inkBesideText(pictureOf(entry)));
+    button->setIconSize(besideTextSize);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     button->setCheckable(true);

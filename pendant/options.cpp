@@ -71,9 +71,10 @@ QStringList knownThemes()
     return {QStringLiteral("light"), QStringLiteral("dark")};
 }
 
-QString themeFile(const QString &name)
+QString themeFile(const QString &theme)
 {
-    return QStringLiteral(":/tessa/theme/%1.json").arg(name);
+    return knownThemes().contains(theme) ? QStringLiteral(":/tessa/theme/%1.json").arg(theme)
+                                         : theme;
 }
 
 } // namespace pendant

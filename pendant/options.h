@@ -28,7 +28,7 @@ ParsedOptions parseOptions(const QStringList &arguments);
 QStringList knownLanguages();
 /// The themes that come with the host, by name.
 QStringList knownThemes();
-/// The file of a theme that comes with the host.
-QString themeFile(const QString &name);
+/// The file of a theme that is asked for by name or by path.
+QString themeFile(const QString &theme);
 
 } // namespace pendant

@@ -79,12 +79,11 @@ void PendantApp::stop()
 }
 
 // A theme that cannot be read would leave nothing readable, the complaint included.
-QString PendantApp::chooseTheme(QString *error) const
+void PendantApp::checkTheme(QString *error)
 {
-    if (knownThemes().contains(m_options.theme))
-        return themeFile(m_options.theme);
-    vu::xtheme::Theme::load(m_options.theme, error);
-    return error->isEmpty() ? m_options.theme : themeFile(knownThemes().first());
+    vu::xtheme::Theme::load(themeFile(m_options.theme), error);
+    if (!error->isEmpty())
+        m_options.theme = knownThemes().first();
 }
 
 void PendantApp::makeHost()
@@ -95,9 +94,9 @@ void PendantApp::makeHost()
     if (m_options.theme.isEmpty())
         m_options.theme = kept.theme;
     QString themeError;
-    const QString theme = chooseTheme(&themeError);
+    checkTheme(&themeError);
     m_host = std::make_unique<tessa::Host>(
-        tessa::HostOptions{m_options.dataFolder, m_options.language, theme});
+        tessa::HostOptions{m_options.dataFolder, m_options.language, themeFile(m_options.theme)});
     for (const QString &error : {kept.error(), themeError}) {
         if (!error.isEmpty())
             m_host->workspace()->report(error);
@@ -112,7 +111,7 @@ void PendantApp::loadModule()
     if (!m_loader->load()) {
         auto *page = new PluginErrorPage(m_loader->path(), m_loader->error());
         m_window->center()->addPage(this, pluginErrorKey, page);
-        addNavEntry(pluginErrorKey, tr("Package missing"), packageGroup, "widget/plugin_error", -1);
+        addNavEntry(pluginErrorKey, tr("Package"), packageGroup, "widget/plugin_error", -1);
         m_host->workspace()->report(m_loader->error());
         return;
     }
@@ -147,11 +146,8 @@ void PendantApp::addPages(controller::Faults *faults)
 void PendantApp::changeDisplay(const QString &language, const QString &theme)
 {
     Preferences kept(m_options.dataFolder);
-    kept.language = language;
-    if (!theme.isEmpty())
-        kept.theme = theme;
-    m_options.language = language;
-    m_options.theme = theme.isEmpty() ? m_options.theme : theme;
+    kept.language = m_options.language = language;
+    kept.theme = m_options.theme = theme;
     const bool saved = kept.save();
     stop();
     start();

@@ -44,7 +44,7 @@ signals:
     void started();
 
 private:
-    QString chooseTheme(QString *error) const;
+    void checkTheme(QString *error);
     void makeHost();
     void loadModule();
     void addPages(controller::Faults *faults);

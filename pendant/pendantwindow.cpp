@@ -77,7 +77,9 @@ QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, LinkControl *li
                       new MessageLine(helper->log(), m_status), 1);
     // The message takes what is left, so that items before the stretch do not move with it.
     m_status->addItem(this, stretchItem, new QWidget(m_status));
-    m_status->addItem(this, QStringLiteral("pendant.link"), new LinkBadge(link, m_status));
+    auto *badge = new LinkBadge(link, m_status);
+    badge->setFixedWidth(LinkBadge::fixedWidth);
+    m_status->addItem(this, QStringLiteral("pendant.link"), badge);
     return m_status;
 }
 

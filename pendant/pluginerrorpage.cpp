@@ -11,6 +11,7 @@ namespace {
 
 void addFact(Card *card, const QString &caption, const QString &name, const QString &fact)
 {
+    card->body()->addSpacing(6);
     auto *label = card->addText(caption);
     label->setObjectName(QStringLiteral("lblCaption"));
     auto *value = card->addText(fact);
@@ -22,11 +23,12 @@ void addFact(Card *card, const QString &caption, const QString &name, const QStr
 } // namespace
 
 PluginErrorPage::PluginErrorPage(const QString &path, const QString &reason, QWidget *parent)
-    : HostPage(tr("Welding package missing"), parent)
+    : HostPage(tr("Package error"), parent)
 {
     auto *card = new Card(tr("The library could not be used"), this);
     addFact(card, tr("Library"), QStringLiteral("lblPluginPath"), path);
     addFact(card, tr("Reason"), QStringLiteral("lblPluginReason"), reason);
+    card->body()->addSpacing(6);
     card->addText(tr("Build the package, or name another library with --module PATH, "
                      "and start the pendant again."));
     body()->addWidget(card);

@@ -1,6 +1,6 @@
 #include "pendant/pluginloader.h"
 
-#include <QCoreApplication>
+#include <QFileInfo>
 #include <utility>
 
 namespace pendant {
@@ -21,14 +21,21 @@ bool PluginLoader::load()
 {
     const Registrations before = Registrations::present();
     if (!m_library.load()) {
-        m_error = m_library.errorString();
+        m_error = reason();
         return false;
     }
     m_brought = Registrations::present().since(before);
     if (m_brought.modules.isEmpty())
-        m_error =
-            QCoreApplication::translate("pendant::PluginLoader", "%1: is not a module").arg(path());
+        m_error = tr("%1: is not a module").arg(path());
     return !m_brought.modules.isEmpty();
+}
+
+// For a file that is not there the loader names the last of the names it made up itself.
+QString PluginLoader::reason() const
+{
+    if (path().contains(QLatin1Char('/')) && !QFileInfo::exists(path()))
+        return tr("%1: there is no such file").arg(path());
+    return m_library.errorString();
 }
 
 } // namespace pendant

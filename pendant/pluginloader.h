@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QLibrary>
 #include <QString>
 #include <QStringList>
@@ -12,6 +13,7 @@ namespace pendant {
 /// nothing that the library made may be alive.
 class PluginLoader
 {
+    Q_DECLARE_TR_FUNCTIONS(pendant::PluginLoader)
 public:
     explicit PluginLoader(const QString &path);
     ~PluginLoader();
@@ -26,6 +28,8 @@ public:
     QStringList modules() const { return m_brought.modules; }
 
 private:
+    QString reason() const;
+
     QLibrary m_library;
     QString m_error;
     Registrations m_brought;

@@ -34,7 +34,13 @@ void ProblemsPanel::refresh()
             lines.append(entry.text);
     }
     m_lines->setText(lines.join(QLatin1Char('\n')));
-    setVisible(!lines.isEmpty());
+    setVisible(any());
+    emit anyChanged(any());
+}
+
+bool ProblemsPanel::any() const
+{
+    return !m_lines->text().isEmpty();
 }
 
 } // namespace pendant

@@ -15,6 +15,12 @@ class ProblemsPanel : public Card
 public:
     explicit ProblemsPanel(tessa::MessageLog *log, QWidget *parent = nullptr);
 
+    /// True while there is something to complain about.
+    bool any() const;
+
+signals:
+    void anyChanged(bool any);
+
 private:
     void refresh();
 

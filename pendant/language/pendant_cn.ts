@@ -246,8 +246,8 @@
         <translation>主题</translation>
     </message>
     <message>
-        <source>A change starts the pages anew; save what is open first.</source>
-        <translation>更改后各页面将重新启动，请先保存未完成的修改。</translation>
+        <source>The pages start anew: save first.</source>
+        <translation>各页面将重新启动，请先保存。</translation>
     </message>
 </context>
 <context>
@@ -323,10 +323,6 @@ From: %2</source>
 <context>
     <name>pendant::PendantApp</name>
     <message>
-        <source>Package missing</source>
-        <translation>缺少工艺包</translation>
-    </message>
-    <message>
         <source>Home</source>
         <translation>主页</translation>
     </message>
@@ -338,6 +334,10 @@ From: %2</source>
         <source>Controller</source>
         <translation>控制器</translation>
     </message>
+    <message>
+        <source>Package</source>
+        <translation>工艺包</translation>
+    </message>
 </context>
 <context>
     <name>pendant::PendantWindow</name>
@@ -348,10 +348,6 @@ From: %2</source>
 </context>
 <context>
     <name>pendant::PluginErrorPage</name>
-    <message>
-        <source>Welding package missing</source>
-        <translation>缺少焊接工艺包</translation>
-    </message>
     <message>
         <source>The library could not be used</source>
         <translation>无法使用该库</translation>
@@ -368,12 +364,20 @@ From: %2</source>
         <source>Build the package, or name another library with --module PATH, and start the pendant again.</source>
         <translation>请先构建工艺包，或用 --module PATH 指定其他库，然后重新启动示教器。</translation>
     </message>
+    <message>
+        <source>Package error</source>
+        <translation>工艺包错误</translation>
+    </message>
 </context>
 <context>
     <name>pendant::PluginLoader</name>
     <message>
         <source>%1: is not a module</source>
         <translation>%1：不是模块</translation>
+    </message>
+    <message>
+        <source>%1: there is no such file</source>
+        <translation>%1：文件不存在</translation>
     </message>
 </context>
 <context>
