@@ -1,5 +1,7 @@
 #include "data/field.h"
 
+#include <QSignalBlocker>
+
 #include "data/touchcombo.h"
 
 namespace welmo {
@@ -75,7 +77,7 @@ void NameField::prepare()
 
 void NameField::store(QObject *sender, kelp::ModuleObject *file) const
 {
-    if (m_combo->currentIndex() != m_indexOfUnknown)
+    if (m_combo->currentIndex() >= 0 && m_combo->currentIndex() != m_indexOfUnknown)
         file->set(sender, key(), m_combo->currentText());
 }
 
@@ -120,8 +122,10 @@ void IntegerListField::store(QObject *sender, kelp::ModuleObject *file) const
 bool IntegerListField::show(const kelp::ModuleObject *file)
 {
     const QVariantList values = file->r(key())->getList();
-    for (size_t i = 0; i < m_boxes.size(); ++i)
+    for (size_t i = 0; i < m_boxes.size(); ++i) {
+        const QSignalBlocker blocker(m_boxes[i]);
         m_boxes[i]->setValue(values.value(int(i)).toInt());
+    }
     return true;
 }
 

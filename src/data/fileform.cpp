@@ -63,6 +63,16 @@ void FileForm::select()
         m_owner, m_combo, m_data, m_set, [this] { useDefaultNode(); }, [this] { show(); });
 }
 
+bool FileForm::choose(const QString &name)
+{
+    const int index = m_combo->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index < 0)
+        return false;
+    const QSignalBlocker blocker(m_combo);
+    m_combo->setCurrentIndex(index);
+    return true;
+}
+
 void FileForm::start()
 {
     writeDefaults();

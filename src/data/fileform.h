@@ -36,6 +36,9 @@ public:
     int save();
     /// Reads the chosen file and shows it.
     void select();
+    /// Puts the combo box on the file @p name without its signals; false, and nothing changed, when
+    /// the set has no such file (the case counts).
+    bool choose(const QString &name);
     /// Writes the defaults, then shows the chosen file, or the defaults while not connected.
     void start();
 

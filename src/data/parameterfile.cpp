@@ -56,6 +56,8 @@ Fetch handleGetParam(QObject *sender, const ParameterSet &set, const QComboBox *
                      kelp::ModuleObject *&data, const std::function<void()> &useDefault)
 {
     const QString file = combo->currentText();
+    if (file.isEmpty())
+        return Fetch::Failed; // without a key the whole set would be read, and written
     const auto answer = xservice()->get(sender, set.node(), file);
     if (controller::readFailed(answer)) {
         report::error(sender, ParameterFile::tr("%1: read parameter error").arg(file));

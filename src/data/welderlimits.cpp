@@ -18,10 +18,11 @@ QStringList texts(const kelp::ModuleObject *answer, const QString &key)
 std::optional<Range> range(const kelp::ModuleObject *answer, const QString &key)
 {
     const QVariantList pair = answer->r(key)->getList();
-    if (pair.size() != 2)
-        return std::nullopt;
-    const Range result{pair.first().toDouble(), pair.last().toDouble()};
-    return result.minimum <= result.maximum ? std::optional(result) : std::nullopt;
+    bool low = false;
+    bool high = false;
+    const Range result{pair.value(0).toDouble(&low), pair.value(1).toDouble(&high)};
+    const bool told = pair.size() == 2 && low && high && result.minimum <= result.maximum;
+    return told ? std::optional(result) : std::nullopt;
 }
 
 VoltageRanges ranges(const kelp::ModuleObject *answer, const QString &key)

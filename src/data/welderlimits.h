@@ -14,8 +14,8 @@ struct VoltageRanges
     std::optional<Range> unified;
     std::optional<Range> separate;
 
-    /// Index 0 of the voltage-mode combo is "Unified", any other is "Separate".
-    const std::optional<Range> &forMode(int index) const { return index == 0 ? unified : separate; }
+    /// Mode 0 is "Unified", any other is "Separate".
+    const std::optional<Range> &forMode(int mode) const { return mode == 0 ? unified : separate; }
 };
 
 /// What the connected welder offers: its modes, as source texts in its own order, and the voltage

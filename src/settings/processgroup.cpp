@@ -12,6 +12,12 @@ QStringList sourceTexts(const welmo::ChoiceTable &table)
     return texts;
 }
 
+// By its code: a welder may offer its modes in an order of its own, or only one of them.
+bool isItem(const QComboBox *combo, int index, const char *code)
+{
+    return combo->itemData(index).toString() == QLatin1String(code);
+}
+
 } // namespace
 
 void ProcessGroup::setControls(const Controls &controls, const welmo::ParameterSet &set)
@@ -26,11 +32,8 @@ void ProcessGroup::initUI(QObject *owner)
                                                [this] { afterShow(); });
     declareFields(m_file->fields());
     m_file->prepare();
-    applyWelder({sourceTexts(welmo::choices::workModes()),
-                 sourceTexts(welmo::choices::currentModes()),
-                 sourceTexts(welmo::choices::voltageModes()),
-                 {},
-                 {}});
+    m_fixedVoltage = {m_controls.voltage->minimum(), m_controls.voltage->maximum()};
+    applyWelder({});
     m_controls.advanced->setVisible(false);
     m_controls.fold->setText(m_controls.unfoldText);
     connect(m_controls.currentMode, qOverload<int>(&QComboBox::currentIndexChanged), this,
@@ -51,16 +54,16 @@ void ProcessGroup::applyWelder(const welmo::WelderLimits &limits)
               limits.voltageModes, tr("Voltage Mode"));
     setupMode(m_controls.workModeLabel, m_controls.workMode, welmo::choices::workModes(),
               limits.workModes, tr("Arc Mode"));
-    handleSwitchVoltageMode(m_controls.voltageMode->currentIndex());
+    onCurrentModeChanged(m_controls.currentMode->currentIndex());
+    onVoltageModeChanged(m_controls.voltageMode->currentIndex());
 }
 
 void ProcessGroup::setupMode(QLabel *label, QComboBox *combo, const welmo::ChoiceTable &table,
                              const QStringList &items, const QString &labelText)
 {
     label->setText(labelText);
-    if (items.isEmpty())
-        return; // a welder that does not tell its modes restricts nothing
-    const QStringList unknown = table.refill(combo, items);
+    // A welder that does not tell its modes restricts nothing.
+    const QStringList unknown = table.refill(combo, items.isEmpty() ? sourceTexts(table) : items);
     if (!unknown.isEmpty())
         welmo::report::warning(
             this, tr("the welder offers unknown modes: %1").arg(unknown.join(QLatin1String(", "))));
@@ -76,15 +79,17 @@ void ProcessGroup::onFoldButtonClicked()
 
 void ProcessGroup::onCurrentModeChanged(int index)
 {
-    const QString unit = index == 0 ? QStringLiteral("A") : QStringLiteral("mm/s");
+    const bool ampere = isItem(m_controls.currentMode, index, "current");
+    const QString unit = ampere ? QStringLiteral("A") : QStringLiteral("mm/s");
     m_controls.currentUnit->setText(unit);
     currentUnitChanged(unit);
 }
 
 void ProcessGroup::onVoltageModeChanged(int index)
 {
-    const QString unit = index == 0 ? QStringLiteral("%") : QStringLiteral("V");
-    handleSwitchVoltageMode(index);
+    const bool unified = isItem(m_controls.voltageMode, index, "unified");
+    const QString unit = unified ? QStringLiteral("%") : QStringLiteral("V");
+    handleSwitchVoltageMode(unified ? 0 : 1);
     m_controls.voltageUnit->setText(unit);
     voltageUnitChanged(unit);
 }
@@ -96,9 +101,9 @@ void ProcessGroup::handleSwitchVoltageMode(int mode)
 
 void ProcessGroup::setVoltageRange(const welmo::VoltageRanges &ranges, int mode)
 {
-    // Until the welder has told its limits the row's fixed range stays.
-    if (const auto &range = ranges.forMode(mode))
-        m_controls.voltage->setRange(range->minimum, range->maximum);
+    // The row's fixed range holds for a welder that does not tell its own.
+    const welmo::Range range = ranges.forMode(mode).value_or(m_fixedVoltage);
+    m_controls.voltage->setRange(range.minimum, range.maximum);
 }
 
 void ProcessGroup::afterShow()

@@ -69,7 +69,7 @@ protected:
     virtual void voltageUnitChanged(const QString &) { }
     /// Brings up to date what depends on the values just shown.
     virtual void applyRules() { }
-    /// Sets the voltage box's range for the mode, which clamps its value.
+    /// Sets the voltage box's range for the mode (0: unified), which clamps its value.
     virtual void handleSwitchVoltageMode(int mode);
 
     void setVoltageRange(const welmo::VoltageRanges &ranges, int mode);
@@ -82,6 +82,7 @@ private:
                    const QStringList &items, const QString &labelText);
 
     Controls m_controls{};
+    welmo::Range m_fixedVoltage{};
     const welmo::ParameterSet *m_set = nullptr;
     std::unique_ptr<welmo::FileForm> m_file;
     bool m_unfolded = false;

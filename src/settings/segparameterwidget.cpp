@@ -81,16 +81,11 @@ QString SegParameterWidget::getFileNumber() const
 
 void SegParameterWidget::setFileNumber(const QString &name)
 {
-    const int index = ui->cbxFileNumber->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (index < 0) {
+    if (!m_file->choose(name)) {
         report::error(this, tr("segdata format error"));
         return;
     }
-    {
-        const QSignalBlocker blocker(ui->cbxFileNumber);
-        ui->cbxFileNumber->setCurrentIndex(index);
-    }
-    onCbxFileNumberSelectionChanged(index);
+    onCbxFileNumberSelectionChanged(ui->cbxFileNumber->currentIndex());
 }
 
 void SegParameterWidget::onCbxFileNumberSelectionChanged(int)

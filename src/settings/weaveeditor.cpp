@@ -173,8 +173,10 @@ void WeaveEditor::onElevationTypeChanged(int index)
     QDoubleSpinBox *left = ui->sbxWeaveLeftElevation;
     QDoubleSpinBox *right = ui->sbxWeaveRightElevation;
     const bool vPattern = index == VPattern;
-    // Only the change counts: showing a "V-Pattern" file again must not remember its zeros.
-    if (vPattern && !m_vPattern) {
+    // What is remembered are angles: a "V-Pattern" file that is shown again must not replace them
+    // with its zeros.
+    const bool angles = left->value() != 0 || right->value() != 0;
+    if (vPattern && (angles || !m_vPattern)) {
         m_leftElevation = left->value();
         m_rightElevation = right->value();
     } else if (!vPattern && m_vPattern) {

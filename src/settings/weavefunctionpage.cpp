@@ -11,6 +11,7 @@ WeaveFunctionPage::WeaveFunctionPage(QWidget *parent, QObject *owner)
 {
     setObjectName(name());
     auto *layout = new QVBoxLayout(wgt());
+    layout->setContentsMargins(0, 0, 0, 0); // the editor brings its own
     layout->addWidget(m_editor);
     m_editor->initUI(this, WeaveEditor::Home{});
 }
