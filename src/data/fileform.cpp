@@ -34,10 +34,22 @@ void FileForm::writeDefaults()
     m_fields.writeDefaults(parameterfile::defaultNode(m_set));
 }
 
+void FileForm::useFreshDefaults()
+{
+    // Another form of the set may have written defaults of its own since.
+    writeDefaults();
+    useDefaultNode();
+}
+
+bool FileForm::holdsChosenFile() const
+{
+    return m_data->name() == m_combo->currentText();
+}
+
 bool FileForm::get()
 {
     return parameterfile::handleGetParam(m_owner, m_set, m_combo, m_data,
-                                         [this] { useDefaultNode(); })
+                                         [this] { useFreshDefaults(); })
         != parameterfile::Fetch::Failed;
 }
 
@@ -60,7 +72,7 @@ int FileForm::save()
 void FileForm::select()
 {
     parameterfile::handleFileNumChanged(
-        m_owner, m_combo, m_data, m_set, [this] { useDefaultNode(); }, [this] { show(); });
+        m_owner, m_combo, m_data, m_set, [this] { useFreshDefaults(); }, [this] { show(); });
 }
 
 bool FileForm::choose(const QString &name)

@@ -24,6 +24,10 @@ public:
     /// useDefaultNode() or get() ran.
     kelp::ModuleObject *data() const { return m_data; }
 
+    /// False while the file combo box names a file that could not be read: the values shown are
+    /// another file's, or the defaults.
+    bool holdsChosenFile() const;
+
     /// Offers the set's file names and gives every control its range, items and unit.
     void prepare();
     void useDefaultNode();
@@ -34,7 +38,7 @@ public:
     void show();
     /// The controller's code, 0 for success.
     int save();
-    /// Reads the chosen file and shows it.
+    /// Reads the chosen file and shows it; a failed read leaves the form as it is.
     void select();
     /// Puts the combo box on the file @p name without its signals; false, and nothing changed, when
     /// the set has no such file (the case counts).
@@ -43,6 +47,8 @@ public:
     void start();
 
 private:
+    void useFreshDefaults();
+
     QObject *m_owner;
     const ParameterSet &m_set;
     QComboBox *m_combo;
