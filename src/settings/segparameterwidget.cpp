@@ -5,6 +5,7 @@
 
 #include "data/controller.h"
 #include "data/report.h"
+#include "data/units.h"
 #include "instructions/orbodata.h"
 #include "ui_segparameterwidget.h"
 
@@ -34,9 +35,9 @@ void SegParameterWidget::declareFields()
     f.choice("seg_type", ui->cbxSegType, choices::segTypes(), "normal");
     f.name("non_welded_speed", ui->cbxNonWeldedSpeed, "v5").keepPresentItem();
     f.real("welded_distance", ui->sbxWeldedDistance, distance, 0.1)
-        .unit(ui->lblWeldedDistanceUnit, tr("mm"));
+        .unit(ui->lblWeldedDistanceUnit, units::mm);
     f.real("non_welded_distance", ui->sbxNonWeldedDistance, distance, 0.1)
-        .unit(ui->lblNonWeldedDistanceUnit, tr("mm"));
+        .unit(ui->lblNonWeldedDistanceUnit, units::mm);
 }
 
 void SegParameterWidget::init()
@@ -68,10 +69,8 @@ void SegParameterWidget::initParamValue()
 
 void SegParameterWidget::initPage()
 {
-    if (!controller::isConnected())
-        return;
-    getParam();
-    setParam();
+    if (controller::isConnected())
+        m_file->select();
 }
 
 QString SegParameterWidget::getFileNumber() const

@@ -19,7 +19,7 @@ public:
 
     /// Builds the lists, connects and shows the first file; again, to rebuild the lists.
     void init();
-    /// Reads the file again and shows it; while not connected the form stays as it is.
+    /// Reads the file again and shows it; while it cannot be read the form stays as it is.
     void initPage();
 
     QString getFileNumber() const;

@@ -18,10 +18,8 @@ WeaveFunctionPage::WeaveFunctionPage(QWidget *parent, QObject *owner)
 
 void WeaveFunctionPage::initPage()
 {
-    if (!welmo::controller::isConnected())
-        return;
-    getWeaveParam();
-    setWeaveParam();
+    if (welmo::controller::isConnected())
+        m_editor->file().select();
 }
 
 void WeaveFunctionPage::initParamDefault()

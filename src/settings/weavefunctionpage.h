@@ -11,7 +11,7 @@ class WeaveFunctionPage : public BaseSubPage
 public:
     WeaveFunctionPage(QWidget *parent, QObject *owner);
 
-    /// Reads the file again and shows it; while not connected the form stays as it is.
+    /// Reads the file again and shows it; while it cannot be read the form stays as it is.
     void initPage() override;
 
     void initParamDefault();
