@@ -82,10 +82,9 @@ void ProcessSettingsPage::initPage()
         return;
     xservice()->watch(this, deviceParamNode, true);
     getWelderParamRange();
-    getParamFromTessa();
-    setArconParam();
-    setWeldParam();
-    setArcoffParam();
+    selectArconFileNum();
+    selectWeldFileNum();
+    selectArcoffFileNum();
 }
 
 void ProcessSettingsPage::useDefaultNode()
@@ -180,6 +179,10 @@ void ProcessSettingsPage::onEnableButtonClicked()
     }
     if (controller::welderState(this) == QLatin1String("error")) {
         report::error(this, tr("welder state error"));
+        return;
+    }
+    if (!weld().holdsChosenFile()) {
+        report::error(this, tr("enable error"));
         return;
     }
     storeWeldParam();
