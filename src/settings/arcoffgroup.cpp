@@ -1,5 +1,6 @@
 #include "settings/arcoffgroup.h"
 
+#include "data/units.h"
 #include "ui_arcoffgroup.h"
 
 using namespace welmo;
@@ -22,7 +23,6 @@ ArcoffGroup::~ArcoffGroup() = default;
 
 void ArcoffGroup::declareFields(FieldTable &f)
 {
-    const QString ms = tr("ms");
     f.fileName("name", ui->cbx_arcoffParamFileNumber);
     f.text("annotation", ui->ledt_arcoffAnnotaion);
     f.choice("mode", ui->cbx_arcoffWorkMode, choices::workModes(), "flat_characteristic");
@@ -31,23 +31,24 @@ void ArcoffGroup::declareFields(FieldTable &f)
     f.real("current", ui->sbxArcoffCurrent, {0, 2000}, 0);
     // Wider than the other two groups' 0 to 200, until the welder has told its own limits.
     f.real("voltage", ui->sbxArcoffVoltage, {0, 10000}, 0);
-    f.integer("hold_time", ui->sbxArcoffTime, {0, 10000}, 500).unit(ui->lblArcoffTimeUnit, ms);
+    f.integer("hold_time", ui->sbxArcoffTime, {0, 10000}, 500)
+        .unit(ui->lblArcoffTimeUnit, units::ms);
     f.integer("delay_gasoff_time", ui->sbxStopGasDelayTime, {0, 10000}, 200)
-        .unit(ui->lblStopGasDelayTimeUnit, ms);
+        .unit(ui->lblStopGasDelayTimeUnit, units::ms);
     f.integer("detect_time", ui->sbxArcoffDetectionTime, {0, 10000}, 5000)
-        .unit(ui->lblArcoffDetectionTimeUnit, ms);
+        .unit(ui->lblArcoffDetectionTimeUnit, units::ms);
     f.integer("retract_time", ui->sbxArcoffWireInTime, {0, 10000}, 100)
-        .unit(ui->lblArcoffWireInTimeUnit, ms);
+        .unit(ui->lblArcoffWireInTimeUnit, units::ms);
     f.integer("wire_stick_detection_time", ui->sbxStickyWireDetectionTime, {0, 10000}, 500)
-        .unit(ui->lblStickyWireDetectionTimeUnit, ms);
+        .unit(ui->lblStickyWireDetectionTimeUnit, units::ms);
     f.choice("anti_wire_stick_param.enable", ui->cbxAntiStickFunctionSwitch, choices::switches(),
              false);
     f.real("anti_wire_stick_param.current", ui->sbxAntiStickCurrent, {0, 100}, 30)
         .readAsInteger()
-        .unit(ui->lblAntiStickCurrentUnit, tr("A"));
+        .unit(ui->lblAntiStickCurrentUnit, units::ampere);
     f.real("anti_wire_stick_param.voltage", ui->sbxAntiStickVoltage, {0, 50}, 10).readAsInteger();
     f.integer("anti_wire_stick_param.time", ui->sbxAntiStickTime, {0, 10000}, 500)
-        .unit(ui->lblAntiStickTimeUnit, ms);
+        .unit(ui->lblAntiStickTimeUnit, units::ms);
 }
 
 void ArcoffGroup::voltageUnitChanged(const QString &unit)

@@ -1,6 +1,7 @@
 #include "settings/processgroup.h"
 
 #include "data/report.h"
+#include "data/units.h"
 
 namespace {
 
@@ -80,7 +81,7 @@ void ProcessGroup::onFoldButtonClicked()
 void ProcessGroup::onCurrentModeChanged(int index)
 {
     const bool ampere = isItem(m_controls.currentMode, index, "current");
-    const QString unit = ampere ? QStringLiteral("A") : QStringLiteral("mm/s");
+    const QString unit = ampere ? welmo::units::ampere : welmo::units::mmPerSecond;
     m_controls.currentUnit->setText(unit);
     currentUnitChanged(unit);
 }
@@ -88,7 +89,7 @@ void ProcessGroup::onCurrentModeChanged(int index)
 void ProcessGroup::onVoltageModeChanged(int index)
 {
     const bool unified = isItem(m_controls.voltageMode, index, "unified");
-    const QString unit = unified ? QStringLiteral("%") : QStringLiteral("V");
+    const QString unit = unified ? welmo::units::percent : welmo::units::volt;
     handleSwitchVoltageMode(unified ? 0 : 1);
     m_controls.voltageUnit->setText(unit);
     voltageUnitChanged(unit);

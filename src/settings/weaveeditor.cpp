@@ -4,6 +4,7 @@
 
 #include "data/controller.h"
 #include "data/report.h"
+#include "data/units.h"
 #include "ui_weaveeditor.h"
 
 using namespace welmo;
@@ -56,21 +57,21 @@ void WeaveEditor::declareFields(FieldTable &f, const Home &home)
            home.defaultFrequency);
     f.real("amplitude.left", ui->sbxWeaveAmplitude, {0.1, 100}, 0.1)
         .alsoStoredAs("amplitude.right")
-        .unit(ui->lblWeaveAmplitudeUnit, tr("mm"));
+        .unit(ui->lblWeaveAmplitudeUnit, units::mm);
     f.choice("dwell_type", ui->cbxWeaveStayType, choices::weaveDwellTypes(), "robot_stay");
     f.integers("dwell_time", {ui->sbxWeaveLeftStay, ui->sbxWeaveCenterStay, ui->sbxWeaveRightStay},
                {0, 10000});
-    f.real("radius", ui->sbxWeaveRadius, {0.1, 100}, 0.1).unit(ui->lblWeaveRadiusUnit, tr("mm"));
+    f.real("radius", ui->sbxWeaveRadius, {0.1, 100}, 0.1).unit(ui->lblWeaveRadiusUnit, units::mm);
     f.choice("phase_invert", ui->cbxWeaveWaveformDirection, choices::waveformDirections(), false);
     // Remembers or puts back the angles before the file's own are shown.
     f.choice("elevation_type", ui->cbxWeaveElevationType, choices::elevationTypes(), "v_pattern")
         .whenShown([this] { onElevationTypeChanged(ui->cbxWeaveElevationType->currentIndex()); });
     f.real("elevation_angle.left", ui->sbxWeaveLeftElevation, degrees, 0)
-        .unit(ui->lblWeaveLeftElevationUnit, tr("°"));
+        .unit(ui->lblWeaveLeftElevationUnit, units::degree);
     f.real("elevation_angle.right", ui->sbxWeaveRightElevation, degrees, 0)
-        .unit(ui->lblWeaveRightElevationUnit, tr("°"));
+        .unit(ui->lblWeaveRightElevationUnit, units::degree);
     f.real("inclination_angle", ui->sbxWeaveInclination, degrees, 0)
-        .unit(ui->lblWeaveInclinationUnit, tr("°"));
+        .unit(ui->lblWeaveInclinationUnit, units::degree);
 }
 
 void WeaveEditor::initControl(const Home &home)
@@ -134,13 +135,13 @@ void WeaveEditor::onStandardTypeChanged(int index)
     QDoubleSpinBox *box = ui->sbxWeaveLength_Frequency;
     if (index == Length) {
         ui->lblWeaveLength_Frequency->setText(tr("Weave Length"));
-        ui->lblWeaveLength_FrequencyUnit->setText(tr("mm"));
+        ui->lblWeaveLength_FrequencyUnit->setText(units::mm);
         box->setDecimals(0);
         box->setRange(1, 500);
         box->setSingleStep(1);
     } else if (index == Period) {
         ui->lblWeaveLength_Frequency->setText(tr("Weave Frequency"));
-        ui->lblWeaveLength_FrequencyUnit->setText(tr("Hz"));
+        ui->lblWeaveLength_FrequencyUnit->setText(units::hertz);
         box->setDecimals(2);
         box->setRange(0.1, 5.0);
         box->setSingleStep(0.1);
@@ -154,7 +155,7 @@ void WeaveEditor::switchStayTime()
         && ui->cbxWeaveStayType->currentIndex() == WeaveStay;
     for (QLabel *label :
          {ui->lblWeaveLeftStayUnit, ui->lblWeaveCenterStayUnit, ui->lblWeaveRightStayUnit})
-        label->setText(distance ? tr("mm") : tr("ms"));
+        label->setText(distance ? units::mm : units::ms);
 }
 
 void WeaveEditor::onPatternChanged(int index)

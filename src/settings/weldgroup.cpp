@@ -1,5 +1,6 @@
 #include "settings/weldgroup.h"
 
+#include "data/units.h"
 #include "ui_weldgroup.h"
 
 using namespace welmo;
@@ -35,15 +36,15 @@ void WeldGroup::declareFields(FieldTable &f)
     f.real("current", ui->sbxWeldCurrent, {0, 2000}, 0);
     f.real("voltage", ui->sbxWeldVoltage, {0, 200}, 0);
     f.integer("weld_speed", ui->sbxWeldSpeed, {0, 10000}, 10)
-        .unit(ui->lblWeldSpeedUnit, tr("mm/s"));
+        .unit(ui->lblWeldSpeedUnit, units::mmPerSecond);
     f.integer("ramp_time", ui->sbxWeldRampTime, {1, 10000}, 200)
-        .unit(ui->lblWeldRampTimeUnit, tr("ms"));
+        .unit(ui->lblWeldRampTimeUnit, units::ms);
     f.integer("arc_break_param.detect_time", ui->sbxArcBreakDetectionTime, {0, 10000}, 500)
-        .unit(ui->lblArcBreakDetectionTimeUnit, tr("ms"));
+        .unit(ui->lblArcBreakDetectionTimeUnit, units::ms);
     f.choice("arc_break_param.arc_break_option", ui->cbxArcBreakOption, choices::arcBreakOptions(),
              "continue_running");
     f.integer("arc_break_param.restart_back_distance", ui->sbxReStartBackDistance, {0, 100}, 10)
-        .unit(ui->lblReStartBackDistanceUnit, tr("mm"));
+        .unit(ui->lblReStartBackDistanceUnit, units::mm);
 }
 
 void WeldGroup::initConnect()

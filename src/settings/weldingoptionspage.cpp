@@ -6,6 +6,7 @@
 #include "data/inputs.h"
 #include "data/report.h"
 #include "data/switchfield.h"
+#include "data/units.h"
 #include "ui_weldingoptionspage.h"
 
 using namespace welmo;
@@ -35,14 +36,14 @@ void WeldingOptionsPage::declareFields()
 {
     m_running.fields()
         .integer("test_run_speed", ui->sbx_emptyRunningCartSpeed, {1, 250}, 200)
-        .unit(ui->lblEmptyRunningCartSpeedUnit, tr("mm/s"));
+        .unit(ui->lblEmptyRunningCartSpeedUnit, units::mmPerSecond);
     // Kept as an integer on the controller, although edited with decimals.
     m_running.fields()
         .real("wire_feed_speed", ui->sbx_wireSpeed, {1.0, 21.0}, 1)
-        .unit(ui->lblWireSpeedUnit, tr("m/min"));
+        .unit(ui->lblWireSpeedUnit, units::metrePerMinute);
     m_running.fields()
         .integer("gas_detect_time", ui->sbx_gasDetectionTime, {1, 30}, 15)
-        .unit(ui->lblGasDetectionTimeUnit, tr("s"));
+        .unit(ui->lblGasDetectionTimeUnit, units::second);
     m_anticollision.fields().add<SwitchField>("enable", ui->btn_antiCollisionSwitch);
     m_anticollision.fields().name("signal", ui->cbx_DISelection_anti, inputs::noSignal());
     m_anticollision.fields().add<SwitchField>("block", ui->btn_antiCollisionShield);
