@@ -1,5 +1,7 @@
 #include "kelp/moduleobject.h"
 
+#include <QPointer>
+#include <QSet>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -22,14 +24,6 @@ bool isNumber(const QVariant &value)
     default:
         return false;
     }
-}
-
-// QVariant compares "1" and 1 as equal; for a watcher they are not the same value.
-bool sameValue(const QVariant &a, const QVariant &b)
-{
-    if (a.userType() == b.userType())
-        return a == b;
-    return isNumber(a) && isNumber(b) && a.toDouble() == b.toDouble();
 }
 
 bool isListOfMaps(const QVariant &value)
@@ -65,7 +59,34 @@ bool hasEntries(const QVariant &variant)
     return variant.userType() == QMetaType::QVariantMap || isListOfMaps(variant);
 }
 
+bool sameMap(const QVariantMap &a, const QVariantMap &b)
+{
+    return a.keys() == b.keys()
+        && std::equal(
+               a.begin(), a.end(), b.begin(),
+               [](const QVariant &left, const QVariant &right) { return sameValue(left, right); });
+}
+
+bool sameList(const QVariantList &a, const QVariantList &b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameValue);
+}
+
 } // namespace
+
+bool sameValue(const QVariant &a, const QVariant &b)
+{
+    if (a.userType() != b.userType())
+        return isNumber(a) && isNumber(b) && a.toDouble() == b.toDouble();
+    switch (static_cast<QMetaType::Type>(a.userType())) {
+    case QMetaType::QVariantMap:
+        return sameMap(a.toMap(), b.toMap());
+    case QMetaType::QVariantList:
+        return sameList(a.toList(), b.toList());
+    default:
+        return a == b;
+    }
+}
 
 ModuleObject::ModuleObject(const QString &name, QObject *parent)
     : QObject(parent)
@@ -74,6 +95,7 @@ ModuleObject::ModuleObject(const QString &name, QObject *parent)
     if (auto *node = qobject_cast<ModuleObject *>(parent)) {
         if (node->isMissing())
             return;
+        node->removeChild(name); // names are unique below one node
         m_parentNode = node;
         node->m_children.append(this);
         node->m_byName.insert(name, this);
@@ -195,10 +217,7 @@ ModuleObject *ModuleObject::set(QObject *sender, const QString &key, const QVari
                                 bool notify)
 {
     ModuleObject *node = make(key);
-    if (hasEntries(value))
-        node->importFromVariant(sender, value, notify, true, true);
-    else
-        node->assign(sender, value, notify);
+    node->importFromVariant(sender, value, notify, true, true);
     return node;
 }
 
@@ -206,18 +225,20 @@ ModuleObject *ModuleObject::setList(QObject *sender, const QString &key, const Q
                                     bool notify)
 {
     ModuleObject *node = make(key);
+    node->pruneExcept({});
     node->assign(sender, list, notify);
     return node;
 }
 
 void ModuleObject::assign(QObject *sender, const QVariant &value, bool notify)
 {
-    if (isMissing() || sameValue(m_value, value)) {
-        if (!isMissing())
-            m_value = value; // 1 and 1.0 are equal, but the stored type is the writer's
+    if (isMissing())
         return;
-    }
+    const bool same = sameValue(m_value, value);
+    // 1 and 1.0 are equal, but the stored type is the writer's.
     const QVariant old = std::exchange(m_value, value);
+    if (same)
+        return;
     touch();
     if (notify)
         announce(sender, old);
@@ -226,11 +247,12 @@ void ModuleObject::assign(QObject *sender, const QVariant &value, bool notify)
 void ModuleObject::announce(QObject *sender, const QVariant &old)
 {
     const QVariant value = m_value;
-    if (m_watched)
-        emit changed(value, old, sender);
-    for (ModuleObject *node = m_parentNode; node; node = node->m_parentNode) {
-        if (node->m_watched && node->m_watchedBelow)
+    // A receiver may remove the node.
+    QPointer<ModuleObject> node(this);
+    for (bool below = false; node; below = true) {
+        if (node->m_watched && (!below || node->m_watchedBelow))
             emit node->changed(value, old, sender);
+        node = node ? node->m_parentNode : nullptr;
     }
 }
 
@@ -244,13 +266,16 @@ void ModuleObject::touch()
 
 void ModuleObject::copyFrom(QObject *sender, const ModuleObject *other, bool notify, bool prune)
 {
-    if (!other || other == this || isMissing())
+    if (!other || isMissing() || isWithin(other) || other->isWithin(this))
         return;
+    const QStringList names = other->cmobjNames();
+    if (prune)
+        pruneExcept(names);
     assign(sender, other->m_value, notify);
     for (const ModuleObject *child : other->m_children)
         c(child->name(), true)->copyFrom(sender, child, notify, prune);
     if (prune)
-        pruneExcept(other->cmobjNames());
+        arrange(names);
 }
 
 void ModuleObject::importFromVariant(QObject *sender, const QVariant &variant, bool notify,
@@ -258,28 +283,54 @@ void ModuleObject::importFromVariant(QObject *sender, const QVariant &variant, b
 {
     if (isMissing())
         return;
-    if (!hasEntries(variant)) {
-        assign(sender, variant.userType() == QMetaType::Nullptr ? QVariant() : variant, notify);
-        return;
-    }
+    const bool inner = hasEntries(variant);
+    const Entries entries = inner ? entriesOf(variant) : Entries();
     QStringList names;
-    const Entries entries = entriesOf(variant);
+    for (const auto &entry : entries)
+        names.append(entry.first);
+    if (prune)
+        pruneExcept(names);
+    if (!inner || prune) {
+        const bool none = inner || variant.userType() == QMetaType::Nullptr;
+        assign(sender, none ? QVariant() : variant, notify);
+    }
     for (const auto &[name, value] : entries) {
-        names.append(name);
         if (create || m_byName.contains(name))
             c(name, true)->importFromVariant(sender, value, notify, create, prune);
     }
-    if (prune)
-        pruneExcept(names);
+    if (variant.userType() == QMetaType::QVariantList)
+        arrange(names);
+}
+
+bool ModuleObject::isWithin(const ModuleObject *other) const
+{
+    const ModuleObject *node = this;
+    while (node && node != other)
+        node = node->m_parentNode;
+    return node;
 }
 
 void ModuleObject::pruneExcept(const QStringList &names)
 {
+    const QSet<QString> kept(names.begin(), names.end());
     const QStringList present = cmobjNames();
     for (const QString &name : present) {
-        if (!names.contains(name))
+        if (!kept.contains(name))
             removeChild(name);
     }
+}
+
+void ModuleObject::arrange(const QStringList &names)
+{
+    QHash<QString, int> ranks;
+    for (const QString &name : names)
+        ranks.insert(name, ranks.value(name, ranks.size()));
+    const auto rank = [&](const ModuleObject *child) {
+        return ranks.value(child->name(), ranks.size());
+    };
+    std::stable_sort(
+        m_children.begin(), m_children.end(),
+        [&](const ModuleObject *a, const ModuleObject *b) { return rank(a) < rank(b); });
 }
 
 QVariant ModuleObject::toVariant() const

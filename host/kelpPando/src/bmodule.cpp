@@ -16,10 +16,7 @@ BModule::~BModule()
 
 void BModule::bindMobj(const QString &key)
 {
-    auto *node = kelp::Workspace::current()->root();
-    for (const QString &part : key.split(QLatin1Char('.')))
-        node = node->c(part, true);
-    m_mobj = node;
+    m_mobj = kelp::Workspace::current()->root()->make(key);
 }
 
 void BModule::bindMobjJson(const QString &key, const QString &templatePath, bool persistent)

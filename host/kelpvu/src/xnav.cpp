@@ -8,9 +8,7 @@ namespace vu::xnav {
 kelp::ModuleObject *registerPage(pando::BModule *owner, const QString &title, const QString &group,
                                  const QString &parentPath, int position)
 {
-    auto *node = kelp::Workspace::current()->root();
-    for (const QString &part : entriesPath.split(QLatin1Char('.')))
-        node = node->c(part, true);
+    auto *node = kelp::Workspace::current()->root()->make(entriesPath);
     auto *entry = node->c(kelp::ModuleObject::generateId(node, QStringLiteral("entry")), true);
     entry->set(owner, QStringLiteral("title"), title);
     entry->set(owner, QStringLiteral("group"), group);

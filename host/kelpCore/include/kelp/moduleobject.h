@@ -8,6 +8,10 @@
 
 namespace kelp {
 
+/// Whether a watcher would see no difference: numbers by value whatever their type, everything else
+/// by type and value ("1" is not 1), maps and lists entry by entry.
+bool sameValue(const QVariant &a, const QVariant &b);
+
 /// A named node of a value tree: a leaf holds a QVariant, an inner node holds ordered, named
 /// children.
 ///
@@ -18,7 +22,8 @@ class ModuleObject : public QObject
 {
     Q_OBJECT
 public:
-    /// A free-standing node when @p parent is null; a child node when @p parent is a ModuleObject.
+    /// A free-standing node when @p parent is null; a child node, last in order, when @p parent is
+    /// a ModuleObject, in place of a child that had the name before.
     explicit ModuleObject(const QString &name, QObject *parent = nullptr);
     ~ModuleObject() override;
 
@@ -35,6 +40,8 @@ public:
     ModuleObject *c(const QString &name, bool create = false);
     ModuleObject *cmobj(const QString &name, bool create = false) { return c(name, create); }
     ModuleObject *cmobj(int index) const;
+    /// The node at the dotted @p path below this one, with all that is missing on the way made.
+    ModuleObject *make(const QString &path);
 
     /// The children in their order; with @p recursive also everything below them, depth first.
     QList<ModuleObject *> cmobjs(bool recursive = false) const;
@@ -52,23 +59,27 @@ public:
     const QVariant &value() const { return m_value; }
 
     /// Creates or replaces the leaf at the dotted @p key below this node (empty: this node) and
-    /// returns it. With @p notify, watchers get changed() when the value differs. @p sender travels
-    /// with the signal so that a watcher can tell its own writes.
+    /// returns it; children that stood there go. A map or a list of maps becomes children, as with
+    /// importFromVariant(). With @p notify, watchers get changed() when the value differs. @p
+    /// sender travels with the signal so that a watcher can tell its own writes.
     ModuleObject *set(QObject *sender, const QString &key, const QVariant &value,
                       bool notify = true);
+    /// As set(), but the list is the leaf's value whatever it holds.
     ModuleObject *setList(QObject *sender, const QString &key, const QVariantList &list,
                           bool notify = true);
 
     /// Deep copy of @p other's value and children. With @p prune, children that @p other lacks are
-    /// removed, so that the trees are equal afterwards. Copying a node onto itself does nothing.
+    /// removed, so that the trees are equal afterwards, order included. A node and itself,
+    /// or one below it, are never copied onto each other.
     void copyFrom(QObject *sender, const ModuleObject *other, bool notify = true,
                   bool prune = true);
     /// Fills this node from a map (children by key), a list of maps (children by their "id", else
-    /// by position) or a plain value. @p create makes missing children, @p prune removes children
-    /// that the variant does not name.
+    /// by position, in the list's order) or a plain value. @p create makes missing children,
+    /// @p prune removes what the variant does not name: other children, and a value beside them.
     void importFromVariant(QObject *sender, const QVariant &variant, bool notify = true,
                            bool create = true, bool prune = false);
-    /// The inverse of importFromVariant: a QVariantMap for an inner node, the value for a leaf.
+    /// A QVariantMap for an inner node, the value for a leaf; what came as a list of maps is a map
+    /// by then.
     QVariant toVariant() const;
 
     /// Removes the direct child @p name and everything below it; false when there is none.
@@ -84,21 +95,21 @@ public:
     /// Emits changed() of a watched node for a value that was delivered as a whole: the way in
     /// which a controller node's notification, a map, reaches its receivers.
     void notifyWhole(const QVariant &value, const QVariant &old, QObject *sender);
+    /// Switches touched() on or off.
+    void observeSubtree(bool on) { m_observed = on; }
 
 signals:
     void changed(const QVariant &value, const QVariant &old, QObject *sender);
     /// Anything below changed, notified or not; only on nodes with observeSubtree(true).
     void touched();
 
-public:
-    void observeSubtree(bool on) { m_observed = on; }
-
 private:
     void assign(QObject *sender, const QVariant &value, bool notify);
     void announce(QObject *sender, const QVariant &old);
     void touch();
+    bool isWithin(const ModuleObject *other) const;
     void pruneExcept(const QStringList &names);
-    ModuleObject *make(const QString &path);
+    void arrange(const QStringList &names);
 
     QString m_name;
     QVariant m_value;

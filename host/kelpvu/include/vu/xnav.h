@@ -10,7 +10,8 @@ class BModule;
 
 namespace vu::xnav {
 
-/// Path in the application-wide tree below which the navigation entries stand, in menu order.
+/// Path in the application-wide tree below which the navigation entries stand, in the order in
+/// which they were registered; whoever shows the menu heeds their positions.
 inline const QString entriesPath = QStringLiteral("vu.nav");
 
 /// Adds an entry to the pendant's navigation menu and returns it. Its children: "title", "group"
