@@ -60,7 +60,7 @@ Fetch handleGetParam(QObject *sender, const ParameterSet &set, const QComboBox *
         return Fetch::Failed; // without a key the whole set would be read, and written
     const auto answer = xservice()->get(sender, set.node(), file);
     if (controller::readFailed(answer)) {
-        report::error(sender, ParameterFile::tr("%1: read parameter error").arg(file));
+        report::readFailed(sender, file);
         return Fetch::Failed;
     }
     if (answer->hasCmobj(nameKey)) {

@@ -11,4 +11,7 @@ void error(const QObject *sender, const QString &text);
 void warning(const QObject *sender, const QString &text);
 void info(const QObject *sender, const QString &text);
 
+/// The file or set @p what could not be read, so nothing of it is shown or written.
+void readFailed(const QObject *sender, const QString &what);
+
 } // namespace welmo::report

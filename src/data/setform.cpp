@@ -1,6 +1,7 @@
 #include "data/setform.h"
 
 #include "data/controller.h"
+#include "data/report.h"
 
 namespace welmo {
 
@@ -38,8 +39,11 @@ void SetForm::writeDefaults()
 bool SetForm::get()
 {
     const auto answer = xservice()->get(m_owner, controller::node(m_name));
-    if (controller::readFailed(answer))
+    if (controller::readFailed(answer)) {
+        report::readFailed(m_owner, m_name);
         return false;
+    }
+    m_known = true;
     if (answer->cmobjCount() == 0) {
         useDefault();
         return true;

@@ -20,8 +20,11 @@ public:
     void useDefaultNode();
     void writeDefaults();
     /// Reads the set; where the controller answers that it has none, the defaults are taken over.
-    /// False when it could not be read, and nothing changed.
+    /// False when it could not be read, which is reported, and nothing changed.
     bool get();
+    /// False until the set was read once: what is shown are defaults that nobody chose, and the
+    /// controller's own values must not be replaced with them.
+    bool isKnown() const { return m_known; }
     /// Takes the defaults over as the present values.
     void useDefault();
     void store() { m_fields.store(m_data); }
@@ -34,6 +37,7 @@ private:
     QString m_name;
     FieldTable m_fields;
     kelp::ModuleObject *m_data = nullptr;
+    bool m_known = false;
 };
 
 } // namespace welmo

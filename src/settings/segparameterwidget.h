@@ -22,6 +22,8 @@ public:
     /// Reads the file again and shows it; while it cannot be read the form stays as it is.
     void initPage();
 
+    welmo::FileForm &file() { return *m_file; }
+
     QString getFileNumber() const;
     /// Chooses the file and shows it; an unknown name is reported and changes nothing.
     void setFileNumber(const QString &name);

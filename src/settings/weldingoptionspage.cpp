@@ -14,6 +14,7 @@ using namespace welmo;
 namespace {
 
 const QString anticollisionStateNode = QStringLiteral("arc_weld.anticollision_state");
+constexpr int notRead = -1; // refused here, before the controller is asked
 
 } // namespace
 
@@ -37,7 +38,7 @@ void WeldingOptionsPage::declareFields()
     m_running.fields()
         .integer("test_run_speed", ui->sbx_emptyRunningCartSpeed, {1, 250}, 200)
         .unit(ui->lblEmptyRunningCartSpeedUnit, units::mmPerSecond);
-    // Kept as an integer on the controller, although edited with decimals.
+    // A whole number by default, like every other; the operator's own has decimals.
     m_running.fields()
         .real("wire_feed_speed", ui->sbx_wireSpeed, {1.0, 21.0}, 1)
         .unit(ui->lblWireSpeedUnit, units::metrePerMinute);
@@ -71,8 +72,10 @@ void WeldingOptionsPage::offerInputs()
 {
     for (QComboBox *combo : {ui->cbx_DISelection_anti, ui->cbx_DISelection}) {
         const QSignalBlocker blocker(combo);
+        const QString present = combo->currentText();
         combo->clear();
         combo->addItems(inputs::getDIRange());
+        combo->setCurrentIndex(combo->findText(present));
     }
 }
 
@@ -111,26 +114,31 @@ void WeldingOptionsPage::initParamValue()
     useDefaultRunningParam();
     useDefaultAnticollisionParam();
     useDefaultWireClampingTorchModeParam();
-    showAll();
-}
-
-void WeldingOptionsPage::showAll()
-{
     setRunningParam();
     setAnticollisionParam();
     setWireClampingTorchModeParam();
+    if (controller::isConnected())
+        readAll();
+}
+
+void WeldingOptionsPage::readAll()
+{
+    if (m_running.get())
+        setRunningParam();
+    if (m_anticollision.get())
+        setAnticollisionParam();
+    if (m_clamping.get())
+        setWireClampingTorchModeParam();
 }
 
 void WeldingOptionsPage::initPage()
 {
     if (!controller::isConnected())
         return;
+    xservice()->watch(this, anticollisionStateNode, true);
     checkWelderState();
     offerInputs();
-    getRunningParam();
-    getAnticollisionParam();
-    getWireClampingTorchModeParam();
-    showAll();
+    readAll();
 }
 
 void WeldingOptionsPage::setAnticollisionParam()
@@ -146,6 +154,8 @@ void WeldingOptionsPage::storeAnticollisionParam()
 
 int WeldingOptionsPage::saveRunningParam()
 {
+    if (!m_running.isKnown())
+        return notRead;
     storeRunningParam();
     return xservice()
         ->set(this, controller::node(QStringLiteral("running_param")), m_running.data())
@@ -154,6 +164,8 @@ int WeldingOptionsPage::saveRunningParam()
 
 int WeldingOptionsPage::cmdAnticollisionParam()
 {
+    if (!m_anticollision.isKnown())
+        return notRead;
     return xservice()
         ->execCommand(this, controller::node(QStringLiteral("set_anticollision")),
                       m_anticollision.data())
@@ -162,6 +174,8 @@ int WeldingOptionsPage::cmdAnticollisionParam()
 
 int WeldingOptionsPage::cmdWireClampingTorchModeParam()
 {
+    if (!m_clamping.isKnown())
+        return notRead;
     return xservice()
         ->execCommand(this, controller::node(QStringLiteral("set_wire_clamping_torch_mode")),
                       m_clamping.data())

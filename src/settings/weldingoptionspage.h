@@ -19,8 +19,12 @@ public:
     WeldingOptionsPage(QWidget *parent, QObject *owner);
     ~WeldingOptionsPage() override;
 
-    /// Reads all three sets again; while not connected the form stays as it is.
+    /// Reads all three sets again; a set that cannot be read stays as it is.
     void initPage() override;
+
+    welmo::SetForm &running() { return m_running; }
+    welmo::SetForm &anticollision() { return m_anticollision; }
+    welmo::SetForm &clamping() { return m_clamping; }
 
     void useRunningParamDefaultNode() { m_running.useDefaultNode(); }
     void useAnticollisionParamDefaultNode() { m_anticollision.useDefaultNode(); }
@@ -56,7 +60,7 @@ private:
     void initParamRange();
     void initParamValue();
     void offerInputs();
-    void showAll();
+    void readAll();
     void checkWelderState();
 
     int saveRunningParam();
