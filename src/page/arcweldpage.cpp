@@ -1,6 +1,7 @@
 #include "page/arcweldpage.h"
 
 #include <QToolButton>
+#include <algorithm>
 
 #include <kelp/registry.h>
 #include <pando/frame.h>
@@ -87,15 +88,17 @@ void ArcWeldPage::paintIcon(const SubPageCfg &entry, const QString &ink)
 void ArcWeldPage::switchPage()
 {
     auto *button = qobject_cast<QToolButton *>(sender());
-    if (button == m_currentButton) {
+    if (button && button == m_currentButton) {
         button->setChecked(true);
         return;
     }
-    SubPageCfg *chosen = nullptr;
+    const auto chosen =
+        std::find_if(m_entries.begin(), m_entries.end(),
+                     [button](const SubPageCfg &entry) { return entry.button == button; });
+    if (chosen == m_entries.end())
+        return;
     for (SubPageCfg &entry : m_entries) {
-        if (entry.button == button)
-            chosen = &entry;
-        else
+        if (entry.button != button)
             leave(entry);
     }
     show(*chosen);
