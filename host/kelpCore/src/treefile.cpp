@@ -40,7 +40,9 @@ void TreeFile::follow()
     m_tree->observeSubtree(true);
     connect(m_tree, &ModuleObject::touched, this, [this] {
         m_dirty = true;
-        m_delay.start();
+        // Not started anew: a tree that changes all the time is saved all the same.
+        if (!m_delay.isActive())
+            m_delay.start();
     });
 }
 
@@ -48,10 +50,10 @@ void TreeFile::flush()
 {
     if (!m_dirty)
         return;
-    m_dirty = false;
     QString error;
     const auto object = QJsonObject::fromVariantMap(m_tree->toVariant().toMap());
-    if (!writeJsonFile(m_path, QJsonDocument(object), &error))
+    m_dirty = !writeJsonFile(m_path, QJsonDocument(object), &error);
+    if (m_dirty)
         emit failed(error);
 }
 

@@ -7,7 +7,7 @@
 
 namespace kelp {
 
-/// Keeps one tree and its JSON file together: loads at once, saves a moment after the last change.
+/// Keeps one tree and its JSON file together: loads at once, saves a moment after a change.
 class TreeFile : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     bool load(QString *error);
     /// Starts following changes; call after load().
     void follow();
-    /// Writes now if anything changed since the last write.
+    /// Writes now if anything changed since the last write that succeeded.
     void flush();
 
 signals:

@@ -17,11 +17,13 @@ Workspace *s_current = nullptr;
 void complete(ModuleObject *node, const QVariantMap &defaults)
 {
     for (auto it = defaults.begin(); it != defaults.end(); ++it) {
-        const bool inner = it.value().userType() == QMetaType::QVariantMap;
-        if (inner)
-            complete(node->c(it.key(), true), it.value().toMap());
-        else if (!node->hasCmobj(it.key()))
-            node->set(nullptr, it.key(), it.value(), false);
+        ModuleObject *child = node->c(it.key(), true);
+        if (child->value().isValid())
+            continue;
+        if (it.value().userType() == QMetaType::QVariantMap)
+            complete(child, it.value().toMap());
+        else if (child->cmobjCount() == 0)
+            child->set(nullptr, QString(), it.value(), false);
     }
 }
 
@@ -49,7 +51,7 @@ Workspace *Workspace::current()
 
 ModuleObject *Workspace::bindTree(const QString &key, const QString &templatePath, bool persistent)
 {
-    ModuleObject *tree = m_root.c(key, true);
+    ModuleObject *tree = m_root.make(key);
     if (m_bound.contains(key))
         return tree;
     m_bound.append(key);

@@ -10,10 +10,9 @@ namespace kelp {
 class QFLog
 {
 public:
-    /// @p colour is a terminal escape for the console, @p tag begins the line, @p file names the
-    /// log file (a relative one lies in the host's log folder), @p category and @p context follow
-    /// the tag in the file when they are not empty. A file that cannot be opened leaves the
-    /// console.
+    /// @p colour is a terminal escape for the console, @p tag begins the line, @p category and
+    /// @p context follow it when they are not empty. @p file names the log file, a relative one
+    /// from the host's data folder; one that cannot be opened leaves the console.
     QFLog(const QString &colour, const QString &tag, const QString &file, const QString &category,
           const QString &context = QString());
     ~QFLog();

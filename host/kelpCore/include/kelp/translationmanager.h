@@ -19,8 +19,9 @@ public:
 
     QString language() const { return m_language; }
 
-    /// Loads one .qm file; it becomes active when its name ends in the suffix of the host's
-    /// language ("_cn" for zh_CN). False when the file cannot be loaded: texts stay in English.
+    /// Loads one .qm file; it becomes active when it is of the host's language: one whose name ends
+    /// in "_cn" for zh_CN, any other for English. False when the file cannot be loaded: its texts
+    /// stay in English.
     bool installQMTranslator(const QString &path);
 
 private:

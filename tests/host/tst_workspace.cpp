@@ -1,0 +1,285 @@
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <memory>
+
+#include "kelp/jsonfile.h"
+#include "kelp/qflog.h"
+#include "kelp/registry.h"
+#include "kelp/workspace.h"
+
+using kelp::ModuleObject;
+using kelp::Workspace;
+
+namespace {
+
+const char *const byteOrderMark = "\xEF\xBB\xBF";
+const char *const templateText =
+    R"({"device": {"enable": false}, "set": {}, "options": {"mode": "test_run"}})";
+
+void write(const QString &path, const QByteArray &text)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(text);
+}
+
+QByteArray read(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+/// kelpCore: what one running host keeps: saved trees, registries, translations, the log file.
+class tst_Workspace : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void theTemplateSeedsATree();
+    void aSavedTreeIsRestoredAndCompleted_data();
+    void aSavedTreeIsRestoredAndCompleted();
+    void aChangeIsSavedShortlyAfterItAndAtTheEnd();
+    void aTreeThatNeverRestsIsSavedAllTheSame();
+    void onlyAPersistentTreeIsSaved();
+    void anUnreadableFileIsReportedAndLeftAsItIs_data();
+    void anUnreadableFileIsReportedAndLeftAsItIs();
+    void aSaveThatFailedIsReportedAndTriedAgain();
+    void bindingAgainChangesNothing();
+    void thereIsNoTreeBetweenHosts();
+    void registriesOverwrite();
+    void theVersionIsTheSumOfTheClassVersionsBelowTheName();
+    void oneTranslationIsActiveByTheHostsLanguage_data();
+    void oneTranslationIsActiveByTheHostsLanguage();
+    void theLogFileLiesInTheDataFolder();
+
+private:
+    void start(const QString &language = QStringLiteral("en"));
+    void restart();
+    ModuleObject *bind(bool persistent = true);
+    QString path(const QString &name) const { return m_folder->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Workspace> m_host;
+    QStringList m_problems;
+};
+
+void tst_Workspace::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    write(path("template.json"), QByteArray(byteOrderMark) + templateText);
+    start();
+}
+
+void tst_Workspace::cleanup()
+{
+    m_host.reset();
+    m_problems.clear();
+}
+
+void tst_Workspace::start(const QString &language)
+{
+    m_host = std::make_unique<Workspace>(path("data"), language);
+    connect(m_host.get(), &Workspace::problem, this,
+            [this](const QString &line) { m_problems.append(line); });
+}
+
+void tst_Workspace::restart()
+{
+    m_host.reset();
+    start();
+}
+
+ModuleObject *tst_Workspace::bind(bool persistent)
+{
+    return m_host->bindTree("welmo", path("template.json"), persistent);
+}
+
+void tst_Workspace::theTemplateSeedsATree()
+{
+    ModuleObject *tree = bind();
+    QCOMPARE(m("welmo"), tree);
+    QCOMPARE(m("welmo.device.enable")->value(), QVariant(false));
+    QCOMPARE(m("welmo.options.mode")->getString(), QString("test_run"));
+    QVERIFY(tree->hasCmobj("set") && tree->r("set")->cmobjCount() == 0);
+    QCOMPARE(m_problems, QStringList());
+}
+
+void tst_Workspace::aSavedTreeIsRestoredAndCompleted_data()
+{
+    QTest::addColumn<QByteArray>("saved");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("value");
+    const auto row = [](const char *name, const char *saved, const char *key,
+                        const QVariant &value) {
+        QTest::newRow(name) << QByteArray(saved) << QString(key) << value;
+    };
+    row("the saved value wins", R"({"device": {"enable": true}})", "device.enable", true);
+    row("beside it, the template", R"({"device": {"own": 1}})", "device.enable", false);
+    row("what the template lacks stays", R"({"own": {"a": [1, "b"]}})", "own.a",
+        QVariantList{1, "b"});
+    row("a branch saved without children", R"({"device": null})", "device.enable", false);
+    row("a value where the template has a branch", R"({"device": 5})", "device", 5);
+    row("a branch where the template has a value", R"({"options": {"mode": {"a": 1}}})",
+        "options.mode.a", 1);
+    row("with a byte-order mark", "\xEF\xBB\xBF{\"device\": {\"enable\": true}}", "device.enable",
+        true);
+}
+
+void tst_Workspace::aSavedTreeIsRestoredAndCompleted()
+{
+    QFETCH(QByteArray, saved);
+    QFETCH(QString, key);
+    QFETCH(QVariant, value);
+    write(path("data/welmo.json"), saved);
+    bind()->set(nullptr, "touched", true);
+    QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
+    restart();
+    bind();
+    QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
+}
+
+void tst_Workspace::aChangeIsSavedShortlyAfterItAndAtTheEnd()
+{
+    bind()->set(nullptr, "device.enable", true, false);
+    QTRY_VERIFY(read(path("data/welmo.json")).contains("\"enable\": true"));
+    m("welmo.device")->c("late", true)->set(nullptr, QString(), 12.5);
+    restart();
+    bind();
+    QCOMPARE(m("welmo.device.late")->getDouble(), 12.5);
+    m("welmo.device")->removeChild("late");
+    restart();
+    bind();
+    QVERIFY(m("welmo.device.late")->isMissing());
+}
+
+void tst_Workspace::aTreeThatNeverRestsIsSavedAllTheSame()
+{
+    ModuleObject *tree = bind();
+    QTimer restless;
+    int count = 0;
+    connect(&restless, &QTimer::timeout, this, [&] { tree->set(nullptr, "count", ++count); });
+    restless.start(0);
+    QTRY_VERIFY(!read(path("data/welmo.json")).isEmpty());
+}
+
+void tst_Workspace::onlyAPersistentTreeIsSaved()
+{
+    bind(false)->set(nullptr, "device.enable", true);
+    restart();
+    QVERIFY(!QFile::exists(path("data/welmo.json")));
+}
+
+void tst_Workspace::anUnreadableFileIsReportedAndLeftAsItIs_data()
+{
+    QTest::addColumn<QByteArray>("saved");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("broken") << QByteArray("{\"device\":\n {\"enable\" true}}") << ":2:";
+    QTest::newRow("empty") << QByteArray() << "not valid JSON";
+    QTest::newRow("a list") << QByteArray("[1]") << "not a JSON object";
+}
+
+void tst_Workspace::anUnreadableFileIsReportedAndLeftAsItIs()
+{
+    QFETCH(QByteArray, saved);
+    QFETCH(QString, reason);
+    write(path("data/welmo.json"), saved);
+    bind()->set(nullptr, "device.enable", true);
+    QCOMPARE(m("welmo.options.mode")->getString(), QString("test_run"));
+    QCOMPARE(m_problems.size(), 1);
+    QVERIFY(m_problems.first().contains("data/welmo.json"));
+    QVERIFY(m_problems.first().contains(reason));
+    restart();
+    QCOMPARE(read(path("data/welmo.json")), saved);
+}
+
+void tst_Workspace::aSaveThatFailedIsReportedAndTriedAgain()
+{
+    bind()->set(nullptr, "device.enable", true);
+    QVERIFY(QDir(path("data")).removeRecursively());
+    m_host->saveTrees();
+    QCOMPARE(m_problems.size(), 1);
+    QVERIFY(m_problems.first().contains("data/welmo.json"));
+    QVERIFY(QDir().mkpath(path("data")));
+    restart();
+    bind();
+    QCOMPARE(m("welmo.device.enable")->getBool(), true);
+}
+
+void tst_Workspace::bindingAgainChangesNothing()
+{
+    ModuleObject *tree = bind();
+    tree->set(nullptr, "device.enable", true);
+    QCOMPARE(bind(), tree);
+    QCOMPARE(tree->r("device.enable")->getBool(), true);
+}
+
+void tst_Workspace::thereIsNoTreeBetweenHosts()
+{
+    m_host.reset();
+    QVERIFY(m("welmo")->isMissing());
+    QCOMPARE(Workspace::current(), nullptr);
+}
+
+void tst_Workspace::registriesOverwrite()
+{
+    kelp::CreatorManager<int()> creators;
+    for (const int number : {1, 2})
+        creators.regist("a", [number] { return number; });
+    QCOMPARE(creators.keys(), QStringList("a"));
+    QCOMPARE(creators.creator("a")(), 2);
+    QVERIFY(!creators.creator("b") && !creators.contains("b"));
+}
+
+void tst_Workspace::theVersionIsTheSumOfTheClassVersionsBelowTheName()
+{
+    kelp::pluginManager()->regist("some", [] { return 11; });
+    const QList<QPair<QString, int>> classes{
+        {"some.a", 9}, {"some.b", 1}, {"some.a", 7}, {"some", 100}, {"somewhere.a", 100}};
+    for (const auto &[key, number] : classes)
+        kelp::versionManager().insert(key, [number = number] { return number; });
+    QCOMPARE(ver("some", true), 8);
+    QCOMPARE(ver("some", false), 11);
+    QCOMPARE(ver("unknown", true) + ver("unknown", false), 0);
+    QCOMPARE(mName("1", "2", "3"), QString("1.2.3"));
+}
+
+void tst_Workspace::oneTranslationIsActiveByTheHostsLanguage_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<bool>("chinese");
+    QTest::newRow("en") << "en" << false;
+    QTest::newRow("zh_CN") << "zh_CN" << true;
+}
+
+void tst_Workspace::oneTranslationIsActiveByTheHostsLanguage()
+{
+    QFETCH(QString, language);
+    m_host.reset();
+    start(language);
+    QVERIFY(translator()->installQMTranslator(SAMPLE_QM));
+    QVERIFY(!translator()->installQMTranslator(path("missing_cn.qm")));
+    const QString open = QString::fromUtf8("\xE6\x89\x93\xE5\xBC\x80");
+    const auto shown = [] { return QCoreApplication::translate("Sample", "Open"); };
+    QTEST(shown() == open, "chinese");
+    m_host.reset();
+    QCOMPARE(shown(), QString("Open"));
+}
+
+void tst_Workspace::theLogFileLiesInTheDataFolder()
+{
+    for (const char *word : {"first", "second"}) {
+        kelp::QFLog log("", "[S]", "./log/sample", "log");
+        log << word << "line";
+    }
+    QCOMPARE(read(path("data/log/sample")),
+             QByteArray("[S] log first line\n[S] log second line\n"));
+}
+
+QTEST_GUILESS_MAIN(tst_Workspace)
+#include "tst_workspace.moc"
