@@ -40,6 +40,9 @@ Host::~Host()
 {
     m_keys.releaseAll();
     m_helper.framework()->stop();
+    // What cannot be saved is told while there is a log; the workspace itself ends after it.
+    m_workspace.saveTrees();
+    m_workspace.disconnect(this);
     m_service.setLink(nullptr);
     m_link.reset();
     s_current = nullptr;
