@@ -26,9 +26,29 @@ void BModule::bindMobjJson(const QString &key, const QString &templatePath, bool
 
 void BModule::addSubmodule(BModule *module)
 {
+    if (m_submodules.contains(module))
+        return;
     // The list owns it from here; a QObject parent would delete it a second time.
     module->setParent(nullptr);
     m_submodules.append(module);
+    if (m_stage == Stage::Idle)
+        module->advance(m_stage);
+}
+
+void BModule::advance(Stage stage)
+{
+    using Step = void (BModule::*)();
+    static constexpr Step steps[][2] = {{&BModule::init, &BModule::afterInit},
+                                        {&BModule::setup, &BModule::afterSetup},
+                                        {&BModule::render, &BModule::afterRender},
+                                        {&BModule::idle, &BModule::afterIdle}};
+    for (; m_stage < stage; m_stage = Stage(int(m_stage) + 1)) {
+        for (const Step step : steps[int(m_stage)])
+            (this->*step)();
+    }
+    // By index, since a step may add to any list.
+    for (int i = 0; i < m_submodules.size(); ++i)
+        m_submodules.at(i)->advance(stage);
 }
 
 } // namespace pando

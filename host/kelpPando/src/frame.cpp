@@ -11,10 +11,14 @@ CenterWidget::CenterWidget(QWidget *parent)
 void CenterWidget::addPage(QObject *owner, const QString &key, QWidget *page)
 {
     Q_UNUSED(owner)
-    if (QWidget *old = m_pages.value(key); old && old != page)
-        delete old;
+    QWidget *old = m_pages.value(key);
+    const bool shown = old && old == currentWidget();
     m_pages.insert(key, page);
     addWidget(page);
+    if (shown)
+        setCurrentWidget(page);
+    if (old != page)
+        delete old;
 }
 
 bool CenterWidget::switchTo(const QString &key)

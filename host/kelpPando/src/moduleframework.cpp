@@ -1,51 +1,18 @@
 #include "pando/moduleframework.h"
 
-#include <functional>
+#include <utility>
 
 namespace pando {
 
 namespace {
 
-using Step = std::function<void(BModule *)>;
+using Step = void (BModule::*)();
 
-void initStep(BModule *module)
+void forAll(BModule *module, Step step)
 {
-    module->init();
-    module->afterInit();
-}
-
-void setupStep(BModule *module)
-{
-    module->setup();
-    module->afterSetup();
-}
-
-void renderStep(BModule *module)
-{
-    module->render();
-    module->afterRender();
-}
-
-void idleStep(BModule *module)
-{
-    module->idle();
-    module->afterIdle();
-}
-
-// A sub-module added in its parent's setup has its own init and setup after the parent's.
-void initAndSetup(BModule *module)
-{
-    initStep(module);
-    setupStep(module);
-    for (BModule *child : module->submodules())
-        initAndSetup(child);
-}
-
-void forAll(BModule *module, const Step &step)
-{
-    step(module);
-    for (BModule *child : module->submodules())
-        forAll(child, step);
+    (module->*step)();
+    for (int i = 0; i < module->submodules().size(); ++i)
+        forAll(module->submodules().at(i), step);
 }
 
 } // namespace
@@ -60,23 +27,25 @@ bool ModuleFramework::create(const QString &key)
     const auto creator = bfactory()->creator(key);
     if (!creator)
         return false;
-    m_modules.emplace_back(creator(nullptr));
+    std::unique_ptr<BModule> module(creator(nullptr));
+    if (!module)
+        return false;
+    m_modules.push_back(std::move(module));
     return true;
 }
 
 void ModuleFramework::start()
 {
-    for (const auto &module : m_modules)
-        initAndSetup(module.get());
-    for (const Step &step : {Step(renderStep), Step(idleStep)}) {
+    using Stage = BModule::Stage;
+    for (const Stage stage : {Stage::SetUp, Stage::Rendered, Stage::Idle}) {
         for (const auto &module : m_modules)
-            forAll(module.get(), step);
+            module->advance(stage);
     }
 }
 
 void ModuleFramework::stop()
 {
-    for (const Step &step : {Step(&BModule::beforeDetach), Step(&BModule::detach)}) {
+    for (const Step step : {&BModule::beforeDetach, &BModule::detach}) {
         for (const auto &module : m_modules)
             forAll(module.get(), step);
     }

@@ -10,8 +10,8 @@
 namespace pando {
 
 /// Base of every module and sub-module. The host drives the life cycle: init, setup, then render
-/// for all, idle, and at the end beforeDetach, detach, destruction; each step's after… companion
-/// follows it at once. Sub-modules added during a step catch up on the steps already done.
+/// for all, idle for all, and at the end beforeDetach, detach, destruction; each step's after…
+/// companion follows it at once. A sub-module takes each step after the module it was handed to.
 class BModule : public QObject
 {
     Q_OBJECT
@@ -40,11 +40,19 @@ public:
     /// @p persistent the host saves and restores it.
     void bindMobjJson(const QString &key, const QString &templatePath, bool persistent);
 
-    /// Hands @p module to the host, which drives its life cycle and owns it from now on.
+    /// Hands @p module to the host, which drives its life cycle and owns it from now on: it catches
+    /// up on the steps already done as soon as the step that adds it is over, or at once when this
+    /// module has been through all of them.
     void addSubmodule(BModule *module);
     const QList<BModule *> &submodules() const { return m_submodules; }
 
 private:
+    friend class ModuleFramework;
+    enum class Stage { Made, Initialised, SetUp, Rendered, Idle };
+
+    void advance(Stage stage);
+
+    Stage m_stage = Stage::Made;
     kelp::ModuleObject *m_mobj;
     QList<BModule *> m_submodules;
 };

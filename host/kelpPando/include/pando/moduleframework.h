@@ -16,9 +16,11 @@ public:
     ModuleFramework(const ModuleFramework &) = delete;
     ModuleFramework &operator=(const ModuleFramework &) = delete;
 
-    /// Creates the module registered under @p key; false when there is none.
+    /// Creates the module registered under @p key; false when there is none, or its creator gives
+    /// none.
     bool create(const QString &key);
-    /// init and setup of every module, then render of all, then idle of all.
+    /// init and setup of every module, then render of all, then idle of all; a module that has been
+    /// through them is left alone.
     void start();
     /// beforeDetach of all, detach of all, then destruction, last created first.
     void stop();
