@@ -6,6 +6,7 @@
 #include "controller/options.h"
 #include "controller/parameterfiles.h"
 #include "controller/project.h"
+#include "controller/robot.h"
 #include "controller/welder.h"
 #include "controller/weldmode.h"
 #include "controller/wireandgas.h"
@@ -21,6 +22,7 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     const Welder &welder = add<Welder>();
     add<WireAndGas>(welder);
     add<Project>();
+    add<Robot>();
 }
 
 Controller::~Controller() = default;

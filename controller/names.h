@@ -33,4 +33,8 @@ inline const QString project = QStringLiteral("orbo.project");
 inline const QString signalDetail = QStringLiteral("orbo.robot.io.signal_detail");
 inline const QString toolPage = QStringLiteral("orbo.toolpage");
 
+inline const QString robotPosition = QStringLiteral("tl_program.get_rob_pos");
+inline const QString moveToPoint = QStringLiteral("motion.move.to_point");
+inline const QString stopMove = QStringLiteral("motion.move.stop");
+
 } // namespace controller::names
