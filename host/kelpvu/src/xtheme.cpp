@@ -56,8 +56,7 @@ QString Theme::imagePath(const QString &key) const
 
 QString Theme::resolve(const QString &text, QStringList *unknown) const
 {
-    static const QRegularExpression pattern(
-        QStringLiteral("\\$(font|color|image|border)\\$([A-Za-z0-9_./]+)"));
+    static const QRegularExpression pattern(QStringLiteral("\\$([A-Za-z]+)\\$([A-Za-z0-9_./]+)"));
     QString result;
     int from = 0;
     auto matches = pattern.globalMatch(text);

@@ -15,6 +15,9 @@ const QString selectorKey = QStringLiteral("name");
 
 QString ruleText(const QJsonObject &rule, QStringList *unknown)
 {
+    const QString selector = rule.value(selectorKey).toString();
+    if (selector.isEmpty())
+        return {};
     QString body;
     for (auto it = rule.begin(); it != rule.end(); ++it) {
         if (it.key() == selectorKey)
@@ -23,7 +26,7 @@ QString ruleText(const QJsonObject &rule, QStringList *unknown)
             vu::xtheme::current().resolve(it.value().toVariant().toString(), unknown);
         body += QStringLiteral("  %1: %2;\n").arg(it.key(), value);
     }
-    return QStringLiteral("%1 {\n%2}\n").arg(rule.value(selectorKey).toString(), body);
+    return QStringLiteral("%1 {\n%2}\n").arg(selector, body);
 }
 
 } // namespace
@@ -32,6 +35,12 @@ ThemeManager::ThemeManager(QObject *parent)
     : QObject(parent)
     , m_aliases(QStringLiteral("tessa/theme"))
 { }
+
+void ThemeManager::addAlias(const QString &alias)
+{
+    if (!m_aliases.contains(alias))
+        m_aliases.append(alias);
+}
 
 QIcon ThemeManager::getIcon(const QString &group, const QString &name) const
 {
@@ -62,8 +71,12 @@ QString ThemeManager::build(const QString &path)
     QString sheet;
     QStringList unknown;
     const QJsonArray rules = document.array();
-    for (const QJsonValue &rule : rules)
-        sheet += ruleText(rule.toObject(), &unknown);
+    for (int i = 0; i < rules.size(); ++i) {
+        const QString text = ruleText(rules.at(i).toObject(), &unknown);
+        if (text.isEmpty())
+            emit problem(tr("%1: rule %2 has no selector").arg(path).arg(i + 1));
+        sheet += text;
+    }
     unknown.removeDuplicates();
     if (!unknown.isEmpty())
         emit problem(tr("%1: unknown theme tokens: %2").arg(path, unknown.join(", ")));

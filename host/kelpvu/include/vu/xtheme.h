@@ -21,8 +21,9 @@ public:
     /// Path of the image @p key: below "images" beside the theme file, else that of the host's own
     /// themes. Empty when the theme does not know it.
     QString imagePath(const QString &key) const;
-    /// Replaces every token in @p text, written as the kind between two dollar signs and the key.
-    /// Keys that the theme does not know are appended to @p unknown and become empty.
+    /// Replaces every token in @p text: the kind between two dollar signs and the key, of letters,
+    /// digits and "_./". Tokens that the theme does not know are appended to @p unknown and become
+    /// empty.
     QString resolve(const QString &text, QStringList *unknown = nullptr) const;
     /// A colour of the theme, else a colour that Qt knows by that name.
     QColor color(const QString &key) const;
