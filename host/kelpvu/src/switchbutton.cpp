@@ -1,7 +1,6 @@
 #include "vu/switchbutton.h"
 
 #include <QPainter>
-#include <QStyleOption>
 
 #include "vu/xtheme.h"
 
@@ -52,6 +51,16 @@ TouchButton::TouchButton(QWidget *parent)
 {
     connect(this, &QAbstractButton::pressed, this, [this] { emit touched(true); });
     connect(this, &QAbstractButton::released, this, [this] { emit touched(false); });
+}
+
+// The base class tells the release of a button that is disabled, but not of one that is hidden.
+void TouchButton::hideEvent(QHideEvent *event)
+{
+    QAbstractButton::hideEvent(event);
+    if (!isDown())
+        return;
+    setDown(false);
+    emit touched(false);
 }
 
 void TouchButton::paintEvent(QPaintEvent *)

@@ -12,27 +12,29 @@ class EnableButton : public QAbstractButton
 public:
     explicit EnableButton(QWidget *parent = nullptr);
     QSize sizeHint() const override { return {88, 45}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 signals:
     void enabled(bool on);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
-/// A push button that acts while it is held: pressed and released are told as one state.
+/// A push button that acts while it is held: pressed and released are told as one state. A button
+/// that is disabled or hidden while it is held is released at once.
 class TouchButton : public QAbstractButton
 {
     Q_OBJECT
 public:
     explicit TouchButton(QWidget *parent = nullptr);
     QSize sizeHint() const override { return {120, 45}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 signals:
     void touched(bool down);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    void hideEvent(QHideEvent *event) override;
 };
