@@ -17,10 +17,60 @@
     </message>
 </context>
 <context>
+    <name>controller::Database</name>
+    <message>
+        <source>cannot be opened (%1)</source>
+        <translation>无法打开（%1）</translation>
+    </message>
+    <message>
+        <source>cannot be written</source>
+        <translation>无法写入</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created</source>
+        <translation>无法创建文件夹</translation>
+    </message>
+    <message>
+        <source>is in use by another program</source>
+        <translation>正被其他程序使用</translation>
+    </message>
+    <message>
+        <source>the folder cannot be written</source>
+        <translation>文件夹不可写</translation>
+    </message>
+    <message>
+        <source>is damaged (%1)</source>
+        <translation>已损坏（%1）</translation>
+    </message>
+    <message>
+        <source>cannot be set up (%1)</source>
+        <translation>无法初始化（%1）</translation>
+    </message>
+    <message>
+        <source>belongs to another program</source>
+        <translation>属于其他程序</translation>
+    </message>
+    <message>
+        <source>was written by a newer version (format %1, known is %2)</source>
+        <translation>由更新的版本写入（格式 %1，已知格式 %2）</translation>
+    </message>
+    <message>
+        <source>is not a controller store (%1)</source>
+        <translation>不是控制器数据库（%1）</translation>
+    </message>
+</context>
+<context>
     <name>kelp::TreeFile</name>
     <message>
         <source>%1: is not a JSON object</source>
         <translation>%1：不是 JSON 对象</translation>
+    </message>
+</context>
+<context>
+    <name>links::FarEnd</name>
+    <message>
+        <source>%1: the project data cannot be kept (%2)</source>
+        <translation>%1：无法保存工程数据（%2）</translation>
     </message>
 </context>
 <context>
