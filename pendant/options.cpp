@@ -25,6 +25,10 @@ QString complaintAbout(const QCommandLineParser &parser, const Options &options)
 {
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
+    for (const QString &name : parser.optionNames()) {
+        if (parser.value(name).isEmpty() && name != QLatin1String("help"))
+            return QStringLiteral("--%1 needs a value").arg(name);
+    }
     if (!options.language.isEmpty() && !knownLanguages().contains(options.language))
         return QStringLiteral("unknown language '%1': en or zh_CN").arg(options.language);
     if (!options.theme.isEmpty() && !knownThemes().contains(options.theme)
