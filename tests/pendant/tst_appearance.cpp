@@ -1,0 +1,132 @@
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolButton>
+
+#include "kelp/jsonfile.h"
+#include "pando/frame.h"
+#include "support/testpendant.h"
+
+using testsupport::Setup;
+using testsupport::TestPendant;
+
+namespace {
+
+constexpr int smallestTouch = 45;
+
+QString describe(const QWidget *widget)
+{
+    QString text = widget->property("text").toString();
+    if (const auto *combo = qobject_cast<const QComboBox *>(widget))
+        text = combo->currentText();
+    return QStringLiteral("%1 %2 '%3' is %4x%5, wants %6x%7")
+        .arg(widget->metaObject()->className(), widget->objectName(), text)
+        .arg(widget->width())
+        .arg(widget->height())
+        .arg(widget->sizeHint().width())
+        .arg(widget->sizeHint().height());
+}
+
+bool showsItsText(const QWidget *widget)
+{
+    const auto *label = qobject_cast<const QLabel *>(widget);
+    if (label && label->wordWrap())
+        return label->heightForWidth(label->width()) <= label->height();
+    // The last message is cut with dots on purpose.
+    if (label && label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored)
+        return true;
+    return widget->sizeHint().width() <= widget->width();
+}
+
+} // namespace
+
+class TestAppearance : public QObject
+{
+    Q_OBJECT
+private slots:
+    void everythingFits_data();
+    void everythingFits();
+    void rulesStayOutOfModules();
+    void noTokenIsUnknown_data();
+    void noTokenIsUnknown();
+};
+
+void TestAppearance::everythingFits_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("theme");
+    QTest::newRow("en light") << "en"
+                              << "light";
+    QTest::newRow("zh_CN dark") << "zh_CN"
+                                << "dark";
+}
+
+void TestAppearance::everythingFits()
+{
+    QFETCH(QString, language);
+    QFETCH(QString, theme);
+    Setup setup;
+    setup.language = language;
+    setup.theme = theme;
+    TestPendant pendant(setup);
+    for (const char *page : {"home", "messages", "controller"}) {
+        pendant.open(page);
+        for (const auto *button : pendant.window()->findChildren<QAbstractButton *>()) {
+            if (button->isVisible())
+                QVERIFY2(button->height() >= smallestTouch && button->width() >= smallestTouch
+                             && showsItsText(button),
+                         qPrintable(describe(button)));
+        }
+        for (const auto *combo : pendant.window()->findChildren<QComboBox *>()) {
+            if (combo->isVisible())
+                QVERIFY2(combo->height() >= smallestTouch && showsItsText(combo),
+                         qPrintable(describe(combo)));
+        }
+        for (const auto *label : pendant.window()->findChildren<QLabel *>()) {
+            if (label->isVisible())
+                QVERIFY2(showsItsText(label), qPrintable(describe(label)));
+        }
+        QCOMPARE(pendant.window()->size(), QSize(1280, 800));
+    }
+}
+
+// A module styles its pages itself; a rule of the pendant that reaches them changes their look.
+void TestAppearance::rulesStayOutOfModules()
+{
+    QString error;
+    const auto rules = kelp::readJsonFile(":/pendant/render/pendant.json", &error).array();
+    QVERIFY2(!rules.isEmpty(), qPrintable(error));
+    const QStringList own{"#pnd", "pendant--", "QMessageBox", "QToolTip", "QLabel#lblLinkState"};
+    for (const QJsonValue &rule : rules) {
+        for (const QString &selector : rule["name"].toString().split(',')) {
+            const bool isOwn = std::any_of(own.begin(), own.end(), [&](const QString &start) {
+                return selector.trimmed().startsWith(start);
+            });
+            QVERIFY2(isOwn, qPrintable(selector));
+        }
+    }
+}
+
+void TestAppearance::noTokenIsUnknown_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::newRow("light") << "light";
+    QTest::newRow("dark") << "dark";
+}
+
+void TestAppearance::noTokenIsUnknown()
+{
+    QFETCH(QString, theme);
+    Setup setup;
+    setup.theme = theme;
+    TestPendant pendant(setup);
+    for (const auto &entry : pendant.messages())
+        QVERIFY2(!entry.text.contains("theme tokens"), qPrintable(entry.text));
+}
+
+QTEST_MAIN(TestAppearance)
+#include "tst_appearance.moc"

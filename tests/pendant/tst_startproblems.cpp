@@ -1,0 +1,131 @@
+#include <QDir>
+#include <QLabel>
+#include <QTest>
+
+#include "pando/frame.h"
+#include "pendant/messageline.h"
+#include "support/testpendant.h"
+
+using testsupport::Setup;
+using testsupport::TestPendant;
+
+namespace {
+
+void write(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    file.open(QIODevice::ReadOnly);
+    return file.readAll();
+}
+
+} // namespace
+
+class TestStartProblems : public QObject
+{
+    Q_OBJECT
+private slots:
+    void badFileIsToldAndKept_data();
+    void badFileIsToldAndKept();
+    void choiceDoesNotReplaceBadPreferences();
+    void folderCannotBeWritten();
+    void packageCannotBeUsed_data();
+    void packageCannotBeUsed();
+};
+
+void TestStartProblems::badFileIsToldAndKept_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("connects");
+    QTest::newRow("preferences") << "pendant.json" << true;
+    QTest::newRow("module's tree") << "welmo.json" << true;
+    QTest::newRow("theme") << "theme.json" << true;
+    QTest::newRow("controller's store") << "controller.db" << false;
+}
+
+void TestStartProblems::badFileIsToldAndKept()
+{
+    QFETCH(QString, file);
+    QFETCH(bool, connects);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(file);
+    const QByteArray content = "{ this is neither a store nor JSON";
+    write(path, content);
+
+    Setup setup;
+    setup.dataFolder = folder.path();
+    setup.keepFiles = true;
+    setup.connects = connects;
+    if (file == "theme.json")
+        setup.theme = path;
+    TestPendant pendant(setup);
+    const auto *line = pendant.window()->findChild<pendant::MessageLine *>();
+    QTRY_VERIFY2(line->text().startsWith(path), qPrintable(line->text()));
+    const auto *problems = pendant.find<QLabel>("lblProblems");
+    QVERIFY(problems->isVisible());
+    QVERIFY2(problems->text().contains(path), qPrintable(problems->text()));
+    pendant.app().stop();
+    QCOMPARE(contentOf(path), content);
+}
+
+void TestStartProblems::choiceDoesNotReplaceBadPreferences()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("pendant.json");
+    write(path, "{");
+    Setup setup;
+    setup.dataFolder = folder.path();
+    TestPendant pendant(setup);
+    pendant.changeDisplay("cbxTheme", "dark");
+    QVERIFY(pendant.lastMessage().contains(path));
+    QCOMPARE(contentOf(path), QByteArray("{"));
+}
+
+// A file where the folder should be: not even the superuser can make a folder there.
+void TestStartProblems::folderCannotBeWritten()
+{
+    const QTemporaryDir folder;
+    write(folder.filePath("data"), "a file");
+    Setup setup;
+    setup.dataFolder = folder.filePath("data/below");
+    setup.keepFiles = true;
+    setup.connects = false;
+    TestPendant pendant(setup);
+    QTRY_VERIFY(pendant.lastMessage().contains(setup.dataFolder));
+    QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(setup.dataFolder));
+    QCOMPARE(contentOf(folder.filePath("data")), QByteArray("a file"));
+}
+
+void TestStartProblems::packageCannotBeUsed_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("missing") << "/nowhere/lib.so"
+                             << "there is no such file";
+    QTest::newRow("not a library") << QString(__FILE__) << "invalid ELF header";
+    QTest::newRow("not a module") << QString(NO_MODULE) << "is not a module";
+}
+
+void TestStartProblems::packageCannotBeUsed()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, reason);
+    Setup setup;
+    setup.modulePath = path;
+    TestPendant pendant(setup);
+    QCOMPARE(pando::frame().center->currentKey(), "pendant.plugin_error");
+    QCOMPARE(pendant.find<QLabel>("lblPluginPath")->text(), path);
+    QVERIFY(pendant.find<QLabel>("lblPluginReason")->text().contains(reason));
+    pendant.open("home");
+    pendant.open("plugin_error");
+    QCOMPARE(pando::frame().center->currentKey(), "pendant.plugin_error");
+}
+
+QTEST_MAIN(TestStartProblems)
+#include "tst_startproblems.moc"
