@@ -1,5 +1,7 @@
 #include "tessa/xservice.h"
 
+#include <utility>
+
 #include "tessa/host.h"
 
 using tessa::LinkReply;
@@ -9,27 +11,38 @@ namespace {
 
 const QString connectedKey = QStringLiteral("connected");
 
+// A notification holds the keys that the controller told; what it does not tell stays as it was.
 bool differs(const QVariant &values, const QVariant &known)
 {
     if (values.userType() != QMetaType::QVariantMap)
-        return values != known;
+        return !kelp::sameValue(values, known);
     const QVariantMap before = known.toMap();
     const QVariantMap after = values.toMap();
     for (auto it = after.begin(); it != after.end(); ++it) {
-        if (!before.contains(it.key()) || before.value(it.key()) != it.value())
+        if (!before.contains(it.key()) || !kelp::sameValue(before.value(it.key()), it.value()))
             return true;
     }
     return false;
 }
 
-XService::Answer makeAnswer(const LinkReply &reply)
+QVariant merged(const QVariant &known, const QVariant &values)
+{
+    if (values.userType() != QMetaType::QVariantMap)
+        return values;
+    QVariantMap map = known.toMap();
+    map.insert(values.toMap());
+    return map;
+}
+
+// The code is the value, unless a plain value was read: that takes its place.
+XService::Answer makeAnswer(LinkRequest::Kind kind, const LinkReply &reply)
 {
     auto answer = std::make_unique<kelp::ModuleObject>(QStringLiteral("answer"));
-    const bool inner = reply.value.userType() == QMetaType::QVariantMap;
-    if (reply.code == 0)
+    answer->set(nullptr, QString(), reply.code, false);
+    // The code first: a plain value takes its place, children stand beside it.
+    answer->set(nullptr, QString(), reply.code, false);
+    if (reply.code == 0 && reply.value.isValid())
         answer->importFromVariant(nullptr, reply.value, false);
-    if (reply.code != 0 || inner || !reply.value.isValid())
-        answer->set(nullptr, QString(), reply.code, false);
     return answer;
 }
 
@@ -51,6 +64,7 @@ struct XService::Subscription
     kelp::ModuleObject node;
     bool wanted = false; // somebody asked for it
     bool filled = false; // a value was delivered before
+    QVariant last; // what was delivered so far, as the controller told it
 };
 
 XService::XService(QObject *parent)
@@ -117,7 +131,7 @@ XService::Answer XService::exchange(const LinkRequest &request, int timeoutMs)
         reply = m_link->call(request, timeoutMs);
     if (!reply.fromController())
         setConnected(false);
-    return makeAnswer(reply);
+    return makeAnswer(request.kind, reply);
 }
 
 void XService::watch(QObject *, const QString &path, bool notify)
@@ -160,12 +174,13 @@ bool XService::subscribe(const QString &path, QVariant *value)
 
 void XService::deliver(Subscription &entry, const QVariant &values, bool silent)
 {
-    const QVariant known = entry.node.toVariant();
-    const bool fire = !silent && differs(values, known);
-    entry.node.importFromVariant(this, values, false);
+    const bool fire = !silent && differs(values, entry.last);
+    const bool whole = values.userType() != QMetaType::QVariantMap;
+    const QVariant before = std::exchange(entry.last, merged(entry.last, values));
+    entry.node.importFromVariant(this, values, false, true, whole);
     entry.filled = true;
     if (fire)
-        entry.node.notifyWhole(values, known, this);
+        entry.node.notifyWhole(values, before, this);
 }
 
 void XService::onNotified(const QString &path, const QVariant &values)
@@ -194,6 +209,8 @@ void XService::onUpChanged(bool up)
     }
     setConnected(true);
     mirror();
+    if (!isConnected())
+        return;
     emit cameUp();
     for (const auto &[path, value] : present) {
         Subscription &entry = subscription(path);
@@ -206,15 +223,19 @@ void XService::mirror()
     for (const QString &path : qAsConst(m_mirrored)) {
         const LinkReply reply =
             m_link->call({LinkRequest::Kind::Get, path, {}, {}}, defaultTimeoutMs);
+        if (!reply.fromController()) {
+            setConnected(false);
+            return;
+        }
         if (reply.code == 0 && reply.value.isValid())
             kelp::Workspace::current()->root()->set(this, path, reply.value);
-        if (!reply.fromController())
-            setConnected(false);
     }
 }
 
 void XService::setConnected(bool connected)
 {
+    if (connected == isConnected())
+        return;
     // The value counts from now on, the signal follows through the event loop: a call that fails
     // must not run its caller's slots.
     m_tree.set(this, connectedKey, connected, false);
