@@ -1,0 +1,117 @@
+#include "support/formhost.h"
+
+#include <QSignalSpy>
+
+using tessa::LinkReply;
+using tessa::LinkRequest;
+using Kind = LinkRequest::Kind;
+
+namespace testsupport {
+
+namespace {
+
+constexpr int patient = 60000; // a limit that a healthy call never reaches
+
+QString describe(const LinkRequest &request)
+{
+    static const QMap<Kind, QString> words{
+        {Kind::Get, "get"}, {Kind::Set, "set"}, {Kind::Watch, "watch"}, {Kind::Command, "do"}};
+    return QStringList{words.value(request.kind), request.path, request.key}.join(' ').trimmed();
+}
+
+} // namespace
+
+RecordingLink::RecordingLink()
+{
+    connect(&inner, &ControllerLink::upChanged, this, &ControllerLink::upChanged);
+    connect(&inner, &ControllerLink::notified, this, &ControllerLink::notified);
+    connect(&inner, &ControllerLink::problem, this, &ControllerLink::problem);
+}
+
+LinkReply RecordingLink::call(const LinkRequest &request, int)
+{
+    const QString text = describe(request);
+    requests.append(text);
+    if (request.kind == Kind::Set || request.kind == Kind::Command)
+        lastPayload = request.payload;
+    if (text == breakAt) {
+        inner.close();
+        return {LinkReply::Lost, {}};
+    }
+    return inner.call(request, patient);
+}
+
+FormHost::FormHost(Link link, const QString &language)
+{
+    auto &frame = pando::frame();
+    frame.center = new pando::CenterWidget(&m_window);
+    frame.rightSide = new pando::ExpandSideBar(&m_window);
+    frame.status = new pando::StatusBar(&m_window);
+    m_host = std::make_unique<tessa::Host>(tessa::HostOptions{m_folder.path(), language});
+    m_host->workspace()->bindTree("welmo", ":/welmo/template/welmo.json", false);
+    translator()->installQMTranslator(":/welmo/language/welmo_cn.qm");
+    QObject::connect(m_host->helper(), &tessa::ManagerHelper::logThrown, m_host.get(), [this] {
+        const auto &entry = m_host->helper()->log()->entries().first();
+        m_messages.append(entry.level + ": " + entry.text + " [" + entry.sender + "]");
+    });
+    auto recording = std::make_unique<RecordingLink>();
+    m_link = recording.get();
+    m_host->setLink(std::move(recording));
+    if (link == Down)
+        m_link->close();
+    else if (!wait(true))
+        qFatal("the controller did not come up");
+    takeRequests();
+}
+
+FormHost::~FormHost() = default;
+
+bool FormHost::connect()
+{
+    m_link->breakAt.clear();
+    m_link->open();
+    return wait(true);
+}
+
+bool FormHost::disconnect()
+{
+    m_link->close();
+    return wait(false);
+}
+
+bool FormHost::wait(bool up)
+{
+    QSignalSpy changed(m_host->service(), &XService::connectedChanged);
+    while (m_host->service()->isConnected() != up) {
+        if (!changed.wait())
+            return false;
+    }
+    return true;
+}
+
+QStringList FormHost::takeMessages()
+{
+    return std::exchange(m_messages, {});
+}
+
+QStringList FormHost::takeRequests()
+{
+    return std::exchange(m_link->requests, {});
+}
+
+QVariant FormHost::stored(const QString &path, const QString &key)
+{
+    return m_link->inner.call({Kind::Get, path, key, {}}, patient).value;
+}
+
+int FormHost::store(const QString &path, const QString &key, const QVariant &value)
+{
+    return m_link->inner.call({Kind::Set, path, key, value}, patient).code;
+}
+
+void FormHost::notify(const QString &path, const QVariant &values)
+{
+    emit m_link->notified(path, values);
+}
+
+} // namespace testsupport

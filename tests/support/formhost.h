@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "link/embeddedlink.h"
+#include "pando/frame.h"
+#include "support/logguard.h"
+#include "tessa/host.h"
+
+namespace testsupport {
+
+/// A link that keeps a list of what was asked, and breaks where it is told to.
+class RecordingLink : public tessa::ControllerLink
+{
+    Q_OBJECT
+public:
+    RecordingLink();
+
+    tessa::LinkReply call(const tessa::LinkRequest &request, int timeoutMs) override;
+    void open() override { inner.open(); }
+    void close() override { inner.close(); }
+    bool isUp() const override { return inner.isUp(); }
+
+    links::EmbeddedLink inner{links::EmbeddedLink::Options{}};
+    QStringList requests; ///< "get arc_weld.arcon_param arcondata1"
+    QVariant lastPayload; ///< of the last write or command
+    QString breakAt; ///< the link breaks when this request comes
+};
+
+/// What a form needs around it, without a window: a host, a frame, and a controller in memory. Up
+/// and connected when the constructor is through, unless told otherwise.
+class FormHost
+{
+public:
+    enum Link { Connected, Down };
+    explicit FormHost(Link link = Connected, const QString &language = QStringLiteral("en"));
+    ~FormHost();
+
+    /// Takes the link up or down, and waits until the host knows.
+    bool connect();
+    bool disconnect();
+
+    /// "level: text [sender]" of the messages since the last call, oldest first.
+    QStringList takeMessages();
+    /// The requests since the last call, oldest first; those of this class are not among them.
+    QStringList takeRequests();
+
+    /// What the controller has stored, and the way in which another pendant would store it.
+    QVariant stored(const QString &path, const QString &key = {});
+    int store(const QString &path, const QString &key, const QVariant &value);
+    /// The controller tells that a node has these values.
+    void notify(const QString &path, const QVariant &values);
+
+    RecordingLink *link() { return m_link; }
+    controller::Faults *faults() { return m_link->inner.faults(); }
+    LogGuard &guard() { return m_guard; }
+    tessa::Host &host() { return *m_host; }
+    QWidget *window() { return &m_window; }
+
+private:
+    bool wait(bool up);
+
+    LogGuard m_guard;
+    QTemporaryDir m_folder;
+    QWidget m_window; // goes after the host, whose modules have their widgets in here
+    std::unique_ptr<tessa::Host> m_host;
+    RecordingLink *m_link;
+    QStringList m_messages;
+};
+
+/// The child of that name; ends the test when there is none, for nothing after it would be true.
+template<typename Widget = QWidget>
+Widget *child(const QObject *form, const QString &name)
+{
+    auto *widget = form->findChild<Widget *>(name);
+    if (!widget)
+        qFatal("there is no %s", qPrintable(name));
+    return widget;
+}
+
+} // namespace testsupport
