@@ -30,7 +30,7 @@ Reply checkedNumber(const Field &field, const QVariant &value)
 {
     const double number = value.toDouble();
     const bool whole = field.type != Field::Type::Number;
-    if (!isNumber(value) || !std::isfinite(number) || (whole && std::trunc(number) != number))
+    if (!isNumber(value) || (whole && std::trunc(number) != number))
         return wrongType(field, whole ? "a whole number" : "a number");
     if (number < field.lowest || number > field.highest) {
         return Reply::refused(OutOfRange,

@@ -30,9 +30,9 @@ Field threeIntegers(const char *key, int lowest, int highest);
 
 enum class Missing { Allowed, Refused };
 
-/// @p payload, a map, checked against @p fields. The reply carries it with its integers made ints,
-/// or says what is wrong. Texts are not compared with lists of codes, and children that no field
-/// names are kept: newer welders and newer pendants know more than this controller.
+/// @p payload, a plain value, checked against @p fields. The reply carries it with its integers
+/// made ints, or says what is wrong. Texts are not compared with lists of codes, and children that
+/// no field names are kept: newer welders and newer pendants know more than this controller.
 Reply checked(const QVariant &payload, const Fields &fields, Missing missing);
 
 /// The value at the dotted @p path in maps within maps; invalid when there is none.

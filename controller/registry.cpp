@@ -46,7 +46,7 @@ Reply Registry::dispatch(const Request &request) const
         return Reply::refused(UnknownNode, request.path);
     if (request.kind == Request::Kind::Set)
         return write(node->second, request);
-    return node->second.read(request.kind == Request::Kind::Watch ? QString() : request.key);
+    return node->second.read(request.key);
 }
 
 Reply Registry::write(const Node &node, const Request &request) const

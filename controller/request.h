@@ -11,7 +11,7 @@ struct Request
     enum class Kind {
         Get, ///< read the node @c path, or its entry @c key
         Set, ///< write @c payload to the node @c path, or to its entry @c key
-        Watch, ///< read the node @c path; who carries the request remembers the subscription
+        Watch, ///< as Get; who carries the request remembers the subscription
         Command ///< run the command @c path; @c key is the name of the payload object
     };
 

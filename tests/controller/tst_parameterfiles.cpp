@@ -1,7 +1,9 @@
+#include <QTemporaryDir>
 #include <QtTest>
 #include <limits>
 
 #include "controllerbench.h"
+#include "sql.h"
 
 using namespace controller;
 
@@ -32,6 +34,7 @@ private slots:
     void integersAreStoredAsIntegers();
     void unknownChildrenSurvive();
     void aFailedReadIsNotAMissingFile();
+    void aDamagedEntryIsNotAMissingFile();
     void removal_data();
     void removal();
     void removalIsForThreeSets_data();
@@ -218,6 +221,23 @@ void tst_ParameterFiles::aFailedReadIsNotAMissingFile()
     QCOMPARE(bench.told.size(), 0);
     bench.faults.clear();
     QVERIFY(!bench.get(arcOn, "arcondata1").value.isValid());
+}
+
+void tst_ParameterFiles::aDamagedEntryIsNotAMissingFile()
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath("controller.db");
+    QString problem;
+    const auto store = Store::open(name, &problem);
+    Faults faults;
+    Journal journal;
+    Controller controller(*store, faults, journal, [] { return qint64(0); });
+    using Kind = Request::Kind;
+    QVERIFY(controller.handle({Kind::Set, arcOn, "arcondata1", named("arcondata1")}).ok());
+    QVERIFY(runSql(name, "UPDATE entry SET value = '?'"));
+    QCOMPARE(controller.handle({Kind::Get, arcOn, "arcondata1", {}}).code, int(StorageFailed));
+    QCOMPARE(controller.handle({Kind::Get, arcOn, {}, {}}).code, int(StorageFailed));
+    QCOMPARE(controller.handle({Kind::Get, arcOn, "arcondata2", {}}).code, int(Ok));
 }
 
 void tst_ParameterFiles::removal_data()

@@ -1,10 +1,10 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <limits>
-#include <sqlite3.h>
 
 #include "controller/json.h"
 #include "controller/store.h"
+#include "sql.h"
 
 using controller::Store;
 
@@ -12,16 +12,6 @@ namespace {
 
 const QString path = QStringLiteral("a.node");
 const QString key = QStringLiteral("entry1");
-
-// A second connection to the store's file, as a tool would have it.
-bool runSql(const QString &file, const char *sql)
-{
-    sqlite3 *handle = nullptr;
-    const bool good = sqlite3_open(QFile::encodeName(file).constData(), &handle) == SQLITE_OK
-        && sqlite3_exec(handle, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
-    sqlite3_close(handle);
-    return good;
-}
 
 } // namespace
 

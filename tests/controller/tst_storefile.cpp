@@ -2,9 +2,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cstdio>
-#include <sqlite3.h>
 
 #include "controller/store.h"
+#include "sql.h"
 
 using controller::Store;
 
@@ -25,12 +25,10 @@ void writeContent(const QString &name, const QByteArray &content)
         qFatal("cannot write the test's own file");
 }
 
-QByteArray databaseWith(const QString &name, const QByteArray &sql)
+QByteArray databaseWith(const QString &name, const char *sql)
 {
-    sqlite3 *handle = nullptr;
-    sqlite3_open(QFile::encodeName(name).constData(), &handle);
-    sqlite3_exec(handle, sql.constData(), nullptr, nullptr, nullptr);
-    sqlite3_close(handle);
+    if (!runSql(name, sql))
+        qFatal("cannot make the test's own database");
     return contentOf(name);
 }
 
