@@ -38,10 +38,11 @@ QVariant merged(const QVariant &known, const QVariant &values)
 XService::Answer makeAnswer(LinkRequest::Kind kind, const LinkReply &reply)
 {
     auto answer = std::make_unique<kelp::ModuleObject>(QStringLiteral("answer"));
+    // The code first: children stand beside it.
     answer->set(nullptr, QString(), reply.code, false);
-    // The code first: a plain value takes its place, children stand beside it.
-    answer->set(nullptr, QString(), reply.code, false);
-    if (reply.code == 0 && reply.value.isValid())
+    const bool inner = reply.value.userType() == QMetaType::QVariantMap;
+    const bool plain = kind == LinkRequest::Kind::Get && reply.value.isValid();
+    if (reply.code == 0 && (inner || plain))
         answer->importFromVariant(nullptr, reply.value, false);
     return answer;
 }
