@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QMap>
+#include <functional>
+
+#include "tessa/controllerlink.h"
+
+/// A controller that answers from a table: nodes by path (and key), commands by name. What is not
+/// in the table is answered as a node that is not there.
+class FakeLink : public tessa::ControllerLink
+{
+    Q_OBJECT
+public:
+    using Kind = tessa::LinkRequest::Kind;
+
+    tessa::LinkReply call(const tessa::LinkRequest &request, int timeoutMs) override
+    {
+        if (!isUp())
+            return {tessa::LinkReply::NotConnected, {}};
+        log.append(
+            QStringList{QStringLiteral("GSWC").at(int(request.kind)), request.path, request.key}
+                .join(' ')
+                .trimmed());
+        payload = request.payload;
+        timeout = timeoutMs;
+        if (duringCall)
+            duringCall(request);
+        const tessa::LinkReply reply =
+            answers.value(QStringList{request.path, request.key}.join(' ').trimmed());
+        if (!reply.fromController())
+            up = false;
+        return reply;
+    }
+    void open() override { opened = true; }
+    void close() override { setUp(false); }
+    bool isUp() const override { return up; }
+
+    void setUp(bool on)
+    {
+        up = on;
+        emit upChanged(on);
+    }
+    void node(const QString &path, const QVariant &value) { answers[path] = {0, value}; }
+    void fail(const QString &path, int code) { answers[path] = {code, {}}; }
+
+    QMap<QString, tessa::LinkReply> answers;
+    QStringList log; ///< one line a call: kind, path, key
+    QVariant payload; ///< of the last call
+    int timeout = 0; ///< of the last call
+    bool up = false;
+    bool opened = false;
+    std::function<void(const tessa::LinkRequest &)> duringCall;
+};
