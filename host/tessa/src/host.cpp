@@ -57,6 +57,8 @@ void Host::setLink(std::unique_ptr<ControllerLink> link)
 {
     m_service.setLink(link.get());
     m_link = std::move(link);
+    if (!m_link)
+        return;
     connect(m_link.get(), &ControllerLink::problem, this, &Host::reportProblem);
     m_link->open();
 }

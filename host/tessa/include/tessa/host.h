@@ -34,7 +34,7 @@ public:
     PhysicalKeys *keys() { return &m_keys; }
     kelp::Workspace *workspace() { return &m_workspace; }
 
-    /// Takes over the link and opens it.
+    /// Takes over the link and opens it; null leaves the host without a controller.
     void setLink(std::unique_ptr<ControllerLink> link);
     ControllerLink *link() { return m_link.get(); }
 

@@ -20,7 +20,8 @@ public:
     ///
     /// Its integer value is the result code, 0 for success; what was read or answered stands in its
     /// children. A node or entry that the controller does not have answers 0 and has no children; a
-    /// read that failed has a code other than 0, so that the two are told apart.
+    /// read that failed has a code other than 0, so that the two are told apart. Where what was read
+    /// is a plain value, that value takes the place of the 0.
     using Answer = std::unique_ptr<kelp::ModuleObject>;
 
     static constexpr int defaultTimeoutMs = 1600;
@@ -45,7 +46,8 @@ public:
     Answer exchange(const tessa::LinkRequest &request, int timeoutMs = defaultTimeoutMs);
 
     /// Subscribes to a controller node. The first subscription fills the local copy silently; from
-    /// then on the copy follows the controller, also over a lost link. @p notify false stops it.
+    /// then on the copy follows the controller, also over a lost link. @p notify false stops it for
+    /// everybody who watches the node.
     void watch(QObject *sender, const QString &path, bool notify);
     /// The local copy of a node, watched or not yet. Its changed() carries the notified map, and
     /// fires only when a value differs from what was delivered before.
@@ -60,8 +62,8 @@ public:
     bool isConnected() const;
 
 signals:
-    /// The link was set up and every subscription is in force again; fires before the watched
-    /// values that changed meanwhile are delivered.
+    /// The link was set up, every subscription is in force again and the mirrored nodes are there;
+    /// fires before the watched values that changed meanwhile are delivered.
     void cameUp();
     /// "connected" changed; never fires from inside a call.
     void connectedChanged(bool connected);
