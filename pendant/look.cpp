@@ -17,6 +17,8 @@ const QString chineseFamily = QStringLiteral("WenQuanYi Micro Hei");
 
 QPixmap withDistance(const QPixmap &picture)
 {
+    if (picture.isNull()) // a theme need not have every picture
+        return picture;
     const int width = picture.height() * besideTextSize.width() / besideTextSize.height();
     QPixmap wide(width, picture.height());
     wide.fill(Qt::transparent);
@@ -61,6 +63,13 @@ QPalette themePalette(const vu::xtheme::Theme &theme)
     }
     palette.setColor(QPalette::PlaceholderText, color("text_off"));
     return palette;
+}
+
+bool isUsable(const vu::xtheme::Theme &theme)
+{
+    return theme.color(QStringLiteral("text")).isValid()
+        && theme.color(QStringLiteral("panel_bkg")).isValid()
+        && !theme.token(QStringLiteral("font"), QStringLiteral("default")).isEmpty();
 }
 
 void applyTheme()

@@ -18,6 +18,8 @@ namespace pendant {
 QFont themeFont(const vu::xtheme::Theme &theme, const QString &key);
 /// The theme's colours for what no style rule reaches, such as the boxes of the platform.
 QPalette themePalette(const vu::xtheme::Theme &theme);
+/// False when the theme lacks what it takes to read anything at all.
+bool isUsable(const vu::xtheme::Theme &theme);
 /// Font and palette of the whole application from the theme in use.
 void applyTheme();
 

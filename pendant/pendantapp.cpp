@@ -81,7 +81,9 @@ void PendantApp::stop()
 // A theme that cannot be read would leave nothing readable, the complaint included.
 void PendantApp::checkTheme(QString *error)
 {
-    vu::xtheme::Theme::load(themeFile(m_options.theme), error);
+    const auto theme = vu::xtheme::Theme::load(themeFile(m_options.theme), error);
+    if (error->isEmpty() && !isUsable(theme))
+        *error = tr("%1: lacks the colours and fonts of a theme").arg(m_options.theme);
     if (!error->isEmpty())
         m_options.theme = knownThemes().first();
 }

@@ -388,6 +388,10 @@ From: %2</source>
         <source>Package</source>
         <translation>工艺包</translation>
     </message>
+    <message>
+        <source>%1: lacks the colours and fonts of a theme</source>
+        <translation>%1：缺少主题所需的颜色和字体</translation>
+    </message>
 </context>
 <context>
     <name>pendant::PendantWindow</name>
@@ -468,6 +472,10 @@ From: %2</source>
     <message>
         <source>%1: unknown theme tokens: %2</source>
         <translation>%1：未知的主题标记：%2</translation>
+    </message>
+    <message>
+        <source>%1: rule %2 has no selector</source>
+        <translation type="unfinished" />
     </message>
 </context>
 </TS>

@@ -5,6 +5,7 @@
 #include "pando/frame.h"
 #include "pendant/messageline.h"
 #include "support/testpendant.h"
+#include "vu/xtheme.h"
 
 using testsupport::Setup;
 using testsupport::TestPendant;
@@ -41,21 +42,25 @@ private slots:
 
 void TestStartProblems::badFileIsToldAndKept_data()
 {
+    const QByteArray garbage = "{ this is neither a store nor JSON";
     QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("content");
     QTest::addColumn<bool>("connects");
-    QTest::newRow("preferences") << "pendant.json" << true;
-    QTest::newRow("module's tree") << "welmo.json" << true;
-    QTest::newRow("theme") << "theme.json" << true;
-    QTest::newRow("controller's store") << "controller.db" << false;
+    QTest::newRow("preferences") << "pendant.json" << garbage << true;
+    QTest::newRow("module's tree") << "welmo.json" << garbage << true;
+    QTest::newRow("theme") << "theme.json" << garbage << true;
+    QTest::newRow("theme without colours")
+        << "theme.json" << QByteArray(R"({"name": "x"})") << true;
+    QTest::newRow("controller's store") << "controller.db" << garbage << false;
 }
 
 void TestStartProblems::badFileIsToldAndKept()
 {
     QFETCH(QString, file);
+    QFETCH(QByteArray, content);
     QFETCH(bool, connects);
     const QTemporaryDir folder;
     const QString path = folder.filePath(file);
-    const QByteArray content = "{ this is neither a store nor JSON";
     write(path, content);
 
     Setup setup;
@@ -70,6 +75,7 @@ void TestStartProblems::badFileIsToldAndKept()
     const auto *problems = pendant.find<QLabel>("lblProblems");
     QVERIFY(problems->isVisible());
     QVERIFY2(problems->text().contains(path), qPrintable(problems->text()));
+    QVERIFY(vu::xtheme::current().color("text").isValid()); // it can be read as well
     pendant.app().stop();
     QCOMPARE(contentOf(path), content);
 }
@@ -120,6 +126,7 @@ void TestStartProblems::packageCannotBeUsed()
     setup.modulePath = path;
     TestPendant pendant(setup);
     QCOMPARE(pando::frame().center->currentKey(), "pendant.plugin_error");
+    QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(reason));
     QCOMPARE(pendant.find<QLabel>("lblPluginPath")->text(), path);
     QVERIFY(pendant.find<QLabel>("lblPluginReason")->text().contains(reason));
     pendant.open("home");
