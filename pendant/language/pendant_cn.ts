@@ -475,7 +475,7 @@ From: %2</source>
     </message>
     <message>
         <source>%1: rule %2 has no selector</source>
-        <translation type="unfinished" />
+        <translation>%1：规则 %2 没有选择器</translation>
     </message>
 </context>
 </TS>
