@@ -1,0 +1,118 @@
+#include "instructions/line/normalform.h"
+
+#include <algorithm>
+
+#include "instructions/line/fileline.h"
+#include "instructions/line/moveline.h"
+#include "instructions/line/pointexpression.h"
+#include "instructions/line/timedline.h"
+#include "instructions/line/wordline.h"
+
+namespace welmo::line {
+
+namespace {
+
+// Without white space around it, and with blanks for the tabs between the arguments.
+QString tidied(const QString &line)
+{
+    QString text = line.trimmed();
+    bool quoted = false;
+    for (QChar &character : text) {
+        if (character == QLatin1Char('"'))
+            quoted = !quoted;
+        else if (character == QLatin1Char('\t') && !quoted)
+            character = QLatin1Char(' ');
+    }
+    return text;
+}
+
+bool isGap(QStringView gap, int mostCommas)
+{
+    return !gap.isEmpty() && std::count(gap.begin(), gap.end(), QLatin1Char(',')) <= mostCommas
+        && std::all_of(gap.begin(), gap.end(), [](QChar character) {
+               return character == QLatin1Char(' ') || character == QLatin1Char(',');
+           });
+}
+
+// True when there is nothing but the word and its arguments, and no argument is empty.
+bool isComplete(const QString &line, const Tokens &tokens, Instruction instruction)
+{
+    if (tokens.first().text != instructionName(instruction)
+        || tokens.last().end() != line.size() + 1)
+        return false;
+    for (int i = 1; i < tokens.size(); ++i) {
+        const int start = tokens.at(i - 1).end() - 1;
+        const QStringView gap = QStringView(line).mid(start, tokens.at(i).column - 1 - start);
+        if (!isGap(gap, i == 1 ? 0 : 1))
+            return false;
+    }
+    return true;
+}
+
+QString normalFiles(Instruction instruction, const QString &line, const Tokens &tokens)
+{
+    const FileLine parsed = parseFileLine(instruction, line);
+    if (!parsed.problems.isEmpty())
+        return {};
+    QStringList names;
+    for (const auto &file : parsed.files) {
+        names.append(*file);
+        if (tokens.at(names.size()).text.size() != file->size() + 2) // the quotes, no more
+            return {};
+    }
+    return formatFileLine(instruction, names);
+}
+
+QString normalTime(Instruction instruction, const QString &line)
+{
+    const TimedLine parsed = parseTimedLine(instruction, line);
+    if (!parsed.seconds)
+        return {};
+    const QString normal = formatTimedLine(instruction, *parsed.seconds);
+    return parseTimedLine(instruction, normal).seconds == parsed.seconds ? normal : QString();
+}
+
+QString normalMove(Instruction instruction, const QString &line, Tokens tokens)
+{
+    if (!parseMoveLine(instruction, line).problems.isEmpty())
+        return {};
+    const int points = instruction == Instruction::WMoveC ? 2 : 1;
+    QStringList arguments;
+    for (int i = 1; i < tokens.size(); ++i) {
+        const QString &text = tokens.at(i).text;
+        arguments.append(i <= points ? normalPoint(text) : text);
+        if (arguments.last().isNull())
+            return {};
+    }
+    return instructionName(instruction) + QLatin1Char(' ') + arguments.join(QLatin1Char(','));
+}
+
+} // namespace
+
+QString normalForm(const QString &line)
+{
+    const Instruction instruction = classify(line);
+    if (instruction == Instruction::None)
+        return {};
+    const QString text = tidied(line);
+    const bool isMove = instruction == Instruction::WMoveL || instruction == Instruction::WMoveC;
+    const Tokens tokens = isMove ? splitMoveArguments(text) : splitArguments(text);
+    if (tokens.isEmpty() || !isComplete(text, tokens, instruction))
+        return {};
+    switch (instruction) {
+    case Instruction::WMoveL:
+    case Instruction::WMoveC:
+        return normalMove(instruction, text, tokens);
+    case Instruction::FeedOnWire:
+    case Instruction::FeedBackWire:
+    case Instruction::DetectGas:
+        return normalTime(instruction, text);
+    case Instruction::WeaveOff:
+    case Instruction::SegOff:
+        return checkWordLine(instruction, text).isEmpty() ? text : QString();
+    default:
+        return normalFiles(instruction, text, tokens);
+    }
+}
+
+} // namespace welmo::line
