@@ -93,8 +93,10 @@ private slots:
     void callIntoABrokenLink();
     void operatorsSwitch();
     void notifiesOnlyWhatIsWatched();
+    void subscriptionsEndWithTheSession_data();
     void subscriptionsEndWithTheSession();
     void notificationOfAnOldSessionIsDropped();
+    void answerToAnOldGreetingDoesNotCount();
     void storeThatCannotBeOpened();
     void storeThatHealsBringsTheLinkUp();
     void endsCleanly_data();
@@ -274,12 +276,25 @@ void tst_EmbeddedLink::notifiesOnlyWhatIsWatched()
     QCOMPARE(spy.at(0).at(1), QVariant(mode("real")));
 }
 
+void tst_EmbeddedLink::subscriptionsEndWithTheSession_data()
+{
+    QTest::addColumn<bool>("closed");
+    QTest::newRow("closed by the operator") << true;
+    QTest::newRow("lost with an answer") << false;
+}
+
 void tst_EmbeddedLink::subscriptionsEndWithTheSession()
 {
+    QFETCH(bool, closed);
     const Bench bench;
     QVERIFY(bench.comeUp());
     QCOMPARE(bench.call(Kind::Watch, modeNode).code, 0);
-    bench.link->close();
+    if (closed) {
+        bench.link->close();
+    } else {
+        bench.link->faults()->loseAnswers(1);
+        QCOMPARE(bench.call(Kind::Get, modeNode, {}, {}, impatient).code, LinkReply::TimedOut);
+    }
     QVERIFY(bench.comeUp());
     QSignalSpy spy(bench.link.get(), &EmbeddedLink::notified);
     QCOMPARE(bench.call(Kind::Command, setMode, {}, mode("real")).code, 0);
@@ -295,10 +310,31 @@ void tst_EmbeddedLink::notificationOfAnOldSessionIsDropped()
     QVERIFY(bench.comeUp());
     QCOMPARE(bench.call(Kind::Watch, modeNode).code, 0);
     QSignalSpy spy(bench.link.get(), &EmbeddedLink::notified);
-    QCOMPARE(bench.call(Kind::Command, setMode, {}, mode("real")).code, 0);
-    bench.link->close(); // the notification is on its way
+    // More than are handed on at once, so that some still wait when the next session starts.
+    for (const char *name : {"real", "simu", "real", "simu"})
+        QCOMPARE(bench.call(Kind::Command, setMode, {}, mode(name)).code, 0);
+    QTRY_VERIFY(spy.count() > 0);
+    bench.link->close();
     QVERIFY(bench.comeUp());
-    QCOMPARE(spy.count(), 0);
+    spy.clear();
+    QVERIFY(!spy.wait(200));
+}
+
+void tst_EmbeddedLink::answerToAnOldGreetingDoesNotCount()
+{
+    const Bench bench;
+    bench.link->faults()->setDelay(1000);
+    bench.link->open();
+    // The clock is read over and over only while an answer waits for its time.
+    QTRY_VERIFY(bench.hands->readings > 10);
+    bench.link->close();
+    bench.link->faults()->loseAnswers(1000000);
+    bench.link->open();
+    QSignalSpy spy(bench.link.get(), &EmbeddedLink::upChanged);
+    bench.hands->now += 1000;
+    QVERIFY(!spy.wait(200));
+    bench.link->faults()->clear();
+    QTRY_VERIFY(bench.link->isUp());
 }
 
 void tst_EmbeddedLink::storeThatCannotBeOpened()
