@@ -1,12 +1,34 @@
 #include "tessa/managerhelper.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 
 #include "tessa/host.h"
 
 namespace tessa {
+
+namespace {
+
+/// A message box takes Escape, or being closed, for a press of its only button. Here it is none.
+class Question : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->matches(QKeySequence::Cancel))
+            reject();
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent *event) override { QDialog::closeEvent(event); }
+};
+
+} // namespace
 
 ManagerHelper::ManagerHelper(XService *service, QObject *parent)
     : QObject(parent)
@@ -27,8 +49,8 @@ void ManagerHelper::throwLog(const QObject *sender, const QString &level, const 
 
 bool ManagerHelper::execMsgOk(const QString &title, const QString &text, const QString &button)
 {
-    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton,
-                    QApplication::activeWindow());
+    Question box(QMessageBox::Question, title, text, QMessageBox::NoButton,
+                 QApplication::activeWindow());
     const QAbstractButton *ok = box.addButton(button, QMessageBox::AcceptRole);
     box.exec();
     return box.clickedButton() == ok;
