@@ -14,16 +14,14 @@ PhysicalKeys::~PhysicalKeys()
 
 void PhysicalKeys::regist(QObject *owner, const Set &set)
 {
-    const auto same = std::find_if(m_entries.begin(), m_entries.end(),
-                                   [&](const Entry &entry) { return entry.set.name == set.name; });
+    // What is held gets its release from the actions that it was pressed with.
+    releaseSet(set.name);
     const size_t keys = size_t(set.firstGroup.size() + set.secondGroup.size());
     Entry entry{set, owner, std::vector<bool>(keys, false)};
-    if (same != m_entries.end()) {
-        releaseSet(*same);
+    if (Entry *same = find(set.name))
         *same = std::move(entry);
-    } else {
+    else
         m_entries.push_back(std::move(entry));
-    }
     connect(owner, &QObject::destroyed, this, &PhysicalKeys::remove, Qt::UniqueConnection);
     emit setsChanged();
 }
@@ -39,21 +37,27 @@ void PhysicalKeys::remove(QObject *owner)
 
 void PhysicalKeys::setEnabled(const QString &name, bool enabled)
 {
-    for (Entry &entry : m_entries) {
-        if (entry.set.name != name || entry.set.enabled == enabled)
-            continue;
-        entry.set.enabled = enabled;
-        if (!enabled)
-            releaseSet(entry);
-        emit enabledChanged();
-    }
+    Entry *entry = find(name);
+    if (!entry || entry->set.enabled == enabled)
+        return;
+    entry->set.enabled = enabled;
+    if (!enabled)
+        releaseSet(name);
+    emit enabledChanged();
+}
+
+PhysicalKeys::Entry *PhysicalKeys::find(const QString &name)
+{
+    const auto entry = std::find_if(m_entries.begin(), m_entries.end(),
+                                    [&](const Entry &e) { return e.set.name == name; });
+    return entry == m_entries.end() ? nullptr : &*entry;
 }
 
 std::pair<const PhysicalKeys::Entry *, int> PhysicalKeys::find(int key) const
 {
     for (const Entry &entry : m_entries) {
         const int count = int(entry.held.size());
-        if (key < count)
+        if (key >= 0 && key < count)
             return {&entry, key};
         key -= count;
     }
@@ -97,36 +101,39 @@ bool PhysicalKeys::isHeld(int key) const
 void PhysicalKeys::press(int key)
 {
     const auto [entry, index] = find(key);
-    if (!entry || !entry->set.enabled || entry->held[size_t(index)])
-        return;
-    entry->held[size_t(index)] = true;
-    const auto action = button(key).action; // the action may change the sets
-    emit heldChanged(key, true);
-    action(true);
+    if (entry && entry->set.enabled && !entry->held[size_t(index)])
+        act(key, true);
 }
 
 void PhysicalKeys::release(int key)
 {
-    const auto [entry, index] = find(key);
-    if (!entry || !entry->held[size_t(index)])
-        return;
-    entry->held[size_t(index)] = false;
-    const auto action = button(key).action;
-    emit heldChanged(key, false);
-    action(false);
+    if (isHeld(key))
+        act(key, false);
 }
 
-void PhysicalKeys::releaseSet(Entry &entry)
+void PhysicalKeys::act(int key, bool down)
 {
-    int key = 0;
-    for (const Entry &other : m_entries) {
-        if (&other == &entry)
-            break;
-        key += int(other.held.size());
+    const auto [entry, index] = find(key);
+    entry->held[size_t(index)] = down;
+    const auto action = button(key).action; // whoever hears of it may change the sets
+    emit heldChanged(key, down);
+    if (action)
+        action(down);
+}
+
+void PhysicalKeys::releaseSet(const QString &name)
+{
+    int first = 0;
+    for (const Entry &entry : m_entries) {
+        const int end = first + int(entry.held.size());
+        if (entry.set.name != name) {
+            first = end;
+            continue;
+        }
+        for (int key = first; key < end; ++key)
+            release(key);
+        return;
     }
-    const int end = key + int(entry.held.size());
-    for (; key < end; ++key)
-        release(key);
 }
 
 void PhysicalKeys::releaseAll()

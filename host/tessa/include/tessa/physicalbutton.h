@@ -17,8 +17,8 @@ struct PhysicalButton
     QString label;
     QIcon unpressed;
     QIcon pressed;
-    std::function<void(bool pressed)>
-        action; ///< true when the key goes down, false when it comes up
+    /// True when the key goes down, false when it comes up.
+    std::function<void(bool pressed)> action;
 };
 
 /// The handle keys of a running host. Every press is followed by exactly one release, whatever
@@ -72,7 +72,9 @@ private:
 
     std::pair<const Entry *, int> find(int key) const;
     std::pair<Entry *, int> find(int key);
-    void releaseSet(Entry &entry);
+    Entry *find(const QString &name);
+    void act(int key, bool down);
+    void releaseSet(const QString &name);
     void remove(QObject *owner);
 
     std::vector<Entry> m_entries;
