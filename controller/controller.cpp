@@ -20,7 +20,7 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     add<Options>();
     add<WeldMode>();
     const Welder &welder = add<Welder>();
-    add<WireAndGas>(welder);
+    add<WireAndGas>(welder, m_hold);
     add<Project>();
     add<Robot>();
 }
@@ -65,6 +65,29 @@ bool Controller::isBusy() const
 {
     return std::any_of(m_units.begin(), m_units.end(),
                        [](const auto &unit) { return unit->isBusy(); });
+}
+
+int Controller::paceMs() const
+{
+    int pace = Unit().paceMs();
+    for (const auto &unit : m_units) {
+        if (unit->isBusy())
+            pace = std::min(pace, unit->paceMs());
+    }
+    return pace;
+}
+
+void Controller::beat(qint64 time, bool keyHeld)
+{
+    tick(); // a beat does not make up for the ones before it
+    m_hold.beat(time, keyHeld);
+    tick();
+}
+
+void Controller::losePendant()
+{
+    m_hold.losePendant();
+    tick();
 }
 
 } // namespace controller

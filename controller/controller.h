@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controller/cell.h"
+#include "controller/holdtorun.h"
 #include "controller/registry.h"
 #include "controller/unit.h"
 
@@ -25,8 +26,15 @@ public:
     Reply handle(const Request &request);
     /// Carries out what has become due by the clock, or by a fault that was switched.
     void tick();
-    /// True while something goes on by itself: then tick() is wanted about every 20 ms.
+    /// True while something goes on by itself: then tick() is wanted every paceMs().
     bool isBusy() const;
+    int paceMs() const;
+
+    /// A pendant was alive at @p time of the clock, with a key held or with none. Wanted every
+    /// 25 ms: what is held stops at most 100 ms after the last one.
+    void beat(qint64 time, bool keyHeld);
+    /// The session with the pendant is over: what is held stops now.
+    void losePendant();
 
 private:
     template<typename T, typename... Args>
@@ -34,6 +42,7 @@ private:
 
     Cell m_cell;
     Registry m_registry;
+    HoldToRun m_hold;
     std::vector<std::unique_ptr<Unit>> m_units;
 };
 

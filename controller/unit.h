@@ -16,6 +16,8 @@ public:
     virtual void tick() { }
     /// True while something goes on that needs tick() now and then.
     virtual bool isBusy() const { return false; }
+    /// How often tick() is wanted while busy, in milliseconds.
+    virtual int paceMs() const { return 20; }
 };
 
 } // namespace controller

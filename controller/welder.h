@@ -15,6 +15,7 @@ public:
 
     void tick() override;
     bool isInError() const { return m_cell.suffers(Faults::Fault::WelderError); }
+    bool isWelding() const { return false; }
 
 private:
     Reply setting() const;

@@ -1,5 +1,8 @@
 #include "controller/wireandgas.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "controller/fields.h"
 #include "controller/names.h"
 #include "controller/options.h"
@@ -10,21 +13,38 @@ using Event = controller::Journal::Event;
 
 namespace controller {
 
-WireAndGas::WireAndGas(Cell &cell, Registry &registry, const Welder &welder)
+namespace {
+
+const QString program = QStringLiteral("program");
+constexpr qint64 untilStopped = std::numeric_limits<qint64>::max();
+
+} // namespace
+
+WireAndGas::WireAndGas(Cell &cell, Registry &registry, const Welder &welder, HoldToRun &hold)
     : m_cell(cell)
     , m_welder(welder)
+    , m_hold(hold)
 {
     registry.addCommand(names::wireFeed,
                         [this](const Request &request) { return moveWire(request); });
-    registry.addCommand(names::gasFlow, [this](const Request &) { return startGas(); });
+    registry.addCommand(names::gasFlow, [this](const Request &) { return testGas(); });
+}
+
+int WireAndGas::paceMs() const
+{
+    return m_wire == Wire::Still ? Unit::paceMs() : HoldToRun::paceMs;
 }
 
 void WireAndGas::tick()
 {
+    if (m_mover != program)
+        stopWire(m_hold.failure(m_cell.now()));
     if (m_welder.isInError()) {
         stopWire(QStringLiteral("welder error"));
         stopGas(QStringLiteral("welder error"));
     }
+    if (m_welder.isWelding())
+        stopWire(QStringLiteral("a weld"));
     if (m_cell.suffers(Fault::WireStuck))
         stopWire(QStringLiteral("wire stuck"));
     if (m_cell.suffers(Fault::NoGas))
@@ -38,53 +58,101 @@ Reply WireAndGas::moveWire(const Request &request)
     const bool back = request.key == names::wireFeelBackPayload;
     if (!back && request.key != names::wireFeelPayload)
         return Reply::refused(BadPayload, QStringLiteral("no payload of the name ") + request.key);
-    const char *key = back ? "reverse" : "feed";
-    const Reply wanted = checked(request.payload, {boolean(key)}, Missing::Refused);
+    const char *child = back ? "reverse" : "feed";
+    const Reply wanted = checked(request.payload, {boolean(child)}, Missing::Refused);
     if (!wanted.ok())
         return wanted;
-    const Wire direction = back ? Wire::Retracting : Wire::Feeding;
-    if (childAt(wanted.value, QString::fromLatin1(key)).toBool())
-        return startWire(direction, request.key);
-    if (m_wire == direction)
+    if (childAt(wanted.value, QString::fromLatin1(child)).toBool())
+        return startByKey(back ? Wire::Retracting : Wire::Feeding, request.key);
+    if (m_mover == request.key)
         stopWire(request.key);
+    m_hold.release(request.key);
     return {};
 }
 
-Reply WireAndGas::startWire(Wire direction, const QString &cause)
+Reply WireAndGas::startByKey(Wire direction, const QString &key)
+{
+    if (m_mover == key)
+        return {};
+    Reply reply = mayMove();
+    if (reply.ok())
+        reply = m_hold.press(key, m_cell.now());
+    if (reply.ok())
+        setMoving(direction, key);
+    else
+        m_hold.spend(key);
+    return reply;
+}
+
+Reply WireAndGas::moveByProgram(Wire direction)
+{
+    const Reply reply = mayMove();
+    if (reply.ok())
+        setMoving(direction, program);
+    return reply;
+}
+
+Reply WireAndGas::mayMove() const
 {
     if (m_welder.isInError())
         return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
+    if (m_welder.isWelding())
+        return Reply::refused(WrongState, QStringLiteral("a weld needs the wire"));
     if (m_cell.suffers(Fault::WireStuck))
         return Reply::refused(WireStuck, QStringLiteral("the wire is stuck"));
-    if (m_wire == direction)
-        return {};
     if (m_wire != Wire::Still)
-        return Reply::refused(WrongState, QStringLiteral("the wire moves the other way"));
-    m_wire = direction;
-    m_cell.record(direction == Wire::Feeding ? Event::WireFeeds : Event::WireRetracts, cause);
+        return Reply::refused(WrongState, QStringLiteral("the wire is moved by ") + m_mover);
     return {};
 }
 
+void WireAndGas::setMoving(Wire direction, const QString &mover)
+{
+    m_wire = direction;
+    m_mover = mover;
+    m_cell.record(direction == Wire::Feeding ? Event::WireFeeds : Event::WireRetracts, mover);
+}
+
+// Nothing happens without a cause, or while the wire stands still.
 void WireAndGas::stopWire(const QString &cause)
 {
-    if (m_wire == Wire::Still)
+    if (m_wire == Wire::Still || cause.isEmpty())
         return;
+    m_hold.spend(m_mover);
     m_wire = Wire::Still;
+    m_mover.clear();
     m_cell.record(Event::WireStops, cause);
 }
 
-Reply WireAndGas::startGas()
+Reply WireAndGas::flowByProgram()
+{
+    return startGas(untilStopped, program);
+}
+
+void WireAndGas::stopProgram()
+{
+    if (m_mover == program)
+        stopWire(program);
+    if (m_gasEnd == untilStopped)
+        stopGas(program);
+}
+
+Reply WireAndGas::testGas()
+{
+    const Reply seconds = gasDetectTime(m_cell);
+    if (!seconds.ok())
+        return seconds;
+    return startGas(m_cell.now() + seconds.value.toInt() * 1000, names::gasFlow);
+}
+
+Reply WireAndGas::startGas(qint64 end, const QString &cause)
 {
     if (m_welder.isInError())
         return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
     if (m_cell.suffers(Fault::NoGas))
         return Reply::refused(NoGas, QStringLiteral("there is no gas"));
-    const Reply seconds = gasDetectTime(m_cell);
-    if (!seconds.ok())
-        return seconds;
     if (m_gasEnd == 0)
-        m_cell.record(Event::GasFlows, names::gasFlow);
-    m_gasEnd = m_cell.now() + seconds.value.toInt() * 1000;
+        m_cell.record(Event::GasFlows, cause);
+    m_gasEnd = std::max(m_gasEnd, end);
     return {};
 }
 

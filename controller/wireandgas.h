@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controller/cell.h"
+#include "controller/holdtorun.h"
 #include "controller/registry.h"
 #include "controller/unit.h"
 
@@ -8,28 +9,43 @@ namespace controller {
 
 class Welder;
 
-/// What the keys of a pendant move by hand: the wire while a key is held, and the gas for as long
-/// as a test of it takes. Starting is refused while something stands against it, stopping never.
+/// Wire and gas apart from a weld: the keys of a pendant move wire while they are held and start a
+/// test of the gas, and so do the lines of a program. Starting is refused while something stands
+/// against it, stopping never. Every start and stop is in the journal, with its reason.
 class WireAndGas : public Unit
 {
 public:
-    WireAndGas(Cell &cell, Registry &registry, const Welder &welder);
-
-    void tick() override;
-    bool isBusy() const override { return m_gasEnd > 0; }
-
-private:
     enum class Wire { Still, Feeding, Retracting };
 
+    /// @p hold is borrowed; it says whether what a key moves may go on.
+    WireAndGas(Cell &cell, Registry &registry, const Welder &welder, HoldToRun &hold);
+
+    void tick() override;
+    bool isBusy() const override { return m_wire != Wire::Still || m_gasEnd > 0; }
+    int paceMs() const override;
+
+    /// A line of a program moves the wire until stopProgram(); no key is held for it.
+    Reply moveByProgram(Wire direction);
+    /// A line of a program lets gas flow until stopProgram().
+    Reply flowByProgram();
+    /// Stops what a program started.
+    void stopProgram();
+
+private:
     Reply moveWire(const Request &request);
-    Reply startWire(Wire direction, const QString &cause);
+    Reply startByKey(Wire direction, const QString &key);
+    Reply mayMove() const;
+    void setMoving(Wire direction, const QString &mover);
     void stopWire(const QString &cause);
-    Reply startGas();
+    Reply testGas();
+    Reply startGas(qint64 end, const QString &cause);
     void stopGas(const QString &cause);
 
     Cell &m_cell;
     const Welder &m_welder;
+    HoldToRun &m_hold;
     Wire m_wire = Wire::Still;
+    QString m_mover; // the key, or the program, that moves the wire
     qint64 m_gasEnd = 0; // 0: no gas flows
 };
 

@@ -45,6 +45,23 @@ struct ControllerBench
         return controller.handle({Kind::Command, QString::fromLatin1(command),
                                   QString::fromLatin1(payloadName), payload});
     }
+    /// Time passes in steps of the controller's pace.
+    void pass(int ms)
+    {
+        const qint64 end = now + ms;
+        while (now < end) {
+            now = qMin(end, now + controller.paceMs());
+            controller.tick();
+        }
+    }
+    /// Time passes on a living pendant with a key held, or with none.
+    void live(int ms, bool keyHeld)
+    {
+        constexpr int beatMs = 25;
+        controller.beat(now, keyHeld);
+        for (const qint64 end = now + ms; now < end; controller.beat(now, keyHeld))
+            pass(int(qMin<qint64>(beatMs, end - now)));
+    }
     /// The values last told of @p path; invalid when there were none.
     QVariant lastTold(const char *path) const
     {

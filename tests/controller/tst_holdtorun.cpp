@@ -1,0 +1,216 @@
+#include <QtTest>
+#include <functional>
+
+#include "controllerbench.h"
+
+using namespace controller;
+using Fault = Faults::Fault;
+using Event = Journal::Event;
+
+namespace {
+
+constexpr char wireFeed[] = "arc_weld.wire_feed";
+constexpr int lastBeatToStill = 100; // the longest that wire moves after a beat
+
+/// A bench with the two wire keys of a pendant.
+struct Keys : ControllerBench
+{
+    int feed(bool down) { return run(wireFeed, QVariantMap{{"feed", down}}, "wire_feel").code; }
+    int back(bool down)
+    {
+        return run(wireFeed, QVariantMap{{"reverse", down}}, "wire_feel_back").code;
+    }
+    bool moves() const
+    {
+        const auto entries = journal.entries();
+        return !entries.isEmpty() && entries.last().event != Event::WireStops;
+    }
+    QString lastCause() const { return journal.entries().last().cause; }
+};
+
+using Step = std::function<void(Keys &)>;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Step)
+
+/// Wire that a key moves stops by itself when nobody proves to hold the key, and stays still until
+/// the key was pressed afresh.
+class tst_HoldToRun : public QObject
+{
+    Q_OBJECT
+private slots:
+    void movesWhileAliveAndHeld();
+    void startNeedsALivingPendant();
+    void stopsByItself_data();
+    void stopsByItself();
+    void onlyAFreshPressStarts_data();
+    void onlyAFreshPressStarts();
+    void refusedPressIsUsedUp_data();
+    void refusedPressIsUsedUp();
+    void beatsComeTooLate();
+    void releaseNeedsNoBeat();
+    void spentKeyLeavesTheOtherAlone();
+};
+
+void tst_HoldToRun::movesWhileAliveAndHeld()
+{
+    Keys bench;
+    bench.live(0, true);
+    QCOMPARE(bench.feed(true), int(Ok));
+    bench.live(5000, true);
+    QVERIFY(bench.moves());
+    QCOMPARE(bench.feed(false), int(Ok));
+    QCOMPARE(bench.lastCause(), QString("wire_feel"));
+    QCOMPARE(bench.journal.entries().last().time - bench.journal.entries().first().time, 5000);
+}
+
+void tst_HoldToRun::startNeedsALivingPendant()
+{
+    Keys bench;
+    QCOMPARE(bench.feed(true), int(WrongState)); // never heard of one
+    QCOMPARE(bench.feed(false), int(Ok));
+    bench.live(0, true);
+    bench.pass(lastBeatToStill);
+    QCOMPARE(bench.feed(true), int(WrongState)); // heard of it too long ago
+    QVERIFY(bench.events().isEmpty());
+}
+
+void tst_HoldToRun::stopsByItself_data()
+{
+    QTest::addColumn<Step>("trouble");
+    QTest::addColumn<QString>("cause");
+    QTest::addColumn<int>("within");
+    QTest::newRow("no beats") << Step([](Keys &) {}) << "no heartbeat" << lastBeatToStill;
+    QTest::newRow("pendant lost") << Step([](Keys &b) { b.controller.losePendant(); })
+                                  << "pendant lost" << 0;
+    QTest::newRow("hand off the keys, release lost")
+        << Step([](Keys &b) { b.controller.beat(b.now, false); }) << "no key held" << 0;
+    QTest::newRow("welder error") << Step([](Keys &b) { b.faults.set(Fault::WelderError, true); })
+                                  << "welder error" << 10;
+    QTest::newRow("wire stuck") << Step([](Keys &b) { b.faults.set(Fault::WireStuck, true); })
+                                << "wire stuck" << 10;
+}
+
+void tst_HoldToRun::stopsByItself()
+{
+    QFETCH(Step, trouble);
+    QFETCH(QString, cause);
+    QFETCH(int, within);
+    Keys bench;
+    bench.live(0, true);
+    QCOMPARE(bench.back(true), int(Ok));
+    bench.live(500, true);
+    const qint64 lastBeat = bench.now;
+    trouble(bench);
+    bench.pass(1000);
+    QCOMPARE(bench.events(), (QVector<Event>{Event::WireRetracts, Event::WireStops}));
+    QCOMPARE(bench.lastCause(), cause);
+    QVERIFY(bench.journal.entries().last().time - lastBeat <= within);
+}
+
+void tst_HoldToRun::onlyAFreshPressStarts_data()
+{
+    QTest::addColumn<Step>("stop");
+    QTest::newRow("no beats") << Step([](Keys &b) { b.pass(200); });
+    QTest::newRow("pendant lost") << Step([](Keys &b) { b.controller.losePendant(); });
+    QTest::newRow("welder error") << Step([](Keys &b) {
+        b.faults.set(Fault::WelderError, true);
+        b.live(50, true);
+        b.faults.clear();
+    });
+    QTest::newRow("wire stuck") << Step([](Keys &b) {
+        b.faults.set(Fault::WireStuck, true);
+        b.live(50, true);
+        b.faults.clear();
+    });
+}
+
+void tst_HoldToRun::onlyAFreshPressStarts()
+{
+    QFETCH(Step, stop);
+    Keys bench;
+    for (const bool releaseArrives : {true, false}) {
+        bench.live(0, true);
+        QCOMPARE(bench.feed(true), int(Ok));
+        bench.live(100, true);
+        stop(bench);
+        QVERIFY(!bench.moves());
+        bench.live(500, true); // alive again, the key still down
+        QVERIFY(!bench.moves());
+        QCOMPARE(bench.feed(true), int(WrongState)); // the same press, repeated
+        QCOMPARE(bench.feed(true), int(WrongState));
+        if (releaseArrives)
+            QCOMPARE(bench.feed(false), int(Ok));
+        else
+            bench.live(25, false);
+        QVERIFY(!bench.moves());
+        bench.live(0, true);
+        QCOMPARE(bench.feed(true), int(Ok)); // fresh
+        QCOMPARE(bench.feed(false), int(Ok));
+    }
+}
+
+void tst_HoldToRun::refusedPressIsUsedUp_data()
+{
+    QTest::addColumn<Step>("before");
+    QTest::newRow("welder error") << Step([](Keys &b) { b.faults.set(Fault::WelderError, true); });
+    QTest::newRow("wire stuck") << Step([](Keys &b) { b.faults.set(Fault::WireStuck, true); });
+    QTest::newRow("no beats") << Step([](Keys &b) { b.pass(200); });
+    QTest::newRow("the other key first") << Step([](Keys &b) { b.back(true); });
+}
+
+void tst_HoldToRun::refusedPressIsUsedUp()
+{
+    QFETCH(Step, before);
+    Keys bench;
+    bench.live(0, true);
+    before(bench);
+    QVERIFY(bench.feed(true) != Ok);
+    bench.faults.clear();
+    bench.back(false);
+    bench.live(100, true);
+    QCOMPARE(bench.feed(true), int(WrongState));
+    QVERIFY(!bench.moves());
+    bench.feed(false);
+    QCOMPARE(bench.feed(true), int(Ok));
+}
+
+// The controller was busy elsewhere: the beat that it finds does not excuse the ones it missed.
+void tst_HoldToRun::beatsComeTooLate()
+{
+    Keys bench;
+    bench.live(0, true);
+    QCOMPARE(bench.feed(true), int(Ok));
+    bench.now += lastBeatToStill;
+    bench.controller.beat(bench.now, true);
+    QVERIFY(!bench.moves());
+}
+
+void tst_HoldToRun::releaseNeedsNoBeat()
+{
+    Keys bench;
+    bench.live(0, true);
+    QCOMPARE(bench.feed(true), int(Ok));
+    bench.pass(40);
+    QCOMPARE(bench.feed(false), int(Ok));
+    QCOMPARE(bench.lastCause(), QString("wire_feel"));
+    bench.controller.losePendant();
+    QCOMPARE(bench.feed(false), int(Ok)); // late, of the press before
+    QCOMPARE(bench.events().size(), 2);
+}
+
+void tst_HoldToRun::spentKeyLeavesTheOtherAlone()
+{
+    Keys bench;
+    bench.live(0, true);
+    QCOMPARE(bench.feed(true), int(Ok));
+    bench.pass(200);
+    bench.live(0, true);
+    QCOMPARE(bench.back(true), int(Ok));
+    QCOMPARE(bench.back(false), int(Ok));
+    QCOMPARE(bench.feed(true), int(WrongState));
+}
+
+QTEST_GUILESS_MAIN(tst_HoldToRun)
+#include "tst_holdtorun.moc"
