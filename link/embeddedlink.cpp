@@ -68,6 +68,12 @@ void EmbeddedLink::close()
     post([farEnd = m_farEnd] { farEnd->leave(); });
 }
 
+void EmbeddedLink::beat(bool keyHeld)
+{
+    if (isUp())
+        m_farEnd->beat(m_session, keyHeld);
+}
+
 void EmbeddedLink::greet()
 {
     post([farEnd = m_farEnd, session = m_session] { farEnd->greet(session); });

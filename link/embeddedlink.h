@@ -26,7 +26,7 @@ public:
     struct Options
     {
         QString dataFolder; ///< holds controller.db; empty: everything is in memory
-        controller::Clock clock = controller::steadyClock(); ///< called on the link's thread
+        controller::Clock clock = controller::steadyClock(); ///< called on both threads
     };
 
     explicit EmbeddedLink(const Options &options, QObject *parent = nullptr);
@@ -36,6 +36,7 @@ public:
     void open() override;
     void close() override;
     bool isUp() const override { return m_state == State::Up; }
+    void beat(bool keyHeld) override;
 
     /// The switches of what can go wrong; owned by the link.
     controller::Faults *faults() { return &m_faults; }

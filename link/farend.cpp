@@ -12,8 +12,6 @@ namespace links {
 
 namespace {
 
-constexpr int tickMs = 20;
-
 Request::Kind kindOf(LinkRequest::Kind kind)
 {
     switch (kind) {
@@ -39,8 +37,8 @@ FarEnd::FarEnd(const QString &dataFolder, Faults &faults, controller::Journal &j
     , m_clock(clock)
     , m_ticks(this)
 {
-    m_ticks.setInterval(tickMs);
-    connect(&m_ticks, &QTimer::timeout, this, &FarEnd::onTick);
+    m_ticks.setTimerType(Qt::PreciseTimer);
+    connect(&m_ticks, &QTimer::timeout, this, &FarEnd::tick);
     connect(&m_faults, &Faults::changed, this, &FarEnd::onFaultsChanged);
 }
 
@@ -51,8 +49,8 @@ void FarEnd::greet(int session)
     if (m_faults.isOn(Faults::Fault::LinkDown) || !isReady())
         return;
     if (session != m_session) {
+        endSession();
         m_session = session;
-        m_watched.clear();
     }
     send({0, session, nullptr, {}});
 }
@@ -61,6 +59,7 @@ void FarEnd::ask(int session, const std::shared_ptr<Exchange> &exchange)
 {
     if (exchange->isSettled())
         return;
+    takeBeat();
     if (m_faults.isOn(Faults::Fault::LinkDown) || session != m_session)
         exchange->settle({LinkReply::Lost, {}});
     else
@@ -69,9 +68,33 @@ void FarEnd::ask(int session, const std::shared_ptr<Exchange> &exchange)
 
 void FarEnd::leave()
 {
+    endSession();
+    m_reported.clear();
+}
+
+void FarEnd::endSession()
+{
     m_session = 0;
     m_watched.clear();
-    m_reported.clear();
+    if (m_controller)
+        m_controller->losePendant();
+}
+
+void FarEnd::beat(int session, bool keyHeld)
+{
+    const QMutexLocker lock(&m_beatMutex);
+    m_beat = Beat{session, m_clock(), keyHeld};
+}
+
+void FarEnd::takeBeat()
+{
+    std::optional<Beat> beat;
+    {
+        const QMutexLocker lock(&m_beatMutex);
+        beat.swap(m_beat);
+    }
+    if (beat && m_controller && beat->session == m_session)
+        m_controller->beat(beat->time, beat->keyHeld);
 }
 
 bool FarEnd::isReady()
@@ -126,7 +149,7 @@ void FarEnd::send(Answer answer)
         else
             deliver(answer);
     }
-    onTick();
+    tick();
 }
 
 void FarEnd::deliver(const Answer &answer)
@@ -155,8 +178,7 @@ void FarEnd::breakOff()
     }
     m_late.clear();
     const int session = m_session;
-    m_session = 0;
-    m_watched.clear();
+    endSession();
     emit broken(session);
 }
 
@@ -164,19 +186,21 @@ void FarEnd::onFaultsChanged()
 {
     if (m_faults.isOn(Faults::Fault::LinkDown))
         breakOff();
-    onTick();
+    tick();
 }
 
-void FarEnd::onTick()
+void FarEnd::tick()
 {
+    takeBeat();
     if (m_controller)
         m_controller->tick();
     deliverDue();
     const bool wanted = !m_late.empty() || (m_controller && m_controller->isBusy());
-    if (wanted && !m_ticks.isActive())
-        m_ticks.start();
-    else if (!wanted)
+    const int pace = m_controller ? m_controller->paceMs() : 0;
+    if (!wanted)
         m_ticks.stop();
+    else if (!m_ticks.isActive() || m_ticks.interval() != pace)
+        m_ticks.start(pace);
 }
 
 } // namespace links

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QMutex>
 #include <QObject>
 #include <QSet>
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "controller/controller.h"
@@ -30,6 +32,12 @@ public:
     void ask(int session, const std::shared_ptr<Exchange> &exchange);
     /// The session is over.
     void leave();
+    /// Carries out what has become due; by itself while something goes on.
+    void tick();
+
+    /// The pendant of the session is alive, with a key held or with none. Any thread; costs next to
+    /// nothing and never queues: a slow far end finds the newest beat only.
+    void beat(int session, bool keyHeld);
 
 signals:
     void greeted(int session);
@@ -47,6 +55,13 @@ private:
         tessa::LinkReply reply;
     };
 
+    struct Beat
+    {
+        int session;
+        qint64 time;
+        bool keyHeld;
+    };
+
     bool isReady();
     QString startController();
     tessa::LinkReply carryOut(const tessa::LinkRequest &request);
@@ -54,8 +69,9 @@ private:
     void deliver(const Answer &answer);
     void deliverDue();
     void breakOff();
+    void endSession();
+    void takeBeat();
     void onFaultsChanged();
-    void onTick();
 
     QString m_dataFolder;
     controller::Faults &m_faults;
@@ -68,6 +84,8 @@ private:
     QSet<QString> m_watched;
     std::vector<Answer> m_late;
     QTimer m_ticks;
+    QMutex m_beatMutex;
+    std::optional<Beat> m_beat; // not looked at yet
 };
 
 } // namespace links

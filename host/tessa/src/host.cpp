@@ -9,11 +9,20 @@ namespace tessa {
 namespace {
 
 Host *s_current = nullptr;
+constexpr int heartbeatMs = 25;
 
 // Project data lives on the controller; pages look it up in the host's tree.
 const QStringList mirroredNodes{QStringLiteral("orbo.project"),
                                 QStringLiteral("orbo.robot.io.signal_detail"),
                                 QStringLiteral("orbo.toolpage")};
+
+bool isAnyHeld(const PhysicalKeys &keys)
+{
+    int key = 0;
+    while (key < keys.count() && !keys.isHeld(key))
+        ++key;
+    return key < keys.count();
+}
 
 } // namespace
 
@@ -27,6 +36,16 @@ Host::Host(const HostOptions &options)
     handle->set(this, QStringLiteral("max_jog_speed"), 100);
     handle->set(this, QStringLiteral("jog.override"), 0.3);
     connect(&m_workspace, &kelp::Workspace::problem, this, &Host::reportProblem);
+    // On the GUI thread: when that hangs, the beats end, and what a key moves stops.
+    m_heartbeat.setTimerType(Qt::PreciseTimer);
+    m_heartbeat.setInterval(heartbeatMs);
+    connect(&m_heartbeat, &QTimer::timeout, this, &Host::beat);
+    connect(&m_service, &XService::connectedChanged, this, &Host::onConnectedChanged);
+    // A press that waited for a busy GUI thread comes before the beat that is due.
+    connect(&m_keys, &PhysicalKeys::heldChanged, this, [this](int, bool held) {
+        if (held)
+            beat();
+    });
     connect(m_helper.themeManager(), &ThemeManager::problem, this, &Host::reportProblem);
     if (!QFileInfo(options.dataFolder).isWritable())
         reportProblem(tr("%1: the data folder cannot be written").arg(options.dataFolder));
@@ -61,6 +80,22 @@ void Host::setLink(std::unique_ptr<ControllerLink> link)
         return;
     connect(m_link.get(), &ControllerLink::problem, this, &Host::reportProblem);
     m_link->open();
+}
+
+void Host::onConnectedChanged(bool connected)
+{
+    if (!connected) {
+        m_heartbeat.stop();
+        return;
+    }
+    m_heartbeat.start();
+    beat();
+}
+
+void Host::beat()
+{
+    if (m_link)
+        m_link->beat(isAnyHeld(m_keys));
 }
 
 void Host::reportProblem(const QString &line)

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <memory>
 
 #include "kelp/workspace.h"
@@ -40,12 +41,15 @@ public:
 
 private:
     void reportProblem(const QString &line);
+    void onConnectedChanged(bool connected);
+    void beat();
 
     kelp::Workspace m_workspace;
     XService m_service;
     PhysicalKeys m_keys; // outlives the modules, whose keys it releases
     ManagerHelper m_helper;
     std::unique_ptr<ControllerLink> m_link;
+    QTimer m_heartbeat;
 };
 
 } // namespace tessa
