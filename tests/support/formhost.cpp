@@ -38,6 +38,8 @@ LinkReply RecordingLink::call(const LinkRequest &request, int)
         inner.close();
         return {LinkReply::Lost, {}};
     }
+    if (answers.contains(text))
+        return {0, answers.value(text)};
     return inner.call(request, patient);
 }
 

@@ -30,6 +30,7 @@ public:
     QStringList requests; ///< "get arc_weld.arcon_param arcondata1"
     QVariant lastPayload; ///< of the last write or command
     QString breakAt; ///< the link breaks when this request comes
+    QHash<QString, QVariant> answers; ///< to these requests, instead of the controller's own
 };
 
 /// What a form needs around it, without a window: a host, a frame, and a controller in memory. Up

@@ -1,0 +1,293 @@
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include "settings/processsettingspage.h"
+#include "settings/segparameterpage.h"
+#include "settings/segparameterwidget.h"
+#include "settings/weavefunctionpage.h"
+#include "support/formhost.h"
+
+using testsupport::child;
+using testsupport::FormHost;
+
+namespace {
+
+const char *const notConnected = "error: tessa not connected";
+const char *const isNotConnected = "error: tessa is not connected";
+
+template<typename Page>
+std::unique_ptr<BaseSubPage> make(FormHost &host)
+{
+    auto page = std::make_unique<Page>(host.window(), host.window());
+    page->initPage();
+    return page;
+}
+
+/// A form with one numbered file, and the words in which it speaks.
+struct Form
+{
+    std::unique_ptr<BaseSubPage> (*make)(FormHost &);
+    QString set, prefix, combo, annotation, save, cancel;
+    QString sender;
+    QStringList changedWhileDown; ///< what a file change says while the link is down
+    QString savedWhileDown, failed;
+};
+
+const QStringList warned{"warning: tessa not connected"};
+const QHash<QString, Form> forms{
+    {"arc start",
+     {make<ProcessSettingsPage>, "arcon_param", "arcondata", "cbx_arconParamFileNumber",
+      "ledt_arconAnnotaion", "btnArcOnSave", "btnArcOnCancel", "process setting", warned,
+      isNotConnected, "error: save parameter error"}},
+    {"weld",
+     {make<ProcessSettingsPage>, "weld_param", "arcdata", "cbx_weldingParamFileNumber",
+      "ledt_weldAnnotaion", "btnWeldingSave", "btnWeldingCancel", "process setting", warned,
+      isNotConnected, "error: save parameter error"}},
+    {"arc end",
+     {make<ProcessSettingsPage>, "arcoff_param", "arcoffdata", "cbx_arcoffParamFileNumber",
+      "ledt_arcoffAnnotaion", "btnArcOffSave", "btnArcOffCancel", "process setting", warned,
+      isNotConnected, "error: save parameter error"}},
+    {"weave",
+     {make<WeaveFunctionPage>,
+      "weave_param",
+      "weavedata",
+      "cbxWeaveFileNumber",
+      "ledtWeaveAnnotation",
+      "btnSave",
+      "btnCancel",
+      "weaveFunction",
+      {},
+      notConnected,
+      "error: save parameter error"}},
+    {"seg",
+     {make<SegParameterPage>,
+      "seg_param",
+      "segdata",
+      "cbxFileNumber",
+      "ledtAnnotation",
+      "btnSave",
+      "btnCancel",
+      "wgtSeg",
+      {},
+      notConnected,
+      "error: save parameter fail"}},
+};
+
+/// A host, one form in it, and what an operator does with it.
+struct Desk
+{
+    FormHost host;
+    const Form &form;
+    std::unique_ptr<BaseSubPage> page;
+
+    explicit Desk(const QString &name, FormHost::Link link = FormHost::Connected)
+        : host(link)
+        , form(*forms.find(name))
+        , page(form.make(host))
+    {
+        host.takeMessages();
+        host.takeRequests();
+    }
+
+    QString node() const { return "arc_weld." + form.set; }
+    QString file(int number) const { return form.prefix + QString::number(number); }
+    QString request(const char *verb, int number) const
+    {
+        return QString(verb) + ' ' + node() + ' ' + file(number);
+    }
+    QVariantMap stored(int number) { return host.stored(node(), file(number)).toMap(); }
+    QComboBox *combo() const { return child<QComboBox>(page->wgt(), form.combo); }
+    QLineEdit *annotation() const { return child<QLineEdit>(page->wgt(), form.annotation); }
+    void choose(int number) const { combo()->setCurrentIndex(number - 1); }
+    void press(const QString &button) const { child<QPushButton>(page->wgt(), button)->click(); }
+    /// What was said, by the form itself.
+    QStringList said()
+    {
+        QStringList messages = host.takeMessages();
+        for (QString &message : messages)
+            message.remove(" [" + form.sender + ']');
+        return messages;
+    }
+};
+
+} // namespace
+
+/// How every form chooses, reads, creates, keeps and saves a numbered file.
+class tst_FileForms : public QObject
+{
+    Q_OBJECT
+
+    void addForms()
+    {
+        QTest::addColumn<QString>("form");
+        for (auto form = forms.begin(); form != forms.end(); ++form)
+            QTest::addRow("%s", qPrintable(form.key())) << form.key();
+    }
+    void addFormsAndFaults()
+    {
+        QTest::addColumn<QString>("form");
+        QTest::addColumn<bool>("breaks");
+        for (auto form = forms.begin(); form != forms.end(); ++form) {
+            QTest::addRow("%s, link breaks", qPrintable(form.key())) << form.key() << true;
+            QTest::addRow("%s, refused", qPrintable(form.key())) << form.key() << false;
+        }
+    }
+    static void spoil(Desk &desk, const char *verb, int number)
+    {
+        QFETCH(bool, breaks);
+        if (breaks)
+            desk.host.link()->breakAt = desk.request(verb, number);
+        else
+            desk.host.faults()->setCode(desk.node(), 8);
+    }
+    static void mend(Desk &desk)
+    {
+        desk.host.faults()->clear();
+        QVERIFY(desk.host.connect());
+        desk.host.takeMessages();
+        desk.host.takeRequests();
+    }
+
+private slots:
+    void aMissingFileIsCreated_data() { addForms(); }
+    void aMissingFileIsCreated()
+    {
+        QFETCH(QString, form);
+        Desk desk(form);
+        for (int number = 1; number <= 40; ++number)
+            QCOMPARE(desk.combo()->itemText(number - 1), desk.file(number));
+        QCOMPARE(desk.combo()->count(), 40);
+
+        QVERIFY(desk.stored(3).isEmpty());
+        desk.choose(3);
+        QCOMPARE(desk.host.takeRequests(),
+                 QStringList({desk.request("get", 3), desk.request("set", 3)}));
+        QVariantMap expected = desk.stored(1); // as the first file was created
+        expected["name"] = desk.file(3);
+        QCOMPARE(desk.stored(3), expected);
+        QVERIFY(expected.size() > 4);
+
+        desk.choose(1);
+        desk.choose(3);
+        QCOMPARE(desk.host.takeRequests(),
+                 QStringList({desk.request("get", 1), desk.request("get", 3)}));
+        QCOMPARE(desk.said(), QStringList());
+    }
+
+    void anotherPendantsFileIsReadEditedAndSaved_data() { addForms(); }
+    void anotherPendantsFileIsReadEditedAndSaved()
+    {
+        QFETCH(QString, form);
+        Desk desk(form);
+        QVariantMap theirs = desk.stored(1);
+        theirs["name"] = desk.file(7);
+        theirs["annotation"] = "theirs";
+        theirs["of_a_newer_pendant"] = QVariantMap{{"kept", true}};
+        QCOMPARE(desk.host.store(desk.node(), desk.file(7), theirs), 0);
+        desk.choose(7);
+        QCOMPARE(desk.annotation()->text(), QString("theirs"));
+
+        desk.annotation()->setText("edited");
+        desk.press(desk.form.cancel);
+        QCOMPARE(desk.annotation()->text(), QString("theirs"));
+        QCOMPARE(desk.host.takeRequests(), QStringList(desk.request("get", 7)));
+        QCOMPARE(desk.said(), QStringList());
+
+        desk.annotation()->setText("mine");
+        desk.press(desk.form.save);
+        QCOMPARE(desk.host.takeRequests(), QStringList(desk.request("set", 7)));
+        QCOMPARE(desk.said(), QStringList("info: save parameter succeed"));
+        theirs["annotation"] = "mine";
+        QCOMPARE(desk.stored(7), theirs);
+    }
+
+    void aFailedReadTouchesNothing_data() { addFormsAndFaults(); }
+    void aFailedReadTouchesNothing()
+    {
+        QFETCH(QString, form);
+        Desk desk(form);
+        const QVariantMap first = desk.stored(1);
+        desk.annotation()->setText("edited");
+        spoil(desk, "get", 3);
+        desk.choose(3);
+        QCOMPARE(desk.host.takeRequests(), QStringList(desk.request("get", 3)));
+        QCOMPARE(desk.said(), QStringList("error: " + desk.file(3) + ": read parameter error"));
+        QCOMPARE(desk.annotation()->text(), QString("edited"));
+
+        // What is shown is the first file; it must not become the third.
+        mend(desk);
+        desk.press(desk.form.save);
+        QCOMPARE(desk.host.takeRequests(), QStringList());
+        QCOMPARE(desk.said(), QStringList(desk.form.failed));
+        QVERIFY(desk.stored(3).isEmpty());
+        QCOMPARE(desk.stored(1), first);
+    }
+
+    void aFailedReloadKeepsTheEdits_data() { addFormsAndFaults(); }
+    void aFailedReloadKeepsTheEdits()
+    {
+        QFETCH(QString, form);
+        Desk desk(form);
+        desk.annotation()->setText("edited");
+        spoil(desk, "get", 1);
+        if (auto *seg = desk.page->wgt()->findChild<SegParameterWidget *>())
+            seg->initPage();
+        else
+            desk.page->initPage();
+        QVERIFY(!desk.host.takeRequests().contains(desk.request("set", 1)));
+        QVERIFY(desk.said().contains("error: " + desk.file(1) + ": read parameter error"));
+        QCOMPARE(desk.annotation()->text(), QString("edited"));
+    }
+
+    void aFailedSaveIsTold_data() { addFormsAndFaults(); }
+    void aFailedSaveIsTold()
+    {
+        QFETCH(QString, form);
+        Desk desk(form);
+        const QVariantMap before = desk.stored(1);
+        desk.annotation()->setText("edited");
+        spoil(desk, "set", 1);
+        desk.press(desk.form.save);
+        QCOMPARE(desk.said(), QStringList(desk.form.failed));
+        QCOMPARE(desk.annotation()->text(), QString("edited"));
+        mend(desk);
+        QCOMPARE(desk.stored(1), before);
+    }
+
+    void whileTheLinkIsDown_data() { addForms(); }
+    void whileTheLinkIsDown()
+    {
+        QFETCH(QString, form);
+        Desk desk(form);
+        desk.annotation()->setText("edited");
+        QVERIFY(desk.host.disconnect());
+        desk.choose(5);
+        QCOMPARE(desk.said(), desk.form.changedWhileDown);
+        desk.press(desk.form.save);
+        QCOMPARE(desk.said(), QStringList(desk.form.savedWhileDown));
+        QCOMPARE(desk.annotation()->text(), QString("edited"));
+        QCOMPARE(desk.host.takeRequests(), QStringList());
+    }
+
+    void aFormBuiltWhileTheLinkIsDown_data() { addForms(); }
+    void aFormBuiltWhileTheLinkIsDown()
+    {
+        QFETCH(QString, form);
+        Desk desk(form, FormHost::Down);
+        QCOMPARE(desk.combo()->currentText(), desk.file(1));
+        desk.annotation()->setText("edited");
+        QVERIFY(desk.host.connect());
+        // Defaults are shown that nobody chose: they must not become the file.
+        desk.press(desk.form.save);
+        QCOMPARE(desk.said(), QStringList(desk.form.failed));
+        QVERIFY(desk.stored(1).isEmpty());
+        desk.page->initPage();
+        QCOMPARE(desk.annotation()->text(), QString());
+        QCOMPARE(desk.stored(1).value("name").toString(), desk.file(1));
+    }
+};
+
+QTEST_MAIN(tst_FileForms)
+#include "tst_fileforms.moc"
