@@ -7,15 +7,25 @@
 using namespace welmo;
 
 namespace {
+
 const QString deviceParamNode = QStringLiteral("arc_weld.device_param");
+
+// Before the groups are listed.
+std::unique_ptr<Ui::ProcessSettingsPage> setUp(QWidget *widget)
+{
+    auto ui = std::make_unique<Ui::ProcessSettingsPage>();
+    ui->setupUi(widget);
+    return ui;
 }
+
+} // namespace
 
 ProcessSettingsPage::ProcessSettingsPage(QWidget *parent, QObject *owner)
     : BaseSubPage(parent, QStringLiteral("process setting"), tr("Process Setting"), owner)
-    , ui(std::make_unique<Ui::ProcessSettingsPage>())
+    , ui(setUp(wgt()))
+    , m_groups(this, {ui->gbx_arconParam, ui->gbx_weldParam, ui->gbx_arcoffParam})
 {
     setObjectName(name());
-    ui->setupUi(wgt());
     initUI();
 }
 
@@ -40,40 +50,21 @@ void ProcessSettingsPage::initUI()
 {
     initControl();
     initConnect();
-    initParamValue();
 }
 
 void ProcessSettingsPage::initControl()
 {
-    ui->gbx_arconParam->initUI(this);
-    ui->gbx_weldParam->initUI(this);
-    ui->gbx_arcoffParam->initUI(this);
+    m_groups.initUI(this);
     ui->gbx_weldParam->enableButton()->show();
 }
 
 void ProcessSettingsPage::initConnect()
 {
-    for (ProcessGroup *group : std::initializer_list<ProcessGroup *>{
-             ui->gbx_arconParam, ui->gbx_weldParam, ui->gbx_arcoffParam}) {
-        connect(group->file().combo(), qOverload<int>(&QComboBox::currentIndexChanged), this,
-                &ProcessSettingsPage::onParamFileNumberChanged);
-        connect(group->saveButton(), &QPushButton::clicked, this,
-                &ProcessSettingsPage::onSaveButtonClicked);
-        connect(group->cancelButton(), &QPushButton::clicked, this,
-                &ProcessSettingsPage::onCancelButtonClicked);
-    }
     connect(ui->gbx_weldParam->enableButton(), &QPushButton::clicked, this,
             &ProcessSettingsPage::onEnableButtonClicked);
     // The welder's own parameters change with the device that is chosen.
     connect(xservice()->watchNode(deviceParamNode), &kelp::ModuleObject::changed, this,
             [this] { getWelderParamRange(); });
-}
-
-void ProcessSettingsPage::initParamValue()
-{
-    arcon().start();
-    weld().start();
-    arcoff().start();
 }
 
 void ProcessSettingsPage::initPage()
@@ -82,35 +73,7 @@ void ProcessSettingsPage::initPage()
         return;
     xservice()->watch(this, deviceParamNode, true);
     getWelderParamRange();
-    selectArconFileNum();
-    selectWeldFileNum();
-    selectArcoffFileNum();
-}
-
-void ProcessSettingsPage::useDefaultNode()
-{
-    useArconDefaultNode();
-    useWeldDefaultNode();
-    useArcoffDefaultNode();
-}
-
-void ProcessSettingsPage::getParamFromTessa()
-{
-    getArconParam();
-    getWeldParam();
-    getArcoffParam();
-}
-
-void ProcessSettingsPage::getWelderParamRange()
-{
-    if (!controller::isConnected())
-        return;
-    const auto limits = WelderLimits::read(this);
-    if (!limits)
-        return;
-    ui->gbx_arconParam->applyWelder(*limits);
-    ui->gbx_weldParam->applyWelder(*limits);
-    ui->gbx_arcoffParam->applyWelder(*limits);
+    m_groups.reload();
 }
 
 void ProcessSettingsPage::removeArconParam(const QList<int> &numbers)
@@ -130,45 +93,17 @@ void ProcessSettingsPage::removeArcoffParam(const QList<int> &numbers)
 
 void ProcessSettingsPage::onParamFileNumberChanged(int)
 {
-    if (!controller::isConnected()) {
-        report::warning(this, tr("tessa not connected"));
-        return;
-    }
-    if (sender() == arcon().combo())
-        selectArconFileNum();
-    else if (sender() == weld().combo())
-        selectWeldFileNum();
-    else if (sender() == arcoff().combo())
-        selectArcoffFileNum();
+    m_groups.selectFile(sender());
 }
 
 void ProcessSettingsPage::onSaveButtonClicked()
 {
-    if (!controller::isConnected()) {
-        report::error(this, tr("tessa is not connected"));
-        return;
-    }
-    int result = 0;
-    if (sender() == ui->gbx_arconParam->saveButton())
-        result = saveArconParam();
-    else if (sender() == ui->gbx_weldParam->saveButton())
-        result = saveWeldParam();
-    else if (sender() == ui->gbx_arcoffParam->saveButton())
-        result = saveArcoffParam();
-    if (result != 0)
-        report::error(this, tr("save parameter error"));
-    else
-        report::info(this, tr("save parameter succeed"));
+    m_groups.save(sender());
 }
 
 void ProcessSettingsPage::onCancelButtonClicked()
 {
-    if (sender() == ui->gbx_arconParam->cancelButton())
-        setArconParam();
-    else if (sender() == ui->gbx_weldParam->cancelButton())
-        setWeldParam();
-    else if (sender() == ui->gbx_arcoffParam->cancelButton())
-        setArcoffParam();
+    m_groups.cancel(sender());
 }
 
 void ProcessSettingsPage::onEnableButtonClicked()

@@ -4,11 +4,11 @@
 
 #include "data/fileform.h"
 #include "page/basesubpage.h"
+#include "settings/processgroupset.h"
 
 namespace Ui {
 class ProcessSettingsPage;
 }
-class ProcessGroup;
 
 /// The sub-page on which arc-start, welding and arc-end files are edited side by side.
 class ProcessSettingsPage : public BaseSubPage
@@ -23,19 +23,19 @@ public:
     void initPage() override;
 
     /// Takes over the modes and voltage ranges of the connected welder.
-    void getWelderParamRange();
+    void getWelderParamRange() { m_groups.getWelderParamRange(); }
 
     void useArconDefaultNode() { arcon().useDefaultNode(); }
     void useWeldDefaultNode() { weld().useDefaultNode(); }
     void useArcoffDefaultNode() { arcoff().useDefaultNode(); }
-    void useDefaultNode();
+    void useDefaultNode() { m_groups.useDefaultNode(); }
     void initArconParamDefault() { arcon().writeDefaults(); }
     void initWeldParamDefault() { weld().writeDefaults(); }
     void initArcoffParamDefault() { arcoff().writeDefaults(); }
     void getArconParam() { arcon().get(); }
     void getWeldParam() { weld().get(); }
     void getArcoffParam() { arcoff().get(); }
-    void getParamFromTessa();
+    void getParamFromTessa() { m_groups.getParamFromTessa(); }
     void storeArconParam() { arcon().store(); }
     void storeWeldParam() { weld().store(); }
     void storeArcoffParam() { arcoff().store(); }
@@ -65,11 +65,11 @@ private:
     void initUI();
     void initControl();
     void initConnect();
-    void initParamValue();
 
     welmo::FileForm &arcon();
     welmo::FileForm &weld();
     welmo::FileForm &arcoff();
 
     std::unique_ptr<Ui::ProcessSettingsPage> ui;
+    ProcessGroupSet m_groups;
 };

@@ -1,0 +1,43 @@
+#include "instructions/arcoffpropertywidget.h"
+
+#include <QVBoxLayout>
+
+#include "instructions/formscroller.h"
+#include "instructions/line/fileline.h"
+#include "settings/arcoffgroup.h"
+
+using namespace welmo;
+
+ArcoffPropertyWidget::ArcoffPropertyWidget(QWidget *parent)
+    : PropertyForm(line::Instruction::ArcOff, parent)
+    , m_arcoff(new ArcoffGroup)
+    , m_groups(this, {m_arcoff})
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new FormScroller(m_arcoff));
+    m_groups.initUI(this);
+}
+
+FileForm &ArcoffPropertyWidget::arcoff()
+{
+    return m_arcoff->file();
+}
+
+void ArcoffPropertyWidget::FillWith(const QString &line)
+{
+    const line::FileLine parsed = line::parseFileLine(instruction(), line);
+    if (!parsed.files.empty() && parsed.files.front())
+        arcoff().combo()->setCurrentText(*parsed.files.front());
+    report(parsed.problems);
+}
+
+QString ArcoffPropertyWidget::ToString()
+{
+    return line::formatFileLine(instruction(), {arcoff().combo()->currentText()});
+}
+
+void ArcoffPropertyWidget::onArcOffDataFoldButtonClicked()
+{
+    m_arcoff->onFoldButtonClicked();
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QScrollArea>
+
+/// Holds a tall editor in an instruction's form: scrolls it up and down, never sideways.
+class FormScroller : public QScrollArea
+{
+    Q_OBJECT
+public:
+    /// Takes the editor over.
+    explicit FormScroller(QWidget *editor);
+};

@@ -1,0 +1,25 @@
+#include "instructions/instructionform.h"
+
+#include "data/report.h"
+
+using namespace welmo;
+
+InsertForm::InsertForm(line::Instruction instruction, QWidget *parent)
+    : BaseContentWidget(parent)
+    , m_instruction(instruction)
+{
+    setObjectName(line::instructionName(instruction) + QStringLiteral("InsertWidget"));
+}
+
+PropertyForm::PropertyForm(line::Instruction instruction, QWidget *parent)
+    : BaseContentWidget(parent)
+    , m_instruction(instruction)
+{
+    setObjectName(line::instructionName(instruction) + QStringLiteral("PropertyWidget"));
+}
+
+void PropertyForm::report(const line::Problems &problems)
+{
+    for (const line::Problem &problem : problems)
+        report::error(this, line::shown(problem.message));
+}

@@ -1,0 +1,32 @@
+#include "instructions/segonpropertywidget.h"
+
+#include <QVBoxLayout>
+
+#include "instructions/line/fileline.h"
+#include "settings/segparameterwidget.h"
+
+using namespace welmo::line;
+
+SegOnPropertyWidget::SegOnPropertyWidget(QWidget *parent)
+    : PropertyForm(Instruction::SegOn, parent)
+    , wgtSeg(new SegParameterWidget(this))
+{
+    wgtSeg->setObjectName(QStringLiteral("wgtSeg"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(wgtSeg);
+    wgtSeg->init();
+}
+
+void SegOnPropertyWidget::FillWith(const QString &line)
+{
+    const FileLine parsed = parseFileLine(instruction(), line);
+    if (!parsed.files.empty() && parsed.files.front())
+        wgtSeg->setFileNumber(*parsed.files.front());
+    report(parsed.problems);
+}
+
+QString SegOnPropertyWidget::ToString()
+{
+    return formatFileLine(instruction(), {wgtSeg->getFileNumber()});
+}

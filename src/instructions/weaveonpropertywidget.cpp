@@ -1,0 +1,40 @@
+#include "instructions/weaveonpropertywidget.h"
+
+#include <QDebug>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "instructions/formscroller.h"
+#include "instructions/line/fileline.h"
+#include "instructions/weavewidget.h"
+
+using namespace welmo::line;
+
+WeaveOnPropertyWidget::WeaveOnPropertyWidget(QWidget *parent)
+    : PropertyForm(Instruction::WeaveOn, parent)
+    , wgtWeaveData(new WeaveWidget)
+{
+    wgtWeaveData->setObjectName(QStringLiteral("wgtWeaveData"));
+    auto *tabs = new QTabWidget(this);
+    tabs->setObjectName(QStringLiteral("twgtWeaveData"));
+    // Chinese in every language, as on the pendants in the field.
+    tabs->addTab(new FormScroller(wgtWeaveData), QStringLiteral("摆弧参数(weavedata)"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(tabs);
+}
+
+void WeaveOnPropertyWidget::FillWith(const QString &line)
+{
+    const FileLine parsed = parseFileLine(instruction(), line);
+    if (!parsed.files.empty() && parsed.files.front())
+        wgtWeaveData->setCurrentFileNum(*parsed.files.front());
+    report(parsed.problems);
+}
+
+QString WeaveOnPropertyWidget::ToString()
+{
+    const QString name = wgtWeaveData->getCurrentFileNum();
+    qDebug() << "return weavedata" << name;
+    return formatFileLine(instruction(), {name});
+}
