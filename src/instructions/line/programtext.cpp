@@ -8,6 +8,12 @@ namespace {
 
 const QByteArray byteOrderMark = QByteArrayLiteral("\xEF\xBB\xBF");
 
+// A NUL ends nothing here, as it would for fromUtf8(QByteArray).
+QString decoded(const QByteArray &bytes)
+{
+    return QString::fromUtf8(bytes.constData(), bytes.size());
+}
+
 // A line end in the text of one line would make two instructions of it.
 QByteArray oneLine(QString text)
 {
@@ -37,7 +43,7 @@ ProgramText::ProgramText(const QByteArray &bytes)
 
 QString ProgramText::line(int index) const
 {
-    return QString::fromUtf8(m_lines.at(size_t(index)).text);
+    return decoded(m_lines.at(size_t(index)).text);
 }
 
 QStringList ProgramText::lines() const
@@ -45,7 +51,7 @@ QStringList ProgramText::lines() const
     QStringList list;
     list.reserve(lineCount());
     for (const Line &line : m_lines)
-        list.append(QString::fromUtf8(line.text));
+        list.append(decoded(line.text));
     return list;
 }
 
