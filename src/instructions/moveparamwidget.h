@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+namespace Ui {
+class MoveParamWidget;
+}
+class QComboBox;
+
+/// Speed, zone, tool, work object and weave file of a welding move.
+class MoveParamWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit MoveParamWidget(QWidget *parent = nullptr);
+    ~MoveParamWidget() override;
+
+    /// Reads the project's lists again; what is chosen stays chosen where it is still there.
+    void refresh();
+
+    // Each selects the entry of that name; an unknown name is reported and leaves the choice as it
+    // is.
+    void setSpeedText(const QString &text);
+    void setZoneText(const QString &text);
+    void setToolText(const QString &text);
+    void setWobj(const QString &text);
+    /// @p text holds the name in double quotes.
+    void setWeaveData(const QString &text);
+    /// Selects the tool and the work object that are active on the pendant, as far as they are
+    /// listed.
+    void chooseActive();
+
+    QString tool() const;
+    QString wobj() const;
+    /// The arguments of the line after the points.
+    QString getParam() const;
+
+public slots:
+    /// Opens the chosen weave file in a dialog, without waiting for it. Does nothing without a
+    /// weave file, and while the dialog of an earlier press is open.
+    void onBtnDetailClicked();
+
+signals:
+    void toolChanged(const QString &name);
+    void wobjChanged(const QString &name);
+
+private:
+    void select(QComboBox *combo, const QString &name, const char *message);
+
+    std::unique_ptr<Ui::MoveParamWidget> ui;
+    /// Set while the details dialog is open: a second dialog would edit the same file unseen.
+    bool m_detailsBlocked = false;
+};

@@ -1,0 +1,5 @@
+#include "instructions/wmovecpropertywidget.h"
+
+WMoveCPropertyWidget::WMoveCPropertyWidget(QWidget *parent)
+    : MovePropertyForm(welmo::line::Instruction::WMoveC, parent)
+{ }

@@ -1,0 +1,5 @@
+#include "instructions/wmovelpropertywidget.h"
+
+WMoveLPropertyWidget::WMoveLPropertyWidget(QWidget *parent)
+    : MovePropertyForm(welmo::line::Instruction::WMoveL, parent)
+{ }
