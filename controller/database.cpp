@@ -47,7 +47,7 @@ Database::~Database()
 
 QString Database::openFile(const QString &file)
 {
-    if (const QString reason = lockFile(file); !reason.isEmpty())
+    if (QString reason = lockFile(file); !reason.isEmpty())
         return reason;
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
     if (sqlite3_open_v2(QFile::encodeName(file).constData(), &m_handle, flags, nullptr)
@@ -58,7 +58,7 @@ QString Database::openFile(const QString &file)
     // Until the file is known to be ours, the log that somebody left is not merged into it.
     const bool hasLog = QFile::exists(file + QStringLiteral("-wal"));
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, hasLog ? 1 : 0, nullptr);
-    if (const QString reason = inspect(); !reason.isEmpty())
+    if (QString reason = inspect(); !reason.isEmpty())
         return reason;
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return {};
@@ -80,7 +80,7 @@ QString Database::lockFile(const QString &file)
 QString Database::inspect()
 {
     bool isNew = false;
-    if (const QString reason = inspectHeader(&isNew); !reason.isEmpty())
+    if (QString reason = inspectHeader(&isNew); !reason.isEmpty())
         return reason;
     if (const QString verdict = readText("PRAGMA quick_check(1)"); verdict != QLatin1String("ok"))
         return tr("is damaged (%1)").arg(verdict.isEmpty() ? errorText() : verdict.simplified());

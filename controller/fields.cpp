@@ -49,7 +49,7 @@ Reply checkedThree(const Field &field, const QVariant &value)
     if (list.size() != 3)
         return wrongType(field, "a list of three whole numbers");
     for (QVariant &item : list) {
-        const Reply reply = checkedNumber(field, item);
+        Reply reply = checkedNumber(field, item);
         if (!reply.ok())
             return reply;
         item = reply.value;
@@ -122,7 +122,7 @@ Reply checked(const QVariant &payload, const Fields &fields, Missing missing)
             return Reply::refused(BadPayload, key + QStringLiteral(" is missing"));
         if (!value.isValid())
             continue;
-        const Reply reply = checkedValue(field, value);
+        Reply reply = checkedValue(field, value);
         if (!reply.ok())
             return reply;
         map = withChild(map, key, reply.value);

@@ -65,14 +65,14 @@ Reply Options::anticollisionState() const
 Reply Options::setAnticollision(const QVariant &payload)
 {
     static const Fields fields{boolean("enable"), text("signal"), boolean("block")};
-    const Reply wanted = checked(payload, fields, Missing::Refused);
+    Reply wanted = checked(payload, fields, Missing::Refused);
     if (!wanted.ok())
         return wanted;
     // A sensor that is switched off is not shielded either: a pendant that switches it off may
     // still send the shield as it was.
     QVariantMap value = wanted.value.toMap();
     value[blockKey] = value.value(blockKey).toBool() && value.value(enableKey).toBool();
-    const Reply reply = saveAndTell(names::anticollisionParam, value);
+    Reply reply = saveAndTell(names::anticollisionParam, value);
     if (reply.ok())
         m_cell.notify(names::anticollisionState, stateOf(value));
     return reply;
@@ -87,7 +87,7 @@ Reply Options::setClampingTorch(const QVariant &payload)
 
 Reply Options::saveAndTell(const QString &path, const QVariant &value)
 {
-    const Reply reply = m_cell.save(path, {}, value);
+    Reply reply = m_cell.save(path, {}, value);
     if (reply.ok())
         m_cell.notify(path, value);
     return reply;

@@ -19,7 +19,7 @@ Reply noSuchFile(const FileSet &set, const QString &file)
 
 Reply checkedFile(const FileSet &set, const QVariant &payload)
 {
-    const Reply reply = checked(payload, set.fields, Missing::Allowed);
+    Reply reply = checked(payload, set.fields, Missing::Allowed);
     if (reply.ok() && !set.hasFile(childAt(reply.value, nameKey).toString()))
         return Reply::refused(BadPayload, QStringLiteral("name is no file of ") + set.name);
     return reply;
@@ -53,12 +53,12 @@ Reply ParameterFiles::write(const FileSet &set, const QString &file, const QVari
 {
     if (!set.hasFile(file))
         return noSuchFile(set, file);
-    const Reply content = checkedFile(set, payload);
+    Reply content = checkedFile(set, payload);
     if (!content.ok())
         return content;
     if (childAt(content.value, nameKey).toString() != file)
         return Reply::refused(BadPayload, QStringLiteral("name is not ") + file);
-    const Reply reply = m_cell.save(set.path(), file, content.value);
+    Reply reply = m_cell.save(set.path(), file, content.value);
     if (reply.ok())
         m_cell.notify(set.path(), QVariantMap{{file, content.value}});
     return reply;
@@ -73,7 +73,7 @@ Reply ParameterFiles::remove(const FileSet &set, const QVariant &payload)
                                        [&set](const QString &file) { return !set.hasFile(file); });
     if (stranger != files.end())
         return noSuchFile(set, *stranger);
-    const Reply reply = m_cell.remove(set.path(), files);
+    Reply reply = m_cell.remove(set.path(), files);
     QVariantMap gone;
     for (const QString &file : files)
         gone.insert(file, {});

@@ -31,7 +31,7 @@ Reply checkedItems(const QVariant &payload)
     const QVariantList items = payload.toList();
     QSet<QString> ids;
     for (const QVariant &item : items) {
-        const Reply reply = checked(item, fields, Missing::Refused);
+        Reply reply = checked(item, fields, Missing::Refused);
         if (!reply.ok())
             return reply;
         ids.insert(childAt(item, QStringLiteral("id")).toString());
@@ -59,7 +59,7 @@ Reply Project::start()
 {
     QVector<Store::Change> missing;
     for (const Store::Change &item : projectSeed()) {
-        const Reply present = m_cell.load(item.path, item.key);
+        Reply present = m_cell.load(item.path, item.key);
         if (!present.ok())
             return present;
         if (!present.value.isValid())
@@ -70,7 +70,7 @@ Reply Project::start()
 
 Reply Project::readLists(const QString &key) const
 {
-    const Reply stored = m_cell.loadAll(names::project);
+    Reply stored = m_cell.loadAll(names::project);
     if (!stored.ok())
         return stored;
     QVariantMap lists;
@@ -86,10 +86,10 @@ Reply Project::writeList(const QString &key, const QVariant &payload)
         return Reply::refused(UnknownKey, QStringLiteral("the project has no list ") + key);
     if (key.endsWith(systemList))
         return Reply::refused(ReadOnly, key + QStringLiteral(" is built in"));
-    const Reply items = checkedItems(payload);
+    Reply items = checkedItems(payload);
     if (!items.ok())
         return items;
-    const Reply reply = m_cell.save(names::project, key, items.value);
+    Reply reply = m_cell.save(names::project, key, items.value);
     if (reply.ok())
         m_cell.notify(names::project, withChild({}, key, items.value));
     return reply;
@@ -97,14 +97,14 @@ Reply Project::writeList(const QString &key, const QVariant &payload)
 
 Reply Project::choose(const QVariant &payload)
 {
-    const Reply wanted = checked(payload, {text("tool"), text("wobj")}, Missing::Refused);
+    Reply wanted = checked(payload, {text("tool"), text("wobj")}, Missing::Refused);
     if (!wanted.ok())
         return wanted;
     for (const QString &kind : {QStringLiteral("tool"), QStringLiteral("wobj")}) {
         if (!namesIn(kind).contains(childAt(wanted.value, kind).toString()))
             return Reply::refused(OutOfRange, QStringLiteral("there is no such ") + kind);
     }
-    const Reply reply = m_cell.save(names::toolPage, {}, wanted.value);
+    Reply reply = m_cell.save(names::toolPage, {}, wanted.value);
     if (reply.ok())
         m_cell.notify(names::toolPage, wanted.value);
     return reply;

@@ -29,14 +29,14 @@ Reply WeldMode::read() const
 
 Reply WeldMode::change(const QVariant &payload)
 {
-    const Reply wanted = checked(payload, {text("mode")}, Missing::Refused);
+    Reply wanted = checked(payload, {text("mode")}, Missing::Refused);
     if (!wanted.ok())
         return wanted;
     const QString mode = childAt(wanted.value, modeKey).toString();
     if (!modes.contains(mode))
         return Reply::refused(OutOfRange, QStringLiteral("there is no mode ") + mode);
     const QVariantMap value{{modeKey, mode}};
-    const Reply reply = m_cell.save(names::weldMode, {}, value);
+    Reply reply = m_cell.save(names::weldMode, {}, value);
     if (reply.ok())
         m_cell.notify(names::weldMode, value);
     return reply;

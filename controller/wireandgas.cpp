@@ -6,6 +6,7 @@
 #include "controller/fields.h"
 #include "controller/names.h"
 #include "controller/options.h"
+#include "controller/weld.h"
 #include "controller/welder.h"
 
 using Fault = controller::Faults::Fault;
@@ -20,9 +21,11 @@ constexpr qint64 untilStopped = std::numeric_limits<qint64>::max();
 
 } // namespace
 
-WireAndGas::WireAndGas(Cell &cell, Registry &registry, const Welder &welder, HoldToRun &hold)
+WireAndGas::WireAndGas(Cell &cell, Registry &registry, const Welder &welder, const Weld &weld,
+                       HoldToRun &hold)
     : m_cell(cell)
     , m_welder(welder)
+    , m_weld(weld)
     , m_hold(hold)
 {
     registry.addCommand(names::wireFeed,
@@ -43,7 +46,7 @@ void WireAndGas::tick()
         stopWire(QStringLiteral("welder error"));
         stopGas(QStringLiteral("welder error"));
     }
-    if (m_welder.isWelding())
+    if (m_weld.isWelding())
         stopWire(QStringLiteral("a weld"));
     if (m_cell.suffers(Fault::WireStuck))
         stopWire(QStringLiteral("wire stuck"));
@@ -59,7 +62,7 @@ Reply WireAndGas::moveWire(const Request &request)
     if (!back && request.key != names::wireFeelPayload)
         return Reply::refused(BadPayload, QStringLiteral("no payload of the name ") + request.key);
     const char *child = back ? "reverse" : "feed";
-    const Reply wanted = checked(request.payload, {boolean(child)}, Missing::Refused);
+    Reply wanted = checked(request.payload, {boolean(child)}, Missing::Refused);
     if (!wanted.ok())
         return wanted;
     if (childAt(wanted.value, QString::fromLatin1(child)).toBool())
@@ -86,7 +89,7 @@ Reply WireAndGas::startByKey(Wire direction, const QString &key)
 
 Reply WireAndGas::moveByProgram(Wire direction)
 {
-    const Reply reply = mayMove();
+    Reply reply = mayMove();
     if (reply.ok())
         setMoving(direction, program);
     return reply;
@@ -96,7 +99,7 @@ Reply WireAndGas::mayMove() const
 {
     if (m_welder.isInError())
         return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
-    if (m_welder.isWelding())
+    if (m_weld.isWelding())
         return Reply::refused(WrongState, QStringLiteral("a weld needs the wire"));
     if (m_cell.suffers(Fault::WireStuck))
         return Reply::refused(WireStuck, QStringLiteral("the wire is stuck"));
@@ -138,7 +141,7 @@ void WireAndGas::stopProgram()
 
 Reply WireAndGas::testGas()
 {
-    const Reply seconds = gasDetectTime(m_cell);
+    Reply seconds = gasDetectTime(m_cell);
     if (!seconds.ok())
         return seconds;
     return startGas(m_cell.now() + seconds.value.toInt() * 1000, names::gasFlow);

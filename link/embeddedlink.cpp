@@ -46,7 +46,7 @@ LinkReply EmbeddedLink::call(const LinkRequest &request, int timeoutMs)
         return {LinkReply::NotConnected, {}};
     const auto exchange = std::make_shared<Exchange>(request);
     post([farEnd = m_farEnd, session = m_session, exchange] { farEnd->ask(session, exchange); });
-    const LinkReply reply = exchange->wait(timeoutMs);
+    LinkReply reply = exchange->wait(timeoutMs);
     if (!reply.fromController())
         goDown(State::Connecting);
     return reply;
