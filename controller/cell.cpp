@@ -11,8 +11,16 @@ Cell::Cell(Store &store, Faults &faults, Journal &journal, Clock clock)
 
 void Cell::notify(const QString &path, const QVariant &values) const
 {
+    const auto [first, last] = m_listeners.equal_range(path);
+    for (auto listener = first; listener != last; ++listener)
+        listener->second(values);
     if (m_notify)
         m_notify(path, values);
+}
+
+void Cell::listen(const QString &path, const Listener &listener)
+{
+    m_listeners.emplace(path, listener);
 }
 
 Reply Cell::load(const QString &path, const QString &key, const QVariant &fallback) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 
 #include "controller/clock.h"
 #include "controller/faults.h"
@@ -16,6 +17,7 @@ class Cell
 {
 public:
     using Notify = std::function<void(const QString &path, const QVariant &values)>;
+    using Listener = std::function<void(const QVariant &values)>;
 
     /// Everything is borrowed and must outlive the cell.
     Cell(Store &store, Faults &faults, Journal &journal, Clock clock);
@@ -23,6 +25,8 @@ public:
     void setNotify(Notify notify) { m_notify = std::move(notify); }
     /// Tells whoever watches @p path; @p values holds what changed, under the node's keys.
     void notify(const QString &path, const QVariant &values) const;
+    /// For the controller's own units: hears what is told of @p path, before anybody outside.
+    void listen(const QString &path, const Listener &listener);
 
     /// The stored value, or @p fallback when there is none.
     Reply load(const QString &path, const QString &key = {}, const QVariant &fallback = {}) const;
@@ -46,6 +50,7 @@ private:
     Journal &m_journal;
     Clock m_clock;
     Notify m_notify;
+    std::multimap<QString, Listener> m_listeners;
 };
 
 } // namespace controller

@@ -3,15 +3,24 @@
 #include <algorithm>
 
 #include "controller/json.h"
+#include "controller/names.h"
 #include "controller/options.h"
 #include "controller/parameterfiles.h"
 #include "controller/project.h"
 #include "controller/robot.h"
+#include "controller/weld.h"
 #include "controller/welder.h"
+#include "controller/welderstate.h"
 #include "controller/weldmode.h"
 #include "controller/wireandgas.h"
 
 namespace controller {
+
+namespace {
+
+constexpr int journalLength = 200; // of the journal as a node
+
+} // namespace
 
 Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clock &clock)
     : m_cell(store, faults, journal, clock)
@@ -20,9 +29,14 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     add<Options>();
     add<WeldMode>();
     const Welder &welder = add<Welder>();
-    add<WireAndGas>(welder, m_hold);
+    const Weld &weld = add<Weld>(welder);
+    add<WireAndGas>(welder, weld, m_hold);
     add<Project>();
     add<Robot>();
+    add<WelderState>(welder, weld);
+    m_registry.addValue(names::journal, [&journal] {
+        return Reply::with(QVariantMap{{QStringLiteral("entries"), journal.recent(journalLength)}});
+    });
 }
 
 Controller::~Controller() = default;
@@ -52,7 +66,9 @@ Reply Controller::handle(const Request &request)
         return Reply::refused(code, QStringLiteral("a switched fault"));
     if (!isPlain(request.payload))
         return Reply::refused(BadPayload, QStringLiteral("the payload is no plain value"));
-    return m_registry.dispatch(request);
+    const Reply reply = m_registry.dispatch(request);
+    tick(); // who watches hears of what the request changed
+    return reply;
 }
 
 void Controller::tick()

@@ -17,7 +17,10 @@ public:
         LinkDown, ///< the controller cannot be reached
         WelderError, ///< the welder reports an error
         WireStuck, ///< the wire does not move
+        WireSticks, ///< at the end of a weld the wire freezes in the pool
         NoGas, ///< there is no gas pressure
+        NoArc, ///< an arc cannot be struck
+        ArcBreaks, ///< a burning arc goes out
         DiskFull ///< the store refuses writes
     };
     Q_ENUM(Fault)

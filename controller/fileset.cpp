@@ -150,9 +150,24 @@ const std::vector<FileSet> &fileSets()
     return sets;
 }
 
+const FileSet &arcOnSet()
+{
+    return fileSets().at(0);
+}
+
 const FileSet &weldSet()
 {
     return fileSets().at(1);
+}
+
+const FileSet &arcOffSet()
+{
+    return fileSets().at(2);
+}
+
+const FileSet &weaveSet()
+{
+    return fileSets().at(3);
 }
 
 } // namespace controller

@@ -23,7 +23,10 @@ struct FileSet
 /// mean, while what is sensible for the work at hand is the pendant's business.
 const std::vector<FileSet> &fileSets();
 
-/// The welding set, whose files can also be made active without being stored.
+/// The sets that a weld uses. Welding data can also be made active without being stored.
+const FileSet &arcOnSet();
 const FileSet &weldSet();
+const FileSet &arcOffSet();
+const FileSet &weaveSet();
 
 } // namespace controller

@@ -2,6 +2,7 @@
 
 #include <QMutex>
 #include <QString>
+#include <QVariant>
 #include <QVector>
 
 namespace controller {
@@ -11,7 +12,17 @@ namespace controller {
 class Journal
 {
 public:
-    enum class Event { WireFeeds, WireRetracts, WireStops, GasFlows, GasStops };
+    enum class Event {
+        WireFeeds, ///< by a key or a program; wire that a weld consumes is not told apart
+        WireRetracts,
+        WireStops,
+        GasFlows,
+        GasStops,
+        Weld, ///< the cause is the phase that begins
+        Program, ///< the cause is the state it is in now
+        Message, ///< something that a program ignores or gets over
+        Alarm ///< something that ended a weld or a program
+    };
 
     struct Entry
     {
@@ -25,6 +36,8 @@ public:
     void add(qint64 time, Event event, const QString &cause);
     /// Oldest first.
     QVector<Entry> entries() const;
+    /// The newest @p count entries, oldest first, as maps {time, event, cause}.
+    QVariantList recent(int count) const;
 
 private:
     mutable QMutex m_mutex;

@@ -29,11 +29,20 @@ inline const QString gasFlow = QStringLiteral("arc_weld.gas_flow");
 inline const QString wireFeelPayload = QStringLiteral("wire_feel");
 inline const QString wireFeelBackPayload = QStringLiteral("wire_feel_back");
 
+inline const QString welderStateRate = QStringLiteral("arc_weld.welder_state_rate");
+
+inline const QString journal = QStringLiteral("cell.journal");
+
 inline const QString project = QStringLiteral("orbo.project");
 inline const QString signalDetail = QStringLiteral("orbo.robot.io.signal_detail");
 inline const QString toolPage = QStringLiteral("orbo.toolpage");
 
 inline const QString robotPosition = QStringLiteral("tl_program.get_rob_pos");
+inline const QString programState = QStringLiteral("tl_program.state");
+inline const QString loadProgram = QStringLiteral("tl_program.load");
+inline const QString runProgram = QStringLiteral("tl_program.run");
+inline const QString pauseProgram = QStringLiteral("tl_program.pause");
+inline const QString stopProgram = QStringLiteral("tl_program.stop");
 inline const QString moveToPoint = QStringLiteral("motion.move.to_point");
 inline const QString stopMove = QStringLiteral("motion.move.stop");
 

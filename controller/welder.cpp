@@ -2,21 +2,18 @@
 
 #include "controller/fields.h"
 #include "controller/names.h"
-#include "controller/parameterfiles.h"
 #include "controller/weldercatalogue.h"
 
 namespace controller {
 
 namespace {
 
-const QString stateKey = QStringLiteral("state");
 const QString enableKey = QStringLiteral("enable");
 const QString connectKey = QStringLiteral("connect_to_welder");
 const QString protocolKey = QStringLiteral("protocol");
 const QString makerKey = QStringLiteral("mfr");
 const QString modelKey = QStringLiteral("model");
 const QString ratedCurrentKey = QStringLiteral("current_type");
-const QString weldingNameKey = QStringLiteral("welding_name");
 
 const Fields &settingFields()
 {
@@ -56,22 +53,8 @@ Welder::Welder(Cell &cell, Registry &registry)
 {
     registry.addValue(names::welderSetting, [this] { return setting(); });
     registry.addValue(names::deviceParam, [this] { return deviceParam(); });
-    registry.addValue(names::welderState, [this] { return state(); });
     registry.addCommand(names::setWelder,
                         [this](const Request &request) { return setWelder(request.payload); });
-    registry.addCommand(names::enableWeldParam,
-                        [this](const Request &request) { return enableWeldData(request.payload); });
-}
-
-void Welder::tick()
-{
-    if (isInError() == m_toldError)
-        return;
-    const Reply present = setting();
-    if (!present.ok())
-        return;
-    m_toldError = isInError();
-    m_cell.notify(names::welderState, QVariantMap{{stateKey, stateWord(present.value)}});
 }
 
 Reply Welder::setting() const
@@ -85,28 +68,18 @@ Reply Welder::deviceParam() const
     return present.ok() ? Reply::with(deviceParamFor(present.value)) : present;
 }
 
-Reply Welder::state() const
+Reply Welder::start()
 {
-    Reply present = setting();
-    if (!present.ok())
-        return present;
-    return Reply::with(QVariantMap{
-        {stateKey, stateWord(present.value)},
-        {QStringLiteral("current"), 0.0},
-        {QStringLiteral("voltage"), 0.0},
-        {weldingNameKey, m_weldData.value(QStringLiteral("name")).toString()},
-        {QStringLiteral("welding_speed"), 0.0},
-        {QStringLiteral("welding_time"), 0.0},
-        {QStringLiteral("welding_distance"), 0.0},
-        {QStringLiteral("welding_wire_used"), 0.0},
-    });
+    const Reply present = setting();
+    m_enabled = childAt(present.value, enableKey).toBool();
+    return present;
 }
 
-QString Welder::stateWord(const QVariant &setting) const
+QString Welder::stateWord() const
 {
     if (isInError())
         return QStringLiteral("error");
-    return childAt(setting, enableKey).toBool() ? QStringLiteral("ok") : QStringLiteral("disabled");
+    return isEnabled() ? QStringLiteral("ok") : QStringLiteral("disabled");
 }
 
 Reply Welder::setWelder(const QVariant &payload)
@@ -120,23 +93,10 @@ Reply Welder::setWelder(const QVariant &payload)
     Reply reply = m_cell.save(names::welderSetting, {}, wanted.value);
     if (!reply.ok())
         return reply;
+    m_enabled = childAt(wanted.value, enableKey).toBool();
     m_cell.notify(names::welderSetting, wanted.value);
     m_cell.notify(names::deviceParam, deviceParamFor(wanted.value));
-    m_cell.notify(names::welderState, QVariantMap{{stateKey, stateWord(wanted.value)}});
     return reply;
-}
-
-Reply Welder::enableWeldData(const QVariant &payload)
-{
-    if (isInError())
-        return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
-    Reply wanted = checkedFile(weldSet(), payload);
-    if (!wanted.ok())
-        return wanted;
-    m_weldData = wanted.value.toMap();
-    m_cell.notify(names::welderState,
-                  QVariantMap{{weldingNameKey, m_weldData.value(QStringLiteral("name"))}});
-    return {};
 }
 
 } // namespace controller

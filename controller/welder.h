@@ -6,28 +6,25 @@
 
 namespace controller {
 
-/// The welding machine: which one it is, whether it is enabled, what it does at the moment, and the
-/// weld data that it works with.
+/// The welding machine: which one it is, whether it is enabled, and whether it reports an error.
 class Welder : public Unit
 {
 public:
     Welder(Cell &cell, Registry &registry);
 
-    void tick() override;
+    Reply start() override;
     bool isInError() const { return m_cell.suffers(Faults::Fault::WelderError); }
-    bool isWelding() const { return false; }
+    bool isEnabled() const { return m_enabled; }
+    /// "ok", "disabled" or "error", the contract's words.
+    QString stateWord() const;
 
 private:
     Reply setting() const;
     Reply deviceParam() const;
-    Reply state() const;
-    QString stateWord(const QVariant &setting) const;
     Reply setWelder(const QVariant &payload);
-    Reply enableWeldData(const QVariant &payload);
 
     Cell &m_cell;
-    QVariantMap m_weldData; // what was enabled last; empty until then
-    bool m_toldError = false;
+    bool m_enabled = false;
 };
 
 } // namespace controller

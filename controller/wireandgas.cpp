@@ -6,6 +6,7 @@
 #include "controller/fields.h"
 #include "controller/names.h"
 #include "controller/options.h"
+#include "controller/weld.h"
 #include "controller/welder.h"
 
 using Fault = controller::Faults::Fault;
@@ -20,9 +21,11 @@ constexpr qint64 untilStopped = std::numeric_limits<qint64>::max();
 
 } // namespace
 
-WireAndGas::WireAndGas(Cell &cell, Registry &registry, const Welder &welder, HoldToRun &hold)
+WireAndGas::WireAndGas(Cell &cell, Registry &registry, const Welder &welder, const Weld &weld,
+                       HoldToRun &hold)
     : m_cell(cell)
     , m_welder(welder)
+    , m_weld(weld)
     , m_hold(hold)
 {
     registry.addCommand(names::wireFeed,
@@ -43,7 +46,7 @@ void WireAndGas::tick()
         stopWire(QStringLiteral("welder error"));
         stopGas(QStringLiteral("welder error"));
     }
-    if (m_welder.isWelding())
+    if (m_weld.isWelding())
         stopWire(QStringLiteral("a weld"));
     if (m_cell.suffers(Fault::WireStuck))
         stopWire(QStringLiteral("wire stuck"));
@@ -96,7 +99,7 @@ Reply WireAndGas::mayMove() const
 {
     if (m_welder.isInError())
         return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
-    if (m_welder.isWelding())
+    if (m_weld.isWelding())
         return Reply::refused(WrongState, QStringLiteral("a weld needs the wire"));
     if (m_cell.suffers(Fault::WireStuck))
         return Reply::refused(WireStuck, QStringLiteral("the wire is stuck"));

@@ -7,6 +7,7 @@
 
 namespace controller {
 
+class Weld;
 class Welder;
 
 /// Wire and gas apart from a weld: the keys of a pendant move wire while they are held and start a
@@ -18,7 +19,8 @@ public:
     enum class Wire { Still, Feeding, Retracting };
 
     /// @p hold is borrowed; it says whether what a key moves may go on.
-    WireAndGas(Cell &cell, Registry &registry, const Welder &welder, HoldToRun &hold);
+    WireAndGas(Cell &cell, Registry &registry, const Welder &welder, const Weld &weld,
+               HoldToRun &hold);
 
     void tick() override;
     bool isBusy() const override { return m_wire != Wire::Still || m_gasEnd > 0; }
@@ -43,6 +45,7 @@ private:
 
     Cell &m_cell;
     const Welder &m_welder;
+    const Weld &m_weld;
     HoldToRun &m_hold;
     Wire m_wire = Wire::Still;
     QString m_mover; // the key, or the program, that moves the wire

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QVariantMap>
+
+#include "controller/cell.h"
+#include "controller/registry.h"
+#include "controller/unit.h"
+
+namespace controller {
+
+class Weld;
+class Welder;
+
+/// The node "arc_weld.welder_state": {state, phase, welding_name, current A, voltage V,
+/// welding_speed mm/s, welding_time min, welding_distance mm, welding_wire_used m}.
+///
+/// Told when something changed: words at once, numbers at the rate of the node
+/// "arc_weld.welder_state_rate" {rate}, 10 to 500 a second. A notification holds what changed;
+/// current and voltage come together.
+class WelderState : public Unit
+{
+public:
+    WelderState(Cell &cell, Registry &registry, const Welder &welder, const Weld &weld);
+
+    Reply start() override;
+    void tick() override;
+    bool isBusy() const override;
+    int paceMs() const override { return 1000 / m_rate; }
+
+private:
+    QVariantMap words() const;
+    QVariantMap numbers() const;
+    Reply setRate(const QVariant &payload);
+
+    Cell &m_cell;
+    const Welder &m_welder;
+    const Weld &m_weld;
+    int m_rate = 50; // a second
+    QVariantMap m_told;
+    qint64 m_toldAt = 0;
+};
+
+} // namespace controller
