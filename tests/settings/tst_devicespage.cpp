@@ -1,0 +1,212 @@
+#include <QComboBox>
+#include <QtTest>
+
+#include "settings/devicessettingpage.h"
+#include "support/formhost.h"
+#include "vu/switchbutton.h"
+
+using testsupport::child;
+using testsupport::FormHost;
+
+namespace {
+
+const QString setWelder = QStringLiteral("do arc_weld.set_welder set_device_param");
+const QString readSetting = QStringLiteral("get arc_weld.welder_setting");
+
+QStringList items(const QComboBox *combo)
+{
+    QStringList texts;
+    for (int i = 0; i < combo->count(); ++i)
+        texts.append(combo->itemText(i));
+    return texts;
+}
+
+struct Desk
+{
+    FormHost host;
+    DevicesSettingPage page{host.window(), host.window()};
+    EnableButton *enable = child<EnableButton>(page.wgt(), "btn_connectSwitch");
+    EnableButton *connect = child<EnableButton>(page.wgt(), "btn_weatherConnectWelder");
+    QComboBox *brand = child<QComboBox>(page.wgt(), "cbx_brand");
+    QComboBox *type = child<QComboBox>(page.wgt(), "cbx_type");
+    QComboBox *current = child<QComboBox>(page.wgt(), "cbx_current");
+
+    Desk()
+    {
+        page.initPage();
+        host.takeMessages();
+        host.takeRequests();
+    }
+    kelp::ModuleObject *leaf(const QString &path) const { return m("welmo.device." + path); }
+    /// Exactly when welding is off the welder can be chosen.
+    bool canChoose() const
+    {
+        return type->isEnabled() && child(page.wgt(), "gbx_weldSelection")->isEnabled();
+    }
+};
+
+} // namespace
+
+/// The device page: what the controller did not accept is not shown as if it had been.
+class tst_DevicesPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void eachListFollowsTheChoicesBefore()
+    {
+        Desk desk;
+        QCOMPARE(items(desk.type), QStringList({"RL/RPL", "RP/RPH"}));
+        QCOMPARE(items(desk.current), QStringList({"350A", "500A", "630A", "800A"}));
+        desk.current->setCurrentIndex(2);
+        desk.type->setCurrentIndex(1);
+        QCOMPARE(desk.current->currentText(), QString("350A"));
+
+        desk.leaf("welder_sertting.Ethercat")->setList(this, "Other.X1", {100, 200});
+        desk.page.onProtocolSelectChanged(0);
+        QCOMPARE(items(desk.brand), QStringList({"Aotai", "Other"}));
+        desk.brand->setCurrentIndex(1);
+        QCOMPARE(items(desk.type), QStringList("X1"));
+        QCOMPARE(items(desk.current), QStringList({"100A", "200A"}));
+        QCOMPARE(desk.host.takeRequests() + desk.host.takeMessages(), QStringList());
+    }
+
+    void enablingSendsTheChoices()
+    {
+        Desk desk;
+        desk.type->setCurrentIndex(1);
+        desk.current->setCurrentText("630A");
+        QCOMPARE(desk.leaf("device_param.current_type")->getInt(), 350); // until it is stored
+        desk.enable->setChecked(true);
+        QCOMPARE(desk.host.takeRequests(), QStringList(setWelder));
+        const QVariantMap sent{{"enable", true},         {"connect_to_welder", false},
+                               {"protocol", "Ethercat"}, {"mfr", "Aotai"},
+                               {"model", "RP/RPH"},      {"current_type", 630}};
+        QCOMPARE(desk.host.link()->lastPayload.toMap(), sent);
+        QCOMPARE(desk.host.stored("arc_weld.welder_setting").toMap(), sent);
+        QCOMPARE(desk.host.takeMessages(), QStringList("info: enable device success [setting]"));
+        QVERIFY(desk.leaf("enable")->getBool() && !desk.canChoose());
+        desk.enable->setChecked(false);
+        QCOMPARE(desk.host.takeMessages(), QStringList("info: disable device success [setting]"));
+        QVERIFY(!desk.leaf("enable")->getBool() && desk.canChoose());
+    }
+
+    void connectingToTheWelder()
+    {
+        Desk desk;
+        desk.connect->setChecked(true);
+        QCOMPARE(desk.host.link()->lastPayload.toMap()["connect_to_welder"], QVariant(true));
+        desk.connect->setChecked(false);
+        QCOMPARE(desk.host.takeMessages(),
+                 QStringList({"info: connect the actual weldMachinesuccess [setting]",
+                              "info: don't connect the actual weldMachinesuccess [setting]"}));
+    }
+
+    void whatIsNotAcceptedIsPutBack_data()
+    {
+        QTest::addColumn<bool>("enabling");
+        QTest::addColumn<bool>("on");
+        QTest::addColumn<QString>("fault");
+        QTest::addColumn<QString>("message");
+        for (const bool enabling : {true, false}) {
+            for (const bool on : {true, false}) {
+                const QString action = on ? "connect the actual weldMachinefail"
+                                          : "don't connect the actual weldMachinefail";
+                const QString device = on ? "enable device error" : "disable device error";
+                for (const QString &fault : QStringList{"down", "refused", "breaks"})
+                    QTest::addRow("%s %s, %s", enabling ? "enable" : "connect", on ? "on" : "off",
+                                  qPrintable(fault))
+                        << enabling << on << fault
+                        << (fault == "down" ? "tessa not connected"
+                                : enabling  ? device
+                                            : action);
+            }
+        }
+    }
+    void whatIsNotAcceptedIsPutBack()
+    {
+        QFETCH(bool, enabling);
+        QFETCH(bool, on);
+        QFETCH(QString, fault);
+        QFETCH(QString, message);
+        Desk desk;
+        EnableButton *button = enabling ? desk.enable : desk.connect;
+        const QString key = enabling ? "enable" : "device_param.connect_to_welder";
+        if (!on)
+            button->setChecked(true);
+        desk.host.takeMessages();
+        desk.host.takeRequests();
+        if (fault == "down")
+            QVERIFY(desk.host.disconnect());
+        else if (fault == "breaks")
+            desk.host.link()->breakAt = setWelder;
+        else
+            desk.host.faults()->setCode("arc_weld.set_welder", 8);
+        QSignalSpy signalled(button, &EnableButton::enabled);
+        button->setChecked(on);
+        QCOMPARE(desk.host.takeMessages(), QStringList("error: " + message + " [setting]"));
+        QCOMPARE(desk.host.takeRequests(),
+                 fault == "down" ? QStringList() : QStringList(setWelder));
+        QCOMPARE(button->isChecked(), !on);
+        QCOMPARE(signalled.size(), 1); // not for the way back
+        QCOMPARE(desk.leaf(key)->getBool(), !on);
+        QCOMPARE(desk.canChoose(), !desk.enable->isChecked());
+    }
+
+    void theWeldersStateMovesTheSwitch()
+    {
+        Desk desk;
+        const QString node = QStringLiteral("arc_weld.welder_state");
+        xservice()->watch(this, node, true); // the arc-weld page does, for all
+        desk.host.takeRequests();
+        for (const auto &[state, on] : {std::pair{"ok", true}, std::pair{"error", true},
+                                        std::pair{"disabled", false}, std::pair{"error", false}}) {
+            desk.host.notify(node, QVariantMap{{"state", state}});
+            QCOMPARE(desk.enable->isChecked(), on);
+            QCOMPARE(desk.leaf("enable")->getBool(), on);
+            QCOMPARE(desk.canChoose(), !on);
+        }
+        desk.host.notify(node, QVariantMap{{"current", 5}});
+        QVERIFY(!desk.enable->isChecked());
+        QCOMPARE(desk.host.takeRequests() + desk.host.takeMessages(), QStringList());
+    }
+
+    void thePageShowsTheControllersSetting()
+    {
+        Desk desk;
+        desk.host.link()->answers[readSetting] = QVariantMap{{"enable", true},
+                                                             {"protocol", "Ethercat"},
+                                                             {"mfr", "Aotai"},
+                                                             {"model", "RP/RPH"},
+                                                             {"current_type", 800}};
+        desk.page.initPage();
+        QCOMPARE(desk.type->currentText() + ' ' + desk.current->currentText(),
+                 QString("RP/RPH 800A"));
+        QVERIFY(desk.enable->isChecked() && !desk.canChoose());
+        QCOMPARE(desk.leaf("device_param.current_type")->value(), QVariant(800));
+
+        desk.host.link()->answers.clear();
+        desk.host.faults()->setCode("arc_weld.welder_setting", 8);
+        desk.page.initPage();
+        QVERIFY(desk.enable->isChecked());
+        QCOMPARE(desk.current->currentText(), QString("800A"));
+        QCOMPARE(desk.host.takeRequests(), QStringList({readSetting, readSetting}));
+    }
+
+    void currentAsANumber_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("ampere");
+        QTest::newRow("with its unit") << "500A" << 500;
+        QTest::newRow("without") << "50" << 5;
+        QTest::newRow("nothing") << "" << 0;
+    }
+    void currentAsANumber()
+    {
+        QFETCH(QString, text);
+        QTEST(DevicesSettingPage::convertCurrentToInt(text), "ampere");
+    }
+};
+
+QTEST_MAIN(tst_DevicesPage)
+#include "tst_devicespage.moc"
