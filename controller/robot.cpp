@@ -1,38 +1,13 @@
 #include "controller/robot.h"
 
+#include <utility>
+
 #include "controller/fields.h"
 #include "controller/names.h"
 
 namespace controller {
 
 namespace {
-
-const QString toolKey = QStringLiteral("tool");
-const QString wobjKey = QStringLiteral("wobj");
-const QString noFrame = QStringLiteral("default");
-
-QVariantMap poseMap(const Frame &frame)
-{
-    const arm::Pose pose = arm::toPose(frame);
-    QVariantMap map;
-    map = withChild(map, QStringLiteral("frame.pos.x"), pose.x);
-    map = withChild(map, QStringLiteral("frame.pos.y"), pose.y);
-    map = withChild(map, QStringLiteral("frame.pos.z"), pose.z);
-    map = withChild(map, QStringLiteral("frame.ori.euler.a"), pose.a);
-    map = withChild(map, QStringLiteral("frame.ori.euler.b"), pose.b);
-    return withChild(map, QStringLiteral("frame.ori.euler.c"), pose.c);
-}
-
-// The frame in a map that holds it as "pose.frame", as all of the project's do.
-Frame frameIn(const QVariant &map)
-{
-    const QVariant frame = childAt(map, QStringLiteral("pose.frame"));
-    const auto at = [&frame](const char *path) {
-        return childAt(frame, QString::fromLatin1(path)).toDouble();
-    };
-    return arm::toFrame({at("pos.x"), at("pos.y"), at("pos.z"), at("ori.euler.a"),
-                         at("ori.euler.b"), at("ori.euler.c")});
-}
 
 const Fields &moveFields()
 {
@@ -61,6 +36,7 @@ std::optional<RobotMotion::Way> wayNamed(const QString &name)
 
 Robot::Robot(Cell &cell, Registry &registry)
     : m_cell(cell)
+    , m_project(cell)
 {
     registry.addCommand(names::robotPosition, [this](const Request &request) {
         return position(childAt(request.payload, QStringLiteral("parameters")));
@@ -69,6 +45,7 @@ Robot::Robot(Cell &cell, Registry &registry)
                         [this](const Request &request) { return moveToPoint(request.payload); });
     registry.addCommand(names::stopMove, [this](const Request &) {
         m_motion.stop();
+        m_stopWanted = m_seized;
         return Reply{};
     });
 }
@@ -79,15 +56,16 @@ Reply Robot::position(const QVariant &parameters) const
     if (!wanted.ok())
         return wanted;
     Frame tip, base;
-    Reply reply = toolTip(childAt(wanted.value, toolKey).toString(), &tip);
+    Reply reply = m_project.toolTip(childAt(wanted.value, QStringLiteral("tool")).toString(), &tip);
     if (reply.ok())
-        reply = reference(noFrame, childAt(wanted.value, wobjKey).toString(), &base);
+        reply = m_project.reference(
+            ProjectData::noFrame, childAt(wanted.value, QStringLiteral("wobj")).toString(), &base);
     if (!reply.ok())
         return reply;
     const Joints &joints = m_motion.joints();
-    return Reply::with(
-        QVariantMap{{QStringLiteral("pose"), poseMap(base.inverse() * arm::forward(joints) * tip)},
-                    {QStringLiteral("q"), QVariantList(joints.begin(), joints.end())}});
+    return Reply::with(QVariantMap{
+        {QStringLiteral("pose"), ProjectData::poseMap(base.inverse() * arm::forward(joints) * tip)},
+        {QStringLiteral("q"), QVariantList(joints.begin(), joints.end())}});
 }
 
 Reply Robot::moveToPoint(const QVariant &payload)
@@ -104,65 +82,33 @@ Reply Robot::moveToPoint(const QVariant &payload)
     if (!way)
         return Reply::refused(BadPayload, QStringLiteral("movetype is neither joint nor linear"));
     Frame tip, base;
-    Reply reply = toolTip(word("tool"), &tip);
+    Reply reply = m_project.toolTip(word("tool"), &tip);
     if (reply.ok())
-        reply = reference(word("coordinate.user_frame"), word("coordinate.wobj.name"), &base);
+        reply =
+            m_project.reference(word("coordinate.user_frame"), word("coordinate.wobj.name"), &base);
     if (!reply.ok())
         return reply;
-    if (m_motion.isMoving())
+    if (m_motion.isMoving() || m_seized)
         return Reply::refused(WrongState, QStringLiteral("the robot moves"));
-    const Frame target = base * frameIn(childAt(wanted.value, QStringLiteral("cartesian")));
+    const Frame target =
+        base * ProjectData::frameIn(childAt(wanted.value, QStringLiteral("cartesian")));
     return m_motion.start(m_cell.now(), *way, target, tip)
         ? Reply{}
         : Reply::refused(OutOfRange, QStringLiteral("the robot does not reach it"));
 }
 
-Reply Robot::toolTip(const QString &name, Frame *frame) const
+Reply Robot::seize()
 {
-    QString chosen = name;
-    if (name.isEmpty()) {
-        const Reply page = m_cell.load(names::toolPage);
-        if (!page.ok())
-            return page;
-        chosen = childAt(page.value, toolKey).toString();
-    }
-    const Reply tool = item(toolKey, chosen);
-    *frame = frameIn(childAt(tool.value, QStringLiteral("tcp")));
-    return tool;
+    if (m_motion.isMoving())
+        return Reply::refused(WrongState, QStringLiteral("the robot moves"));
+    m_seized = true;
+    m_stopWanted = false;
+    return {};
 }
 
-Reply Robot::reference(const QString &userFrame, const QString &workObject, Frame *frame) const
+bool Robot::takeStop()
 {
-    *frame = Frame::Identity();
-    Reply object;
-    if (workObject != noFrame)
-        object = item(wobjKey, workObject);
-    if (!object.ok())
-        return object;
-    QString user = userFrame;
-    if (user == noFrame && workObject != noFrame)
-        user = childAt(object.value, QStringLiteral("user_frame")).toString();
-    Reply outer;
-    if (user != noFrame)
-        outer = item(QStringLiteral("user_frame"), user);
-    *frame = frameIn(childAt(outer.value, QStringLiteral("frame")))
-        * frameIn(childAt(object.value, QStringLiteral("frame")));
-    return outer;
-}
-
-Reply Robot::item(const QString &kind, const QString &name) const
-{
-    for (const char *list : {".system_list", "._list"}) {
-        const Reply stored = m_cell.load(names::project, kind + QString::fromLatin1(list));
-        if (!stored.ok())
-            return stored;
-        const QVariantList items = stored.value.toList();
-        for (const QVariant &entry : items) {
-            if (childAt(entry, QStringLiteral("name")) == name)
-                return Reply::with(entry);
-        }
-    }
-    return Reply::refused(OutOfRange, QStringLiteral("there is no %1 %2").arg(kind, name));
+    return std::exchange(m_stopWanted, false);
 }
 
 } // namespace controller

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controller/cell.h"
+#include "controller/projectdata.h"
 #include "controller/registry.h"
 #include "controller/robotmotion.h"
 #include "controller/unit.h"
@@ -17,9 +18,10 @@ namespace controller {
 /// "motion.move.to_point" takes "cartesian.pose.frame" in the frame of "coordinate" {user_frame,
 /// wobj.name}, where "default" stands for the base, or for the work object's own user frame;
 /// "movetype" is "joint" or "linear". "tool" is the tool whose tip goes there, without it the one
-/// chosen on the tool page. While the robot moves, another move is refused.
+/// chosen on the tool page. While the robot moves, or a program has it, a move is refused.
 ///
-/// "motion.move.stop" stops at once, whatever the payload says, and also while nothing moves.
+/// "motion.move.stop" stops at once, whatever the payload says, and also while nothing moves; a
+/// program that moves the robot is paused by it.
 class Robot : public Unit
 {
 public:
@@ -28,15 +30,24 @@ public:
     void tick() override { m_motion.advance(m_cell.now()); }
     bool isBusy() const override { return m_motion.isMoving(); }
 
+    /// A program takes the robot: until yield() nothing else moves it. Refused while it moves.
+    Reply seize();
+    void yield() { m_seized = false; }
+    /// Where the program has the arm now.
+    void place(const Joints &joints) { m_motion.place(joints); }
+    const Joints &joints() const { return m_motion.joints(); }
+    /// True once after somebody stopped the robot that a program moves.
+    bool takeStop();
+
 private:
     Reply position(const QVariant &parameters) const;
     Reply moveToPoint(const QVariant &payload);
-    Reply toolTip(const QString &name, Frame *frame) const;
-    Reply reference(const QString &userFrame, const QString &workObject, Frame *frame) const;
-    Reply item(const QString &kind, const QString &name) const;
 
     Cell &m_cell;
+    ProjectData m_project;
     RobotMotion m_motion;
+    bool m_seized = false;
+    bool m_stopWanted = false;
 };
 
 } // namespace controller

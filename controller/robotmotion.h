@@ -29,6 +29,8 @@ public:
     bool start(qint64 now, Way way, const Frame &target, const Frame &tool);
     void advance(qint64 now);
     void stop() { m_move.reset(); }
+    /// Puts the arm where something else has it at the moment.
+    void place(const Joints &joints) { m_joints = joints; }
 
 private:
     struct Move
