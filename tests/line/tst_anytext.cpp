@@ -80,9 +80,8 @@ QString randomLineOf(Instruction instruction, QRandomGenerator &random)
 
 QString pointAgain(const std::optional<Token> &token)
 {
-    const bool inserted = token->text.startsWith("RelTool");
-    return PointExpression::parse(token->text)
-        .format(inserted ? Spelling::Insert : Spelling::Property);
+    const auto spelling = PointExpression::spellingOf(token->text);
+    return PointExpression::parse(token->text).format(spelling);
 }
 
 QString moveAgain(Instruction instruction, const QString &line)

@@ -75,15 +75,16 @@ FileLine parseFileLine(Instruction instruction, const QString &line)
 {
     const Grammar &grammar = grammarOf(instruction);
     const size_t count = grammar.sets.size();
-    FileLine result{std::vector<std::optional<QString>>(count), {}};
+    FileLine result{std::vector<std::optional<QString>>(count), {}, {}};
     const Tokens tokens = grammar.split(line);
     if (size_t(tokens.size()) != count + 1) {
         result.problems.append(commandProblem(instruction, line));
         return result;
     }
+    for (size_t i = 0; i < count; ++i)
+        result.columns.push_back(tokens.at(int(i) + 1).column);
     const auto failed = [&](size_t argument) {
-        const int column = tokens.at(int(argument) + 1).column;
-        result.problems.append({grammar.sets[argument].message, column});
+        result.problems.append({grammar.sets[argument].message, result.columns[argument]});
         return result;
     };
     QStringList names;

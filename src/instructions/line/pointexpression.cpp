@@ -62,6 +62,11 @@ int PointExpression::numberCount(Kind kind)
     }
 }
 
+Spelling PointExpression::spellingOf(const QString &text)
+{
+    return text.contains(insertRelTool + QLatin1Char('(')) ? Spelling::Insert : Spelling::Property;
+}
+
 PointExpression PointExpression::parse(const QString &text)
 {
     const QStringList parts = splitPoint(text);
@@ -105,8 +110,7 @@ QString normalPoint(const QString &text)
     if (!readsAsWritten(text))
         return {};
     const PointExpression point = PointExpression::parse(text);
-    const bool inserted = text.contains(insertRelTool + QLatin1Char('('));
-    const QString normal = point.format(inserted ? Spelling::Insert : Spelling::Property);
+    const QString normal = point.format(PointExpression::spellingOf(text));
     return PointExpression::parse(normal) == point ? normal : QString();
 }
 

@@ -28,6 +28,8 @@ struct PointExpression
 
     /// How many numbers a kind has: 0, 3, 6.
     static int numberCount(Kind kind);
+    /// How a text spells a relative tool.
+    static Spelling spellingOf(const QString &text);
     /// Reads any text. An unknown function reads as the plain point that it names; a number that is
     /// missing or unreadable reads as 0, and numbers beyond the last are ignored.
     static PointExpression parse(const QString &text);

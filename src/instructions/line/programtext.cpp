@@ -55,6 +55,11 @@ QStringList ProgramText::lines() const
     return list;
 }
 
+bool ProgramText::isFaithful(int index) const
+{
+    return line(index).toUtf8() == m_lines.at(size_t(index)).text;
+}
+
 void ProgramText::setLine(int index, const QString &text)
 {
     m_lines.at(size_t(index)).text = oneLine(text);

@@ -21,6 +21,8 @@ public:
     /// A line without its end. What is no UTF-8 shows as replacement characters.
     QString line(int index) const;
     QStringList lines() const;
+    /// True when line() shows all of a line's bytes, so that the text may stand for them.
+    bool isFaithful(int index) const;
 
     /// Replaces a line and keeps its end. A line end within @p text becomes a blank.
     void setLine(int index, const QString &text);

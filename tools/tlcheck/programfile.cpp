@@ -1,0 +1,42 @@
+#include "tools/tlcheck/programfile.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+namespace tlcheck {
+
+namespace {
+
+constexpr qint64 largestProgram = 64 * 1024 * 1024; // bytes; a device never ends
+
+} // namespace
+
+std::optional<QByteArray> readProgram(const QString &name, QString *problem)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *problem = file.errorString();
+        return {};
+    }
+    const QByteArray bytes = file.read(largestProgram + 1);
+    if (file.error() != QFileDevice::NoError)
+        *problem = file.errorString();
+    else if (bytes.size() > largestProgram)
+        *problem = QStringLiteral("is too large for a program");
+    else
+        return bytes;
+    return {};
+}
+
+bool writeProgram(const QString &name, const QByteArray &bytes, QString *problem)
+{
+    QSaveFile file(name);
+    // commit() alone does not notice that what was still buffered could not be written.
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()
+        && file.commit())
+        return true;
+    *problem = file.errorString();
+    return false;
+}
+
+} // namespace tlcheck
