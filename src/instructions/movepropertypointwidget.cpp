@@ -41,6 +41,7 @@ MovePropertyPointWidget::MovePropertyPointWidget(QWidget *parent)
         auto *page = new QWidget;
         auto *pageLayout = new QVBoxLayout(page);
         pageLayout->addWidget(group);
+        pageLayout->addStretch();
         m_tabs->addTab(page, group == m_aux ? tr("Auxiliary point") : tr("Target point"));
         connect(group, &PointGroup::pointAdded, this, &MovePropertyPointWidget::setPointlist);
     }

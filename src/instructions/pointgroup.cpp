@@ -19,7 +19,6 @@ PointGroup::PointGroup(QWidget *parent)
     , ui(std::make_unique<Ui::PointGroup>())
 {
     ui->setupUi(this);
-    ui->wgtComplex->setReadOnly();
     initConnect();
     showPoint();
 }

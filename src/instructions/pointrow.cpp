@@ -3,6 +3,7 @@
 #include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalBlocker>
 
 #include "data/units.h"
@@ -11,65 +12,69 @@ using namespace welmo;
 
 namespace {
 
+const QString axes = QStringLiteral("XYZABC");
+constexpr int cellCount = 6;
 constexpr double farthest = 999999.999;
+constexpr int decimals = 3;
 constexpr int titleWidth = 88;
 
-QDoubleSpinBox *makeBox(QWidget *parent, const QString &name)
+QDoubleSpinBox *makeBox(QWidget *parent)
 {
     auto *box = new QDoubleSpinBox(parent);
-    box->setObjectName(name);
     box->setLocale(QLocale::c()); // as the program line writes them
     box->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    box->setDecimals(3);
+    box->setDecimals(decimals);
     box->setRange(-farthest - 1, farthest); // the lowest value stands for "none"
     box->setSpecialValueText(QStringLiteral("–"));
     box->setValue(0);
     box->setAlignment(Qt::AlignRight);
-    box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     return box;
+}
+
+QLineEdit *makeReadout(QWidget *parent)
+{
+    auto *edit = new QLineEdit(parent);
+    edit->setReadOnly(true);
+    edit->setFocusPolicy(Qt::NoFocus);
+    edit->setAlignment(Qt::AlignRight);
+    return edit;
 }
 
 } // namespace
 
-PointRow::PointRow(QWidget *parent)
+PointCells::PointCells(QWidget *parent)
     : QWidget(parent)
-    , m_title(new QLabel(this))
     , m_grid(new QGridLayout(this))
+    , m_title(new QLabel(this))
 {
     m_grid->setContentsMargins(0, 0, 0, 0);
     m_grid->setHorizontalSpacing(6);
     m_grid->setVerticalSpacing(0);
     m_grid->setColumnMinimumWidth(0, titleWidth);
     m_grid->addWidget(m_title, 1, 0);
-    const std::array<QString, 6> names{QStringLiteral("sbxX"), QStringLiteral("sbxY"),
-                                       QStringLiteral("sbxZ"), QStringLiteral("sbxA"),
-                                       QStringLiteral("sbxB"), QStringLiteral("sbxC")};
-    for (int i = 0; i < int(names.size()); ++i) {
-        QDoubleSpinBox *box = makeBox(this, names[i]);
-        m_boxes[i] = box;
-        m_grid->addWidget(box, 1, i + 1);
-        m_grid->setColumnStretch(i + 1, 1);
-        connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, [this, i](double v) {
-            m_values[i] = v;
-            emit edited();
-        });
-    }
 }
 
-QString PointRow::title() const
+void PointCells::addCell(int index, QWidget *cell)
+{
+    cell->setObjectName(QStringLiteral("sbx") + axes.at(index));
+    cell->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_grid->addWidget(cell, 1, index + 1);
+    m_grid->setColumnStretch(index + 1, 1);
+}
+
+QString PointCells::title() const
 {
     return m_title->text();
 }
 
-void PointRow::setTitle(const QString &title)
+void PointCells::setTitle(const QString &title)
 {
     m_title->setText(title);
 }
 
-void PointRow::showHeader()
+void PointCells::showHeader()
 {
-    const QString axes = QStringLiteral("XYZABC");
-    for (int i = 0; i < axes.size(); ++i) {
+    for (int i = 0; i < cellCount; ++i) {
         const QString unit = i < 3 ? units::mm : units::degree;
         auto *label = new QLabel(QStringLiteral("%1 (%2)").arg(axes.at(i)).arg(unit), this);
         label->setAlignment(Qt::AlignCenter);
@@ -77,23 +82,29 @@ void PointRow::showHeader()
     }
 }
 
-void PointRow::setReadOnly()
+PointRow::PointRow(QWidget *parent)
+    : PointCells(parent)
 {
-    for (QDoubleSpinBox *box : m_boxes) {
-        box->setReadOnly(true);
-        box->setFocusPolicy(Qt::NoFocus);
+    for (int i = 0; i < cellCount; ++i) {
+        m_boxes[i] = makeBox(this);
+        addCell(i, m_boxes[i]);
+        connect(m_boxes[i], qOverload<double>(&QDoubleSpinBox::valueChanged), this,
+                [this, i](double value) {
+                    m_values[i] = value;
+                    emit edited();
+                });
     }
 }
 
 void PointRow::setActiveBoxes(int count)
 {
-    for (int i = 0; i < int(m_boxes.size()); ++i)
+    for (int i = 0; i < cellCount; ++i)
         m_boxes[i]->setEnabled(i < count);
 }
 
 void PointRow::setValues(const PoseValues &values)
 {
-    for (int i = 0; i < int(m_boxes.size()); ++i) {
+    for (int i = 0; i < cellCount; ++i) {
         const QSignalBlocker blocker(m_boxes[i]);
         m_boxes[i]->setValue(qMax(values[i], -farthest));
     }
@@ -106,5 +117,30 @@ void PointRow::clear()
         const QSignalBlocker blocker(box);
         box->setValue(box->minimum());
     }
+    m_values = {};
+}
+
+PointReadout::PointReadout(QWidget *parent)
+    : PointCells(parent)
+{
+    for (int i = 0; i < cellCount; ++i) {
+        m_boxes[i] = makeReadout(this);
+        addCell(i, m_boxes[i]);
+    }
+}
+
+void PointReadout::setValues(const PoseValues &values)
+{
+    for (int i = 0; i < cellCount; ++i) {
+        const double shown = values[i] + 0.0; // a zero without a sign
+        m_boxes[i]->setText(QString::number(shown, 'f', decimals));
+    }
+    m_values = values;
+}
+
+void PointReadout::clear()
+{
+    for (QLineEdit *edit : m_boxes)
+        edit->clear();
     m_values = {};
 }
