@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "page/basesubpage.h"
+#include "settings/basesubpage.h"
 
 namespace Ui {
 class DevicesSettingPage;

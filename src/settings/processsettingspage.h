@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "data/fileform.h"
-#include "page/basesubpage.h"
+#include "settings/basesubpage.h"
 #include "settings/processgroupset.h"
 
 namespace Ui {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "page/basesubpage.h"
+#include "settings/basesubpage.h"
 
 class WeaveEditor;
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "data/setform.h"
-#include "page/basesubpage.h"
+#include "settings/basesubpage.h"
 
 namespace Ui {
 class WeldingOptionsPage;

@@ -97,8 +97,7 @@ const QVector<Rule> &rules()
         {"src/page", Qt::Any,
          hostHeaders + QStringList{"page/", "settings/", "instructions/", "data/"}},
         {"src/settings", Qt::Any,
-         hostHeaders
-             + QStringList{"settings/", "data/", "page/basesubpage.h", "instructions/orbodata.h"}},
+         hostHeaders + QStringList{"settings/", "data/", "instructions/orbodata.h"}},
         {"src/instructions", Qt::Any,
          hostHeaders + QStringList{"instructions/", "settings/", "data/"}},
         {"src/instructions/line", Qt::Core, {"instructions/line/"}},

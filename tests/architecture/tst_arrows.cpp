@@ -58,7 +58,7 @@ void tst_Arrows::aForbiddenArrowIsFound_data()
     row("src/data", "#include \"page/arcweldpage.h\"", true);
     row("src/data", "#include \"settings/arcongroup.h\"", true);
     row("src/data", "#include \"instructions/orbodata.h\"", true);
-    row("src/settings", "#include \"page/basesubpage.h\"", false);
+    row("src/settings", "#include \"instructions/orbodata.h\"", false);
     row("src/settings", "#include \"page/arcweldpage.h\"", true);
     row("src/settings", "#include \"instructions/moveforms.h\"", true);
     row("src/instructions", "#include \"instructions/line/token.h\"", false);

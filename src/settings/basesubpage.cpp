@@ -1,4 +1,4 @@
-#include "page/basesubpage.h"
+#include "settings/basesubpage.h"
 
 BaseSubPage::BaseSubPage(QWidget *parent, const QString &name, const QString &title, QObject *owner)
     : BasePage(name, title, owner)
