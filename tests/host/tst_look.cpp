@@ -57,11 +57,9 @@ private slots:
     void cleanupTestCase();
     void tokensBecomeTheirText_data();
     void tokensBecomeTheirText();
-    void aThemeThatCannotBeReadIsReported_data();
-    void aThemeThatCannotBeReadIsReported();
     void rulesBecomeOneSheet();
-    void rulesThatCannotBeReadAreReportedOnce_data();
-    void rulesThatCannotBeReadAreReportedOnce();
+    void aFileThatCannotBeReadIsReportedOnce_data();
+    void aFileThatCannotBeReadIsReportedOnce();
     void iconsComeFromTheThemeAndFromAliases();
     void aPictureIsPaintedInOneInk();
     void aSheetIsSetOnceOnTop_data();
@@ -127,23 +125,6 @@ void tst_Look::tokensBecomeTheirText()
     QTEST(unknown, "unknown");
 }
 
-void tst_Look::aThemeThatCannotBeReadIsReported_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("broken") << QByteArray("{\"name\": ");
-    QTest::newRow("a list") << QByteArray("[1]");
-    QTest::newRow("nothing in it") << QByteArray("{}");
-}
-
-void tst_Look::aThemeThatCannotBeReadIsReported()
-{
-    QFETCH(QByteArray, text);
-    const QString path = write("bad.json", text);
-    QString error;
-    Theme::load(path, &error);
-    QVERIFY(error.startsWith(path + ':'));
-}
-
 void tst_Look::rulesBecomeOneSheet()
 {
     const QString path = write("rules.json",
@@ -167,17 +148,24 @@ void tst_Look::rulesBecomeOneSheet()
     QCOMPARE(problems.size(), 2);
 }
 
-void tst_Look::rulesThatCannotBeReadAreReportedOnce_data()
+void tst_Look::aFileThatCannotBeReadIsReportedOnce_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("broken") << QByteArray("[{\"name\" \"A\"}]");
-    QTest::newRow("not a list") << QByteArray("{\"name\": \"A\"}");
+    QTest::addColumn<QByteArray>("rules");
+    QTest::addColumn<QByteArray>("themeText");
+    QTest::newRow("broken") << QByteArray("[{\"name\" \"A\"}]") << QByteArray("{\"name\": ");
+    QTest::newRow("of another kind") << QByteArray("{\"name\": \"A\"}") << QByteArray("[1]");
+    QTest::newRow("empty") << QByteArray() << QByteArray("{}");
 }
 
-void tst_Look::rulesThatCannotBeReadAreReportedOnce()
+void tst_Look::aFileThatCannotBeReadIsReportedOnce()
 {
-    QFETCH(QByteArray, text);
-    const QString path = write("badrules.json", text);
+    QFETCH(QByteArray, rules);
+    QFETCH(QByteArray, themeText);
+    const QString path = write("bad.json", themeText);
+    QString error;
+    Theme::load(path, &error);
+    QVERIFY(error.startsWith(path + ':'));
+    write("bad.json", rules);
     ThemeManager theme;
     QSignalSpy problems(&theme, &ThemeManager::problem);
     for (int i = 0; i < 2; ++i)
