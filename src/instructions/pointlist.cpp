@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QRegularExpression>
 #include <QUuid>
 
 #include "data/controller.h"
@@ -52,7 +53,8 @@ QString freeName(const kelp::ModuleObject *present, const QString &wished)
         taken.c(entry->name(), true);
         taken.c(nameOf(entry), true);
     }
-    const bool usable = !wished.isEmpty() && !taken.hasCmobj(wished, false);
+    static const QRegularExpression word(QStringLiteral("^\\w+$")); // what a program line can name
+    const bool usable = word.match(wished).hasMatch() && !taken.hasCmobj(wished, false);
     return usable ? wished : kelp::ModuleObject::generateId(&taken);
 }
 

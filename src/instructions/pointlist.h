@@ -34,8 +34,8 @@ PoseFrame frameOf(const QString &workObject);
 
 /// Adds a point at @p position to the project, on the controller first and then in the host's tree,
 /// and returns its name. When the controller cannot be reached, or refuses, nothing is added, that
-/// is reported and the name is empty. A @p wished name that is empty or taken gives way
-/// to a generated one.
+/// is reported and the name is empty. A @p wished name that is taken, or that a program
+/// line could not name, gives way to a generated one.
 ///
 /// The point's children: "name", "id" (the same, and the key in the list), "uuid", "description",
 /// "cart.pose.frame" with "pos" {x, y, z} and "ori.euler" {a, b, c}, "joint.q" (six angles), "tool"
