@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <cmath>
 
 #include "data/units.h"
 
@@ -16,6 +17,7 @@ const QString axes = QStringLiteral("XYZABC");
 constexpr int cellCount = 6;
 constexpr double farthest = 999999.999;
 constexpr int decimals = 3;
+constexpr double scale = 1000; // of that many decimals
 constexpr int titleWidth = 88;
 
 QDoubleSpinBox *makeBox(QWidget *parent)
@@ -132,7 +134,7 @@ PointReadout::PointReadout(QWidget *parent)
 void PointReadout::setValues(const PoseValues &values)
 {
     for (int i = 0; i < cellCount; ++i) {
-        const double shown = values[i] + 0.0; // a zero without a sign
+        const double shown = std::round(values[i] * scale) / scale + 0.0; // no signed zero
         m_boxes[i]->setText(QString::number(shown, 'f', decimals));
     }
     m_values = values;
