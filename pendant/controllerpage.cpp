@@ -14,14 +14,18 @@ namespace pendant {
 ControllerPage::ControllerPage(LinkControl *link, controller::Faults *faults, QWidget *parent)
     : HostPage(tr("Controller"), parent)
 {
-    body()->addWidget(makeLink(link));
+    auto *row = new QHBoxLayout;
+    auto *right = new QVBoxLayout;
+    row->setSpacing(body()->spacing());
+    right->setSpacing(body()->spacing());
+    right->addWidget(makeLink(link));
     if (faults) {
-        auto *row = new QHBoxLayout;
-        row->setSpacing(16);
         row->addWidget(new FaultsPanel(faults, this), 1);
-        row->addWidget(new AnswersPanel(faults, this), 1);
-        body()->addLayout(row);
+        right->addWidget(new AnswersPanel(faults, this));
     }
+    right->addStretch(1);
+    row->addLayout(right, 1);
+    body()->addLayout(row);
     body()->addStretch(1);
 }
 

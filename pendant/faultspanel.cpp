@@ -18,8 +18,11 @@ FaultsPanel::FaultsPanel(Faults *faults, QWidget *parent)
     addSwitch(Faults::Fault::LinkDown, tr("The controller cannot be reached"));
     addSwitch(Faults::Fault::DiskFull, tr("Its disk is full"));
     addSwitch(Faults::Fault::WelderError, tr("The welder reports an error"));
-    addSwitch(Faults::Fault::WireStuck, tr("The wire is stuck"));
     addSwitch(Faults::Fault::NoGas, tr("There is no gas"));
+    addSwitch(Faults::Fault::NoArc, tr("The arc does not strike"));
+    addSwitch(Faults::Fault::ArcBreaks, tr("The arc breaks off"));
+    addSwitch(Faults::Fault::WireStuck, tr("The wire does not move"));
+    addSwitch(Faults::Fault::WireSticks, tr("The wire freezes at the end of a weld"));
     body()->addStretch(1);
     auto *mend = new QPushButton(tr("Mend everything"), this);
     mend->setObjectName(QStringLiteral("btnClearFaults"));

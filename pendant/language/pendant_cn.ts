@@ -146,16 +146,28 @@
         <translation>焊机报错</translation>
     </message>
     <message>
-        <source>The wire is stuck</source>
-        <translation>焊丝卡住</translation>
-    </message>
-    <message>
         <source>There is no gas</source>
         <translation>没有保护气</translation>
     </message>
     <message>
         <source>Mend everything</source>
         <translation>全部恢复</translation>
+    </message>
+    <message>
+        <source>The arc does not strike</source>
+        <translation>无法起弧</translation>
+    </message>
+    <message>
+        <source>The arc breaks off</source>
+        <translation>断弧</translation>
+    </message>
+    <message>
+        <source>The wire does not move</source>
+        <translation>焊丝不动</translation>
+    </message>
+    <message>
+        <source>The wire freezes at the end of a weld</source>
+        <translation>收弧时粘丝</translation>
     </message>
 </context>
 <context>
