@@ -569,6 +569,36 @@
     </message>
 </context>
 <context>
+    <name>MoveInsertWidget</name>
+    <message>
+        <source>Auxiliary point</source>
+        <translation>辅助点</translation>
+    </message>
+    <message>
+        <source>Target point</source>
+        <translation>目标点</translation>
+    </message>
+</context>
+<context>
+    <name>MovePropertyPointWidget</name>
+    <message>
+        <source>Auxiliary point</source>
+        <translation>辅助点</translation>
+    </message>
+    <message>
+        <source>Target point</source>
+        <translation>目标点</translation>
+    </message>
+    <message>
+        <source>There is no point %1 in the project</source>
+        <translation>工程中没有点 %1</translation>
+    </message>
+    <message>
+        <source>point format error</source>
+        <translation>点格式错误</translation>
+    </message>
+</context>
+<context>
     <name>ParameterFile</name>
     <message>
         <source>save parameter error</source>
@@ -589,6 +619,118 @@
     <message>
         <source>remove parameter success</source>
         <translation>删除参数成功</translation>
+    </message>
+</context>
+<context>
+    <name>PointEdit</name>
+    <message>
+        <source>New point here</source>
+        <translation>在此新建点</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>原点位</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>偏移</translation>
+    </message>
+    <message>
+        <source>Relative to tool</source>
+        <translation>相对工具</translation>
+    </message>
+</context>
+<context>
+    <name>PointGroup</name>
+    <message>
+        <source>Point</source>
+        <translation>点位</translation>
+    </message>
+    <message>
+        <source>Computed</source>
+        <translation>计算结果</translation>
+    </message>
+    <message>
+        <source>Read robot position</source>
+        <translation>读取机器人位置</translation>
+    </message>
+    <message>
+        <source>Compute</source>
+        <translation>计算</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Move to point:</source>
+        <translation>移动到点位：</translation>
+    </message>
+    <message>
+        <source>Joint</source>
+        <translation>关节</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>直线</translation>
+    </message>
+    <message>
+        <source>Move to computed:</source>
+        <translation>移动到计算结果：</translation>
+    </message>
+    <message>
+        <source>Edited</source>
+        <translation>已编辑</translation>
+    </message>
+    <message>
+        <source>Robot position</source>
+        <translation>机器人位置</translation>
+    </message>
+    <message>
+        <source>Determine the refresh point?</source>
+        <translation>确定刷新点位吗？</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>get robot position fail</source>
+        <translation>获取机器人位置失败</translation>
+    </message>
+    <message>
+        <source>Robot</source>
+        <translation>机器人</translation>
+    </message>
+    <message>
+        <source>tessa not connected</source>
+        <translation>控制器未连接</translation>
+    </message>
+    <message>
+        <source>move to point fail</source>
+        <translation>移动到点失败</translation>
+    </message>
+    <message>
+        <source>stop move fail</source>
+        <translation>停止运动失败</translation>
+    </message>
+</context>
+<context>
+    <name>PointList</name>
+    <message>
+        <source>create point fail</source>
+        <translation>创建点失败</translation>
+    </message>
+</context>
+<context>
+    <name>PointRobot</name>
+    <message>
+        <source>tessa not connected</source>
+        <translation>控制器未连接</translation>
+    </message>
+    <message>
+        <source>get robot position fail</source>
+        <translation>获取机器人位置失败</translation>
     </message>
 </context>
 <context>
