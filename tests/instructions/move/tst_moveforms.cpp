@@ -70,6 +70,8 @@ private slots:
     void insertsWhatIsActive();
     void insertExpressions();
     void contract();
+    void fitsUnderAFinger_data();
+    void fitsUnderAFinger();
 };
 
 void tst_MoveForms::reads_data()
@@ -318,6 +320,45 @@ void tst_MoveForms::contract()
         QCOMPARE(form->objectName(), name);
         QVERIFY(form->CheckInsert() && form->CheckReplace());
         QVERIFY(form->ToJsonValue().isNull() && form->GetLabel().isEmpty());
+    }
+}
+
+void tst_MoveForms::fitsUnderAFinger_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::newRow("English") << "en";
+    QTest::newRow("Chinese") << "zh_CN";
+}
+
+void tst_MoveForms::fitsUnderAFinger()
+{
+    QFETCH(QString, language);
+    FormHost host(FormHost::Connected, language);
+    auto *theme = host.host().helper()->themeManager();
+    host.window()->setStyleSheet(theme->genStyleSheet(":/welmo/render/sub_page.json"));
+    const std::vector<tessa::BaseContentWidget *> forms{
+        new WMoveLInsertWidget(host.window()), new WMoveCInsertWidget(host.window()),
+        new WMoveLPropertyWidget(host.window()), new WMoveCPropertyWidget(host.window())};
+    host.window()->show();
+    for (auto *form : forms) {
+        const QSize least = form->minimumSizeHint();
+        QVERIFY2(least.width() <= 860 && least.height() <= 560,
+                 qPrintable(QString("%1 x %2").arg(least.width()).arg(least.height())));
+        form->resize(860, 560);
+        form->show();
+        QCoreApplication::processEvents();
+        int touched = 0;
+        for (const QWidget *widget : form->findChildren<QWidget *>()) {
+            const bool touchable = qobject_cast<const QAbstractButton *>(widget)
+                || qobject_cast<const QComboBox *>(widget)
+                || qobject_cast<const QDoubleSpinBox *>(widget);
+            if (!touchable || !widget->isVisible() || widget->objectName().startsWith("qt_"))
+                continue;
+            QVERIFY2(widget->width() >= 45 && widget->height() >= 45,
+                     qPrintable(widget->objectName()));
+            ++touched;
+        }
+        QVERIFY(touched >= 15);
     }
 }
 

@@ -53,7 +53,7 @@ void tst_MoveParameters::itemsCarryTheirNames()
 
 void tst_MoveParameters::textsOfTheContract()
 {
-    for (const char *language : {"en", "cn"}) {
+    for (const char *language : {"en", "zh_CN"}) {
         FormHost host(FormHost::Connected, language);
         MoveParamWidget panel(host.window());
         const auto label = [&panel](const char *name) {
