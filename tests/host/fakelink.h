@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMap>
+#include <QVector>
 #include <functional>
 
 #include "tessa/controllerlink.h"
@@ -34,6 +35,7 @@ public:
     void open() override { opened = true; }
     void close() override { setUp(false); }
     bool isUp() const override { return up; }
+    void beat(bool keyHeld) override { beats.append(keyHeld); }
 
     void setUp(bool on)
     {
@@ -47,6 +49,7 @@ public:
     QStringList log; ///< one line a call: kind, path, key
     QVariant payload; ///< of the last call
     int timeout = 0; ///< of the last call
+    QVector<bool> beats; ///< whether a key was held, newest last
     bool up = false;
     bool opened = false;
     std::function<void(const tessa::LinkRequest &)> duringCall;

@@ -2,6 +2,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "fakelink.h"
 #include "tessa/host.h"
 
 using tessa::PhysicalButton;
@@ -21,6 +22,7 @@ private slots:
     void aHeldKeyIsReleasedOnce();
     void aSetGoesWithItsOwner();
     void anActionMayChangeTheSets();
+    void theHeartbeatTellsWhetherAKeyIsHeld();
 
 private:
     void registerSet(const QString &set, const QStringList &first, const QStringList &second);
@@ -157,6 +159,20 @@ void tst_PhysicalKeys::anActionMayChangeTheSets()
     enableRegisterPhysicalButtons(m_owner.get(), "one", false);
     QCOMPARE(m_acted, QStringList({"down", "up"}));
     QCOMPARE(m_keys->count(), 11);
+}
+
+void tst_PhysicalKeys::theHeartbeatTellsWhetherAKeyIsHeld()
+{
+    auto *link = new FakeLink;
+    m_host->setLink(std::unique_ptr<FakeLink>(link));
+    registerSet("one", {"a"}, {});
+    enableRegisterPhysicalButtons(m_owner.get(), "one", true);
+    link->setUp(true);
+    QTRY_VERIFY(link->beats.contains(false));
+    m_keys->press(0);
+    QCOMPARE(link->beats.last(), true); // with the press, not a beat later
+    m_keys->release(0);
+    QTRY_COMPARE(link->beats.last(), false);
 }
 
 QTEST_MAIN(tst_PhysicalKeys)
