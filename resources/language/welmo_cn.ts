@@ -100,6 +100,13 @@
     </message>
 </context>
 <context>
+    <name>ArcoffInsertWidget</name>
+    <message>
+        <source>ArcOff Parameter File Number</source>
+        <translation>收弧参数文件号</translation>
+    </message>
+</context>
+<context>
     <name>ArconGroup</name>
     <message>
         <source>ArcOn Parameter</source>
@@ -212,6 +219,28 @@
     <message>
         <source>Unfold ArcOn Advanced Parameter</source>
         <translation>展开起弧高级参数</translation>
+    </message>
+</context>
+<context>
+    <name>ArconInsertWidget</name>
+    <message>
+        <source>ArcOn Parameter File Number</source>
+        <translation>起弧参数文件号</translation>
+    </message>
+    <message>
+        <source>Weld Parameter File Number</source>
+        <translation>焊接参数文件号</translation>
+    </message>
+</context>
+<context>
+    <name>ArconPropertyWidget</name>
+    <message>
+        <source>ArcOnData</source>
+        <translation>起弧数据</translation>
+    </message>
+    <message>
+        <source>ArcData</source>
+        <translation>焊接数据</translation>
     </message>
 </context>
 <context>
@@ -734,6 +763,25 @@
     </message>
 </context>
 <context>
+    <name>ProcessForm</name>
+    <message>
+        <source>tessa not connected</source>
+        <translation>控制器未连接</translation>
+    </message>
+    <message>
+        <source>tessa is not connected</source>
+        <translation>控制器没有连接</translation>
+    </message>
+    <message>
+        <source>save parameter error</source>
+        <translation>保存参数失败</translation>
+    </message>
+    <message>
+        <source>save parameter succeed</source>
+        <translation>保存参数成功</translation>
+    </message>
+</context>
+<context>
     <name>ProcessGroup</name>
     <message>
         <source>Current Mode</source>
@@ -759,20 +807,8 @@
         <translation>工艺设置</translation>
     </message>
     <message>
-        <source>tessa not connected</source>
-        <translation>控制器未连接</translation>
-    </message>
-    <message>
         <source>tessa is not connected</source>
         <translation>控制器没有连接</translation>
-    </message>
-    <message>
-        <source>save parameter error</source>
-        <translation>保存参数失败</translation>
-    </message>
-    <message>
-        <source>save parameter succeed</source>
-        <translation>保存参数成功</translation>
     </message>
     <message>
         <source>welder state error</source>
@@ -785,6 +821,108 @@
     <message>
         <source>enable succeed</source>
         <translation>启用成功</translation>
+    </message>
+</context>
+<context>
+    <name>ProgramLine</name>
+    <message>
+        <source>arcon tl command format error</source>
+        <translation>arcon 指令格式错误</translation>
+    </message>
+    <message>
+        <source>arcoff tl command format error</source>
+        <translation>arcoff 指令格式错误</translation>
+    </message>
+    <message>
+        <source>wmovel tl command format error</source>
+        <translation>wmovel 指令格式错误</translation>
+    </message>
+    <message>
+        <source>wmovec tl command format error</source>
+        <translation>wmovec 指令格式错误</translation>
+    </message>
+    <message>
+        <source>weaveon tl command format error</source>
+        <translation>weaveon 指令格式错误</translation>
+    </message>
+    <message>
+        <source>weaveoff tl command format error</source>
+        <translation>weaveoff 指令格式错误</translation>
+    </message>
+    <message>
+        <source>feedonwire tl command format error</source>
+        <translation>feedonwire 指令格式错误</translation>
+    </message>
+    <message>
+        <source>feedbackwire tl command format error</source>
+        <translation>feedbackwire 指令格式错误</translation>
+    </message>
+    <message>
+        <source>detectgas tl command format error</source>
+        <translation>detectgas 指令格式错误</translation>
+    </message>
+    <message>
+        <source>segon tl command format error</source>
+        <translation>segon 指令格式错误</translation>
+    </message>
+    <message>
+        <source>segoff tl command format error</source>
+        <translation>segoff 指令格式错误</translation>
+    </message>
+    <message>
+        <source>arcondata format error</source>
+        <translation>起弧数据格式错误</translation>
+    </message>
+    <message>
+        <source>arcdata format error</source>
+        <translation>焊接数据格式错误</translation>
+    </message>
+    <message>
+        <source>arcoffdata format error</source>
+        <translation>收弧数据格式错误</translation>
+    </message>
+    <message>
+        <source>weavedata format error</source>
+        <translation>摆弧数据格式错误</translation>
+    </message>
+    <message>
+        <source>segdata format error</source>
+        <translation>分段数据格式错误</translation>
+    </message>
+    <message>
+        <source>speed format error</source>
+        <translation>速度格式错误</translation>
+    </message>
+    <message>
+        <source>zone format error</source>
+        <translation>转弯区格式错误</translation>
+    </message>
+    <message>
+        <source>tool format error</source>
+        <translation>工具格式错误</translation>
+    </message>
+    <message>
+        <source>wobj format error</source>
+        <translation>工件格式错误</translation>
+    </message>
+    <message>
+        <source>feedonwire time format error</source>
+        <translation>送丝时间格式错误</translation>
+    </message>
+    <message>
+        <source>feedbackwire time format error</source>
+        <translation>退丝时间格式错误</translation>
+    </message>
+    <message>
+        <source>detectgas time format error</source>
+        <translation>检气时间格式错误</translation>
+    </message>
+</context>
+<context>
+    <name>SegOnInsertWidget</name>
+    <message>
+        <source>SegData(segdata): </source>
+        <translation>分段数据(segdata)：</translation>
     </message>
 </context>
 <context>
@@ -847,6 +985,28 @@
     <message>
         <source>save parameter succeed</source>
         <translation>保存参数成功</translation>
+    </message>
+</context>
+<context>
+    <name>TimedInsertWidget</name>
+    <message>
+        <source>Feed Wire Time(s): </source>
+        <translation>送丝时间(s)：</translation>
+    </message>
+    <message>
+        <source>Back Wire Time(s): </source>
+        <translation>退丝时间(s)：</translation>
+    </message>
+    <message>
+        <source>Detect Gas Time(s): </source>
+        <translation>检气时间(s)：</translation>
+    </message>
+</context>
+<context>
+    <name>TlArcWeldDefine</name>
+    <message>
+        <source>Arc On</source>
+        <translation>弧焊</translation>
     </message>
 </context>
 <context>

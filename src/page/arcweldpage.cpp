@@ -11,6 +11,7 @@
 #include <vu/xtheme.h>
 
 #include "data/controller.h"
+#include "instructions/tlarcweld.h"
 #include "page/handlekeys.h"
 #include "page/weldmodeindicator.h"
 #include "settings/devicessettingpage.h"
@@ -163,6 +164,7 @@ void ArcWeldPage::init()
                 loadFromRC();
                 m_currentPage->initPage();
             });
+    TlArcWeldDefine instructions(this); // what it enters stays in the TL manager
 }
 
 void ArcWeldPage::render()

@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include "tessa/tlmanager.h"
 #include "vu/xtheme.h"
 
 namespace tessa {
@@ -59,6 +60,7 @@ Host::~Host()
 {
     m_keys.releaseAll();
     m_helper.framework()->stop();
+    TlManager::getTlManager()->clear();
     // What cannot be saved is told while there is a log; the workspace itself ends after it.
     m_workspace.saveTrees();
     m_workspace.disconnect(this);

@@ -23,6 +23,8 @@ public:
 
     /// The one manager of the process, made on first use.
     static TlManager *getTlManager();
+    /// Empties the tables: a host that ends takes its packages' instructions with it.
+    void clear() { *this = TlManager(); }
 
     QStringList instructionNames; ///< in registration order
     QList<QPair<QString, QString>> instructionGroups; ///< shown label, group key
