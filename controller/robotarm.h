@@ -17,8 +17,8 @@ using Frame = Eigen::Isometry3d;
 /// stands upright and the forearm points to the front.
 namespace arm {
 
-/// The flange in the base frame.
-Frame forward(const Joints &joints);
+/// The flange in the base frame, at the joint angles @p q.
+Frame forward(const Joints &q);
 
 /// The joints that bring the flange to @p flange, elbow up, as near to @p present as the wrist
 /// allows; nothing when the arm does not get there.
