@@ -6,6 +6,7 @@
 #include "controller/names.h"
 #include "controller/options.h"
 #include "controller/parameterfiles.h"
+#include "controller/program.h"
 #include "controller/project.h"
 #include "controller/robot.h"
 #include "controller/weld.h"
@@ -29,10 +30,11 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     add<Options>();
     add<WeldMode>();
     const Welder &welder = add<Welder>();
-    const Weld &weld = add<Weld>(welder);
-    add<WireAndGas>(welder, weld, m_hold);
+    Weld &weld = add<Weld>(welder);
+    WireAndGas &wireAndGas = add<WireAndGas>(welder, weld, m_hold);
     add<Project>();
-    add<Robot>();
+    Robot &robot = add<Robot>();
+    add<Program>(weld, wireAndGas, robot);
     add<WelderState>(welder, weld);
     m_registry.addValue(names::journal, [&journal] {
         return Reply::with(QVariantMap{{QStringLiteral("entries"), journal.recent(journalLength)}});

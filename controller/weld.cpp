@@ -126,6 +126,7 @@ Reply Weld::closeSeam(const QString &arcOffFile)
 void Weld::abandon()
 {
     m_seam.reset();
+    m_alarm.clear();
     m_process.interrupt();
     note();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <optional>
 
 #include "controller/cell.h"
@@ -28,7 +29,7 @@ public:
     /// The arc goes out at once; resume() strikes it again where a seam is open.
     void interrupt() { m_process.interrupt(); }
     void resume();
-    /// Interrupts, and nothing is left to resume.
+    /// Interrupts, and leaves nothing to resume and no alarm.
     void abandon();
     /// One millisecond with the torch at @p speed mm/s.
     void advance(double speed);
@@ -42,7 +43,7 @@ public:
     bool holdsTorch() const;
     /// What the open seam is welded with, mm/s; 0 when its file leaves that to the program.
     double seamSpeed() const { return m_seam ? m_seam->speed : 0; }
-    double torchSpeed() const { return isWelding() ? m_torchSpeed : 0; }
+    double torchSpeed() const { return isWelding() ? std::abs(m_torchSpeed) : 0; }
     /// Why the last weld ended before its time; empty when it did not.
     const QString &alarm() const { return m_alarm; }
     /// The phase in the contract's words.

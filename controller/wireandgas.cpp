@@ -131,6 +131,11 @@ Reply WireAndGas::flowByProgram()
     return startGas(untilStopped, program);
 }
 
+bool WireAndGas::runsForProgram() const
+{
+    return m_mover == program || m_gasEnd == untilStopped;
+}
+
 void WireAndGas::stopProgram()
 {
     if (m_mover == program)

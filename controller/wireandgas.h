@@ -30,6 +30,8 @@ public:
     Reply moveByProgram(Wire direction);
     /// A line of a program lets gas flow until stopProgram().
     Reply flowByProgram();
+    /// True while either goes on.
+    bool runsForProgram() const;
     /// Stops what a program started.
     void stopProgram();
 

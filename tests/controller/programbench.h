@@ -1,0 +1,123 @@
+#pragma once
+
+#include <Eigen/Geometry>
+#include <functional>
+
+#include "controllerbench.h"
+
+/// A bench that runs programs on a welder that is enabled, with the files that they use.
+struct ProgramBench : ControllerBench
+{
+    ProgramBench()
+    {
+        run("arc_weld.set_welder",
+            QVariantMap{{"enable", true},
+                        {"connect_to_welder", true},
+                        {"protocol", "Ethercat"},
+                        {"mfr", "Aotai"},
+                        {"model", "RL/RPL"},
+                        {"current_type", 350}});
+        save("arcon_param", arcOn());
+        save("weld_param", weld());
+        save("arcoff_param", arcOff());
+        run("motion.move.to_point", toStart());
+        pass(10000);
+    }
+
+    static QVariantMap arcOn()
+    {
+        return {{"name", "arcondata1"}, {"voltage_mode", "separate"}, {"current", 150.0},
+                {"voltage", 20.0},      {"preflow_time", 200},        {"detect_time", 300},
+                {"hold_time", 200}};
+    }
+    static QVariantMap weld(const char *option = "continue_running")
+    {
+        const QVariantMap broken{
+            {"detect_time", 100}, {"arc_break_option", option}, {"restart_back_distance", 10}};
+        return {{"name", "arcdata1"},       {"voltage_mode", "separate"}, {"current", 200.0},
+                {"voltage", 24.0},          {"weld_speed", 20},           {"ramp_time", 100},
+                {"arc_break_param", broken}};
+    }
+    static QVariantMap arcOff()
+    {
+        return {{"name", "arcoffdata1"}, {"voltage_mode", "separate"}, {"current", 90.0},
+                {"voltage", 17.0},       {"hold_time", 300},           {"delay_gasoff_time", 200}};
+    }
+    static QVariantMap toStart()
+    {
+        const QVariantMap pos{{"x", 800.0}, {"y", -200.0}, {"z", 500.0}};
+        const QVariantMap euler{{"a", 180.0}, {"b", 0.0}, {"c", 180.0}};
+        const QVariantMap frame{{"pos", pos}, {"ori", QVariantMap{{"euler", euler}}}};
+        const QVariantMap coordinate{{"user_frame", "default"},
+                                     {"wobj", QVariantMap{{"name", "wobj0"}}}};
+        return {{"cartesian", QVariantMap{{"pose", QVariantMap{{"frame", frame}}}}},
+                {"coordinate", coordinate},
+                {"tool", "torch1"},
+                {"movetype", "joint"}};
+    }
+
+    controller::Reply save(const char *set, const QVariantMap &file)
+    {
+        const QByteArray path = QByteArray("arc_weld.") + set;
+        return this->set(path, file.value("name").toString(), file);
+    }
+    void setMode(const QString &mode)
+    {
+        run("arc_weld.set_weld_mode", QVariantMap{{"mode", mode}});
+    }
+    /// Loads the lines and sets off.
+    controller::Reply go(const QStringList &lines, const QString &mode = "real")
+    {
+        setMode(mode);
+        const QVariantMap program{{"name", "test"}, {"text", lines.join('\n')}};
+        const controller::Reply loaded = run("tl_program.load", program);
+        told.clear();
+        return loaded.ok() ? run("tl_program.run") : loaded;
+    }
+    QVariant state(const char *key) { return get("tl_program.state", key).value; }
+    QVariant weldState(const char *key) { return get("arc_weld.welder_state", key).value; }
+
+    /// Lets time pass until @p done, or for @p limit ms; says whether it was done.
+    bool passUntil(const std::function<bool()> &done, int limit = 300000)
+    {
+        for (; limit > 0 && !done(); limit -= 10)
+            pass(10);
+        return done();
+    }
+    bool passUntilPhase(const QString &phase)
+    {
+        return passUntil([&] { return weldState("phase") == phase; });
+    }
+    /// Until the program no longer runs; how long that took.
+    qint64 finish()
+    {
+        const qint64 before = now;
+        passUntil([this] { return state("state") != "running"; });
+        return now - before;
+    }
+
+    /// The tip of the torch in the base frame, mm.
+    Eigen::Vector3d tip()
+    {
+        const QVariantMap parameters{{"tool", "torch1"}, {"wobj", "wobj0"}};
+        const QVariantMap pos =
+            run("tl_program.get_rob_pos", QVariantMap{{"parameters", parameters}})
+                .value.toMap()["pose"]
+                .toMap()["frame"]
+                .toMap()["pos"]
+                .toMap();
+        return {pos["x"].toDouble(), pos["y"].toDouble(), pos["z"].toDouble()};
+    }
+    /// Every value of @p key that was told of @p path, repetitions left out.
+    QVariantList toldValues(const char *path, const char *key) const
+    {
+        QVariantList values;
+        for (const Told &entry : told) {
+            const QVariantMap map = entry.values.toMap();
+            if (entry.path == QLatin1String(path) && map.contains(key)
+                && (values.isEmpty() || values.last() != map.value(key)))
+                values.append(map.value(key));
+        }
+        return values;
+    }
+};
