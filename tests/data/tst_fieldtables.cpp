@@ -9,7 +9,8 @@ using testsupport::FormHost;
 namespace {
 
 // Stored types by key, the value in a new set (with a point: a real number, else an integer), and
-// the range. Written down once more, on purpose, from what the controllers in the field expect.
+// the range; "trunc" loses its fraction when it is shown, "hidden" has no control, "twin" no row of
+// its own. Written down once more, on purpose, from what the controllers in the field expect.
 const QVector<QPair<QString, QString>> contracts{
     {"arcon",
      "name text default; annotation text -; mode work flat_characteristic;"
@@ -39,8 +40,8 @@ const QVector<QPair<QString, QString>> contracts{
      "delay_gasoff_time int 200 0..10000; detect_time int 5000 0..10000;"
      "retract_time int 100 0..10000; wire_stick_detection_time int 500 0..10000;"
      "anti_wire_stick_param.enable switch false;"
-     "anti_wire_stick_param.current real 30 0..100;"
-     "anti_wire_stick_param.voltage real 10 0..50;"
+     "anti_wire_stick_param.current trunc 30 0..100;"
+     "anti_wire_stick_param.voltage trunc 10 0..50;"
      "anti_wire_stick_param.time int 500 0..10000"},
     {"weave page",
      "name text default; annotation text -; weaving_reference reference cycle;"
@@ -111,7 +112,7 @@ struct Expected
             {"text", QMetaType::QString},      {"int", QMetaType::Int},
             {"real", QMetaType::Double},       {"twin", QMetaType::Double},
             {"ints", QMetaType::QVariantList}, {"bool", QMetaType::Bool},
-            {"hidden", QMetaType::UnknownType}};
+            {"trunc", QMetaType::Double},      {"hidden", QMetaType::UnknownType}};
         const bool truth = choiceContracts.value(type).contains("=true");
         return types.value(type, truth ? QMetaType::Bool : QMetaType::QString);
     }
@@ -123,7 +124,7 @@ struct Expected
             return QVariantList{0, 0, 0};
         if (value == "true" || value == "false")
             return value == "true";
-        if (QStringList{"int", "real", "twin"}.contains(type))
+        if (QStringList{"int", "real", "twin", "trunc"}.contains(type))
             return value.contains('.') ? QVariant(value.toDouble()) : QVariant(value.toInt());
         return value == "-" ? QString() : value;
     }
@@ -228,6 +229,8 @@ private slots:
                 continue;
             QVERIFY2(field, where + ": there is no such row");
             QCOMPARE(field->editor() == nullptr, expected.type == "hidden");
+            if (const auto *real = dynamic_cast<const RealField *>(field))
+                QCOMPARE(real->isReadAsInteger(), expected.type == "trunc");
             if (!expected.range.isEmpty())
                 checkRange(*field, expected);
             if (choiceContracts.contains(expected.type))

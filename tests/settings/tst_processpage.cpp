@@ -140,7 +140,7 @@ private slots:
         ProcessSettingsPage page(host.window(), host.window());
         const QStringList files{"arc_weld.arcon_param arcondata1", "arc_weld.weld_param arcdata1",
                                 "arc_weld.arcoff_param arcoffdata1"};
-        QStringList created;
+        QStringList created{readDevice};
         for (const QString &file : files)
             created += {"get " + file, "set " + file};
         QCOMPARE(host.takeRequests(), created);
@@ -302,6 +302,8 @@ private slots:
         };
         QComboBox *option = desk.combo("cbxArcBreakOption");
         QCOMPARE(shown(), 0);
+        option->setCurrentIndex(-1);
+        QCOMPARE(shown(), 0);
         option->setCurrentIndex(1);
         QCOMPARE(shown(), 3);
         option->setCurrentIndex(-1);
@@ -347,6 +349,7 @@ private slots:
     void enableSendsTheEditedValues()
     {
         Desk desk(FormHost::Connected, {}, "weld");
+        QVERIFY(desk.shows("btnWeldingEnable"));
         const QVariant before = desk.host.stored("arc_weld.weld_param", "arcdata1");
         desk.find<QDoubleSpinBox>("sbxWeldCurrent")->setValue(180);
         desk.press("btnWeldingEnable");
