@@ -25,7 +25,7 @@ QList<kelp::ModuleObject *> inMenuOrder(const kelp::ModuleObject *entries)
 
 QString pictureOf(const kelp::ModuleObject *entry)
 {
-    const QString own = entry->r(QStringLiteral("icon"))->getString();
+    QString own = entry->r(QStringLiteral("icon"))->getString();
     if (!own.isEmpty())
         return own;
     QString group = entry->r(QStringLiteral("group"))->getString();
