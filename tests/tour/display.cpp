@@ -41,7 +41,7 @@ void chinese(Tour &tour)
 {
     tour.step("Chinese", [&] {
         tour.pendant().changeDisplay("cbxLanguage", "zh_CN");
-        const QString title = tour.pendant().find<QLabel>("lblLinkState")->text();
+        QString title = tour.pendant().find<QLabel>("lblLinkState")->text();
         Tour::require(title, QString::fromUtf8("已连接"));
         showPages(tour, "chinese");
         return title;

@@ -10,8 +10,8 @@
 namespace {
 
 constexpr void (*walk[])(tour::Tour &) = {
-    tour::firstStart, tour::processSetting, tour::restart, tour::linkDown,
-    tour::hostPages,  tour::darkTheme,      tour::chinese,
+    tour::firstStart, tour::processSetting,       tour::restart,   tour::linkDown,
+    tour::hostPages,  tour::processConfiguration, tour::darkTheme, tour::chinese,
 };
 
 } // namespace

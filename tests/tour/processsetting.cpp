@@ -10,11 +10,12 @@ namespace tour {
 
 namespace {
 
-QString storedCurrent(Tour &tour)
+// What the controller keeps, which is not what the page shows.
+QString stored(Tour &tour, const QString &key)
 {
-    const auto file =
-        tour.pendant().host()->service()->get(nullptr, "arc_weld.arcon_param", "arcondata3");
-    return file->cmobjCount() == 0 ? "no file" : file->r("current")->getString();
+    auto *service = tour.pendant().host()->service();
+    const auto file = service->get(nullptr, "arc_weld.arcon_param", "arcondata3");
+    return file->cmobjCount() == 0 ? "no file" : file->r(key)->getString();
 }
 
 } // namespace
@@ -28,9 +29,9 @@ void processSetting(Tour &tour)
     });
     tour.picture("process-setting");
     tour.step("arcondata3 is chosen and created with the defaults", [&] {
-        Tour::require(storedCurrent(tour), "no file");
+        Tour::require(stored(tour, "current"), "no file");
         pendant.choose("cbx_arconParamFileNumber", "arcondata3");
-        Tour::require(storedCurrent(tour), "0");
+        Tour::require(stored(tour, "current"), "0");
         return pendant.lastMessage();
     });
     tour.step("current 180, re-strike open, saved", [&] {
@@ -38,7 +39,8 @@ void processSetting(Tour &tour)
         pendant.click("btn_arconFold");
         pendant.chooseCode("cbxReArconSwitch", true);
         pendant.click("btnArcOnSave");
-        Tour::require(storedCurrent(tour), "180");
+        Tour::require(stored(tour, "current"), "180");
+        Tour::require(stored(tour, "re_arcon.enable"), "true");
         return Tour::require(pendant.lastMessage(), "info: save parameter succeed");
     });
     tour.picture("process-setting-saved");

@@ -7,6 +7,7 @@ class Tour;
 // The walk, in its order; each of these stands in a file of its own.
 void firstStart(Tour &tour);
 void processSetting(Tour &tour);
+void processConfiguration(Tour &tour);
 void restart(Tour &tour);
 void linkDown(Tour &tour);
 void hostPages(Tour &tour);
