@@ -52,7 +52,7 @@ Robot::Robot(Cell &cell, Registry &registry)
 
 Reply Robot::position(const QVariant &parameters) const
 {
-    const Reply wanted = checked(parameters, {text("tool"), text("wobj")}, Missing::Refused);
+    Reply wanted = checked(parameters, {text("tool"), text("wobj")}, Missing::Refused);
     if (!wanted.ok())
         return wanted;
     Frame tip, base;
