@@ -24,7 +24,7 @@ class MovePropertyForm : public PropertyForm
     Q_OBJECT
 public:
     MovePropertyForm(welmo::line::Instruction instruction, QWidget *parent);
-    void FillWith(const QString &line) override;
+    void FillWith(const QString &text) override;
     QString ToString() override;
 
 private:
