@@ -1,5 +1,6 @@
 #include <QLabel>
 
+#include "tour/pages.h"
 #include "tour/steps.h"
 #include "tour/tour.h"
 
@@ -9,6 +10,7 @@ void linkDown(Tour &tour)
 {
     auto &pendant = tour.pendant();
     tour.step("link down, Save is refused", [&] {
+        openSubPage(pendant, "Process Setting");
         pendant.click("btnLink");
         pendant.waitDisconnected();
         Tour::require(pendant.find<QLabel>("lblLinkState")->text(), "Link off");
