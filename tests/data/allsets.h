@@ -11,14 +11,13 @@ struct SetUnderTest
 {
     QString name;
     welmo::FieldTable *fields;
-    kelp::ModuleObject *defaults; ///< the default node as this form wrote it
     std::shared_ptr<QObject> form;
 };
 
-/// Every set of every form; a set that is added to a form's table is in here by itself.
+/// Every set of every form. A row that is added to a form's table is in here by itself.
 std::vector<SetUnderTest> allSets(QWidget *window);
 
-/// What a control holds, as it is to be stored; the way in which an operator changes it.
+/// What a control holds, as it is to be stored; and the way in which an operator changes it.
 QVariant shownBy(const welmo::Field &field);
 void edit(const welmo::Field &field, const QVariant &value);
 /// Values that the control offers: both ends of a range, every item, on and off. Empty for a kind
