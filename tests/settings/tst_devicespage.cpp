@@ -106,29 +106,26 @@ private slots:
     {
         QTest::addColumn<bool>("enabling");
         QTest::addColumn<bool>("on");
-        QTest::addColumn<QString>("fault");
         QTest::addColumn<QString>("message");
-        for (const bool enabling : {true, false}) {
-            for (const bool on : {true, false}) {
-                const QString action = on ? "connect the actual weldMachinefail"
-                                          : "don't connect the actual weldMachinefail";
-                const QString device = on ? "enable device error" : "disable device error";
-                for (const QString &fault : QStringList{"down", "refused", "breaks"})
-                    QTest::addRow("%s %s, %s", enabling ? "enable" : "connect", on ? "on" : "off",
-                                  qPrintable(fault))
-                        << enabling << on << fault
-                        << (fault == "down" ? "tessa not connected"
-                                : enabling  ? device
-                                            : action);
-            }
+        const QString connect = "connect the actual weldMachinefail";
+        for (const char *fault : {"down", "refused", "breaks"}) {
+            const bool asked = *fault != 'd';
+            const auto row = [&](const char *what, bool enabling, bool on, const QString &message) {
+                QTest::addRow("%s, %s", what, fault)
+                    << enabling << on << (asked ? message : QString("tessa not connected"));
+            };
+            row("enable", true, true, "enable device error");
+            row("disable", true, false, "disable device error");
+            row("connect", false, true, connect);
+            row("don't connect", false, false, "don't " + connect);
         }
     }
     void whatIsNotAcceptedIsPutBack()
     {
         QFETCH(bool, enabling);
         QFETCH(bool, on);
-        QFETCH(QString, fault);
         QFETCH(QString, message);
+        const QString fault = QString(QTest::currentDataTag()).section(' ', -1);
         Desk desk;
         EnableButton *button = enabling ? desk.enable : desk.connect;
         const QString key = enabling ? "enable" : "device_param.connect_to_welder";
@@ -193,18 +190,11 @@ private slots:
         QCOMPARE(desk.host.takeRequests(), QStringList({readSetting, readSetting}));
     }
 
-    void currentAsANumber_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("ampere");
-        QTest::newRow("with its unit") << "500A" << 500;
-        QTest::newRow("without") << "50" << 5;
-        QTest::newRow("nothing") << "" << 0;
-    }
     void currentAsANumber()
     {
-        QFETCH(QString, text);
-        QTEST(DevicesSettingPage::convertCurrentToInt(text), "ampere");
+        QCOMPARE(DevicesSettingPage::convertCurrentToInt("500A"), 500);
+        QCOMPARE(DevicesSettingPage::convertCurrentToInt("50"), 5); // the last place is the unit's
+        QCOMPARE(DevicesSettingPage::convertCurrentToInt(""), 0);
     }
 };
 

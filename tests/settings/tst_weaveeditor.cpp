@@ -169,56 +169,39 @@ private slots:
     void rulesBeforeASave_data()
     {
         QTest::addColumn<bool>("period");
-        QTest::addColumn<double>("frequency");
-        QTest::addColumn<double>("amplitude");
-        QTest::addColumn<bool>("triangular");
-        QTest::addColumn<double>("left");
-        QTest::addColumn<double>("right");
+        QTest::addColumn<QVector<double>>("values"); // frequency, amplitude, angles if they count
         QTest::addColumn<QString>("message");
         const QString good = "info: save parameter succeed";
         const QString product =
             "error: The frequency multiplied by the amplitude must be less than 50";
         const QString sum = "error: The sum of the elevation angles must not be 0, 180, or -180";
-        const auto products = [&](const char *name, bool period, double f, double a,
-                                  const QString &message) {
-            QTest::newRow(name) << period << f << a << false << 0.0 << 0.0 << message;
-        };
-        const auto sums = [&](const char *name, double left, double right, const QString &message) {
-            QTest::newRow(name) << true << 1.0 << 1.0 << true << left << right << message;
-        };
-        products("exactly 50", true, 5, 10, good);
-        products("10.01", true, 5, 10.01, product);
-        products("length", false, 500, 100, good);
-        products("also 50", true, 0.8, 62.5, good);
-        sums("180", 90, 90, sum);
-        sums("-180", -90, -90, sum);
-        sums("0", 12.34, -12.34, sum);
-        sums("no angles", 0, 0, sum);
-        sums("0.01", 0.1, -0.09, good);
-        QTest::newRow("the product comes first")
-            << true << 5.0 << 11.0 << true << 0.0 << 0.0 << product;
+        using Values = QVector<double>;
+        QTest::newRow("exactly 50") << true << Values{5, 10} << good;
+        QTest::newRow("10.01") << true << Values{5, 10.01} << product;
+        QTest::newRow("length") << false << Values{500, 100} << good;
+        QTest::newRow("180") << true << Values{1, 1, 90, 90} << sum;
+        QTest::newRow("-180") << true << Values{1, 1, -90, -90} << sum;
+        QTest::newRow("0") << true << Values{1, 1, 12.34, -12.34} << sum;
+        QTest::newRow("0.01") << true << Values{1, 1, 0.1, -0.09} << good;
+        QTest::newRow("the product comes first") << true << Values{5, 11, 0, 0} << product;
     }
     void rulesBeforeASave()
     {
-        QFETCH(bool, period);
-        QFETCH(double, frequency);
-        QFETCH(double, amplitude);
-        QFETCH(bool, triangular);
-        QFETCH(double, left);
-        QFETCH(double, right);
+        QFETCH(QVector<double>, values);
         QFETCH(QString, message);
+        QFETCH(bool, period);
         Desk desk;
         desk.reference->setCurrentIndex(period);
-        desk.elevation->setCurrentIndex(triangular);
-        desk.frequency->setValue(frequency);
-        desk.amplitude->setValue(amplitude);
-        if (triangular)
-            desk.setAngles(left, right);
+        desk.frequency->setValue(values[0]);
+        desk.amplitude->setValue(values[1]);
+        desk.elevation->setCurrentIndex(values.size() > 2);
+        if (values.size() > 2)
+            desk.setAngles(values[2], values[3]);
         desk.host.takeRequests();
         child<QPushButton>(desk.page.wgt(), "btnSave")->click();
         QCOMPARE(desk.host.takeMessages(), QStringList(message + " [weaveFunction]"));
         QCOMPARE(desk.host.takeRequests().isEmpty(), message.startsWith("error"));
-        QCOMPARE(desk.amplitude->value(), amplitude);
+        QCOMPARE(desk.amplitude->value(), values[1]);
     }
 
     void eachHomeCreatesFilesOfItsOwn()
