@@ -95,10 +95,10 @@ int Controller::paceMs() const
     return pace;
 }
 
-void Controller::beat(qint64 time, bool keyHeld)
+void Controller::beat(qint64 time, int press)
 {
     tick(); // a beat does not make up for the ones before it
-    m_hold.beat(time, keyHeld);
+    m_hold.beat(time, press);
     tick();
 }
 

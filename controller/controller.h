@@ -30,9 +30,9 @@ public:
     bool isBusy() const;
     int paceMs() const;
 
-    /// A pendant was alive at @p time of the clock, with a key held or with none. Wanted every
-    /// 25 ms: what is held stops at most 100 ms after the last one.
-    void beat(qint64 time, bool keyHeld);
+    /// A pendant was alive at @p time of the clock, with the key of that press held; see HoldToRun.
+    /// Wanted every 25 ms: what is held stops at most 100 ms after the last one.
+    void beat(qint64 time, int press);
     /// The session with the pendant is over: what is held stops now.
     void losePendant();
 

@@ -2,26 +2,22 @@
 
 namespace controller {
 
-void HoldToRun::beat(qint64 time, bool keyHeld)
+void HoldToRun::beat(qint64 time, int press)
 {
     m_lastBeat = time;
-    m_keyHeld = keyHeld;
-    // Releases can get lost on the way; a hand that is off all keys cannot.
-    if (!keyHeld)
-        m_spent.clear();
+    m_press = press;
+    // A pendant that starts anew may count from the beginning; it starts with no key held.
+    if (press == noPress)
+        m_used = noPress;
 }
 
-Reply HoldToRun::press(const QString &key, qint64 now)
+Reply HoldToRun::start(qint64 now)
 {
-    // The last beat is older than this press and may not know of it.
-    m_keyHeld = true;
     QString reason = failure(now);
-    if (reason.isEmpty() && m_spent.contains(key))
+    if (reason.isEmpty() && m_press == m_used)
         reason = QStringLiteral("the same press again");
-    if (reason.isEmpty())
-        return {};
-    spend(key);
-    return Reply::refused(WrongState, reason);
+    m_used = m_press;
+    return reason.isEmpty() ? Reply{} : Reply::refused(WrongState, reason);
 }
 
 QString HoldToRun::failure(qint64 now) const
@@ -30,7 +26,7 @@ QString HoldToRun::failure(qint64 now) const
         return QStringLiteral("pendant lost");
     if (now - *m_lastBeat >= beatCountsMs)
         return QStringLiteral("no heartbeat");
-    return m_keyHeld ? QString() : QStringLiteral("no key held");
+    return m_press == noPress ? QStringLiteral("no key held") : QString();
 }
 
 } // namespace controller

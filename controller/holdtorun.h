@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QSet>
-#include <QString>
 #include <optional>
 
 #include "controller/request.h"
@@ -10,7 +8,7 @@ namespace controller {
 
 /// Whether what a key moves may go on moving. A pendant proves by its beats that it is alive and
 /// that a hand is on a key; it is believed for a moment after each beat, no longer. Every press
-/// gets one chance: what was refused or stopped needs the key to come up before it moves again.
+/// gets one chance: after a refusal or a stop it takes a fresh one.
 ///
 /// This keeps a wire from running away from a dead pendant. It is no safety function: enabling
 /// switch and emergency stop are hardware.
@@ -21,25 +19,24 @@ public:
     /// every paceMs all stands still 100 ms after the last one.
     static constexpr int beatCountsMs = 80;
     static constexpr int paceMs = 10;
+    static constexpr int noPress = 0;
 
-    /// The pendant was alive at @p time, with a key held or with none.
-    void beat(qint64 time, bool keyHeld);
+    /// The pendant was alive at @p time. @p press is noPress while no key is held, otherwise the
+    /// number of the last press, another one for each.
+    void beat(qint64 time, int press);
     /// There is no pendant any more, until the next beat.
     void losePendant() { m_lastBeat.reset(); }
 
-    /// May @p key start what it moves? A refusal uses the press up.
-    Reply press(const QString &key, qint64 now);
-    void release(const QString &key) { m_spent.remove(key); }
-    /// What @p key moves stands still, though the key is down.
-    void spend(const QString &key) { m_spent.insert(key); }
-
+    /// May a key start what it moves? Not before a beat has told of its press, so that an old
+    /// command finds no hand on the key. Uses the press up, whatever the answer.
+    Reply start(qint64 now);
     /// Why what is held has to stop now; empty while a living pendant holds a key.
     QString failure(qint64 now) const;
 
 private:
     std::optional<qint64> m_lastBeat;
-    bool m_keyHeld = false;
-    QSet<QString> m_spent; // keys that have to come up first
+    int m_press = noPress;
+    int m_used = noPress;
 };
 
 } // namespace controller

@@ -69,7 +69,6 @@ Reply WireAndGas::moveWire(const Request &request)
         return startByKey(back ? Wire::Retracting : Wire::Feeding, request.key);
     if (m_mover == request.key)
         stopWire(request.key);
-    m_hold.release(request.key);
     return {};
 }
 
@@ -77,13 +76,12 @@ Reply WireAndGas::startByKey(Wire direction, const QString &key)
 {
     if (m_mover == key)
         return {};
+    const Reply held = m_hold.start(m_cell.now());
     Reply reply = mayMove();
     if (reply.ok())
-        reply = m_hold.press(key, m_cell.now());
+        reply = held;
     if (reply.ok())
         setMoving(direction, key);
-    else
-        m_hold.spend(key);
     return reply;
 }
 
@@ -120,7 +118,6 @@ void WireAndGas::stopWire(const QString &cause)
 {
     if (m_wire == Wire::Still || cause.isEmpty())
         return;
-    m_hold.spend(m_mover);
     m_wire = Wire::Still;
     m_mover.clear();
     m_cell.record(Event::WireStops, cause);

@@ -68,10 +68,10 @@ void EmbeddedLink::close()
     post([farEnd = m_farEnd] { farEnd->leave(); });
 }
 
-void EmbeddedLink::beat(bool keyHeld)
+void EmbeddedLink::beat(int press)
 {
     if (isUp())
-        m_farEnd->beat(m_session, keyHeld);
+        m_farEnd->beat(m_session, press);
 }
 
 void EmbeddedLink::greet()

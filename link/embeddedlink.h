@@ -36,7 +36,7 @@ public:
     void open() override;
     void close() override;
     bool isUp() const override { return m_state == State::Up; }
-    void beat(bool keyHeld) override;
+    void beat(int press) override;
 
     /// The switches of what can go wrong; owned by the link.
     controller::Faults *faults() { return &m_faults; }

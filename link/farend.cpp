@@ -80,10 +80,10 @@ void FarEnd::endSession()
         m_controller->losePendant();
 }
 
-void FarEnd::beat(int session, bool keyHeld)
+void FarEnd::beat(int session, int press)
 {
     const QMutexLocker lock(&m_beatMutex);
-    m_beat = Beat{session, m_clock(), keyHeld};
+    m_beat = Beat{session, m_clock(), press};
 }
 
 void FarEnd::takeBeat()
@@ -94,7 +94,7 @@ void FarEnd::takeBeat()
         beat.swap(m_beat);
     }
     if (beat && m_controller && beat->session == m_session)
-        m_controller->beat(beat->time, beat->keyHeld);
+        m_controller->beat(beat->time, beat->press);
 }
 
 bool FarEnd::isReady()

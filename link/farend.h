@@ -35,9 +35,9 @@ public:
     /// Carries out what has become due; by itself while something goes on.
     void tick();
 
-    /// The pendant of the session is alive, with a key held or with none. Any thread; costs next to
-    /// nothing and never queues: a slow far end finds the newest beat only.
-    void beat(int session, bool keyHeld);
+    /// The pendant of the session is alive, see tessa::ControllerLink::beat(). Any thread; costs
+    /// next to nothing and never queues: a slow far end finds the newest beat only.
+    void beat(int session, int press);
 
 signals:
     void greeted(int session);
@@ -59,7 +59,7 @@ private:
     {
         int session;
         qint64 time;
-        bool keyHeld;
+        int press;
     };
 
     bool isReady();

@@ -54,12 +54,12 @@ struct ControllerBench
             controller.tick();
         }
     }
-    /// Time passes on a living pendant with a key held, or with none.
-    void live(int ms, bool keyHeld)
+    /// Time passes on a living pendant with the key of that press held, or with none.
+    void live(int ms, int press)
     {
         constexpr int beatMs = 25;
-        controller.beat(now, keyHeld);
-        for (const qint64 end = now + ms; now < end; controller.beat(now, keyHeld))
+        controller.beat(now, press);
+        for (const qint64 end = now + ms; now < end; controller.beat(now, press))
             pass(int(qMin<qint64>(beatMs, end - now)));
     }
     /// The values last told of @p path; invalid when there were none.

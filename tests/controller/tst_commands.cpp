@@ -306,14 +306,15 @@ void tst_Commands::singleSets()
 void tst_Commands::wireMovesWhileHeld()
 {
     ControllerBench bench;
-    bench.live(0, true);
+    bench.live(0, 1);
     QCOMPARE(bench.run(wireFeed, feed(true), "wire_feel").code, int(Ok));
     QCOMPARE(bench.run(wireFeed, feed(true), "wire_feel").code, int(Ok)); // a repeated request
     QCOMPARE(bench.run(wireFeed, reverse(true), "wire_feel_back").code, int(WrongState));
     QCOMPARE(bench.run(wireFeed, reverse(false), "wire_feel_back").code, int(Ok));
     QCOMPARE(bench.events(), QVector<Event>{Event::WireFeeds});
-    bench.live(700, true);
+    bench.live(700, 1);
     QCOMPARE(bench.run(wireFeed, feed(false), "wire_feel").code, int(Ok));
+    bench.live(0, 2);
     QCOMPARE(bench.run(wireFeed, reverse(true), "wire_feel_back").code, int(Ok));
     QCOMPARE(bench.run(wireFeed, reverse(false), "wire_feel_back").code, int(Ok));
     QCOMPARE(bench.events(),
@@ -366,7 +367,7 @@ void tst_Commands::wireStopsByItself()
 {
     QFETCH(int, fault);
     ControllerBench bench;
-    bench.live(0, true);
+    bench.live(0, 1);
     QCOMPARE(bench.run(wireFeed, feed(true), "wire_feel").code, int(Ok));
     bench.faults.set(Fault(fault), true);
     bench.controller.tick();

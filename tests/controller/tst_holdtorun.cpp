@@ -12,13 +12,30 @@ namespace {
 constexpr char wireFeed[] = "arc_weld.wire_feed";
 constexpr int lastBeatToStill = 100; // the longest that wire moves after a beat
 
-/// A bench with the two wire keys of a pendant.
+/// A pendant with the two wire keys.
 struct Keys : ControllerBench
 {
+    int presses = 0;
+    bool held = false;
+
+    void live(int ms) { ControllerBench::live(ms, held ? presses : 0); }
+    /// The commands as such.
     int feed(bool down) { return run(wireFeed, QVariantMap{{"feed", down}}, "wire_feel").code; }
     int back(bool down)
     {
         return run(wireFeed, QVariantMap{{"reverse", down}}, "wire_feel_back").code;
+    }
+    /// The key goes down; the command is still to come.
+    void press()
+    {
+        ++presses;
+        held = true;
+        live(0);
+    }
+    int pressFeed()
+    {
+        press();
+        return feed(true);
     }
     bool moves() const
     {
@@ -50,15 +67,15 @@ private slots:
     void refusedPressIsUsedUp();
     void beatsComeTooLate();
     void releaseNeedsNoBeat();
-    void spentKeyLeavesTheOtherAlone();
+    void onePressOneStart();
+    void newPendantCountsAnew();
 };
 
 void tst_HoldToRun::movesWhileAliveAndHeld()
 {
     Keys bench;
-    bench.live(0, true);
-    QCOMPARE(bench.feed(true), int(Ok));
-    bench.live(5000, true);
+    QCOMPARE(bench.pressFeed(), int(Ok));
+    bench.live(5000);
     QVERIFY(bench.moves());
     QCOMPARE(bench.feed(false), int(Ok));
     QCOMPARE(bench.lastCause(), QString("wire_feel"));
@@ -69,10 +86,12 @@ void tst_HoldToRun::startNeedsALivingPendant()
 {
     Keys bench;
     QCOMPARE(bench.feed(true), int(WrongState)); // never heard of one
-    QCOMPARE(bench.feed(false), int(Ok));
-    bench.live(0, true);
+    bench.press();
     bench.pass(lastBeatToStill);
     QCOMPARE(bench.feed(true), int(WrongState)); // heard of it too long ago
+    bench.held = false;
+    bench.live(0);
+    QCOMPARE(bench.feed(true), int(WrongState)); // alive, but no hand is on a key
     QVERIFY(bench.events().isEmpty());
 }
 
@@ -85,7 +104,8 @@ void tst_HoldToRun::stopsByItself_data()
     QTest::newRow("pendant lost") << Step([](Keys &b) { b.controller.losePendant(); })
                                   << "pendant lost" << 0;
     QTest::newRow("hand off the keys, release lost")
-        << Step([](Keys &b) { b.controller.beat(b.now, false); }) << "no key held" << 0;
+        << Step([](Keys &b) { b.controller.beat(b.now, HoldToRun::noPress); }) << "no key held"
+        << 0;
     QTest::newRow("welder error") << Step([](Keys &b) { b.faults.set(Fault::WelderError, true); })
                                   << "welder error" << 10;
     QTest::newRow("wire stuck") << Step([](Keys &b) { b.faults.set(Fault::WireStuck, true); })
@@ -98,9 +118,9 @@ void tst_HoldToRun::stopsByItself()
     QFETCH(QString, cause);
     QFETCH(int, within);
     Keys bench;
-    bench.live(0, true);
+    bench.press();
     QCOMPARE(bench.back(true), int(Ok));
-    bench.live(500, true);
+    bench.live(500);
     const qint64 lastBeat = bench.now;
     trouble(bench);
     bench.pass(1000);
@@ -116,12 +136,12 @@ void tst_HoldToRun::onlyAFreshPressStarts_data()
     QTest::newRow("pendant lost") << Step([](Keys &b) { b.controller.losePendant(); });
     QTest::newRow("welder error") << Step([](Keys &b) {
         b.faults.set(Fault::WelderError, true);
-        b.live(50, true);
+        b.live(50);
         b.faults.clear();
     });
     QTest::newRow("wire stuck") << Step([](Keys &b) {
         b.faults.set(Fault::WireStuck, true);
-        b.live(50, true);
+        b.live(50);
         b.faults.clear();
     });
 }
@@ -131,22 +151,18 @@ void tst_HoldToRun::onlyAFreshPressStarts()
     QFETCH(Step, stop);
     Keys bench;
     for (const bool releaseArrives : {true, false}) {
-        bench.live(0, true);
-        QCOMPARE(bench.feed(true), int(Ok));
-        bench.live(100, true);
+        QCOMPARE(bench.pressFeed(), int(Ok));
+        bench.live(100);
         stop(bench);
         QVERIFY(!bench.moves());
-        bench.live(500, true); // alive again, the key still down
+        bench.live(500); // alive again, the key still down
         QVERIFY(!bench.moves());
         QCOMPARE(bench.feed(true), int(WrongState)); // the same press, repeated
         QCOMPARE(bench.feed(true), int(WrongState));
         if (releaseArrives)
             QCOMPARE(bench.feed(false), int(Ok));
-        else
-            bench.live(25, false);
         QVERIFY(!bench.moves());
-        bench.live(0, true);
-        QCOMPARE(bench.feed(true), int(Ok)); // fresh
+        QCOMPARE(bench.pressFeed(), int(Ok));
         QCOMPARE(bench.feed(false), int(Ok));
     }
 }
@@ -157,41 +173,41 @@ void tst_HoldToRun::refusedPressIsUsedUp_data()
     QTest::newRow("welder error") << Step([](Keys &b) { b.faults.set(Fault::WelderError, true); });
     QTest::newRow("wire stuck") << Step([](Keys &b) { b.faults.set(Fault::WireStuck, true); });
     QTest::newRow("no beats") << Step([](Keys &b) { b.pass(200); });
-    QTest::newRow("the other key first") << Step([](Keys &b) { b.back(true); });
+    QTest::newRow("the other key first") << Step([](Keys &b) {
+        b.back(true);
+        b.press();
+    });
 }
 
 void tst_HoldToRun::refusedPressIsUsedUp()
 {
     QFETCH(Step, before);
     Keys bench;
-    bench.live(0, true);
+    bench.press();
     before(bench);
     QVERIFY(bench.feed(true) != Ok);
     bench.faults.clear();
     bench.back(false);
-    bench.live(100, true);
+    bench.live(100);
     QCOMPARE(bench.feed(true), int(WrongState));
     QVERIFY(!bench.moves());
-    bench.feed(false);
-    QCOMPARE(bench.feed(true), int(Ok));
+    QCOMPARE(bench.pressFeed(), int(Ok));
 }
 
 // The controller was busy elsewhere: the beat that it finds does not excuse the ones it missed.
 void tst_HoldToRun::beatsComeTooLate()
 {
     Keys bench;
-    bench.live(0, true);
-    QCOMPARE(bench.feed(true), int(Ok));
+    QCOMPARE(bench.pressFeed(), int(Ok));
     bench.now += lastBeatToStill;
-    bench.controller.beat(bench.now, true);
+    bench.live(0);
     QVERIFY(!bench.moves());
 }
 
 void tst_HoldToRun::releaseNeedsNoBeat()
 {
     Keys bench;
-    bench.live(0, true);
-    QCOMPARE(bench.feed(true), int(Ok));
+    QCOMPARE(bench.pressFeed(), int(Ok));
     bench.pass(40);
     QCOMPARE(bench.feed(false), int(Ok));
     QCOMPARE(bench.lastCause(), QString("wire_feel"));
@@ -200,16 +216,26 @@ void tst_HoldToRun::releaseNeedsNoBeat()
     QCOMPARE(bench.events().size(), 2);
 }
 
-void tst_HoldToRun::spentKeyLeavesTheOtherAlone()
+void tst_HoldToRun::onePressOneStart()
 {
     Keys bench;
-    bench.live(0, true);
-    QCOMPARE(bench.feed(true), int(Ok));
-    bench.pass(200);
-    bench.live(0, true);
+    QCOMPARE(bench.pressFeed(), int(Ok));
+    bench.feed(false);
+    QCOMPARE(bench.back(true), int(WrongState)); // an old command while the key is still down
+    bench.press();
     QCOMPARE(bench.back(true), int(Ok));
-    QCOMPARE(bench.back(false), int(Ok));
-    QCOMPARE(bench.feed(true), int(WrongState));
+}
+
+void tst_HoldToRun::newPendantCountsAnew()
+{
+    Keys bench;
+    QCOMPARE(bench.pressFeed(), int(Ok));
+    bench.controller.losePendant();
+    bench.held = false;
+    bench.presses = 0;
+    bench.live(100);
+    QCOMPARE(bench.pressFeed(), int(Ok));
+    QCOMPARE(bench.presses, 1);
 }
 
 QTEST_GUILESS_MAIN(tst_HoldToRun)

@@ -35,7 +35,7 @@ public:
     void open() override { opened = true; }
     void close() override { setUp(false); }
     bool isUp() const override { return up; }
-    void beat(bool keyHeld) override { beats.append(keyHeld); }
+    void beat(int press) override { beats.append(press != 0); }
 
     void setUp(bool on)
     {

@@ -44,8 +44,10 @@ Host::Host(const HostOptions &options)
     connect(&m_service, &XService::connectedChanged, this, &Host::onConnectedChanged);
     // A press that waited for a busy GUI thread comes before the beat that is due.
     connect(&m_keys, &PhysicalKeys::heldChanged, this, [this](int, bool held) {
-        if (held)
-            beat();
+        if (!held)
+            return;
+        ++m_presses;
+        beat();
     });
     connect(m_helper.themeManager(), &ThemeManager::problem, this, &Host::reportProblem);
     if (!QFileInfo(options.dataFolder).isWritable())
@@ -97,7 +99,7 @@ void Host::onConnectedChanged(bool connected)
 void Host::beat()
 {
     if (m_link)
-        m_link->beat(isAnyHeld(m_keys));
+        m_link->beat(isAnyHeld(m_keys) ? m_presses : 0);
 }
 
 void Host::reportProblem(const QString &line)

@@ -51,11 +51,12 @@ public:
     /// Takes the link down and leaves it down.
     virtual void close() = 0;
     virtual bool isUp() const = 0;
-    /// Proves to the controller that the pendant is alive, and says whether one of its keys is
-    /// held. Given by the GUI thread every 25 ms while connected; returns at once, and is lost
-    /// while the link is down. What a key moves stops at most 100 ms after the last beat, and when
-    /// a beat says that no key is held. A link to what moves nothing by keys may do without.
-    virtual void beat(bool keyHeld) { Q_UNUSED(keyHeld) }
+    /// Proves to the controller that the pendant is alive. @p press is 0 while no key is held,
+    /// otherwise the number of the last press, another one for each. Given by the GUI thread every
+    /// 25 ms while connected, and when a key goes down, before its command; returns at once, and is
+    /// lost while the link is down. What a key moves stops at most 100 ms after the last beat, and
+    /// when a beat says 0. A link to what moves nothing by keys may do without.
+    virtual void beat(int press) { Q_UNUSED(press) }
 
 signals:
     /// The session with the controller was set up, or is gone. Delivered on the GUI thread, never
