@@ -1,10 +1,54 @@
 #include <QSignalSpy>
 #include <QtTest>
+#include <algorithm>
 #include <thread>
 
 #include "tessa/notificationqueue.h"
 
 using tessa::NotificationQueue;
+
+namespace {
+
+constexpr int interval = NotificationQueue::intervalMs;
+const QString node = QStringLiteral("arc_weld.welder_state");
+
+/// A queue with a clock that stands still until the test turns it.
+struct Bench
+{
+    qint64 now = 0;
+    NotificationQueue queue{nullptr, [this] { return now; }};
+    QVector<QPair<QString, QVariant>> delivered;
+
+    Bench()
+    {
+        QObject::connect(&queue, &NotificationQueue::delivered,
+                         [this](const QString &path, const QVariant &values) {
+                             delivered.append({path, values});
+                         });
+    }
+    QVariant last() const { return delivered.isEmpty() ? QVariant() : delivered.last().second; }
+    /// Everything that waits, interval by interval.
+    void deliverAll()
+    {
+        int before = -1;
+        while (before != delivered.size()) {
+            before = delivered.size();
+            turn();
+        }
+    }
+    /// The next interval, and what is handed on in it.
+    void turn()
+    {
+        now += interval;
+        queue.push(QStringLiteral("wake"), {}); // its timer would do the same, in real time
+        QCoreApplication::processEvents();
+        delivered.erase(std::remove_if(delivered.begin(), delivered.end(),
+                                       [](const auto &entry) { return entry.first == "wake"; }),
+                        delivered.end());
+    }
+};
+
+} // namespace
 
 /// tessa: the pace at which a controller's notifications reach the pages.
 class tst_NotificationQueue : public QObject
@@ -15,8 +59,12 @@ private slots:
     void nothingComesFromInsideAPush();
     void numbersAreMergedAndEventsKept_data();
     void numbersAreMergedAndEventsKept();
-    void aFloodIsBoundedAndEndsWithItsLastValue();
     void clearingForgetsWhatWaits();
+    void eachNodeHasItsPace();
+    void nodesDoNotWaitForEachOther();
+    void whatWaitsComesByItself();
+    void boundMergesTheOldest();
+    void floodFromAnotherThread();
 };
 
 void tst_NotificationQueue::nothingComesFromInsideAPush()
@@ -70,20 +118,6 @@ void tst_NotificationQueue::numbersAreMergedAndEventsKept()
     QCOMPARE(seen, delivered);
 }
 
-void tst_NotificationQueue::aFloodIsBoundedAndEndsWithItsLastValue()
-{
-    NotificationQueue queue;
-    QVariantList seen;
-    connect(&queue, &NotificationQueue::delivered, this,
-            [&](const QString &, const QVariant &values) { seen.append(values); });
-    const int flood = 3 * NotificationQueue::capacity;
-    for (int i = 1; i <= flood; ++i)
-        queue.push("node", QVariantMap{{"word", QString::number(i)}});
-    const QVariant last = QVariantMap{{"word", QString::number(flood)}};
-    QTRY_VERIFY_WITH_TIMEOUT(!seen.isEmpty() && seen.last() == last, 60000);
-    QCOMPARE(seen.size(), int(NotificationQueue::capacity));
-}
-
 void tst_NotificationQueue::clearingForgetsWhatWaits()
 {
     NotificationQueue queue;
@@ -93,6 +127,99 @@ void tst_NotificationQueue::clearingForgetsWhatWaits()
     queue.push("node", 2);
     QTRY_COMPARE(spy.count(), 1);
     QCOMPARE(spy.at(0).at(1), QVariant(2));
+}
+
+void tst_NotificationQueue::eachNodeHasItsPace()
+{
+    Bench bench;
+    const auto flood = [&bench](int from) {
+        for (int i = 0; i < 1000; ++i) {
+            bench.queue.push(node, QVariantMap({{"current", from + i}}));
+            if (i % 10 == 0)
+                QCoreApplication::processEvents();
+        }
+        QCoreApplication::processEvents();
+    };
+    for (int turn = 0; turn < 5; ++turn) {
+        flood(turn * 1000);
+        QCOMPARE(bench.delivered.size(), turn + 1);
+        bench.now += interval - 1;
+        flood(turn * 1000);
+        QCOMPARE(bench.delivered.size(), turn + 1);
+        bench.now += 1;
+    }
+    flood(7000);
+    QCOMPARE(bench.delivered.size(), 6);
+    bench.deliverAll();
+    QCOMPARE(bench.last(), QVariant(QVariantMap({{"current", 7999}}))); // the last value arrives
+}
+
+void tst_NotificationQueue::nodesDoNotWaitForEachOther()
+{
+    Bench bench;
+    bench.queue.push("a", QVariantMap({{"x", 1}}));
+    bench.queue.push("b", QVariantMap({{"x", 2}}));
+    QCoreApplication::processEvents();
+    QCOMPARE(bench.delivered.size(), 2);
+    bench.queue.push("a", QVariantMap({{"x", 3}}));
+    bench.queue.push("c", QVariantMap({{"x", 4}}));
+    QCoreApplication::processEvents();
+    QCOMPARE(bench.delivered.size(), 3);
+    QCOMPARE(bench.delivered.last().first, QString("c"));
+}
+
+// Nothing is pushed any more: the queue's own timer brings what waits.
+void tst_NotificationQueue::whatWaitsComesByItself()
+{
+    Bench bench;
+    bench.queue.push(node, QVariantMap({{"mode", "simu"}}));
+    bench.queue.push(node, QVariantMap({{"mode", "real"}}));
+    QCoreApplication::processEvents();
+    QCOMPARE(bench.delivered.size(), 1);
+    bench.now += interval;
+    QTRY_COMPARE(bench.delivered.size(), 2);
+    QCOMPARE(bench.last(), QVariant(QVariantMap({{"mode", "real"}})));
+}
+
+void tst_NotificationQueue::boundMergesTheOldest()
+{
+    Bench bench;
+    const int count = 3 * NotificationQueue::capacity;
+    for (int i = 0; i < count; ++i)
+        bench.queue.push(node,
+                         QVariantMap({{"mode", QString::number(i)}, {QString("key%1").arg(i), i}}));
+    bench.deliverAll();
+    QCOMPARE(bench.delivered.size(), NotificationQueue::capacity);
+    QCOMPARE(bench.last().toMap().value("mode"), QVariant(QString::number(count - 1)));
+    QCOMPARE(bench.delivered.first().second.toMap().size(),
+             1 + count - NotificationQueue::capacity
+                 + 1); // older keys are not lost, only their words
+}
+
+void tst_NotificationQueue::floodFromAnotherThread()
+{
+    constexpr int count = 100000;
+    Bench bench;
+    std::thread controller([&bench] {
+        for (int i = 1; i <= count; ++i)
+            bench.queue.push(node, QVariantMap({{"phase", QString::number(i)}, {"current", i}}));
+    });
+    controller.join();
+    bench.deliverAll();
+    QCOMPARE(bench.delivered.size(), NotificationQueue::capacity);
+    QCOMPARE(bench.last(),
+             QVariant(QVariantMap({{"phase", QString::number(count)}, {"current", count}})));
+
+    std::thread again([&bench] {
+        for (int i = 1; i <= count; ++i)
+            bench.queue.push(node, QVariantMap({{"current", -i}}));
+    });
+    int reached = 0; // also while they come in
+    while (bench.last().toMap().value("current") != QVariant(-count)) {
+        bench.turn();
+        QVERIFY(++reached < count);
+    }
+    again.join();
 }
 
 QTEST_GUILESS_MAIN(tst_NotificationQueue)

@@ -1,9 +1,11 @@
 #include "tessa/notificationqueue.h"
 
+#include <QElapsedTimer>
 #include <QMutexLocker>
 #include <QPair>
 #include <QVector>
 #include <limits>
+#include <utility>
 
 namespace tessa {
 
@@ -41,13 +43,20 @@ bool areMaps(const QVariant &a, const QVariant &b)
 
 } // namespace
 
-NotificationQueue::NotificationQueue(QObject *parent)
+NotificationQueue::NotificationQueue(QObject *parent, Clock clock)
     : QObject(parent)
+    , m_clock(std::move(clock))
 {
-    m_clock.start();
     m_pace.setSingleShot(true);
     m_pace.setTimerType(Qt::PreciseTimer);
     connect(&m_pace, &QTimer::timeout, this, &NotificationQueue::drain);
+}
+
+NotificationQueue::Clock NotificationQueue::steadyClock()
+{
+    QElapsedTimer timer;
+    timer.start();
+    return [timer] { return timer.elapsed(); };
 }
 
 void NotificationQueue::push(const QString &path, const QVariant &values)
@@ -91,7 +100,7 @@ void NotificationQueue::drain()
     {
         const QMutexLocker lock(&m_mutex);
         m_wakePosted = false;
-        const qint64 now = m_clock.elapsed();
+        const qint64 now = m_clock();
         for (auto it = m_nodes.begin(); it != m_nodes.end(); ++it) {
             Node &node = it.value();
             if (node.waiting.empty())

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QHash>
 #include <QMutex>
 #include <QObject>
 #include <QTimer>
 #include <QVariant>
 #include <deque>
+#include <functional>
 
 namespace tessa {
 
@@ -21,7 +21,10 @@ public:
     static constexpr int intervalMs = 34; ///< between two deliveries of one node
     static constexpr int capacity = 64; ///< waiting notifications of one node
 
-    explicit NotificationQueue(QObject *parent = nullptr);
+    /// Milliseconds that never go back.
+    using Clock = std::function<qint64()>;
+
+    explicit NotificationQueue(QObject *parent = nullptr, Clock clock = steadyClock());
 
     /// A notification came in; any thread.
     void push(const QString &path, const QVariant &values);
@@ -39,13 +42,14 @@ private:
         qint64 due = 0; ///< not before, in milliseconds of m_clock
     };
 
+    static Clock steadyClock();
     void drain();
     void append(Node &node, const QVariant &values);
 
     QMutex m_mutex;
     QHash<QString, Node> m_nodes;
     bool m_wakePosted = false;
-    QElapsedTimer m_clock;
+    Clock m_clock;
     QTimer m_pace;
 };
 
