@@ -2,17 +2,11 @@
 #include <array>
 
 #include "instructions/line/charactercheck.h"
-#include "instructions/line/fileline.h"
-#include "instructions/line/moveline.h"
 #include "instructions/line/normalform.h"
-#include "instructions/line/pointexpression.h"
-#include "instructions/line/timedline.h"
-#include "instructions/line/wordline.h"
 #include "randomtext.h"
+#include "readback.h"
 
 using namespace welmo::line;
-using Kind = PointExpression::Kind;
-using Spelling = PointExpression::Spelling;
 
 namespace {
 
@@ -38,10 +32,10 @@ QString randomWord(QRandomGenerator &random)
 
 QString randomPoint(QRandomGenerator &random)
 {
-    PointExpression point{Kind(random.bounded(3)), randomWord(random), {}};
+    PointExpression point{PointExpression::Kind(random.bounded(3)), randomWord(random), {}};
     for (int i = 0; i < PointExpression::numberCount(point.kind); ++i)
         point.numbers.append(randomNumber(random));
-    return point.format(Spelling(random.bounded(2)));
+    return point.format(PointExpression::Spelling(random.bounded(2)));
 }
 
 QString randomMove(QRandomGenerator &random, Instruction instruction)
@@ -78,67 +72,17 @@ QString randomLineOf(Instruction instruction, QRandomGenerator &random)
     }
 }
 
-QString pointAgain(const std::optional<Token> &token)
-{
-    const auto spelling = PointExpression::spellingOf(token->text);
-    return PointExpression::parse(token->text).format(spelling);
-}
-
-QString moveAgain(Instruction instruction, const QString &line)
-{
-    const MoveLine move = parseMoveLine(instruction, line);
-    if (!move.problems.isEmpty())
-        return "refused";
-    QStringList points;
-    if (move.aux)
-        points.append(pointAgain(move.aux));
-    points.append(pointAgain(move.target));
-    const QString weave =
-        move.weave ? CharacterCheck::checkQuotationMarks(move.weave->text) : noWeave;
-    return formatMoveLine(instruction, points,
-                          MoveParameters{move.speed->text, move.zone->text, move.tool->text,
-                                         move.wobj.value_or(Token{}).text, weave}
-                              .format());
-}
-
-// Read and written again, as a property form does it.
-QString again(Instruction instruction, const QString &line)
-{
-    switch (instruction) {
-    case Instruction::WMoveL:
-    case Instruction::WMoveC:
-        return moveAgain(instruction, line);
-    case Instruction::FeedOnWire:
-    case Instruction::FeedBackWire:
-    case Instruction::DetectGas:
-        return formatTimedLine(instruction, parseTimedLine(instruction, line).seconds.value_or(-1));
-    case Instruction::WeaveOff:
-    case Instruction::SegOff:
-        return checkWordLine(instruction, line).isEmpty() ? line : "refused";
-    default:
-        QStringList files;
-        for (const auto &file : parseFileLine(instruction, line).files)
-            files.append(file.value_or("refused"));
-        return formatFileLine(instruction, files);
-    }
-}
-
-// Everything that reads a line; the problems' columns lie within it.
+// Every instruction's way to read a line; the problems' columns lie within it.
 template<typename Instructions>
 bool readEveryWay(const QString &line, const Instructions &instructions)
 {
     for (Instruction instruction : instructions) {
-        const Problems problems = parseFileLine(instruction, line).problems
-            + parseTimedLine(instruction, line).problems + checkWordLine(instruction, line)
-            + parseMoveLine(instruction, line).problems;
-        for (const Problem &problem : problems) {
+        for (const Problem &problem : readback::problems(instruction, line)) {
             if (problem.column < 1 || problem.column > qMax(1, line.size()))
                 return false;
         }
     }
-    splitPoint(line);
     readsAsWritten(line);
-    CharacterCheck::checkQuotationMarks(line);
     return true;
 }
 
@@ -149,12 +93,19 @@ class tst_AnyText : public QObject
 {
     Q_OBJECT
 private slots:
+    void initTestCase();
     void writtenReadAndWrittenAgain();
     void normalFormIsFinal();
     void garbage();
     void longLines_data();
     void longLines();
 };
+
+// As where the system forbids compiled expressions: there a careless one takes for ever.
+void tst_AnyText::initTestCase()
+{
+    qputenv("QT_ENABLE_REGEXP_JIT", "0");
+}
 
 void tst_AnyText::writtenReadAndWrittenAgain()
 {
@@ -163,7 +114,7 @@ void tst_AnyText::writtenReadAndWrittenAgain()
         for (Instruction instruction : everyInstruction) {
             const QString line = randomLineOf(instruction, random);
             QCOMPARE(classify(line), instruction);
-            QCOMPARE(again(instruction, line), line);
+            QCOMPARE(readback::again(instruction, line), line);
             QCOMPARE(normalForm(line), line);
         }
     }
@@ -185,7 +136,7 @@ void tst_AnyText::normalFormIsFinal()
         QCOMPARE(classify(normal), classify(line));
         QVERIFY2(readEveryWay(normal, everyInstruction), qPrintable(normal));
         const auto meaning = [](QString text) {
-            return again(classify(text), text.replace('\t', ' ').trimmed());
+            return readback::again(classify(text), text.replace('\t', ' ').trimmed());
         };
         QCOMPARE(meaning(normal), meaning(line));
     }
@@ -208,27 +159,20 @@ void tst_AnyText::longLines_data()
 {
     QTest::addColumn<QString>("piece");
     QTest::addColumn<QString>("head");
-    QTest::newRow("one word") << "a"
-                              << "";
-    QTest::newRow("open expressions") << "a("
-                                      << "WMoveL f(x) ";
-    QTest::newRow("empty expressions") << "a()"
-                                       << "";
-    QTest::newRow("opening parentheses") << "("
-                                         << "f(x)";
-    QTest::newRow("quotes") << "\""
-                            << "WeaveOn ";
-    QTest::newRow("separators") << " ,"
-                                << "ArcOn ";
-    QTest::newRow("words") << "ab "
-                           << "WMoveL ";
-    QTest::newRow("digits") << "9"
-                            << "FeedOnWire ";
-    QTest::newRow("closing far away") << "a"
-                                      << ")) (";
-    QTest::newRow("NUL") << QString(QChar(0)) << "";
-    QTest::newRow("letters outside ASCII") << "点"
-                                           << "WMoveL ";
+    QTest::addColumn<QString>("tail");
+    const auto row = [](const char *name, const QString &head, const QString &piece,
+                        const QString &tail = {}) { QTest::newRow(name) << piece << head << tail; };
+    row("one word", "", "a");
+    row("one word before nothing", "", "a", "()");
+    row("open expressions", "WMoveL f(x) ", "a(");
+    row("empty expressions", "", "a()");
+    row("opening parentheses", "f(x)", "(");
+    row("quotes", "WeaveOn ", "\"");
+    row("separators", "ArcOn ", " ,");
+    row("words", "WMoveL ", "ab ");
+    row("digits", "FeedOnWire ", "9");
+    row("NUL", "", QChar(0));
+    row("letters outside ASCII", "WMoveL ", "点");
 }
 
 // A megabyte; a time that grew with its square would end at the test's time limit.
@@ -236,8 +180,9 @@ void tst_AnyText::longLines()
 {
     QFETCH(QString, piece);
     QFETCH(QString, head);
-    const QString line = head + piece.repeated(1024 * 1024 / piece.size());
-    QVERIFY(readEveryWay(line, std::array{Instruction::SegOn}));
+    QFETCH(QString, tail);
+    const QString line = head + piece.repeated(1024 * 1024 / piece.size()) + tail;
+    QVERIFY(readEveryWay(line, std::array{Instruction::ArcOn, Instruction::WMoveL}));
     normalForm(line);
 }
 

@@ -1,10 +1,6 @@
 #include <QtTest>
 
-#include "instructions/line/fileline.h"
-#include "instructions/line/moveline.h"
-#include "instructions/line/pointexpression.h"
-#include "instructions/line/timedline.h"
-#include "instructions/line/wordline.h"
+#include "readback.h"
 
 using namespace welmo::line;
 using Kind = PointExpression::Kind;
@@ -32,14 +28,9 @@ class tst_InstructionLines : public QObject
 private slots:
     void classify_data();
     void classify();
-    void files_data();
-    void files();
-    void times_data();
-    void times();
+    void lines_data();
+    void lines();
     void timeIsWrittenWithSixDigits();
-    void words();
-    void moves_data();
-    void moves();
     void points_data();
     void points();
     void numbersFillUp();
@@ -75,145 +66,91 @@ void tst_InstructionLines::classify()
     QTEST(welmo::line::classify(line), "expected");
 }
 
-void tst_InstructionLines::files_data()
+// What is read and written again, and what is said.
+void tst_InstructionLines::lines_data()
 {
     QTest::addColumn<QString>("line");
-    QTest::addColumn<QStringList>("expected"); // "-": not recognised
+    QTest::addColumn<QString>("expected");
     QTest::addColumn<QString>("problems");
-    const auto row = [](const char *line, const QStringList &expected, const char *problems = "") {
-        QTest::newRow(line) << QString::fromUtf8(line) << expected << QString::fromUtf8(problems);
+    const auto row = [](const char *line, const char *expected, const char *problems = "") {
+        QTest::newRow(line) << line << expected << problems;
     };
-    row(R"(ArcOn "arcondata3", "arcdata40")", {"arcondata3", "arcdata40"});
-    row(R"(ArcOn "ARCONDATA3","ArcData40")", {"arcondata3", "arcdata40"});
-    row(R"(Anything "arcondata1" "arcdata1")", {"arcondata1", "arcdata1"});
-    row(R"(ArcOn "arcondata1","arcdata1";)", {"arcondata1", "arcdata1"});
-    row(R"(  ArcOn "arcondata1")", {"-", "-"}, "3: arcon tl command format error");
-    row(R"(ArcOn "arcondata1","arcdata1",1)", {"-", "-"}, "1: arcon tl command format error");
-    row(R"(ArcOn arcondata1,arcdata1)", {"-", "-"}, "7: arcondata format error");
+    row(R"(ArcOn "arcondata3", "arcdata40")", R"(ArcOn "arcondata3","arcdata40")");
+    row(R"(ArcOn "ARCONDATA3","ArcData40";)", R"(ArcOn "arcondata3","arcdata40")");
+    const char *arcOn = R"(ArcOn "-","-")";
+    row(R"(  ArcOn "arcondata1")", arcOn, "3: arcon tl command format error");
+    row(R"(ArcOn "arcondata1","arcdata1",1)", arcOn, "1: arcon tl command format error");
+    row(R"(ArcOn arcondata1,arcdata1)", arcOn, "7: arcondata format error");
     // Both arguments' quotes are looked at before the first name is looked up.
-    row(R"(ArcOn "arcondata3",arcdata1)", {"-", "-"}, "20: arcdata format error");
-    row(R"(ArcOn "arcondata41","arcdata1")", {"-", "-"}, "7: arcondata format error");
-    row(R"(ArcOn "arcondata03","arcdata1")", {"-", "-"}, "7: arcondata format error");
-    row(R"(ArcOn "","arcdata1")", {"-", "-"}, "7: arcondata format error");
-    row(R"(ArcOn "arcondata3", "arcdata0")", {"arcondata3", "-"}, "21: arcdata format error");
-    row(R"(ArcOff "ArcOffData1")", {"arcoffdata1"});
-    row(R"(ArcOff arcoffdata1)", {"-"}, "8: arcoffdata format error");
-    row(R"(ArcOff)", {"-"}, "1: arcoff tl command format error");
-    row(R"(ArcOff "arcdata1")", {"-"}, "8: arcoffdata format error");
-    row(R"(WeaveOn "weavedata7")", {"weavedata7"});
-    row(R"(WeaveOn "WeaveData7")", {"-"}, "9: weavedata format error");
-    row(R"(WeaveOn "weavedata41")", {"-"}, "9: weavedata format error");
-    row(R"(WeaveOn weavedata7)", {"-"}, "9: weavedata format error");
-    row(R"(WeaveOn "weavedata7" "x")", {"-"}, "1: weaveon tl command format error");
-    row(R"(SegOn "segdata40")", {"segdata40"});
-    row(R"(SegOn, ("segdata40");)", {"segdata40"});
-    row(R"(SegOn segdata1)", {"-"}, "7: segdata format error");
-    row(R"(SegOn "segdata1" 2)", {"-"}, "1: segon tl command format error");
+    row(R"(ArcOn "arcondata3",arcdata1)", arcOn, "20: arcdata format error");
+    row(R"(ArcOn "arcondata41","arcdata1")", arcOn, "7: arcondata format error");
+    row(R"(ArcOn "arcondata03","arcdata1")", arcOn, "7: arcondata format error");
+    row(R"(ArcOn "","arcdata1")", arcOn, "7: arcondata format error");
+    row(R"(ArcOn "arcondata3", "arcdata0")", R"(ArcOn "arcondata3","-")",
+        "21: arcdata format error");
+    row(R"(ArcOff "ArcOffData1")", R"(ArcOff "arcoffdata1")");
+    row(R"(ArcOff arcoffdata1)", R"(ArcOff "-")", "8: arcoffdata format error");
+    row(R"(ArcOff)", R"(ArcOff "-")", "1: arcoff tl command format error");
+    row(R"(ArcOff "arcdata1")", R"(ArcOff "-")", "8: arcoffdata format error");
+    row(R"(WeaveOn "weavedata7")", R"(WeaveOn "weavedata7")");
+    row(R"(WeaveOn "WeaveData7")", R"(WeaveOn "-")", "9: weavedata format error");
+    row(R"(WeaveOn "weavedata41")", R"(WeaveOn "-")", "9: weavedata format error");
+    row(R"(WeaveOn weavedata7)", R"(WeaveOn "-")", "9: weavedata format error");
+    row(R"(WeaveOn "weavedata7" "x")", R"(WeaveOn "-")", "1: weaveon tl command format error");
+    row(R"(SegOn, ("segdata40");)", R"(SegOn "segdata40")");
+    row(R"(SegOn segdata1)", R"(SegOn "-")", "7: segdata format error");
+    row(R"(SegOn "segdata1" 2)", R"(SegOn "-")", "1: segon tl command format error");
+
+    row("DetectGas 0.1", "DetectGas 0.1");
+    row("DetectGas 1e2", "DetectGas 100");
+    row("FeedOnWire  1.234,", "FeedOnWire 1.234");
+    row("FeedBackWire 0.05", "FeedBackWire 0.05");
+    row("FeedBackWire 0", "FeedBackWire 0");
+    row("DetectGas 0.05", "-", "11: detectgas time format error");
+    row("FeedOnWire 0.0999", "-", "12: feedonwire time format error");
+    row("FeedBackWire -1", "-", "14: feedbackwire time format error");
+    row("FeedOnWire abc", "-", "12: feedonwire time format error");
+    row("FeedOnWire 2;", "-", "12: feedonwire time format error");
+    row("DetectGas nan", "-", "11: detectgas time format error");
+    row("DetectGas 1e999", "-", "11: detectgas time format error");
+    row("FeedOnWire", "-", "1: feedonwire tl command format error");
+    row(" FeedOnWire 1 2", "-", "2: feedonwire tl command format error");
+    row("DetectGas 1,5", "-", "1: detectgas tl command format error"); // a comma separates
+    row("FeedBackWire\t1", "-", "1: feedbackwire tl command format error");
+
+    row("WeaveOff", "WeaveOff");
+    row("WeaveOff ", "-", "1: weaveoff tl command format error");
+    row("\tWeaveOff", "-", "2: weaveoff tl command format error");
+    row("SegOff", "SegOff");
+    row("SegOff;", "-", "1: segoff tl command format error");
+
+    row("WMoveL p1,s1,z1,tool0", "WMoveL p1,s1,z1,tool0,-");
+    row("WMoveL Offs(p1, 1,2,3), s1 z1,tool0,w0", "WMoveL Offs(p1,1,2,3),s1,z1,tool0,w0");
+    // A weave without a work object stands in the work object's place.
+    row(R"(WMoveL p1,s1,z1,tool0,"w1")", "WMoveL p1,s1,z1,tool0,_w1_");
+    row(R"(WMoveC p2,p3,s1,z1,t0,w0,"w1")", R"(WMoveC p2,p3,s1,z1,t0,w0,"w1")");
+    row("WMoveC p2,p3,s1,z1,t0", "WMoveC p2,p3,s1,z1,t0,-");
+    row("WMoveL p1,s1,z1", "-", "1: wmovel tl command format error");
+    row(" WMoveL p1,s1,z1,t0,w0,\"w\",x", "-", "2: wmovel tl command format error");
+    row("WMoveC p1,s1,z1,t0", "-", "1: wmovec tl command format error");
+    row("WMoveC a,b,c,d,e,f,g,h", "-", "1: wmovec tl command format error");
 }
 
-void tst_InstructionLines::files()
-{
-    QFETCH(QString, line);
-    const Instruction known = welmo::line::classify(line);
-    const FileLine parsed =
-        parseFileLine(known == Instruction::None ? Instruction::ArcOn : known, line);
-    QStringList found;
-    for (const auto &file : parsed.files)
-        found.append(file.value_or("-"));
-    QTEST(found, "expected");
-    QTEST(written(parsed.problems), "problems");
-}
-
-void tst_InstructionLines::times_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<double>("expected"); // negative: refused
-    QTest::addColumn<QString>("problems");
-    const auto row = [](const char *line, double expected, const char *problems = "") {
-        QTest::newRow(line) << QString::fromUtf8(line) << expected << QString::fromUtf8(problems);
-    };
-    row("DetectGas 0.1", 0.1);
-    row("DetectGas 1e2", 100);
-    row("DetectGas 0.05", -1, "11: detectgas time format error");
-    row("FeedOnWire 0.0999", -1, "12: feedonwire time format error");
-    row("FeedBackWire 0.05", 0.05);
-    row("FeedBackWire 0", 0);
-    row("FeedBackWire -1", -1, "14: feedbackwire time format error");
-    row("FeedOnWire abc", -1, "12: feedonwire time format error");
-    row("FeedOnWire 2;", -1, "12: feedonwire time format error");
-    row("FeedOnWire  1.234,", 1.234);
-    row("DetectGas nan", -1, "11: detectgas time format error");
-    row("DetectGas inf", -1, "11: detectgas time format error");
-    row("DetectGas 1e999", -1, "11: detectgas time format error");
-    row("FeedOnWire", -1, "1: feedonwire tl command format error");
-    row(" FeedOnWire 1 2", -1, "2: feedonwire tl command format error");
-    row("DetectGas 1,5", -1, "1: detectgas tl command format error"); // a comma separates
-    row("FeedBackWire\t1", -1, "1: feedbackwire tl command format error");
-}
-
-void tst_InstructionLines::times()
+void tst_InstructionLines::lines()
 {
     QFETCH(QString, line);
     QLocale::setDefault(QLocale(QLocale::German)); // must not matter
-    const TimedLine parsed = parseTimedLine(welmo::line::classify(line), line);
-    QTEST(parsed.seconds.value_or(-1), "expected");
-    QTEST(written(parsed.problems), "problems");
+    const Instruction instruction = welmo::line::classify(line);
+    QTEST(readback::again(instruction, line), "expected");
+    QTEST(written(readback::problems(instruction, line)), "problems");
 }
 
 void tst_InstructionLines::timeIsWrittenWithSixDigits()
 {
     QLocale::setDefault(QLocale(QLocale::German));
     QCOMPARE(formatTimedLine(Instruction::FeedOnWire, 1.5), QString("FeedOnWire 1.5"));
-    QCOMPARE(formatTimedLine(Instruction::DetectGas, 2), QString("DetectGas 2"));
     QCOMPARE(formatTimedLine(Instruction::FeedBackWire, 123456.7), QString("FeedBackWire 123457"));
     QCOMPARE(formatTimedLine(Instruction::FeedBackWire, -0.0), QString("FeedBackWire 0"));
-}
-
-void tst_InstructionLines::words()
-{
-    QVERIFY(checkWordLine(Instruction::WeaveOff, "WeaveOff").isEmpty());
-    QVERIFY(checkWordLine(Instruction::SegOff, "SegOff").isEmpty());
-    for (const char *line : {"WeaveOff ", " WeaveOff", "weaveoff", "WeaveOff;", ""})
-        QVERIFY(written(checkWordLine(Instruction::WeaveOff, line))
-                    .endsWith(": weaveoff tl command format error"));
-    QCOMPARE(written(checkWordLine(Instruction::SegOff, "  segoff")),
-             QString("3: segoff tl command format error"));
-}
-
-void tst_InstructionLines::moves_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QStringList>("expected");
-    QTest::addColumn<QString>("problems");
-    const auto row = [](const char *line, const QStringList &expected, const char *problems = "") {
-        QTest::newRow(line) << QString::fromUtf8(line) << expected << QString::fromUtf8(problems);
-    };
-    row("WMoveL p1,s1,z1,tool0", {"-", "8 p1", "11 s1", "14 z1", "17 tool0", "-", "-"});
-    row("WMoveL Offs(p1, 1,2,3), s1 z1,tool0,w0",
-        {"-", "8 Offs(p1, 1,2,3)", "25 s1", "28 z1", "31 tool0", "37 w0", "-"});
-    // A weave without a work object stands in the work object's place.
-    row(R"(WMoveL p1,s1,z1,tool0,"w1")",
-        {"-", "8 p1", "11 s1", "14 z1", "17 tool0", "23 \"w1\"", "-"});
-    row(R"(WMoveC p2,p3,s1,z1,t0,w0,"w1")",
-        {"8 p2", "11 p3", "14 s1", "17 z1", "20 t0", "23 w0", "26 \"w1\""});
-    row("WMoveC p2,p3,s1,z1,t0", {"8 p2", "11 p3", "14 s1", "17 z1", "20 t0", "-", "-"});
-    const QStringList none{"-", "-", "-", "-", "-", "-", "-"};
-    row("WMoveL p1,s1,z1", none, "1: wmovel tl command format error");
-    row(" WMoveL p1,s1,z1,t0,w0,\"w\",x", none, "2: wmovel tl command format error");
-    row("WMoveC p1,s1,z1,t0", none, "1: wmovec tl command format error");
-    row("WMoveC a,b,c,d,e,f,g,h", none, "1: wmovec tl command format error");
-}
-
-void tst_InstructionLines::moves()
-{
-    QFETCH(QString, line);
-    const MoveLine move = parseMoveLine(welmo::line::classify(line), line);
-    QStringList found;
-    for (const auto &token :
-         {move.aux, move.target, move.speed, move.zone, move.tool, move.wobj, move.weave})
-        found.append(token ? QStringLiteral("%1 %2").arg(token->column).arg(token->text) : "-");
-    QTEST(found, "expected");
-    QTEST(written(move.problems), "problems");
 }
 
 void tst_InstructionLines::points_data()

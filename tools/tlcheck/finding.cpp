@@ -25,7 +25,7 @@ QString presentable(const QString &name)
 
 QString Finding::text() const
 {
-    const QString said = message ? welmo::line::shown(message) : QString();
+    QString said = message ? welmo::line::shown(message) : QString();
     if (!detail)
         return said;
     QString more = QCoreApplication::translate("ProgramCheck", detail);

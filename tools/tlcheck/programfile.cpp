@@ -7,7 +7,7 @@ namespace tlcheck {
 
 namespace {
 
-constexpr qint64 largestProgram = 64 * 1024 * 1024; // bytes; a device never ends
+constexpr qint64 largestProgram = qint64(64) * 1024 * 1024; // bytes; a device never ends
 
 } // namespace
 

@@ -7,9 +7,9 @@
 namespace tlcheck {
 
 /// The file's bytes, or nothing with the reason in @p problem.
-std::optional<QByteArray> readProgram(const QString &file, QString *problem);
+std::optional<QByteArray> readProgram(const QString &name, QString *problem);
 
 /// Replaces the file as a whole; if that fails it is as it was, with the reason in @p problem.
-bool writeProgram(const QString &file, const QByteArray &bytes, QString *problem);
+bool writeProgram(const QString &name, const QByteArray &bytes, QString *problem);
 
 } // namespace tlcheck

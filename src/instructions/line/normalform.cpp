@@ -72,7 +72,7 @@ QString normalTime(Instruction instruction, const QString &line)
     return parseTimedLine(instruction, normal).seconds == parsed.seconds ? normal : QString();
 }
 
-QString normalMove(Instruction instruction, const QString &line, Tokens tokens)
+QString normalMove(Instruction instruction, const QString &line, const Tokens &tokens)
 {
     if (!parseMoveLine(instruction, line).problems.isEmpty())
         return {};

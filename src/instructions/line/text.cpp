@@ -23,7 +23,7 @@ bool breaksLine(QChar character)
 
 QString numberText(double value)
 {
-    return QString::number(value + 0.0, 'g', 6); // the sum makes a zero of a negative zero
+    return QString::number(value, 'g', 6);
 }
 
 std::optional<double> readNumber(const QString &text)
