@@ -68,205 +68,174 @@ class tst_LifeCycle : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup();
-    void modulesComeThroughTheFactory();
-    void theStepsComeInOrder();
-    void aSubmoduleCatchesUp_data();
-    void aSubmoduleCatchesUp();
-    void startingAgainLeavesModulesAlone();
-    void theEndIsDetachThenDestruction();
-    void aModuleIsHandedOverOnce();
-    void treesAreBoundByPath();
-    void aPageIsFoundByItsKey();
-    void theSideBarIsHiddenUntilShown();
-    void itemsStandBeforeOthers_data();
-    void itemsStandBeforeOthers();
+    void cleanup()
+    {
+        m_framework.stop();
+        m_calls.clear();
+    }
+    void modulesComeThroughTheFactory()
+    {
+        QVERIFY(!m_framework.create("unknown"));
+        bfactory()->regist("a", [](QObject *) -> BModule * { return nullptr; });
+        QVERIFY(!m_framework.create("a"));
+        create("a"); // registered again: the newer creator counts
+        QCOMPARE(m_framework.modules().size(), 1);
+        QCOMPARE(m_calls, QStringList());
+    }
+    void theStepsComeInOrder()
+    {
+        create("a", "setup");
+        create("b");
+        m_framework.start();
+        const QStringList begin{"init", "setup"};
+        QCOMPARE(m_calls,
+                 steps("a", begin) + steps("a1", begin) + steps("b", begin) + steps("a", {"render"})
+                     + steps("a1", {"render"}) + steps("b", {"render"}) + steps("a", {"idle"})
+                     + steps("a1", {"idle"}) + steps("b", {"idle"}));
+    }
+    void aSubmoduleCatchesUp_data()
+    {
+        QTest::addColumn<QString>("addsIn");
+        QTest::addColumn<QString>("after");
+        const QMap<QString, QString> steps{{"init", "a afterSetup"},
+                                           {"setup", "a afterSetup"},
+                                           {"render", "a afterRender"},
+                                           {"idle", "a afterIdle"},
+                                           {"", "a afterIdle"}};
+        for (auto it = steps.begin(); it != steps.end(); ++it)
+            QTest::addRow("added in '%s'", qPrintable(it.key())) << it.key() << it.value();
+    }
+    void aSubmoduleCatchesUp()
+    {
+        QFETCH(QString, addsIn);
+        QFETCH(QString, after);
+        create("a", addsIn);
+        m_framework.start();
+        if (addsIn.isEmpty())
+            static_cast<Recorder *>(m_framework.modules().first())->add();
+        QVERIFY(m_calls.contains("a1 init"));
+        QCOMPARE(m_calls.at(m_calls.indexOf("a1 init") - 1), after);
+        QCOMPARE(m_calls.filter("a1 "), steps("a1", {"init", "setup", "render", "idle"}));
+    }
+    void startingAgainLeavesModulesAlone()
+    {
+        create("a");
+        m_framework.start();
+        m_calls.clear();
+        create("b");
+        m_framework.start();
+        QCOMPARE(m_calls, steps("b", {"init", "setup", "render", "idle"}));
+    }
+    void theEndIsDetachThenDestruction()
+    {
+        create("a", "setup");
+        create("b");
+        m_framework.start();
+        m_calls.clear();
+        m_framework.stop();
+        const QStringList expected{"a beforeDetach", "a1 beforeDetach", "b beforeDetach",
+                                   "a detach",       "a1 detach",       "b detach",
+                                   "b gone",         "a gone",          "a1 gone"};
+        QCOMPARE(m_calls, expected);
+    }
+    void aModuleIsHandedOverOnce()
+    {
+        Recorder owner("a", &m_calls);
+        auto *child = new Recorder("b", &m_calls, {}, &owner);
+        owner.addSubmodule(child);
+        owner.addSubmodule(child);
+        QCOMPARE(owner.submodules(), QList<BModule *>{child});
+        QCOMPARE(child->parent(), nullptr);
+    }
+    void treesAreBoundByPath()
+    {
+        QTemporaryDir folder;
+        kelp::Workspace host(folder.path(), "en");
+        Recorder module("a", &m_calls);
+        module.mobj()->set(nullptr, "before", 1);
+        QVERIFY(module.mobj()->isMissing());
+        module.bindMobj("one.two");
+        QCOMPARE(module.mobj(), m("one.two"));
+        Recorder other("b", &m_calls);
+        other.bindMobj("one.two");
+        QCOMPARE(other.mobj(), module.mobj());
+    }
+    void aPageIsFoundByItsKey()
+    {
+        Recorder module("a", &m_calls);
+        QCOMPARE(instantiatedRightExpandSideWidget(&module), nullptr); // a host may have none
+        pando::CenterWidget center;
+        pando::frame().center = &center;
+        QCOMPARE(instantiatedCenterWidget(&module), &center);
+        const QPointer<QWidget> first = new QWidget;
+        auto *second = new QWidget;
+        center.addPage(this, "first", first);
+        center.addPage(this, "second", second);
+        QVERIFY(center.switchTo("second") && center.currentWidget() == second);
+        QCOMPARE(center.currentKey(), QString("second"));
+        center.switchTo("first");
+        auto *again = new QWidget;
+        center.addPage(this, "first", again);
+        QVERIFY(first.isNull());
+        QCOMPARE(center.currentWidget(), again);
+        delete second; // its owner may take a page away
+        QVERIFY(!center.switchTo("second") && !center.switchTo("third"));
+    }
+    void theSideBarIsHiddenUntilShown()
+    {
+        QWidget window;
+        auto *bar = new pando::ExpandSideBar(&window);
+        auto *page = new QWidget;
+        bar->addPage(this, "page", page);
+        window.show();
+        QVERIFY(bar->switchTo("page") && bar->isHidden());
+        bar->show();
+        QVERIFY(page->isVisible());
+    }
+    void itemsStandBeforeOthers_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QStringList>("order");
+        QTest::newRow("before") << "x"
+                                << "b" << QStringList{"a", "x", "b"};
+        QTest::newRow("unknown place") << "x"
+                                       << "nowhere" << QStringList{"a", "b", "x"};
+        QTest::newRow("replaced") << "a"
+                                  << "b" << QStringList{"a", "b"};
+    }
+    void itemsStandBeforeOthers()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, before);
+        pando::StatusBar bar;
+        bar.addItem(this, "a", new QWidget);
+        bar.addItem(this, "b", new QWidget);
+        auto *item = new QWidget;
+        bar.addBeforeItem(this, key, before, item);
+        QCOMPARE(bar.item(key), item);
+        QStringList order;
+        for (int i = 0; i < bar.layout()->count(); ++i) {
+            for (const char *name : {"a", "b", "x"}) {
+                if (bar.item(name) == bar.layout()->itemAt(i)->widget())
+                    order.append(name);
+            }
+        }
+        QTEST(order, "order");
+    }
 
 private:
-    void create(const QString &name, const QString &addsIn = {});
+    void create(const QString &name, const QString &addsIn = {})
+    {
+        bfactory()->regist(name, [this, name, addsIn](QObject *parent) -> BModule * {
+            return new Recorder(name, &m_calls, addsIn, parent);
+        });
+        QVERIFY(m_framework.create(name));
+    }
 
     QStringList m_calls;
     ModuleFramework m_framework;
 };
-
-void tst_LifeCycle::create(const QString &name, const QString &addsIn)
-{
-    bfactory()->regist(name, [this, name, addsIn](QObject *parent) -> BModule * {
-        return new Recorder(name, &m_calls, addsIn, parent);
-    });
-    QVERIFY(m_framework.create(name));
-}
-
-void tst_LifeCycle::cleanup()
-{
-    m_framework.stop();
-    m_calls.clear();
-}
-
-void tst_LifeCycle::modulesComeThroughTheFactory()
-{
-    QVERIFY(!m_framework.create("unknown"));
-    bfactory()->regist("a", [](QObject *) -> BModule * { return nullptr; });
-    QVERIFY(!m_framework.create("a"));
-    create("a"); // registered again: the newer creator counts
-    QCOMPARE(m_framework.modules().size(), 1);
-    QCOMPARE(m_calls, QStringList());
-}
-
-void tst_LifeCycle::theStepsComeInOrder()
-{
-    create("a", "setup");
-    create("b");
-    m_framework.start();
-    const QStringList begin{"init", "setup"};
-    QCOMPARE(m_calls,
-             steps("a", begin) + steps("a1", begin) + steps("b", begin) + steps("a", {"render"})
-                 + steps("a1", {"render"}) + steps("b", {"render"}) + steps("a", {"idle"})
-                 + steps("a1", {"idle"}) + steps("b", {"idle"}));
-}
-
-void tst_LifeCycle::aSubmoduleCatchesUp_data()
-{
-    QTest::addColumn<QString>("addsIn");
-    QTest::addColumn<QString>("after");
-    QTest::newRow("added in init") << "init"
-                                   << "a afterSetup";
-    QTest::newRow("added in setup") << "setup"
-                                    << "a afterSetup";
-    QTest::newRow("added in render") << "render"
-                                     << "a afterRender";
-    QTest::newRow("added in idle") << "idle"
-                                   << "a afterIdle";
-    QTest::newRow("added later") << ""
-                                 << "a afterIdle";
-}
-
-void tst_LifeCycle::aSubmoduleCatchesUp()
-{
-    QFETCH(QString, addsIn);
-    QFETCH(QString, after);
-    create("a", addsIn);
-    m_framework.start();
-    if (addsIn.isEmpty())
-        static_cast<Recorder *>(m_framework.modules().first())->add();
-    QVERIFY(m_calls.contains("a1 init"));
-    QCOMPARE(m_calls.at(m_calls.indexOf("a1 init") - 1), after);
-    QCOMPARE(m_calls.filter("a1 "), steps("a1", {"init", "setup", "render", "idle"}));
-}
-
-void tst_LifeCycle::startingAgainLeavesModulesAlone()
-{
-    create("a");
-    m_framework.start();
-    m_calls.clear();
-    create("b");
-    m_framework.start();
-    QCOMPARE(m_calls, steps("b", {"init", "setup", "render", "idle"}));
-}
-
-void tst_LifeCycle::theEndIsDetachThenDestruction()
-{
-    create("a", "setup");
-    create("b");
-    m_framework.start();
-    m_calls.clear();
-    m_framework.stop();
-    const QStringList expected{"a beforeDetach", "a1 beforeDetach", "b beforeDetach",
-                               "a detach",       "a1 detach",       "b detach",
-                               "b gone",         "a gone",          "a1 gone"};
-    QCOMPARE(m_calls, expected);
-}
-
-void tst_LifeCycle::aModuleIsHandedOverOnce()
-{
-    Recorder owner("a", &m_calls);
-    auto *child = new Recorder("b", &m_calls, {}, &owner);
-    owner.addSubmodule(child);
-    owner.addSubmodule(child);
-    QCOMPARE(owner.submodules(), QList<BModule *>{child});
-    QCOMPARE(child->parent(), nullptr);
-}
-
-void tst_LifeCycle::treesAreBoundByPath()
-{
-    QTemporaryDir folder;
-    kelp::Workspace host(folder.path(), "en");
-    Recorder module("a", &m_calls);
-    module.mobj()->set(nullptr, "before", 1);
-    QVERIFY(module.mobj()->isMissing());
-    module.bindMobj("one.two");
-    QCOMPARE(module.mobj(), m("one.two"));
-    Recorder other("b", &m_calls);
-    other.bindMobj("one.two");
-    QCOMPARE(other.mobj(), module.mobj());
-}
-
-void tst_LifeCycle::aPageIsFoundByItsKey()
-{
-    Recorder module("a", &m_calls);
-    QCOMPARE(instantiatedRightExpandSideWidget(&module), nullptr); // a host may have none
-    pando::CenterWidget center;
-    pando::frame().center = &center;
-    QCOMPARE(instantiatedCenterWidget(&module), &center);
-    const QPointer<QWidget> first = new QWidget;
-    auto *second = new QWidget;
-    center.addPage(this, "first", first);
-    center.addPage(this, "second", second);
-    QVERIFY(center.switchTo("second") && center.currentWidget() == second);
-    QCOMPARE(center.currentKey(), QString("second"));
-    center.switchTo("first");
-    auto *again = new QWidget;
-    center.addPage(this, "first", again);
-    QVERIFY(first.isNull());
-    QCOMPARE(center.currentWidget(), again);
-    delete second; // its owner may take a page away
-    QVERIFY(!center.switchTo("second") && !center.switchTo("third"));
-}
-
-void tst_LifeCycle::theSideBarIsHiddenUntilShown()
-{
-    QWidget window;
-    auto *bar = new pando::ExpandSideBar(&window);
-    auto *page = new QWidget;
-    bar->addPage(this, "page", page);
-    window.show();
-    QVERIFY(bar->switchTo("page") && bar->isHidden());
-    bar->show();
-    QVERIFY(page->isVisible());
-}
-
-void tst_LifeCycle::itemsStandBeforeOthers_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QStringList>("order");
-    QTest::newRow("before") << "x"
-                            << "b" << QStringList{"a", "x", "b"};
-    QTest::newRow("unknown place") << "x"
-                                   << "nowhere" << QStringList{"a", "b", "x"};
-    QTest::newRow("replaced") << "a"
-                              << "b" << QStringList{"a", "b"};
-}
-
-void tst_LifeCycle::itemsStandBeforeOthers()
-{
-    QFETCH(QString, key);
-    QFETCH(QString, before);
-    pando::StatusBar bar;
-    bar.addItem(this, "a", new QWidget);
-    bar.addItem(this, "b", new QWidget);
-    auto *item = new QWidget;
-    bar.addBeforeItem(this, key, before, item);
-    QCOMPARE(bar.item(key), item);
-    QStringList order;
-    for (int i = 0; i < bar.layout()->count(); ++i) {
-        for (const char *name : {"a", "b", "x"}) {
-            if (bar.item(name) == bar.layout()->itemAt(i)->widget())
-                order.append(name);
-        }
-    }
-    QTEST(order, "order");
-}
 
 QTEST_MAIN(tst_LifeCycle)
 #include "tst_lifecycle.moc"

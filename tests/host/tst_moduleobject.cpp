@@ -23,288 +23,255 @@ class tst_ModuleObject : public QObject
     Q_OBJECT
 
 private slots:
-    void aMissingNodeReadsAsTheDefaultAndIgnoresWrites();
-    void valuesConvert_data();
-    void valuesConvert();
-    void aPathIsMadeByWriting();
-    void childrenKeepTheirOrderAndNamesAreUnique();
-    void aChildGoesWithItsParentAndLeavesIt();
-    void changedFiresOnlyOnDifference_data();
-    void changedFiresOnlyOnDifference();
-    void changedIsToldToWhoWatches();
-    void aReceiverMayRemoveTheNode();
-    void settingReplacesWhatStoodThere();
-    void importKeepsOrPrunes_data();
-    void importKeepsOrPrunes();
-    void aListOfMapsBecomesChildrenInItsOrder();
-    void copyingMakesEqualTrees();
-    void copyingOntoItselfDoesNothing();
-    void generatedNamesAreFresh();
-};
-
-void tst_ModuleObject::aMissingNodeReadsAsTheDefaultAndIgnoresWrites()
-{
-    ModuleObject root("root");
-    ModuleObject *missing = root.r("no.such.node");
-    QCOMPARE(missing, EmptyModuleObject::instance());
-    missing->set(nullptr, QString(), 5);
-    missing->set(nullptr, "deeper.key", 5);
-    missing->setList(nullptr, "list", {1});
-    missing->importFromVariant(nullptr, tree);
-    missing->copyFrom(nullptr, &root);
-    missing->c("child", true)->set(nullptr, QString(), 1);
-    for (const int outside : {-1, 0})
-        QVERIFY(root.cmobj(outside)->isMissing());
-    QVERIFY(root.c("no")->isMissing());
-    QCOMPARE(missing->getInt(7), 7);
-    QCOMPARE(missing->getString("none"), QString("none"));
-    QCOMPARE(missing->getDouble(1.5), 1.5);
-    QCOMPARE(missing->getBool(true), true);
-    QVERIFY(missing->getList().isEmpty());
-    QVERIFY(missing->cmobjs(true).isEmpty() && root.cmobjCount() == 0);
-}
-
-void tst_ModuleObject::valuesConvert_data()
-{
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<bool>("asBool");
-    QTest::addColumn<int>("asInt");
-    QTest::addColumn<double>("asDouble");
-    QTest::addColumn<QString>("asString");
-    // The fallbacks are true, -9, -9.5 and "?".
-    QTest::newRow("none") << QVariant() << true << -9 << -9.5 << "?";
-    QTest::newRow("bool") << QVariant(false) << false << 0 << 0.0 << "false";
-    QTest::newRow("integer") << QVariant(12) << true << 12 << 12.0 << "12";
-    QTest::newRow("a fraction is dropped") << QVariant(12.5) << true << 12 << 12.5 << "12.5";
-    QTest::newRow("towards zero") << QVariant(-12.9) << true << -12 << -12.9 << "-12.9";
-    QTest::newRow("number as text") << QVariant("12.5") << true << 12 << 12.5 << "12.5";
-    QTest::newRow("text") << QVariant("abc") << true << -9 << -9.5 << "abc";
-    QTest::newRow("false as text") << QVariant("false") << false << -9 << -9.5 << "false";
-    QTest::newRow("empty text") << QVariant("") << false << -9 << -9.5 << "";
-    QTest::newRow("list") << QVariant(QVariantList{1}) << true << -9 << -9.5 << "?";
-    QTest::newRow("beyond int") << QVariant(5000000000LL) << true << INT_MAX << 5e9 << "5000000000";
-}
-
-void tst_ModuleObject::valuesConvert()
-{
-    QFETCH(QVariant, value);
-    ModuleObject node("node");
-    node.set(nullptr, QString(), value);
-    QTEST(node.getBool(true), "asBool");
-    QTEST(node.getInt(-9), "asInt");
-    QTEST(node.getDouble(-9.5), "asDouble");
-    QTEST(node.getString("?"), "asString");
-}
-
-void tst_ModuleObject::aPathIsMadeByWriting()
-{
-    ModuleObject root("root");
-    ModuleObject *leaf = root.set(nullptr, "a.b.c", 5);
-    QCOMPARE(leaf, root.r("a.b")->c("c"));
-    QCOMPARE(leaf, m("a.b.c", &root));
-    QCOMPARE(leaf->pmobj()->name(), QString("b"));
-    QCOMPARE(root.r(QString()), &root);
-    // A direct child's name may hold points; it is then not a path.
-    root.c("x.y", true)->set(nullptr, QString(), 1);
-    QVERIFY(root.hasCmobj("x.y") && root.r("x.y")->isMissing());
-}
-
-void tst_ModuleObject::childrenKeepTheirOrderAndNamesAreUnique()
-{
-    ModuleObject root("root");
-    for (const char *name : {"z", "a", "m"})
-        root.c(name, true);
-    root.set(nullptr, "a.inner", 1);
-    QCOMPARE(root.cmobjNames(), QStringList({"z", "a", "m"}));
-    QCOMPARE(root.cmobjNames(true), QStringList({"z", "a", "inner", "m"}));
-    QCOMPARE(root.cmobj(2)->name(), QString("m"));
-    QVERIFY(!root.hasCmobj("inner") && root.hasCmobj("inner", true));
-    auto *second = new ModuleObject("a", &root);
-    QCOMPARE(root.cmobjNames(), QStringList({"z", "m", "a"}));
-    QCOMPARE(root.c("a"), second);
-}
-
-void tst_ModuleObject::aChildGoesWithItsParentAndLeavesIt()
-{
-    auto root = std::make_unique<ModuleObject>("root");
-    const QPointer<ModuleObject> leaf = root->set(nullptr, "a.b", 1);
-    auto *own = new ModuleObject("own", root.get());
-    delete own;
-    QCOMPARE(root->cmobjNames(), QStringList("a"));
-    QVERIFY(root->removeChild("a") && !root->removeChild("a"));
-    QVERIFY(leaf.isNull());
-    const QPointer<ModuleObject> last = root->set(nullptr, "c.d", 1);
-    root.reset();
-    QVERIFY(last.isNull());
-}
-
-void tst_ModuleObject::changedFiresOnlyOnDifference_data()
-{
-    QTest::addColumn<QVariant>("before");
-    QTest::addColumn<QVariant>("after");
-    QTest::addColumn<bool>("fires");
-    QTest::newRow("same number") << QVariant(1) << QVariant(1) << false;
-    QTest::newRow("same number of another type") << QVariant(1) << QVariant(1.0) << false;
-    QTest::newRow("another number") << QVariant(1) << QVariant(2) << true;
-    QTest::newRow("number and its text") << QVariant(1) << QVariant("1") << true;
-    QTest::newRow("bool and number") << QVariant(true) << QVariant(1) << true;
-    QTest::newRow("same list") << QVariant(QVariantList{1, "a"}) << QVariant(QVariantList{1.0, "a"})
-                               << false;
-    QTest::newRow("text within a list")
-        << QVariant(QVariantList{1}) << QVariant(QVariantList{"1"}) << true;
-    QTest::newRow("longer list") << QVariant(QVariantList{1}) << QVariant(QVariantList{1, 2})
-                                 << true;
-    QTest::newRow("value gone") << QVariant(1) << QVariant() << true;
-}
-
-void tst_ModuleObject::changedFiresOnlyOnDifference()
-{
-    QFETCH(QVariant, before);
-    QFETCH(QVariant, after);
-    ModuleObject node("node");
-    node.set(nullptr, QString(), before);
-    node.watch();
-    QSignalSpy spy(&node, &ModuleObject::changed);
-    node.set(nullptr, QString(), after);
-    QTEST(!spy.isEmpty(), "fires");
-    QCOMPARE(node.value().userType(), after.userType());
-}
-
-void tst_ModuleObject::changedIsToldToWhoWatches()
-{
-    ModuleObject root("root");
-    ModuleObject *leaf = root.set(nullptr, "a.b", 1);
-    QSignalSpy spy(leaf, &ModuleObject::changed);
-    QSignalSpy above(&root, &ModuleObject::changed);
-    root.set(nullptr, "a.b", 2);
-    leaf->watch(true, false);
-    root.watch(true, false);
-    root.set(nullptr, "a.b", 3, false);
-    QVERIFY(spy.isEmpty() && above.isEmpty());
-    root.set(this, "a.b", 4);
-    const QList<QVariant> told{4, 3, QVariant::fromValue<QObject *>(this)};
-    QCOMPARE(spy, QList<QList<QVariant>>{told});
-    QVERIFY(above.isEmpty());
-    root.watch(true, true);
-    leaf->watch(false);
-    root.set(nullptr, "a.b", 5);
-    QVERIFY(spy.size() == 1 && above.size() == 1);
-}
-
-void tst_ModuleObject::aReceiverMayRemoveTheNode()
-{
-    ModuleObject root("root");
-    root.watch(true, true);
-    ModuleObject *leaf = root.set(nullptr, "a", 1);
-    leaf->watch();
-    connect(leaf, &ModuleObject::changed, this, [&root] { root.removeChild("a"); });
-    leaf->set(nullptr, QString(), 2);
-    QCOMPARE(root.cmobjCount(), 0);
-}
-
-void tst_ModuleObject::settingReplacesWhatStoodThere()
-{
-    ModuleObject root("root");
-    root.set(nullptr, "n", tree);
-    QCOMPARE(root.toVariant(), QVariant(QVariantMap{{"n", tree}}));
-    root.set(nullptr, "n", QVariantMap{{"a", 1}});
-    QCOMPARE(root.r("n")->cmobjNames(), QStringList("a"));
-    root.set(nullptr, "n", 5);
-    QCOMPARE(root.toVariant(), QVariant(QVariantMap{{"n", 5}}));
-    root.set(nullptr, "n", tree);
-    QCOMPARE(root.r("n")->getInt(-1), -1);
-    root.setList(nullptr, "n", {tool("t", 1)});
-    QCOMPARE(root.r("n")->cmobjCount(), 0);
-    QCOMPARE(root.r("n")->getList(), QVariantList{tool("t", 1)});
-}
-
-void tst_ModuleObject::importKeepsOrPrunes_data()
-{
-    QTest::addColumn<bool>("create");
-    QTest::addColumn<bool>("prune");
-    QTest::addColumn<QVariantMap>("result");
-    const QVariantMap inner{{"x", 9}, {"y", "two"}};
-    QTest::newRow("create, keep") << true << false
-                                  << QVariantMap{{"a", 2.5}, {"b", inner}, {"c", 3}};
-    QTest::newRow("create, prune")
-        << true << true << QVariantMap{{"b", QVariantMap{{"x", 9}}}, {"c", 3}};
-    QTest::newRow("known only") << false << false << QVariantMap{{"a", 2.5}, {"b", inner}};
-}
-
-void tst_ModuleObject::importKeepsOrPrunes()
-{
-    QFETCH(bool, create);
-    QFETCH(bool, prune);
-    ModuleObject node("node");
-    node.importFromVariant(nullptr, tree);
-    const QVariantMap news{{"b", QVariantMap{{"x", 9}}}, {"c", 3}};
-    node.importFromVariant(nullptr, news, true, create, prune);
-    QTEST(node.toVariant().toMap(), "result");
-}
-
-void tst_ModuleObject::aListOfMapsBecomesChildrenInItsOrder()
-{
-    ModuleObject root("root");
-    root.set(nullptr, "list", QVariantList{tool("z", 1), tool("a", 2)});
-    QCOMPARE(root.r("list")->cmobjNames(), QStringList({"z", "a"}));
-    QCOMPARE(root.r("list.a.mass")->getInt(), 2);
-    const QPointer<ModuleObject> kept = root.r("list.z");
-    root.set(nullptr, "list", QVariantList{tool("m", 3), tool("z", 4)});
-    QCOMPARE(root.r("list")->cmobjNames(), QStringList({"m", "z"}));
-    QCOMPARE(kept->r("mass")->getInt(), 4);
-    root.set(nullptr, "list", QVariantList{QVariantMap{{"v", 1}}, QVariantMap{{"v", 2}}});
-    QCOMPARE(root.r("list")->cmobjNames(), QStringList({"0", "1"}));
-    root.set(nullptr, "list", QVariantList());
-    QCOMPARE(root.r("list")->cmobjCount(), 0);
-}
-
-void tst_ModuleObject::copyingMakesEqualTrees()
-{
-    ModuleObject from("from");
-    for (const char *name : {"z", "a", "m"})
-        from.set(nullptr, name, QString(name));
-    from.set(nullptr, "m", tree);
-    ModuleObject to("to");
-    to.set(nullptr, "m.old", 1);
-    to.set(nullptr, "a", "a")->watch();
-    to.set(nullptr, "z", "other")->watch();
-    QSignalSpy same(to.c("a"), &ModuleObject::changed);
-    QSignalSpy different(to.c("z"), &ModuleObject::changed);
-    to.copyFrom(nullptr, &from);
-    QCOMPARE(to.toVariant(), from.toVariant());
-    QCOMPARE(to.cmobjNames(true), from.cmobjNames(true));
-    QVERIFY(same.isEmpty() && different.count() == 1);
-    from.set(nullptr, "a", "later");
-    QCOMPARE(to.r("a")->getString(), QString("a"));
-    to.set(nullptr, "own", 1);
-    to.copyFrom(nullptr, &from, true, false);
-    QVERIFY(to.hasCmobj("own"));
-}
-
-void tst_ModuleObject::copyingOntoItselfDoesNothing()
-{
-    ModuleObject root("root");
-    root.importFromVariant(nullptr, tree);
-    ModuleObject *child = root.c("b");
-    root.copyFrom(nullptr, &root);
-    root.copyFrom(nullptr, child);
-    child->copyFrom(nullptr, &root);
-    QCOMPARE(root.toVariant(), QVariant(tree));
-    QCOMPARE(root.c("b"), child);
-}
-
-void tst_ModuleObject::generatedNamesAreFresh()
-{
-    ModuleObject root("root");
-    QStringList names;
-    for (int i = 0; i < 3; ++i) {
-        names.append(ModuleObject::generateId(&root));
-        root.c(names.last(), true);
+    void aMissingNodeReadsAsTheDefaultAndIgnoresWrites()
+    {
+        ModuleObject root("root");
+        ModuleObject *missing = root.r("no.such.node");
+        QCOMPARE(missing, EmptyModuleObject::instance());
+        missing->set(nullptr, QString(), 5);
+        missing->set(nullptr, "deeper.key", 5);
+        missing->setList(nullptr, "list", {1});
+        missing->importFromVariant(nullptr, tree);
+        missing->copyFrom(nullptr, &root);
+        missing->c("child", true)->set(nullptr, QString(), 1);
+        for (const int outside : {-1, 0})
+            QVERIFY(root.cmobj(outside)->isMissing());
+        QVERIFY(root.c("no")->isMissing());
+        QCOMPARE(missing->getInt(7), 7);
+        QCOMPARE(missing->getString("none"), QString("none"));
+        QCOMPARE(missing->getDouble(1.5), 1.5);
+        QCOMPARE(missing->getBool(true), true);
+        QVERIFY(missing->getList().isEmpty());
+        QVERIFY(missing->cmobjs(true).isEmpty() && root.cmobjCount() == 0);
     }
-    QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), 3);
-    root.removeChild(names.at(1));
-    QVERIFY(!root.hasCmobj(ModuleObject::generateId(&root)));
-}
+    void valuesConvert_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<bool>("asBool");
+        QTest::addColumn<int>("asInt");
+        QTest::addColumn<double>("asDouble");
+        QTest::addColumn<QString>("asString");
+        // The fallbacks are true, -9, -9.5 and "?".
+        QTest::newRow("none") << QVariant() << true << -9 << -9.5 << "?";
+        QTest::newRow("bool") << QVariant(false) << false << 0 << 0.0 << "false";
+        QTest::newRow("integer") << QVariant(12) << true << 12 << 12.0 << "12";
+        QTest::newRow("a fraction is dropped") << QVariant(12.5) << true << 12 << 12.5 << "12.5";
+        QTest::newRow("towards zero") << QVariant(-12.9) << true << -12 << -12.9 << "-12.9";
+        QTest::newRow("number as text") << QVariant("12.5") << true << 12 << 12.5 << "12.5";
+        QTest::newRow("text") << QVariant("abc") << true << -9 << -9.5 << "abc";
+        QTest::newRow("false as text") << QVariant("false") << false << -9 << -9.5 << "false";
+        QTest::newRow("empty text") << QVariant("") << false << -9 << -9.5 << "";
+        QTest::newRow("list") << QVariant(QVariantList{1}) << true << -9 << -9.5 << "?";
+        QTest::newRow("beyond int")
+            << QVariant(5000000000LL) << true << INT_MAX << 5e9 << "5000000000";
+    }
+    void valuesConvert()
+    {
+        QFETCH(QVariant, value);
+        ModuleObject node("node");
+        node.set(nullptr, QString(), value);
+        QTEST(node.getBool(true), "asBool");
+        QTEST(node.getInt(-9), "asInt");
+        QTEST(node.getDouble(-9.5), "asDouble");
+        QTEST(node.getString("?"), "asString");
+    }
+    void aPathIsMadeByWriting()
+    {
+        ModuleObject root("root");
+        ModuleObject *leaf = root.set(nullptr, "a.b.c", 5);
+        QCOMPARE(leaf, root.r("a.b")->c("c"));
+        QCOMPARE(leaf, m("a.b.c", &root));
+        QCOMPARE(leaf->pmobj()->name(), QString("b"));
+        QCOMPARE(root.r(QString()), &root);
+        // A direct child's name may hold points; it is then not a path.
+        root.c("x.y", true)->set(nullptr, QString(), 1);
+        QVERIFY(root.hasCmobj("x.y") && root.r("x.y")->isMissing());
+    }
+    void childrenKeepTheirOrderAndNamesAreUnique()
+    {
+        ModuleObject root("root");
+        for (const char *name : {"z", "a", "m"})
+            root.c(name, true);
+        root.set(nullptr, "a.inner", 1);
+        QCOMPARE(root.cmobjNames(), QStringList({"z", "a", "m"}));
+        QCOMPARE(root.cmobjNames(true), QStringList({"z", "a", "inner", "m"}));
+        QCOMPARE(root.cmobj(2)->name(), QString("m"));
+        QVERIFY(!root.hasCmobj("inner") && root.hasCmobj("inner", true));
+        auto *second = new ModuleObject("a", &root);
+        QCOMPARE(root.cmobjNames(), QStringList({"z", "m", "a"}));
+        QCOMPARE(root.c("a"), second);
+    }
+    void aChildGoesWithItsParentAndLeavesIt()
+    {
+        auto root = std::make_unique<ModuleObject>("root");
+        const QPointer<ModuleObject> leaf = root->set(nullptr, "a.b", 1);
+        auto *own = new ModuleObject("own", root.get());
+        delete own;
+        QCOMPARE(root->cmobjNames(), QStringList("a"));
+        QVERIFY(root->removeChild("a") && !root->removeChild("a"));
+        QVERIFY(leaf.isNull());
+        const QPointer<ModuleObject> last = root->set(nullptr, "c.d", 1);
+        root.reset();
+        QVERIFY(last.isNull());
+    }
+    void changedFiresOnlyOnDifference_data()
+    {
+        QTest::addColumn<QVariant>("before");
+        QTest::addColumn<QVariant>("after");
+        QTest::addColumn<bool>("fires");
+        QTest::newRow("same number") << QVariant(1) << QVariant(1) << false;
+        QTest::newRow("same number of another type") << QVariant(1) << QVariant(1.0) << false;
+        QTest::newRow("another number") << QVariant(1) << QVariant(2) << true;
+        QTest::newRow("number and its text") << QVariant(1) << QVariant("1") << true;
+        QTest::newRow("bool and number") << QVariant(true) << QVariant(1) << true;
+        QTest::newRow("same list")
+            << QVariant(QVariantList{1, "a"}) << QVariant(QVariantList{1.0, "a"}) << false;
+        QTest::newRow("text within a list")
+            << QVariant(QVariantList{1}) << QVariant(QVariantList{"1"}) << true;
+        QTest::newRow("longer list")
+            << QVariant(QVariantList{1}) << QVariant(QVariantList{1, 2}) << true;
+        QTest::newRow("value gone") << QVariant(1) << QVariant() << true;
+    }
+    void changedFiresOnlyOnDifference()
+    {
+        QFETCH(QVariant, before);
+        QFETCH(QVariant, after);
+        ModuleObject node("node");
+        node.set(nullptr, QString(), before);
+        node.watch();
+        QSignalSpy spy(&node, &ModuleObject::changed);
+        node.set(nullptr, QString(), after);
+        QTEST(!spy.isEmpty(), "fires");
+        QCOMPARE(node.value().userType(), after.userType());
+    }
+    void changedIsToldToWhoWatches()
+    {
+        ModuleObject root("root");
+        ModuleObject *leaf = root.set(nullptr, "a.b", 1);
+        QSignalSpy spy(leaf, &ModuleObject::changed);
+        QSignalSpy above(&root, &ModuleObject::changed);
+        root.set(nullptr, "a.b", 2);
+        leaf->watch(true, false);
+        root.watch(true, false);
+        root.set(nullptr, "a.b", 3, false);
+        QVERIFY(spy.isEmpty() && above.isEmpty());
+        root.set(this, "a.b", 4);
+        const QList<QVariant> told{4, 3, QVariant::fromValue<QObject *>(this)};
+        QCOMPARE(spy, QList<QList<QVariant>>{told});
+        QVERIFY(above.isEmpty());
+        root.watch(true, true);
+        leaf->watch(false);
+        root.set(nullptr, "a.b", 5);
+        QVERIFY(spy.size() == 1 && above.size() == 1);
+    }
+    void aReceiverMayRemoveTheNode()
+    {
+        ModuleObject root("root");
+        root.watch(true, true);
+        ModuleObject *leaf = root.set(nullptr, "a", 1);
+        leaf->watch();
+        connect(leaf, &ModuleObject::changed, this, [&root] { root.removeChild("a"); });
+        leaf->set(nullptr, QString(), 2);
+        QCOMPARE(root.cmobjCount(), 0);
+    }
+    void settingReplacesWhatStoodThere()
+    {
+        ModuleObject root("root");
+        root.set(nullptr, "n", tree);
+        QCOMPARE(root.toVariant(), QVariant(QVariantMap{{"n", tree}}));
+        root.set(nullptr, "n", QVariantMap{{"a", 1}});
+        QCOMPARE(root.r("n")->cmobjNames(), QStringList("a"));
+        root.set(nullptr, "n", 5);
+        QCOMPARE(root.toVariant(), QVariant(QVariantMap{{"n", 5}}));
+        root.set(nullptr, "n", tree);
+        QCOMPARE(root.r("n")->getInt(-1), -1);
+        root.setList(nullptr, "n", {tool("t", 1)});
+        QCOMPARE(root.r("n")->cmobjCount(), 0);
+        QCOMPARE(root.r("n")->getList(), QVariantList{tool("t", 1)});
+    }
+    void importKeepsOrPrunes_data()
+    {
+        QTest::addColumn<bool>("create");
+        QTest::addColumn<bool>("prune");
+        QTest::addColumn<QVariantMap>("result");
+        const QVariantMap inner{{"x", 9}, {"y", "two"}};
+        QTest::newRow("create, keep")
+            << true << false << QVariantMap{{"a", 2.5}, {"b", inner}, {"c", 3}};
+        QTest::newRow("create, prune")
+            << true << true << QVariantMap{{"b", QVariantMap{{"x", 9}}}, {"c", 3}};
+        QTest::newRow("known only") << false << false << QVariantMap{{"a", 2.5}, {"b", inner}};
+    }
+    void importKeepsOrPrunes()
+    {
+        QFETCH(bool, create);
+        QFETCH(bool, prune);
+        ModuleObject node("node");
+        node.importFromVariant(nullptr, tree);
+        const QVariantMap news{{"b", QVariantMap{{"x", 9}}}, {"c", 3}};
+        node.importFromVariant(nullptr, news, true, create, prune);
+        QTEST(node.toVariant().toMap(), "result");
+    }
+    void aListOfMapsBecomesChildrenInItsOrder()
+    {
+        ModuleObject root("root");
+        root.set(nullptr, "list", QVariantList{tool("z", 1), tool("a", 2)});
+        QCOMPARE(root.r("list")->cmobjNames(), QStringList({"z", "a"}));
+        QCOMPARE(root.r("list.a.mass")->getInt(), 2);
+        const QPointer<ModuleObject> kept = root.r("list.z");
+        root.set(nullptr, "list", QVariantList{tool("m", 3), tool("z", 4)});
+        QCOMPARE(root.r("list")->cmobjNames(), QStringList({"m", "z"}));
+        QCOMPARE(kept->r("mass")->getInt(), 4);
+        root.set(nullptr, "list", QVariantList{QVariantMap{{"v", 1}}, QVariantMap{{"v", 2}}});
+        QCOMPARE(root.r("list")->cmobjNames(), QStringList({"0", "1"}));
+        root.set(nullptr, "list", QVariantList());
+        QCOMPARE(root.r("list")->cmobjCount(), 0);
+    }
+    void copyingMakesEqualTrees()
+    {
+        ModuleObject from("from");
+        for (const char *name : {"z", "a", "m"})
+            from.set(nullptr, name, QString(name));
+        from.set(nullptr, "m", tree);
+        ModuleObject to("to");
+        to.set(nullptr, "m.old", 1);
+        to.set(nullptr, "a", "a")->watch();
+        to.set(nullptr, "z", "other")->watch();
+        QSignalSpy same(to.c("a"), &ModuleObject::changed);
+        QSignalSpy different(to.c("z"), &ModuleObject::changed);
+        to.copyFrom(nullptr, &from);
+        QCOMPARE(to.toVariant(), from.toVariant());
+        QCOMPARE(to.cmobjNames(true), from.cmobjNames(true));
+        QVERIFY(same.isEmpty() && different.count() == 1);
+        from.set(nullptr, "a", "later");
+        QCOMPARE(to.r("a")->getString(), QString("a"));
+        to.set(nullptr, "own", 1);
+        to.copyFrom(nullptr, &from, true, false);
+        QVERIFY(to.hasCmobj("own"));
+    }
+    void copyingOntoItselfDoesNothing()
+    {
+        ModuleObject root("root");
+        root.importFromVariant(nullptr, tree);
+        ModuleObject *child = root.c("b");
+        root.copyFrom(nullptr, &root);
+        root.copyFrom(nullptr, child);
+        child->copyFrom(nullptr, &root);
+        QCOMPARE(root.toVariant(), QVariant(tree));
+        QCOMPARE(root.c("b"), child);
+    }
+    void generatedNamesAreFresh()
+    {
+        ModuleObject root("root");
+        QStringList names;
+        for (int i = 0; i < 3; ++i) {
+            names.append(ModuleObject::generateId(&root));
+            root.c(names.last(), true);
+        }
+        QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), 3);
+        root.removeChild(names.at(1));
+        QVERIFY(!root.hasCmobj(ModuleObject::generateId(&root)));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_ModuleObject)
 #include "tst_moduleobject.moc"

@@ -39,216 +39,182 @@ class tst_Workspace : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void theTemplateSeedsATree();
-    void aSavedTreeIsRestoredAndCompleted_data();
-    void aSavedTreeIsRestoredAndCompleted();
-    void aChangeIsSavedShortlyAfterItAndAtTheEnd();
-    void aTreeThatNeverRestsIsSavedAllTheSame();
-    void anUnreadableFileIsReportedAndLeftAsItIs_data();
-    void anUnreadableFileIsReportedAndLeftAsItIs();
-    void aSaveThatFailedIsReportedAndTriedAgain();
-    void aNewerRegistrationCounts();
-    void oneTranslationIsActiveByTheHostsLanguage_data();
-    void oneTranslationIsActiveByTheHostsLanguage();
-    void theLogFileLiesInTheDataFolder();
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        write(path("template.json"), QByteArray(byteOrderMark) + templateText);
+        start();
+    }
+    void cleanup()
+    {
+        m_host.reset();
+        m_problems.clear();
+    }
+    void theTemplateSeedsATree()
+    {
+        ModuleObject *tree = bind(false);
+        QCOMPARE(m("welmo"), tree);
+        QCOMPARE(m("welmo.device.enable")->value(), QVariant(false));
+        QCOMPARE(m("welmo.options.mode")->getString(), QString("test_run"));
+        QVERIFY(tree->hasCmobj("set") && tree->r("set")->cmobjCount() == 0);
+        QCOMPARE(bind(true), tree); // bound again, nothing changes
+        tree->set(nullptr, "device.enable", true);
+        restart();
+        QVERIFY(!QFile::exists(path("data/welmo.json"))); // it was not to be persistent
+        QCOMPARE(m_problems, QStringList());
+    }
+    void aSavedTreeIsRestoredAndCompleted_data()
+    {
+        QTest::addColumn<QByteArray>("saved");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QVariant>("value");
+        const auto row = [](const char *name, const char *saved, const char *key,
+                            const QVariant &value) {
+            QTest::newRow(name) << QByteArray(saved) << QString(key) << value;
+        };
+        row("the saved value wins", R"({"device": {"enable": true}})", "device.enable", true);
+        row("beside it, the template", R"({"device": {"own": 1}})", "device.enable", false);
+        row("what the template lacks stays", R"({"own": {"a": [1, "b"]}})", "own.a",
+            QVariantList{1, "b"});
+        row("a branch saved without children", R"({"device": null})", "device.enable", false);
+        row("a value where the template has a branch", R"({"device": 5})", "device", 5);
+        row("a branch where the template has a value", R"({"options": {"mode": {"a": 1}}})",
+            "options.mode.a", 1);
+        row("with a byte-order mark", "\xEF\xBB\xBF{\"device\": {\"enable\": true}}",
+            "device.enable", true);
+    }
+    void aSavedTreeIsRestoredAndCompleted()
+    {
+        QFETCH(QByteArray, saved);
+        QFETCH(QString, key);
+        QFETCH(QVariant, value);
+        write(path("data/welmo.json"), saved);
+        bind()->set(nullptr, "touched", true);
+        QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
+        restart();
+        bind();
+        QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
+    }
+    void aChangeIsSavedShortlyAfterItAndAtTheEnd()
+    {
+        bind()->set(nullptr, "device.enable", true, false);
+        QTRY_VERIFY(read(path("data/welmo.json")).contains("\"enable\": true"));
+        m("welmo.device")->c("late", true)->set(nullptr, QString(), 12.5);
+        restart();
+        bind();
+        QCOMPARE(m("welmo.device.late")->getDouble(), 12.5);
+        m("welmo.device")->removeChild("late");
+        restart();
+        bind();
+        QVERIFY(m("welmo.device.late")->isMissing());
+    }
+    void aTreeThatNeverRestsIsSavedAllTheSame()
+    {
+        ModuleObject *tree = bind();
+        QTimer restless;
+        int count = 0;
+        connect(&restless, &QTimer::timeout, this, [&] { tree->set(nullptr, "count", ++count); });
+        restless.start(0);
+        QTRY_VERIFY(!read(path("data/welmo.json")).isEmpty());
+    }
+    void anUnreadableFileIsReportedAndLeftAsItIs_data()
+    {
+        QTest::addColumn<QByteArray>("saved");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("broken") << QByteArray("{\"device\":\n {\"enable\" true}}") << ":2:";
+        QTest::newRow("empty") << QByteArray() << "not valid JSON";
+        QTest::newRow("a list") << QByteArray("[1]") << "not a JSON object";
+    }
+    void anUnreadableFileIsReportedAndLeftAsItIs()
+    {
+        QFETCH(QByteArray, saved);
+        QFETCH(QString, reason);
+        write(path("data/welmo.json"), saved);
+        bind()->set(nullptr, "device.enable", true);
+        QCOMPARE(m("welmo.options.mode")->getString(), QString("test_run"));
+        QCOMPARE(m_problems.size(), 1);
+        QVERIFY(m_problems.first().contains("data/welmo.json"));
+        QVERIFY(m_problems.first().contains(reason));
+        restart();
+        QCOMPARE(read(path("data/welmo.json")), saved);
+    }
+    void aSaveThatFailedIsReportedAndTriedAgain()
+    {
+        bind()->set(nullptr, "device.enable", true);
+        QVERIFY(QDir(path("data")).removeRecursively());
+        m_host->saveTrees();
+        QCOMPARE(m_problems.size(), 1);
+        QVERIFY(m_problems.first().contains("data/welmo.json"));
+        QVERIFY(QDir().mkpath(path("data")));
+        restart();
+        bind();
+        QCOMPARE(m("welmo.device.enable")->getBool(), true);
+    }
+    void aNewerRegistrationCounts()
+    {
+        const QList<QPair<QString, int>> classes{
+            {"some.a", 9}, {"some.b", 1}, {"some.a", 7}, {"some", 100}, {"somewhere.a", 100}};
+        for (const auto &[key, number] : classes) {
+            kelp::versionManager().insert(key, [number = number] { return number; });
+            kelp::pluginManager()->regist("some", [number = number] { return number; });
+        }
+        QCOMPARE(ver("some", true), 8); // the sum of the classes below that name
+        QCOMPARE(ver("some", false), 100);
+        QCOMPARE(ver("unknown", true) + ver("unknown", false), 0);
+        QCOMPARE(mName("1", "2", "3"), QString("1.2.3"));
+    }
+    void oneTranslationIsActiveByTheHostsLanguage_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<bool>("chinese");
+        QTest::newRow("en") << "en" << false;
+        QTest::newRow("zh_CN") << "zh_CN" << true;
+    }
+    void oneTranslationIsActiveByTheHostsLanguage()
+    {
+        QFETCH(QString, language);
+        m_host.reset();
+        start(language);
+        QVERIFY(translator()->installQMTranslator(SAMPLE_QM));
+        QVERIFY(!translator()->installQMTranslator(path("missing_cn.qm")));
+        const QString open = QString::fromUtf8("\xE6\x89\x93\xE5\xBC\x80");
+        const auto shown = [] { return QCoreApplication::translate("Sample", "Open"); };
+        QTEST(shown() == open, "chinese");
+        m_host.reset();
+        QCOMPARE(shown(), QString("Open"));
+    }
+    void theLogFileLiesInTheDataFolder()
+    {
+        for (const char *word : {"first", "second"}) {
+            kelp::QFLog log("", "[S]", "./log/sample", "log");
+            log << word << "line";
+        }
+        QCOMPARE(read(path("data/log/sample")),
+                 QByteArray("[S] log first line\n[S] log second line\n"));
+    }
 
 private:
-    void start(const QString &language = QStringLiteral("en"));
-    void restart();
-    ModuleObject *bind(bool persistent = true);
+    void start(const QString &language = "en")
+    {
+        m_host = std::make_unique<Workspace>(path("data"), language);
+        connect(m_host.get(), &Workspace::problem, this,
+                [this](const QString &line) { m_problems.append(line); });
+    }
+    void restart()
+    {
+        m_host.reset();
+        start();
+    }
+    ModuleObject *bind(bool persistent = true)
+    {
+        return m_host->bindTree("welmo", path("template.json"), persistent);
+    }
     QString path(const QString &name) const { return m_folder->filePath(name); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<Workspace> m_host;
     QStringList m_problems;
 };
-
-void tst_Workspace::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    write(path("template.json"), QByteArray(byteOrderMark) + templateText);
-    start();
-}
-
-void tst_Workspace::cleanup()
-{
-    m_host.reset();
-    m_problems.clear();
-}
-
-void tst_Workspace::start(const QString &language)
-{
-    m_host = std::make_unique<Workspace>(path("data"), language);
-    connect(m_host.get(), &Workspace::problem, this,
-            [this](const QString &line) { m_problems.append(line); });
-}
-
-void tst_Workspace::restart()
-{
-    m_host.reset();
-    start();
-}
-
-ModuleObject *tst_Workspace::bind(bool persistent)
-{
-    return m_host->bindTree("welmo", path("template.json"), persistent);
-}
-
-void tst_Workspace::theTemplateSeedsATree()
-{
-    ModuleObject *tree = bind(false);
-    QCOMPARE(m("welmo"), tree);
-    QCOMPARE(m("welmo.device.enable")->value(), QVariant(false));
-    QCOMPARE(m("welmo.options.mode")->getString(), QString("test_run"));
-    QVERIFY(tree->hasCmobj("set") && tree->r("set")->cmobjCount() == 0);
-    QCOMPARE(bind(true), tree); // bound again, nothing changes
-    tree->set(nullptr, "device.enable", true);
-    restart();
-    QVERIFY(!QFile::exists(path("data/welmo.json"))); // it was not to be persistent
-    QCOMPARE(m_problems, QStringList());
-}
-
-void tst_Workspace::aSavedTreeIsRestoredAndCompleted_data()
-{
-    QTest::addColumn<QByteArray>("saved");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QVariant>("value");
-    const auto row = [](const char *name, const char *saved, const char *key,
-                        const QVariant &value) {
-        QTest::newRow(name) << QByteArray(saved) << QString(key) << value;
-    };
-    row("the saved value wins", R"({"device": {"enable": true}})", "device.enable", true);
-    row("beside it, the template", R"({"device": {"own": 1}})", "device.enable", false);
-    row("what the template lacks stays", R"({"own": {"a": [1, "b"]}})", "own.a",
-        QVariantList{1, "b"});
-    row("a branch saved without children", R"({"device": null})", "device.enable", false);
-    row("a value where the template has a branch", R"({"device": 5})", "device", 5);
-    row("a branch where the template has a value", R"({"options": {"mode": {"a": 1}}})",
-        "options.mode.a", 1);
-    row("with a byte-order mark", "\xEF\xBB\xBF{\"device\": {\"enable\": true}}", "device.enable",
-        true);
-}
-
-void tst_Workspace::aSavedTreeIsRestoredAndCompleted()
-{
-    QFETCH(QByteArray, saved);
-    QFETCH(QString, key);
-    QFETCH(QVariant, value);
-    write(path("data/welmo.json"), saved);
-    bind()->set(nullptr, "touched", true);
-    QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
-    restart();
-    bind();
-    QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
-}
-
-void tst_Workspace::aChangeIsSavedShortlyAfterItAndAtTheEnd()
-{
-    bind()->set(nullptr, "device.enable", true, false);
-    QTRY_VERIFY(read(path("data/welmo.json")).contains("\"enable\": true"));
-    m("welmo.device")->c("late", true)->set(nullptr, QString(), 12.5);
-    restart();
-    bind();
-    QCOMPARE(m("welmo.device.late")->getDouble(), 12.5);
-    m("welmo.device")->removeChild("late");
-    restart();
-    bind();
-    QVERIFY(m("welmo.device.late")->isMissing());
-}
-
-void tst_Workspace::aTreeThatNeverRestsIsSavedAllTheSame()
-{
-    ModuleObject *tree = bind();
-    QTimer restless;
-    int count = 0;
-    connect(&restless, &QTimer::timeout, this, [&] { tree->set(nullptr, "count", ++count); });
-    restless.start(0);
-    QTRY_VERIFY(!read(path("data/welmo.json")).isEmpty());
-}
-
-void tst_Workspace::anUnreadableFileIsReportedAndLeftAsItIs_data()
-{
-    QTest::addColumn<QByteArray>("saved");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("broken") << QByteArray("{\"device\":\n {\"enable\" true}}") << ":2:";
-    QTest::newRow("empty") << QByteArray() << "not valid JSON";
-    QTest::newRow("a list") << QByteArray("[1]") << "not a JSON object";
-}
-
-void tst_Workspace::anUnreadableFileIsReportedAndLeftAsItIs()
-{
-    QFETCH(QByteArray, saved);
-    QFETCH(QString, reason);
-    write(path("data/welmo.json"), saved);
-    bind()->set(nullptr, "device.enable", true);
-    QCOMPARE(m("welmo.options.mode")->getString(), QString("test_run"));
-    QCOMPARE(m_problems.size(), 1);
-    QVERIFY(m_problems.first().contains("data/welmo.json"));
-    QVERIFY(m_problems.first().contains(reason));
-    restart();
-    QCOMPARE(read(path("data/welmo.json")), saved);
-}
-
-void tst_Workspace::aSaveThatFailedIsReportedAndTriedAgain()
-{
-    bind()->set(nullptr, "device.enable", true);
-    QVERIFY(QDir(path("data")).removeRecursively());
-    m_host->saveTrees();
-    QCOMPARE(m_problems.size(), 1);
-    QVERIFY(m_problems.first().contains("data/welmo.json"));
-    QVERIFY(QDir().mkpath(path("data")));
-    restart();
-    bind();
-    QCOMPARE(m("welmo.device.enable")->getBool(), true);
-}
-
-void tst_Workspace::aNewerRegistrationCounts()
-{
-    const QList<QPair<QString, int>> classes{
-        {"some.a", 9}, {"some.b", 1}, {"some.a", 7}, {"some", 100}, {"somewhere.a", 100}};
-    for (const auto &[key, number] : classes) {
-        kelp::versionManager().insert(key, [number = number] { return number; });
-        kelp::pluginManager()->regist("some", [number = number] { return number; });
-    }
-    QCOMPARE(ver("some", true), 8); // the sum of the classes below that name
-    QCOMPARE(ver("some", false), 100);
-    QCOMPARE(ver("unknown", true) + ver("unknown", false), 0);
-    QCOMPARE(mName("1", "2", "3"), QString("1.2.3"));
-}
-
-void tst_Workspace::oneTranslationIsActiveByTheHostsLanguage_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<bool>("chinese");
-    QTest::newRow("en") << "en" << false;
-    QTest::newRow("zh_CN") << "zh_CN" << true;
-}
-
-void tst_Workspace::oneTranslationIsActiveByTheHostsLanguage()
-{
-    QFETCH(QString, language);
-    m_host.reset();
-    start(language);
-    QVERIFY(translator()->installQMTranslator(SAMPLE_QM));
-    QVERIFY(!translator()->installQMTranslator(path("missing_cn.qm")));
-    const QString open = QString::fromUtf8("\xE6\x89\x93\xE5\xBC\x80");
-    const auto shown = [] { return QCoreApplication::translate("Sample", "Open"); };
-    QTEST(shown() == open, "chinese");
-    m_host.reset();
-    QCOMPARE(shown(), QString("Open"));
-}
-
-void tst_Workspace::theLogFileLiesInTheDataFolder()
-{
-    for (const char *word : {"first", "second"}) {
-        kelp::QFLog log("", "[S]", "./log/sample", "log");
-        log << word << "line";
-    }
-    QCOMPARE(read(path("data/log/sample")),
-             QByteArray("[S] log first line\n[S] log second line\n"));
-}
 
 QTEST_GUILESS_MAIN(tst_Workspace)
 #include "tst_workspace.moc"
