@@ -1,0 +1,118 @@
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "kelp/registry.h"
+#include "module/welmo.h"
+#include "pando/frame.h"
+#include "tessa/host.h"
+#include "vu/xnav.h"
+
+namespace {
+
+/// A host as a module finds it at start-up: a frame, nothing bound, nothing translated, no link.
+struct BareHost
+{
+    explicit BareHost(const QString &language = "en")
+        : host({folder.path(), language})
+    {
+        pando::frame().center = new pando::CenterWidget(&window);
+        pando::frame().rightSide = new pando::ExpandSideBar(&window);
+        pando::frame().status = new pando::StatusBar(&window);
+        module.reset(bfactory()->creator("welmo")(nullptr));
+    }
+
+    QTemporaryDir folder;
+    QWidget window;
+    tessa::Host host;
+    std::unique_ptr<pando::BModule> module; // goes first, as in a host
+};
+
+} // namespace
+
+/// What the host finds when it has loaded the library, and what the module does when it is made.
+class TestWelmo : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void registrations()
+    {
+        QVERIFY(bfactory()->contains("welmo"));
+        QCOMPARE(kelp::pluginManager()->creator("welmo")(), 11);
+        const QHash<QString, int> numbers{
+            {"welmo.arc_weld_page", 7},         {"welmo.seg_parameter_page", 1},
+            {"welmo.monitor_page", 1},          {"welmo.device_setting_page", 1},
+            {"welmo.process_settings_page", 1}, {"welmo.weave_function_page", 1},
+            {"welmo.welding_options_page", 2},  {"welmo.moveparamwidget", 2}};
+        for (auto it = numbers.begin(); it != numbers.end(); ++it) {
+            QVERIFY2(kelp::versionManager().contains(it.key()), qPrintable(it.key()));
+            QCOMPARE(kelp::versionManager().value(it.key())(), it.value());
+        }
+        QCOMPARE(kelp::versionManager().size(), numbers.size());
+    }
+
+    /// The patch counts the class versions, less five.
+    void versionText()
+    {
+        QCOMPARE(welmo::version(), QString("1.1.11"));
+        QCOMPARE(welmo::api(), welmo::version());
+        kelp::versionManager().insert("welmo.one_more", [] { return 1; });
+        QCOMPARE(welmo::version(), QString("1.1.12"));
+        kelp::versionManager().remove("welmo.one_more");
+    }
+
+    void construction()
+    {
+        BareHost bare("zh_CN");
+        QCOMPARE(bare.module->name(), QString("welmo"));
+        QCOMPARE(m("welmo.version")->getString(), QString("1.1.11"));
+        QCOMPARE(m("welmo.device.enable")->value(), QVariant(false));
+        QCOMPARE(m("welmo.welding_options.weld_mode")->getString(), QString("test_run"));
+        QVERIFY(!m("welmo.process_setting")->isMissing());
+        QCOMPARE(QCoreApplication::translate("Welmo", "Arc Weld"), QString("弧焊"));
+        QVERIFY(!tessa::ManagerHelper::instance()
+                     ->themeManager()
+                     ->getIcon("handle", "gasPressed")
+                     .isNull());
+        QFile log(kelp::Workspace::current()->dataFolder() + "/log/welmo");
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        const QString line = QString::fromUtf8(log.readAll());
+        QVERIFY2(line.startsWith("[S|") && line.endsWith(" welmo v1.1.11\n"), qPrintable(line));
+    }
+
+    /// The order in which the host drives a module: the entry in init, the views in setup.
+    void initThenSetup()
+    {
+        BareHost bare;
+        pando::BModule *module = bare.module.get();
+        QVERIFY(m(vu::xnav::entriesPath)->isMissing());
+        module->init();
+        const auto *entry = m(vu::xnav::entriesPath)->cmobjs().first();
+        QCOMPARE(entry->r("title")->getString(), QString("Arc Weld"));
+        QCOMPARE(entry->r("group")->getString(), QString("robot.pack"));
+        QCOMPARE(entry->r("parent")->getString("none"), QString());
+        QCOMPARE(entry->r("position")->getInt(), -1);
+        QCOMPARE(entry->r("nav")->getString(), QString("welmo.page"));
+        QCOMPARE(entry->r("key")->getString(), QString("arcweldpackage"));
+        QVERIFY(module->submodules().isEmpty());
+        module->setup();
+        QCOMPARE(module->submodules().size(), 2);
+        QVERIFY(pando::frame().center->switchTo("welmo.page"));
+        QVERIFY(pando::frame().rightSide->switchTo("welmo.page"));
+    }
+
+    void noSideBarNoMonitor()
+    {
+        BareHost bare;
+        pando::frame().rightSide = nullptr;
+        bare.module->init();
+        bare.module->setup();
+        QCOMPARE(bare.module->submodules().size(), 1);
+        QVERIFY(bare.host.helper()->log()->entries().isEmpty());
+    }
+};
+
+QTEST_MAIN(TestWelmo)
+#include "tst_welmo.moc"
