@@ -47,7 +47,9 @@ QJsonDocument readJsonFile(const QString &path, QString *error)
 bool writeJsonFile(const QString &path, const QJsonDocument &document, QString *error)
 {
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(document.toJson()) >= 0 && file.commit())
+    // commit() alone misses a flush that failed, and would put an empty file in place.
+    if (file.open(QIODevice::WriteOnly) && file.write(document.toJson()) >= 0 && file.flush()
+        && file.commit())
         return true;
     *error = JsonFile::tr("%1: cannot be written: %2").arg(path, file.errorString());
     return false;
