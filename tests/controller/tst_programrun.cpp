@@ -48,6 +48,7 @@ private slots:
     void modes();
     void movesGoWhereTheySay_data();
     void movesGoWhereTheySay();
+    void circle_data();
     void circle();
     void straightCircleIsALine();
     void weavesWithinItsAmplitude();
@@ -217,11 +218,26 @@ void tst_ProgramRun::movesGoWhereTheySay()
     QVERIFY(isAt(bench, {x, y, z}));
 }
 
-// From p6 over p7 to p8 is half a circle of 100 mm around (700, 0, 200).
+// From p6 over p7 the circle has 100 mm around (700, 0, 200).
+void tst_ProgramRun::circle_data()
+{
+    QTest::addColumn<QString>("end");
+    QTest::addColumn<double>("x");
+    QTest::addColumn<double>("y");
+    QTest::addColumn<double>("quarters");
+    QTest::newRow("half") << "p8" << 700.0 << 100.0 << 2.0;
+    QTest::newRow("three quarters") << "Offs(p7,-200,0,0)" << 600.0 << 0.0 << 3.0;
+}
+
 void tst_ProgramRun::circle()
 {
+    QFETCH(QString, end);
+    QFETCH(double, x);
+    QFETCH(double, y);
+    QFETCH(double, quarters);
     ProgramBench bench;
-    bench.go({"MoveL p6,v1000,fine,torch1", "WMoveC p7,p8,v50,fine,torch1,wobj0"});
+    bench.go(
+        {"MoveL p6,v1000,fine,torch1", QString("WMoveC p7,%1,v50,fine,torch1,wobj0").arg(end)});
     QVERIFY(bench.passUntil([&] { return bench.state("line") == 2; }));
     const qint64 began = bench.now;
     double nearest = 1000;
@@ -230,9 +246,10 @@ void tst_ProgramRun::circle()
         QVERIFY(qAbs((bench.tip() - Vector3d(700, 0, 200)).norm() - 100) < 0.01);
         nearest = qMin(nearest, (bench.tip() - Vector3d(800, 0, 200)).norm());
     }
+    QCOMPARE(bench.state("message"), QVariant("finished"));
     QVERIFY(nearest < 3);
-    QVERIFY(isAt(bench, {700, 100, 200}));
-    QVERIFY(qAbs((bench.now - began) / 1000.0 - M_PI * 100 / 50) < 0.1);
+    QVERIFY(isAt(bench, {x, y, 200}));
+    QVERIFY(qAbs((bench.now - began) / 1000.0 - quarters * M_PI / 2 * 100 / 50) < 0.1);
 }
 
 void tst_ProgramRun::straightCircleIsALine()
@@ -637,10 +654,11 @@ void tst_ProgramRun::valuesComeAtTheRate()
         QCOMPARE(values.contains("current"), values.contains("voltage"));
     }
     QVERIFY2(count > 2 * rate * 0.95 && count <= 2 * rate, qPrintable(QString::number(count)));
-    bench.finish();
+    bench.faults.set(Fault::WelderError, true); // it ends at once
     bench.pass(2000);
-    const auto last = bench.toldValues("arc_weld.welder_state", "welding_distance");
-    QCOMPARE(last.last(), bench.weldState("welding_distance")); // the last value arrives
+    for (const char *key : {"current", "welding_distance"})
+        QCOMPARE(bench.toldValues("arc_weld.welder_state", key).last(), bench.weldState(key));
+    QCOMPARE(bench.weldState("current"), QVariant(0.0));
     bench.told.clear();
     bench.pass(2000);
     QVERIFY(bench.told.isEmpty());

@@ -102,6 +102,8 @@ private slots:
     void endsCleanly_data();
     void endsCleanly();
     void endsWhenTheBusyThreadIsDone();
+    void wireStopsWithThePendant_data();
+    void wireStopsWithThePendant();
 };
 
 void tst_EmbeddedLink::answersAndKeeps()
@@ -424,6 +426,44 @@ void tst_EmbeddedLink::endsWhenTheBusyThreadIsDone()
     bench.link.reset();
     blocker.join();
     QCOMPARE(reply.code, LinkReply::TimedOut);
+}
+
+void tst_EmbeddedLink::wireStopsWithThePendant_data()
+{
+    QTest::addColumn<QString>("end");
+    QTest::newRow("no more beats") << "no heartbeat";
+    QTest::newRow("beats without a key") << "no key held";
+    QTest::newRow("link closed") << "pendant lost";
+    QTest::newRow("link broken") << "pendant lost";
+}
+
+void tst_EmbeddedLink::wireStopsWithThePendant()
+{
+    QFETCH(QString, end);
+    const Bench bench;
+    QVERIFY(bench.comeUp());
+    const QVariantMap feed{{QStringLiteral("feed"), true}};
+    const auto start = [&] {
+        return bench.call(Kind::Command, QStringLiteral("arc_weld.wire_feed"),
+                          QStringLiteral("wire_feel"), feed);
+    };
+    QVERIFY(start().code > 0);
+    for (int beats = 0; beats < 5; ++beats) {
+        bench.hands->now += 50;
+        bench.link->beat(1);
+        QCOMPARE(start().code, 0);
+    }
+    QCOMPARE(bench.link->journal().entries().size(), 1); // it moves on
+    if (end == "no heartbeat")
+        bench.hands->now += 100;
+    else if (end == "no key held")
+        bench.link->beat(0);
+    else if (QTest::currentDataTag() == QLatin1String("link closed"))
+        bench.link->close();
+    else
+        bench.link->faults()->set(Fault::LinkDown, true);
+    QTRY_COMPARE(bench.link->journal().entries().size(), 2);
+    QCOMPARE(bench.link->journal().entries().last().cause, end);
 }
 
 QTEST_GUILESS_MAIN(tst_EmbeddedLink)

@@ -132,7 +132,14 @@ private:
         if (m_up && m_presses > 0)
             ask(command(lastPressed(), true), m_session);
     }
-    void sendOld() { ask(command(anyKey(), true), m_session - 1); }
+    // What was on its way when a session ended: a command, or a beat that may speak for no other.
+    void sendOld()
+    {
+        constexpr int longEnded = -1;
+        m_farEnd.beat(longEnded, m_presses + 1000);
+        m_farEnd.tick();
+        ask(command(anyKey(), true), isAnyHeld() ? m_session - 1 : m_session);
+    }
 
     // And elsewhere.
     void toggleError() { toggle(Fault::WelderError); }
