@@ -1,6 +1,7 @@
 #include <QtTest>
 
 #include "allsets.h"
+#include "settings/basesubpage.h"
 #include "support/formhost.h"
 
 using namespace welmo;
@@ -85,6 +86,36 @@ const QHash<QString, QString> choiceContracts{
     {"direction", "Normal=false|Reverse=true"},
     {"elevation", "V-Pattern=v_pattern|Triangular=triangular"},
     {"seg", "Normal=normal"},
+};
+
+// What stands beside the controls; the misspellings are what operators know.
+const QHash<QString, QString> labels{
+    {"arcon",
+     "ArcOn Parameter|ArcOn Parameter File Number|Annotation|Arc Mode|Current Mode|"
+     "Voltage Mode|ArcOn Current|ArcOn Voltage|ArcOn Time|ArcOn Detect Time|"
+     "ArcOn Confirm Time|BeforeFlow Time|BeforeArcOn Time|Slow Wire Feed Speed|"
+     "BeforeWireOut|ShadingTime|Arc Reignition|RetryTimes|RetratWaitTime|RetractTime|"
+     "Current Increase|Voltage Increase|MoveArcOn|MoveDis|ReturnSpeed|StepDis|Save|Cancel"},
+    {"weld",
+     "Weld Parameter|Weld Parameter File Number|Annotation|Arc Mode|Current Mode|"
+     "Voltage Mode|WeldCurrent|WeldVoltage|WeldSpeed|Shdingtime|Arc Detect Time|"
+     "Arc Break Option|BackDistance|Save|Cancel|Enable"},
+    {"arcoff",
+     "ArcOff Parameter|ArcOff Parameter File Number|Annotation|Arc Mode|Current Mode|"
+     "Voltage Mode|ArcOff Current|ArcOff Voltage|ArcOff Time|Stop Flow Delay Time|"
+     "ArcOff Detection Time|ArcOff Pull Wire Time|Wire Sticking Detection Time|"
+     "Anti-Stick Function Switch|Anti-Stick Current|Anti-Stick Voltage|Anti-Stick Time"},
+    {"weave page",
+     "Weave Setting|Angle Setting|Stay Setting|Weave Parameter File Number|"
+     "Weave Standard|Weave Pattern|Weave Frequency|Amplitude|Stay Type|Weave Radius|"
+     "Waveform Direction|Elevation Type|Left Elevation|Right Elevation|Inclination"},
+    {"seg",
+     "Seg File Number|Annotation|Seg Type|Non-welded Speed|Welded Distance|"
+     "Non-welded Distance"},
+    {"running",
+     "Base Setting|Anti-Collision Setting|Wire Torch Mode Setting|DI Selection|"
+     "Empty running Cartesian speed|Jog Wire Feed/Reverse Speed|Flow Detection Time|"
+     "Anti-Collision Switch|Anti-Collision Shield|Mode Switch|Save"},
 };
 
 // The one default that its own box cannot show.
@@ -272,6 +303,19 @@ private slots:
         stored.r("stranger")->removeChild("inside");
         stored.removeChild("stranger");
         QCOMPARE(leaves(&stored), keys); // and nothing else is stored
+    }
+
+    void labelling()
+    {
+        QFETCH_GLOBAL(int, set);
+        const QObject *form = m_sets[size_t(set)].form.get();
+        if (const auto *page = qobject_cast<const BaseSubPage *>(form))
+            form = page->wgt();
+        QStringList texts{form->property("title").toString()};
+        for (const QWidget *widget : form->findChildren<QWidget *>())
+            texts += {widget->property("text").toString(), widget->property("title").toString()};
+        for (const QString &label : labels.value(setName()).split('|'))
+            QVERIFY2(texts.contains(label), qPrintable(label));
     }
 
     void eachRow()

@@ -102,6 +102,8 @@ private slots:
         QCOMPARE(desk.combo("cbxWeaveStayType")->currentText(), QString("Weave Stay"));
         desk.show(4, {{"dwell_type", "weave_stop"}, {"weave_length_frequency", 2.25}});
         QCOMPARE(present(), QString("Weave Frequency 0.1..5 by 0.1 Hz, 2.25, stay ms"));
+        desk.reference->setCurrentIndex(0);
+        QCOMPARE(desk.text("lblWeaveLeftStayUnit"), QString("mm"));
     }
 
     void thePatternDecidesRadiusAndStay_data()
