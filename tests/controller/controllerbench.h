@@ -45,13 +45,15 @@ struct ControllerBench
         return controller.handle({Kind::Command, QString::fromLatin1(command),
                                   QString::fromLatin1(payloadName), payload});
     }
-    /// Time passes in steps of the controller's pace.
+    /// Time passes in steps of the controller's pace; it is left alone while it is not busy.
     void pass(int ms)
     {
+        controller.tick();
         const qint64 end = now + ms;
         while (now < end) {
             now = qMin(end, now + controller.paceMs());
-            controller.tick();
+            if (controller.isBusy())
+                controller.tick();
         }
     }
     /// Time passes on a living pendant with the key of that press held, or with none.
