@@ -68,7 +68,7 @@ Reply Controller::handle(const Request &request)
         return Reply::refused(code, QStringLiteral("a switched fault"));
     if (!isPlain(request.payload))
         return Reply::refused(BadPayload, QStringLiteral("the payload is no plain value"));
-    const Reply reply = m_registry.dispatch(request);
+    Reply reply = m_registry.dispatch(request);
     tick(); // who watches hears of what the request changed
     return reply;
 }

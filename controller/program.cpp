@@ -59,7 +59,7 @@ Reply Program::load(const QVariant &payload)
 {
     if (m_state == State::Running || m_state == State::Paused)
         return wrongState("a program is being run");
-    const Reply wanted = checked(payload, {text("name"), text("text")}, Missing::Refused);
+    Reply wanted = checked(payload, {text("name"), text("text")}, Missing::Refused);
     if (!wanted.ok())
         return wanted;
     m_name = childAt(wanted.value, QStringLiteral("name")).toString();

@@ -75,7 +75,7 @@ Reply ProjectData::point(const QString &name, Frame *frame, QString *workObject)
 
 Reply ProjectData::speed(const QString &name, double *speed) const
 {
-    const Reply variable = item(QStringLiteral("var"), name);
+    Reply variable = item(QStringLiteral("var"), name);
     if (!variable.ok())
         return variable;
     *speed = childAt(variable.value, QStringLiteral("value.linear")).toDouble();

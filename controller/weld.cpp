@@ -77,13 +77,13 @@ void Weld::listenTo(const FileSet &set, const QString &used,
 
 Reply Weld::openSeam(const QString &arcOnFile, const QString &weldFile, bool dry)
 {
-    const Reply refused = dry ? Reply{} : refusal();
+    Reply refused = dry ? Reply{} : refusal();
     if (!refused.ok())
         return refused;
-    const Reply arcOn = load(arcOnSet(), arcOnFile);
+    Reply arcOn = load(arcOnSet(), arcOnFile);
     if (!arcOn.ok())
         return arcOn;
-    const Reply weld = load(weldSet(), weldFile);
+    Reply weld = load(weldSet(), weldFile);
     if (!weld.ok())
         return weld;
     m_arcOnFile = arcOnFile;
@@ -112,7 +112,7 @@ Reply Weld::refusal() const
 
 Reply Weld::closeSeam(const QString &arcOffFile)
 {
-    const Reply arcOff = load(arcOffSet(), arcOffFile);
+    Reply arcOff = load(arcOffSet(), arcOffFile);
     if (!arcOff.ok())
         return arcOff;
     m_seam.reset();
@@ -208,7 +208,7 @@ QString Weld::fileName() const
 
 Reply Weld::load(const FileSet &set, const QString &file) const
 {
-    const Reply stored = set.hasFile(file) ? m_cell.load(set.path(), file) : Reply{};
+    Reply stored = set.hasFile(file) ? m_cell.load(set.path(), file) : Reply{};
     if (!stored.ok() || stored.value.isValid())
         return stored;
     return Reply::refused(OutOfRange, QStringLiteral("there is no file \"%1\"").arg(file));
@@ -218,7 +218,7 @@ Reply Weld::enable(const QVariant &payload)
 {
     if (m_welder.isInError())
         return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
-    const Reply wanted = checkedFile(weldSet(), payload);
+    Reply wanted = checkedFile(weldSet(), payload);
     if (!wanted.ok())
         return wanted;
     m_weldFile = childAt(wanted.value, nameKey).toString();

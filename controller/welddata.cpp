@@ -63,11 +63,11 @@ ArcWeld::WhenBroken breakOption(const File &file)
 
 } // namespace
 
-Setpoint setpointOf(const QVariantMap &map)
+Setpoint setpointOf(const QVariantMap &file)
 {
-    const File file(map);
-    const double current = currentOf(file, file.real("current"));
-    return {current, voltageOf(file, file.real("voltage"), current)};
+    const File values(file);
+    const double current = currentOf(values, values.real("current"));
+    return {current, voltageOf(values, values.real("voltage"), current)};
 }
 
 double wireSpeedAt(double current)
@@ -75,54 +75,54 @@ double wireSpeedAt(double current)
     return current / amperesPerSpeed;
 }
 
-ArcStart ArcStart::from(const QVariantMap &map)
+ArcStart ArcStart::from(const QVariantMap &file)
 {
-    const File file(map);
+    const File values(file);
     ArcStart data;
-    data.setpoint = setpointOf(map);
-    data.preFlow = file.whole("preflow_time");
-    data.lead = file.whole("prearc_time") + file.whole("pre_wirefeed_time");
-    data.slowWireSpeed = file.real("slow_wire_feed_speed");
-    data.detect = file.whole("detect_time");
-    data.stay = file.whole("confirm_time") + file.whole("hold_time");
-    data.ramp = file.whole("ramp_time");
-    if (file.flag("re_arcon.enable"))
-        data.retries = file.whole("re_arcon.retry_time"); // a number, whatever the key says
-    data.retractDelay = file.whole("re_arcon.wire_retract_delay_time");
-    data.retract = file.whole("re_arcon.wire_retract_time");
-    data.currentStep = currentOf(file, file.real("re_arcon.current_step"));
+    data.setpoint = setpointOf(file);
+    data.preFlow = values.whole("preflow_time");
+    data.lead = values.whole("prearc_time") + values.whole("pre_wirefeed_time");
+    data.slowWireSpeed = values.real("slow_wire_feed_speed");
+    data.detect = values.whole("detect_time");
+    data.stay = values.whole("confirm_time") + values.whole("hold_time");
+    data.ramp = values.whole("ramp_time");
+    if (values.flag("re_arcon.enable"))
+        data.retries = values.whole("re_arcon.retry_time"); // a number, whatever the key says
+    data.retractDelay = values.whole("re_arcon.wire_retract_delay_time");
+    data.retract = values.whole("re_arcon.wire_retract_time");
+    data.currentStep = currentOf(values, values.real("re_arcon.current_step"));
     const double current = data.setpoint.current;
-    const double step = file.real("re_arcon.voltage_step");
-    data.voltageStep = voltageOf(file, step, current) - voltageOf(file, 0, current);
+    const double step = values.real("re_arcon.voltage_step");
+    data.voltageStep = voltageOf(values, step, current) - voltageOf(values, 0, current);
     return data;
 }
 
-ArcWeld ArcWeld::from(const QVariantMap &map)
+ArcWeld ArcWeld::from(const QVariantMap &file)
 {
-    const File file(map);
+    const File values(file);
     ArcWeld data;
-    data.setpoint = setpointOf(map);
-    data.speed = file.real("weld_speed");
-    data.ramp = file.whole("ramp_time");
-    data.breakDetect = file.whole("arc_break_param.detect_time");
-    data.whenBroken = breakOption(file);
-    data.backDistance = file.real("arc_break_param.restart_back_distance");
+    data.setpoint = setpointOf(file);
+    data.speed = values.real("weld_speed");
+    data.ramp = values.whole("ramp_time");
+    data.breakDetect = values.whole("arc_break_param.detect_time");
+    data.whenBroken = breakOption(values);
+    data.backDistance = values.real("arc_break_param.restart_back_distance");
     return data;
 }
 
-ArcEnd ArcEnd::from(const QVariantMap &map)
+ArcEnd ArcEnd::from(const QVariantMap &file)
 {
-    const File file(map);
+    const File values(file);
     ArcEnd data;
-    data.setpoint = setpointOf(map);
-    data.hold = file.whole("hold_time");
-    data.postFlow = file.whole("delay_gasoff_time");
-    data.stickDetect = file.whole("wire_stick_detection_time");
-    data.antiStick = file.flag("anti_wire_stick_param.enable");
-    const double current = file.real("anti_wire_stick_param.current");
-    const double voltage = file.real("anti_wire_stick_param.voltage");
-    data.antiStickSetpoint = {current, voltageOf(file, voltage, current)};
-    data.antiStickTime = file.whole("anti_wire_stick_param.time");
+    data.setpoint = setpointOf(file);
+    data.hold = values.whole("hold_time");
+    data.postFlow = values.whole("delay_gasoff_time");
+    data.stickDetect = values.whole("wire_stick_detection_time");
+    data.antiStick = values.flag("anti_wire_stick_param.enable");
+    const double current = values.real("anti_wire_stick_param.current");
+    const double voltage = values.real("anti_wire_stick_param.voltage");
+    data.antiStickSetpoint = {current, voltageOf(values, voltage, current)};
+    data.antiStickTime = values.whole("anti_wire_stick_param.time");
     return data;
 }
 

@@ -70,7 +70,7 @@ Reply Welder::deviceParam() const
 
 Reply Welder::start()
 {
-    const Reply present = setting();
+    Reply present = setting();
     m_enabled = childAt(present.value, enableKey).toBool();
     return present;
 }

@@ -104,7 +104,7 @@ QVariantMap WelderState::numbers() const
 
 Reply WelderState::setRate(const QVariant &payload)
 {
-    const Reply wanted = checked(payload, {integer("rate", 10, 500)}, Missing::Refused);
+    Reply wanted = checked(payload, {integer("rate", 10, 500)}, Missing::Refused);
     if (!wanted.ok())
         return wanted;
     m_rate = childAt(wanted.value, rateKey).toInt();

@@ -146,7 +146,7 @@ Reply WireAndGas::testGas()
     Reply seconds = gasDetectTime(m_cell);
     if (!seconds.ok())
         return seconds;
-    return startGas(m_cell.now() + seconds.value.toInt() * 1000, names::gasFlow);
+    return startGas(m_cell.now() + seconds.value.toLongLong() * 1000, names::gasFlow);
 }
 
 Reply WireAndGas::startGas(qint64 end, const QString &cause)
