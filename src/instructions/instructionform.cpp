@@ -1,6 +1,7 @@
 #include "instructions/instructionform.h"
 
 #include "data/report.h"
+#include "data/stylerules.h"
 
 using namespace welmo;
 
@@ -9,6 +10,7 @@ InsertForm::InsertForm(line::Instruction instruction, QWidget *parent)
     , m_instruction(instruction)
 {
     setObjectName(line::instructionName(instruction) + QStringLiteral("InsertWidget"));
+    applyStyleRules(this);
 }
 
 PropertyForm::PropertyForm(line::Instruction instruction, QWidget *parent)
@@ -16,6 +18,7 @@ PropertyForm::PropertyForm(line::Instruction instruction, QWidget *parent)
     , m_instruction(instruction)
 {
     setObjectName(line::instructionName(instruction) + QStringLiteral("PropertyWidget"));
+    applyStyleRules(this);
 }
 
 void PropertyForm::report(const line::Problems &problems)

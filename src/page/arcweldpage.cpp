@@ -7,10 +7,10 @@
 #include <pando/frame.h>
 #include <tessa/managerhelper.h>
 #include <tessa/physicalbutton.h>
-#include <vu/stylesheet.h>
 #include <vu/xtheme.h>
 
 #include "data/controller.h"
+#include "data/stylerules.h"
 #include "instructions/tlarcweld.h"
 #include "page/handlekeys.h"
 #include "page/weldmodeindicator.h"
@@ -22,7 +22,6 @@
 
 namespace {
 
-const QString rulesPath = QStringLiteral(":/welmo/render/sub_page.json");
 const QString weldModeKey = QStringLiteral("welding_options.weld_mode");
 // The theme's two icon inks: on the strip's own ground, and on a checked button.
 const QString plainInk = QStringLiteral("black");
@@ -169,8 +168,7 @@ void ArcWeldPage::init()
 
 void ArcWeldPage::render()
 {
-    auto *theme = tessa::ManagerHelper::instance()->themeManager();
-    setRecursiveWidgetStyleSheet(m_wgt, theme->genStyleSheet(rulesPath));
+    welmo::applyStyleRules(m_wgt);
 
     m_modeIndicator = new WeldModeIndicator;
     instantiatedStatusBar(this)->addBeforeItem(this, QStringLiteral("welmo.labelArcMode"),

@@ -2,10 +2,8 @@
 
 #include <QPushButton>
 
-#include <tessa/managerhelper.h>
-#include <vu/stylesheet.h>
-
 #include "data/report.h"
+#include "data/stylerules.h"
 #include "ui_monitorpage.h"
 
 namespace {
@@ -60,9 +58,7 @@ MonitorPage::~MonitorPage()
 
 void MonitorPage::render()
 {
-    auto *theme = tessa::ManagerHelper::instance()->themeManager();
-    setRecursiveWidgetStyleSheet(
-        m_wgt, theme->genStyleSheet(QStringLiteral(":/welmo/render/sub_page.json")));
+    welmo::applyStyleRules(m_wgt);
 }
 
 void MonitorPage::onWelderStateChanged(const QVariant &value)
