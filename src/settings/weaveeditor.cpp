@@ -97,8 +97,11 @@ void WeaveEditor::initControl(const Home &home)
 
 void WeaveEditor::hideTitlesAndPictures()
 {
-    for (QGroupBox *box : {ui->gbxWeaveSetting, ui->gbxWeaveAngleSetting, ui->gbxWeaveStaySetting})
+    for (QGroupBox *box :
+         {ui->gbxWeaveSetting, ui->gbxWeaveAngleSetting, ui->gbxWeaveStaySetting}) {
         box->setTitle(QString());
+        box->setProperty("func", "untitled"); // the style keeps no room for a title
+    }
     ui->wgtPreview->hide();
 }
 
