@@ -622,10 +622,6 @@
         <source>There is no point %1 in the project</source>
         <translation>工程中没有点 %1</translation>
     </message>
-    <message>
-        <source>point format error</source>
-        <translation>点格式错误</translation>
-    </message>
 </context>
 <context>
     <name>ParameterFile</name>
@@ -916,6 +912,10 @@
     <message>
         <source>detectgas time format error</source>
         <translation>检气时间格式错误</translation>
+    </message>
+    <message>
+        <source>point format error</source>
+        <translation>点格式错误</translation>
     </message>
 </context>
 <context>

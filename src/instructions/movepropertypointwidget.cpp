@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "data/report.h"
+#include "instructions/line/problem.h"
 #include "instructions/orbodata.h"
 #include "instructions/pointedit.h"
 #include "instructions/pointreport.h"
@@ -81,7 +82,7 @@ void MovePropertyPointWidget::handleSetPoint(QComboBox *combo, const QString &te
         report::warning(reporterFor(this),
                         tr("There is no point %1 in the project").arg(parts.value(1)));
     if (!line::readsAsWritten(text))
-        report::error(reporterFor(this), tr("point format error"));
+        report::error(reporterFor(this), line::shown(line::messages::point));
     setter(parts);
 }
 

@@ -58,9 +58,11 @@ void tst_Checker::programs_data()
         {"2:13 unknown: no point p9 in the project"});
     row("WMoveL p1,v10,fine,tool0,wobj0,\"NULL\"");
     row("WMoveL Shift(p9,1),v10,fine,tool0",
-        {"1:8 misread: Shift(p9,1) is read as p9", "1:8 unknown: no point p9 in the project"});
+        {"1:8 misread: point format error: Shift(p9,1) is read as p9",
+         "1:8 unknown: no point p9 in the project"});
     row("WMoveL Reltool(p1,a,2),v10,fine,tool0",
-        {"1:8 misread: Reltool(p1,a,2) is read as Reltool(p1,0,2,0,0,0,0)"});
+        {"1:8 misread: point format error: Reltool(p1,a,2) is read as "
+         "Reltool(p1,0,2,0,0,0,0)"});
     // A set of which the project holds no file says nothing about its files.
     row("ArcOn \"arcondata2\",\"arcdata40\"\nArcOff \"arcoffdata7\"",
         {"1:7 unknown: no file arcondata2 in the project"});

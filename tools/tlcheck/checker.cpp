@@ -108,12 +108,24 @@ Findings Checker::check(const QStringList &lines, const std::function<void(int)>
         if (progress && (i + 1) % progressStep == 0)
             progress(i + 1);
     }
+    findings += checkPairs(lines);
+    sort(findings);
+    return findings;
+}
+
+Findings Checker::checkPairs(const QStringList &lines)
+{
+    Findings findings;
     for (const Pair &pair : pairs)
         findings += unpairedLines(lines, pair);
+    return findings;
+}
+
+void Checker::sort(Findings &findings)
+{
     std::stable_sort(findings.begin(), findings.end(), [](const Finding &a, const Finding &b) {
         return std::make_pair(a.line, a.column) < std::make_pair(b.line, b.column);
     });
-    return findings;
 }
 
 Findings Checker::checkLine(const QString &line, int number) const
@@ -180,7 +192,8 @@ Findings Checker::checkPoint(const std::optional<Token> &token) const
     const PointExpression point = PointExpression::parse(token->text);
     if (!welmo::line::readsAsWritten(token->text)) {
         const QString read = point.format(PointExpression::spellingOf(token->text));
-        findings.append({0, token->column, Kind::Misread, nullptr, readAs, {token->text, read}});
+        findings.append(
+            {0, token->column, Kind::Misread, messages::point, readAs, {token->text, read}});
     }
     if (m_project && !m_project->points.contains(point.name))
         findings.append({0, token->column, Kind::Unknown, nullptr, noPoint, {point.name}});

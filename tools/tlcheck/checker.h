@@ -23,6 +23,10 @@ public:
 
     /// What is wrong with one line by itself; @p number goes into the findings.
     Findings checkLine(const QString &line, int number) const;
+    /// What stands alone of instructions that belong together; needs all lines of the program.
+    static Findings checkPairs(const QStringList &lines);
+    /// Puts findings in the order of lines and columns.
+    static void sort(Findings &findings);
 
 private:
     using Names = QSet<QString> ProjectNames::*;

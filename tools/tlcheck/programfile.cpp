@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QSaveFile>
+#include <unistd.h>
 
 namespace tlcheck {
 
@@ -31,9 +32,10 @@ std::optional<QByteArray> readProgram(const QString &name, QString *problem)
 bool writeProgram(const QString &name, const QByteArray &bytes, QString *problem)
 {
     QSaveFile file(name);
-    // commit() alone does not notice that what was still buffered could not be written.
+    // commit() alone does not notice that what was still buffered could not be written, and a
+    // rename may reach the disk before the bytes do.
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()
-        && file.commit())
+        && ::fsync(file.handle()) == 0 && file.commit())
         return true;
     *problem = file.errorString();
     return false;

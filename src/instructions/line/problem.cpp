@@ -19,6 +19,7 @@ const char *const segData = QT_TRANSLATE_NOOP("ProgramLine", "segdata format err
 const char *const speed = QT_TRANSLATE_NOOP("ProgramLine", "speed format error");
 const char *const zone = QT_TRANSLATE_NOOP("ProgramLine", "zone format error");
 const char *const tool = QT_TRANSLATE_NOOP("ProgramLine", "tool format error");
+const char *const point = QT_TRANSLATE_NOOP("ProgramLine", "point format error");
 const char *const wobj = QT_TRANSLATE_NOOP("ProgramLine", "wobj format error");
 
 } // namespace messages

@@ -29,6 +29,7 @@ extern const char *const speed;
 extern const char *const zone;
 extern const char *const tool;
 extern const char *const wobj;
+extern const char *const point; ///< readable, but as something else than what is written
 
 } // namespace messages
 

@@ -43,7 +43,7 @@ ProgramText::ProgramText(const QByteArray &bytes)
 
 QString ProgramText::line(int index) const
 {
-    return decoded(m_lines.at(size_t(index)).text);
+    return decoded(m_lines.at(index).text);
 }
 
 QStringList ProgramText::lines() const
@@ -57,12 +57,12 @@ QStringList ProgramText::lines() const
 
 bool ProgramText::isFaithful(int index) const
 {
-    return line(index).toUtf8() == m_lines.at(size_t(index)).text;
+    return line(index).toUtf8() == m_lines.at(index).text;
 }
 
 void ProgramText::setLine(int index, const QString &text)
 {
-    m_lines.at(size_t(index)).text = oneLine(text);
+    m_lines[index].text = oneLine(text);
 }
 
 void ProgramText::insertLine(int index, const QString &text)
@@ -72,24 +72,24 @@ void ProgramText::insertLine(int index, const QString &text)
 
 void ProgramText::insert(int index, const QByteArray &text)
 {
-    QByteArray end = m_lines.empty() || m_lines.front().end.isEmpty() ? QByteArrayLiteral("\n")
-                                                                      : m_lines.front().end;
-    if (index == lineCount() && !m_lines.empty() && m_lines.back().end.isEmpty())
-        std::swap(end, m_lines.back().end);
-    m_lines.insert(m_lines.begin() + index, {text, end});
+    QByteArray end = m_lines.isEmpty() || m_lines.first().end.isEmpty() ? QByteArrayLiteral("\n")
+                                                                        : m_lines.first().end;
+    if (index == lineCount() && !m_lines.isEmpty() && m_lines.last().end.isEmpty())
+        std::swap(end, m_lines.last().end);
+    m_lines.insert(index, {text, end});
 }
 
 void ProgramText::removeLine(int index)
 {
     const bool isLast = index == lineCount() - 1;
-    if (isLast && index > 0 && m_lines.back().end.isEmpty())
-        m_lines.at(size_t(index) - 1).end.clear();
-    m_lines.erase(m_lines.begin() + index);
+    if (isLast && index > 0 && m_lines.last().end.isEmpty())
+        m_lines[index - 1].end.clear();
+    m_lines.remove(index);
 }
 
 void ProgramText::moveLine(int from, int to)
 {
-    const QByteArray text = m_lines.at(size_t(from)).text;
+    const QByteArray text = m_lines.at(from).text;
     removeLine(from);
     insert(to, text);
 }

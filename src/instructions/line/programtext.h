@@ -3,13 +3,13 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-#include <vector>
+#include <QVector>
 
 namespace welmo::line {
 
 /// A program as the lines of its file. What nobody touches keeps its bytes: line ends (LF and CR
 /// LF, also mixed), a missing last line end, a byte order mark, bytes that are no UTF-8. Lines are
-/// counted from 0.
+/// counted from 0. A copy costs nothing until one of the two is changed.
 class ProgramText
 {
 public:
@@ -17,7 +17,7 @@ public:
     /// @p bytes is UTF-8 text; an empty one has no lines.
     explicit ProgramText(const QByteArray &bytes);
 
-    int lineCount() const { return int(m_lines.size()); }
+    int lineCount() const { return m_lines.size(); }
     /// A line without its end. What is no UTF-8 shows as replacement characters.
     QString line(int index) const;
     QStringList lines() const;
@@ -45,7 +45,7 @@ private:
     void insert(int index, const QByteArray &text);
 
     QByteArray m_mark; ///< the byte order mark, if there is one
-    std::vector<Line> m_lines;
+    QVector<Line> m_lines;
 };
 
 } // namespace welmo::line
