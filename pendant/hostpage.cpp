@@ -7,18 +7,23 @@ namespace pendant {
 
 HostPage::HostPage(const QString &title, QWidget *parent)
     : QWidget(parent)
+    , m_title(new QLabel(title, this))
     , m_body(new QVBoxLayout)
 {
     setAttribute(Qt::WA_StyledBackground);
-    auto *strip = new QLabel(title, this);
-    strip->setObjectName(QStringLiteral("lblPageTitle"));
+    m_title->setObjectName(QStringLiteral("lblPageTitle"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(strip);
+    layout->addWidget(m_title);
     layout->addLayout(m_body, 1);
     m_body->setContentsMargins(16, 16, 16, 16);
     m_body->setSpacing(16);
+}
+
+void HostPage::setTitle(const QString &title)
+{
+    m_title->setText(title);
 }
 
 Card::Card(const QString &heading, QWidget *parent)

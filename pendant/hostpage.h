@@ -14,10 +14,13 @@ class HostPage : public QWidget
 public:
     explicit HostPage(const QString &title, QWidget *parent = nullptr);
 
+    void setTitle(const QString &title);
+
 protected:
     QVBoxLayout *body() { return m_body; }
 
 private:
+    QLabel *m_title;
     QVBoxLayout *m_body;
 };
 

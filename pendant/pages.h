@@ -6,6 +6,7 @@ namespace pendant {
 
 // Keys of the pendant's own pages in the centre area.
 inline const QString homeKey = QStringLiteral("pendant.home");
+inline const QString programKey = QStringLiteral("pendant.program");
 inline const QString messagesKey = QStringLiteral("pendant.messages");
 inline const QString controllerKey = QStringLiteral("pendant.controller");
 inline const QString pluginErrorKey = QStringLiteral("pendant.plugin_error");

@@ -14,6 +14,7 @@
 #include "pendant/pluginerrorpage.h"
 #include "pendant/pluginloader.h"
 #include "pendant/preferences.h"
+#include "pendant/program/programpage.h"
 #include "tessa/host.h"
 #include "vu/xnav.h"
 #include "vu/xtheme.h"
@@ -135,14 +136,29 @@ void PendantApp::addPages(controller::Faults *faults)
     tessa::MessageLog *log = m_host->helper()->log();
     auto *home = new HomePage(facts, log, m_control.get());
     m_window->center()->addPage(this, homeKey, home);
+    addProgramPage(log);
     m_window->center()->addPage(this, messagesKey, new MessagesPage(log));
     m_window->center()->addPage(this, controllerKey, new ControllerPage(m_control.get(), faults));
     addNavEntry(homeKey, tr("Home"), mainGroup, "widget/home", 0);
+    addNavEntry(programKey, tr("Program"), mainGroup, "widget/program", 1);
     addNavEntry(messagesKey, tr("Messages"), systemGroup, "widget/messages", -1);
     addNavEntry(controllerKey, tr("Controller"), systemGroup, "widget/controller", -1);
     connect(home, &HomePage::pageWanted, m_window.get(), &PendantWindow::showPage);
     connect(home, &HomePage::displayChosen, this, &PendantApp::changeDisplay, Qt::QueuedConnection);
     m_window->showPage(m_loader->modules().isEmpty() ? pluginErrorKey : homeKey);
+}
+
+void PendantApp::addProgramPage(tessa::MessageLog *log)
+{
+    const QString folder = QDir(m_options.dataFolder).filePath(QStringLiteral("programs"));
+    auto *page = new ProgramPage(&m_program, log, folder);
+    m_window->center()->addPage(this, programKey, page);
+    m_window->setCloseGuard([this, page] {
+        if (page->mayGo([this] { m_window->close(); }))
+            return true;
+        m_window->showPage(programKey);
+        return false;
+    });
 }
 
 void PendantApp::changeDisplay(const QString &language, const QString &theme)

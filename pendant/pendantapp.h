@@ -6,10 +6,12 @@
 
 #include "pendant/connection.h"
 #include "pendant/options.h"
+#include "pendant/program/programdocument.h"
 
 namespace tessa {
 class Host;
-}
+class MessageLog;
+} // namespace tessa
 
 namespace pendant {
 
@@ -48,10 +50,12 @@ private:
     void makeHost();
     void loadModule();
     void addPages(controller::Faults *faults);
+    void addProgramPage(tessa::MessageLog *log);
     void changeDisplay(const QString &language, const QString &theme);
 
     Options m_options;
     Connector m_connector;
+    ProgramDocument m_program; // stays open over a change of language
     std::unique_ptr<PluginLoader> m_loader;
     std::unique_ptr<tessa::Host> m_host;
     std::unique_ptr<LinkControl> m_control;

@@ -1,5 +1,6 @@
 #include "pendant/pendantwindow.h"
 
+#include <QCloseEvent>
 #include <QVBoxLayout>
 
 #include "pando/frame.h"
@@ -86,6 +87,11 @@ QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, LinkControl *li
 bool PendantWindow::showPage(const QString &key)
 {
     return m_center->switchTo(key);
+}
+
+void PendantWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(!m_closeGuard || m_closeGuard());
 }
 
 } // namespace pendant

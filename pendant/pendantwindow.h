@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 namespace kelp {
 class ModuleObject;
@@ -33,6 +34,12 @@ public:
     /// Shows the page @p key and marks its entry; false when there is no such page.
     bool showPage(const QString &key);
 
+    /// Asked before the window closes; it stays open when the answer is false.
+    void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
     QWidget *makeBody(kelp::ModuleObject *entries);
     QWidget *makeStatus(tessa::ManagerHelper *helper, LinkControl *link);
@@ -41,6 +48,7 @@ private:
     pando::CenterWidget *m_center = nullptr;
     pando::ExpandSideBar *m_side = nullptr;
     pando::StatusBar *m_status = nullptr;
+    std::function<bool()> m_closeGuard;
 };
 
 } // namespace pendant

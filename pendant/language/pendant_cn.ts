@@ -17,6 +17,53 @@
     </message>
 </context>
 <context>
+    <name>ProgramCheck</name>
+    <message>
+        <source>no file %1 in the project</source>
+        <translation>项目中没有文件 %1</translation>
+    </message>
+    <message>
+        <source>no point %1 in the project</source>
+        <translation>项目中没有点 %1</translation>
+    </message>
+    <message>
+        <source>%1 is read as %2</source>
+        <translation>%1 被读作 %2</translation>
+    </message>
+    <message>
+        <source>ArcOn without ArcOff</source>
+        <translation>ArcOn 没有对应的 ArcOff</translation>
+    </message>
+    <message>
+        <source>ArcOff without ArcOn</source>
+        <translation>ArcOff 没有对应的 ArcOn</translation>
+    </message>
+    <message>
+        <source>WeaveOn without WeaveOff</source>
+        <translation>WeaveOn 没有对应的 WeaveOff</translation>
+    </message>
+    <message>
+        <source>WeaveOff without WeaveOn</source>
+        <translation>WeaveOff 没有对应的 WeaveOn</translation>
+    </message>
+    <message>
+        <source>no speed %1 in the project</source>
+        <translation>项目中没有速度 %1</translation>
+    </message>
+    <message>
+        <source>no zone %1 in the project</source>
+        <translation>项目中没有转弯区 %1</translation>
+    </message>
+    <message>
+        <source>no tool %1 in the project</source>
+        <translation>项目中没有工具 %1</translation>
+    </message>
+    <message>
+        <source>no work object %1 in the project</source>
+        <translation>项目中没有工件 %1</translation>
+    </message>
+</context>
+<context>
     <name>controller::Database</name>
     <message>
         <source>cannot be opened (%1)</source>
@@ -171,6 +218,153 @@
     </message>
 </context>
 <context>
+    <name>pendant::FileKeeper</name>
+    <message>
+        <source>New</source>
+        <translation>新建</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>另存为</translation>
+    </message>
+    <message>
+        <source>%1 saved</source>
+        <translation>%1 已保存</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
+    <message>
+        <source>%1 has changes that are not saved.</source>
+        <translation>%1 有未保存的更改。</translation>
+    </message>
+    <message>
+        <source>Drop the changes</source>
+        <translation>放弃更改</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::FilesPane</name>
+    <message>
+        <source>Elsewhere…</source>
+        <translation>其他位置…</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>Open a program</source>
+        <translation>打开程序</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>示例</translation>
+    </message>
+    <message>
+        <source>Save the program as</source>
+        <translation>程序另存为</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>%1: no programs</source>
+        <translation>%1：没有程序</translation>
+    </message>
+    <message>
+        <source>There is a program %1 already.</source>
+        <translation>程序 %1 已存在。</translation>
+    </message>
+    <message>
+        <source>Replace it</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Programs (*.tl);;All files (*)</source>
+        <translation>程序 (*.tl);;所有文件 (*)</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::FormPane</name>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>a line</source>
+        <translation>一行</translation>
+    </message>
+    <message>
+        <source>Insert %1 as line %2</source>
+        <translation>插入 %1 为第 %2 行</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>插入</translation>
+    </message>
+    <message>
+        <source>Line %1</source>
+        <translation>第 %1 行</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>the file holds bytes here that are no text</source>
+        <translation>文件此处含有非文本字节</translation>
+    </message>
+    <message>
+        <source>it holds more than the form shows</source>
+        <translation>该行内容多于表单所显示的</translation>
+    </message>
+    <message>
+        <source>The form did not take over all of this line: %1.</source>
+        <translation>表单未能完整读取此行：%1。</translation>
+    </message>
+    <message>
+        <source>The form did not take over all of the old line: %1.</source>
+        <translation>表单未能完整读取原来的行：%1。</translation>
+    </message>
+    <message>
+        <source>The new line could not be read again: %1.</source>
+        <translation>新的行无法再次读取：%1。</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>新：%1</translation>
+    </message>
+    <message>
+        <source>Old: %1
+New: %2</source>
+        <translation>旧：%1
+新：%2</translation>
+    </message>
+    <message>
+        <source>Back to the form</source>
+        <translation>返回表单</translation>
+    </message>
+</context>
+<context>
     <name>pendant::HeaderBar</name>
     <message>
         <source>Welding cell</source>
@@ -313,6 +507,64 @@
     </message>
 </context>
 <context>
+    <name>pendant::LineForm</name>
+    <message>
+        <source>The line as text</source>
+        <translation>行文本</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::LinesPane</name>
+    <message>
+        <source>Insert</source>
+        <translation>插入</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>上移</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>下移</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>重做</translation>
+    </message>
+    <message>
+        <source>Other line</source>
+        <translation>其他行</translation>
+    </message>
+    <message>
+        <source>The program is empty: insert a line, or open a program.</source>
+        <translation>程序为空：请插入一行，或打开一个程序。</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>未发现问题</translation>
+    </message>
+    <message>
+        <source>1 finding</source>
+        <translation>1 个问题</translation>
+    </message>
+    <message>
+        <source>%1 findings</source>
+        <translation>%1 个问题</translation>
+    </message>
+</context>
+<context>
     <name>pendant::LinkControl</name>
     <message>
         <source>Link off</source>
@@ -404,6 +656,10 @@ From: %2</source>
         <source>%1: lacks the colours and fonts of a theme</source>
         <translation>%1：缺少主题所需的颜色和字体</translation>
     </message>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
 </context>
 <context>
     <name>pendant::PendantWindow</name>
@@ -451,6 +707,110 @@ From: %2</source>
     <message>
         <source>Needs attention</source>
         <translation>需要处理</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::ProgramDocument</name>
+    <message>
+        <source>the change of line %1</source>
+        <translation>修改第 %1 行</translation>
+    </message>
+    <message>
+        <source>the insertion of line %1</source>
+        <translation>插入第 %1 行</translation>
+    </message>
+    <message>
+        <source>the removal of line %1</source>
+        <translation>删除第 %1 行</translation>
+    </message>
+    <message>
+        <source>the move of line %1</source>
+        <translation>移动第 %1 行</translation>
+    </message>
+    <message>
+        <source>New program</source>
+        <translation>新程序</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::ProgramPage</name>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
+    <message>
+        <source>Messages</source>
+        <translation>消息</translation>
+    </message>
+    <message>
+        <source> (changed)</source>
+        <translation>（已更改）</translation>
+    </message>
+    <message>
+        <source>Program: %1</source>
+        <translation>程序：%1</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::ProgramRun</name>
+    <message>
+        <source>No connection to the controller</source>
+        <translation>未连接控制器</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>就绪</translation>
+    </message>
+    <message>
+        <source>Ready (%1)</source>
+        <translation>就绪（%1）</translation>
+    </message>
+    <message>
+        <source>%1 runs, line %2</source>
+        <translation>%1 正在运行，第 %2 行</translation>
+    </message>
+    <message>
+        <source>%1 is paused in line %2</source>
+        <translation>%1 已暂停在第 %2 行</translation>
+    </message>
+    <message>
+        <source>%1 stopped, %2</source>
+        <translation>%1 已停止，%2</translation>
+    </message>
+    <message>
+        <source>The controller did not start the program (%1)</source>
+        <translation>控制器未启动程序（%1）</translation>
+    </message>
+    <message>
+        <source>The controller did not take the program (%1)</source>
+        <translation>控制器未接收程序（%1）</translation>
+    </message>
+    <message>
+        <source>The controller did not pause the program (%1)</source>
+        <translation>控制器未暂停程序（%1）</translation>
+    </message>
+    <message>
+        <source>The controller did not stop the program (%1)</source>
+        <translation>控制器未停止程序（%1）</translation>
+    </message>
+</context>
+<context>
+    <name>pendant::RunBar</name>
+    <message>
+        <source>Run</source>
+        <translation>运行</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>继续</translation>
     </message>
 </context>
 <context>

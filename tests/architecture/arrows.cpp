@@ -102,7 +102,10 @@ const QVector<Rule> &rules()
          hostHeaders + QStringList{"instructions/", "settings/", "data/"}},
         {"src/instructions/line", Qt::Core, {"instructions/line/"}},
         {"src/data", Qt::Any, hostHeaders + QStringList{"data/"}},
-        {"pendant", Qt::Any, hostHeaders + QStringList{"pendant/", "link/", "controller/"}},
+        {"pendant", Qt::Any,
+         hostHeaders
+             + QStringList{"pendant/", "link/", "controller/", "tools/tlcheck/",
+                           "instructions/line/"}},
         {"tools", Qt::Any,
          hostHeaders
              + QStringList{"tools/", "link/", "controller/", "instructions/line/", "sqlite3.h",

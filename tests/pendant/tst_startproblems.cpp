@@ -114,7 +114,7 @@ void TestStartProblems::packageCannotBeUsed_data()
     QTest::addColumn<QString>("reason");
     QTest::newRow("missing") << "/nowhere/lib.so"
                              << "there is no such file";
-    QTest::newRow("not a library") << QString(__FILE__) << "invalid ELF header";
+    QTest::newRow("not a library") << NO_LIBRARY << "invalid ELF header";
     QTest::newRow("not a module") << QString(NO_MODULE) << "is not a module";
 }
 

@@ -3,6 +3,7 @@
 #include <QTemporaryDir>
 #include <QVariant>
 #include <QWidget>
+#include <algorithm>
 #include <memory>
 
 #include "link/embeddedlink.h"
@@ -48,13 +49,17 @@ public:
     QString dataFolder() const { return m_setup.dataFolder; }
     LogGuard &guard() { return m_guard; }
 
-    /// The widget of that name, in the window; throws OutOfReach when there is none.
+    /// The widget of that name, in the window; of several the one that is seen. Throws OutOfReach
+    /// when there is none.
     template<typename Widget = QWidget>
     Widget *find(const QString &name)
     {
-        if (auto *widget = window()->findChild<Widget *>(name))
-            return widget;
-        throw OutOfReach("there is no " + name);
+        const QList<Widget *> widgets = window()->findChildren<Widget *>(name);
+        if (widgets.isEmpty())
+            throw OutOfReach("there is no " + name);
+        const auto seen = std::find_if(widgets.begin(), widgets.end(),
+                                       [](const QWidget *widget) { return widget->isVisible(); });
+        return seen == widgets.end() ? widgets.first() : *seen;
     }
     void click(const QString &name) { finger::touch(find(name)); }
     /// Touches the row that shows @p text, or the row that stands for @p code.

@@ -10,8 +10,9 @@
 namespace {
 
 constexpr void (*walk[])(tour::Tour &) = {
-    tour::firstStart, tour::processSetting,       tour::restart,   tour::linkDown,
-    tour::hostPages,  tour::processConfiguration, tour::darkTheme, tour::chinese,
+    tour::firstStart,    tour::processSetting, tour::restart,
+    tour::linkDown,      tour::hostPages,      tour::processConfiguration,
+    tour::programEditor, tour::darkTheme,      tour::chinese,
 };
 
 } // namespace

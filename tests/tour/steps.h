@@ -8,6 +8,7 @@ class Tour;
 void firstStart(Tour &tour);
 void processSetting(Tour &tour);
 void processConfiguration(Tour &tour);
+void programEditor(Tour &tour);
 void restart(Tour &tour);
 void linkDown(Tour &tour);
 void hostPages(Tour &tour);

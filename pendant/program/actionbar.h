@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QAction>
+#include <QFrame>
+#include <QHBoxLayout>
+
+namespace pendant {
+
+/// A row of buttons, each for an action that a key of the keyboard can start as well.
+class ActionBar : public QFrame
+{
+    Q_OBJECT
+public:
+    explicit ActionBar(QWidget *parent = nullptr);
+
+    /// Adds a button, named "btn" and @p name. Its key works on the page that @p page is a part of.
+    template<typename Receiver>
+    QAction *add(const QString &text, const char *name, const QKeySequence &key, QWidget *page,
+                 Receiver *receiver, void (Receiver::*slot)())
+    {
+        QAction *action = addButton(text, name, key, page);
+        connect(action, &QAction::triggered, receiver, slot);
+        return action;
+    }
+    void addSpace(int width) { m_layout->addSpacing(width); }
+    /// Takes what the buttons leave.
+    void addFiller(QWidget *widget) { m_layout->addWidget(widget, 1); }
+
+private:
+    QAction *addButton(const QString &text, const char *name, const QKeySequence &key,
+                       QWidget *page);
+
+    QHBoxLayout *m_layout;
+};
+
+} // namespace pendant

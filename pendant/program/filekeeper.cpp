@@ -1,0 +1,149 @@
+#include "pendant/program/filekeeper.h"
+
+#include <QDir>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "pendant/program/actionbar.h"
+#include "pendant/program/filespane.h"
+#include "pendant/program/programdocument.h"
+#include "pendant/program/programrun.h"
+#include "tessa/managerhelper.h"
+
+namespace pendant {
+
+FileKeeper::FileKeeper(ProgramDocument *document, ProgramRun *run, FilesPane *pane, QObject *parent)
+    : QObject(parent)
+    , m_document(document)
+    , m_run(run)
+    , m_pane(pane)
+{
+    setObjectName(QStringLiteral("ProgramFiles"));
+    connect(pane, &FilesPane::openWanted, this, &FileKeeper::open);
+    connect(pane, &FilesPane::saveWanted, this, &FileKeeper::save);
+    connect(pane, &FilesPane::closed, this, &FileKeeper::cancel);
+    connect(document, &ProgramDocument::titleChanged, this, &FileKeeper::refresh);
+    connect(run, &ProgramRun::changed, this, &FileKeeper::refresh);
+}
+
+void FileKeeper::addTo(ActionBar *bar, QWidget *page)
+{
+    m_new = bar->add(tr("New"), "NewProgram", QKeySequence::New, page, this, &FileKeeper::startNew);
+    m_open =
+        bar->add(tr("Open"), "OpenProgram", QKeySequence::Open, page, this, &FileKeeper::startOpen);
+    m_save =
+        bar->add(tr("Save"), "SaveProgram", QKeySequence::Save, page, this, &FileKeeper::startSave);
+    bar->add(tr("Save as"), "SaveProgramAs", QKeySequence::SaveAs, page, this,
+             &FileKeeper::startSaveAs);
+    refresh();
+}
+
+void FileKeeper::refresh()
+{
+    m_new->setEnabled(!m_run->isUnderWay());
+    m_open->setEnabled(!m_run->isUnderWay());
+    m_save->setEnabled(m_document->isModified() || m_document->fileName().isEmpty());
+}
+
+void FileKeeper::startNew()
+{
+    const auto clear = [this] { m_document->clear(); };
+    if (mayGo(clear))
+        clear();
+}
+
+void FileKeeper::startOpen()
+{
+    const auto choose = [this] {
+        m_pane->chooseToOpen();
+        emit paneWanted();
+    };
+    if (mayGo(choose))
+        choose();
+}
+
+void FileKeeper::startSave()
+{
+    if (m_document->fileName().isEmpty())
+        startSaveAs();
+    else
+        save(m_document->fileName());
+}
+
+void FileKeeper::startSaveAs()
+{
+    m_pane->chooseToSave(m_document->title());
+    emit paneWanted();
+}
+
+void FileKeeper::open(const QString &file)
+{
+    QString problem;
+    if (!m_document->open(file, &problem))
+        return complain(file, problem);
+    emit done();
+}
+
+void FileKeeper::save(const QString &file)
+{
+    QString problem;
+    if (!m_document->save(file, &problem))
+        return complain(file, problem);
+    tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("info"),
+                                               tr("%1 saved").arg(QDir::toNativeSeparators(file)));
+    emit done();
+    if (const auto goOn = std::exchange(m_goOn, nullptr))
+        goOn();
+}
+
+void FileKeeper::cancel()
+{
+    m_goOn = nullptr;
+    emit done();
+}
+
+void FileKeeper::complain(const QString &file, const QString &problem)
+{
+    tessa::ManagerHelper::instance()->throwLog(
+        this, QStringLiteral("error"),
+        QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), problem));
+}
+
+bool FileKeeper::mayGo(const std::function<void()> &goOn)
+{
+    if (!m_document->isModified())
+        return true;
+    m_goOn = goOn;
+    if (!m_question)
+        ask();
+    return false;
+}
+
+void FileKeeper::ask()
+{
+    m_question = new QMessageBox(QMessageBox::Question, tr("Program"),
+                                 tr("%1 has changes that are not saved.").arg(m_document->title()),
+                                 QMessageBox::NoButton, m_pane->window());
+    m_question->setAttribute(Qt::WA_DeleteOnClose);
+    m_question->setTextFormat(Qt::PlainText);
+    auto *save = m_question->addButton(tr("Save"), QMessageBox::AcceptRole);
+    auto *drop = m_question->addButton(tr("Drop the changes"), QMessageBox::DestructiveRole);
+    m_question->setEscapeButton(m_question->addButton(tr("Back"), QMessageBox::RejectRole));
+    m_question->setDefaultButton(save);
+    save->setObjectName(QStringLiteral("btnSaveChanges"));
+    drop->setObjectName(QStringLiteral("btnDropChanges"));
+    connect(save, &QAbstractButton::clicked, this, &FileKeeper::startSave);
+    connect(drop, &QAbstractButton::clicked, this, &FileKeeper::discard);
+    connect(m_question, &QMessageBox::rejected, this, [this] { m_goOn = nullptr; });
+    m_question->open();
+}
+
+// The changes stay in the program until something takes its place.
+void FileKeeper::discard()
+{
+    m_document->undoStack()->setClean();
+    if (const auto goOn = std::exchange(m_goOn, nullptr))
+        goOn();
+}
+
+} // namespace pendant

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+
+namespace pendant {
+
+/// Chooses the file that a program is read from or kept in: the pendant's own programs, the
+/// examples that came with it, or any other file of the machine.
+class FilesPane : public QFrame
+{
+    Q_OBJECT
+public:
+    /// @p folder holds the pendant's own programs; it is made when something is kept there.
+    explicit FilesPane(const QString &folder, QWidget *parent = nullptr);
+
+    void chooseToOpen();
+    /// @p name is offered as the file's name.
+    void chooseToSave(const QString &name);
+
+signals:
+    void openWanted(const QString &file);
+    /// The operator agreed to replace the file if there is one.
+    void saveWanted(const QString &file);
+    void closed();
+
+private:
+    void start(bool saves, const QString &heading, const QString &button);
+    void list(const QString &heading, const QString &folder);
+    void refresh();
+    void onAcceptClicked();
+    void save(const QString &file);
+    void askToReplace(const QString &file);
+    void browse();
+
+    QString m_folder;
+    bool m_saves = false;
+    QLabel *m_heading;
+    QListWidget *m_files;
+    QLineEdit *m_name;
+    QPushButton *m_accept;
+};
+
+} // namespace pendant

@@ -1,0 +1,60 @@
+#include "pendant/program/hostproject.h"
+
+#include "controller/fileset.h"
+#include "controller/names.h"
+#include "tessa/host.h"
+
+namespace pendant {
+
+namespace {
+
+using Names = QSet<QString>;
+
+// Variables have a type; everything else in a list counts.
+void addNames(Names &names, const char *list, const char *type = nullptr)
+{
+    const auto *node = m(controller::names::project + QLatin1Char('.') + QLatin1String(list));
+    for (const kelp::ModuleObject *item : node->cmobjs()) {
+        if (!type || item->r(QStringLiteral("type"))->getString() == QLatin1String(type))
+            names.insert(item->r(QStringLiteral("name"))->getString());
+    }
+}
+
+// A set that could not be read counts as one that is not set up: nothing is said about its files.
+void addFiles(Names &names)
+{
+    for (const controller::FileSet &set : controller::fileSets()) {
+        for (const QString &file : xservice()->get(nullptr, set.path())->cmobjNames())
+            names.insert(file);
+    }
+}
+
+} // namespace
+
+std::optional<tlcheck::ProjectNames> hostProject()
+{
+    if (!xservice()->isConnected())
+        return {};
+    tlcheck::ProjectNames names;
+    addNames(names.points, "point._list");
+    for (const char *list : {"var.system_list", "var._list"}) {
+        addNames(names.speeds, list, "speed");
+        addNames(names.zones, list, "zone");
+    }
+    for (const char *list : {"tool.system_list", "tool._list"})
+        addNames(names.tools, list);
+    for (const char *list : {"wobj.system_list", "wobj._list"})
+        addNames(names.wobjs, list);
+    addFiles(names.files);
+    return names;
+}
+
+void followHostProject(QObject *context, const std::function<void()> &changed)
+{
+    auto *root = tessa::Host::current()->workspace()->root();
+    kelp::ModuleObject *project = root->make(controller::names::project);
+    project->observeSubtree(true);
+    QObject::connect(project, &kelp::ModuleObject::touched, context, changed);
+}
+
+} // namespace pendant

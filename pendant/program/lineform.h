@@ -1,0 +1,23 @@
+#pragma once
+
+#include "tessa/basecontentwidget.h"
+
+class QLineEdit;
+
+namespace pendant {
+
+/// A line as plain text: for what no package brought a form for.
+class LineForm : public tessa::BaseContentWidget
+{
+    Q_OBJECT
+public:
+    explicit LineForm(QWidget *parent);
+
+    void FillWith(const QString &line) override;
+    QString ToString() override;
+
+private:
+    QLineEdit *m_text;
+};
+
+} // namespace pendant

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QListView>
+
+namespace pendant {
+
+class ProgramCheck;
+class ProgramDocument;
+class ProgramRun;
+
+/// The program's lines with their numbers, what is wrong with them and where the controller is.
+class LineList : public QListView
+{
+    Q_OBJECT
+public:
+    LineList(ProgramDocument *document, const ProgramCheck *check, const ProgramRun *run,
+             QWidget *parent = nullptr);
+
+    /// The chosen line, -1 when there is none.
+    int line() const { return currentIndex().row(); }
+    /// Chooses the line and scrolls it into sight; the nearest one when there is no such line.
+    void setLine(int line);
+
+signals:
+    void lineChanged();
+    void editWanted();
+
+protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+};
+
+} // namespace pendant

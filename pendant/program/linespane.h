@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QFrame>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QPushButton;
+
+namespace pendant {
+
+class ActionBar;
+class LineList;
+class ProgramCheck;
+class ProgramDocument;
+class ProgramRun;
+
+/// The lines with what can be done to them, and what is wrong with the chosen one. While the
+/// controller goes through a program nothing can be changed.
+class LinesPane : public QFrame
+{
+    Q_OBJECT
+public:
+    LinesPane(ProgramDocument *document, ProgramCheck *check, ProgramRun *run, QWidget *parent);
+
+    void setLine(int line);
+
+signals:
+    /// A form is wanted that inserts the instruction before @p line; an empty word is a text line.
+    void insertWanted(const QString &word, int line);
+    void editWanted(int line);
+
+private:
+    ActionBar *makeBar();
+    QLayout *makeFoot();
+    void fillMenu();
+    void openMenu();
+    void edit();
+    void remove();
+    void moveUp() { move(-1); }
+    void moveDown() { move(1); }
+    void move(int step);
+    void undo();
+    void redo();
+    void showNextFinding();
+    void followRun();
+    void refresh();
+    void refreshFindings();
+
+    ProgramDocument *m_document;
+    ProgramCheck *m_check;
+    ProgramRun *m_run;
+    LineList *m_list;
+    QMenu *m_menu;
+    QPushButton *m_findings;
+    QLabel *m_detail;
+    QAction *m_insert;
+    QAction *m_edit;
+    QAction *m_remove;
+    QAction *m_up;
+    QAction *m_down;
+    QAction *m_undo;
+    QAction *m_redo;
+};
+
+} // namespace pendant

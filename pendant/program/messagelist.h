@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QListView>
+
+namespace tessa {
+class MessageLog;
+}
+
+namespace pendant {
+
+/// The message log in a narrow column, newest first.
+class MessageList : public QListView
+{
+    Q_OBJECT
+public:
+    explicit MessageList(tessa::MessageLog *log, QWidget *parent = nullptr);
+};
+
+} // namespace pendant

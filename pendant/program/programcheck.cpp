@@ -1,0 +1,85 @@
+#include "pendant/program/programcheck.h"
+
+#include <algorithm>
+
+#include "pendant/program/hostproject.h"
+#include "pendant/program/programdocument.h"
+#include "tessa/managerhelper.h"
+
+namespace pendant {
+
+namespace {
+
+constexpr int sliceLines = 1000;
+
+} // namespace
+
+ProgramCheck::ProgramCheck(ProgramDocument *document, QObject *parent)
+    : QObject(parent)
+    , m_document(document)
+{
+    connect(&m_slices, &QTimer::timeout, this, &ProgramCheck::checkSlice);
+    connect(document, &ProgramDocument::contentsChanged, this, &ProgramCheck::restart);
+    connect(tessa::ManagerHelper::instance()->controllerManager(),
+            &tessa::ControllerManager::rcConnected, this, &ProgramCheck::refreshProject);
+    followHostProject(this, [this] { refreshProject(); });
+    restart();
+}
+
+void ProgramCheck::refreshProject()
+{
+    m_projectIsStale = true;
+    restart();
+}
+
+void ProgramCheck::restart()
+{
+    m_next = 0;
+    m_coming.clear();
+    m_slices.start(0);
+}
+
+void ProgramCheck::checkSlice()
+{
+    if (std::exchange(m_projectIsStale, false))
+        m_checker = tlcheck::Checker(hostProject());
+    if (m_next == 0)
+        m_lines = m_document->text().lines();
+    const int end = std::min(m_next + sliceLines, int(m_lines.size()));
+    for (; m_next < end; ++m_next)
+        m_coming += m_checker.checkLine(m_lines.at(m_next), m_next);
+    if (m_next == m_lines.size())
+        finish();
+}
+
+void ProgramCheck::finish()
+{
+    m_slices.stop();
+    m_coming += tlcheck::Checker::checkPairs(m_lines);
+    tlcheck::Checker::sort(m_coming);
+    m_findings = std::exchange(m_coming, {});
+    m_lines.clear();
+    m_byLine.clear();
+    for (int i = m_findings.size() - 1; i >= 0; --i) // the hash hands out the newest first
+        m_byLine.insert(m_findings.at(i).line, i);
+    emit checked();
+}
+
+QString ProgramCheck::textAt(int line) const
+{
+    QStringList texts;
+    for (int position : m_byLine.values(line))
+        texts.append(m_findings.at(position).text());
+    return texts.join(QLatin1Char('\n'));
+}
+
+int ProgramCheck::nextAfter(int line) const
+{
+    if (m_findings.isEmpty())
+        return -1;
+    const auto next = std::find_if(m_findings.begin(), m_findings.end(),
+                                   [line](const auto &finding) { return finding.line > line; });
+    return next == m_findings.end() ? m_findings.first().line : next->line;
+}
+
+} // namespace pendant

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QHash>
+#include <QTimer>
+
+#include "tools/tlcheck/checker.h"
+
+namespace pendant {
+
+class ProgramDocument;
+
+/// What is wrong in the program, by line; follows every change of the program and of the project.
+/// A long program is checked in slices, so that the pendant stays alive meanwhile.
+class ProgramCheck : public QObject
+{
+    Q_OBJECT
+public:
+    explicit ProgramCheck(ProgramDocument *document, QObject *parent = nullptr);
+
+    /// Looks the project up anew: the controller tells of no file that came into being.
+    void refreshProject();
+
+    bool isWrong(int line) const { return m_byLine.contains(line); }
+    /// One finding a line of text; empty when there is none.
+    QString textAt(int line) const;
+    int count() const { return m_findings.size(); }
+    /// The first line after @p line in which something is wrong, from the top again; -1 when none.
+    int nextAfter(int line) const;
+
+signals:
+    /// The whole program was looked at.
+    void checked();
+
+private:
+    void restart();
+    void checkSlice();
+    void finish();
+
+    ProgramDocument *m_document;
+    QTimer m_slices;
+    bool m_projectIsStale = true;
+    tlcheck::Checker m_checker;
+    QStringList m_lines;
+    int m_next = 0; // of m_lines
+    tlcheck::Findings m_coming;
+    tlcheck::Findings m_findings;
+    QMultiHash<int, int> m_byLine; // positions in m_findings
+};
+
+} // namespace pendant

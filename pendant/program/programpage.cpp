@@ -1,0 +1,163 @@
+#include "pendant/program/programpage.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QShowEvent>
+#include <QStackedLayout>
+
+#include "pendant/program/filekeeper.h"
+#include "pendant/program/filespane.h"
+#include "pendant/program/formpane.h"
+#include "pendant/program/linespane.h"
+#include "pendant/program/messagelist.h"
+#include "pendant/program/programcheck.h"
+#include "pendant/program/programdocument.h"
+#include "pendant/program/programrun.h"
+#include "pendant/program/runbar.h"
+
+namespace pendant {
+
+namespace {
+
+constexpr int logWidth = 248;
+constexpr int widthForLog = 960; // below, the forms need the room
+
+} // namespace
+
+ProgramPage::ProgramPage(ProgramDocument *document, tessa::MessageLog *log, const QString &folder,
+                         QWidget *parent)
+    : HostPage(tr("Program"), parent)
+    , m_document(document)
+    , m_check(new ProgramCheck(document, this))
+    , m_run(new ProgramRun(document, this))
+    , m_lines(new LinesPane(document, m_check, m_run, this))
+    , m_form(new FormPane(this))
+    , m_files(new FilesPane(folder, this))
+    , m_keeper(new FileKeeper(document, m_run, m_files, this))
+{
+    body()->addWidget(makeBar());
+    auto *row = new QHBoxLayout;
+    row->setSpacing(12);
+    row->addWidget(makePanes(), 1);
+    row->addWidget(makeLog(log));
+    body()->addLayout(row, 1);
+    body()->setSpacing(12);
+    connectPanes();
+    refreshTitle();
+}
+
+QWidget *ProgramPage::makeBar()
+{
+    m_top = new QWidget(this);
+    auto *files = new ActionBar(this);
+    m_keeper->addTo(files, m_lines);
+    m_runBar = new RunBar(m_document, m_run, m_lines);
+    auto *bar = new QHBoxLayout(m_top);
+    bar->setContentsMargins(0, 0, 0, 0);
+    bar->setSpacing(24);
+    bar->addWidget(files);
+    bar->addWidget(m_runBar, 1);
+    m_bar = files;
+    return m_top;
+}
+
+QWidget *ProgramPage::makePanes()
+{
+    auto *panes = new QWidget(this);
+    m_panes = new QStackedLayout(panes);
+    for (QWidget *pane : QWidgetList{m_lines, m_form, m_files})
+        m_panes->addWidget(pane);
+    return panes;
+}
+
+QWidget *ProgramPage::makeLog(tessa::MessageLog *log)
+{
+    m_log = new QWidget(this);
+    m_log->setFixedWidth(logWidth);
+    auto *layout = new QVBoxLayout(m_log);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    auto *heading = new QLabel(tr("Messages"), m_log);
+    heading->setObjectName(QStringLiteral("lblCardHeading"));
+    layout->addWidget(heading);
+    layout->addWidget(new MessageList(log, m_log), 1);
+    return m_log;
+}
+
+void ProgramPage::connectPanes()
+{
+    connect(m_run, &ProgramRun::changed, this, &ProgramPage::makeRoom);
+    connect(m_document, &ProgramDocument::titleChanged, this, &ProgramPage::refreshTitle);
+    connect(m_document, &QAbstractItemModel::modelReset, m_lines, [this] { m_lines->setLine(0); });
+    connect(m_lines, &LinesPane::insertWanted, this, [this](const QString &word, int line) {
+        m_line = line;
+        m_inserts = true;
+        m_form->openInsert(word, line);
+        showPane(m_form);
+    });
+    connect(m_lines, &LinesPane::editWanted, this, [this](int line) {
+        m_line = line;
+        m_inserts = false;
+        m_form->openEdit(m_document->line(line), line, m_document->text().isFaithful(line));
+        showPane(m_form);
+    });
+    connect(m_form, &FormPane::accepted, this, &ProgramPage::takeLine);
+    connect(m_form, &FormPane::closed, this, [this] {
+        m_check->refreshProject(); // the form may have made a file or a point
+        showPane(m_lines);
+    });
+    connect(m_keeper, &FileKeeper::paneWanted, this, [this] { showPane(m_files); });
+    connect(m_keeper, &FileKeeper::done, this, [this] { showPane(m_lines); });
+}
+
+void ProgramPage::takeLine(const QString &text)
+{
+    if (m_inserts)
+        m_document->insertLine(m_line, text);
+    else if (m_document->line(m_line) != text)
+        m_document->setLine(m_line, text);
+    m_lines->setLine(m_line);
+}
+
+void ProgramPage::showPane(QWidget *pane)
+{
+    m_panes->setCurrentWidget(pane);
+    m_bar->setEnabled(pane == m_lines);
+    m_runBar->setStartable(pane == m_lines);
+    makeRoom();
+    if (pane == m_lines)
+        m_lines->setFocus();
+}
+
+// A form needs all the room there is, but what runs must be stoppable.
+void ProgramPage::makeRoom()
+{
+    const bool hasForm = m_panes->currentWidget() == m_form;
+    m_log->setVisible(!hasForm && width() >= widthForLog);
+    m_top->setVisible(!hasForm || m_run->isUnderWay());
+}
+
+bool ProgramPage::mayGo(const std::function<void()> &goOn)
+{
+    return m_keeper->mayGo(goOn);
+}
+
+void ProgramPage::refreshTitle()
+{
+    const QString changed = m_document->isModified() ? tr(" (changed)") : QString();
+    setTitle(tr("Program: %1").arg(m_document->title()) + changed);
+}
+
+void ProgramPage::showEvent(QShowEvent *event)
+{
+    HostPage::showEvent(event);
+    m_check->refreshProject();
+}
+
+void ProgramPage::resizeEvent(QResizeEvent *event)
+{
+    HostPage::resizeEvent(event);
+    makeRoom();
+}
+
+} // namespace pendant

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+
+#include "pendant/hostpage.h"
+
+class QStackedLayout;
+
+namespace tessa {
+class MessageLog;
+}
+
+namespace pendant {
+
+class FileKeeper;
+class FilesPane;
+class FormPane;
+class LinesPane;
+class ProgramCheck;
+class ProgramDocument;
+class ProgramRun;
+class RunBar;
+
+/// The program editor: the lines, the forms of their instructions, the files, and running it, with
+/// the message log beside.
+class ProgramPage : public HostPage
+{
+    Q_OBJECT
+public:
+    /// The document outlives the page, which is built anew with another language. @p folder holds
+    /// the pendant's own programs.
+    ProgramPage(ProgramDocument *document, tessa::MessageLog *log, const QString &folder,
+                QWidget *parent = nullptr);
+
+    /// See FileKeeper::mayGo().
+    bool mayGo(const std::function<void()> &goOn);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QWidget *makeBar();
+    QWidget *makePanes();
+    QWidget *makeLog(tessa::MessageLog *log);
+    void connectPanes();
+    void takeLine(const QString &text);
+    void showPane(QWidget *pane);
+    void makeRoom();
+    void refreshTitle();
+
+    ProgramDocument *m_document;
+    ProgramCheck *m_check;
+    ProgramRun *m_run;
+    LinesPane *m_lines;
+    FormPane *m_form;
+    FilesPane *m_files;
+    FileKeeper *m_keeper;
+    QStackedLayout *m_panes = nullptr;
+    QWidget *m_top = nullptr;
+    QWidget *m_bar = nullptr;
+    RunBar *m_runBar = nullptr;
+    QWidget *m_log = nullptr;
+    int m_line = 0; // that the form is for
+    bool m_inserts = false;
+};
+
+} // namespace pendant

@@ -1,0 +1,127 @@
+#include "pendant/program/programrun.h"
+
+#include "controller/names.h"
+#include "pendant/program/programdocument.h"
+#include "tessa/managerhelper.h"
+
+namespace pendant {
+
+namespace {
+
+namespace names = controller::names;
+
+ProgramRun::State stateNamed(const QString &word)
+{
+    using State = ProgramRun::State;
+    static const QHash<QString, State> states{{QStringLiteral("idle"), State::Idle},
+                                              {QStringLiteral("running"), State::Running},
+                                              {QStringLiteral("paused"), State::Paused},
+                                              {QStringLiteral("error"), State::Failed}};
+    return states.value(word, State::Unknown);
+}
+
+} // namespace
+
+ProgramRun::ProgramRun(ProgramDocument *document, QObject *parent)
+    : QObject(parent)
+    , m_document(document)
+{
+    setObjectName(QStringLiteral("ProgramRun"));
+    auto *node = xservice()->watchNode(names::programState);
+    connect(node, &kelp::ModuleObject::changed, this, &ProgramRun::follow);
+    connect(tessa::ManagerHelper::instance()->controllerManager(),
+            &tessa::ControllerManager::rcConnected, this, &ProgramRun::reload);
+    connect(xservice(), &XService::connectedChanged, this, [this](bool connected) {
+        if (!connected) {
+            m_state = State::Unknown;
+            emit changed();
+        }
+    });
+    connect(document, &ProgramDocument::contentsChanged, this, &ProgramRun::changed);
+    xservice()->watch(this, names::programState, true);
+    if (xservice()->isConnected())
+        reload();
+}
+
+void ProgramRun::reload()
+{
+    const auto answer = xservice()->get(this, names::programState);
+    follow(answer->toVariant());
+}
+
+void ProgramRun::follow(const QVariant &values)
+{
+    const QVariantMap map = values.toMap();
+    const auto take = [&map](const char *key, auto &member) {
+        const QVariant value = map.value(QLatin1String(key));
+        if (value.isValid())
+            member = value.value<std::decay_t<decltype(member)>>();
+    };
+    QString word;
+    take("state", word);
+    take("name", m_name);
+    take("line", m_line);
+    take("message", m_message);
+    if (!word.isEmpty())
+        m_state = stateNamed(word);
+    emit changed();
+}
+
+int ProgramRun::line() const
+{
+    const bool isThere = isUnderWay() || m_state == State::Failed;
+    const bool isOurs = m_document->isSent() && m_document->title() == m_name;
+    return isThere && isOurs ? m_line - 1 : -1;
+}
+
+QString ProgramRun::text() const
+{
+    switch (m_state) {
+    case State::Unknown:
+        return tr("No connection to the controller");
+    case State::Idle:
+        return m_message.isEmpty() ? tr("Ready") : tr("Ready (%1)").arg(m_message);
+    case State::Running:
+        return tr("%1 runs, line %2").arg(m_name).arg(m_line);
+    case State::Paused:
+        return tr("%1 is paused in line %2").arg(m_name).arg(m_line);
+    case State::Failed:
+        return tr("%1 stopped, %2").arg(m_name, m_message);
+    }
+    return {};
+}
+
+void ProgramRun::start()
+{
+    const QString failure = tr("The controller did not start the program (%1)");
+    if (m_state != State::Paused) {
+        const QVariantMap program{
+            {QStringLiteral("name"), m_document->title()},
+            {QStringLiteral("text"), QString::fromUtf8(m_document->text().toBytes())}};
+        if (!send(names::loadProgram, program, tr("The controller did not take the program (%1)")))
+            return;
+        m_document->setSent();
+    }
+    send(names::runProgram, {}, failure);
+}
+
+void ProgramRun::pause()
+{
+    send(names::pauseProgram, {}, tr("The controller did not pause the program (%1)"));
+}
+
+void ProgramRun::stop()
+{
+    send(names::stopProgram, {}, tr("The controller did not stop the program (%1)"));
+}
+
+bool ProgramRun::send(const QString &command, const QVariant &value, const QString &failure)
+{
+    const int code = xservice()->execCommand(this, command, value)->getInt(0);
+    if (code != 0)
+        tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("error"),
+                                                   failure.arg(code));
+    return code == 0;
+}
+
+} // namespace pendant

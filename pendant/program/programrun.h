@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <QVariant>
+
+namespace pendant {
+
+class ProgramDocument;
+
+/// The program on the controller: sends it, starts, pauses and stops it, and follows where it is.
+class ProgramRun : public QObject
+{
+    Q_OBJECT
+public:
+    enum class State { Unknown, Idle, Running, Paused, Failed };
+
+    explicit ProgramRun(ProgramDocument *document, QObject *parent = nullptr);
+
+    State state() const { return m_state; }
+    /// True while the controller goes through a program, also through a paused one.
+    bool isUnderWay() const { return m_state == State::Running || m_state == State::Paused; }
+    /// The line that the controller is at, or failed at; -1 when it is in none, or in a program
+    /// that is not the one shown.
+    int line() const;
+    /// The state in words for the operator.
+    QString text() const;
+
+    /// Sends the program as it is shown and starts it, or goes on where it was paused.
+    void start();
+    void pause();
+    void stop();
+
+signals:
+    void changed();
+
+private:
+    bool send(const QString &command, const QVariant &value, const QString &failure);
+    void reload();
+    void follow(const QVariant &values);
+
+    ProgramDocument *m_document;
+    State m_state = State::Unknown;
+    QString m_name;
+    QString m_message;
+    int m_line = 0; // counted from 1, 0 for none
+};
+
+} // namespace pendant

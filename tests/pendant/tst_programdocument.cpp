@@ -1,0 +1,108 @@
+#include <QTemporaryDir>
+#include <QTest>
+#include <functional>
+
+#include "pendant/program/programdocument.h"
+
+using pendant::ProgramDocument;
+using Act = std::function<void(ProgramDocument &)>;
+Q_DECLARE_METATYPE(Act)
+
+namespace {
+
+// Line ends of both kinds, none at the end, and bytes that are no UTF-8.
+const QByteArray program = "\xEF\xBB\xBFMoveJ p1\r\n\xC4 raw\n\r\nArcOff \"arcoffdata1\"";
+
+QByteArray read(const QString &file)
+{
+    QFile bytes(file);
+    return bytes.open(QIODevice::ReadOnly) ? bytes.readAll() : QByteArray("unreadable");
+}
+
+void write(const QString &file, const QByteArray &bytes)
+{
+    QFile out(file);
+    QVERIFY(out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size());
+}
+
+} // namespace
+
+/// The program behind the editor: what is not touched keeps its bytes, whatever was undone.
+class TestProgramDocument : public QObject
+{
+    Q_OBJECT
+private slots:
+    void edits_data()
+    {
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<QByteArray>("after");
+        const auto row = [](const char *name, Act act, const QByteArray &after) {
+            QTest::newRow(name) << act << after;
+        };
+        const QByteArray mark = "\xEF\xBB\xBF";
+        row(
+            "replace", [](auto &d) { d.setLine(1, "a\nb"); },
+            mark + "MoveJ p1\r\na b\n\r\nArcOff \"arcoffdata1\"");
+        row(
+            "insert last", [](auto &d) { d.insertLine(4, "x"); },
+            mark + "MoveJ p1\r\n\xC4 raw\n\r\nArcOff \"arcoffdata1\"\r\nx");
+        row(
+            "remove", [](auto &d) { d.removeLine(1); },
+            mark + "MoveJ p1\r\n\r\nArcOff \"arcoffdata1\"");
+        row(
+            "move down", [](auto &d) { d.moveLine(1, 3); },
+            mark + "MoveJ p1\r\n\r\nArcOff \"arcoffdata1\"\r\n\xC4 raw");
+        row(
+            "move up", [](auto &d) { d.moveLine(1, 0); },
+            mark + "\xC4 raw\r\nMoveJ p1\r\n\r\nArcOff \"arcoffdata1\"");
+    }
+
+    void edits()
+    {
+        QFETCH(Act, act);
+        QFETCH(QByteArray, after);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("a.tl");
+        write(file, program);
+        ProgramDocument document;
+        QString problem;
+        QVERIFY2(document.open(file, &problem), qPrintable(problem));
+        QStringList before;
+        for (int i = 0; i < document.rowCount(); ++i)
+            before.append(document.index(i).data().toString());
+        act(document);
+        QVERIFY(document.isModified());
+        QVERIFY(document.save(file, &problem));
+        QVERIFY(!document.isModified());
+        QCOMPARE(read(file), after);
+        document.undoStack()->undo();
+        QVERIFY(document.isModified());
+        for (int i = 0; i < document.rowCount(); ++i)
+            QCOMPARE(document.index(i).data().toString(), before.value(i));
+        QVERIFY(document.save(file, &problem));
+        QCOMPARE(read(file), program);
+    }
+
+    void whatCannotBeReadOrWritten()
+    {
+        const QTemporaryDir folder;
+        ProgramDocument document;
+        QString problem;
+        document.insertLine(0, "WeaveOff");
+        document.setSent();
+        QVERIFY(!document.open(folder.filePath("missing.tl"), &problem));
+        QVERIFY(!problem.isEmpty());
+        QCOMPARE(document.line(0), QString("WeaveOff"));
+        QVERIFY(document.isSent());
+        problem.clear();
+        QVERIFY(!document.save(folder.filePath("no/folder.tl"), &problem));
+        QVERIFY(!problem.isEmpty());
+        QVERIFY(document.isModified());
+        QCOMPARE(document.fileName(), QString());
+        document.setLine(0, "WeaveOff ");
+        QVERIFY(!document.isSent());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestProgramDocument)
+#include "tst_programdocument.moc"
