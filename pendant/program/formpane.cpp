@@ -17,13 +17,13 @@ namespace pendant {
 
 namespace {
 
-QLabel *addLabel(QVBoxLayout *layout, const char *name)
+QLabel *addLabel(QBoxLayout *layout, const char *name)
 {
     auto *label = new QLabel;
     label->setObjectName(QString::fromLatin1(name));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    layout->addWidget(label);
+    layout->addWidget(label, 1);
     return label;
 }
 
@@ -61,13 +61,18 @@ FormPane::FormPane(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    m_heading = addLabel(layout, "lblCardHeading");
-    m_syntax = addLabel(layout, "lblCaption");
+    auto *top = new QHBoxLayout;
+    top->setSpacing(24);
+    m_heading = addLabel(top, "lblCardHeading");
+    m_heading->setWordWrap(false);
+    top->setStretchFactor(m_heading, 0);
+    m_syntax = addLabel(top, "lblCaption");
+    layout->addLayout(top);
     m_old = addLabel(layout, "lblLineText");
     m_warning = addLabel(layout, "lblFormWarning");
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setWidgetResizable(true);
-    layout->addWidget(m_area, 1);
+    layout->addWidget(m_area, 100); // the labels take no more than they need
     auto *buttons = new QHBoxLayout;
     buttons->addStretch(1);
     auto *cancel = new QPushButton(tr("Back"));

@@ -1,7 +1,6 @@
 #include "instructions/movepropertypointwidget.h"
 
 #include <QComboBox>
-#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -33,17 +32,20 @@ MovePropertyPointWidget::MovePropertyPointWidget(QWidget *parent)
 {
     setObjectName(QStringLiteral("MovePropertyPointWidget"));
     m_tabs->setObjectName(QStringLiteral("twgtPoints"));
+    m_tabs->setTabBarAutoHide(true);
     m_aux->setObjectName(QStringLiteral("wgtAux"));
     m_target->setObjectName(QStringLiteral("wgtTarget"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_tabs);
     for (PointGroup *group : {m_aux, m_target}) {
-        auto *page = new QWidget;
+        auto *page = new QWidget(this);
+        page->hide(); // until it is a tab
         auto *pageLayout = new QVBoxLayout(page);
         pageLayout->addWidget(group);
         pageLayout->addStretch();
-        m_tabs->addTab(page, group == m_aux ? tr("Auxiliary point") : tr("Target point"));
+        if (group == m_target)
+            m_tabs->addTab(page, tr("Target point"));
         connect(group, &PointGroup::pointAdded, this, &MovePropertyPointWidget::setPointlist);
     }
     connect(m_tabs, &QTabWidget::currentChanged, this, &MovePropertyPointWidget::onTabChanged);
@@ -53,9 +55,13 @@ MovePropertyPointWidget::~MovePropertyPointWidget() = default;
 
 void MovePropertyPointWidget::initialize(const QString &type)
 {
-    const bool circular = type == QLatin1String("movec");
-    m_tabs->setTabVisible(m_tabs->indexOf(m_aux->parentWidget()), circular);
-    m_tabs->tabBar()->setVisible(circular);
+    // A lone tab needs no bar, nor the room for one.
+    const int place = m_tabs->indexOf(m_aux->parentWidget());
+    if (type != QLatin1String("movec"))
+        m_tabs->removeTab(place);
+    else if (place < 0)
+        m_tabs->insertTab(0, m_aux->parentWidget(), tr("Auxiliary point"));
+    m_tabs->setCurrentIndex(0);
     updateTool(OrboData::getCurrentTool());
     updateWobj(OrboData::getCurrentWobj());
     setPointlist();
@@ -113,7 +119,7 @@ QString MovePropertyPointWidget::getParam() const
     const auto text = [](const PointGroup *group) {
         return group->edit()->expression().format(PointExpression::Spelling::Property);
     };
-    const bool circular = m_tabs->isTabVisible(m_tabs->indexOf(m_aux->parentWidget()));
+    const bool circular = m_tabs->indexOf(m_aux->parentWidget()) >= 0;
     return circular ? text(m_aux) + QLatin1Char(',') + text(m_target) : text(m_target);
 }
 
