@@ -60,6 +60,7 @@ function(welmo_test name)
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE Qt5::Test ${ARG_LINK})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES

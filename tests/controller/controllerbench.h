@@ -5,6 +5,18 @@
 
 #include "controller/controller.h"
 
+inline QVariantMap with(QVariantMap map, const QString &key, const QVariant &value)
+{
+    map[key] = value;
+    return map;
+}
+
+inline QVariantMap without(QVariantMap map, const QString &key)
+{
+    map.remove(key);
+    return map;
+}
+
 /// A controller with a store in memory, a clock that the test turns, and every notification noted.
 struct ControllerBench
 {
@@ -29,6 +41,14 @@ struct ControllerBench
         });
         controller.start();
         told.clear();
+    }
+
+    /// A choice of the welder, as a pendant makes it.
+    static QVariantMap welder(const QString &model, int current, bool enable)
+    {
+        return {{"enable", enable},       {"connect_to_welder", true},
+                {"protocol", "Ethercat"}, {"mfr", "Aotai"},
+                {"model", model},         {"current_type", current}};
     }
 
     controller::Reply get(const char *path, const QString &key = {})

@@ -3,20 +3,19 @@
 #include <Eigen/Geometry>
 #include <functional>
 
+#include "controller/fields.h"
 #include "controllerbench.h"
+
+inline const Eigen::Vector3d p1(800, -200, 500);
+inline const Eigen::Vector3d p3(800, -200, 200);
+inline const Eigen::Vector3d p4(800, 200, 200);
 
 /// A bench that runs programs on a welder that is enabled, with the files that they use.
 struct ProgramBench : ControllerBench
 {
     ProgramBench()
     {
-        run("arc_weld.set_welder",
-            QVariantMap{{"enable", true},
-                        {"connect_to_welder", true},
-                        {"protocol", "Ethercat"},
-                        {"mfr", "Aotai"},
-                        {"model", "RL/RPL"},
-                        {"current_type", 350}});
+        run("arc_weld.set_welder", welder("RL/RPL", 350, true));
         save("arcon_param", arcOn());
         save("weld_param", weld());
         save("arcoff_param", arcOff());
@@ -88,6 +87,10 @@ struct ProgramBench : ControllerBench
     {
         return passUntil([&] { return weldState("phase") == phase; });
     }
+    bool passUntilLine(int line)
+    {
+        return passUntil([&] { return state("line") == line; });
+    }
     /// Until the program no longer runs; how long that took.
     qint64 finish()
     {
@@ -96,17 +99,38 @@ struct ProgramBench : ControllerBench
         return now - before;
     }
 
+    /// Runs the lines to their end; the message then.
+    QString endOf(const QStringList &lines, const QString &mode = "real")
+    {
+        go(lines, mode);
+        finish();
+        return state("message").toString();
+    }
+    /// Sets off along the lines, and on while it welds, for @p ms.
+    bool goWelding(const QStringList &lines, int ms)
+    {
+        const bool welds = go(lines).ok() && passUntilPhase("welding");
+        pass(ms);
+        return welds;
+    }
+
     /// The tip of the torch in the base frame, mm.
     Eigen::Vector3d tip()
     {
         const QVariantMap parameters{{"tool", "torch1"}, {"wobj", "wobj0"}};
-        const QVariantMap pos =
-            run("tl_program.get_rob_pos", QVariantMap{{"parameters", parameters}})
-                .value.toMap()["pose"]
-                .toMap()["frame"]
-                .toMap()["pos"]
-                .toMap();
-        return {pos["x"].toDouble(), pos["y"].toDouble(), pos["z"].toDouble()};
+        const QVariant robot =
+            run("tl_program.get_rob_pos", QVariantMap{{"parameters", parameters}}).value;
+        const auto part = [&robot](const char *axis) {
+            return controller::childAt(robot, QString("pose.frame.pos.") + axis).toDouble();
+        };
+        return {part("x"), part("y"), part("z")};
+    }
+    bool isAt(const Eigen::Vector3d &place, double mm = 0.01)
+    {
+        const double off = (tip() - place).norm();
+        if (off > mm)
+            qWarning("off by %g mm", off);
+        return off <= mm;
     }
     /// Every value of @p key that was told of @p path, repetitions left out.
     QVariantList toldValues(const char *path, const char *key) const

@@ -2,10 +2,12 @@
 #include <functional>
 
 #include "controllerbench.h"
+#include "support/rows.h"
 
 using namespace controller;
 using Fault = Faults::Fault;
 using Event = Journal::Event;
+using testsupport::Rows;
 
 namespace {
 
@@ -49,194 +51,124 @@ using Step = std::function<void(Keys &)>;
 
 } // namespace
 
-Q_DECLARE_METATYPE(Step)
-
 /// Wire that a key moves stops by itself when nobody proves to hold the key, and stays still until
 /// the key was pressed afresh.
 class tst_HoldToRun : public QObject
 {
     Q_OBJECT
 private slots:
-    void movesWhileAliveAndHeld();
-    void startNeedsALivingPendant();
-    void stopsByItself_data();
-    void stopsByItself();
-    void onlyAFreshPressStarts_data();
-    void onlyAFreshPressStarts();
-    void refusedPressIsUsedUp_data();
-    void refusedPressIsUsedUp();
-    void beatsComeTooLate();
-    void releaseNeedsNoBeat();
-    void onePressOneStart();
-    void newPendantCountsAnew();
-};
-
-void tst_HoldToRun::movesWhileAliveAndHeld()
-{
-    Keys bench;
-    QCOMPARE(bench.pressFeed(), int(Ok));
-    bench.live(5000);
-    QVERIFY(bench.moves());
-    QCOMPARE(bench.feed(false), int(Ok));
-    QCOMPARE(bench.lastCause(), QString("wire_feel"));
-    QCOMPARE(bench.journal.entries().last().time - bench.journal.entries().first().time, 5000);
-}
-
-void tst_HoldToRun::startNeedsALivingPendant()
-{
-    Keys bench;
-    QCOMPARE(bench.feed(true), int(WrongState)); // never heard of one
-    bench.press();
-    bench.pass(lastBeatToStill);
-    QCOMPARE(bench.feed(true), int(WrongState)); // heard of it too long ago
-    bench.held = false;
-    bench.live(0);
-    QCOMPARE(bench.feed(true), int(WrongState)); // alive, but no hand is on a key
-    QVERIFY(bench.events().isEmpty());
-}
-
-void tst_HoldToRun::stopsByItself_data()
-{
-    QTest::addColumn<Step>("trouble");
-    QTest::addColumn<QString>("cause");
-    QTest::addColumn<int>("within");
-    QTest::newRow("no beats") << Step([](Keys &) {}) << "no heartbeat" << lastBeatToStill;
-    QTest::newRow("pendant lost") << Step([](Keys &b) { b.controller.losePendant(); })
-                                  << "pendant lost" << 0;
-    QTest::newRow("hand off the keys, release lost")
-        << Step([](Keys &b) { b.controller.beat(b.now, HoldToRun::noPress); }) << "no key held"
-        << 0;
-    QTest::newRow("welder error") << Step([](Keys &b) { b.faults.set(Fault::WelderError, true); })
-                                  << "welder error" << 10;
-    QTest::newRow("wire stuck") << Step([](Keys &b) { b.faults.set(Fault::WireStuck, true); })
-                                << "wire stuck" << 10;
-}
-
-void tst_HoldToRun::stopsByItself()
-{
-    QFETCH(Step, trouble);
-    QFETCH(QString, cause);
-    QFETCH(int, within);
-    Keys bench;
-    bench.press();
-    QCOMPARE(bench.back(true), int(Ok));
-    bench.live(500);
-    const qint64 lastBeat = bench.now;
-    trouble(bench);
-    bench.pass(1000);
-    QCOMPARE(bench.events(), (QVector<Event>{Event::WireRetracts, Event::WireStops}));
-    QCOMPARE(bench.lastCause(), cause);
-    QVERIFY(bench.journal.entries().last().time - lastBeat <= within);
-}
-
-void tst_HoldToRun::onlyAFreshPressStarts_data()
-{
-    QTest::addColumn<Step>("stop");
-    QTest::newRow("no beats") << Step([](Keys &b) { b.pass(200); });
-    QTest::newRow("pendant lost") << Step([](Keys &b) { b.controller.losePendant(); });
-    QTest::newRow("welder error") << Step([](Keys &b) {
-        b.faults.set(Fault::WelderError, true);
-        b.live(50);
-        b.faults.clear();
-    });
-    QTest::newRow("wire stuck") << Step([](Keys &b) {
-        b.faults.set(Fault::WireStuck, true);
-        b.live(50);
-        b.faults.clear();
-    });
-}
-
-void tst_HoldToRun::onlyAFreshPressStarts()
-{
-    QFETCH(Step, stop);
-    Keys bench;
-    for (const bool releaseArrives : {true, false}) {
-        QCOMPARE(bench.pressFeed(), int(Ok));
-        bench.live(100);
-        stop(bench);
-        QVERIFY(!bench.moves());
-        bench.live(500); // alive again, the key still down
-        QVERIFY(!bench.moves());
-        QCOMPARE(bench.feed(true), int(WrongState)); // the same press, repeated
-        QCOMPARE(bench.feed(true), int(WrongState));
-        if (releaseArrives)
-            QCOMPARE(bench.feed(false), int(Ok));
-        QVERIFY(!bench.moves());
-        QCOMPARE(bench.pressFeed(), int(Ok));
-        QCOMPARE(bench.feed(false), int(Ok));
+    void startNeedsALivingPendant()
+    {
+        Keys bench;
+        QCOMPARE(bench.feed(true), int(WrongState)); // never heard of one
+        bench.press();
+        bench.pass(lastBeatToStill);
+        QCOMPARE(bench.feed(true), int(WrongState)); // heard of it too long ago
+        bench.held = false;
+        bench.live(0);
+        QCOMPARE(bench.feed(true), int(WrongState)); // alive, but no hand is on a key
+        QVERIFY(bench.events().isEmpty());
     }
-}
-
-void tst_HoldToRun::refusedPressIsUsedUp_data()
-{
-    QTest::addColumn<Step>("before");
-    QTest::newRow("welder error") << Step([](Keys &b) { b.faults.set(Fault::WelderError, true); });
-    QTest::newRow("wire stuck") << Step([](Keys &b) { b.faults.set(Fault::WireStuck, true); });
-    QTest::newRow("no beats") << Step([](Keys &b) { b.pass(200); });
-    QTest::newRow("the other key first") << Step([](Keys &b) {
-        b.back(true);
-        b.press();
-    });
-}
-
-void tst_HoldToRun::refusedPressIsUsedUp()
-{
-    QFETCH(Step, before);
-    Keys bench;
-    bench.press();
-    before(bench);
-    QVERIFY(bench.feed(true) != Ok);
-    bench.faults.clear();
-    bench.back(false);
-    bench.live(100);
-    QCOMPARE(bench.feed(true), int(WrongState));
-    QVERIFY(!bench.moves());
-    QCOMPARE(bench.pressFeed(), int(Ok));
-}
-
-// The controller was busy elsewhere: the beat that it finds does not excuse the ones it missed.
-void tst_HoldToRun::beatsComeTooLate()
-{
-    Keys bench;
-    QCOMPARE(bench.pressFeed(), int(Ok));
-    bench.now += lastBeatToStill;
-    bench.live(0);
-    QVERIFY(!bench.moves());
-}
-
-void tst_HoldToRun::releaseNeedsNoBeat()
-{
-    Keys bench;
-    QCOMPARE(bench.pressFeed(), int(Ok));
-    bench.pass(40);
-    QCOMPARE(bench.feed(false), int(Ok));
-    QCOMPARE(bench.lastCause(), QString("wire_feel"));
-    bench.controller.losePendant();
-    QCOMPARE(bench.feed(false), int(Ok)); // late, of the press before
-    QCOMPARE(bench.events().size(), 2);
-}
-
-void tst_HoldToRun::onePressOneStart()
-{
-    Keys bench;
-    QCOMPARE(bench.pressFeed(), int(Ok));
-    bench.feed(false);
-    QCOMPARE(bench.back(true), int(WrongState)); // an old command while the key is still down
-    bench.press();
-    QCOMPARE(bench.back(true), int(Ok));
-}
-
-void tst_HoldToRun::newPendantCountsAnew()
-{
-    Keys bench;
-    QCOMPARE(bench.pressFeed(), int(Ok));
-    bench.controller.losePendant();
-    bench.held = false;
-    bench.presses = 0;
-    bench.live(100);
-    QCOMPARE(bench.pressFeed(), int(Ok));
-    QCOMPARE(bench.presses, 1);
-}
+    void stopsByItself()
+    {
+        const Rows<Step, QString, int> rows{
+            {"no beats", Step([](Keys &) {}), "no heartbeat", lastBeatToStill},
+            {"pendant lost", Step([](Keys &b) { b.controller.losePendant(); }), "pendant lost", 0},
+            {"hand off the keys, release lost", Step([](Keys &b) {
+                 b.held = false;
+                 b.live(0);
+             }),
+             "no key held", 0},
+            {"welder error", Step([](Keys &b) { b.faults.set(Fault::WelderError, true); }),
+             "welder error", 10},
+            {"wire stuck", Step([](Keys &b) { b.faults.set(Fault::WireStuck, true); }),
+             "wire stuck", 10},
+        };
+        for (const auto &[name, trouble, cause, within] : rows) {
+            Keys bench;
+            bench.press();
+            QCOMPARE(bench.back(true), int(Ok));
+            bench.live(500);
+            const qint64 lastBeat = bench.now;
+            trouble(bench);
+            bench.pass(1000);
+            QCOMPARE(bench.events(), (QVector<Event>{Event::WireRetracts, Event::WireStops}));
+            QCOMPARE(bench.lastCause(), cause);
+            QVERIFY(bench.journal.entries().last().time - lastBeat <= within);
+            bench.faults.clear();
+            bench.live(100);
+            QVERIFY(!bench.moves());
+            QCOMPARE(bench.back(true), int(WrongState)); // the same press, repeated
+            QCOMPARE(bench.pressFeed(), int(Ok));
+        }
+    }
+    void refusedPressIsUsedUp()
+    {
+        const Rows<Step> rows{
+            {"welder error", Step([](Keys &b) { b.faults.set(Fault::WelderError, true); })},
+            {"wire stuck", Step([](Keys &b) { b.faults.set(Fault::WireStuck, true); })},
+            {"no beats", Step([](Keys &b) { b.pass(200); })},
+            {"the other key first", Step([](Keys &b) {
+                 b.back(true);
+                 b.press();
+             })},
+        };
+        for (const auto &[name, before] : rows) {
+            Keys bench;
+            bench.press();
+            before(bench);
+            QVERIFY(bench.feed(true) != Ok);
+            bench.faults.clear();
+            bench.back(false);
+            bench.live(100);
+            QCOMPARE(bench.feed(true), int(WrongState));
+            QVERIFY(!bench.moves());
+            QCOMPARE(bench.pressFeed(), int(Ok));
+        }
+    }
+    // The controller was busy elsewhere: the beat that it finds does not excuse the ones it missed.
+    void beatsComeTooLate()
+    {
+        Keys bench;
+        QCOMPARE(bench.pressFeed(), int(Ok));
+        bench.now += lastBeatToStill;
+        bench.live(0);
+        QVERIFY(!bench.moves());
+    }
+    void releaseNeedsNoBeat()
+    {
+        Keys bench;
+        QCOMPARE(bench.pressFeed(), int(Ok));
+        bench.pass(40);
+        QCOMPARE(bench.feed(false), int(Ok));
+        QCOMPARE(bench.lastCause(), QString("wire_feel"));
+        bench.controller.losePendant();
+        QCOMPARE(bench.feed(false), int(Ok)); // late, of the press before
+        QCOMPARE(bench.events().size(), 2);
+    }
+    void onePressOneStart()
+    {
+        Keys bench;
+        QCOMPARE(bench.pressFeed(), int(Ok));
+        QCOMPARE(bench.feed(true), int(Ok)); // repeated while it moves
+        QCOMPARE(bench.events().size(), 1);
+        bench.feed(false);
+        QCOMPARE(bench.back(true), int(WrongState)); // an old command while the key is still down
+        bench.press();
+        QCOMPARE(bench.back(true), int(Ok));
+    }
+    void newPendantCountsAnew()
+    {
+        Keys bench;
+        QCOMPARE(bench.pressFeed(), int(Ok));
+        bench.controller.losePendant();
+        bench.held = false;
+        bench.presses = 0;
+        bench.live(100);
+        QCOMPARE(bench.pressFeed(), int(Ok));
+        QCOMPARE(bench.presses, 1);
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_HoldToRun)
 #include "tst_holdtorun.moc"

@@ -5,8 +5,10 @@
 
 #include "controller/store.h"
 #include "sql.h"
+#include "support/rows.h"
 
 using controller::Store;
+using testsupport::Rows;
 
 namespace {
 
@@ -66,127 +68,96 @@ class tst_StoreFile : public QObject
 {
     Q_OBJECT
 private slots:
-    void makesItsFolder();
-    void refusedFileIsLeftAlone_data();
-    void refusedFileIsLeftAlone();
-    void folderThatCannotBeUsed_data();
-    void folderThatCannotBeUsed();
-    void oneOwnerAtATime();
-    void survivesBeingKilled();
-};
-
-void tst_StoreFile::makesItsFolder()
-{
-    const QTemporaryDir folder;
-    const QString name = folder.filePath("deep/down/controller.db");
-    QString problem;
-    QVERIFY2(Store::open(name, &problem), qPrintable(problem));
-    QVERIFY(QFile::exists(name));
-}
-
-void tst_StoreFile::refusedFileIsLeftAlone_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("reason");
-    const QTemporaryDir folder;
-    const auto own = ownStore(folder.filePath("own.db"));
-    QByteArray damaged = own;
-    damaged.replace(4096 + 8, 3000, QByteArray(3000, '\xff'));
-    const QByteArray newer = databaseWith(folder.filePath("own.db"), "PRAGMA user_version = 99");
-
-    QTest::newRow("a letter") << QByteArray(5000, 'a') << "not a controller store";
-    QTest::newRow("a short letter") << QByteArray("Dear operator") << "not a controller store";
-    QTest::newRow("another program's database")
-        << databaseWith(folder.filePath("foreign.db"), "CREATE TABLE entry (a)")
-        << "another program";
-    QTest::newRow("another program's mark")
-        << databaseWith(folder.filePath("marked.db"), "PRAGMA application_id = 7")
-        << "another program";
-    QTest::newRow("newer") << newer << "newer version";
-    QTest::newRow("damaged") << damaged << "damaged";
-    QTest::newRow("cut off") << own.left(own.size() / 2) << "damaged";
-}
-
-void tst_StoreFile::refusedFileIsLeftAlone()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(QString, reason);
-    const QTemporaryDir folder;
-    const QString name = folder.filePath("controller.db");
-    writeContent(name, content);
-    QString problem;
-    QVERIFY(!Store::open(name, &problem));
-    QVERIFY2(problem.startsWith(name + ": "), qPrintable(problem));
-    QVERIFY2(problem.contains(reason), qPrintable(problem));
-    QVERIFY(!problem.contains('\n'));
-    QCOMPARE(contentOf(name), content);
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("controller.db"));
-}
-
-void tst_StoreFile::folderThatCannotBeUsed_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::newRow("a file is in the way") << "letter/controller.db";
-    QTest::newRow("a folder of that name") << "taken.db";
-    QTest::newRow("a folder where nobody may write") << "/proc/controller.db";
-}
-
-void tst_StoreFile::folderThatCannotBeUsed()
-{
-    QFETCH(QString, file);
-    const QTemporaryDir folder;
-    writeContent(folder.filePath("letter"), "Dear operator");
-    QVERIFY(QDir(folder.path()).mkdir("taken.db"));
-    const QString name = QDir(folder.path()).filePath(file);
-    QString problem;
-    QVERIFY(!Store::open(name, &problem));
-    QVERIFY2(problem.startsWith(name + ": ") && problem.contains("cannot be"), qPrintable(problem));
-}
-
-void tst_StoreFile::oneOwnerAtATime()
-{
-    const QTemporaryDir folder;
-    const QString name = folder.filePath("controller.db");
-    QString problem;
-    auto first = Store::open(name, &problem);
-    QVERIFY(first->write({{path, "a", 1}}));
-    QVERIFY(!Store::open(name, &problem));
-    QVERIFY2(problem.contains("in use"), qPrintable(problem));
-    first.reset();
-    const auto second = Store::open(name, &problem);
-    QVERIFY2(second, qPrintable(problem));
-    QCOMPARE(second->read(path, "a")->value, QVariant(1));
-}
-
-void tst_StoreFile::survivesBeingKilled()
-{
-    const QTemporaryDir folder;
-    const QString name = folder.filePath("controller.db");
-    int next = 0;
-    for (int round = 0; round < 8; ++round) {
-        QProcess writer;
-        writer.start(QCoreApplication::applicationFilePath(),
-                     {"--write", name, QString::number(next)});
-        QByteArray said;
-        for (int lines = 0; lines < 5 + 7 * round; lines = said.count('\n')) {
-            QVERIFY2(writer.waitForReadyRead(60000), writer.readAllStandardError().constData());
-            said += writer.readAllStandardOutput();
+    void refusedFileIsLeftAlone()
+    {
+        const QTemporaryDir folder;
+        const QByteArray whole = ownStore(folder.filePath("own.db"));
+        QByteArray damaged = whole;
+        damaged.replace(4096 + 8, 3000, QByteArray(3000, '\xff'));
+        const QByteArray newer =
+            databaseWith(folder.filePath("own.db"), "PRAGMA user_version = 99");
+        const Rows<QByteArray, QString> rows{
+            {"a letter", QByteArray(5000, 'a'), "not a controller store"},
+            {"a short letter", QByteArray("Dear operator"), "not a controller store"},
+            {"another program's database",
+             databaseWith(folder.filePath("foreign.db"), "CREATE TABLE entry (a)"),
+             "another program"},
+            {"another program's mark",
+             databaseWith(folder.filePath("marked.db"), "PRAGMA application_id = 7"),
+             "another program"},
+            {"newer", newer, "newer version"},
+            {"damaged", damaged, "damaged"},
+            {"cut off", whole.left(whole.size() / 2), "damaged"},
+        };
+        for (const auto &[name, content, reason] : rows) {
+            const QTemporaryDir own;
+            const QString file = own.filePath("controller.db");
+            writeContent(file, content);
+            QString problem;
+            QVERIFY(!Store::open(file, &problem));
+            QVERIFY2(problem.startsWith(file + ": "), qPrintable(problem));
+            QVERIFY2(problem.contains(reason) && !problem.contains('\n'), qPrintable(problem));
+            QCOMPARE(contentOf(file), content);
+            QCOMPARE(QDir(own.path()).entryList(QDir::Files), QStringList("controller.db"));
         }
-        writer.kill();
-        QVERIFY(writer.waitForFinished(60000));
-        said += writer.readAllStandardOutput();
-        said.truncate(said.lastIndexOf('\n'));
-        next = said.mid(said.lastIndexOf('\n') + 1).toInt() + 1;
-
-        QString problem;
-        const auto store = Store::open(name, &problem);
-        QVERIFY2(store, qPrintable(problem));
-        const auto all = store->readAll(path);
-        QVERIFY(all.has_value());
-        for (int i = 0; i < next; ++i)
-            QVERIFY2(all->count(QString::number(i)) == 1, "an acknowledged value is gone");
     }
-}
+    void folderThatCannotBeUsed()
+    {
+        const QTemporaryDir folder;
+        writeContent(folder.filePath("letter"), "Dear operator");
+        QVERIFY(QDir(folder.path()).mkdir("taken.db"));
+        for (const char *file : {"letter/controller.db", "taken.db", "/proc/controller.db"}) {
+            const QString name = QDir(folder.path()).filePath(file);
+            QString problem;
+            QVERIFY(!Store::open(name, &problem));
+            QVERIFY2(problem.startsWith(name + ": ") && problem.contains("cannot be"),
+                     qPrintable(problem));
+        }
+    }
+    void oneOwnerAtATime()
+    {
+        const QTemporaryDir folder;
+        const QString name = folder.filePath("deep/down/controller.db"); // folders are made
+        QString problem;
+        auto first = Store::open(name, &problem);
+        QVERIFY(first->write({{path, "a", 1}}));
+        QVERIFY(!Store::open(name, &problem));
+        QVERIFY2(problem.contains("in use"), qPrintable(problem));
+        first.reset();
+        const auto second = Store::open(name, &problem);
+        QVERIFY2(second, qPrintable(problem));
+        QCOMPARE(second->read(path, "a")->value, QVariant(1));
+    }
+    void survivesBeingKilled()
+    {
+        const QTemporaryDir folder;
+        const QString name = folder.filePath("controller.db");
+        int next = 0;
+        for (int round = 0; round < 8; ++round) {
+            QProcess writer;
+            writer.start(QCoreApplication::applicationFilePath(),
+                         {"--write", name, QString::number(next)});
+            QByteArray said;
+            for (int lines = 0; lines < 5 + 7 * round; lines = said.count('\n')) {
+                QVERIFY2(writer.waitForReadyRead(60000), writer.readAllStandardError().constData());
+                said += writer.readAllStandardOutput();
+            }
+            writer.kill();
+            QVERIFY(writer.waitForFinished(60000));
+            said += writer.readAllStandardOutput();
+            said.truncate(said.lastIndexOf('\n'));
+            next = said.mid(said.lastIndexOf('\n') + 1).toInt() + 1;
+
+            QString problem;
+            const auto store = Store::open(name, &problem);
+            QVERIFY2(store, qPrintable(problem));
+            const auto all = store->readAll(path);
+            QVERIFY(all.has_value());
+            for (int i = 0; i < next; ++i)
+                QVERIFY2(all->count(QString::number(i)) == 1, "an acknowledged value is gone");
+        }
+    }
+};
 
 int main(int argc, char *argv[])
 {

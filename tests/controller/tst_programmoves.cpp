@@ -1,0 +1,162 @@
+#include <QtTest>
+
+#include "controller/programline.h"
+#include "programbench.h"
+#include "support/rows.h"
+
+using namespace controller;
+using Eigen::Vector3d;
+using testsupport::Rows;
+
+/// The lines of a program are read, and the moves among them go where they say.
+class tst_ProgramMoves : public QObject
+{
+    Q_OBJECT
+private slots:
+    void linesAreRead()
+    {
+        const Rows<QString, QStringList> rows{
+            // number|word|arguments
+            {"empty", "", QStringList()},
+            {"words", "WeaveOff\n\n  ArcOff \"a b,c\" ;\r\n",
+             QStringList{"1|WeaveOff", "3|ArcOff|\"a b,c\""}},
+            {"call", "WMoveL Offs(p1, 1,-2.5 ,0), v1,fine,\ttool0",
+             QStringList{"1|WMoveL|Offs(p1, 1,-2.5 ,0)|v1|fine|tool0"}},
+            {"no blank", "ArcOn\"a\",\"b\"", QStringList{"1|ArcOn|\"a\"|\"b\""}},
+            {"comments", "// a\n# b\n!c\nWeaveOff // d\nArcOff \"//\"//",
+             QStringList{"4|WeaveOff", "5|ArcOff|\"//\""}},
+            {"holes", "F ,a,\n\"x\"", QStringList{"1|F||a|", "2||\"x\""}},
+            {"half", "F (a,b\nG a),b", QStringList{"1|F|(a,b", "2|G|a)|b"}},
+        };
+        for (const auto &[name, text, expected] : rows) {
+            QStringList lines;
+            for (const ProgramLine &line : readProgram(text))
+                lines.append((QStringList{QString::number(line.number), line.word} + line.arguments)
+                                 .join('|'));
+            QCOMPARE(lines, expected);
+        }
+    }
+    void pointsAreRead()
+    {
+        const Rows<QString, QString> rows{
+            // kind, name, numbers; empty: refused
+            {"plain", "p1", "0 p1 0 0 0 0 0 0"},
+            {"offset", "Offs(p1,1.5,-2,3e1)", "1 p1 1.5 -2 30 0 0 0"},
+            {"offset, short", "Offs( p1 , 1 )", "1 p1 1 0 0 0 0 0"},
+            {"tool", "RelTool(p2,1,2,3,4,5,6)", "2 p2 1 2 3 4 5 6"},
+            {"tool, other spelling", "Reltool(p2,0,0,7)", "2 p2 0 0 7 0 0 0"},
+            {"unknown", "Offset(p1,1,2,3)", ""},
+            {"too many", "Offs(p1,1,2,3,4)", ""},
+            {"no number", "Offs(p1,1,x,3)", ""},
+            {"open", "Offs(p1,1,2,3", ""},
+            {"nothing", "Offs()", ""},
+        };
+        for (const auto &[name, text, expected] : rows) {
+            PointTerm term;
+            QCOMPARE(PointTerm::read(text, &term).ok(), !expected.isEmpty());
+            if (expected.isEmpty())
+                continue;
+            QStringList parts{QString::number(int(term.kind)), term.name};
+            for (const double number : term.numbers)
+                parts.append(QString::number(number));
+            QCOMPARE(parts.join(' '), expected);
+        }
+    }
+    void movesGoWhereTheySay()
+    {
+        const Rows<QString, Vector3d> rows{
+            {"joint", "MoveJ p3,v200,z5,torch1,wobj0", p3},
+            {"linear", "MoveL p4,v200,z5,torch1", p4},
+            {"welding move without an arc", "WMoveL p4,v200,z5,torch1", p4},
+            {"circular", "MoveC p7,p8,v200,z5,torch1", Vector3d(700, 100, 200)},
+            {"offset", "MoveL Offs(p3,-10,20.5,30),v200,z5,torch1", Vector3d(790, -179.5, 230)},
+            // The torch at p1 points down: its z is the world's -z, its x the world's -x there.
+            {"tool", "MoveL RelTool(p1,10,0,40),v200,z5,torch1", Vector3d(790, -200, 460)},
+            {"tool turned", "MoveL Reltool(p1,0,20,0,0,0,30),v200,z5,torch1",
+             Vector3d(800, -180, 500)},
+            {"in another work object", "MoveL Offs(p3,-600,0,0),v200,z5,torch1,fixture1",
+             Vector3d(800, -200, 350)},
+        };
+        for (const auto &[name, line, place] : rows) {
+            ProgramBench bench;
+            QVERIFY(bench.isAt(p1));
+            bench.go({line});
+            QVERIFY(bench.finish() > 100);
+            QCOMPARE(bench.state("message"), QVariant("finished"));
+            QVERIFY(bench.isAt(place));
+        }
+    }
+    // From p6 over p7 the circle has 100 mm around (700, 0, 200).
+    void circle()
+    {
+        const Rows<QString, Vector3d, double> rows{
+            {"half", "p8", Vector3d(700, 100, 200), 2},
+            {"three quarters", "Offs(p7,-200,0,0)", Vector3d(600, 0, 200), 3},
+        };
+        for (const auto &[name, end, place, quarters] : rows) {
+            ProgramBench bench;
+            bench.go({"MoveL p6,v1000,fine,torch1",
+                      QString("WMoveC p7,%1,v50,fine,torch1,wobj0").arg(end)});
+            QVERIFY(bench.passUntilLine(2));
+            const qint64 began = bench.now;
+            double nearest = 1000;
+            while (bench.state("state") == "running") {
+                bench.pass(50);
+                QVERIFY(qAbs((bench.tip() - Vector3d(700, 0, 200)).norm() - 100) < 0.01);
+                nearest = qMin(nearest, (bench.tip() - Vector3d(800, 0, 200)).norm());
+            }
+            QCOMPARE(bench.state("message"), QVariant("finished"));
+            QVERIFY(nearest < 3);
+            QVERIFY(bench.isAt(place));
+            QVERIFY(qAbs((bench.now - began) / 1000.0 - quarters * M_PI / 2 * 100 / 50) < 0.1);
+        }
+    }
+    void straightCircleIsALine()
+    {
+        ProgramBench bench;
+        bench.go({"MoveL p3,v1000,fine,torch1", "WMoveC Offs(p3,0,150,0),p4,v200,fine,torch1"});
+        QVERIFY(bench.passUntilLine(2));
+        while (bench.state("state") == "running") {
+            bench.pass(50);
+            const Vector3d tip = bench.tip();
+            QVERIFY(qAbs(tip.x() - 800) < 0.01 && qAbs(tip.z() - 200) < 0.01);
+        }
+        QVERIFY(bench.isAt(p4));
+    }
+    void weavesWithinItsAmplitude()
+    {
+        ProgramBench bench;
+        bench.save("weave_param",
+                   QVariantMap{{"name", "weavedata3"},
+                               {"pattern", "triangular"},
+                               {"weaving_reference", "cycle"},
+                               {"weave_length_frequency", 1.0},
+                               {"amplitude", QVariantMap{{"left", 4.0}, {"right", 2.0}}}});
+        for (const bool byLine : {true, false}) {
+            const QString weave = byLine ? ",wobj0,\"weavedata3\"" : "";
+            bench.go({"MoveL p3,v1000,fine,torch1", byLine ? "WeaveOff" : "WeaveOn \"weavedata3\"",
+                      "WMoveL p4,v50,fine,torch1" + weave, "WeaveOff",
+                      "WMoveL p3,v50,fine,torch1"});
+            QVERIFY(bench.passUntilLine(3));
+            double low = 0;
+            double high = 0;
+            while (bench.state("line") == 3) {
+                bench.pass(10);
+                const Vector3d tip = bench.tip();
+                const double aside =
+                    std::copysign(std::hypot(tip.x() - 800, tip.z() - 200), tip.x() - 800);
+                low = qMin(low, aside);
+                high = qMax(high, aside);
+            }
+            QVERIFY2(high - low > 5.7 && high - low < 6.01,
+                     qPrintable(QString::number(high - low)));
+            QVERIFY(qMax(high, -low) < 4.01 && qMax(high, -low) > 3.8);
+            bench.pass(1000);
+            QVERIFY(qAbs(bench.tip().x() - 800) < 0.01);
+            bench.run("tl_program.stop");
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ProgramMoves)
+#include "tst_programmoves.moc"
