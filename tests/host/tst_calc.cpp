@@ -1,11 +1,11 @@
 #include <QtTest>
 
+#include "support/rows.h"
 #include "vu/calc.h"
 
 using kelp::ModuleObject;
 using Pose = QVector<double>; // x, y, z, a, b, c
-
-Q_DECLARE_METATYPE(Pose)
+using testsupport::Rows;
 
 namespace {
 
@@ -41,47 +41,38 @@ class tst_Calc : public QObject
     Q_OBJECT
 
 private slots:
-    void posesCombine_data()
-    {
-        QTest::addColumn<Pose>("pose");
-        QTest::addColumn<Pose>("relative");
-        QTest::addColumn<Pose>("inTool");
-        QTest::addColumn<Pose>("offset");
-        QTest::newRow("missing values count as 0")
-            << Pose{1} << Pose{} << Pose{1, 0, 0, 0, 0, 0} << Pose{1, 0, 0, 0, 0, 0};
-        QTest::newRow("nothing turned") << Pose{1, 2, 3, 0, 0, 0} << Pose{10, 20, 30, 1, 2, 3}
-                                        << Pose{11, 22, 33, 1, 2, 3} << Pose{11, 22, 33, 0, 0, 0};
-        QTest::newRow("about z") << Pose{1, 2, 3, 0, 0, 90} << Pose{10, 0, 0, 0, 0, 20}
-                                 << Pose{1, 12, 3, 0, 0, 110} << Pose{11, 2, 3, 0, 0, 90};
-        QTest::newRow("a about x, then c about z, fixed axes")
-            << Pose{0, 0, 0, 90, 0, 90} << Pose{0, 0, 1, 0, 0, 0} << Pose{1, 0, 0, 90, 0, 90}
-            << Pose{0, 0, 1, 90, 0, 90};
-        QTest::newRow("b before c") << Pose{0, 0, 0, 0, 90, 90} << Pose{1, 0, 0, 0, 0, 0}
-                                    << Pose{0, 0, -1, 0, 90, 90} << Pose{1, 0, 0, 0, 90, 90};
-        QTest::newRow("where b is 90, c takes all")
-            << Pose{0, 0, 0, 30, 90, 50} << Pose{} << Pose{0, 0, 0, 0, 90, 20}
-            << Pose{0, 0, 0, 0, 90, 20};
-        QTest::newRow("tool upside down")
-            << Pose{0, 0, 500, 180, 0, 0} << Pose{1, 2, 3, 0, 10, 0}
-            << Pose{1, -2, 497, 180, -10, 0} << Pose{1, 2, 503, 180, 0, 0};
-    }
     void posesCombine()
     {
-        QFETCH(Pose, pose);
-        QFETCH(Pose, relative);
-        QFETCH(Pose, inTool);
-        QFETCH(Pose, offset);
-        ModuleObject from("from");
-        ModuleObject by("by");
-        ModuleObject moved("moved");
-        write(&from, pose);
-        write(&by, relative);
-        vu::calc::offs(&from, &by, &moved);
-        QCOMPARE(text(&moved), text(offset));
-        vu::calc::toolreltool(&from, &by, &moved);
-        QCOMPARE(text(&moved), text(inTool));
-        vu::calc::toolreltool(&from, &by, &from); // onto itself
-        QCOMPARE(text(&from), text(inTool));
+        const Rows<Pose, Pose, Pose, Pose> rows{
+            // a pose, and another relative to it; the two combined in the tool, and as an offset
+            {"missing values count as 0", Pose{1}, Pose{}, Pose{1, 0, 0, 0, 0, 0},
+             Pose{1, 0, 0, 0, 0, 0}},
+            {"nothing turned", Pose{1, 2, 3, 0, 0, 0}, Pose{10, 20, 30, 1, 2, 3},
+             Pose{11, 22, 33, 1, 2, 3}, Pose{11, 22, 33, 0, 0, 0}},
+            {"about z", Pose{1, 2, 3, 0, 0, 90}, Pose{10, 0, 0, 0, 0, 20},
+             Pose{1, 12, 3, 0, 0, 110}, Pose{11, 2, 3, 0, 0, 90}},
+            {"a about x, then c about z, fixed axes", Pose{0, 0, 0, 90, 0, 90},
+             Pose{0, 0, 1, 0, 0, 0}, Pose{1, 0, 0, 90, 0, 90}, Pose{0, 0, 1, 90, 0, 90}},
+            {"b before c", Pose{0, 0, 0, 0, 90, 90}, Pose{1, 0, 0, 0, 0, 0},
+             Pose{0, 0, -1, 0, 90, 90}, Pose{1, 0, 0, 0, 90, 90}},
+            {"where b is 90, c takes all", Pose{0, 0, 0, 30, 90, 50}, Pose{},
+             Pose{0, 0, 0, 0, 90, 20}, Pose{0, 0, 0, 0, 90, 20}},
+            {"tool upside down", Pose{0, 0, 500, 180, 0, 0}, Pose{1, 2, 3, 0, 10, 0},
+             Pose{1, -2, 497, 180, -10, 0}, Pose{1, 2, 503, 180, 0, 0}},
+        };
+        for (const auto &[name, pose, relative, inTool, offset] : rows) {
+            ModuleObject from("from");
+            ModuleObject by("by");
+            ModuleObject moved("moved");
+            write(&from, pose);
+            write(&by, relative);
+            vu::calc::offs(&from, &by, &moved);
+            QCOMPARE(text(&moved), text(offset));
+            vu::calc::toolreltool(&from, &by, &moved);
+            QCOMPARE(text(&moved), text(inTool));
+            vu::calc::toolreltool(&from, &by, &from); // onto itself
+            QCOMPARE(text(&from), text(inTool));
+        }
     }
 };
 

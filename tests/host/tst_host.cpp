@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <QtTest>
 
+#include "support/rows.h"
 #include "tessa/basecontentwidget.h"
 #include "tessa/basepage.h"
 #include "tessa/host.h"
@@ -12,14 +13,15 @@
 
 using tessa::ControllerStatus;
 using tessa::MessageLog;
+using testsupport::Rows;
 
 namespace {
 
 class Page : public tessa::BasePage
 {
 public:
-    explicit Page(QObject *owner = nullptr)
-        : BasePage("page", "Title", owner)
+    Page()
+        : BasePage("page", "Title", nullptr)
     { }
     void updateAvailability() override { ++updates; }
     using BasePage::autoUpdate;
@@ -36,24 +38,14 @@ public:
     QString ToString() override { return {}; }
 };
 
-class RefusingForm : public Form
-{
-public:
-    using Form::Form;
-    bool CheckInsert() override { return false; }
+using Change = void (*)(ControllerStatus *);
+const Rows<Change, int> changes{
+    // how often a page hears of it that follows all but the level
+    {"state", [](ControllerStatus *s) { s->setState(ControllerStatus::State::Fault); }, 1},
+    {"mode", [](ControllerStatus *s) { s->setMode(ControllerStatus::Mode::Automatic); }, 1},
+    {"power", [](ControllerStatus *s) { s->setPower(ControllerStatus::Power::Off); }, 1},
+    {"level", [](ControllerStatus *s) { s->setLevel(ControllerStatus::Level::Viewer); }, 0},
 };
-
-void change(ControllerStatus *status, const QString &condition)
-{
-    if (condition == "state")
-        status->setState(ControllerStatus::State::Fault);
-    else if (condition == "mode")
-        status->setMode(ControllerStatus::Mode::Automatic);
-    else if (condition == "power")
-        status->setPower(ControllerStatus::Power::Off);
-    else
-        status->setLevel(ControllerStatus::Level::Viewer);
-}
 
 } // namespace
 
@@ -63,47 +55,25 @@ class tst_Host : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_host = std::make_unique<tessa::Host>(tessa::HostOptions{m_folder.filePath("data")});
-        QVERIFY(m_host->helper()->log()->entries().isEmpty());
-    }
+    void init() { start(m_folder.filePath("data")); }
     void cleanup() { m_host.reset(); }
-    void aPageIsAvailableByStateModePowerAndLevel_data()
-    {
-        QTest::addColumn<QString>("condition");
-        for (const char *condition : {"state", "mode", "power", "level"})
-            QTest::newRow(condition) << QString(condition);
-    }
     void aPageIsAvailableByStateModePowerAndLevel()
     {
-        QFETCH(QString, condition);
-        Page page;
-        QVERIFY(page.isAvailable());
-        status()->setState(ControllerStatus::State::Running);
-        status()->setLevel(ControllerStatus::Level::Operator);
-        QVERIFY(page.isAvailable());
-        change(status(), condition);
-        QVERIFY(!page.isAvailable());
-    }
-    void aPageHearsOfTheConditionsItFollows_data()
-    {
-        QTest::addColumn<QString>("condition");
-        QTest::addColumn<int>("updates");
-        QTest::newRow("state") << "state" << 1;
-        QTest::newRow("mode") << "mode" << 1;
-        QTest::newRow("power") << "power" << 1;
-        QTest::newRow("level, not followed") << "level" << 0;
-    }
-    void aPageHearsOfTheConditionsItFollows()
-    {
-        QFETCH(QString, condition);
-        Page page;
-        page.autoUpdate(false, false, false, true);
-        page.autoUpdate(true, true, true, false);
-        for (int i = 0; i < 2; ++i)
-            change(status(), condition);
-        QTEST(page.updates, "updates");
+        for (const auto &[name, change, updates] : changes) {
+            init();
+            ControllerStatus *status = m_host->helper()->status();
+            Page page;
+            QVERIFY(page.isAvailable());
+            status->setState(ControllerStatus::State::Running);
+            status->setLevel(ControllerStatus::Level::Operator);
+            QVERIFY(page.isAvailable());
+            page.autoUpdate(false, false, false, true);
+            page.autoUpdate(true, true, true, false);
+            for (int i = 0; i < 2; ++i)
+                change(status);
+            QVERIFY(!page.isAvailable());
+            QCOMPARE(page.updates, updates);
+        }
     }
     void messagesStandNewestFirstAndOldOnesGo()
     {
@@ -129,26 +99,21 @@ private slots:
         QCOMPARE(log->rowCount(), int(MessageLog::capacity));
         QCOMPARE(log->entries().last().text, QString("second"));
     }
-    void troubleAtTheStartIsInTheLog_data()
-    {
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<QString>("theme");
-        QTest::newRow("theme") << m_folder.filePath("data") << "no/such/theme.json";
-        QTest::newRow("data folder")
-            << m_folder.filePath("file/below") << ":/tessa/theme/dark.json";
-    }
     void troubleAtTheStartIsInTheLog()
     {
-        QFETCH(QString, folder);
-        QFETCH(QString, theme);
         QFile file(m_folder.filePath("file"));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        m_host.reset();
-        m_host = std::make_unique<tessa::Host>(tessa::HostOptions{folder, "en", theme});
-        const auto &entries = m_host->helper()->log()->entries();
-        QCOMPARE(entries.size(), 1);
-        QCOMPARE(entries.first().level, QString("error"));
-        QVERIFY(entries.first().text.startsWith(folder) || entries.first().text.startsWith(theme));
+        const Rows<QString, QString> rows{
+            {"theme", m_folder.filePath("data"), "no/such/theme.json"},
+            {"data folder", file.fileName() + "/below", ":/tessa/theme/dark.json"},
+        };
+        for (const auto &[name, folder, theme] : rows) {
+            start(folder, theme);
+            const auto &entries = m_host->helper()->log()->entries();
+            QCOMPARE(entries.size(), 1);
+            QCOMPARE(entries.first().level, QString("error"));
+            QVERIFY(entries.first().text.startsWith(name == "theme" ? theme : folder));
+        }
     }
     void aLastSaveThatFailsEndsTheHostAllTheSame()
     {
@@ -158,31 +123,24 @@ private slots:
         m_host.reset();
         QCOMPARE(appended.size(), 1);
     }
-    void theMessageBoxTellsWhetherTheButtonWasPressed_data()
-    {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<bool>("pressed");
-        QTest::newRow("pressed") << "press" << true;
-        QTest::newRow("Escape") << "escape" << false;
-        QTest::newRow("closed") << "close" << false;
-    }
     void theMessageBoxTellsWhetherTheButtonWasPressed()
     {
-        QFETCH(QString, how);
-        QString seen;
-        QTimer::singleShot(0, this, [&] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            QAbstractButton *button = box->buttons().first();
-            seen = box->text() + '|' + button->text();
-            if (how == "press")
-                button->click();
-            else if (how == "escape")
-                QTest::keyClick(box, Qt::Key_Escape);
-            else
-                box->close();
-        });
-        QTEST(m_host->helper()->execMsgOk("title", "question", "OK"), "pressed");
-        QCOMPARE(seen, QString("question|OK"));
+        for (const QByteArray how : {"press", "escape", "close"}) {
+            QString seen;
+            QTimer::singleShot(0, this, [&] {
+                auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+                QAbstractButton *button = box->buttons().first();
+                seen = box->text() + '|' + button->text();
+                if (how == "press")
+                    button->click();
+                else if (how == "escape")
+                    QTest::keyClick(box, Qt::Key_Escape);
+                else
+                    box->close();
+            });
+            QCOMPARE(m_host->helper()->execMsgOk("title", "question", "OK"), how == "press");
+            QCOMPARE(seen, QString("question|OK"));
+        }
     }
     void thereIsNobodyBetweenHosts()
     {
@@ -199,22 +157,21 @@ private slots:
         auto *manager = tessa::TlManager::getTlManager();
         manager->insertWidgetCreators["Sample"] = [](QWidget *parent) { return new Form(parent); };
         QWidget parent;
-        QCOMPARE(manager->insertWidgetCreators["Sample"](&parent)->parent(), &parent);
+        tessa::BaseContentWidget *form = manager->insertWidgetCreators["Sample"](&parent);
+        QCOMPARE(form->parent(), &parent);
+        QVERIFY(form->CheckInsert() && form->CheckReplace()); // the base answers
+        QVERIFY(form->ToJsonValue().isNull() && form->GetLabel().isEmpty());
         m_host.reset();
         QCOMPARE(tessa::TlManager::getTlManager(), manager);
         QVERIFY(manager->insertWidgetCreators.isEmpty()); // their code goes with the package
     }
-    void aFormAnswersForItself()
-    {
-        Form form(nullptr);
-        QVERIFY(form.CheckInsert() && form.CheckReplace());
-        QVERIFY(form.ToJsonValue().isNull());
-        QCOMPARE(form.GetLabel(), QString());
-        QVERIFY(!RefusingForm(nullptr).CheckReplace());
-    }
 
 private:
-    ControllerStatus *status() { return m_host->helper()->status(); }
+    void start(const QString &folder, const QString &theme = tessa::HostOptions().themeFile)
+    {
+        m_host.reset();
+        m_host = std::make_unique<tessa::Host>(tessa::HostOptions{folder, "en", theme});
+    }
 
     QTemporaryDir m_folder;
     std::unique_ptr<tessa::Host> m_host;

@@ -5,9 +5,11 @@
 #include "kelp/workspace.h"
 #include "pando/frame.h"
 #include "pando/moduleframework.h"
+#include "support/rows.h"
 
 using pando::BModule;
 using pando::ModuleFramework;
+using testsupport::Rows;
 
 namespace {
 
@@ -93,50 +95,37 @@ private slots:
                      + steps("a1", {"render"}) + steps("b", {"render"}) + steps("a", {"idle"})
                      + steps("a1", {"idle"}) + steps("b", {"idle"}));
     }
-    void aSubmoduleCatchesUp_data()
-    {
-        QTest::addColumn<QString>("addsIn");
-        QTest::addColumn<QString>("after");
-        const QMap<QString, QString> steps{{"init", "a afterSetup"},
-                                           {"setup", "a afterSetup"},
-                                           {"render", "a afterRender"},
-                                           {"idle", "a afterIdle"},
-                                           {"", "a afterIdle"}};
-        for (auto it = steps.begin(); it != steps.end(); ++it)
-            QTest::addRow("added in '%s'", qPrintable(it.key())) << it.key() << it.value();
-    }
     void aSubmoduleCatchesUp()
     {
-        QFETCH(QString, addsIn);
-        QFETCH(QString, after);
-        create("a", addsIn);
-        m_framework.start();
-        if (addsIn.isEmpty())
-            static_cast<Recorder *>(m_framework.modules().first())->add();
-        QVERIFY(m_calls.contains("a1 init"));
-        QCOMPARE(m_calls.at(m_calls.indexOf("a1 init") - 1), after);
-        QCOMPARE(m_calls.filter("a1 "), steps("a1", {"init", "setup", "render", "idle"}));
+        const Rows<QString> rows{
+            // the last step before the sub-module, added in that step, takes its first
+            {"init", "a afterSetup"}, {"setup", "a afterSetup"}, {"render", "a afterRender"},
+            {"idle", "a afterIdle"},  {"", "a afterIdle"},
+        };
+        for (const auto &[addsIn, after] : rows) {
+            cleanup();
+            create("a", addsIn);
+            m_framework.start();
+            if (addsIn.isEmpty())
+                static_cast<Recorder *>(m_framework.modules().first())->add();
+            QVERIFY(m_calls.contains("a1 init"));
+            QCOMPARE(m_calls.at(m_calls.indexOf("a1 init") - 1), after);
+            QCOMPARE(m_calls.filter("a1 "), steps("a1", {"init", "setup", "render", "idle"}));
+        }
     }
     void startingAgainLeavesModulesAlone()
     {
-        create("a");
+        create("a", "setup");
         m_framework.start();
         m_calls.clear();
         create("b");
         m_framework.start();
         QCOMPARE(m_calls, steps("b", {"init", "setup", "render", "idle"}));
-    }
-    void theEndIsDetachThenDestruction()
-    {
-        create("a", "setup");
-        create("b");
-        m_framework.start();
         m_calls.clear();
-        m_framework.stop();
-        const QStringList expected{"a beforeDetach", "a1 beforeDetach", "b beforeDetach",
-                                   "a detach",       "a1 detach",       "b detach",
-                                   "b gone",         "a gone",          "a1 gone"};
-        QCOMPARE(m_calls, expected);
+        m_framework.stop(); // the end is detach, then destruction
+        QCOMPARE(m_calls.join(", "),
+                 QString("a beforeDetach, a1 beforeDetach, b beforeDetach, a detach, a1 detach, "
+                         "b detach, b gone, a gone, a1 gone"));
     }
     void aModuleIsHandedOverOnce()
     {
@@ -192,36 +181,29 @@ private slots:
         bar->show();
         QVERIFY(page->isVisible());
     }
-    void itemsStandBeforeOthers_data()
-    {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QStringList>("order");
-        QTest::newRow("before") << "x"
-                                << "b" << QStringList{"a", "x", "b"};
-        QTest::newRow("unknown place") << "x"
-                                       << "nowhere" << QStringList{"a", "b", "x"};
-        QTest::newRow("replaced") << "a"
-                                  << "b" << QStringList{"a", "b"};
-    }
     void itemsStandBeforeOthers()
     {
-        QFETCH(QString, key);
-        QFETCH(QString, before);
-        pando::StatusBar bar;
-        bar.addItem(this, "a", new QWidget);
-        bar.addItem(this, "b", new QWidget);
-        auto *item = new QWidget;
-        bar.addBeforeItem(this, key, before, item);
-        QCOMPARE(bar.item(key), item);
-        QStringList order;
-        for (int i = 0; i < bar.layout()->count(); ++i) {
-            for (const char *name : {"a", "b", "x"}) {
-                if (bar.item(name) == bar.layout()->itemAt(i)->widget())
-                    order.append(name);
+        const Rows<QString, QString, QString> rows{
+            {"before", "x", "b", "axb"},
+            {"unknown place", "x", "nowhere", "abx"},
+            {"replaced", "a", "b", "ab"},
+        };
+        for (const auto &[name, key, before, expected] : rows) {
+            pando::StatusBar bar;
+            bar.addItem(this, "a", new QWidget);
+            bar.addItem(this, "b", new QWidget);
+            auto *item = new QWidget;
+            bar.addBeforeItem(this, key, before, item);
+            QCOMPARE(bar.item(key), item);
+            QString order;
+            for (int i = 0; i < bar.layout()->count(); ++i) {
+                for (const QString known : {"a", "b", "x"}) {
+                    if (bar.item(known) == bar.layout()->itemAt(i)->widget())
+                        order.append(known);
+                }
             }
+            QCOMPARE(order, expected);
         }
-        QTEST(order, "order");
     }
 
 private:

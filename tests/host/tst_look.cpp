@@ -4,6 +4,7 @@
 
 #include "kelp/workspace.h"
 #include "pando/bmodule.h"
+#include "support/rows.h"
 #include "tessa/thememanager.h"
 #include "vu/paths.h"
 #include "vu/stylesheet.h"
@@ -12,6 +13,7 @@
 #include "vu/xtheme.h"
 
 using tessa::ThemeManager;
+using testsupport::Rows;
 using vu::xtheme::Theme;
 
 namespace {
@@ -69,31 +71,25 @@ private slots:
         QCOMPARE(error, QString());
     }
     void cleanupTestCase() { vu::xtheme::setCurrent({}); }
-    void tokensBecomeTheirText_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("result");
-        QTest::addColumn<QStringList>("unknown");
-        const auto row = [](const char *text, const QString &result,
-                            const QStringList &unknown = {}) {
-            QTest::newRow(text) << QString(text) << result << unknown;
-        };
-        row("none", "none");
-        row("$font$default", "16px sans");
-        row("$border$btn", "1px solid red");
-        row("a $color$btn_bkg, $color$black b", "a #112233, #445566 b");
-        row("$image$widget/own", "url(" + m_folder.filePath("images/own.png") + ")");
-        row("$image$widget/home", "url(:/tessa/theme/images/widget/home.png)");
-        row("a $color$nobody b", "a  b", {"$color$nobody"});
-        row("$size$big", "", {"$size$big"});
-        row("5$ and 6$", "5$ and 6$");
-    }
     void tokensBecomeTheirText()
     {
-        QFETCH(QString, text);
-        QStringList unknown;
-        QTEST(vu::xtheme::current().resolve(text, &unknown), "result");
-        QTEST(unknown, "unknown");
+        const QString own = "url(" + m_folder.filePath("images/own.png") + ")";
+        const Rows<QString, QString> rows{
+            {"none", "none", {}},
+            {"$font$default", "16px sans", {}},
+            {"$border$btn", "1px solid red", {}},
+            {"a $color$btn_bkg, $color$black b", "a #112233, #445566 b", {}},
+            {"$image$widget/own", own, {}},
+            {"$image$widget/home", "url(:/tessa/theme/images/widget/home.png)", {}},
+            {"a $color$nobody b", "a  b", "$color$nobody"},
+            {"$size$big", "", "$size$big"},
+            {"5$ and 6$", "5$ and 6$", {}},
+        };
+        for (const auto &[text, expected, reported] : rows) {
+            QStringList unknown;
+            QCOMPARE(vu::xtheme::current().resolve(text, &unknown), expected);
+            QCOMPARE(unknown.join(' '), reported);
+        }
     }
     void rulesBecomeOneSheet()
     {
@@ -110,29 +106,26 @@ private slots:
         QCOMPARE(theme.genStyleSheet(path), sheet);
         QCOMPARE(problems.size(), 2);
     }
-    void aFileThatCannotBeReadIsReportedOnce_data()
-    {
-        QTest::addColumn<QByteArray>("rules");
-        QTest::addColumn<QByteArray>("themeText");
-        QTest::newRow("broken") << QByteArray("[{\"name\" \"A\"}]") << QByteArray("{\"name\": ");
-        QTest::newRow("of another kind") << QByteArray("{\"name\": \"A\"}") << QByteArray("[1]");
-        QTest::newRow("empty") << QByteArray() << QByteArray("{}");
-    }
     void aFileThatCannotBeReadIsReportedOnce()
     {
-        QFETCH(QByteArray, rules);
-        QFETCH(QByteArray, themeText);
-        const QString path = write("bad.json", themeText);
-        QString error;
-        Theme::load(path, &error);
-        QVERIFY(error.startsWith(path + ':'));
-        write("bad.json", rules);
-        ThemeManager theme;
-        QSignalSpy problems(&theme, &ThemeManager::problem);
-        for (int i = 0; i < 2; ++i)
-            QCOMPARE(theme.genStyleSheet(path), QString());
-        QCOMPARE(problems.size(), 1);
-        QVERIFY(problems.at(0).at(0).toString().startsWith(path + ':'));
+        const Rows<QByteArray, QByteArray> rows{
+            {"broken", "[{\"name\" \"A\"}]", "{\"name\": "},
+            {"of another kind", "{\"name\": \"A\"}", "[1]"},
+            {"empty", "", "{}"},
+        };
+        for (const auto &[name, rules, themeText] : rows) {
+            const QString path = write("bad.json", themeText);
+            QString error;
+            Theme::load(path, &error);
+            QVERIFY(error.startsWith(path + ':'));
+            write("bad.json", rules);
+            ThemeManager theme;
+            QSignalSpy problems(&theme, &ThemeManager::problem);
+            for (int i = 0; i < 2; ++i)
+                QCOMPARE(theme.genStyleSheet(path), QString());
+            QCOMPARE(problems.size(), 1);
+            QVERIFY(problems.at(0).at(0).toString().startsWith(path + ':'));
+        }
     }
     void iconsComeFromTheThemeAndFromAliases()
     {
@@ -158,34 +151,30 @@ private slots:
         QCOMPARE(painted("black").pixelColor(1, 0).alpha(), 0);
         QVERIFY(vu::xtheme::pixmap(m_folder.filePath("nobody.png"), "black").isNull());
     }
-    void aSheetIsSetOnceOnTop_data()
-    {
-        QTest::addColumn<QStringList>("sheets"); // above, own, wanted, own afterwards
-        QTest::addColumn<bool>("polished");
-        const auto row = [](const char *name, const QStringList &sheets, bool polished) {
-            QTest::newRow(name) << sheets << polished;
-        };
-        row("new", {"", "", "a{}", "a{}"}, true);
-        row("set already", {"", "a{}", "a{}", "a{}"}, false);
-        row("set above", {"a{}", "", "a{}", ""}, false);
-        row("another one above", {"b{}", "", "a{}", "a{}"}, true);
-        row("set above, another one here", {"a{}", "b{}", "a{}", "a{}"}, true);
-        row("cleared", {"", "a{}", "", ""}, true);
-    }
     void aSheetIsSetOnceOnTop()
     {
-        QFETCH(QStringList, sheets);
-        QWidget above;
-        auto *top = new QWidget(&above);
-        auto *child = new QWidget(top);
-        above.setStyleSheet(sheets.at(0));
-        top->setStyleSheet(sheets.at(1));
-        above.ensurePolished();
-        Polishing polishing(child);
-        setRecursiveWidgetStyleSheet(top, sheets.at(2));
-        QCOMPARE(top->styleSheet(), sheets.at(3));
-        QTEST(polishing.count > 0, "polished");
-        QCOMPARE(child->styleSheet(), QString());
+        const Rows<QString, QString, QString, QString, bool> rows{
+            // the sheet above, the widget's own before, what is set, its own afterwards
+            {"new", "", "", "a{}", "a{}", true},
+            {"set already", "", "a{}", "a{}", "a{}", false},
+            {"set above", "a{}", "", "a{}", "", false},
+            {"another one above", "b{}", "", "a{}", "a{}", true},
+            {"set above, another one here", "a{}", "b{}", "a{}", "a{}", true},
+            {"cleared", "", "a{}", "", "", true},
+        };
+        for (const auto &[name, sheetAbove, before, wanted, afterwards, polished] : rows) {
+            QWidget above;
+            auto *top = new QWidget(&above);
+            auto *child = new QWidget(top);
+            above.setStyleSheet(sheetAbove);
+            top->setStyleSheet(before);
+            above.ensurePolished();
+            Polishing polishing(child);
+            setRecursiveWidgetStyleSheet(top, wanted);
+            QCOMPARE(top->styleSheet(), afterwards);
+            QCOMPARE(polishing.count > 0, polished);
+            QCOMPARE(child->styleSheet(), QString());
+        }
     }
     void aSwitchTellsEveryChangeUnlessBlocked()
     {
@@ -200,27 +189,22 @@ private slots:
         QCOMPARE(enabled.size(), 2);
         QVERIFY(static_cast<QWidget &>(button).minimumSizeHint().height() >= 45);
     }
-    void aHeldButtonIsReleasedOnce_data()
-    {
-        QTest::addColumn<QString>("event");
-        QTest::newRow("let go") << "release";
-        QTest::newRow("disabled while held") << "disable";
-        QTest::newRow("hidden while held") << "hide";
-    }
     void aHeldButtonIsReleasedOnce()
     {
-        QFETCH(QString, event);
-        TouchButton button;
-        button.show();
-        QSignalSpy touched(&button, &TouchButton::touched);
-        QTest::mousePress(&button, Qt::LeftButton);
-        button.setEnabled(event != "disable");
-        button.setVisible(event != "hide");
-        if (event != "release")
-            QCOMPARE(touched, QList<QList<QVariant>>({{true}, {false}}));
-        QTest::mouseRelease(&button, Qt::LeftButton);
-        QCOMPARE(touched, QList<QList<QVariant>>({{true}, {false}}));
-        QVERIFY(!button.isDown());
+        const QList<QList<QVariant>> once{{true}, {false}};
+        for (const QString event : {"let go", "disabled", "hidden"}) {
+            TouchButton button;
+            button.show();
+            QSignalSpy touched(&button, &TouchButton::touched);
+            QTest::mousePress(&button, Qt::LeftButton);
+            button.setEnabled(event != "disabled");
+            button.setVisible(event != "hidden");
+            if (event != "let go")
+                QCOMPARE(touched, once);
+            QTest::mouseRelease(&button, Qt::LeftButton);
+            QCOMPARE(touched, once);
+            QVERIFY(!button.isDown());
+        }
     }
     void filesOfAModule()
     {

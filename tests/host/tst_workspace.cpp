@@ -8,9 +8,11 @@
 #include "kelp/qflog.h"
 #include "kelp/registry.h"
 #include "kelp/workspace.h"
+#include "support/rows.h"
 
 using kelp::ModuleObject;
 using kelp::Workspace;
+using testsupport::Rows;
 
 namespace {
 
@@ -63,37 +65,30 @@ private slots:
         QVERIFY(!QFile::exists(path("data/welmo.json"))); // it was not to be persistent
         QCOMPARE(m_problems, QStringList());
     }
-    void aSavedTreeIsRestoredAndCompleted_data()
-    {
-        QTest::addColumn<QByteArray>("saved");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QVariant>("value");
-        const auto row = [](const char *name, const char *saved, const char *key,
-                            const QVariant &value) {
-            QTest::newRow(name) << QByteArray(saved) << QString(key) << value;
-        };
-        row("the saved value wins", R"({"device": {"enable": true}})", "device.enable", true);
-        row("beside it, the template", R"({"device": {"own": 1}})", "device.enable", false);
-        row("what the template lacks stays", R"({"own": {"a": [1, "b"]}})", "own.a",
-            QVariantList{1, "b"});
-        row("a branch saved without children", R"({"device": null})", "device.enable", false);
-        row("a value where the template has a branch", R"({"device": 5})", "device", 5);
-        row("a branch where the template has a value", R"({"options": {"mode": {"a": 1}}})",
-            "options.mode.a", 1);
-        row("with a byte-order mark", "\xEF\xBB\xBF{\"device\": {\"enable\": true}}",
-            "device.enable", true);
-    }
     void aSavedTreeIsRestoredAndCompleted()
     {
-        QFETCH(QByteArray, saved);
-        QFETCH(QString, key);
-        QFETCH(QVariant, value);
-        write(path("data/welmo.json"), saved);
-        bind()->set(nullptr, "touched", true);
-        QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
-        restart();
-        bind();
-        QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
+        const Rows<QByteArray, QString, QVariant> rows{
+            {"the saved value wins", R"({"device": {"enable": true}})", "device.enable", true},
+            {"beside it, the template", R"({"device": {"own": 1}})", "device.enable", false},
+            {"what the template lacks stays", R"({"own": {"a": [1, "b"]}})", "own.a",
+             QVariantList{1, "b"}},
+            {"a branch saved without children", R"({"device": null})", "device.enable", false},
+            {"a value where the template has a branch", R"({"device": 5})", "device", 5},
+            {"a branch where the template has a value", R"({"options": {"mode": {"a": 1}}})",
+             "options.mode.a", 1},
+            {"with a byte-order mark", "\xEF\xBB\xBF{\"device\": {\"enable\": true}}",
+             "device.enable", true},
+        };
+        for (const auto &[name, saved, key, value] : rows) {
+            cleanup();
+            init();
+            write(path("data/welmo.json"), saved);
+            bind()->set(nullptr, "touched", true);
+            QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
+            restart();
+            bind();
+            QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
+        }
     }
     void aChangeIsSavedShortlyAfterItAndAtTheEnd()
     {
@@ -117,26 +112,25 @@ private slots:
         restless.start(0);
         QTRY_VERIFY(!read(path("data/welmo.json")).isEmpty());
     }
-    void anUnreadableFileIsReportedAndLeftAsItIs_data()
-    {
-        QTest::addColumn<QByteArray>("saved");
-        QTest::addColumn<QString>("reason");
-        QTest::newRow("broken") << QByteArray("{\"device\":\n {\"enable\" true}}") << ":2:";
-        QTest::newRow("empty") << QByteArray() << "not valid JSON";
-        QTest::newRow("a list") << QByteArray("[1]") << "not a JSON object";
-    }
     void anUnreadableFileIsReportedAndLeftAsItIs()
     {
-        QFETCH(QByteArray, saved);
-        QFETCH(QString, reason);
-        write(path("data/welmo.json"), saved);
-        bind()->set(nullptr, "device.enable", true);
-        QCOMPARE(m("welmo.options.mode")->getString(), QString("test_run"));
-        QCOMPARE(m_problems.size(), 1);
-        QVERIFY(m_problems.first().contains("data/welmo.json"));
-        QVERIFY(m_problems.first().contains(reason));
-        restart();
-        QCOMPARE(read(path("data/welmo.json")), saved);
+        const Rows<QByteArray, QString> rows{
+            {"broken", "{\"device\":\n {\"enable\" true}}", ":2:"},
+            {"empty", "", "not valid JSON"},
+            {"a list", "[1]", "not a JSON object"},
+        };
+        for (const auto &[name, saved, reason] : rows) {
+            cleanup();
+            init();
+            write(path("data/welmo.json"), saved);
+            bind()->set(nullptr, "device.enable", true);
+            QCOMPARE(m("welmo.options.mode")->getString(), QString("test_run"));
+            QCOMPARE(m_problems.size(), 1);
+            QVERIFY(m_problems.first().contains("data/welmo.json"));
+            QVERIFY(m_problems.first().contains(reason));
+            restart();
+            QCOMPARE(read(path("data/welmo.json")), saved);
+        }
     }
     void aSaveThatFailedIsReportedAndTriedAgain()
     {
@@ -163,25 +157,18 @@ private slots:
         QCOMPARE(ver("unknown", true) + ver("unknown", false), 0);
         QCOMPARE(mName("1", "2", "3"), QString("1.2.3"));
     }
-    void oneTranslationIsActiveByTheHostsLanguage_data()
-    {
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<bool>("chinese");
-        QTest::newRow("en") << "en" << false;
-        QTest::newRow("zh_CN") << "zh_CN" << true;
-    }
     void oneTranslationIsActiveByTheHostsLanguage()
     {
-        QFETCH(QString, language);
-        m_host.reset();
-        start(language);
-        QVERIFY(translator()->installQMTranslator(SAMPLE_QM));
-        QVERIFY(!translator()->installQMTranslator(path("missing_cn.qm")));
-        const QString open = QString::fromUtf8("\xE6\x89\x93\xE5\xBC\x80");
         const auto shown = [] { return QCoreApplication::translate("Sample", "Open"); };
-        QTEST(shown() == open, "chinese");
-        m_host.reset();
-        QCOMPARE(shown(), QString("Open"));
+        for (const QString language : {"en", "zh_CN"}) {
+            m_host.reset();
+            start(language);
+            QVERIFY(translator()->installQMTranslator(SAMPLE_QM));
+            QVERIFY(!translator()->installQMTranslator(path("missing_cn.qm")));
+            QCOMPARE(shown(), QString::fromUtf8(language == "en" ? "Open" : "打开"));
+            m_host.reset();
+            QCOMPARE(shown(), QString("Open"));
+        }
     }
     void theLogFileLiesInTheDataFolder()
     {

@@ -3,12 +3,12 @@
 #include <QtTest>
 
 #include "fakelink.h"
+#include "support/rows.h"
 #include "tessa/host.h"
 
 using kelp::ModuleObject;
 using tessa::LinkReply;
-
-Q_DECLARE_METATYPE(tessa::LinkReply)
+using testsupport::Rows;
 
 namespace {
 
@@ -19,6 +19,32 @@ QVariantMap mode(const char *name)
     return {{"mode", QString::fromLatin1(name)}};
 }
 
+/// A host that is connected to a controller of the test's.
+struct Bench
+{
+    QTemporaryDir folder;
+    tessa::Host host{tessa::HostOptions{folder.path()}};
+    FakeLink *link = new FakeLink;
+    XService *service = xservice();
+    tessa::ControllerManager *manager = tessa::ManagerHelper::instance()->controllerManager();
+
+    Bench()
+    {
+        host.setLink(std::unique_ptr<FakeLink>(link));
+        if (!link->opened || service->isConnected())
+            qFatal("a link is opened, and not up before it says so");
+        link->setUp(true);
+        link->log.clear();
+    }
+    /// The local copy of the node, watched; what the controller has there first.
+    ModuleObject *watch(const QVariant &first)
+    {
+        link->node(node, first);
+        service->watch(nullptr, node, true);
+        return service->watchNode(node);
+    }
+};
+
 } // namespace
 
 /// tessa: how the module reads, writes and watches the controller, and what a lost link means.
@@ -27,214 +53,177 @@ class tst_XService : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_host = std::make_unique<tessa::Host>(tessa::HostOptions{m_folder.path()});
-        auto link = std::make_unique<FakeLink>();
-        m_link = link.get();
-        m_host->setLink(std::move(link));
-        m_service = xservice();
-        m_manager = tessa::ManagerHelper::instance()->controllerManager();
-        QVERIFY(m_link->opened && !m_service->isConnected());
-        m_link->setUp(true);
-        m_link->log.clear();
-    }
-    void cleanup()
-    {
-        m_host.reset();
-        QCOMPARE(xservice(), nullptr);
-    }
-    void anAnswerTellsCodeAndContent_data()
-    {
-        QTest::addColumn<LinkReply>("reply");
-        QTest::addColumn<int>("read");
-        QTest::addColumn<int>("written");
-        QTest::addColumn<QStringList>("children");
-        const QVariant map = QVariantMap{{"a", 1}, {"b", 2}};
-        QTest::newRow("a map") << LinkReply{0, map} << 0 << 0 << QStringList{"a", "b"};
-        QTest::newRow("nothing there") << LinkReply{0, {}} << 0 << 0 << QStringList();
-        QTest::newRow("a plain value") << LinkReply{0, 5} << 5 << 0 << QStringList();
-        QTest::newRow("refused") << LinkReply{7, map} << 7 << 7 << QStringList();
-        QTest::newRow("timed out") << LinkReply{LinkReply::TimedOut, {}} << LinkReply::TimedOut
-                                   << LinkReply::TimedOut << QStringList();
-    }
     void anAnswerTellsCodeAndContent()
     {
-        QFETCH(LinkReply, reply);
-        m_link->answers = {{"some", reply}, {"some key", reply}};
-        const auto read = m_service->get(this, "some");
-        QTEST(read->getInt(0), "read");
-        QTEST(read->cmobjNames(), "children");
-        m_link->up = true;
-        QTEST(m_service->get(this, "some", "key")->getInt(0), "read");
-        m_link->up = true;
-        QTEST(m_service->execCommand(this, "some")->getInt(0), "written");
-        m_link->up = true;
-        ModuleObject payload("key");
-        QTEST(m_service->set(this, "some", "key", &payload)->getInt(0), "written");
-    }
-    void everyFailureHasACode_data()
-    {
-        QTest::addColumn<QString>("how");
-        QTest::newRow("link down") << "down";
-        QTest::newRow("no link") << "none";
-        QTest::newRow("lost on the way") << "lost";
+        const QVariantMap map{{"a", 1}, {"b", 2}};
+        const Rows<LinkReply, int, int, QStringList> rows{
+            {"a map", LinkReply{0, map}, 0, 0, QStringList{"a", "b"}},
+            {"nothing there", LinkReply{0, {}}, 0, 0, QStringList()},
+            {"a plain value", LinkReply{0, 5}, 5, 0, QStringList()},
+            {"refused", LinkReply{7, map}, 7, 7, QStringList()},
+            {"timed out", LinkReply{LinkReply::TimedOut, {}}, LinkReply::TimedOut,
+             LinkReply::TimedOut, QStringList()},
+        };
+        for (const auto &[name, reply, read, written, children] : rows) {
+            Bench bench;
+            ModuleObject payload("key");
+            bench.link->answers = {{"some", reply}, {"some key", reply}};
+            const auto answer = bench.service->get(this, "some");
+            QCOMPARE(answer->getInt(0), read);
+            QCOMPARE(answer->cmobjNames(), children);
+            bench.link->up = true;
+            QCOMPARE(bench.service->get(this, "some", "key")->getInt(0), read);
+            bench.link->up = true;
+            QCOMPARE(bench.service->execCommand(this, "some")->getInt(0), written);
+            bench.link->up = true;
+            QCOMPARE(bench.service->set(this, "some", "key", &payload)->getInt(0), written);
+        }
     }
     void everyFailureHasACode()
     {
-        QFETCH(QString, how);
-        ModuleObject payload("key");
-        const auto fail = [&] {
-            if (how == "down")
-                m_link->up = false;
-            else if (how == "lost")
-                m_link->answers = {{"some", {LinkReply::Lost, {}}},
-                                   {"some key", {LinkReply::Lost, {}}}};
-        };
-        fail();
-        if (how == "none")
-            m_host->setLink(nullptr);
-        QVERIFY(m_service->get(this, "some")->getInt(0) < 0);
-        QVERIFY(m_service->set(this, "some", &payload)->getInt(0) < 0);
-        QVERIFY(m_service->set(this, "some", "key", &payload)->getInt(0) < 0);
-        QVERIFY(m_service->execCommand(nullptr, "some", QVariant(1))->getInt(0) < 0);
-        QVERIFY(m_manager->execRequest("some", "", {}, true, 5)->getInt(0) < 0);
-        QVERIFY(m_manager->request("some", nullptr, 5)->getInt(0) < 0);
-        QVERIFY(!m_service->isConnected());
+        for (const QString how : {"down", "none", "lost on the way"}) {
+            Bench bench;
+            bench.link->fail("some", LinkReply::Lost);
+            bench.link->fail("some key", LinkReply::Lost);
+            bench.link->up = how != "down";
+            if (how == "none")
+                bench.host.setLink(nullptr);
+            ModuleObject payload("key");
+            QVERIFY(bench.service->get(this, "some")->getInt(0) < 0);
+            QVERIFY(bench.service->set(this, "some", &payload)->getInt(0) < 0);
+            QVERIFY(bench.service->set(this, "some", "key", &payload)->getInt(0) < 0);
+            QVERIFY(bench.service->execCommand(nullptr, "some", QVariant(1))->getInt(0) < 0);
+            QVERIFY(bench.manager->execRequest("some", "", {}, true, 5)->getInt(0) < 0);
+            QVERIFY(bench.manager->request("some", nullptr, 5)->getInt(0) < 0);
+            QVERIFY(!bench.service->isConnected());
+        }
     }
     void anAnswerBelongsToItsCaller()
     {
-        m_link->node("some", mode("real"));
-        const auto first = m_service->get(this, "some");
+        Bench bench;
+        bench.link->node("some", mode("real"));
+        const auto first = bench.service->get(this, "some");
         first->set(nullptr, "mode", "other");
-        QCOMPARE(m_service->get(this, "some")->r("mode")->getString(), QString("real"));
+        QCOMPARE(bench.service->get(this, "some")->r("mode")->getString(), QString("real"));
         QCOMPARE(first->r("mode")->getString(), QString("other"));
         QCOMPARE(first->pmobj(), nullptr);
     }
     void requestsReachTheController()
     {
+        Bench bench;
+        const auto sent = [&bench] { return bench.link->payload; };
+        const QVariant feed = QVariantMap{{"feed", true}};
         ModuleObject payload("wire_feel");
         payload.set(nullptr, "feed", true);
-        m_service->get(this, "n");
-        m_service->get(this, "n", "k");
-        m_service->set(this, "n", &payload);
-        QCOMPARE(m_link->payload, QVariant(QVariantMap{{"feed", true}}));
-        m_service->set(this, "n", "k", &payload);
-        m_service->execCommand(nullptr, "c", &payload);
-        QCOMPARE(m_link->payload, QVariant(QVariantMap{{"feed", true}}));
-        m_service->execCommand(nullptr, "c", QVariant(QStringList{"a"}));
-        QCOMPARE(m_link->payload, QVariant(QStringList{"a"}));
-        m_service->execCommand(nullptr, "c");
-        QVERIFY(!m_link->payload.isValid());
-        QCOMPARE(m_link->timeout, XService::defaultTimeoutMs);
-        m_manager->execRequest("c", "t", QJsonObject{{"tool", "x"}}, true, 1700);
-        QCOMPARE(m_link->timeout, 1700);
+        bench.service->get(this, "n");
+        bench.service->get(this, "n", "k");
+        bench.service->set(this, "n", &payload);
+        QCOMPARE(sent(), feed);
+        bench.service->set(this, "n", "k", &payload);
+        bench.service->execCommand(nullptr, "c", &payload);
+        QCOMPARE(sent(), feed);
+        bench.service->execCommand(nullptr, "c", QVariant(QStringList{"a"}));
+        QCOMPARE(sent(), QVariant(QStringList{"a"}));
+        bench.service->execCommand(nullptr, "c");
+        QVERIFY(!sent().isValid());
+        QCOMPARE(bench.link->timeout, XService::defaultTimeoutMs);
+        bench.manager->execRequest("c", "t", QJsonObject{{"tool", "x"}}, true, 1700);
+        QCOMPARE(bench.link->timeout, 1700);
         const QVariantMap request{
             {"target", "t"}, {"parameters", QVariantMap{{"tool", "x"}}}, {"wait", true}};
-        QCOMPARE(m_link->payload, QVariant(request));
-        QCOMPARE(
-            m_link->log,
-            QStringList({"G n", "G n k", "S n", "S n k", "C c wire_feel", "C c", "C c", "C c"}));
+        QCOMPARE(sent(), QVariant(request));
         // A command's local object is one and keeps what was set.
-        m_manager->cmdItemMobj("move.stop", "request")->set(this, "stoptype", 1);
-        m_manager->cmdItemMobj("move.stop", "request")->set(this, "b", 2);
-        m_manager->request("move.stop", nullptr, 4800);
-        QCOMPARE(m_link->log.last(), QString("C move.stop request"));
-        QCOMPARE(m_link->payload, QVariant(QVariantMap{{"stoptype", 1}, {"b", 2}}));
-        QCOMPARE(m_link->timeout, 4800);
-        m_manager->request("move.stop", &payload, 5);
-        QCOMPARE(m_link->payload, QVariant(QVariantMap{{"feed", true}}));
+        bench.manager->cmdItemMobj("stop", "request")->set(this, "stoptype", 1);
+        bench.manager->cmdItemMobj("stop", "request")->set(this, "b", 2);
+        bench.manager->request("stop", nullptr, 4800);
+        QCOMPARE(sent(), QVariant(QVariantMap{{"stoptype", 1}, {"b", 2}}));
+        QCOMPARE(bench.link->timeout, 4800);
+        bench.manager->request("stop", &payload, 5);
+        QCOMPARE(sent(), feed);
+        QCOMPARE(bench.link->log.mid(0, 9).join(", "),
+                 QString("G n, G n k, S n, S n k, C c wire_feel, C c, C c, C c, C stop request"));
     }
     void aFirstSubscriptionIsSilent()
     {
-        m_link->node(node, mode("real"));
-        QSignalSpy changed(m_service->watchNode(node), &ModuleObject::changed);
-        m_service->watch(this, node, true);
-        m_service->watch(this, node, true);
-        QCOMPARE(m_link->log, QStringList("W " + node));
-        QCOMPARE(m_service->watchNode(node)->r("mode")->getString(), QString("real"));
+        Bench bench;
+        QSignalSpy changed(bench.service->watchNode(node), &ModuleObject::changed);
+        const ModuleObject *copy = bench.watch(mode("real"));
+        bench.watch(mode("real"));
+        QCOMPARE(bench.link->log, QStringList("W " + node));
+        QCOMPARE(copy->r("mode")->getString(), QString("real"));
         QCOMPARE(changed.count(), 0);
-    }
-    void changedMeansChanged_data()
-    {
-        QTest::addColumn<QVariant>("before");
-        QTest::addColumn<QVariant>("notified");
-        QTest::addColumn<bool>("fires");
-        const QVariantList list{QVariantMap{{"id", "a"}, {"v", 1}}};
-        const QVariantMap before{{"mode", "real"}, {"n", 1}, {"list", list}, {"none", QVariant()}};
-        const auto row = [&](const char *name, const QVariantMap &notified, bool fires) {
-            QTest::newRow(name) << QVariant(before) << QVariant(notified) << fires;
-        };
-        row("the same", before, false);
-        row("one key, the same", mode("real"), false);
-        row("one key, another value", mode("simu"), true);
-        row("the same number as a real", {{"n", 1.0}}, false);
-        row("a number that became text", {{"n", "1"}}, true);
-        row("a new key", {{"new", QVariant()}}, true);
-        row("the same list of maps", {{"list", list}}, false);
-        row("another list of maps", {{"list", QVariantList{QVariantMap{{"id", "a"}, {"v", 2}}}}},
-            true);
-        QTest::newRow("the same plain value") << QVariant(5) << QVariant(5) << false;
-        QTest::newRow("another plain value") << QVariant(5) << QVariant(6) << true;
-        QTest::newRow("a map that became a plain value") << QVariant(before) << QVariant(6) << true;
     }
     void changedMeansChanged()
     {
-        QFETCH(QVariant, before);
-        QFETCH(QVariant, notified);
-        m_link->node(node, before);
-        m_service->watch(this, node, true);
-        QSignalSpy changed(m_service->watchNode(node), &ModuleObject::changed);
-        emit m_link->notified(node, notified);
-        emit m_link->notified(node, notified);
-        QTEST(changed.count() == 1, "fires");
-        if (!changed.isEmpty())
-            QCOMPARE(changed.at(0).at(0), notified); // what was told, not the whole node
-        QVariant expected = before;
-        if (notified.userType() == QMetaType::QVariantMap) {
-            QVariantMap map = before.toMap();
-            map.insert(notified.toMap());
-            expected = map;
-        } else {
-            expected = notified;
+        const auto listWith = [](int value) {
+            return QVariantList{QVariantMap{{"id", "a"}, {"v", value}}};
+        };
+        const QVariantMap before{{"mode", "real"}, {"n", 1}, {"list", listWith(1)}, {"none", {}}};
+        const Rows<QVariant, QVariant, bool> rows{
+            {"the same", before, before, false},
+            {"one key, the same", before, mode("real"), false},
+            {"one key, another value", before, mode("simu"), true},
+            {"the same number as a real", before, QVariantMap{{"n", 1.0}}, false},
+            {"a number that became text", before, QVariantMap{{"n", "1"}}, true},
+            {"a new key", before, QVariantMap{{"new", QVariant()}}, true},
+            {"the same list of maps", before, QVariantMap{{"list", listWith(1)}}, false},
+            {"another list of maps", before, QVariantMap{{"list", listWith(2)}}, true},
+            {"the same plain value", 5, 5, false},
+            {"another plain value", 5, 6, true},
+            {"a map that became a plain value", before, 6, true},
+        };
+        for (const auto &[name, first, notified, fires] : rows) {
+            Bench bench;
+            ModuleObject *copy = bench.watch(first);
+            QSignalSpy changed(copy, &ModuleObject::changed);
+            for (int i = 0; i < 2; ++i)
+                emit bench.link->notified(node, notified);
+            QCOMPARE(changed.count(), fires ? 1 : 0);
+            if (fires)
+                QCOMPARE(changed.at(0).at(0), notified); // what was told, not the whole node
+            QVariantMap merged = first.toMap();
+            merged.insert(notified.toMap());
+            ModuleObject wanted("wanted");
+            wanted.importFromVariant(
+                nullptr,
+                merged.isEmpty() || notified.toMap().isEmpty() ? notified : QVariant(merged));
+            QCOMPARE(copy->toVariant(), wanted.toVariant());
         }
-        ModuleObject wanted("wanted");
-        wanted.importFromVariant(nullptr, expected);
-        QCOMPARE(m_service->watchNode(node)->toVariant(), wanted.toVariant());
     }
     void unwatchedAndStaleNotificationsAreSilent()
     {
-        m_link->node(node, mode("real"));
-        QSignalSpy changed(m_service->watchNode(node), &ModuleObject::changed);
-        emit m_link->notified(node, mode("simu"));
-        m_service->watch(this, node, true);
-        m_service->watch(this, node, false);
-        emit m_link->notified(node, mode("test_run"));
-        m_link->setUp(true);
-        QCOMPARE(m_link->log.filter("W ").size(), 1);
-        m_service->watch(this, node, true);
-        m_link->fail("some", LinkReply::Lost);
-        m_service->get(this, "some");
-        emit m_link->notified(node, mode("simu")); // still on the way from the lost session
+        Bench bench;
+        QSignalSpy changed(bench.service->watchNode(node), &ModuleObject::changed);
+        emit bench.link->notified(node, mode("simu"));
+        bench.watch(mode("real"));
+        bench.service->watch(this, node, false);
+        emit bench.link->notified(node, mode("test_run"));
+        bench.link->setUp(true);
+        QCOMPARE(bench.link->log.filter("W ").size(), 1);
+        bench.watch(mode("real"));
+        bench.link->fail("some", LinkReply::Lost);
+        bench.service->get(this, "some");
+        emit bench.link->notified(node, mode("simu")); // still on the way from the lost session
         QCOMPARE(changed.count(), 0);
     }
     void aLostLinkIsKnownAtOnceAndToldLater()
     {
+        Bench bench;
         QCoreApplication::processEvents();
-        ModuleObject *leaf = m_service->mobj()->r("connected");
+        ModuleObject *leaf = bench.service->mobj()->r("connected");
         leaf->watch();
         QSignalSpy changed(leaf, &ModuleObject::changed);
-        QSignalSpy told(m_service, &XService::connectedChanged);
-        m_link->fail("some", 9); // refused by the controller: the link is well
-        m_service->get(this, "some");
-        QVERIFY(m_service->isConnected());
-        m_link->setUp(false);
-        m_link->setUp(true);
+        QSignalSpy told(bench.service, &XService::connectedChanged);
+        bench.link->fail("some", 9); // refused by the controller: the link is well
+        bench.service->get(this, "some");
+        QVERIFY(bench.service->isConnected());
+        bench.link->setUp(false);
+        bench.link->setUp(true);
         QCoreApplication::processEvents();
         QVERIFY(told.isEmpty()); // over before anybody could hear of it
-        m_link->fail("some", LinkReply::TimedOut);
+        bench.link->fail("some", LinkReply::TimedOut);
         for (int i = 0; i < 2; ++i)
-            m_service->get(this, "some");
+            bench.service->get(this, "some");
         QCOMPARE(leaf->getBool(true), false);
         QVERIFY(told.isEmpty() && changed.isEmpty());
         QCoreApplication::processEvents();
@@ -243,89 +232,78 @@ private slots:
     }
     void comingBackHasAnOrder()
     {
-        m_link->node(node, mode("real"));
-        m_service->watch(this, node, true);
-        m_link->setUp(false);
-        m_link->node(node, mode("simu"));
-        m_link->node("orbo.project", QVariantMap{{"tool", "t2"}});
-        m_link->log.clear();
+        Bench bench;
+        ModuleObject *copy = bench.watch(mode("real"));
+        bench.link->setUp(false);
+        bench.link->node(node, mode("simu"));
+        bench.link->node("orbo.project", QVariantMap{{"tool", "t2"}});
         QStringList order;
         const auto note = [&](const QString &what) {
-            order << what << (m_service->isConnected() ? "connected" : "not connected")
+            order << what << (bench.service->isConnected() ? "connected" : "not connected")
                   << m("orbo.project.tool")->getString();
         };
-        m_link->duringCall = [&](const tessa::LinkRequest &request) {
+        bench.link->duringCall = [&](const tessa::LinkRequest &request) {
             if (request.kind == FakeLink::Kind::Watch)
-                order << (m_service->isConnected() ? "too early" : "subscribed");
+                order << (bench.service->isConnected() ? "too early" : "subscribed");
         };
-        connect(m_manager, &tessa::ControllerManager::rcConnected, this,
+        connect(bench.manager, &tessa::ControllerManager::rcConnected, bench.service,
                 [&] { note("rcConnected"); });
-        connect(m_service->watchNode(node), &ModuleObject::changed, this, [&] { note("changed"); });
-        m_link->setUp(true);
-        m_manager->disconnect(this);
+        connect(copy, &ModuleObject::changed, bench.service, [&] { note("changed"); });
+        bench.link->setUp(true);
         QCOMPARE(order,
                  QStringList({"subscribed", "rcConnected", "connected", "t2", "changed",
                               "connected", "t2"}));
     }
-    void aLostLinkHidesNoChange_data()
-    {
-        QTest::addColumn<QVariant>("after");
-        QTest::addColumn<int>("fires");
-        QTest::newRow("the same after all") << QVariant(mode("real")) << 0;
-        QTest::newRow("changed meanwhile") << QVariant(mode("simu")) << 1;
-        QTest::newRow("gone meanwhile") << QVariant() << 1;
-    }
     void aLostLinkHidesNoChange()
     {
-        QFETCH(QVariant, after);
-        m_link->node(node, mode("test_run"));
-        m_service->watch(this, node, true);
-        m_service->watch(this, "late", true);
-        emit m_link->notified(node, mode("real"));
-        QSignalSpy changed(m_service->watchNode(node), &ModuleObject::changed);
-        m_link->setUp(false);
-        m_service->watch(this, "asked.while.down", true);
-        QSignalSpy first(m_service->watchNode("asked.while.down"), &ModuleObject::changed);
-        m_link->node(node, after);
-        m_link->node("asked.while.down", 5);
-        m_link->setUp(true);
-        QTEST(changed.count(), "fires");
-        QCOMPARE(first.count(), 0);
-        QCOMPARE(m_service->watchNode("asked.while.down")->getInt(), 5);
+        const Rows<QVariant, int> rows{
+            {"the same after all", mode("real"), 0},
+            {"changed meanwhile", mode("simu"), 1},
+            {"gone meanwhile", QVariant(), 1},
+        };
+        for (const auto &[name, after, fires] : rows) {
+            Bench bench;
+            ModuleObject *copy = bench.watch(mode("test_run"));
+            emit bench.link->notified(node, mode("real"));
+            QSignalSpy changed(copy, &ModuleObject::changed);
+            bench.link->setUp(false);
+            bench.service->watch(this, "asked.while.down", true);
+            ModuleObject *asked = bench.service->watchNode("asked.while.down");
+            QSignalSpy first(asked, &ModuleObject::changed);
+            bench.link->node(node, after);
+            bench.link->node("asked.while.down", 5);
+            bench.link->setUp(true);
+            QCOMPARE(changed.count(), fires);
+            QCOMPARE(first.count(), 0);
+            QCOMPARE(asked->getInt(), 5);
+        }
     }
     void losingTheLinkWhileComingUpTellsNobody()
     {
-        m_service->watch(this, node, true);
-        for (const char *path : {"arc_weld.weld_mode", "orbo.project"}) {
-            m_link->setUp(false);
-            m_link->answers.clear();
-            m_link->fail(path, LinkReply::TimedOut);
-            QSignalSpy back(m_manager, &tessa::ControllerManager::rcConnected);
-            m_link->setUp(true);
-            QVERIFY(back.isEmpty() && !m_service->isConnected());
+        Bench bench;
+        bench.watch(mode("real"));
+        for (const QString &path : {node, QString("orbo.project")}) {
+            bench.link->setUp(false);
+            bench.link->answers.clear();
+            bench.link->fail(path, LinkReply::TimedOut);
+            QSignalSpy back(bench.manager, &tessa::ControllerManager::rcConnected);
+            bench.link->setUp(true);
+            QVERIFY(back.isEmpty() && !bench.service->isConnected());
         }
     }
     void anotherLinkTakesOver()
     {
-        m_link->node(node, mode("real"));
-        m_service->watch(this, node, true);
-        QSignalSpy changed(m_service->watchNode(node), &ModuleObject::changed);
+        Bench bench;
+        QSignalSpy changed(bench.watch(mode("real")), &ModuleObject::changed);
         auto other = std::make_unique<FakeLink>();
         FakeLink *link = other.get();
         link->up = true;
         link->node(node, mode("simu"));
-        m_host->setLink(std::move(other));
-        QVERIFY(m_service->isConnected());
+        bench.host.setLink(std::move(other));
+        QVERIFY(bench.service->isConnected());
         QCOMPARE(changed.count(), 1);
         QVERIFY(link->log.contains("W " + node));
     }
-
-private:
-    QTemporaryDir m_folder;
-    std::unique_ptr<tessa::Host> m_host;
-    FakeLink *m_link = nullptr;
-    XService *m_service = nullptr;
-    tessa::ControllerManager *m_manager = nullptr;
 };
 
 QTEST_MAIN(tst_XService)
