@@ -60,8 +60,7 @@ Host::Host(const HostOptions &options)
 
 Host::~Host()
 {
-    m_keys.releaseAll();
-    m_helper.framework()->stop();
+    stopModules();
     TlManager::getTlManager()->clear();
     // What cannot be saved is told while there is a log; the workspace itself ends after it.
     m_workspace.saveTrees();
@@ -69,6 +68,12 @@ Host::~Host()
     m_service.setLink(nullptr);
     m_link.reset();
     s_current = nullptr;
+}
+
+void Host::stopModules()
+{
+    m_keys.releaseAll(); // while there are modules that can act
+    m_helper.framework()->stop();
 }
 
 Host *Host::current()

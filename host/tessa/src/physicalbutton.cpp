@@ -86,6 +86,12 @@ const PhysicalButton &PhysicalKeys::button(int key) const
                          : entry->set.secondGroup.at(index - first);
 }
 
+bool PhysicalKeys::startsGroup(int key) const
+{
+    const auto [entry, index] = find(key);
+    return entry && (index == 0 || index == entry->set.firstGroup.size());
+}
+
 bool PhysicalKeys::isEnabled(int key) const
 {
     const auto [entry, index] = find(key);

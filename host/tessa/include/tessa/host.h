@@ -38,6 +38,8 @@ public:
     /// Takes over the link and opens it; null leaves the host without a controller.
     void setLink(std::unique_ptr<ControllerLink> link);
     ControllerLink *link() { return m_link.get(); }
+    /// Releases the keys that are held, and ends the modules.
+    void stopModules();
 
 private:
     void reportProblem(const QString &line);

@@ -46,6 +46,8 @@ public:
     /// All keys: each set's first group, then its second, in registration order.
     int count() const;
     const PhysicalButton &button(int key) const;
+    /// Whether the key is the first one of its group.
+    bool startsGroup(int key) const;
     bool isEnabled(int key) const;
     bool isHeld(int key) const;
 
