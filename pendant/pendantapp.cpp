@@ -55,8 +55,8 @@ void PendantApp::start()
     useResources();
     makeHost();
     m_control = std::make_unique<LinkControl>(m_host.get());
-    m_window = std::make_unique<PendantWindow>(m_host->helper(), navEntries(m_host.get()),
-                                               m_control.get());
+    m_window =
+        std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()), m_control.get());
     loadModule();
     Connection connection = m_connector(m_options);
     addPages(connection.faults);
@@ -70,7 +70,7 @@ void PendantApp::stop()
 {
     if (!m_host)
         return;
-    m_host->helper()->framework()->stop();
+    m_host->stopModules();
     m_window.reset();
     m_control.reset();
     m_host.reset();

@@ -5,10 +5,11 @@
 
 #include "pando/frame.h"
 #include "pendant/headerbar.h"
+#include "pendant/keycolumn.h"
 #include "pendant/linkbadge.h"
 #include "pendant/messageline.h"
 #include "pendant/navpanel.h"
-#include "tessa/managerhelper.h"
+#include "tessa/host.h"
 #include "vu/stylesheet.h"
 
 namespace pendant {
@@ -22,9 +23,9 @@ const QString stretchItem = QStringLiteral("orbo.body.statuspage.wgtStrech2");
 
 } // namespace
 
-PendantWindow::PendantWindow(tessa::ManagerHelper *helper, kelp::ModuleObject *entries,
-                             LinkControl *link)
+PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link)
 {
+    tessa::ManagerHelper *helper = host->helper();
     setObjectName(QStringLiteral("pndWindow"));
     setAttribute(Qt::WA_StyledBackground);
     setWindowTitle(tr("Pendant"));
@@ -37,7 +38,7 @@ PendantWindow::PendantWindow(tessa::ManagerHelper *helper, kelp::ModuleObject *e
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(new HeaderBar(helper->status(), link, this));
-    layout->addWidget(makeBody(entries), 1);
+    layout->addWidget(makeBody(host, entries), 1);
     layout->addWidget(makeStatus(helper, link));
     pando::frame() = {m_center, m_side, m_status};
 }
@@ -47,7 +48,7 @@ PendantWindow::~PendantWindow()
     pando::frame() = {};
 }
 
-QWidget *PendantWindow::makeBody(kelp::ModuleObject *entries)
+QWidget *PendantWindow::makeBody(tessa::Host *host, kelp::ModuleObject *entries)
 {
     auto *row = new QWidget(this);
     m_nav = new NavPanel(entries, row);
@@ -62,6 +63,8 @@ QWidget *PendantWindow::makeBody(kelp::ModuleObject *entries)
     layout->addWidget(m_nav);
     layout->addWidget(m_center, 1);
     layout->addWidget(m_side);
+    // At the edge, so that no page or side bar moves them from under the operator's right hand.
+    layout->addWidget(new KeyColumn(host->keys(), this));
     connect(m_nav, &NavPanel::chosen, this, &PendantWindow::showPage);
     connect(m_center, &pando::CenterWidget::pageShown, m_nav, &NavPanel::setCurrent);
     return row;

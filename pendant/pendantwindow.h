@@ -12,22 +12,23 @@ class ExpandSideBar;
 class StatusBar;
 } // namespace pando
 namespace tessa {
+class Host;
 class ManagerHelper;
-}
+} // namespace tessa
 
 namespace pendant {
 
 class LinkControl;
 class NavPanel;
 
-/// The pendant's screen: header, navigation, centre area, right side bar, status bar. It offers
-/// these places to modules as the frame in use.
+/// The pendant's screen: header, navigation, centre area, right side bar, physical keys, status
+/// bar. It offers these places to modules as the frame in use.
 class PendantWindow : public QWidget
 {
     Q_OBJECT
 public:
     /// @p entries is the node of the navigation entries.
-    PendantWindow(tessa::ManagerHelper *helper, kelp::ModuleObject *entries, LinkControl *link);
+    PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link);
     ~PendantWindow() override;
 
     pando::CenterWidget *center() { return m_center; }
@@ -41,7 +42,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    QWidget *makeBody(kelp::ModuleObject *entries);
+    QWidget *makeBody(tessa::Host *host, kelp::ModuleObject *entries);
     QWidget *makeStatus(tessa::ManagerHelper *helper, LinkControl *link);
 
     NavPanel *m_nav = nullptr;

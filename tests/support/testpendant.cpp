@@ -25,6 +25,7 @@ void TestPendant::start()
 {
     const auto connect = [this](const pendant::Options &options) {
         links::EmbeddedLink::Options how;
+        how.clock = m_setup.clock;
         if (m_setup.keepFiles)
             how.dataFolder = options.dataFolder;
         auto link = std::make_unique<links::EmbeddedLink>(how);

@@ -23,6 +23,7 @@ struct Setup
     QString modulePath; ///< empty: the package as built
     bool keepFiles = false; ///< the controller's files on disk instead of in memory
     bool connects = true; ///< false: do not wait for a controller that cannot come up
+    controller::Clock clock = controller::steadyClock(); ///< the controller's
 };
 
 /// A whole pendant: the real window, the real library, a controller in this process. It is up and
