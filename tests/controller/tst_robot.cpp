@@ -111,7 +111,9 @@ private slots:
     {
         const Joints near{10, 20, 10, 30, 40, 50};
         for (int i = 0; i < 27; ++i) {
-            const Joints joints{-160.0 + 140 * (i / 9), 25, 5, 40, -80.0 + 70 * (i / 3 % 3),
+            const int third = i / 3;
+            const int ninth = i / 9;
+            const Joints joints{-160.0 + 140 * ninth,  25, 5, 40, -80.0 + 70 * (third % 3),
                                 -170.0 + 235 * (i % 3)};
             const auto back = arm::inverse(arm::forward(joints), joints);
             QVERIFY(back);

@@ -5,6 +5,7 @@
 #include "instructions/line/normalform.h"
 #include "randomtext.h"
 #include "readback.h"
+#include "support/rows.h"
 
 using namespace welmo::line;
 
@@ -93,98 +94,76 @@ class tst_AnyText : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase();
-    void writtenReadAndWrittenAgain();
-    void normalFormIsFinal();
-    void garbage();
-    void longLines_data();
-    void longLines();
-};
-
-// As where the system forbids compiled expressions: there a careless one takes for ever.
-void tst_AnyText::initTestCase()
-{
-    qputenv("QT_ENABLE_REGEXP_JIT", "0");
-}
-
-void tst_AnyText::writtenReadAndWrittenAgain()
-{
-    QRandomGenerator random(4202);
-    for (int i = 0; i < 5000; ++i) {
-        for (Instruction instruction : everyInstruction) {
-            const QString line = randomLineOf(instruction, random);
-            QCOMPARE(classify(line), instruction);
-            QCOMPARE(readback::again(instruction, line), line);
-            QCOMPARE(normalForm(line), line);
+    // As where the system forbids compiled expressions: there a careless one takes for ever.
+    void initTestCase() { qputenv("QT_ENABLE_REGEXP_JIT", "0"); }
+    void writtenReadAndWrittenAgain()
+    {
+        QRandomGenerator random(4202);
+        for (int i = 0; i < 5000; ++i) {
+            for (Instruction instruction : everyInstruction) {
+                const QString line = randomLineOf(instruction, random);
+                QCOMPARE(classify(line), instruction);
+                QCOMPARE(readback::again(instruction, line), line);
+                QCOMPARE(normalForm(line), line);
+            }
         }
     }
-}
-
-void tst_AnyText::normalFormIsFinal()
-{
-    QRandomGenerator random(4203);
-    int normalised = 0;
-    for (int i = 0; i < 20000; ++i) {
-        QString line = randomLineOf(everyInstruction[size_t(random.bounded(11))], random);
-        line.insert(random.bounded(line.size() + 1), randomLine(random, 1));
-        line.replace(',', random.bounded(2) ? ", " : ",");
-        const QString normal = normalForm(line);
-        if (normal.isNull())
-            continue;
-        ++normalised;
-        QCOMPARE(normalForm(normal), normal);
-        QCOMPARE(classify(normal), classify(line));
-        QVERIFY2(readEveryWay(normal, everyInstruction), qPrintable(normal));
-        const auto meaning = [](QString text) {
-            return readback::again(classify(text), text.replace('\t', ' ').trimmed());
+    void normalFormIsFinal()
+    {
+        QRandomGenerator random(4203);
+        int normalised = 0;
+        for (int i = 0; i < 20000; ++i) {
+            QString line = randomLineOf(everyInstruction[size_t(random.bounded(11))], random);
+            line.insert(random.bounded(line.size() + 1), randomLine(random, 1));
+            line.replace(',', random.bounded(2) ? ", " : ",");
+            const QString normal = normalForm(line);
+            if (normal.isNull())
+                continue;
+            ++normalised;
+            QCOMPARE(normalForm(normal), normal);
+            QCOMPARE(classify(normal), classify(line));
+            QVERIFY2(readEveryWay(normal, everyInstruction), qPrintable(normal));
+            const auto meaning = [](QString text) {
+                return readback::again(classify(text), text.replace('\t', ' ').trimmed());
+            };
+            QCOMPARE(meaning(normal), meaning(line));
+        }
+        QVERIFY(normalised > 1000);
+    }
+    void garbage()
+    {
+        QRandomGenerator random(4204);
+        for (int i = 0; i < 100000; ++i) {
+            const QString line = i % 2 ? randomLine(random, random.bounded(16))
+                                       : QString::fromUtf8(QByteArray::number(random.generate64()))
+                    + QChar(ushort(random.bounded(0x10000)));
+            QVERIFY2(readEveryWay(line, everyInstruction), qPrintable(line));
+            normalForm(line);
+        }
+    }
+    // A megabyte; a time that grew with its square would end at the test's time limit.
+    void longLines()
+    {
+        const testsupport::Rows<QString, QString, QString> rows{
+            {"one word", "", "a", ""},
+            {"one word before nothing", "", "a", "()"},
+            {"open expressions", "WMoveL f(x) ", "a(", ""},
+            {"empty expressions", "", "a()", ""},
+            {"opening parentheses", "f(x)", "(", ""},
+            {"quotes", "WeaveOn ", "\"", ""},
+            {"separators", "ArcOn ", " ,", ""},
+            {"words", "WMoveL ", "ab ", ""},
+            {"digits", "FeedOnWire ", "9", ""},
+            {"NUL", "", QString(QChar(0)), ""},
+            {"letters outside ASCII", "WMoveL ", "点", ""},
         };
-        QCOMPARE(meaning(normal), meaning(line));
+        for (const auto &[name, head, piece, tail] : rows) {
+            const QString line = head + piece.repeated(1024 * 1024 / piece.size()) + tail;
+            QVERIFY(readEveryWay(line, std::array{Instruction::ArcOn, Instruction::WMoveL}));
+            normalForm(line);
+        }
     }
-    QVERIFY(normalised > 1000);
-}
-
-void tst_AnyText::garbage()
-{
-    QRandomGenerator random(4204);
-    for (int i = 0; i < 100000; ++i) {
-        const QString line = i % 2 ? randomLine(random, random.bounded(16))
-                                   : QString::fromUtf8(QByteArray::number(random.generate64()))
-                + QChar(ushort(random.bounded(0x10000)));
-        QVERIFY2(readEveryWay(line, everyInstruction), qPrintable(line));
-        normalForm(line);
-    }
-}
-
-void tst_AnyText::longLines_data()
-{
-    QTest::addColumn<QString>("piece");
-    QTest::addColumn<QString>("head");
-    QTest::addColumn<QString>("tail");
-    const auto row = [](const char *name, const QString &head, const QString &piece,
-                        const QString &tail = {}) { QTest::newRow(name) << piece << head << tail; };
-    row("one word", "", "a");
-    row("one word before nothing", "", "a", "()");
-    row("open expressions", "WMoveL f(x) ", "a(");
-    row("empty expressions", "", "a()");
-    row("opening parentheses", "f(x)", "(");
-    row("quotes", "WeaveOn ", "\"");
-    row("separators", "ArcOn ", " ,");
-    row("words", "WMoveL ", "ab ");
-    row("digits", "FeedOnWire ", "9");
-    row("NUL", "", QChar(0));
-    row("letters outside ASCII", "WMoveL ", "点");
-}
-
-// A megabyte; a time that grew with its square would end at the test's time limit.
-void tst_AnyText::longLines()
-{
-    QFETCH(QString, piece);
-    QFETCH(QString, head);
-    QFETCH(QString, tail);
-    const QString line = head + piece.repeated(1024 * 1024 / piece.size()) + tail;
-    QVERIFY(readEveryWay(line, std::array{Instruction::ArcOn, Instruction::WMoveL}));
-    normalForm(line);
-}
+};
 
 QTEST_GUILESS_MAIN(tst_AnyText)
 #include "tst_anytext.moc"

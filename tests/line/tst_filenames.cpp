@@ -11,23 +11,21 @@ class tst_FileNames : public QObject
 {
     Q_OBJECT
 private slots:
-    void sameNamesEverywhere();
-};
-
-void tst_FileNames::sameNamesEverywhere()
-{
-    const QVector<QStringList> ofLines{
-        fileNames(Instruction::ArcOn, 0), fileNames(Instruction::ArcOn, 1),
-        fileNames(Instruction::ArcOff, 0), weaveFileNames(), fileNames(Instruction::SegOn, 0)};
-    const QVector<const welmo::ParameterSet *> ofPages{&welmo::sets::arcon(), &welmo::sets::weld(),
-                                                       &welmo::sets::arcoff(),
-                                                       &welmo::sets::weave(), &welmo::sets::seg()};
-    for (int i = 0; i < ofLines.size(); ++i) {
-        QCOMPARE(ofLines.at(i), ofPages.at(i)->fileNames());
-        for (const QString &name : ofLines.at(i))
-            QVERIFY(controller::fileSets().at(size_t(i)).hasFile(name));
+    void sameNamesEverywhere()
+    {
+        const QVector<QStringList> ofLines{
+            fileNames(Instruction::ArcOn, 0), fileNames(Instruction::ArcOn, 1),
+            fileNames(Instruction::ArcOff, 0), weaveFileNames(), fileNames(Instruction::SegOn, 0)};
+        const QVector<const welmo::ParameterSet *> ofPages{
+            &welmo::sets::arcon(), &welmo::sets::weld(), &welmo::sets::arcoff(),
+            &welmo::sets::weave(), &welmo::sets::seg()};
+        for (int i = 0; i < ofLines.size(); ++i) {
+            QCOMPARE(ofLines.at(i), ofPages.at(i)->fileNames());
+            for (const QString &name : ofLines.at(i))
+                QVERIFY(controller::fileSets().at(size_t(i)).hasFile(name));
+        }
     }
-}
+};
 
 QTEST_GUILESS_MAIN(tst_FileNames)
 #include "tst_filenames.moc"
