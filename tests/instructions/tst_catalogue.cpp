@@ -49,42 +49,31 @@ private slots:
         QCOMPARE(manager->syntaxTemplates.value("ArcOn"),
                  QString("ArcOn \"arcondata\", \"arcdata\""));
     }
-
-    void forms_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("prefix");
-        const QStringList prefixes{"Arcon",    "Arcoff",     "WMoveL",       "WMoveC",   "WeaveOn",
-                                   "WeaveOff", "FeedOnWire", "FeedBackWire", "DetectGas"};
-        for (int i = 0; i < names.size(); ++i)
-            QTest::addRow("%s", qPrintable(names[i])) << names[i] << prefixes[i];
-    }
-
     /// Each factory gives its own class, owned by the parent, which keeps to the common contract.
     void forms()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, prefix);
         testsupport::FormHost host;
         TlArcWeldDefine define(nullptr);
         const auto *manager = TlManager::getTlManager();
-        auto *insert = manager->insertWidgetCreators.value(name)(host.window());
-        auto *property = manager->propertyWidgetCreators.value(name)(host.window());
-        QCOMPARE(insert->metaObject()->className(), qPrintable(prefix + "InsertWidget"));
-        QCOMPARE(property->metaObject()->className(), qPrintable(prefix + "PropertyWidget"));
-        for (tessa::BaseContentWidget *form : {insert, property}) {
-            QCOMPARE(form->parentWidget(), host.window());
-            QVERIFY(form->CheckInsert());
-            QVERIFY(form->CheckReplace());
-            QVERIFY(form->ToJsonValue().isNull());
-            QCOMPARE(form->GetLabel(), QString());
-            QVERIFY2(form->ToString().startsWith(name), qPrintable(form->ToString()));
+        for (const QString &name : names) {
+            auto *insert = manager->insertWidgetCreators.value(name)(host.window());
+            auto *property = manager->propertyWidgetCreators.value(name)(host.window());
+            QString prefix = name;
+            prefix.replace("ArcO", "Arco");
+            QCOMPARE(insert->metaObject()->className(), qPrintable(prefix + "InsertWidget"));
+            QCOMPARE(property->metaObject()->className(), qPrintable(prefix + "PropertyWidget"));
+            for (tessa::BaseContentWidget *form : {insert, property}) {
+                QCOMPARE(form->parentWidget(), host.window());
+                QVERIFY(form->CheckInsert() && form->CheckReplace());
+                QVERIFY(form->ToJsonValue().isNull() && form->GetLabel().isEmpty());
+                QVERIFY2(form->ToString().startsWith(name), qPrintable(form->ToString()));
+            }
+            const QString line = insert->ToString();
+            host.takeMessages();
+            insert->FillWith("nonsense, that no form reads");
+            QCOMPARE(insert->ToString(), line);
+            QCOMPARE(host.takeMessages(), QStringList());
         }
-        const QString line = insert->ToString();
-        host.takeMessages();
-        insert->FillWith("nonsense, that no form reads");
-        QCOMPARE(insert->ToString(), line);
-        QCOMPARE(host.takeMessages(), QStringList());
     }
 };
 

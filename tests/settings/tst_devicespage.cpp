@@ -3,6 +3,7 @@
 
 #include "settings/devicessettingpage.h"
 #include "support/formhost.h"
+#include "support/rows.h"
 #include "vu/switchbutton.h"
 
 using testsupport::child;
@@ -70,7 +71,6 @@ private slots:
         QCOMPARE(items(desk.current), QStringList({"100A", "200A"}));
         QCOMPARE(desk.host.takeRequests() + desk.host.takeMessages(), QStringList());
     }
-
     void enablingSendsTheChoices()
     {
         Desk desk;
@@ -90,7 +90,6 @@ private slots:
         QCOMPARE(desk.host.takeMessages(), QStringList("info: disable device success [setting]"));
         QVERIFY(!desk.leaf("enable")->getBool() && desk.canChoose());
     }
-
     void connectingToTheWelder()
     {
         Desk desk;
@@ -101,55 +100,38 @@ private slots:
                  QStringList({"info: connect the actual weldMachinesuccess [setting]",
                               "info: don't connect the actual weldMachinesuccess [setting]"}));
     }
-
-    void whatIsNotAcceptedIsPutBack_data()
-    {
-        QTest::addColumn<bool>("enabling");
-        QTest::addColumn<bool>("on");
-        QTest::addColumn<QString>("message");
-        const QString connect = "connect the actual weldMachinefail";
-        for (const char *fault : {"down", "refused", "breaks"}) {
-            const bool asked = *fault != 'd';
-            const auto row = [&](const char *what, bool enabling, bool on, const QString &message) {
-                QTest::addRow("%s, %s", what, fault)
-                    << enabling << on << (asked ? message : QString("tessa not connected"));
-            };
-            row("enable", true, true, "enable device error");
-            row("disable", true, false, "disable device error");
-            row("connect", false, true, connect);
-            row("don't connect", false, false, "don't " + connect);
-        }
-    }
     void whatIsNotAcceptedIsPutBack()
     {
-        QFETCH(bool, enabling);
-        QFETCH(bool, on);
-        QFETCH(QString, message);
-        const QString fault = QString(QTest::currentDataTag()).section(' ', -1);
-        Desk desk;
-        EnableButton *button = enabling ? desk.enable : desk.connect;
-        const QString key = enabling ? "enable" : "device_param.connect_to_welder";
-        if (!on)
-            button->setChecked(true);
-        desk.host.takeMessages();
-        desk.host.takeRequests();
-        if (fault == "down")
-            QVERIFY(desk.host.disconnect());
-        else if (fault == "breaks")
-            desk.host.link()->breakAt = setWelder;
-        else
-            desk.host.faults()->setCode("arc_weld.set_welder", 8);
-        QSignalSpy signalled(button, &EnableButton::enabled);
-        button->setChecked(on);
-        QCOMPARE(desk.host.takeMessages(), QStringList("error: " + message + " [setting]"));
-        QCOMPARE(desk.host.takeRequests(),
-                 fault == "down" ? QStringList() : QStringList(setWelder));
-        QCOMPARE(button->isChecked(), !on);
-        QCOMPARE(signalled.size(), 1); // not for the way back
-        QCOMPARE(desk.leaf(key)->getBool(), !on);
-        QCOMPARE(desk.canChoose(), !desk.enable->isChecked());
+        const QString connect = "connect the actual weldMachinefail";
+        const testsupport::Rows<bool, bool, QString> rows{
+            {"enable", true, true, "enable device error"},
+            {"disable", true, false, "disable device error"},
+            {"connect", false, true, connect},
+            {"don't connect", false, false, "don't " + connect},
+        };
+        for (const auto &[name, enabling, on, message] : rows) {
+            for (const auto failure : {FormHost::LinkDown, FormHost::Refused, FormHost::NoAnswer}) {
+                const bool asked = failure != FormHost::LinkDown;
+                Desk desk;
+                EnableButton *button = enabling ? desk.enable : desk.connect;
+                const QString key = enabling ? "enable" : "device_param.connect_to_welder";
+                if (!on)
+                    button->setChecked(true);
+                desk.host.takeMessages();
+                desk.host.takeRequests();
+                desk.host.spoil(failure, setWelder);
+                QSignalSpy signalled(button, &EnableButton::enabled);
+                button->setChecked(on);
+                QCOMPARE(desk.host.takeMessages().join('|'),
+                         "error: " + (asked ? message : "tessa not connected") + " [setting]");
+                QCOMPARE(desk.host.takeRequests().join('|'), asked ? setWelder : QString());
+                QCOMPARE(button->isChecked(), !on);
+                QCOMPARE(signalled.size(), 1); // not for the way back
+                QCOMPARE(desk.leaf(key)->getBool(), !on);
+                QCOMPARE(desk.canChoose(), !desk.enable->isChecked());
+            }
+        }
     }
-
     void theWeldersStateMovesTheSwitch()
     {
         Desk desk;
@@ -167,7 +149,6 @@ private slots:
         QVERIFY(!desk.enable->isChecked());
         QCOMPARE(desk.host.takeRequests() + desk.host.takeMessages(), QStringList());
     }
-
     void thePageShowsTheControllersSetting()
     {
         Desk desk;
@@ -189,7 +170,6 @@ private slots:
         QCOMPARE(desk.current->currentText(), QString("800A"));
         QCOMPARE(desk.host.takeRequests(), QStringList({readSetting, readSetting}));
     }
-
     void currentAsANumber()
     {
         QCOMPARE(DevicesSettingPage::convertCurrentToInt("500A"), 500);

@@ -8,9 +8,11 @@
 #include "settings/segparameterwidget.h"
 #include "settings/weavefunctionpage.h"
 #include "support/formhost.h"
+#include "support/rows.h"
 
 using testsupport::child;
 using testsupport::FormHost;
+using testsupport::Rows;
 
 namespace {
 
@@ -46,7 +48,7 @@ Form processForm(const QString &set, const QString &prefix, const QString &combo
             "error: save parameter error"};
 }
 
-const QHash<QString, Form> forms{
+const Rows<Form> forms{
     {"arc start",
      processForm("arcon_param", "arcondata", "cbx_arconParamFileNumber", "ledt_arconAnnotaion",
                  "ArcOn")},
@@ -57,13 +59,15 @@ const QHash<QString, Form> forms{
      processForm("arcoff_param", "arcoffdata", "cbx_arcoffParamFileNumber", "ledt_arcoffAnnotaion",
                  "ArcOff")},
     {"weave",
-     {make<WeaveFunctionPage>, "weave_param", "weavedata", "cbxWeaveFileNumber",
-      "ledtWeaveAnnotation", "btnSave", "btnCancel", "weaveFunction", "",
-      "error: tessa not connected", "error: save parameter error"}},
+     Form{make<WeaveFunctionPage>, "weave_param", "weavedata", "cbxWeaveFileNumber",
+          "ledtWeaveAnnotation", "btnSave", "btnCancel", "weaveFunction", "",
+          "error: tessa not connected", "error: save parameter error"}},
     {"seg",
-     {make<SegParameterPage>, "seg_param", "segdata", "cbxFileNumber", "ledtAnnotation", "btnSave",
-      "btnCancel", "wgtSeg", "", "error: tessa not connected", "error: save parameter fail"}},
+     Form{make<SegParameterPage>, "seg_param", "segdata", "cbxFileNumber", "ledtAnnotation",
+          "btnSave", "btnCancel", "wgtSeg", "", "error: tessa not connected",
+          "error: save parameter fail"}},
 };
+const std::vector<FormHost::Failure> failures{FormHost::NoAnswer, FormHost::Refused};
 
 /// A host, one form in it, and what an operator does with it.
 struct Desk
@@ -72,9 +76,9 @@ struct Desk
     const Form &form;
     std::unique_ptr<BaseSubPage> page;
 
-    explicit Desk(const QString &name, FormHost::Link link = FormHost::Connected)
+    explicit Desk(const Form &form, FormHost::Link link = FormHost::Connected)
         : host(link)
-        , form(*forms.find(name))
+        , form(form)
         , page(form.make(host))
     {
         outcome();
@@ -90,6 +94,12 @@ struct Desk
     QLineEdit *annotation() const { return child<QLineEdit>(page->wgt(), form.annotation); }
     void choose(int number) const { combo()->setCurrentIndex(number - 1); }
     void press(const QString &button) const { child<QPushButton>(page->wgt(), button)->click(); }
+    bool mend()
+    {
+        const bool up = host.mend();
+        outcome();
+        return up;
+    }
     /// What was said by the form itself and, behind it, what was asked.
     QString outcome()
     {
@@ -107,165 +117,135 @@ class tst_FileForms : public QObject
 {
     Q_OBJECT
 
-    void addForms()
-    {
-        QTest::addColumn<QString>("form");
-        for (auto form = forms.begin(); form != forms.end(); ++form)
-            QTest::addRow("%s", qPrintable(form.key())) << form.key();
-    }
-    void addFormsAndFaults()
-    {
-        QTest::addColumn<QString>("form");
-        QTest::addColumn<bool>("breaks");
-        for (auto form = forms.begin(); form != forms.end(); ++form) {
-            QTest::addRow("%s, link breaks", qPrintable(form.key())) << form.key() << true;
-            QTest::addRow("%s, refused", qPrintable(form.key())) << form.key() << false;
-        }
-    }
-    static void spoil(Desk &desk, const char *verb, int number)
-    {
-        QFETCH(bool, breaks);
-        if (breaks)
-            desk.host.link()->breakAt = desk.request(verb, number);
-        else
-            desk.host.faults()->setCode(desk.node(), 8);
-    }
-    static void mend(Desk &desk)
-    {
-        desk.host.faults()->clear();
-        QVERIFY(desk.host.connect());
-        desk.outcome();
-    }
-
 private slots:
-    void aMissingFileIsCreated_data() { addForms(); }
     void aMissingFileIsCreated()
     {
-        QFETCH(QString, form);
-        Desk desk(form);
-        for (int number = 1; number <= 40; ++number)
-            QCOMPARE(desk.combo()->itemText(number - 1), desk.file(number));
-        QCOMPARE(desk.combo()->count(), 40);
+        for (const auto &[name, form] : forms) {
+            Desk desk(form);
+            for (int number = 1; number <= 40; ++number)
+                QCOMPARE(desk.combo()->itemText(number - 1), desk.file(number));
+            QCOMPARE(desk.combo()->count(), 40);
 
-        QVERIFY(desk.stored(3).isEmpty());
-        desk.choose(3);
-        QCOMPARE(desk.outcome(), desk.request("get", 3) + "; " + desk.request("set", 3));
-        QVariantMap expected = desk.stored(1); // as the first file was created
-        expected["name"] = desk.file(3);
-        QCOMPARE(desk.stored(3), expected);
-        QVERIFY(expected.size() > 4);
-        desk.choose(1);
-        desk.choose(3);
-        QCOMPARE(desk.outcome(), desk.request("get", 1) + "; " + desk.request("get", 3));
+            QVERIFY(desk.stored(3).isEmpty());
+            desk.choose(3);
+            QCOMPARE(desk.outcome(), desk.request("get", 3) + "; " + desk.request("set", 3));
+            QVariantMap expected = desk.stored(1); // as the first file was created
+            expected["name"] = desk.file(3);
+            QCOMPARE(desk.stored(3), expected);
+            QVERIFY(expected.size() > 4);
+            desk.choose(1);
+            desk.choose(3);
+            QCOMPARE(desk.outcome(), desk.request("get", 1) + "; " + desk.request("get", 3));
+        }
     }
-
-    void anotherPendantsFileIsReadEditedAndSaved_data() { addForms(); }
     void anotherPendantsFileIsReadEditedAndSaved()
     {
-        QFETCH(QString, form);
-        Desk desk(form);
-        QVariantMap theirs = desk.stored(1);
-        theirs["name"] = desk.file(7);
-        theirs["annotation"] = "theirs";
-        theirs["of_a_newer_pendant"] = QVariantMap{{"kept", true}};
-        QCOMPARE(desk.host.store(desk.node(), desk.file(7), theirs), 0);
-        desk.choose(7);
-        QCOMPARE(desk.annotation()->text(), QString("theirs"));
-        desk.annotation()->setText("edited");
-        desk.press(desk.form.cancel);
-        QCOMPARE(desk.annotation()->text(), QString("theirs"));
-        QCOMPARE(desk.outcome(), desk.request("get", 7));
+        for (const auto &[name, form] : forms) {
+            Desk desk(form);
+            QVariantMap theirs = desk.stored(1);
+            theirs["name"] = desk.file(7);
+            theirs["annotation"] = "theirs";
+            theirs["of_a_newer_pendant"] = QVariantMap{{"kept", true}};
+            QCOMPARE(desk.host.store(desk.node(), desk.file(7), theirs), 0);
+            desk.choose(7);
+            QCOMPARE(desk.annotation()->text(), QString("theirs"));
+            desk.annotation()->setText("edited");
+            desk.press(form.cancel);
+            QCOMPARE(desk.annotation()->text(), QString("theirs"));
+            QCOMPARE(desk.outcome(), desk.request("get", 7));
 
-        desk.annotation()->setText("mine");
-        desk.press(desk.form.save);
-        QCOMPARE(desk.outcome(), "info: save parameter succeed; " + desk.request("set", 7));
-        theirs["annotation"] = "mine";
-        QCOMPARE(desk.stored(7), theirs);
+            desk.annotation()->setText("mine");
+            desk.press(form.save);
+            QCOMPARE(desk.outcome(), "info: save parameter succeed; " + desk.request("set", 7));
+            theirs["annotation"] = "mine";
+            QCOMPARE(desk.stored(7), theirs);
+        }
     }
-
-    void aFailedReadTouchesNothing_data() { addFormsAndFaults(); }
     void aFailedReadTouchesNothing()
     {
-        QFETCH(QString, form);
-        Desk desk(form);
-        const QVariantMap first = desk.stored(1);
-        desk.annotation()->setText("edited");
-        spoil(desk, "get", 3);
-        desk.choose(3);
-        QCOMPARE(desk.outcome(),
-                 "error: " + desk.file(3) + ": read parameter error; " + desk.request("get", 3));
-        QCOMPARE(desk.annotation()->text(), QString("edited"));
+        for (const auto &[name, form] : forms) {
+            for (const auto failure : failures) {
+                Desk desk(form);
+                const QVariantMap first = desk.stored(1);
+                const QString get = desk.request("get", 3);
+                desk.annotation()->setText("edited");
+                desk.host.spoil(failure, get);
+                desk.choose(3);
+                QCOMPARE(desk.outcome(),
+                         "error: " + desk.file(3) + ": read parameter error; " + get);
+                QCOMPARE(desk.annotation()->text(), QString("edited"));
 
-        // What is shown is the first file; it must not become the third.
-        mend(desk);
-        desk.press(desk.form.save);
-        QCOMPARE(desk.outcome(), desk.form.failed);
-        QVERIFY(desk.stored(3).isEmpty());
-        QCOMPARE(desk.stored(1), first);
+                // What is shown is the first file; it must not become the third.
+                QVERIFY(desk.mend());
+                desk.press(form.save);
+                QCOMPARE(desk.outcome(), form.failed);
+                QVERIFY(desk.stored(3).isEmpty());
+                QCOMPARE(desk.stored(1), first);
+            }
+        }
     }
-
-    void aFailedReloadKeepsTheEdits_data() { addFormsAndFaults(); }
     void aFailedReloadKeepsTheEdits()
     {
-        QFETCH(QString, form);
-        Desk desk(form);
-        desk.annotation()->setText("edited");
-        spoil(desk, "get", 1);
-        if (auto *seg = desk.page->wgt()->findChild<SegParameterWidget *>())
-            seg->initPage();
-        else
-            desk.page->initPage();
-        const QString outcome = desk.outcome();
-        QVERIFY(outcome.contains("error: " + desk.file(1) + ": read parameter error"));
-        QVERIFY(!outcome.contains("set arc_weld"));
-        QCOMPARE(desk.annotation()->text(), QString("edited"));
+        for (const auto &[name, form] : forms) {
+            for (const auto failure : failures) {
+                Desk desk(form);
+                desk.annotation()->setText("edited");
+                desk.host.spoil(failure, desk.request("get", 1));
+                if (auto *seg = desk.page->wgt()->findChild<SegParameterWidget *>())
+                    seg->initPage();
+                else
+                    desk.page->initPage();
+                const QString outcome = desk.outcome();
+                QVERIFY(outcome.contains("error: " + desk.file(1) + ": read parameter error"));
+                QVERIFY(!outcome.contains("set arc_weld"));
+                QCOMPARE(desk.annotation()->text(), QString("edited"));
+            }
+        }
     }
-
-    void aFailedSaveIsTold_data() { addFormsAndFaults(); }
     void aFailedSaveIsTold()
     {
-        QFETCH(QString, form);
-        Desk desk(form);
-        const QVariantMap before = desk.stored(1);
-        desk.annotation()->setText("edited");
-        spoil(desk, "set", 1);
-        desk.press(desk.form.save);
-        QCOMPARE(desk.outcome(), desk.form.failed + "; " + desk.request("set", 1));
-        QCOMPARE(desk.annotation()->text(), QString("edited"));
-        mend(desk);
-        QCOMPARE(desk.stored(1), before);
+        for (const auto &[name, form] : forms) {
+            for (const auto failure : failures) {
+                Desk desk(form);
+                const QVariantMap before = desk.stored(1);
+                desk.annotation()->setText("edited");
+                desk.host.spoil(failure, desk.request("set", 1));
+                desk.press(form.save);
+                QCOMPARE(desk.outcome(), form.failed + "; " + desk.request("set", 1));
+                QCOMPARE(desk.annotation()->text(), QString("edited"));
+                QVERIFY(desk.mend());
+                QCOMPARE(desk.stored(1), before);
+            }
+        }
     }
-
-    void whileTheLinkIsDown_data() { addForms(); }
     void whileTheLinkIsDown()
     {
-        QFETCH(QString, form);
-        Desk desk(form);
-        desk.annotation()->setText("edited");
-        QVERIFY(desk.host.disconnect());
-        desk.choose(5);
-        QCOMPARE(desk.outcome(), desk.form.changedWhileDown);
-        desk.press(desk.form.save);
-        QCOMPARE(desk.outcome(), desk.form.savedWhileDown);
-        QCOMPARE(desk.annotation()->text(), QString("edited"));
+        for (const auto &[name, form] : forms) {
+            Desk desk(form);
+            desk.annotation()->setText("edited");
+            QVERIFY(desk.host.disconnect());
+            desk.choose(5);
+            QCOMPARE(desk.outcome(), form.changedWhileDown);
+            desk.press(form.save);
+            QCOMPARE(desk.outcome(), form.savedWhileDown);
+            QCOMPARE(desk.annotation()->text(), QString("edited"));
+        }
     }
-
-    void aFormBuiltWhileTheLinkIsDown_data() { addForms(); }
     void aFormBuiltWhileTheLinkIsDown()
     {
-        QFETCH(QString, form);
-        Desk desk(form, FormHost::Down);
-        QCOMPARE(desk.combo()->currentText(), desk.file(1));
-        desk.annotation()->setText("edited");
-        QVERIFY(desk.host.connect());
-        desk.outcome();
-        // Defaults are shown that nobody chose: they must not become the file.
-        desk.press(desk.form.save);
-        QCOMPARE(desk.outcome(), desk.form.failed);
-        QVERIFY(desk.stored(1).isEmpty());
-        desk.page->initPage();
-        QCOMPARE(desk.annotation()->text(), QString());
-        QCOMPARE(desk.stored(1).value("name").toString(), desk.file(1));
+        for (const auto &[name, form] : forms) {
+            Desk desk(form, FormHost::Down);
+            QCOMPARE(desk.combo()->currentText(), desk.file(1));
+            desk.annotation()->setText("edited");
+            QVERIFY(desk.mend());
+            // Defaults are shown that nobody chose: they must not become the file.
+            desk.press(form.save);
+            QCOMPARE(desk.outcome(), form.failed);
+            QVERIFY(desk.stored(1).isEmpty());
+            desk.page->initPage();
+            QCOMPARE(desk.annotation()->text(), QString());
+            QCOMPARE(desk.stored(1).value("name").toString(), desk.file(1));
+        }
     }
 };
 

@@ -7,15 +7,18 @@
 #include "data/inputs.h"
 #include "settings/weldingoptionspage.h"
 #include "support/formhost.h"
+#include "support/rows.h"
 #include "vu/switchbutton.h"
 
 using namespace welmo;
 using testsupport::child;
 using testsupport::FormHost;
+using testsupport::Rows;
 
 namespace {
 
 const QString stateNode = QStringLiteral("arc_weld.anticollision_state");
+constexpr auto works = FormHost::NoFailure;
 const QString setSensor = QStringLiteral("do arc_weld.set_anticollision");
 
 struct Desk
@@ -47,15 +50,6 @@ struct Desk
         }
         return lines;
     }
-    /// What the test's tag says is wrong with the command or node.
-    void spoil(const QString &path)
-    {
-        const QString tag = QTest::currentDataTag();
-        if (tag.endsWith("no link"))
-            QVERIFY(host.disconnect());
-        else if (tag.endsWith("refused"))
-            host.faults()->setCode(path, 7);
-    }
 };
 
 } // namespace
@@ -85,7 +79,6 @@ private slots:
         for (int i = 0; i < desk.input->count(); ++i)
             QCOMPARE(desk.input->itemText(i), names.value(i));
     }
-
     void inputOrder()
     {
         using inputs::ioCompare;
@@ -114,29 +107,26 @@ private slots:
         for (int i = shortNames.size() + 1; i < names.size(); ++i)
             QVERIFY(!ioCompare(names[i], names[i - 1]));
     }
-
-    void runningParameters_data()
-    {
-        QTest::addColumn<QStringList>("outcome");
-        const QString write = "set arc_weld.running_param";
-        QTest::newRow("saved") << QStringList{"info: save running parameter success", write};
-        QTest::newRow("refused") << QStringList{"error: save running parameter error. 7", write};
-        QTest::newRow("no link") << QStringList{"error: tessa not connected"};
-    }
     void runningParameters()
     {
-        Desk desk;
-        desk.spoil("arc_weld.running_param");
-        desk.wireSpeed->setValue(3.5);
-        desk.press("btn_baseSetSave");
-        QTEST(desk.outcome(), "outcome");
-        QCOMPARE(desk.wireSpeed->value(), 3.5);
-        QVERIFY(desk.host.connect());
-        const bool saved = QTest::currentDataTag() == QString("saved");
-        QCOMPARE(desk.host.stored("arc_weld.running_param", "wire_feed_speed"),
-                 saved ? QVariant(3.5) : QVariant());
+        const QString write = "set arc_weld.running_param";
+        const Rows<FormHost::Failure, QString> rows{
+            {"saved", works, "info: save running parameter success|" + write},
+            {"refused", FormHost::Refused, "error: save running parameter error. 7|" + write},
+            {"no link", FormHost::LinkDown, "error: tessa not connected"},
+        };
+        for (const auto &[name, failure, outcome] : rows) {
+            Desk desk;
+            desk.host.spoil(failure, write);
+            desk.wireSpeed->setValue(3.5);
+            desk.press("btn_baseSetSave");
+            QCOMPARE(desk.outcome().join('|'), outcome);
+            QCOMPARE(desk.wireSpeed->value(), 3.5);
+            QVERIFY(desk.host.mend());
+            QCOMPARE(desk.host.stored("arc_weld.running_param", "wire_feed_speed"),
+                     failure == works ? QVariant(3.5) : QVariant());
+        }
     }
-
     void theSensor()
     {
         Desk desk;
@@ -157,35 +147,33 @@ private slots:
         QVERIFY(!desk.shield->isChecked() && !desk.shield->isEnabled());
         QVERIFY(desk.input->isEnabled());
     }
-
-    void aSwitchThatWasRefusedIsPutBack_data()
-    {
-        QTest::addColumn<QStringList>("outcome");
-        const QString error = "error: enable anti-collision device ";
-        QTest::newRow("sensor, no link") << QStringList("error: tessa not connected");
-        QTest::newRow("sensor, refused") << QStringList{error + "error", setSensor};
-        QTest::newRow("shield, no link") << QStringList("error: tessa not connected");
-        QTest::newRow("shield, refused") << QStringList{error + "shielding error", setSensor};
-    }
     void aSwitchThatWasRefusedIsPutBack()
     {
-        Desk desk;
-        const bool shielding = QString(QTest::currentDataTag()).startsWith("shield");
-        if (shielding)
-            desk.sensor->setChecked(true);
-        desk.outcome();
-        desk.spoil("arc_weld.set_anticollision");
-        EnableButton *button = shielding ? desk.shield : desk.sensor;
-        QSignalSpy signalled(button, &EnableButton::enabled);
-        button->setChecked(true);
-        QTEST(desk.outcome(), "outcome");
-        QVERIFY(!button->isChecked());
-        QCOMPARE(signalled.size(), 1);
-        QCOMPARE(desk.shield->isEnabled(), shielding);
-        QCOMPARE(desk.input->isEnabled(), !shielding);
-        QVERIFY(!desk.page.anticollision().data()->r(shielding ? "block" : "enable")->getBool());
+        const QString error = "error: enable anti-collision device ";
+        const Rows<FormHost::Failure, bool, QString> rows{
+            {"sensor, no link", FormHost::LinkDown, false, "error: tessa not connected"},
+            {"sensor, refused", FormHost::Refused, false, error + "error|" + setSensor},
+            {"shield, no link", FormHost::LinkDown, true, "error: tessa not connected"},
+            {"shield, refused", FormHost::Refused, true, error + "shielding error|" + setSensor},
+        };
+        for (const auto &[name, failure, shielding, outcome] : rows) {
+            Desk desk;
+            if (shielding)
+                desk.sensor->setChecked(true);
+            desk.outcome();
+            desk.host.spoil(failure, setSensor);
+            EnableButton *button = shielding ? desk.shield : desk.sensor;
+            QSignalSpy signalled(button, &EnableButton::enabled);
+            button->setChecked(true);
+            QCOMPARE(desk.outcome().join('|'), outcome);
+            QVERIFY(!button->isChecked());
+            QCOMPARE(signalled.size(), 1);
+            QCOMPARE(desk.shield->isEnabled(), shielding);
+            QCOMPARE(desk.input->isEnabled(), !shielding);
+            QVERIFY(
+                !desk.page.anticollision().data()->r(shielding ? "block" : "enable")->getBool());
+        }
     }
-
     void theShieldFollowsTheController()
     {
         Desk desk;
@@ -197,63 +185,52 @@ private slots:
         }
         QCOMPARE(desk.outcome(), QStringList());
     }
-
-    void theClampingTorch_data()
-    {
-        QTest::addColumn<QString>("mode");
-        QTest::addColumn<QStringList>("outcome");
-        const QString command = "do arc_weld.set_wire_clamping_torch_mode";
-        const QString tail = " wire clamping torch mode ";
-        QTest::newRow("open") << "Open" << QStringList{"info: Open" + tail + "success", command};
-        QTest::newRow("close") << "Close" << QStringList{"info: Close" + tail + "success", command};
-        QTest::newRow("refused") << "Open" << QStringList{"error: Open" + tail + "error", command};
-        QTest::newRow("no link") << "Open" << QStringList("error: tessa not connected");
-    }
     void theClampingTorch()
     {
-        QFETCH(QString, mode);
-        QFETCH(QStringList, outcome);
-        Desk desk;
-        desk.spoil("arc_weld.set_wire_clamping_torch_mode");
-        child<QComboBox>(desk.page.wgt(), "cbx_modeSwitch")->setCurrentText(mode);
-        desk.torchInput->setCurrentText("DI2_5");
-        desk.press("btn_wireTouchSave");
-        QCOMPARE(desk.outcome(), outcome);
-        QVERIFY(desk.host.connect());
-        const bool saved = outcome[0].startsWith("info");
-        QVariantMap expected;
-        if (saved)
-            expected = {{"enable", mode == "Open"}, {"signal", "DI2_5"}};
-        QCOMPARE(desk.host.stored("arc_weld.wire_clamping_torch_param").toMap(), expected);
-        desk.page.initPage();
-        QCOMPARE(desk.torchInput->currentText(), QString(saved ? "DI2_5" : "No signal"));
-    }
-
-    void whatWasNeverReadIsNotWritten_data()
-    {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("running_param") << "btn_baseSetSave"
-                                       << "error: save running parameter error. -1";
-        QTest::newRow("wire_clamping_torch_param") << "btn_wireTouchSave"
-                                                   << "error: Close wire clamping torch mode error";
-        QTest::newRow("anticollision_param") << "btn_antiCollisionSwitch"
-                                             << "error: enable anti-collision device error";
+        const QString command = "do arc_weld.set_wire_clamping_torch_mode";
+        const QString tail = " wire clamping torch mode ";
+        const Rows<FormHost::Failure, QString, QString> rows{
+            {"open", works, "Open", "info: Open" + tail + "success|" + command},
+            {"close", works, "Close", "info: Close" + tail + "success|" + command},
+            {"refused", FormHost::Refused, "Open", "error: Open" + tail + "error|" + command},
+            {"no link", FormHost::LinkDown, "Open", "error: tessa not connected"},
+        };
+        for (const auto &[name, failure, mode, outcome] : rows) {
+            Desk desk;
+            desk.host.spoil(failure, command);
+            child<QComboBox>(desk.page.wgt(), "cbx_modeSwitch")->setCurrentText(mode);
+            desk.torchInput->setCurrentText("DI2_5");
+            desk.press("btn_wireTouchSave");
+            QCOMPARE(desk.outcome().join('|'), outcome);
+            QVERIFY(desk.host.mend());
+            QVariantMap expected{{"enable", mode == "Open"}, {"signal", "DI2_5"}};
+            if (failure != works)
+                expected.clear();
+            QCOMPARE(desk.host.stored("arc_weld.wire_clamping_torch_param").toMap(), expected);
+            desk.page.initPage();
+            QCOMPARE(desk.torchInput->currentText(),
+                     QString(failure == works ? "DI2_5" : "No signal"));
+        }
     }
     void whatWasNeverReadIsNotWritten()
     {
-        QFETCH(QString, button);
-        const QString set = QTest::currentDataTag();
-        Desk desk("arc_weld." + set);
-        desk.page.initPage();
-        QVERIFY(desk.outcome().contains("error: " + set + ": read parameter error"));
-        desk.host.faults()->clear();
-        desk.press(button);
-        QFETCH(QString, message);
-        QCOMPARE(desk.outcome(), QStringList(message));
-        QVERIFY(!desk.host.stored("arc_weld." + set).isValid());
+        const Rows<QString, QString> rows{
+            {"running_param", "btn_baseSetSave", "error: save running parameter error. -1"},
+            {"wire_clamping_torch_param", "btn_wireTouchSave",
+             "error: Close wire clamping torch mode error"},
+            {"anticollision_param", "btn_antiCollisionSwitch",
+             "error: enable anti-collision device error"},
+        };
+        for (const auto &[set, button, message] : rows) {
+            Desk desk("arc_weld." + set);
+            desk.page.initPage();
+            QVERIFY(desk.outcome().contains("error: " + set + ": read parameter error"));
+            desk.host.faults()->clear();
+            desk.press(button);
+            QCOMPARE(desk.outcome(), QStringList(message));
+            QVERIFY(!desk.host.stored("arc_weld." + set).isValid());
+        }
     }
-
     void aFailedReloadKeepsTheEdits()
     {
         Desk desk;

@@ -6,9 +6,11 @@
 
 #include "settings/processsettingspage.h"
 #include "support/formhost.h"
+#include "support/rows.h"
 
 using testsupport::child;
 using testsupport::FormHost;
+using testsupport::Rows;
 
 namespace {
 
@@ -28,16 +30,27 @@ struct Group
     QStringList voltageUnits() const { return {"lbl_" + lower + "VoltageUnit", otherVoltageUnit}; }
 };
 
-const QHash<QString, Group> groups{
-    {"arc start",
-     {"arcon_param", "arcondata", "cbx_arconParamFileNumber", "arcon", "Arcon",
-      "lbl_retryCurrentIncrementUnit", "lbl_retryVoltageIncrementUnit", 200, 35}},
-    {"weld",
-     {"weld_param", "arcdata", "cbx_weldingParamFileNumber", "weld", "Weld", "", "", 200, 35}},
-    {"arc end",
-     {"arcoff_param", "arcoffdata", "cbx_arcoffParamFileNumber", "arcoff", "Arcoff", "",
-      "lblAntiStickVoltageUnit", 10000, 32}},
-};
+const Group arcStart{"arcon_param",
+                     "arcondata",
+                     "cbx_arconParamFileNumber",
+                     "arcon",
+                     "Arcon",
+                     "lbl_retryCurrentIncrementUnit",
+                     "lbl_retryVoltageIncrementUnit",
+                     200,
+                     35};
+const Group weld{"weld_param", "arcdata", "cbx_weldingParamFileNumber", "weld", "Weld", "", "",
+                 200,          35};
+const Group arcEnd{"arcoff_param",
+                   "arcoffdata",
+                   "cbx_arcoffParamFileNumber",
+                   "arcoff",
+                   "Arcoff",
+                   "",
+                   "lblAntiStickVoltageUnit",
+                   10000,
+                   32};
+const Rows<Group> groups{{"arc start", arcStart}, {"weld", weld}, {"arc end", arcEnd}};
 
 /// The page as an operator finds it, with a closer look at one group.
 struct Desk
@@ -46,8 +59,8 @@ struct Desk
     std::unique_ptr<ProcessSettingsPage> page;
     const Group &group;
 
-    explicit Desk(const QString &name = "weld", const QVariant &device = {})
-        : group(*groups.find(name))
+    explicit Desk(const Group &group, const QVariant &device = {})
+        : group(group)
     {
         if (device.isValid())
             host.link()->answers[readDevice] = device;
@@ -115,13 +128,6 @@ class tst_ProcessPage : public QObject
 {
     Q_OBJECT
 
-    static void addGroups()
-    {
-        QTest::addColumn<QString>("group");
-        for (auto group = groups.begin(); group != groups.end(); ++group)
-            QTest::newRow(qPrintable(group.key())) << group.key();
-    }
-
 private slots:
     void requestsInOrder()
     {
@@ -139,72 +145,65 @@ private slots:
                               "get " + files[1], "get " + files[2]}));
         QCOMPARE(host.takeMessages(), QStringList());
     }
-
-    void unitsAndRangesFollowTheModes_data() { addGroups(); }
     void unitsAndRangesFollowTheModes()
     {
-        QFETCH(QString, group);
-        Desk desk(group);
-        desk.current()->setValue(123.5);
-        desk.combo(desk.group.currentMode())->setCurrentIndex(1);
-        QCOMPARE(desk.units(desk.group.currentUnits()), QString("mm/s"));
-        desk.combo(desk.group.currentMode())->setCurrentIndex(0);
-        QCOMPARE(desk.units(desk.group.currentUnits()), QString("A"));
-        QCOMPARE(desk.current()->value(), 123.5);
-        QCOMPARE(desk.current()->maximum(), 2000.0);
+        for (const auto &[name, group] : groups) {
+            Desk desk(group);
+            desk.current()->setValue(123.5);
+            desk.combo(group.currentMode())->setCurrentIndex(1);
+            QCOMPARE(desk.units(group.currentUnits()), QString("mm/s"));
+            desk.combo(group.currentMode())->setCurrentIndex(0);
+            QCOMPARE(desk.units(group.currentUnits()), QString("A"));
+            QCOMPARE(desk.current()->value(), 123.5);
+            QCOMPARE(desk.current()->maximum(), 2000.0);
 
-        desk.box()->setValue(150);
-        QCOMPARE(desk.voltage(), QString("150 of 0..200 %"));
-        desk.combo(desk.group.voltageMode())->setCurrentIndex(1);
-        QCOMPARE(desk.voltage(), QString("%1 of 0..%1 V").arg(desk.group.separateMaximum));
+            desk.box()->setValue(150);
+            QCOMPARE(desk.voltage(), QString("150 of 0..200 %"));
+            desk.combo(group.voltageMode())->setCurrentIndex(1);
+            QCOMPARE(desk.voltage(), QString("%1 of 0..%1 V").arg(group.separateMaximum));
+        }
     }
-
-    void aStoredVoltageIsClampedByTheRangeShownBefore_data() { addGroups(); }
     void aStoredVoltageIsClampedByTheRangeShownBefore()
     {
-        QFETCH(QString, group);
-        Desk desk(group);
-        desk.storeFile(2, {{"voltage_mode", "separate"}, {"voltage", 30.0}});
-        desk.storeFile(3, {{"voltage_mode", "unified"}, {"voltage", 150.0}});
-        desk.choose(2);
-        QCOMPARE(desk.voltage(), QString("30 of 0..%1 V").arg(desk.group.separateMaximum));
-        desk.choose(3);
-        QCOMPARE(desk.voltage(), QString("%1 of 0..200 %").arg(desk.group.separateMaximum));
+        for (const auto &[name, group] : groups) {
+            Desk desk(group);
+            desk.storeFile(2, {{"voltage_mode", "separate"}, {"voltage", 30.0}});
+            desk.storeFile(3, {{"voltage_mode", "unified"}, {"voltage", 150.0}});
+            desk.choose(2);
+            QCOMPARE(desk.voltage(), QString("30 of 0..%1 V").arg(group.separateMaximum));
+            desk.choose(3);
+            QCOMPARE(desk.voltage(), QString("%1 of 0..200 %").arg(group.separateMaximum));
+        }
     }
-
     void theArcEndHasRangesOfItsOwn()
     {
         // The general range clamps on the way to the second one, which is the wider here.
         const QVariantMap upTo90{{"unified", QVariantList{0, 900}},
                                  {"separate", QVariantList{0, 90}}};
-        Desk desk("arc end",
-                  QVariantMap{{"voltage_range", upTo40}, {"arcoff_voltage_range", upTo90}});
+        Desk desk(arcEnd, QVariantMap{{"voltage_range", upTo40}, {"arcoff_voltage_range", upTo90}});
         desk.box()->setValue(700);
         desk.combo(desk.group.voltageMode())->setCurrentIndex(1);
         QCOMPARE(desk.voltage(), QString("40 of 0..90 V"));
     }
-
-    void withoutTheWeldersRangesTheFixedOnesHold_data() { addGroups(); }
     void withoutTheWeldersRangesTheFixedOnesHold()
     {
-        QFETCH(QString, group);
-        Desk desk(group);
-        for (const QVariantList &range :
-             {QVariantList{}, QVariantList{"a", "b"}, QVariantList{5}, QVariantList{9, 1}}) {
-            desk.page->getWelderParamRange(); // the ranges of the connected welder...
-            const QVariantMap ranges{{"unified", range}, {"separate", range}};
-            desk.host.link()->answers[readDevice] =
-                QVariantMap{{"voltage_range", ranges}, {"arcoff_voltage_range", ranges}};
-            desk.page->getWelderParamRange(); // ...do not stay for another one
-            for (const char *unit : {"%", "V"}) {
-                QCOMPARE(desk.voltage(),
-                         QString("0 of 0..%1 ").arg(desk.group.fixedMaximum) + unit);
-                desk.combo(desk.group.voltageMode())->setCurrentIndex(*unit == '%');
+        for (const auto &[name, group] : groups) {
+            Desk desk(group);
+            for (const QVariantList &range :
+                 {QVariantList{}, QVariantList{"a", "b"}, QVariantList{5}, QVariantList{9, 1}}) {
+                desk.page->getWelderParamRange(); // the ranges of the connected welder...
+                const QVariantMap ranges{{"unified", range}, {"separate", range}};
+                desk.host.link()->answers[readDevice] =
+                    QVariantMap{{"voltage_range", ranges}, {"arcoff_voltage_range", ranges}};
+                desk.page->getWelderParamRange(); // ...do not stay for another one
+                for (const char *unit : {"%", "V"}) {
+                    QCOMPARE(desk.voltage(), QString("0 of 0..%1 ").arg(group.fixedMaximum) + unit);
+                    desk.combo(group.voltageMode())->setCurrentIndex(*unit == '%');
+                }
+                desk.host.link()->answers.clear();
             }
-            desk.host.link()->answers.clear();
         }
     }
-
     void modesComeFromTheWelder()
     {
         // In an order of its own, with one mode less and one that nobody knows.
@@ -212,7 +211,7 @@ private slots:
                                  {"voltage_mode", QStringList{"Separate", "Unified"}},
                                  {"current_mode", QStringList{"Wire Feed"}},
                                  {"voltage_range", upTo40}};
-        Desk desk;
+        Desk desk(weld);
         desk.storeFile(2, {{"mode", "low_spatter"}});
         desk.choose(2);
         desk.host.takeRequests();
@@ -236,10 +235,9 @@ private slots:
         QCOMPARE(desk.host.stored("arc_weld.weld_param", "arcdata2").toMap()["current_mode"],
                  QVariant("current"));
     }
-
     void aPreArcTimeExcludesAMovingStart()
     {
-        Desk desk("arc start");
+        Desk desk(arcStart);
         auto *time = desk.find<QSpinBox>("sbxArconLeadTime");
         QComboBox *moving = desk.combo("cbx_moveArcon");
         QCOMPARE(time->value(), 200);
@@ -262,10 +260,9 @@ private slots:
         desk.choose(2);
         QCOMPARE(moving->currentText(), QString("Close"));
     }
-
     void theBackDistanceIsForWeldsThatAreTakenUpAgain()
     {
-        Desk desk;
+        Desk desk(weld);
         const auto shown = [&desk] {
             return int(desk.shows("lbl_reStartBackDistance")) + desk.shows("sbxReStartBackDistance")
                 + desk.shows("lblReStartBackDistanceUnit");
@@ -285,10 +282,9 @@ private slots:
         QCOMPARE(desk.find<QSpinBox>("sbxReStartBackDistance")->value(), 10);
         QVERIFY(!desk.shows("sbxRetryOffset") && !desk.shows("lbl_retryOffset"));
     }
-
     void folds()
     {
-        Desk desk;
+        Desk desk(weld);
         const QStringList names{"arcon wgt_arconAdvancedParam ArcOn",
                                 "weld wgt_weldAdvancedParam Weld",
                                 "arcoff wgtArcoffAdvancedParam ArcOff"};
@@ -304,10 +300,9 @@ private slots:
             }
         }
     }
-
     void enableSendsTheEditedValues()
     {
-        Desk desk;
+        Desk desk(weld);
         QVERIFY(desk.shows("btnWeldingEnable"));
         const QVariant before = desk.host.stored("arc_weld.weld_param", "arcdata1");
         desk.current()->setValue(180);
@@ -318,68 +313,64 @@ private slots:
         QCOMPARE(desk.host.link()->lastPayload.toMap()["current"], QVariant(180.0));
         QCOMPARE(desk.host.stored("arc_weld.weld_param", "arcdata1"), before);
     }
-
-    void enableThatCannotBe_data()
-    {
-        QTest::addColumn<QStringList>("outcome");
-        const QString state = "get arc_weld.welder_state";
-        QTest::newRow("no link") << QStringList("error: tessa is not connected");
-        QTest::newRow("welder") << QStringList{"error: welder state error", state};
-        QTest::newRow("not read") << QStringList{"error: enable error", state};
-        QTest::newRow("refused") << QStringList{"error: enable error", state,
-                                                "do arc_weld.enable_weld_param arcdata1"};
-    }
     void enableThatCannotBe()
     {
-        const QString fault = QTest::currentDataTag();
-        Desk desk;
-        if (fault == "no link")
-            QVERIFY(desk.host.disconnect());
-        desk.host.faults()->set(controller::Faults::Fault::WelderError, fault == "welder");
-        if (fault == "refused")
-            desk.host.faults()->setCode("arc_weld.enable_weld_param", 7);
-        if (fault == "not read") {
-            desk.host.faults()->setCode("arc_weld.weld_param", 8, 1);
-            desk.choose(4);
+        const QString state = "get arc_weld.welder_state";
+        const QString command = "do arc_weld.enable_weld_param arcdata1";
+        const Rows<QString> rows{
+            {"no link", "error: tessa is not connected"},
+            {"welder", "error: welder state error|" + state},
+            {"not read", "error: enable error|" + state},
+            {"refused", "error: enable error|" + state + '|' + command},
+        };
+        for (const auto &[fault, outcome] : rows) {
+            Desk desk(weld);
+            if (fault == "no link")
+                QVERIFY(desk.host.disconnect());
+            desk.host.faults()->set(controller::Faults::Fault::WelderError, fault == "welder");
+            if (fault == "refused")
+                desk.host.spoil(FormHost::Refused, command);
+            if (fault == "not read") {
+                desk.host.faults()->setCode("arc_weld.weld_param", 8, 1);
+                desk.choose(4);
+            }
+            desk.current()->setValue(180);
+            desk.outcome();
+            desk.press("btnWeldingEnable");
+            QCOMPARE(desk.outcome().join('|'), outcome);
+            QCOMPARE(m("welmo.process_setting.weld_param.default.current")->getInt(-1), 0);
         }
-        desk.current()->setValue(180);
-        desk.outcome();
-        desk.press("btnWeldingEnable");
-        QTEST(desk.outcome(), "outcome");
-        QCOMPARE(m("welmo.process_setting.weld_param.default.current")->getInt(-1), 0);
     }
-
-    void removes_data() { addGroups(); }
     void removes()
     {
-        QFETCH(QString, group);
-        Desk desk(group);
-        const QString node = "arc_weld." + desk.group.set;
-        const QString command = "arc_weld.remove." + desk.group.set;
-        const auto remove = [&desk, &group] {
-            const QList<int> numbers{2, 17};
-            if (group == "arc start")
-                desk.page->removeArconParam(numbers);
-            else if (group == "weld")
-                desk.page->removeWeldParam(numbers);
-            else
-                desk.page->removeArcoffParam(numbers);
-            return desk.outcome();
-        };
-        desk.storeFile(2, {});
-        desk.host.faults()->setCode(command, 8, 1);
-        QCOMPARE(remove(), QStringList({"error: remove parameter error", "do " + command}));
-        QVERIFY(desk.host.stored(node, desk.group.file + '2').isValid());
-        QCOMPARE(remove(), QStringList({"info: remove parameter success", "do " + command}));
-        QVERIFY(!desk.host.stored(node, desk.group.file + '2').isValid());
-        QVERIFY(desk.host.stored(node, desk.group.file + '1').isValid());
-        QVERIFY(desk.host.disconnect());
-        QCOMPARE(remove(), QStringList("error: tessa not connected"));
+        for (const auto &[name, group] : groups) {
+            Desk desk(group);
+            const QString node = "arc_weld." + group.set;
+            const QString command = "arc_weld.remove." + group.set;
+            const auto remove = [&desk, name = name] {
+                const QList<int> numbers{2, 17};
+                if (name == "arc start")
+                    desk.page->removeArconParam(numbers);
+                else if (name == "weld")
+                    desk.page->removeWeldParam(numbers);
+                else
+                    desk.page->removeArcoffParam(numbers);
+                return desk.outcome();
+            };
+            desk.storeFile(2, {});
+            desk.host.faults()->setCode(command, 8, 1);
+            QCOMPARE(remove(), QStringList({"error: remove parameter error", "do " + command}));
+            QVERIFY(desk.host.stored(node, group.file + '2').isValid());
+            QCOMPARE(remove(), QStringList({"info: remove parameter success", "do " + command}));
+            QVERIFY(!desk.host.stored(node, group.file + '2').isValid());
+            QVERIFY(desk.host.stored(node, group.file + '1').isValid());
+            QVERIFY(desk.host.disconnect());
+            QCOMPARE(remove(), QStringList("error: tessa not connected"));
+        }
     }
-
     void aForeignSenderIsToldOfSuccessAndSavesNothing()
     {
-        Desk desk;
+        Desk desk(weld);
         desk.current()->setValue(180);
         desk.page->onSaveButtonClicked();
         QCOMPARE(desk.outcome(), QStringList("info: save parameter succeed"));

@@ -8,9 +8,11 @@
 #include "instructions/weavewidget.h"
 #include "settings/weavefunctionpage.h"
 #include "support/formhost.h"
+#include "support/rows.h"
 
 using testsupport::child;
 using testsupport::FormHost;
+using testsupport::Rows;
 
 namespace {
 
@@ -81,7 +83,6 @@ private slots:
             QVERIFY2(child(desk.page.wgt(), name)->isEnabled(), name);
         QVERIFY(!child<QLabel>(desk.page.wgt(), "lblTriangle")->pixmap(Qt::ReturnByValue).isNull());
     }
-
     void theReferenceDecidesRangeAndUnits()
     {
         Desk desk;
@@ -105,29 +106,20 @@ private slots:
         desk.reference->setCurrentIndex(0);
         QCOMPARE(desk.text("lblWeaveLeftStayUnit"), QString("mm"));
     }
-
-    void thePatternDecidesRadiusAndStay_data()
-    {
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<bool>("radius");
-        QTest::addColumn<bool>("stay");
-        QTest::newRow("none") << "no_weaving" << false << false;
-        QTest::newRow("triangular") << "triangular" << false << true;
-        QTest::newRow("sine") << "sine" << false << true;
-        QTest::newRow("circular") << "circular" << true << false;
-        QTest::newRow("figure 8") << "figure_8" << true << false;
-    }
     void thePatternDecidesRadiusAndStay()
     {
-        QFETCH(QString, pattern);
-        QFETCH(bool, radius);
-        Desk desk;
-        desk.show(2, {{"pattern", pattern}});
-        for (const char *name : {"lblWeaveRadius", "sbxWeaveRadius", "lblWeaveRadiusUnit"})
-            QCOMPARE(child(desk.page.wgt(), name)->isHidden(), !radius);
-        QTEST(child(desk.page.wgt(), "gbxWeaveStaySetting")->isEnabled(), "stay");
+        const Rows<bool, bool> rows{
+            {"no_weaving", false, false}, {"triangular", false, true}, {"sine", false, true},
+            {"circular", true, false},    {"figure_8", true, false},
+        };
+        for (const auto &[pattern, radius, stay] : rows) {
+            Desk desk;
+            desk.show(2, {{"pattern", QString(pattern)}});
+            for (const char *name : {"lblWeaveRadius", "sbxWeaveRadius", "lblWeaveRadiusUnit"})
+                QCOMPARE(child(desk.page.wgt(), name)->isHidden(), !radius);
+            QCOMPARE(child(desk.page.wgt(), "gbxWeaveStaySetting")->isEnabled(), stay);
+        }
     }
-
     void oneAmplitudeForBothSides()
     {
         Desk desk;
@@ -137,7 +129,6 @@ private slots:
         QCOMPARE(desk.host.stored("arc_weld.weave_param", "weavedata2").toMap()["amplitude"],
                  QVariant(QVariantMap{{"left", 2.5}, {"right", 2.5}}));
     }
-
     void anglesAreRememberedWhileTheyDoNotCount()
     {
         Desk desk;
@@ -167,45 +158,38 @@ private slots:
         desk.elevation->setCurrentIndex(1);
         QCOMPARE(desk.angles(), QString("15 5 1"));
     }
-
-    void rulesBeforeASave_data()
+    void rulesBeforeASave()
     {
-        QTest::addColumn<bool>("period");
-        QTest::addColumn<QVector<double>>("values"); // frequency, amplitude, angles if they count
-        QTest::addColumn<QString>("message");
         const QString good = "info: save parameter succeed";
         const QString product =
             "error: The frequency multiplied by the amplitude must be less than 50";
         const QString sum = "error: The sum of the elevation angles must not be 0, 180, or -180";
-        using Values = QVector<double>;
-        QTest::newRow("exactly 50") << true << Values{5, 10} << good;
-        QTest::newRow("10.01") << true << Values{5, 10.01} << product;
-        QTest::newRow("length") << false << Values{500, 100} << good;
-        QTest::newRow("180") << true << Values{1, 1, 90, 90} << sum;
-        QTest::newRow("-180") << true << Values{1, 1, -90, -90} << sum;
-        QTest::newRow("0") << true << Values{1, 1, 12.34, -12.34} << sum;
-        QTest::newRow("0.01") << true << Values{1, 1, 0.1, -0.09} << good;
-        QTest::newRow("the product comes first") << true << Values{5, 11, 0, 0} << product;
+        using Values = QVector<double>; // frequency, amplitude, angles if they count
+        const Rows<bool, Values, QString> rows{
+            {"exactly 50", true, Values{5, 10}, good},
+            {"10.01", true, Values{5, 10.01}, product},
+            {"length", false, Values{500, 100}, good},
+            {"180", true, Values{1, 1, 90, 90}, sum},
+            {"-180", true, Values{1, 1, -90, -90}, sum},
+            {"0", true, Values{1, 1, 12.34, -12.34}, sum},
+            {"0.01", true, Values{1, 1, 0.1, -0.09}, good},
+            {"the product comes first", true, Values{5, 11, 0, 0}, product},
+        };
+        for (const auto &[name, period, values, message] : rows) {
+            Desk desk;
+            desk.reference->setCurrentIndex(period);
+            desk.frequency->setValue(values[0]);
+            desk.amplitude->setValue(values[1]);
+            desk.elevation->setCurrentIndex(values.size() > 2);
+            if (values.size() > 2)
+                desk.setAngles(values[2], values[3]);
+            desk.host.takeRequests();
+            child<QPushButton>(desk.page.wgt(), "btnSave")->click();
+            QCOMPARE(desk.host.takeMessages(), QStringList(message + " [weaveFunction]"));
+            QCOMPARE(desk.host.takeRequests().isEmpty(), message.startsWith("error"));
+            QCOMPARE(desk.amplitude->value(), values[1]);
+        }
     }
-    void rulesBeforeASave()
-    {
-        QFETCH(QVector<double>, values);
-        QFETCH(QString, message);
-        QFETCH(bool, period);
-        Desk desk;
-        desk.reference->setCurrentIndex(period);
-        desk.frequency->setValue(values[0]);
-        desk.amplitude->setValue(values[1]);
-        desk.elevation->setCurrentIndex(values.size() > 2);
-        if (values.size() > 2)
-            desk.setAngles(values[2], values[3]);
-        desk.host.takeRequests();
-        child<QPushButton>(desk.page.wgt(), "btnSave")->click();
-        QCOMPARE(desk.host.takeMessages(), QStringList(message + " [weaveFunction]"));
-        QCOMPARE(desk.host.takeRequests().isEmpty(), message.startsWith("error"));
-        QCOMPARE(desk.amplitude->value(), values[1]);
-    }
-
     void eachHomeCreatesFilesOfItsOwn()
     {
         // Whichever editor was built last: both write to the one default node.

@@ -81,6 +81,24 @@ bool FormHost::disconnect()
     return wait(false);
 }
 
+void FormHost::spoil(Failure failure, const QString &request)
+{
+    if (failure == LinkDown)
+        disconnect();
+    else if (failure == Refused)
+        faults()->setCode(request.section(' ', 1, 1), 7);
+    else if (failure == NoAnswer)
+        m_link->breakAt = request;
+    else if (failure == DiskFull)
+        faults()->set(controller::Faults::Fault::DiskFull, true);
+}
+
+bool FormHost::mend()
+{
+    faults()->clear();
+    return connect();
+}
+
 bool FormHost::wait(bool up)
 {
     QSignalSpy changed(m_host->service(), &XService::connectedChanged);

@@ -46,6 +46,13 @@ public:
     bool connect();
     bool disconnect();
 
+    /// What can go wrong with a request.
+    enum Failure { NoFailure, LinkDown, Refused, NoAnswer, DiskFull };
+    /// From now on @p request ("set arc_weld.weld_param arcdata1") fails like that.
+    void spoil(Failure failure, const QString &request);
+    /// Everything works again; false when the link does not come up.
+    bool mend();
+
     /// "level: text [sender]" of the messages since the last call, oldest first.
     QStringList takeMessages();
     /// The requests since the last call, oldest first; those of this class are not among them.
