@@ -274,31 +274,29 @@ class tst_HoldSequences : public QObject
 {
     Q_OBJECT
 private slots:
-    void wireFollowsTheHand();
-};
-
-void tst_HoldSequences::wireFollowsTheHand()
-{
-    constexpr quint32 sequences = 1000;
-    QMap<QString, int> stops; // by cause
-    for (quint32 seed = 1; seed <= sequences; ++seed) {
-        Scene scene(seed);
-        scene.play();
-        QVERIFY2(
-            scene.fault().isEmpty(),
-            qPrintable(
-                QStringLiteral("seed %1, %2; %3").arg(seed).arg(scene.fault(), scene.story())));
-        const auto entries = scene.journal();
-        QVERIFY(entries.size() % 2 == 0); // all that started has stopped
-        for (const Journal::Entry &entry : entries) {
-            if (entry.event == Event::WireStops)
-                ++stops[entry.cause];
+    void wireFollowsTheHand()
+    {
+        constexpr quint32 sequences = 1000;
+        QMap<QString, int> stops; // by cause
+        for (quint32 seed = 1; seed <= sequences; ++seed) {
+            Scene scene(seed);
+            scene.play();
+            QVERIFY2(
+                scene.fault().isEmpty(),
+                qPrintable(
+                    QStringLiteral("seed %1, %2; %3").arg(seed).arg(scene.fault(), scene.story())));
+            const auto entries = scene.journal();
+            QVERIFY(entries.size() % 2 == 0); // all that started has stopped
+            for (const Journal::Entry &entry : entries) {
+                if (entry.event == Event::WireStops)
+                    ++stops[entry.cause];
+            }
         }
+        for (const char *cause : {"wire_feel", "wire_feel_back", "no heartbeat", "no key held",
+                                  "pendant lost", "welder error", "wire stuck"})
+            QVERIFY2(stops.value(cause) > 20, qPrintable(QString(cause)));
     }
-    for (const char *cause : {"wire_feel", "wire_feel_back", "no heartbeat", "no key held",
-                              "pendant lost", "welder error", "wire stuck"})
-        QVERIFY2(stops.value(cause) > 20, qPrintable(QString(cause)));
-}
+};
 
 QTEST_GUILESS_MAIN(tst_HoldSequences)
 #include "tst_holdsequences.moc"
