@@ -31,47 +31,42 @@ class tst_Library : public QObject
     Q_OBJECT
 
 private slots:
-    void itNeedsQtTheHostAndTheRuntimeOnly();
-    void itFindsThereWhatItNeeds();
-    void itExportsNothing();
+    void itNeedsQtTheHostAndTheRuntimeOnly()
+    {
+        const QStringList needed = readElf("--dynamic", R"(\(NEEDED\).*\[(.*)\]$)");
+        QStringList host;
+        QStringList foreign;
+        QString known =
+            R"(^(libQt5(Core|Gui|Widgets)|libstdc\+\+|libm|libc|libgcc_s|ld-linux-.*)\.so)";
+        if (SANITIZED)
+            known += "|^lib(asan|ubsan|tsan|lsan)\\.so";
+        for (const QString &library : needed) {
+            if (hostLibraries.contains(library))
+                host.append(library);
+            else if (!QRegularExpression(known).match(library).hasMatch())
+                foreign.append(library);
+        }
+        QCOMPARE(foreign.join(' '), QString());
+        QCOMPARE(host, hostLibraries);
+    }
+    void itFindsThereWhatItNeeds()
+    {
+        QLibrary library(WELMO_MODULE);
+        library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
+        QVERIFY2(library.load(), qPrintable(library.errorString()));
+    }
+    void itExportsNothing()
+    {
+        // Weak names are instances of others' templates, the plain ones the linker's own.
+        const QStringList strong = readElf("--dyn-syms", R"(GLOBAL +\w+ +\d+ (\S+)$)");
+        QStringList own;
+        for (const QString &name : strong) {
+            if (!QRegularExpression("^_(init|fini|end|edata|_bss_start)$").match(name).hasMatch())
+                own.append(name);
+        }
+        QCOMPARE(own.join(' '), QString());
+    }
 };
-
-void tst_Library::itNeedsQtTheHostAndTheRuntimeOnly()
-{
-    const QStringList needed = readElf("--dynamic", R"(\(NEEDED\).*\[(.*)\]$)");
-    QStringList host;
-    QStringList foreign;
-    QString known = R"(^(libQt5(Core|Gui|Widgets)|libstdc\+\+|libm|libc|libgcc_s|ld-linux-.*)\.so)";
-    if (SANITIZED)
-        known += "|^lib(asan|ubsan|tsan|lsan)\\.so";
-    for (const QString &library : needed) {
-        if (hostLibraries.contains(library))
-            host.append(library);
-        else if (!QRegularExpression(known).match(library).hasMatch())
-            foreign.append(library);
-    }
-    QCOMPARE(foreign.join(' '), QString());
-    QCOMPARE(host, hostLibraries);
-}
-
-void tst_Library::itFindsThereWhatItNeeds()
-{
-    QLibrary library(WELMO_MODULE);
-    library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
-    QVERIFY2(library.load(), qPrintable(library.errorString()));
-}
-
-void tst_Library::itExportsNothing()
-{
-    // Weak names are instances of others' templates, the plain ones the linker's own.
-    const QStringList strong = readElf("--dyn-syms", R"(GLOBAL +\w+ +\d+ (\S+)$)");
-    QStringList own;
-    for (const QString &name : strong) {
-        if (!QRegularExpression("^_(init|fini|end|edata|_bss_start)$").match(name).hasMatch())
-            own.append(name);
-    }
-    QCOMPARE(own.join(' '), QString());
-}
 
 QTEST_MAIN(tst_Library)
 #include "tst_library.moc"

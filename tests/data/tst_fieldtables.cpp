@@ -259,7 +259,6 @@ private slots:
         for (size_t i = 0; i < m_sets.size(); ++i)
             QTest::newRow(qPrintable(m_sets[i].name)) << int(i);
     }
-
     void contract()
     {
         // The instruction's weave editor is the page's, but for one default.
@@ -304,7 +303,6 @@ private slots:
         stored.removeChild("stranger");
         QCOMPARE(leaves(&stored), keys); // and nothing else is stored
     }
-
     void labelling()
     {
         QFETCH_GLOBAL(int, set);
@@ -317,7 +315,6 @@ private slots:
         for (const QString &label : labels.value(setName()).split('|'))
             QVERIFY2(texts.contains(label), qPrintable(label));
     }
-
     void eachRow()
     {
         for (const auto &row : fields().rows()) {

@@ -52,7 +52,6 @@ private slots:
         }
         QCOMPARE(kelp::versionManager().size(), numbers.size());
     }
-
     /// The patch counts the class versions, less five.
     void versionText()
     {
@@ -62,7 +61,6 @@ private slots:
         QCOMPARE(welmo::version(), QString("1.1.12"));
         kelp::versionManager().remove("welmo.one_more");
     }
-
     void construction()
     {
         BareHost bare("zh_CN");
@@ -81,7 +79,6 @@ private slots:
         const QString line = QString::fromUtf8(log.readAll());
         QVERIFY2(line.startsWith("[S|") && line.endsWith(" welmo v1.1.11\n"), qPrintable(line));
     }
-
     /// The order in which the host drives a module: the entry in init, the views in setup.
     void initThenSetup()
     {
@@ -102,7 +99,6 @@ private slots:
         QVERIFY(pando::frame().center->switchTo("welmo.page"));
         QVERIFY(pando::frame().rightSide->switchTo("welmo.page"));
     }
-
     void noSideBarNoMonitor()
     {
         BareHost bare;

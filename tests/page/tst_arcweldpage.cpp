@@ -84,7 +84,6 @@ private slots:
         QCOMPARE(desk.subPages(), QString("GBX_WELDSELECTION"));
         QVERIFY(desk.page->styleSheet().contains("QWidget#wgtContent"));
     }
-
     void subPagesAreMadeOnceAndKept()
     {
         Desk desk;
@@ -108,7 +107,6 @@ private slots:
         page->switchPage(); // that nobody clicked
         QCOMPARE(desk.checked(), QString("Process Setting under Process Setting"));
     }
-
     void availability()
     {
         Desk desk;
@@ -132,7 +130,6 @@ private slots:
         desk.status()->setLevel(ControllerStatus::Level::Viewer);
         QVERIFY(usable()); // the level counts only with the next of the others
     }
-
     void aConnectionLoadsThePagesAnew()
     {
         Desk desk;
@@ -153,7 +150,6 @@ private slots:
         }
         QCOMPARE(desk.host.takeMessages(), QStringList());
     }
-
     void whatIsCopiedIntoTheModulesTree()
     {
         Desk desk;
@@ -183,7 +179,6 @@ private slots:
         QCOMPARE(value("welding_options.weld_mode"), QVariant("simu"));
         QCOMPARE(value("device_param.model"), QVariant("T"));
     }
-
     void theWeldModeIsShownAndTold()
     {
         Desk desk;
