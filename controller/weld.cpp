@@ -42,6 +42,8 @@ QString textFor(Trouble trouble)
         return {};
     case Trouble::NoGas:
         return QStringLiteral("there is no gas");
+    case Trouble::NoCurrent: // a file as it comes into being
+        return QStringLiteral("the arc does not strike at the arc-start file's 0 A");
     case Trouble::NoArc:
         return QStringLiteral("the arc does not strike");
     case Trouble::ArcLost:

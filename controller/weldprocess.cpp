@@ -138,7 +138,8 @@ void WeldProcess::strike(const Conditions &conditions)
         if (m_tries++ < m_start.retries)
             enter(Stage::RetractDelay);
         else
-            stopWith(Trouble::NoArc, m_start.preFlow);
+            stopWith(startSetpoint().current > 0 ? Trouble::NoArc : Trouble::NoCurrent,
+                     m_start.preFlow);
     }
 }
 

@@ -12,7 +12,7 @@ class WeldProcess
 public:
     enum class Phase { Idle, PreFlow, Ignition, Welding, Crater, PostFlow };
     /// Why a weld ended; stays until the next one starts.
-    enum class Trouble { None, NoGas, NoArc, ArcLost, WireSticks };
+    enum class Trouble { None, NoGas, NoCurrent, NoArc, ArcLost, WireSticks };
 
     struct Conditions
     {
