@@ -5,6 +5,7 @@
 #include <QShowEvent>
 #include <QStackedLayout>
 
+#include "pendant/look.h"
 #include "pendant/program/filekeeper.h"
 #include "pendant/program/filespane.h"
 #include "pendant/program/formpane.h"
@@ -36,14 +37,20 @@ ProgramPage::ProgramPage(ProgramDocument *document, tessa::MessageLog *log, cons
     , m_keeper(new FileKeeper(document, m_run, m_files, this))
 {
     body()->addWidget(makeBar());
+    m_state = new QLabel(this);
+    m_state->setObjectName(QStringLiteral("lblRunState"));
+    m_state->setTextFormat(Qt::PlainText);
+    m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    body()->addWidget(m_state);
     auto *row = new QHBoxLayout;
     row->setSpacing(12);
     row->addWidget(makePanes(), 1);
     row->addWidget(makeLog(log));
     body()->addLayout(row, 1);
-    body()->setSpacing(12);
+    body()->setSpacing(10);
     connectPanes();
     refreshTitle();
+    showRun();
 }
 
 QWidget *ProgramPage::makeBar()
@@ -54,9 +61,10 @@ QWidget *ProgramPage::makeBar()
     m_runBar = new RunBar(m_document, m_run, m_lines);
     auto *bar = new QHBoxLayout(m_top);
     bar->setContentsMargins(0, 0, 0, 0);
-    bar->setSpacing(24);
+    bar->setSpacing(16);
     bar->addWidget(files);
-    bar->addWidget(m_runBar, 1);
+    bar->addWidget(m_runBar);
+    bar->addStretch(1);
     m_bar = files;
     return m_top;
 }
@@ -86,7 +94,7 @@ QWidget *ProgramPage::makeLog(tessa::MessageLog *log)
 
 void ProgramPage::connectPanes()
 {
-    connect(m_run, &ProgramRun::changed, this, &ProgramPage::makeRoom);
+    connect(m_run, &ProgramRun::changed, this, &ProgramPage::showRun);
     connect(m_document, &ProgramDocument::titleChanged, this, &ProgramPage::refreshTitle);
     connect(m_document, &QAbstractItemModel::modelReset, m_lines, [this] { m_lines->setLine(0); });
     connect(m_lines, &LinesPane::insertWanted, this, [this](const QString &word, int line) {
@@ -135,11 +143,21 @@ void ProgramPage::makeRoom()
     const bool hasForm = m_panes->currentWidget() == m_form;
     m_log->setVisible(!hasForm && width() >= widthForLog);
     m_top->setVisible(!hasForm || m_run->isUnderWay());
+    m_state->setVisible(m_top->isVisibleTo(this));
 }
 
 bool ProgramPage::mayGo(const std::function<void()> &goOn)
 {
     return m_keeper->mayGo(goOn);
+}
+
+void ProgramPage::showRun()
+{
+    const bool hasFailed = m_run->state() == ProgramRun::State::Failed;
+    m_state->setText(m_run->text());
+    m_state->setToolTip(m_run->text());
+    setStyleWord(m_state, "state", hasFailed ? QStringLiteral("failed") : QString());
+    makeRoom();
 }
 
 void ProgramPage::refreshTitle()

@@ -47,6 +47,7 @@ private:
     void takeLine(const QString &text);
     void showPane(QWidget *pane);
     void makeRoom();
+    void showRun();
     void refreshTitle();
 
     ProgramDocument *m_document;
@@ -60,6 +61,7 @@ private:
     QWidget *m_top = nullptr;
     QWidget *m_bar = nullptr;
     RunBar *m_runBar = nullptr;
+    QLabel *m_state = nullptr;
     QWidget *m_log = nullptr;
     int m_line = 0; // that the form is for
     bool m_inserts = false;

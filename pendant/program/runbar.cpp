@@ -1,8 +1,5 @@
 #include "pendant/program/runbar.h"
 
-#include <QLabel>
-
-#include "pendant/look.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/program/programrun.h"
 
@@ -15,13 +12,7 @@ RunBar::RunBar(ProgramDocument *document, ProgramRun *run, QWidget *page)
     , m_start(add(tr("Run"), "ProgramRun", Qt::CTRL | Qt::Key_R, page, run, &ProgramRun::start))
     , m_pause(add(tr("Pause"), "ProgramPause", {}, page, run, &ProgramRun::pause))
     , m_stop(add(tr("Stop"), "ProgramStop", {}, page, run, &ProgramRun::stop))
-    , m_text(new QLabel(this))
 {
-    m_text->setObjectName(QStringLiteral("lblRunState"));
-    m_text->setTextFormat(Qt::PlainText);
-    m_text->setWordWrap(true);
-    addSpace(8);
-    addFiller(m_text);
     connect(run, &ProgramRun::changed, this, &RunBar::refresh);
     connect(document, &ProgramDocument::contentsChanged, this, &RunBar::refresh);
     refresh();
@@ -43,8 +34,6 @@ void RunBar::refresh()
                         && m_document->rowCount() > 0);
     m_pause->setEnabled(state == State::Running);
     m_stop->setEnabled(isThere); // never refused, whatever this pendant thinks is going on
-    m_text->setText(m_run->text());
-    setStyleWord(m_text, "state", state == State::Failed ? QStringLiteral("failed") : QString());
 }
 
 } // namespace pendant

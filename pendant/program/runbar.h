@@ -2,14 +2,12 @@
 
 #include "pendant/program/actionbar.h"
 
-class QLabel;
-
 namespace pendant {
 
 class ProgramDocument;
 class ProgramRun;
 
-/// Runs, pauses and stops the program, and says where it is.
+/// Runs, pauses and stops the program.
 class RunBar : public ActionBar
 {
     Q_OBJECT
@@ -28,7 +26,6 @@ private:
     QAction *m_start;
     QAction *m_pause;
     QAction *m_stop;
-    QLabel *m_text;
 };
 
 } // namespace pendant

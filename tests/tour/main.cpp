@@ -12,7 +12,8 @@ namespace {
 constexpr void (*walk[])(tour::Tour &) = {
     tour::firstStart,    tour::processSetting, tour::restart,
     tour::linkDown,      tour::hostPages,      tour::processConfiguration,
-    tour::programEditor, tour::darkTheme,      tour::chinese,
+    tour::programEditor, tour::weld,           tour::darkTheme,
+    tour::chinese,
 };
 
 } // namespace

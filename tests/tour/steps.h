@@ -9,6 +9,7 @@ void firstStart(Tour &tour);
 void processSetting(Tour &tour);
 void processConfiguration(Tour &tour);
 void programEditor(Tour &tour);
+void weld(Tour &tour);
 void restart(Tour &tour);
 void linkDown(Tour &tour);
 void hostPages(Tour &tour);
