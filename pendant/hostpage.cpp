@@ -1,6 +1,7 @@
 #include "pendant/hostpage.h"
 
 #include <QLabel>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace pendant {
@@ -8,15 +9,23 @@ namespace pendant {
 HostPage::HostPage(const QString &title, QWidget *parent)
     : QWidget(parent)
     , m_title(new QLabel(title, this))
-    , m_body(new QVBoxLayout)
 {
     setAttribute(Qt::WA_StyledBackground);
     m_title->setObjectName(QStringLiteral("lblPageTitle"));
+    // Beside an open side bar a page may find less room than it needs; the window must not grow.
+    auto *area = new QScrollArea(this);
+    area->setObjectName(QStringLiteral("pndPageArea"));
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    auto *content = new QWidget;
+    content->setObjectName(QStringLiteral("pndPageContent"));
+    m_body = new QVBoxLayout(content);
+    area->setWidget(content);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_title);
-    layout->addLayout(m_body, 1);
+    layout->addWidget(area, 1);
     m_body->setContentsMargins(16, 16, 16, 16);
     m_body->setSpacing(16);
 }

@@ -42,6 +42,24 @@ bool showsItsText(const QWidget *widget)
     return widget->sizeHint().width() <= widget->width();
 }
 
+/// What of @p shown is cut off, too small for a finger, or has to be scrolled sideways.
+QStringList misfits(const QWidget *shown)
+{
+    QStringList list;
+    for (const auto *widget : shown->findChildren<QWidget *>()) {
+        const bool isTouched = qobject_cast<const QAbstractButton *>(widget)
+            || qobject_cast<const QComboBox *>(widget);
+        const auto *bar = qobject_cast<const QScrollBar *>(widget);
+        const bool fits = bar
+            ? bar->orientation() == Qt::Vertical
+            : !isTouched || (widget->height() >= smallestTouch && widget->width() >= smallestTouch);
+        const bool isRead = isTouched || qobject_cast<const QLabel *>(widget);
+        if (widget->isVisible() && !(fits && (!isRead || showsItsText(widget))))
+            list.append(describe(widget));
+    }
+    return list;
+}
+
 } // namespace
 
 class TestAppearance : public QObject
@@ -75,23 +93,18 @@ void TestAppearance::everythingFits()
     TestPendant pendant(setup);
     for (const char *page : {"home", "messages", "controller"}) {
         pendant.open(page);
-        for (const auto *button : pendant.window()->findChildren<QAbstractButton *>()) {
-            if (button->isVisible())
-                QVERIFY2(button->height() >= smallestTouch && button->width() >= smallestTouch
-                             && showsItsText(button),
-                         qPrintable(describe(button)));
-        }
-        for (const auto *combo : pendant.window()->findChildren<QComboBox *>()) {
-            if (combo->isVisible())
-                QVERIFY2(combo->height() >= smallestTouch && showsItsText(combo),
-                         qPrintable(describe(combo)));
-        }
-        for (const auto *label : pendant.window()->findChildren<QLabel *>()) {
-            if (label->isVisible())
-                QVERIFY2(showsItsText(label), qPrintable(describe(label)));
-        }
-        QCOMPARE(pendant.window()->size(), QSize(1280, 800));
+        QCOMPARE(misfits(pendant.window()).join("\n"), QString());
     }
+    pendant.open("arcweldpackage");
+    for (auto *subPage : pendant.find("wgtNav")->findChildren<QToolButton *>()) {
+        testsupport::finger::touch(subPage);
+        QCoreApplication::processEvents(); // the page is laid out
+        QCOMPARE(misfits(pendant.window()).join("\n"), QString());
+    }
+    pando::frame().rightSide->show();
+    QCoreApplication::processEvents();
+    QCOMPARE(misfits(pando::frame().rightSide).join("\n"), QString());
+    QCOMPARE(pendant.window()->size(), QSize(1280, 800));
 }
 
 // A module styles its pages itself; a rule of the pendant that reaches them changes their look.
