@@ -63,9 +63,12 @@ void startWelding(Tour &tour, testsupport::ProgramTouch &program)
         program.open("fillet.tl");
         pendant.click("btnProgramRun");
         strike(pendant, Qt::Key_F6);
-        const bool welds =
-            QTest::qWaitFor([&] { return shown(pendant, "lblActualCurrent") > 100; }, patience);
-        return Tour::require(welds ? "welding" : "no current", "welding");
+        const auto *file = pendant.find<QLineEdit>("ledtWeldingName");
+        const auto isWelding = [&] {
+            return file->text() == "arcdata1" && shown(pendant, "lblActualCurrent") > 160;
+        };
+        const bool welds = QTest::qWaitFor(isWelding, patience);
+        return Tour::require(welds ? "welding" : "no weld", "welding");
     });
     tour.picture("weld");
 }
