@@ -80,26 +80,6 @@ private slots:
             QCOMPARE(seen, events);
         }
     }
-    void timedLineThatIsStopped()
-    {
-        ProgramBench bench;
-        bench.go({"FeedOnWire 5"});
-        bench.pass(1000);
-        bench.faults.set(Fault::WireStuck, true);
-        bench.pass(50);
-        QCOMPARE(bench.state("state"), QVariant("error"));
-        bench.faults.clear();
-        bench.go({"FeedOnWire 5", "MoveL p3,v1000,fine,torch1"});
-        bench.pass(1000);
-        QVERIFY(bench.run("tl_program.pause").ok());
-        QCOMPARE(bench.events().contains(Event::WireStops), true);
-        bench.pass(3000);
-        bench.run("tl_program.run");
-        bench.pass(3900);
-        QCOMPARE(bench.state("line"), QVariant(1));
-        bench.pass(200);
-        QCOMPARE(bench.state("line"), QVariant(2));
-    }
     void unknownLinesAreIgnoredAloud()
     {
         ProgramBench bench;

@@ -1,7 +1,9 @@
+#include <QTemporaryDir>
 #include <QtTest>
 #include <limits>
 
 #include "controllerbench.h"
+#include "sql.h"
 #include "support/rows.h"
 
 using namespace controller;
@@ -176,6 +178,9 @@ private slots:
             {"unknown set", Write, "arc_weld.gas_param", "gas1", named("gas1"), UnknownNode},
             {"empty set", Write, "arc_weld.", "arcondata3", named("arcondata3"), UnknownNode},
             {"another set's", Write, arcOn, "arcdata3", named("arcdata3"), UnknownKey},
+            {"after the last", Write, arcOn, "arcondata41", named("arcondata41"), UnknownKey},
+            {"before the first", Read, arcOn, "arcondata0", {}, UnknownKey},
+            {"another spelling", Read, arcOn, "arcondata01", {}, UnknownKey},
             {"no key", Write, arcOn, "", named("arcondata3"), UnknownKey},
             {"another name", Write, arcOn, "arcondata3", named("arcondata4"), BadPayload},
             {"default's name", Write, arcOn, "arcondata3", named("default"), BadPayload},
@@ -282,6 +287,29 @@ private slots:
                 told = told.toMap().value(part);
             QCOMPARE(told, payload);
         }
+    }
+    void integersAreStoredAsIntegers()
+    {
+        Bench bench;
+        const QVariantList dwell{0.0, 5.0, 10};
+        QVERIFY(bench.set(weave, "weavedata1", named("weavedata1", {{"dwell_time", dwell}})).ok());
+        const QVariantMap stored = bench.get(weave, "weavedata1").value.toMap();
+        QCOMPARE(stored.value("dwell_time").toList().at(1).userType(), int(QMetaType::Int));
+    }
+    void aDamagedEntryIsNotAMissingFile()
+    {
+        const QTemporaryDir folder;
+        const QString name = folder.filePath("controller.db");
+        QString problem;
+        const auto store = Store::open(name, &problem);
+        Faults faults;
+        Journal journal;
+        Controller controller(*store, faults, journal, [] { return qint64(0); });
+        QVERIFY(controller.handle({Write, arcOn, "arcondata1", named("arcondata1")}).ok());
+        QVERIFY(runSql(name, "UPDATE entry SET value = '?'"));
+        QCOMPARE(controller.handle({Read, arcOn, "arcondata1", {}}).code, int(StorageFailed));
+        QCOMPARE(controller.handle({Read, arcOn, {}, {}}).code, int(StorageFailed));
+        QVERIFY(controller.handle({Read, arcOn, "arcondata2", {}}).ok());
     }
 };
 

@@ -91,40 +91,6 @@ class tst_Robot : public QObject
 {
     Q_OBJECT
 private slots:
-    void knownPoses()
-    {
-        const Rows<Joints, Pose> rows{
-            {"zero", Joints{}, Pose{890, 0, 1150, 0, 90, 0}},
-            {"base", Joints{90}, Pose{0, 890, 1150, 0, 90, 90}},
-            {"shoulder", Joints{0, 90}, Pose{850, 0, -290, 180, 0, 180}},
-            {"elbow", Joints{0, 0, 90}, Pose{250, 0, 310, 180, 0, 180}},
-            {"wrist bent", Joints{0, 0, 0, 0, 90}, Pose{790, 0, 1050, 180, 0, 180}},
-            {"wrist to the side", Joints{0, 0, 0, 90, 90}, Pose{790, 100, 1150, 90, 0, 180}},
-            {"flange", Joints{0, 0, 0, 0, 90, 30}, Pose{790, 0, 1050, 180, 0, 150}},
-        };
-        for (const auto &[name, joints, flange] : rows) {
-            const arm::Pose pose = arm::toPose(arm::forward(joints));
-            QVERIFY(isSamePose({pose.x, pose.y, pose.z, pose.a, pose.b, pose.c}, flange));
-        }
-    }
-    void inverseIsTheWayBack()
-    {
-        const Joints near{10, 20, 10, 30, 40, 50};
-        for (int i = 0; i < 27; ++i) {
-            const int third = i / 3;
-            const int ninth = i / 9;
-            const Joints joints{-160.0 + 140 * ninth,  25, 5, 40, -80.0 + 70 * (third % 3),
-                                -170.0 + 235 * (i % 3)};
-            const auto back = arm::inverse(arm::forward(joints), joints);
-            QVERIFY(back);
-            for (size_t axis = 0; axis < joints.size(); ++axis)
-                QVERIFY(std::abs(back->at(axis) - joints[axis]) < 1e-6);
-            const auto other = arm::inverse(arm::forward(joints), near);
-            QVERIFY(other && arm::forward(*other).isApprox(arm::forward(joints), 1e-9));
-        }
-        QVERIFY(!arm::inverse(arm::toFrame({2000, 0, 500, 180, 0, 180}), near));
-        QVERIFY(!arm::inverse(arm::toFrame({150, 0, 550, 0, 0, 0}), near));
-    }
     void seededPointsAreTrue()
     {
         RobotBench bench;

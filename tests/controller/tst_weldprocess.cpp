@@ -1,5 +1,4 @@
 #include <QtTest>
-#include <algorithm>
 
 #include "controller/weldprocess.h"
 #include "controllerbench.h"
@@ -154,26 +153,6 @@ private slots:
                                         {"voltage", voltage}}));
             QVERIFY(bench.has(amperes, volts));
         }
-    }
-    void noiseIsLittleAndRepeatable()
-    {
-        const auto curve = [](quint32 seed) {
-            Bench bench;
-            bench.weld = WeldProcess(seed);
-            bench.startWelding();
-            QVector<double> values;
-            for (int i = 0; i < 500; ++i) {
-                bench.run(1);
-                values.append(bench.current());
-            }
-            return values;
-        };
-        const QVector<double> first = curve(1);
-        const auto [low, high] = std::minmax_element(first.begin(), first.end());
-        QVERIFY(*low < 250 && *low >= 250 * (1 - noise));
-        QVERIFY(*high > 250 && *high <= 250 * (1 + noise));
-        QCOMPARE(curve(1), first);
-        QVERIFY(curve(2) != first);
     }
     void valuesRamp()
     {
