@@ -9,8 +9,10 @@
 
 #include "kelp/jsonfile.h"
 #include "pando/frame.h"
+#include "support/rows.h"
 #include "support/testpendant.h"
 
+using testsupport::Rows;
 using testsupport::Setup;
 using testsupport::TestPendant;
 
@@ -66,80 +68,53 @@ class TestAppearance : public QObject
 {
     Q_OBJECT
 private slots:
-    void everythingFits_data();
-    void everythingFits();
-    void rulesStayOutOfModules();
-    void noTokenIsUnknown_data();
-    void noTokenIsUnknown();
-};
-
-void TestAppearance::everythingFits_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("theme");
-    QTest::newRow("en light") << "en"
-                              << "light";
-    QTest::newRow("zh_CN dark") << "zh_CN"
-                                << "dark";
-}
-
-void TestAppearance::everythingFits()
-{
-    QFETCH(QString, language);
-    QFETCH(QString, theme);
-    Setup setup;
-    setup.language = language;
-    setup.theme = theme;
-    TestPendant pendant(setup);
-    for (const char *page : {"home", "messages", "controller"}) {
-        pendant.open(page);
-        QCOMPARE(misfits(pendant.window()).join("\n"), QString());
-    }
-    pendant.open("arcweldpackage");
-    for (auto *subPage : pendant.find("wgtNav")->findChildren<QToolButton *>()) {
-        testsupport::finger::touch(subPage);
-        QCoreApplication::processEvents(); // the page is laid out
-        QCOMPARE(misfits(pendant.window()).join("\n"), QString());
-    }
-    pando::frame().rightSide->show();
-    QCoreApplication::processEvents();
-    QCOMPARE(misfits(pando::frame().rightSide).join("\n"), QString());
-    QCOMPARE(pendant.window()->size(), QSize(1280, 800));
-}
-
-// A module styles its pages itself; a rule of the pendant that reaches them changes their look.
-void TestAppearance::rulesStayOutOfModules()
-{
-    QString error;
-    const auto rules = kelp::readJsonFile(":/pendant/render/pendant.json", &error).array();
-    QVERIFY2(!rules.isEmpty(), qPrintable(error));
-    const QStringList own{"#pnd", "pendant--", "QMessageBox", "QToolTip", "QLabel#lblLinkState"};
-    for (const QJsonValue &rule : rules) {
-        for (const QString &selector : rule["name"].toString().split(',')) {
-            const bool isOwn = std::any_of(own.begin(), own.end(), [&](const QString &start) {
-                return selector.trimmed().startsWith(start);
-            });
-            QVERIFY2(isOwn, qPrintable(selector));
+    void everythingFits()
+    {
+        const Rows<QString, QString> rows{
+            {"en light", "en", "light"},
+            {"zh_CN dark", "zh_CN", "dark"},
+        };
+        for (const auto &[name, language, theme] : rows) {
+            Setup setup;
+            setup.language = language;
+            setup.theme = theme;
+            TestPendant pendant(setup);
+            for (const auto &entry : pendant.messages())
+                QVERIFY2(!entry.text.contains("theme tokens"), qPrintable(entry.text));
+            for (const char *page : {"home", "messages", "controller"}) {
+                pendant.open(page);
+                QCOMPARE(misfits(pendant.window()).join("\n"), QString());
+            }
+            pendant.open("arcweldpackage");
+            for (auto *subPage : pendant.find("wgtNav")->findChildren<QToolButton *>()) {
+                testsupport::finger::touch(subPage);
+                QCoreApplication::processEvents(); // the page is laid out
+                QCOMPARE(misfits(pendant.window()).join("\n"), QString());
+            }
+            pando::frame().rightSide->show();
+            QCoreApplication::processEvents();
+            QCOMPARE(misfits(pando::frame().rightSide).join("\n"), QString());
+            QCOMPARE(pendant.window()->size(), QSize(1280, 800));
         }
     }
-}
-
-void TestAppearance::noTokenIsUnknown_data()
-{
-    QTest::addColumn<QString>("theme");
-    QTest::newRow("light") << "light";
-    QTest::newRow("dark") << "dark";
-}
-
-void TestAppearance::noTokenIsUnknown()
-{
-    QFETCH(QString, theme);
-    Setup setup;
-    setup.theme = theme;
-    TestPendant pendant(setup);
-    for (const auto &entry : pendant.messages())
-        QVERIFY2(!entry.text.contains("theme tokens"), qPrintable(entry.text));
-}
+    // A module styles its pages itself; a rule of the pendant that reaches them changes their look.
+    void rulesStayOutOfModules()
+    {
+        QString error;
+        const auto rules = kelp::readJsonFile(":/pendant/render/pendant.json", &error).array();
+        QVERIFY2(!rules.isEmpty(), qPrintable(error));
+        const QStringList own{"#pnd", "pendant--", "QMessageBox", "QToolTip",
+                              "QLabel#lblLinkState"};
+        for (const QJsonValue &rule : rules) {
+            for (const QString &selector : rule["name"].toString().split(',')) {
+                const bool isOwn = std::any_of(own.begin(), own.end(), [&](const QString &start) {
+                    return selector.trimmed().startsWith(start);
+                });
+                QVERIFY2(isOwn, qPrintable(selector));
+            }
+        }
+    }
+};
 
 QTEST_MAIN(TestAppearance)
 #include "tst_appearance.moc"

@@ -3,6 +3,7 @@
 
 #include "pando/frame.h"
 #include "pendant/handlekey.h"
+#include "support/rows.h"
 #include "support/testpendant.h"
 
 using controller::Faults;
@@ -94,296 +95,278 @@ void repeat(QWindow *window, Qt::Key key)
 }
 
 using Act = std::function<void(Desk &)>;
+using testsupport::Rows;
 
 } // namespace
-
-Q_DECLARE_METATYPE(Act)
 
 /// The column of physical keys, as a hand and the controller's journal see it.
 class TestKeyColumn : public QObject
 {
     Q_OBJECT
 private slots:
-    void theColumnFollowsTheKeys();
-    void wireMovesWhileHeld_data();
-    void wireMovesWhileHeld();
-    void everyPressIsReleased_data();
-    void everyPressIsReleased();
-    void theFirstStateIsTheLeafs();
-    void aRestartReleases();
-    void repetitionsAreNoPresses();
-    void whoPressedReleases();
-    void otherKeysAreNoHandleKeys();
-    void whatStopsTheWire_data();
-    void whatStopsTheWire();
-};
-
-void TestKeyColumn::theColumnFollowsTheKeys()
-{
-    testsupport::Setup bare;
-    bare.modulePath = TOY_MODULE;
-    bare.connects = false;
+    void theColumnFollowsTheKeys()
     {
-        TestPendant pendant(bare);
-        QVERIFY(pendant.find("pndKeys")->isHidden());
-    }
-    Desk desk;
-    QCOMPARE(desk.faces().size(), 7);
-    for (const char *page : {"home", "messages", "controller", "arcweldpackage"}) {
-        desk.pendant.open(page);
-        pando::frame().rightSide->setVisible(QString(page) != "home");
-        QCoreApplication::processEvents();
-        QCOMPARE(desk.pendant.window()->size(), QSize(1280, 800));
-        for (auto *face : desk.faces()) {
-            QVERIFY(face->width() >= 64 && face->height() >= 64 && face->isEnabled());
-            QVERIFY(!face->visibleRegion().isEmpty());
+        testsupport::Setup bare;
+        bare.modulePath = TOY_MODULE;
+        bare.connects = false;
+        {
+            TestPendant pendant(bare);
+            QVERIFY(pendant.find("pndKeys")->isHidden());
         }
-    }
-    const auto top = [&desk](int key) { return desk.place(key).y(); };
-    QVERIFY(top(4) - top(3) > top(3) - top(2)); // the second group stands apart
-    const QImage before = desk.faces().first()->grab().toImage();
-    desk.press(wireFeed);
-    QVERIFY(desk.faces().first()->grab().toImage() != before);
-    desk.lift(wireFeed);
-    QVERIFY(desk.faces().first()->grab().toImage() == before);
-    desk.enable(false);
-    QVERIFY(!desk.faces().first()->isEnabled());
-}
-
-void TestKeyColumn::wireMovesWhileHeld_data()
-{
-    QTest::addColumn<Act>("act");
-    QTest::addColumn<QString>("wire");
-    const auto row = [](const char *name, const QString &wire, const Act &act) {
-        QTest::newRow(name) << act << wire;
-    };
-    row("mouse", "F.", [](Desk &desk) {
+        Desk desk;
+        QCOMPARE(desk.faces().size(), 7);
+        for (const char *page : {"home", "messages", "controller", "arcweldpackage"}) {
+            desk.pendant.open(page);
+            pando::frame().rightSide->setVisible(QString(page) != "home");
+            QCoreApplication::processEvents();
+            QCOMPARE(desk.pendant.window()->size(), QSize(1280, 800));
+            for (auto *face : desk.faces()) {
+                QVERIFY(face->width() >= 64 && face->height() >= 64 && face->isEnabled());
+                QVERIFY(!face->visibleRegion().isEmpty());
+            }
+        }
+        const auto top = [&desk](int key) { return desk.place(key).y(); };
+        QVERIFY(top(4) - top(3) > top(3) - top(2)); // the second group stands apart
+        const QImage before = desk.faces().first()->grab().toImage();
         desk.press(wireFeed);
-        QCOMPARE(desk.wire(), "F");
+        QVERIFY(desk.faces().first()->grab().toImage() != before);
         desk.lift(wireFeed);
-    });
-    row("mouse twice, as fast as a double click", "F.F.", [](Desk &desk) {
-        for (int i = 0; i < 2; ++i) {
-            desk.press(wireFeed);
-            desk.lift(wireFeed);
+        QVERIFY(desk.faces().first()->grab().toImage() == before);
+        desk.enable(false);
+        QVERIFY(!desk.faces().first()->isEnabled());
+    }
+    void wireMovesWhileHeld()
+    {
+        const Rows<QString, Act> rows{
+            {"mouse", "F.",
+             [](Desk &desk) {
+                 desk.press(wireFeed);
+                 QCOMPARE(desk.wire(), "F");
+                 desk.lift(wireFeed);
+             }},
+            {"mouse twice, as fast as a double click", "F.F.",
+             [](Desk &desk) {
+                 for (int i = 0; i < 2; ++i) {
+                     desk.press(wireFeed);
+                     desk.lift(wireFeed);
+                 }
+             }},
+            {"lifted elsewhere", "F.",
+             [](Desk &desk) {
+                 desk.press(wireFeed);
+                 QTest::mouseMove(desk.window(), {600, 400});
+                 QCOMPARE(desk.wire(), "F");
+                 QTest::mouseRelease(desk.window(), Qt::LeftButton, {}, {600, 400});
+             }},
+            {"beside the keys", "",
+             [](Desk &desk) {
+                 QTest::mouseClick(desk.window(), Qt::LeftButton, {}, {1182, 400});
+                 QTest::mouseClick(desk.window(), Qt::RightButton, {}, desk.place(wireFeed));
+             }},
+            {"one finger after the other", "F.R.",
+             [](Desk &desk) {
+                 for (int key : {wireFeed, pullBack}) {
+                     desk.fingerDown(1, key);
+                     desk.fingerUp(1, key);
+                 }
+             }},
+            {"two fingers", "F.R.",
+             [](Desk &desk) {
+                 desk.fingerDown(1, wireFeed);
+                 desk.fingerDown(2, pullBack, 1);
+                 QVERIFY(desk.keys()->isHeld(wireFeed) && desk.keys()->isHeld(pullBack));
+                 // One wire: the second key found it moving, and is held without effect.
+                 desk.fingerUp(1, wireFeed, 2);
+                 QVERIFY(!desk.keys()->isHeld(wireFeed) && desk.keys()->isHeld(pullBack));
+                 desk.fingerUp(2, pullBack);
+                 desk.fingerDown(3, pullBack);
+                 desk.fingerUp(3, pullBack);
+             }},
+            {"touch cancelled", "F.",
+             [](Desk &desk) {
+                 desk.fingerDown(1, wireFeed);
+                 QTouchEvent cancel(QEvent::TouchCancel, desk.screen);
+                 QCoreApplication::sendEvent(desk.pendant.find("pndKeys"), &cancel);
+                 QCOMPARE(desk.wire(), "F.");
+                 desk.fingerUp(1, wireFeed);
+             }},
+            {"a release that went elsewhere", "F.",
+             [](Desk &desk) {
+                 desk.press(wireFeed);
+                 QMouseEvent move(QEvent::MouseMove, {600, 400}, Qt::NoButton, Qt::NoButton, {});
+                 QCoreApplication::sendEvent(desk.window(), &move);
+             }},
+            {"keyboard, while a field has the focus", "F.",
+             [](Desk &desk) {
+                 pando::frame().rightSide->switchTo("welmo.page");
+                 pando::frame().rightSide->show();
+                 desk.pendant.click("ledtWeldingName");
+                 QTest::keyPress(desk.window(), Qt::Key_F1);
+                 QCOMPARE(desk.wire(), "F");
+                 QTest::keyRelease(desk.window(), Qt::Key_F1, Qt::ShiftModifier);
+                 QCOMPARE(desk.pendant.find<QLineEdit>("ledtWeldingName")->text(), "");
+             }},
+        };
+        for (const auto &[name, wire, act] : rows) {
+            Desk desk;
+            act(desk);
+            QCOMPARE(desk.wire(), wire);
         }
-    });
-    row("lifted elsewhere", "F.", [](Desk &desk) {
-        desk.press(wireFeed);
-        QTest::mouseMove(desk.window(), {600, 400});
-        QCOMPARE(desk.wire(), "F");
-        QTest::mouseRelease(desk.window(), Qt::LeftButton, {}, {600, 400});
-    });
-    row("beside the keys", "", [](Desk &desk) {
-        QTest::mouseClick(desk.window(), Qt::LeftButton, {}, {1182, 400});
-        QTest::mouseClick(desk.window(), Qt::RightButton, {}, desk.place(wireFeed));
-    });
-    row("one finger after the other", "F.R.", [](Desk &desk) {
-        for (int key : {wireFeed, pullBack}) {
-            desk.fingerDown(1, key);
-            desk.fingerUp(1, key);
+    }
+    // And what was held takes a fresh press, whatever the keyboard goes on repeating.
+    void everyPressIsReleased()
+    {
+        const Rows<Act> rows{
+            {"the set is disabled",
+             [](Desk &desk) {
+                 desk.enable(false);
+                 desk.enable(true);
+             }},
+            {"the set is registered again",
+             [](Desk &desk) {
+                 registerPhysicalButtons(&desk.pendant.app(), "other", {{"x", {}, {}, {}}}, {}, {});
+             }},
+            {"another window comes to the front",
+             [](Desk &desk) {
+                 QWidget other;
+                 other.show();
+                 QVERIFY(QTest::qWaitForWindowActive(&other));
+                 other.close();
+                 desk.window()->requestActivate();
+                 QVERIFY(QTest::qWaitForWindowActive(desk.window()));
+             }},
+            {"a dialog opens",
+             [](Desk &desk) {
+                 QWidget dialog;
+                 dialog.setWindowModality(Qt::ApplicationModal);
+                 dialog.show();
+                 QCOMPARE(desk.wire(), "R."); // at once, not when the window system knows
+             }},
+            {"hidden",
+             [](Desk &desk) {
+                 desk.pendant.window()->hide();
+                 QCOMPARE(desk.wire(), "R.");
+                 desk.pendant.window()->show();
+             }},
+            {"minimised",
+             [](Desk &desk) {
+                 desk.pendant.window()->showMinimized();
+                 desk.pendant.window()->showNormal();
+             }},
+            {"closed",
+             [](Desk &desk) {
+                 desk.pendant.window()->close();
+                 desk.pendant.window()->show();
+             }},
+        };
+        for (const auto &[name, event] : rows) {
+            Desk desk;
+            desk.fingerDown(1, pullBack);
+            QTest::keyPress(desk.window(), Qt::Key_F4);
+            QTest::keyPress(desk.window(), Qt::Key_F1);
+            QCOMPARE(desk.wire(), "R");
+            event(desk);
+            QCOMPARE(desk.wire(), "R.");
+            repeat(desk.window(), Qt::Key_F1);
+            desk.touch(0).move(1, desk.place(wireFeed), desk.window());
+            for (int key = 0; key < desk.keys()->count(); ++key)
+                QVERIFY(!desk.keys()->isHeld(key));
+            desk.fingerUp(1, wireFeed);
+            QTest::keyRelease(desk.window(), Qt::Key_F1);
+            QCOMPARE(desk.wire(), "R.");
+            QCOMPARE(desk.told("cancel wire reverse success"), 1);
+            QCOMPARE(desk.told("cancel wire feeding success"), 1);
+            QTest::keyClick(desk.window(), Qt::Key_F5);
+            QCOMPARE(desk.wire(), "R.R.");
         }
-    });
-    row("two fingers", "F.R.", [](Desk &desk) {
-        desk.fingerDown(1, wireFeed);
-        desk.fingerDown(2, pullBack, 1);
-        QVERIFY(desk.keys()->isHeld(wireFeed) && desk.keys()->isHeld(pullBack));
-        // One wire: the second key found it moving, and is held without effect.
-        desk.fingerUp(1, wireFeed, 2);
-        QVERIFY(!desk.keys()->isHeld(wireFeed) && desk.keys()->isHeld(pullBack));
-        desk.fingerUp(2, pullBack);
-        desk.fingerDown(3, pullBack);
-        desk.fingerUp(3, pullBack);
-    });
-    row("touch cancelled", "F.", [](Desk &desk) {
-        desk.fingerDown(1, wireFeed);
-        QTouchEvent cancel(QEvent::TouchCancel, desk.screen);
-        QCoreApplication::sendEvent(desk.pendant.find("pndKeys"), &cancel);
-        QCOMPARE(desk.wire(), "F.");
-        desk.fingerUp(1, wireFeed);
-    });
-    row("a release that went elsewhere", "F.", [](Desk &desk) {
-        desk.press(wireFeed);
-        QMouseEvent move(QEvent::MouseMove, {600, 400}, Qt::NoButton, Qt::NoButton, {});
-        QCoreApplication::sendEvent(desk.window(), &move);
-    });
-    row("keyboard, while a field has the focus", "F.", [](Desk &desk) {
-        pando::frame().rightSide->switchTo("welmo.page");
-        pando::frame().rightSide->show();
-        desk.pendant.click("ledtWeldingName");
+    }
+    void theFirstStateIsTheLeafs()
+    {
+        testsupport::Setup setup;
+        setup.keepFiles = true;
+        TestPendant pendant(setup);
+        const auto enabled = [&pendant] { return pendant.host()->keys()->isEnabled(wireFeed); };
+        QVERIFY(!enabled());
+        pendant.open("arcweldpackage");
+        pendant.click("btn_connectSwitch");
+        QVERIFY(enabled());
+        setup.connects = false;
+        pendant.restart(setup);
+        QCOMPARE(enabled(), m("welmo.device.enable")->getBool());
+        QVERIFY(pendant.waitConnected());
+        QVERIFY(enabled());
+    }
+    void aRestartReleases()
+    {
+        Desk desk;
         QTest::keyPress(desk.window(), Qt::Key_F1);
+        QString wire;
+        QObject::connect(desk.pendant.window(), &QObject::destroyed, &desk.pendant.app(),
+                         [&] { wire = desk.wire(); });
+        desk.pendant.app().stop();
+        QCOMPARE(wire, "F.");
+        desk.pendant.app().start();
+        QVERIFY(desk.pendant.waitConnected());
+    }
+    void repetitionsAreNoPresses()
+    {
+        Desk desk;
+        QTest::keyPress(desk.window(), Qt::Key_F1);
+        for (int i = 0; i < 10; ++i)
+            repeat(desk.window(), Qt::Key_F1);
         QCOMPARE(desk.wire(), "F");
-        QTest::keyRelease(desk.window(), Qt::Key_F1, Qt::ShiftModifier);
-        QCOMPARE(desk.pendant.find<QLineEdit>("ledtWeldingName")->text(), "");
-    });
-}
-
-void TestKeyColumn::wireMovesWhileHeld()
-{
-    QFETCH(Act, act);
-    QFETCH(QString, wire);
-    Desk desk;
-    act(desk);
-    QCOMPARE(desk.wire(), wire);
-}
-
-void TestKeyColumn::everyPressIsReleased_data()
-{
-    QTest::addColumn<Act>("event");
-    const auto row = [](const char *name, const Act &event) { QTest::newRow(name) << event; };
-    row("the set is disabled", [](Desk &desk) {
         desk.enable(false);
         desk.enable(true);
-    });
-    row("the set is registered again", [](Desk &desk) {
-        registerPhysicalButtons(&desk.pendant.app(), "other", {{"x", {}, {}, {}}}, {}, {});
-    });
-    row("another window comes to the front", [](Desk &desk) {
-        QWidget other;
-        other.show();
-        QVERIFY(QTest::qWaitForWindowActive(&other));
-        other.close();
-        desk.window()->requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(desk.window()));
-    });
-    row("a dialog opens", [](Desk &desk) {
-        QWidget dialog;
-        dialog.setWindowModality(Qt::ApplicationModal);
-        dialog.show();
-        QCOMPARE(desk.wire(), "R."); // at once, not when the window system knows
-    });
-    row("hidden", [](Desk &desk) {
-        desk.pendant.window()->hide();
-        QCOMPARE(desk.wire(), "R.");
-        desk.pendant.window()->show();
-    });
-    row("minimised", [](Desk &desk) {
-        desk.pendant.window()->showMinimized();
-        desk.pendant.window()->showNormal();
-    });
-    row("closed", [](Desk &desk) {
-        desk.pendant.window()->close();
-        desk.pendant.window()->show();
-    });
-}
-
-// And what was held takes a fresh press, whatever the keyboard goes on repeating.
-void TestKeyColumn::everyPressIsReleased()
-{
-    QFETCH(Act, event);
-    Desk desk;
-    desk.fingerDown(1, pullBack);
-    QTest::keyPress(desk.window(), Qt::Key_F4);
-    QTest::keyPress(desk.window(), Qt::Key_F1);
-    QCOMPARE(desk.wire(), "R");
-    event(desk);
-    QCOMPARE(desk.wire(), "R.");
-    repeat(desk.window(), Qt::Key_F1);
-    desk.touch(0).move(1, desk.place(wireFeed), desk.window());
-    for (int key = 0; key < desk.keys()->count(); ++key)
-        QVERIFY(!desk.keys()->isHeld(key));
-    desk.fingerUp(1, wireFeed);
-    QTest::keyRelease(desk.window(), Qt::Key_F1);
-    QCOMPARE(desk.wire(), "R.");
-    QCOMPARE(desk.told("cancel wire reverse success"), 1);
-    QCOMPARE(desk.told("cancel wire feeding success"), 1);
-    QTest::keyClick(desk.window(), Qt::Key_F5);
-    QCOMPARE(desk.wire(), "R.R.");
-}
-
-void TestKeyColumn::theFirstStateIsTheLeafs()
-{
-    testsupport::Setup setup;
-    setup.keepFiles = true;
-    TestPendant pendant(setup);
-    const auto enabled = [&pendant] { return pendant.host()->keys()->isEnabled(wireFeed); };
-    QVERIFY(!enabled());
-    pendant.open("arcweldpackage");
-    pendant.click("btn_connectSwitch");
-    QVERIFY(enabled());
-    setup.connects = false;
-    pendant.restart(setup);
-    QCOMPARE(enabled(), m("welmo.device.enable")->getBool());
-    QVERIFY(pendant.waitConnected());
-    QVERIFY(enabled());
-}
-
-void TestKeyColumn::aRestartReleases()
-{
-    Desk desk;
-    QTest::keyPress(desk.window(), Qt::Key_F1);
-    QString wire;
-    QObject::connect(desk.pendant.window(), &QObject::destroyed, &desk.pendant.app(),
-                     [&] { wire = desk.wire(); });
-    desk.pendant.app().stop();
-    QCOMPARE(wire, "F.");
-    desk.pendant.app().start();
-    QVERIFY(desk.pendant.waitConnected());
-}
-
-void TestKeyColumn::repetitionsAreNoPresses()
-{
-    Desk desk;
-    QTest::keyPress(desk.window(), Qt::Key_F1);
-    for (int i = 0; i < 10; ++i)
-        repeat(desk.window(), Qt::Key_F1);
-    QCOMPARE(desk.wire(), "F");
-    desk.enable(false);
-    desk.enable(true);
-    QTest::keyPress(desk.window(), Qt::Key_F1); // a repetition that does not say so
-    QTest::keyRelease(desk.window(), Qt::Key_F1);
-    QCOMPARE(desk.wire(), "F.");
-    QCOMPARE(desk.told("wire feeding success"), 1);
-    QCOMPARE(desk.told("cancel wire feeding success"), 1);
-}
-
-void TestKeyColumn::whoPressedReleases()
-{
-    Desk desk;
-    QTest::keyPress(desk.window(), Qt::Key_F1);
-    desk.press(wireFeed);
-    desk.lift(wireFeed);
-    QCOMPARE(desk.wire(), "F");
-    QTest::keyRelease(desk.window(), Qt::Key_F1);
-    QCOMPARE(desk.wire(), "F.");
-}
-
-void TestKeyColumn::otherKeysAreNoHandleKeys()
-{
-    Desk desk;
-    for (const auto modifier : {Qt::AltModifier, Qt::ControlModifier, Qt::ShiftModifier})
-        QTest::keyClick(desk.window(), Qt::Key_F4, modifier);
-    QTest::keyClick(desk.window(), Qt::Key_F8);
-    QTest::keyClick(desk.window(), Qt::Key_Escape);
-    QCOMPARE(m("welmo.welding_options.weld_mode")->getString(), "test_run");
-    QTest::keyClick(desk.window(), Qt::Key_F4);
-    QTRY_COMPARE(m("welmo.welding_options.weld_mode")->getString(), "simu");
-}
-
-void TestKeyColumn::whatStopsTheWire_data()
-{
-    QTest::addColumn<Faults::Fault>("fault");
-    QTest::newRow("link lost") << Faults::Fault::LinkDown;
-    QTest::newRow("welder error") << Faults::Fault::WelderError;
-}
-
-// The key stays down; only a fresh press moves wire again.
-void TestKeyColumn::whatStopsTheWire()
-{
-    QFETCH(Faults::Fault, fault);
-    Desk desk;
-    QTest::keyPress(desk.window(), Qt::Key_F1);
-    desk.pendant.faults()->set(fault, true);
-    QTRY_COMPARE(desk.wire(), "F.");
-    QVERIFY(fault != Faults::Fault::LinkDown || desk.pendant.waitDisconnected());
-    desk.pendant.faults()->clear();
-    QVERIFY(desk.pendant.waitConnected());
-    repeat(desk.window(), Qt::Key_F1);
-    QTest::keyRelease(desk.window(), Qt::Key_F1);
-    QCOMPARE(desk.wire(), "F.");
-    QTest::keyClick(desk.window(), Qt::Key_F1);
-    QCOMPARE(desk.wire(), "F.F.");
-}
+        QTest::keyPress(desk.window(), Qt::Key_F1); // a repetition that does not say so
+        QTest::keyRelease(desk.window(), Qt::Key_F1);
+        QCOMPARE(desk.wire(), "F.");
+        QCOMPARE(desk.told("wire feeding success"), 1);
+        QCOMPARE(desk.told("cancel wire feeding success"), 1);
+    }
+    void whoPressedReleases()
+    {
+        Desk desk;
+        QTest::keyPress(desk.window(), Qt::Key_F1);
+        desk.press(wireFeed);
+        desk.lift(wireFeed);
+        QCOMPARE(desk.wire(), "F");
+        QTest::keyRelease(desk.window(), Qt::Key_F1);
+        QCOMPARE(desk.wire(), "F.");
+    }
+    void otherKeysAreNoHandleKeys()
+    {
+        Desk desk;
+        for (const auto modifier : {Qt::AltModifier, Qt::ControlModifier, Qt::ShiftModifier})
+            QTest::keyClick(desk.window(), Qt::Key_F4, modifier);
+        QTest::keyClick(desk.window(), Qt::Key_F8);
+        QTest::keyClick(desk.window(), Qt::Key_Escape);
+        QCOMPARE(m("welmo.welding_options.weld_mode")->getString(), "test_run");
+        QTest::keyClick(desk.window(), Qt::Key_F4);
+        QTRY_COMPARE(m("welmo.welding_options.weld_mode")->getString(), "simu");
+    }
+    // The key stays down; only a fresh press moves wire again.
+    void whatStopsTheWire()
+    {
+        const Rows<Faults::Fault> rows{
+            {"link lost", Faults::Fault::LinkDown},
+            {"welder error", Faults::Fault::WelderError},
+        };
+        for (const auto &[name, fault] : rows) {
+            Desk desk;
+            QTest::keyPress(desk.window(), Qt::Key_F1);
+            desk.pendant.faults()->set(fault, true);
+            QTRY_COMPARE(desk.wire(), "F.");
+            QVERIFY(fault != Faults::Fault::LinkDown || desk.pendant.waitDisconnected());
+            desk.pendant.faults()->clear();
+            QVERIFY(desk.pendant.waitConnected());
+            repeat(desk.window(), Qt::Key_F1);
+            QTest::keyRelease(desk.window(), Qt::Key_F1);
+            QCOMPARE(desk.wire(), "F.");
+            QTest::keyClick(desk.window(), Qt::Key_F1);
+            QCOMPARE(desk.wire(), "F.F.");
+        }
+    }
+};
 
 QTEST_MAIN(TestKeyColumn)
 #include "tst_keycolumn.moc"

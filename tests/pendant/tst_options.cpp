@@ -2,71 +2,54 @@
 #include <QTest>
 
 #include "pendant/options.h"
+#include "support/rows.h"
+
+using testsupport::Rows;
 
 class TestOptions : public QObject
 {
     Q_OBJECT
 private slots:
-    void unusable_data();
-    void unusable();
-    void defaults();
-    void given();
-    void help();
+    void unusable()
+    {
+        const Rows<QStringList, QString> rows{
+            {"language", QStringList{"--language", "de"}, "'de'"},
+            {"theme", QStringList{"--theme", "pink"}, "'pink'"},
+            {"theme file", QStringList{"--theme", "/nowhere/t.json"}, "'/nowhere/t.json'"},
+            {"theme folder", QStringList{"--theme", "/"}, "'/'"},
+            {"unknown option", QStringList{"--colour", "red"}, "'colour'"},
+            {"value missing", QStringList{"--data"}, "'--data'"},
+            {"empty folder", QStringList{"--data", ""}, "--data"},
+            {"too many", QStringList{"arcweld"}, "'arcweld'"},
+        };
+        for (const auto &[name, arguments, named] : rows) {
+            const auto parsed = pendant::parseOptions(QStringList{"pendant"} + arguments);
+            QVERIFY2(parsed.error.contains(named), qPrintable(parsed.error));
+            QVERIFY(!parsed.error.contains('\n'));
+        }
+    }
+    void usable()
+    {
+        const auto defaults = pendant::parseOptions({"pendant"});
+        QVERIFY(defaults.error.isEmpty() && defaults.options.language.isEmpty());
+        QVERIFY(defaults.options.theme.isEmpty());
+        QVERIFY(defaults.options.dataFolder.endsWith("/welmo"));
+        QVERIFY(defaults.options.modulePath.endsWith("libwelmo.so"));
+        QTemporaryFile theme;
+        QVERIFY(theme.open());
+        const auto given =
+            pendant::parseOptions({"pendant", "--language", "zh_CN", "--theme", theme.fileName(),
+                                   "--data", "/d", "--module", "/m.so"});
+        QCOMPARE(given.error, QString());
+        QCOMPARE(given.options.language, "zh_CN");
+        QCOMPARE(given.options.theme, theme.fileName());
+        QCOMPARE(given.options.dataFolder, "/d");
+        QCOMPARE(given.options.modulePath, "/m.so");
+        const QString help = pendant::parseOptions({"pendant", "--help"}).help;
+        for (const char *option : {"--language", "--theme", "--data", "--module"})
+            QVERIFY2(help.contains(option), option);
+    }
 };
-
-void TestOptions::unusable_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("named");
-    QTest::newRow("language") << QStringList{"--language", "de"} << "'de'";
-    QTest::newRow("theme") << QStringList{"--theme", "pink"} << "'pink'";
-    QTest::newRow("theme file") << QStringList{"--theme", "/nowhere/t.json"} << "'/nowhere/t.json'";
-    QTest::newRow("theme folder") << QStringList{"--theme", "/"} << "'/'";
-    QTest::newRow("unknown option") << QStringList{"--colour", "red"} << "'colour'";
-    QTest::newRow("value missing") << QStringList{"--data"} << "'--data'";
-    QTest::newRow("empty folder") << QStringList{"--data", ""} << "--data";
-    QTest::newRow("too many") << QStringList{"arcweld"} << "'arcweld'";
-}
-
-void TestOptions::unusable()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, named);
-    const auto parsed = pendant::parseOptions(QStringList{"pendant"} + arguments);
-    QVERIFY2(parsed.error.contains(named), qPrintable(parsed.error));
-    QVERIFY(!parsed.error.contains('\n'));
-}
-
-void TestOptions::defaults()
-{
-    const auto parsed = pendant::parseOptions({"pendant"});
-    QCOMPARE(parsed.error, QString());
-    QCOMPARE(parsed.options.language, QString());
-    QCOMPARE(parsed.options.theme, QString());
-    QVERIFY(parsed.options.dataFolder.endsWith("/welmo"));
-    QVERIFY(parsed.options.modulePath.endsWith("libwelmo.so"));
-}
-
-void TestOptions::given()
-{
-    QTemporaryFile theme;
-    QVERIFY(theme.open());
-    const auto parsed =
-        pendant::parseOptions({"pendant", "--language", "zh_CN", "--theme", theme.fileName(),
-                               "--data", "/d", "--module", "/m.so"});
-    QCOMPARE(parsed.error, QString());
-    QCOMPARE(parsed.options.language, "zh_CN");
-    QCOMPARE(parsed.options.theme, theme.fileName());
-    QCOMPARE(parsed.options.dataFolder, "/d");
-    QCOMPARE(parsed.options.modulePath, "/m.so");
-}
-
-void TestOptions::help()
-{
-    const QString help = pendant::parseOptions({"pendant", "--help"}).help;
-    for (const char *option : {"--language", "--theme", "--data", "--module"})
-        QVERIFY2(help.contains(option), option);
-}
 
 QTEST_GUILESS_MAIN(TestOptions)
 #include "tst_options.moc"

@@ -3,10 +3,10 @@
 #include <functional>
 
 #include "pendant/program/programdocument.h"
+#include "support/rows.h"
 
 using pendant::ProgramDocument;
 using Act = std::function<void(ProgramDocument &)>;
-Q_DECLARE_METATYPE(Act)
 
 namespace {
 
@@ -32,57 +32,44 @@ class TestProgramDocument : public QObject
 {
     Q_OBJECT
 private slots:
-    void edits_data()
-    {
-        QTest::addColumn<Act>("act");
-        QTest::addColumn<QByteArray>("after");
-        const auto row = [](const char *name, Act act, const QByteArray &after) {
-            QTest::newRow(name) << act << after;
-        };
-        const QByteArray mark = "\xEF\xBB\xBF";
-        row(
-            "replace", [](auto &d) { d.setLine(1, "a\nb"); },
-            mark + "MoveJ p1\r\na b\n\r\nArcOff \"arcoffdata1\"");
-        row(
-            "insert last", [](auto &d) { d.insertLine(4, "x"); },
-            mark + "MoveJ p1\r\n\xC4 raw\n\r\nArcOff \"arcoffdata1\"\r\nx");
-        row(
-            "remove", [](auto &d) { d.removeLine(1); },
-            mark + "MoveJ p1\r\n\r\nArcOff \"arcoffdata1\"");
-        row(
-            "move down", [](auto &d) { d.moveLine(1, 3); },
-            mark + "MoveJ p1\r\n\r\nArcOff \"arcoffdata1\"\r\n\xC4 raw");
-        row(
-            "move up", [](auto &d) { d.moveLine(1, 0); },
-            mark + "\xC4 raw\r\nMoveJ p1\r\n\r\nArcOff \"arcoffdata1\"");
-    }
-
     void edits()
     {
-        QFETCH(Act, act);
-        QFETCH(QByteArray, after);
-        const QTemporaryDir folder;
-        const QString file = folder.filePath("a.tl");
-        write(file, program);
-        ProgramDocument document;
-        QString problem;
-        QVERIFY2(document.open(file, &problem), qPrintable(problem));
-        QStringList before;
-        for (int i = 0; i < document.rowCount(); ++i)
-            before.append(document.index(i).data().toString());
-        act(document);
-        QVERIFY(document.isModified());
-        QVERIFY(document.save(file, &problem));
-        QVERIFY(!document.isModified());
-        QCOMPARE(read(file), after);
-        document.undoStack()->undo();
-        QVERIFY(document.isModified());
-        for (int i = 0; i < document.rowCount(); ++i)
-            QCOMPARE(document.index(i).data().toString(), before.value(i));
-        QVERIFY(document.save(file, &problem));
-        QCOMPARE(read(file), program);
+        const QByteArray mark = "\xEF\xBB\xBF";
+        const testsupport::Rows<Act, QByteArray> rows{
+            {"replace", [](auto &d) { d.setLine(1, "a\nb"); },
+             mark + "MoveJ p1\r\na b\n\r\nArcOff \"arcoffdata1\""},
+            {"insert last", [](auto &d) { d.insertLine(4, "x"); },
+             mark + "MoveJ p1\r\n\xC4 raw\n\r\nArcOff \"arcoffdata1\"\r\nx"},
+            {"remove", [](auto &d) { d.removeLine(1); },
+             mark + "MoveJ p1\r\n\r\nArcOff \"arcoffdata1\""},
+            {"move down", [](auto &d) { d.moveLine(1, 3); },
+             mark + "MoveJ p1\r\n\r\nArcOff \"arcoffdata1\"\r\n\xC4 raw"},
+            {"move up", [](auto &d) { d.moveLine(1, 0); },
+             mark + "\xC4 raw\r\nMoveJ p1\r\n\r\nArcOff \"arcoffdata1\""},
+        };
+        for (const auto &[name, act, after] : rows) {
+            const QTemporaryDir folder;
+            const QString file = folder.filePath("a.tl");
+            write(file, program);
+            ProgramDocument document;
+            QString problem;
+            QVERIFY2(document.open(file, &problem), qPrintable(problem));
+            QStringList before;
+            for (int i = 0; i < document.rowCount(); ++i)
+                before.append(document.index(i).data().toString());
+            act(document);
+            QVERIFY(document.isModified());
+            QVERIFY(document.save(file, &problem));
+            QVERIFY(!document.isModified());
+            QCOMPARE(read(file), after);
+            document.undoStack()->undo();
+            QVERIFY(document.isModified());
+            for (int i = 0; i < document.rowCount(); ++i)
+                QCOMPARE(document.index(i).data().toString(), before.value(i));
+            QVERIFY(document.save(file, &problem));
+            QCOMPARE(read(file), program);
+        }
     }
-
     void whatCannotBeReadOrWritten()
     {
         const QTemporaryDir folder;

@@ -22,198 +22,174 @@ class TestProgramPage : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
-    void everyInstruction_data();
-    void everyInstruction();
-    void onlyTheEditedLineChanges();
-    void aRefusedLineIsReplacedOnlyWhenTheOperatorSaysSo();
-    void nothingIsLostWithoutAQuestion();
-    void whatCannotBeSavedStays();
-    void findings();
-    void aLongProgram();
-    void runs();
+    void init()
+    {
+        m_pendant = std::make_unique<TestPendant>();
+        m_program = std::make_unique<ProgramTouch>(*m_pendant);
+    }
+    void cleanup()
+    {
+        m_program.reset();
+        m_pendant.reset();
+    }
+    void everyInstruction_data()
+    {
+        QTest::addColumn<QString>("line");
+        for (const char *line : {R"(ArcOn "arcondata1","arcdata1")", R"(ArcOff "arcoffdata1")",
+                                 "WMoveL p1,v5,fine,torch1,wobj0",
+                                 "WMoveC p1,p1,v5,fine,torch1,wobj0", R"(WeaveOn "weavedata1")",
+                                 "WeaveOff", "FeedOnWire 0.1", "FeedBackWire 0.1", "DetectGas 0.1"})
+            QTest::newRow(QByteArray(line).split(' ').first()) << QString(line);
+    }
+    // Inserted, opened, written again unchanged, and taken back.
+    void everyInstruction()
+    {
+        QFETCH(QString, line);
+        const int before = m_pendant->messages().size();
+        m_program->insert(QTest::currentDataTag());
+        m_pendant->click("btnFormAccept");
+        QCOMPARE(m_program->line(1), line);
+        m_pendant->click("btnEditLine");
+        QVERIFY(!m_pendant->find("lblFormWarning")->isVisible());
+        m_pendant->click("btnFormAccept");
+        QVERIFY(!m_program->isAsked());
+        QCOMPARE(m_program->line(1), line);
+        QCOMPARE(m_pendant->messages().size(), before);
+        m_pendant->click("btnUndo");
+        QCOMPARE(m_program->lineCount(), 0);
+    }
+    void onlyTheEditedLineChanges()
+    {
+        keep("mixed.tl", mixed);
+        m_program->open("mixed.tl");
+        m_program->choose(5);
+        m_pendant->click("btnEditLine");
+        m_pendant->choose("cbx_arcoffParamFileNumber", "arcoffdata8");
+        m_pendant->click("btnFormAccept");
+        m_pendant->click("btnSaveProgram");
+        QCOMPARE(kept("mixed.tl"), QByteArray(mixed).replace("data7", "data8"));
+    }
+    void aRefusedLineIsReplacedOnlyWhenTheOperatorSaysSo()
+    {
+        keep("mixed.tl", mixed);
+        m_program->open("mixed.tl");
+        m_program->choose(4); // its comment would be gone
+        const QString old = m_program->line(4);
+        m_pendant->click("btnEditLine");
+        QVERIFY(m_pendant->find("lblFormWarning")->isVisible());
+        m_pendant->click("btnFormAccept");
+        QVERIFY(m_program->isAsked());
+        m_program->answer("Back to the form");
+        QCOMPARE(m_program->line(4), old);
+        m_pendant->click("btnFormAccept");
+        m_program->answer("Replace");
+        QCOMPARE(m_program->line(4), "WMoveL p1,v10,fine,torch1,wobj0");
+        m_pendant->click("btnUndo");
+        m_program->choose(3); // no text at all, and nobody's instruction
+        m_pendant->click("btnEditLine");
+        QVERIFY(m_pendant->find("lblFormWarning")->isVisible());
+        m_pendant->click("btnFormAccept");
+        QVERIFY(!m_program->isAsked());
+        m_program->saveAs("again");
+        QCOMPARE(kept("again.tl"), mixed);
+    }
+    void nothingIsLostWithoutAQuestion()
+    {
+        m_program->insert("WeaveOff");
+        m_pendant->click("btnFormAccept");
+        m_pendant->changeDisplay("cbxTheme", "dark"); // the page is another one now
+        m_pendant->open("program");
+        QCOMPARE(m_program->line(1), QString("WeaveOff"));
+        m_pendant->click("btnNewProgram");
+        m_program->answer("Back");
+        QCOMPARE(m_program->lineCount(), 1);
+
+        m_pendant->open("home");
+        m_pendant->window()->close();
+        QVERIFY(m_pendant->window()->isVisible());
+        m_program->answer("Save");
+        QVERIFY(m_pendant->find("ledtFileName")->isVisible());
+        m_pendant->click("btnFileAccept"); // and what was asked for goes on
+        QTRY_VERIFY(!m_pendant->window()->isVisible());
+        QCOMPARE(kept("New program.tl"), "WeaveOff\n");
+    }
+    void whatCannotBeSavedStays()
+    {
+        m_program->insert("WeaveOff");
+        m_pendant->click("btnFormAccept");
+        QVERIFY(QDir(m_pendant->dataFolder()).mkpath("programs/taken.tl"));
+        m_program->saveAs("taken");
+        m_program->answer("Replace it");
+        QVERIFY2(m_pendant->lastMessage().startsWith("error: "),
+                 qPrintable(m_pendant->lastMessage()));
+        QVERIFY2(m_pendant->lastMessage().contains("taken.tl: "),
+                 qPrintable(m_pendant->lastMessage()));
+        m_pendant->click("btnFileCancel");
+        QVERIFY2(m_program->title().endsWith("(changed)"), qPrintable(m_program->title()));
+    }
+    // The margin says what the checker says, and follows every change.
+    void findings()
+    {
+        keep("wrong.tl", "WMoveL p9,v10,fine,torch1,wobj0\nMoveJ p9\nArcOff \"arcoffdata1\"\n");
+        m_program->open("wrong.tl");
+        auto *count = m_pendant->find<QPushButton>("btnNextFinding");
+        QTRY_COMPARE(count->text(), QString("2 findings"));
+        const auto *detail = m_pendant->find<QLabel>("lblFinding");
+        QCOMPARE(detail->text(), QString("no point p9 in the project"));
+        m_pendant->click("btnNextFinding");
+        QCOMPARE(detail->text(), QString("ArcOff without ArcOn"));
+        m_pendant->click("btnRemoveLine");
+        QTRY_COMPARE(count->text(), QString("1 finding"));
+        m_pendant->click("btnUndo");
+        QTRY_COMPARE(count->text(), QString("2 findings"));
+    }
+    void aLongProgram()
+    {
+        const int lines = 100000;
+        keep("long.tl", QByteArray("WMoveL p9,v10,fine,torch1,wobj0\n").repeated(lines));
+        m_program->open("long.tl");
+        QCOMPARE(m_program->lineCount(), lines);
+        m_program->choose(lines);
+        m_pendant->click("btnRemoveLine");
+        QTRY_COMPARE_WITH_TIMEOUT(m_pendant->find<QPushButton>("btnNextFinding")->text(),
+                                  QString("%1 findings").arg(lines - 1), 60000);
+    }
+    void runs()
+    {
+        const auto state = [this] { return m_pendant->find<QLabel>("lblRunState")->text(); };
+        m_program->open("fillet.tl");
+        m_pendant->click("btnProgramRun");
+        QTRY_VERIFY(state().startsWith("fillet.tl runs, line "));
+        QVERIFY(!m_pendant->find("btnInsertLine")->isEnabled());
+        QVERIFY(!m_pendant->find("btnOpenProgram")->isEnabled());
+        m_pendant->click("btnProgramPause");
+        QTRY_VERIFY(state().startsWith("fillet.tl is paused in line "));
+        m_pendant->click("btnProgramStop");
+        QTRY_COMPARE(state(), QString("Ready (stopped)"));
+        QVERIFY(m_pendant->find("btnInsertLine")->isEnabled());
+
+        m_pendant->click("btnLink");
+        QVERIFY(m_pendant->waitDisconnected());
+        QCOMPARE(state(), QString("No connection to the controller"));
+        QVERIFY(!m_pendant->find("btnProgramRun")->isEnabled());
+    }
 
 private:
-    void keep(const QString &name, const QByteArray &bytes);
-    QByteArray kept(const QString &name);
+    void keep(const QString &name, const QByteArray &bytes)
+    {
+        QVERIFY(QDir(m_pendant->dataFolder()).mkpath("programs"));
+        QFile file(m_pendant->dataFolder() + "/programs/" + name);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    QByteArray kept(const QString &name)
+    {
+        QFile file(m_pendant->dataFolder() + "/programs/" + name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : "unreadable";
+    }
 
     std::unique_ptr<TestPendant> m_pendant;
     std::unique_ptr<ProgramTouch> m_program;
 };
-
-void TestProgramPage::init()
-{
-    m_pendant = std::make_unique<TestPendant>();
-    m_program = std::make_unique<ProgramTouch>(*m_pendant);
-}
-
-void TestProgramPage::cleanup()
-{
-    m_program.reset();
-    m_pendant.reset();
-}
-
-void TestProgramPage::keep(const QString &name, const QByteArray &bytes)
-{
-    QVERIFY(QDir(m_pendant->dataFolder()).mkpath("programs"));
-    QFile file(m_pendant->dataFolder() + "/programs/" + name);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-}
-
-QByteArray TestProgramPage::kept(const QString &name)
-{
-    QFile file(m_pendant->dataFolder() + "/programs/" + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : "unreadable";
-}
-
-void TestProgramPage::everyInstruction_data()
-{
-    QTest::addColumn<QString>("line");
-    for (const char *line : {R"(ArcOn "arcondata1","arcdata1")", R"(ArcOff "arcoffdata1")",
-                             "WMoveL p1,v5,fine,torch1,wobj0", "WMoveC p1,p1,v5,fine,torch1,wobj0",
-                             R"(WeaveOn "weavedata1")", "WeaveOff", "FeedOnWire 0.1",
-                             "FeedBackWire 0.1", "DetectGas 0.1"})
-        QTest::newRow(QByteArray(line).split(' ').first()) << QString(line);
-}
-
-// Inserted, opened, written again unchanged, and taken back.
-void TestProgramPage::everyInstruction()
-{
-    QFETCH(QString, line);
-    const int before = m_pendant->messages().size();
-    m_program->insert(QTest::currentDataTag());
-    m_pendant->click("btnFormAccept");
-    QCOMPARE(m_program->line(1), line);
-    m_pendant->click("btnEditLine");
-    QVERIFY(!m_pendant->find("lblFormWarning")->isVisible());
-    m_pendant->click("btnFormAccept");
-    QVERIFY(!m_program->isAsked());
-    QCOMPARE(m_program->line(1), line);
-    QCOMPARE(m_pendant->messages().size(), before);
-    m_pendant->click("btnUndo");
-    QCOMPARE(m_program->lineCount(), 0);
-}
-
-void TestProgramPage::onlyTheEditedLineChanges()
-{
-    keep("mixed.tl", mixed);
-    m_program->open("mixed.tl");
-    m_program->choose(5);
-    m_pendant->click("btnEditLine");
-    m_pendant->choose("cbx_arcoffParamFileNumber", "arcoffdata8");
-    m_pendant->click("btnFormAccept");
-    m_pendant->click("btnSaveProgram");
-    QCOMPARE(kept("mixed.tl"), QByteArray(mixed).replace("data7", "data8"));
-}
-
-void TestProgramPage::aRefusedLineIsReplacedOnlyWhenTheOperatorSaysSo()
-{
-    keep("mixed.tl", mixed);
-    m_program->open("mixed.tl");
-    m_program->choose(4); // its comment would be gone
-    const QString old = m_program->line(4);
-    m_pendant->click("btnEditLine");
-    QVERIFY(m_pendant->find("lblFormWarning")->isVisible());
-    m_pendant->click("btnFormAccept");
-    QVERIFY(m_program->isAsked());
-    m_program->answer("Back to the form");
-    QCOMPARE(m_program->line(4), old);
-    m_pendant->click("btnFormAccept");
-    m_program->answer("Replace");
-    QCOMPARE(m_program->line(4), "WMoveL p1,v10,fine,torch1,wobj0");
-    m_pendant->click("btnUndo");
-    m_program->choose(3); // no text at all, and nobody's instruction
-    m_pendant->click("btnEditLine");
-    QVERIFY(m_pendant->find("lblFormWarning")->isVisible());
-    m_pendant->click("btnFormAccept");
-    QVERIFY(!m_program->isAsked());
-    m_program->saveAs("again");
-    QCOMPARE(kept("again.tl"), mixed);
-}
-
-void TestProgramPage::nothingIsLostWithoutAQuestion()
-{
-    m_program->insert("WeaveOff");
-    m_pendant->click("btnFormAccept");
-    m_pendant->changeDisplay("cbxTheme", "dark"); // the page is another one now
-    m_pendant->open("program");
-    QCOMPARE(m_program->line(1), QString("WeaveOff"));
-    m_pendant->click("btnNewProgram");
-    m_program->answer("Back");
-    QCOMPARE(m_program->lineCount(), 1);
-
-    m_pendant->open("home");
-    m_pendant->window()->close();
-    QVERIFY(m_pendant->window()->isVisible());
-    m_program->answer("Save");
-    QVERIFY(m_pendant->find("ledtFileName")->isVisible());
-    m_pendant->click("btnFileAccept"); // and what was asked for goes on
-    QTRY_VERIFY(!m_pendant->window()->isVisible());
-    QCOMPARE(kept("New program.tl"), "WeaveOff\n");
-}
-
-void TestProgramPage::whatCannotBeSavedStays()
-{
-    m_program->insert("WeaveOff");
-    m_pendant->click("btnFormAccept");
-    QVERIFY(QDir(m_pendant->dataFolder()).mkpath("programs/taken.tl"));
-    m_program->saveAs("taken");
-    m_program->answer("Replace it");
-    QVERIFY2(m_pendant->lastMessage().startsWith("error: "), qPrintable(m_pendant->lastMessage()));
-    QVERIFY2(m_pendant->lastMessage().contains("taken.tl: "), qPrintable(m_pendant->lastMessage()));
-    m_pendant->click("btnFileCancel");
-    QVERIFY2(m_program->title().endsWith("(changed)"), qPrintable(m_program->title()));
-}
-
-// The margin says what the checker says, and follows every change.
-void TestProgramPage::findings()
-{
-    keep("wrong.tl", "WMoveL p9,v10,fine,torch1,wobj0\nMoveJ p9\nArcOff \"arcoffdata1\"\n");
-    m_program->open("wrong.tl");
-    auto *count = m_pendant->find<QPushButton>("btnNextFinding");
-    QTRY_COMPARE(count->text(), QString("2 findings"));
-    const auto *detail = m_pendant->find<QLabel>("lblFinding");
-    QCOMPARE(detail->text(), QString("no point p9 in the project"));
-    m_pendant->click("btnNextFinding");
-    QCOMPARE(detail->text(), QString("ArcOff without ArcOn"));
-    m_pendant->click("btnRemoveLine");
-    QTRY_COMPARE(count->text(), QString("1 finding"));
-    m_pendant->click("btnUndo");
-    QTRY_COMPARE(count->text(), QString("2 findings"));
-}
-
-void TestProgramPage::aLongProgram()
-{
-    const int lines = 100000;
-    keep("long.tl", QByteArray("WMoveL p9,v10,fine,torch1,wobj0\n").repeated(lines));
-    m_program->open("long.tl");
-    QCOMPARE(m_program->lineCount(), lines);
-    m_program->choose(lines);
-    m_pendant->click("btnRemoveLine");
-    QTRY_COMPARE_WITH_TIMEOUT(m_pendant->find<QPushButton>("btnNextFinding")->text(),
-                              QString("%1 findings").arg(lines - 1), 60000);
-}
-
-void TestProgramPage::runs()
-{
-    const auto state = [this] { return m_pendant->find<QLabel>("lblRunState")->text(); };
-    m_program->open("fillet.tl");
-    m_pendant->click("btnProgramRun");
-    QTRY_VERIFY(state().startsWith("fillet.tl runs, line "));
-    QVERIFY(!m_pendant->find("btnInsertLine")->isEnabled());
-    QVERIFY(!m_pendant->find("btnOpenProgram")->isEnabled());
-    m_pendant->click("btnProgramPause");
-    QTRY_VERIFY(state().startsWith("fillet.tl is paused in line "));
-    m_pendant->click("btnProgramStop");
-    QTRY_COMPARE(state(), QString("Ready (stopped)"));
-    QVERIFY(m_pendant->find("btnInsertLine")->isEnabled());
-
-    m_pendant->click("btnLink");
-    QVERIFY(m_pendant->waitDisconnected());
-    QCOMPARE(state(), QString("No connection to the controller"));
-    QVERIFY(!m_pendant->find("btnProgramRun")->isEnabled());
-}
 
 QTEST_MAIN(TestProgramPage)
 #include "tst_programpage.moc"

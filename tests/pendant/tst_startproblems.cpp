@@ -4,9 +4,11 @@
 
 #include "pando/frame.h"
 #include "pendant/messageline.h"
+#include "support/rows.h"
 #include "support/testpendant.h"
 #include "vu/xtheme.h"
 
+using testsupport::Rows;
 using testsupport::Setup;
 using testsupport::TestPendant;
 
@@ -32,107 +34,85 @@ class TestStartProblems : public QObject
 {
     Q_OBJECT
 private slots:
-    void badFileIsToldAndKept_data();
-    void badFileIsToldAndKept();
-    void choiceDoesNotReplaceBadPreferences();
-    void folderCannotBeWritten();
-    void packageCannotBeUsed_data();
-    void packageCannotBeUsed();
+    void badFileIsToldAndKept()
+    {
+        const QByteArray garbage = "{ this is neither a store nor JSON";
+        const Rows<QString, QByteArray, bool> rows{
+            {"preferences", "pendant.json", garbage, true},
+            {"module's tree", "welmo.json", garbage, true},
+            {"theme", "theme.json", garbage, true},
+            {"theme without colours", "theme.json", QByteArray(R"({"name": "x"})"), true},
+            {"controller's store", "controller.db", garbage, false},
+        };
+        for (const auto &[name, file, content, connects] : rows) {
+            const QTemporaryDir folder;
+            const QString path = folder.filePath(file);
+            write(path, content);
+
+            Setup setup;
+            setup.dataFolder = folder.path();
+            setup.keepFiles = true;
+            setup.connects = connects;
+            if (file == "theme.json")
+                setup.theme = path;
+            TestPendant pendant(setup);
+            const auto *line = pendant.window()->findChild<pendant::MessageLine *>();
+            QTRY_VERIFY2(line->text().startsWith(path), qPrintable(line->text()));
+            const auto *problems = pendant.find<QLabel>("lblProblems");
+            QVERIFY(problems->isVisible());
+            QVERIFY2(problems->text().contains(path), qPrintable(problems->text()));
+            QVERIFY(vu::xtheme::current().color("text").isValid()); // it can be read as well
+            pendant.app().stop();
+            QCOMPARE(contentOf(path), content);
+        }
+    }
+    void choiceDoesNotReplaceBadPreferences()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("pendant.json");
+        write(path, "{");
+        Setup setup;
+        setup.dataFolder = folder.path();
+        TestPendant pendant(setup);
+        pendant.changeDisplay("cbxTheme", "dark");
+        QVERIFY(pendant.lastMessage().contains(path));
+        QCOMPARE(contentOf(path), QByteArray("{"));
+    }
+    // A file where the folder should be: not even the superuser can make a folder there.
+    void folderCannotBeWritten()
+    {
+        const QTemporaryDir folder;
+        write(folder.filePath("data"), "a file");
+        Setup setup;
+        setup.dataFolder = folder.filePath("data/below");
+        setup.keepFiles = true;
+        setup.connects = false;
+        TestPendant pendant(setup);
+        QTRY_VERIFY(pendant.lastMessage().contains(setup.dataFolder));
+        QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(setup.dataFolder));
+        QCOMPARE(contentOf(folder.filePath("data")), QByteArray("a file"));
+    }
+    void packageCannotBeUsed()
+    {
+        const Rows<QString, QString> rows{
+            {"missing", "/nowhere/lib.so", "there is no such file"},
+            {"not a library", NO_LIBRARY, "invalid ELF header"},
+            {"not a module", QString(NO_MODULE), "is not a module"},
+        };
+        for (const auto &[name, path, reason] : rows) {
+            Setup setup;
+            setup.modulePath = path;
+            TestPendant pendant(setup);
+            QCOMPARE(pando::frame().center->currentKey(), "pendant.plugin_error");
+            QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(reason));
+            QCOMPARE(pendant.find<QLabel>("lblPluginPath")->text(), path);
+            QVERIFY(pendant.find<QLabel>("lblPluginReason")->text().contains(reason));
+            pendant.open("home");
+            pendant.open("plugin_error");
+            QCOMPARE(pando::frame().center->currentKey(), "pendant.plugin_error");
+        }
+    }
 };
-
-void TestStartProblems::badFileIsToldAndKept_data()
-{
-    const QByteArray garbage = "{ this is neither a store nor JSON";
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("connects");
-    QTest::newRow("preferences") << "pendant.json" << garbage << true;
-    QTest::newRow("module's tree") << "welmo.json" << garbage << true;
-    QTest::newRow("theme") << "theme.json" << garbage << true;
-    QTest::newRow("theme without colours")
-        << "theme.json" << QByteArray(R"({"name": "x"})") << true;
-    QTest::newRow("controller's store") << "controller.db" << garbage << false;
-}
-
-void TestStartProblems::badFileIsToldAndKept()
-{
-    QFETCH(QString, file);
-    QFETCH(QByteArray, content);
-    QFETCH(bool, connects);
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(file);
-    write(path, content);
-
-    Setup setup;
-    setup.dataFolder = folder.path();
-    setup.keepFiles = true;
-    setup.connects = connects;
-    if (file == "theme.json")
-        setup.theme = path;
-    TestPendant pendant(setup);
-    const auto *line = pendant.window()->findChild<pendant::MessageLine *>();
-    QTRY_VERIFY2(line->text().startsWith(path), qPrintable(line->text()));
-    const auto *problems = pendant.find<QLabel>("lblProblems");
-    QVERIFY(problems->isVisible());
-    QVERIFY2(problems->text().contains(path), qPrintable(problems->text()));
-    QVERIFY(vu::xtheme::current().color("text").isValid()); // it can be read as well
-    pendant.app().stop();
-    QCOMPARE(contentOf(path), content);
-}
-
-void TestStartProblems::choiceDoesNotReplaceBadPreferences()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("pendant.json");
-    write(path, "{");
-    Setup setup;
-    setup.dataFolder = folder.path();
-    TestPendant pendant(setup);
-    pendant.changeDisplay("cbxTheme", "dark");
-    QVERIFY(pendant.lastMessage().contains(path));
-    QCOMPARE(contentOf(path), QByteArray("{"));
-}
-
-// A file where the folder should be: not even the superuser can make a folder there.
-void TestStartProblems::folderCannotBeWritten()
-{
-    const QTemporaryDir folder;
-    write(folder.filePath("data"), "a file");
-    Setup setup;
-    setup.dataFolder = folder.filePath("data/below");
-    setup.keepFiles = true;
-    setup.connects = false;
-    TestPendant pendant(setup);
-    QTRY_VERIFY(pendant.lastMessage().contains(setup.dataFolder));
-    QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(setup.dataFolder));
-    QCOMPARE(contentOf(folder.filePath("data")), QByteArray("a file"));
-}
-
-void TestStartProblems::packageCannotBeUsed_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("missing") << "/nowhere/lib.so"
-                             << "there is no such file";
-    QTest::newRow("not a library") << NO_LIBRARY << "invalid ELF header";
-    QTest::newRow("not a module") << QString(NO_MODULE) << "is not a module";
-}
-
-void TestStartProblems::packageCannotBeUsed()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, reason);
-    Setup setup;
-    setup.modulePath = path;
-    TestPendant pendant(setup);
-    QCOMPARE(pando::frame().center->currentKey(), "pendant.plugin_error");
-    QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(reason));
-    QCOMPARE(pendant.find<QLabel>("lblPluginPath")->text(), path);
-    QVERIFY(pendant.find<QLabel>("lblPluginReason")->text().contains(reason));
-    pendant.open("home");
-    pendant.open("plugin_error");
-    QCOMPARE(pando::frame().center->currentKey(), "pendant.plugin_error");
-}
 
 QTEST_MAIN(TestStartProblems)
 #include "tst_startproblems.moc"
