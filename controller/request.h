@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QVariant>
+#include <optional>
 
 namespace controller {
 
@@ -19,6 +20,8 @@ struct Request
     QString path;
     QString key;
     QVariant payload;
+    /// The revision of what a write is to replace; without one, whatever is there.
+    std::optional<qint64> revision = std::nullopt;
 };
 
 /// Result codes. Everything but Ok says that nothing was carried out.
@@ -33,7 +36,10 @@ enum Code {
     WrongState = 7, ///< not while the machine is in this state
     StorageFailed = 8, ///< the store could not be read or written
     WireStuck = 9, ///< the wire does not move
-    NoGas = 10 ///< there is no gas pressure
+    NoGas = 10, ///< there is no gas pressure
+    Conflict = 11, ///< somebody else has written it since it was read
+    NotInControl = 12, ///< another pendant holds control
+    NotAllowed = 13 ///< the user's role does not reach so far
 };
 
 /// The answer. With Ok an invalid @c value means: there is no such entry. A read that failed has
@@ -42,7 +48,9 @@ struct Reply
 {
     int code = Ok;
     QVariant value;
-    QString text; ///< the reason of a refusal, in English, for logs
+    QString text = {}; ///< the reason of a refusal, in English, for logs
+    /// Of the entry that was read or written; of nodes without entries there is none.
+    std::optional<qint64> revision = std::nullopt;
 
     bool ok() const { return code == Ok; }
 

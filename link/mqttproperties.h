@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+
+struct mqtt5__property;
+
+namespace links {
+struct MqttMessage;
+}
+
+/// What MQTT 5 carries beside a message's payload, between our form and the library's.
+namespace links::properties {
+
+struct Closer
+{
+    void operator()(mqtt5__property *list) const;
+};
+using List = std::unique_ptr<mqtt5__property, Closer>;
+
+List make(const MqttMessage &message);
+void read(const mqtt5__property *list, MqttMessage *message);
+
+} // namespace links::properties
