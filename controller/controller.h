@@ -24,6 +24,8 @@ public:
     /// Writes what every store has to hold, once in its life; comes before everything else.
     Reply start();
     Reply handle(const Request &request);
+    /// As of Registry::nodes().
+    QMap<QString, bool> nodes() const { return m_registry.nodes(); }
     /// Carries out what has become due by the clock, or by a fault that was switched.
     void tick();
     /// True while something goes on by itself: then tick() is wanted every paceMs().

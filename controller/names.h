@@ -33,6 +33,10 @@ inline const QString welderStateRate = QStringLiteral("arc_weld.welder_state_rat
 
 inline const QString journal = QStringLiteral("cell.journal");
 
+inline const QString control = QStringLiteral("cell.control");
+inline const QString takeControl = QStringLiteral("cell.control.take");
+inline const QString giveControl = QStringLiteral("cell.control.give");
+
 inline const QString project = QStringLiteral("orbo.project");
 inline const QString signalDetail = QStringLiteral("orbo.robot.io.signal_detail");
 inline const QString toolPage = QStringLiteral("orbo.toolpage");

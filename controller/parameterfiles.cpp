@@ -33,7 +33,8 @@ ParameterFiles::ParameterFiles(Cell &cell, Registry &registry)
             set.path(), [this, &set](const QString &file) { return read(set, file); },
             [this, &set](const QString &file, const QVariant &payload) {
                 return write(set, file, payload);
-            });
+            },
+            true);
         if (set.removable) {
             registry.addCommand(
                 names::removePrefix + set.name,

@@ -24,14 +24,23 @@ void Registry::addValue(const QString &path, const Read &read, const Write &writ
     m_nodes[path] = {readChild, writeWhole};
 }
 
-void Registry::addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write)
+void Registry::addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write,
+                          bool apart)
 {
-    m_nodes[path] = {read, write};
+    m_nodes[path] = {read, write, apart};
 }
 
 void Registry::addCommand(const QString &path, const Run &run)
 {
     m_commands[path] = run;
+}
+
+QMap<QString, bool> Registry::nodes() const
+{
+    QMap<QString, bool> nodes;
+    for (const auto &[path, node] : m_nodes)
+        nodes.insert(path, node.apart);
+    return nodes;
 }
 
 Reply Registry::dispatch(const Request &request) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <functional>
 #include <map>
 
@@ -21,8 +22,13 @@ public:
     /// only.
     void addValue(const QString &path, const Read &read, const Write &write = {});
     /// A node with entries, such as numbered files; a read without a key answers them all.
-    void addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write);
+    /// @p apart says that an entry is a value of its own, to be told and read without the others.
+    void addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write,
+                    bool apart = false);
     void addCommand(const QString &path, const Run &run);
+
+    /// Every node; true for one whose entries have a value each and know nothing of each other.
+    QMap<QString, bool> nodes() const;
 
     Reply dispatch(const Request &request) const;
 
@@ -31,6 +37,7 @@ private:
     {
         ReadEntry read;
         WriteEntry write;
+        bool apart = false;
     };
 
     Reply write(const Node &node, const Request &request) const;
