@@ -1,0 +1,295 @@
+#include "link/courier.h"
+
+#include <QMutexLocker>
+#include <QUuid>
+
+#include "link/requests.h"
+
+using controller::Reply;
+using tessa::LinkReply;
+using tessa::LinkRequest;
+
+namespace links {
+
+namespace {
+
+constexpr int unansweredMs = 2000; // a greeting, until somebody is told
+
+const QString nobody = QStringLiteral("nobody"); // a broker that asks for no user
+
+QString revisionKey(const LinkRequest &request)
+{
+    return request.path + '/' + request.key;
+}
+
+bool hasRevision(const LinkRequest &request)
+{
+    return !request.key.isEmpty()
+        && (request.kind == LinkRequest::Kind::Get || request.kind == LinkRequest::Kind::Set);
+}
+
+} // namespace
+
+Courier::Courier(const BrokerAddress &address, const QString &cell, controller::Clock clock)
+    : m_topics(cell)
+    , m_cell(cell)
+    , m_user(address.user.isEmpty() ? nobody : address.user)
+    , m_client(QStringLiteral("pendant-") + QUuid::createUuid().toString(QUuid::Id128))
+    , m_clock(std::move(clock))
+{
+    m_silence.start();
+    m_end = wire::toMessage(wire::Beat{m_client, 0, 0, 0, true});
+    m_end.topic = m_topics.beat(m_user);
+    const MqttClient::Options how{address, m_client, m_end};
+    m_mqtt = std::make_unique<MqttClient>(
+        how,
+        MqttClient::Handlers{
+            [this] { onOnline(); }, [this](const QString &reason) { onOffline(reason); },
+            [this](const MqttMessage &message) { onMessage(message); }, [this] { pulse(); }});
+}
+
+Courier::~Courier()
+{
+    leave();
+}
+
+void Courier::greet(int session)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_wanted != session) {
+            m_wanted = session;
+            breakOff();
+        }
+        if (m_session != session)
+            sendGreeting();
+    }
+    m_mqtt->start();
+}
+
+void Courier::sendGreeting()
+{
+    wire::Request hello;
+    hello.hello = true;
+    hello.content.key = QString::number(m_wanted); // asked again, it is the same session
+    m_watched.clear();
+    if (send(hello, {nullptr, m_wanted}) && m_asked == 0)
+        m_asked = m_silence.elapsed();
+}
+
+bool Courier::send(wire::Request request, const Pending &pending)
+{
+    request.sequence = ++m_sequence;
+    MqttMessage message = wire::toMessage(request);
+    message.topic = m_topics.request(m_user);
+    message.responseTopic = m_topics.reply(m_user, m_client);
+    message.correlation = QByteArray::number(m_sequence);
+    m_pending.insert(message.correlation, pending);
+    if (m_mqtt->publish(message))
+        return true;
+    m_pending.remove(message.correlation);
+    return false;
+}
+
+void Courier::ask(int session, const std::shared_ptr<Exchange> &exchange, int timeoutMs)
+{
+    const QMutexLocker lock(&m_mutex);
+    const LinkRequest &asked = exchange->request;
+    wire::Request request;
+    request.session = m_wireSession;
+    // The answer has a way to go too: what is begun at the last moment is done for nobody.
+    request.deadline = m_clock() + m_offset + timeoutMs - timeoutMs / 8;
+    request.content = toController(asked);
+    if (asked.kind == LinkRequest::Kind::Set && hasRevision(asked))
+        request.content.revision = m_revisions.value(revisionKey(asked));
+    if (asked.kind == LinkRequest::Kind::Watch)
+        watch(asked.path);
+    if (session != m_session || !send(request, {exchange, session}))
+        exchange->settle({LinkReply::Lost, {}});
+}
+
+// Before the question, so that nothing is missed between its answer and the first value.
+void Courier::watch(const QString &path)
+{
+    m_mqtt->subscribe(m_topics.value(path), 0);
+    m_mqtt->subscribe(m_topics.value(path, QStringLiteral("+")), 0);
+}
+
+void Courier::beat(int session, int press)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (session != m_session)
+        return;
+    wire::Beat beat{m_wireSession, ++m_beats, m_clock() + m_offset, press};
+    MqttMessage message = wire::toMessage(beat);
+    message.topic = m_topics.beat(m_user);
+    m_mqtt->publish(message);
+}
+
+void Courier::leave()
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_wanted = 0;
+        m_complaint.clear();
+    }
+    m_mqtt->stop(m_end);
+    const QMutexLocker lock(&m_mutex);
+    breakOff();
+}
+
+void Courier::onOnline()
+{
+    m_mqtt->subscribe(m_topics.reply(m_user, m_client), 1);
+    m_mqtt->subscribe(m_topics.alive(), 0);
+    m_mqtt->subscribe(m_topics.status(), 1);
+    const QMutexLocker lock(&m_mutex);
+    if (m_wanted != 0)
+        sendGreeting();
+}
+
+void Courier::onOffline(const QString &reason)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (m_session == 0)
+        complain(reason);
+    breakOff();
+}
+
+void Courier::onMessage(const MqttMessage &message)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (message.topic == m_topics.alive()) {
+        if (const auto alive = wire::toAlive(message); alive && !message.retained)
+            onAlive(*alive);
+    } else if (message.topic == m_topics.status()) {
+        onStatus(wire::toStatus(message));
+    } else if (!message.correlation.isEmpty()) {
+        onReply(message);
+    } else if (!message.retained) {
+        onValue(message);
+    }
+}
+
+void Courier::onStatus(const std::optional<bool> &present)
+{
+    if (present == false)
+        breakOff();
+    else if (present && m_session == 0 && m_wanted != 0)
+        sendGreeting();
+}
+
+void Courier::onReply(const MqttMessage &message)
+{
+    const auto found = m_pending.find(message.correlation);
+    const std::optional<Reply> reply = wire::toReply(message);
+    if (found == m_pending.end())
+        return; // too late, or twice
+    const Pending pending = *found;
+    m_pending.erase(found);
+    if (!reply)
+        breakOff();
+    else if (!pending.exchange)
+        onGreeting(pending.session, *reply);
+    else if (pending.session == m_session)
+        onAnswer(pending.exchange, *reply);
+}
+
+void Courier::onGreeting(int session, const Reply &reply)
+{
+    if (session != m_wanted || m_session == session)
+        return;
+    m_asked = 0;
+    const QVariantMap values = reply.value.toMap();
+    m_wireSession = values.value(QStringLiteral("session")).toString();
+    if (!reply.ok() || m_wireSession.isEmpty()) {
+        complain(tr("%1: %2").arg(m_cell, reply.text));
+        return;
+    }
+    m_boot = values.value(QStringLiteral("boot")).toString();
+    m_offsetKnown = false;
+    hearTime(values.value(QStringLiteral("time")).toLongLong());
+    m_session = session;
+    m_complaint.clear();
+    emit greeted(session);
+}
+
+void Courier::onAnswer(const std::shared_ptr<Exchange> &exchange, const Reply &reply)
+{
+    const LinkRequest &request = exchange->request;
+    if (reply.code < 0) {
+        breakOff();
+        exchange->settle({LinkReply::Lost, {}});
+        return;
+    }
+    if (hasRevision(request) && reply.ok() && reply.revision)
+        m_revisions.insert(revisionKey(request), *reply.revision);
+    if (request.kind == LinkRequest::Kind::Watch && reply.ok())
+        m_watched.insert(request.path);
+    if (!reply.text.isEmpty() && reply.code >= controller::Conflict)
+        emit problem(reply.text);
+    exchange->settle({reply.code, reply.value});
+}
+
+void Courier::onAlive(const wire::Alive &alive)
+{
+    if (m_session == 0)
+        return;
+    if (alive.boot == m_boot)
+        hearTime(alive.time);
+    else
+        breakOff(); // another life of the cell, which knows nothing of our session
+}
+
+// The fastest message tells most about the clock: the slower ones show it earlier than it is.
+void Courier::hearTime(qint64 theirs)
+{
+    m_heard = m_silence.elapsed();
+    const qint64 offset = theirs - m_clock();
+    m_offset = m_offsetKnown ? qMax(m_offset, offset) : offset;
+    m_offsetKnown = true;
+}
+
+void Courier::onValue(const MqttMessage &message)
+{
+    const auto [path, key] = m_topics.valueOf(message.topic);
+    const std::optional<QVariant> value = wire::toValue(message);
+    if (value && m_session != 0 && m_watched.contains(path))
+        emit notified(path, key.isEmpty() ? *value : QVariantMap{{key, *value}});
+}
+
+void Courier::pulse()
+{
+    const QMutexLocker lock(&m_mutex);
+    const qint64 now = m_silence.elapsed();
+    if (m_session != 0 && now - m_heard > wire::silentCellMs) {
+        breakOff();
+        m_mqtt->restart(); // whatever holds the cell's messages back may hold back this socket's
+    } else if (m_session == 0 && m_asked != 0 && now - m_asked > unansweredMs) {
+        m_asked = 0;
+        complain(tr("%1 does not answer: there is no such cell, or %2 may not reach it")
+                     .arg(m_cell, m_user));
+        m_mqtt->restart();
+    }
+}
+
+void Courier::breakOff()
+{
+    for (const Pending &pending : qAsConst(m_pending)) {
+        if (pending.exchange)
+            pending.exchange->settle({LinkReply::Lost, {}});
+    }
+    m_pending.clear();
+    if (m_session != 0)
+        emit broken(m_session);
+    m_session = 0;
+}
+
+void Courier::complain(const QString &line)
+{
+    if (line != m_complaint)
+        emit problem(line);
+    m_complaint = line;
+}
+
+} // namespace links
