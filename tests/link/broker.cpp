@@ -1,0 +1,103 @@
+#include "broker.h"
+
+#include <QtTest>
+#include <algorithm>
+#include <csignal>
+#include <netinet/in.h>
+#include <unistd.h>
+
+namespace {
+
+QString backwards(QString text)
+{
+    std::reverse(text.begin(), text.end());
+    return text;
+}
+
+sockaddr_in loopback(int port)
+{
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(uint16_t(port));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    return address;
+}
+
+bool accepts(int port)
+{
+    const int probe = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const sockaddr_in address = loopback(port);
+    const bool good =
+        connect(probe, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0;
+    close(probe);
+    return good;
+}
+
+} // namespace
+
+int freePort()
+{
+    const int probe = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address = loopback(0);
+    socklen_t size = sizeof address;
+    bind(probe, reinterpret_cast<const sockaddr *>(&address), size);
+    getsockname(probe, reinterpret_cast<sockaddr *>(&address), &size);
+    close(probe);
+    return ntohs(address.sin_port);
+}
+
+Broker::Broker()
+    : m_port(freePort())
+{
+    command({"init", folder(), QString::number(m_port)});
+    command({"cell", folder(), "cell"}, "llec\n");
+    for (const QString user : {"anna", "bert", "vera"})
+        command({"user", folder(), user, "cell"}, backwards(user).toUtf8() + '\n');
+    start();
+}
+
+Broker::~Broker()
+{
+    stop();
+}
+
+void Broker::command(const QStringList &arguments, const QByteArray &input)
+{
+    QProcess script;
+    script.setProcessChannelMode(QProcess::ForwardedChannels);
+    script.start(BROKER_SCRIPT, arguments);
+    script.write(input);
+    script.closeWriteChannel();
+    if (!script.waitForFinished() || script.exitCode() != 0)
+        qFatal("the broker's script failed: %s", qPrintable(arguments.join(' ')));
+}
+
+void Broker::start()
+{
+    m_process.start(BROKER_SCRIPT, {"run", folder()});
+    if (!m_process.waitForStarted() || !QTest::qWaitFor([this] { return accepts(m_port); }, 10000))
+        qFatal("the broker does not start");
+}
+
+void Broker::stop()
+{
+    freeze(false);
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void Broker::freeze(bool frozen)
+{
+    if (m_process.processId() > 0)
+        kill(pid_t(m_process.processId()), frozen ? SIGSTOP : SIGCONT);
+}
+
+links::BrokerAddress Broker::as(const QString &user) const
+{
+    links::BrokerAddress address;
+    address.host = QStringLiteral("127.0.0.1");
+    address.port = m_port;
+    address.user = user;
+    address.password = backwards(user);
+    return address;
+}

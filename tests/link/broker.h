@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "link/brokeraddress.h"
+
+/// A broker of our own on a free port of this machine, as the project ships it. It runs until
+/// stop() or its end, and comes back on the same port.
+class Broker
+{
+public:
+    /// With accounts for the cell "cell" and for the users "anna", "bert" and "vera", who may all
+    /// reach it; each one's password is the name backwards.
+    Broker();
+    ~Broker();
+
+    void start();
+    void stop();
+    /// Holds the process, and lets it go on.
+    void freeze(bool frozen);
+
+    links::BrokerAddress as(const QString &user) const;
+    int port() const { return m_port; }
+    QString folder() const { return m_folder.path(); }
+    /// Runs the shipped script; ends the test when that fails.
+    void command(const QStringList &arguments, const QByteArray &input = {});
+
+private:
+    QTemporaryDir m_folder;
+    QProcess m_process;
+    int m_port;
+};
+
+/// A port of this machine that nobody listens on.
+int freePort();

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QVariant>
+
+#include "tessa/controllerlink.h"
+
+using tessa::LinkReply;
+using tessa::LinkRequest;
+using Kind = LinkRequest::Kind;
+
+constexpr int patient = 60000; // a limit that a healthy call never reaches
+constexpr int impatient = 20;
+
+const QString modeNode = QStringLiteral("arc_weld.weld_mode");
+const QString setMode = QStringLiteral("arc_weld.set_weld_mode");
+const QString arcOn = QStringLiteral("arc_weld.arcon_param");
+
+inline QVariantMap mode(const char *name)
+{
+    return {{QStringLiteral("mode"), QString::fromLatin1(name)}};
+}
+
+inline QString fileName(int number)
+{
+    return QStringLiteral("arcondata%1").arg(qAbs(number));
+}
+
+inline QVariantMap file(const QString &name, double current)
+{
+    return {{QStringLiteral("name"), name}, {QStringLiteral("current"), current}};
+}
+
+inline QVariantMap file(int number)
+{
+    return file(fileName(number), number);
+}

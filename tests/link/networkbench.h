@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtTest>
+
+#include "broker.h"
+#include "callbench.h"
+#include "cell.h"
+#include "hands.h"
+#include "link/mqttlink.h"
+
+/// A controller behind a broker. Its time goes on by itself, and the test can turn it further.
+struct Bench : CallBench<links::MqttLink>
+{
+    std::shared_ptr<Hands> hands = std::make_shared<Hands>();
+    std::unique_ptr<Cell> cell;
+
+    explicit Bench(const QString &folder = {})
+    {
+        const controller::Clock steady = controller::steadyClock();
+        auto options = Cell::options(broker().as("cell"));
+        options.dataFolder = folder;
+        options.clock = [hands = hands, steady] { return steady() + hands->read(); };
+        cell = std::make_unique<Cell>(options);
+        link = std::make_unique<links::MqttLink>(
+            links::MqttLink::Options{broker().as("anna"), "cell",
+                                     [hands = hands, steady] { return steady() + hands->now; }});
+    }
+
+    static Broker &broker()
+    {
+        static Broker one;
+        return one;
+    }
+    controller::Faults *faults() const { return cell->service()->faults(); }
+    const controller::Journal &journal() const { return cell->service()->journal(); }
+};

@@ -1,0 +1,220 @@
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <functional>
+#include <thread>
+
+#include BENCH
+#include "support/rows.h"
+#include "upbench.h"
+
+using controller::Faults;
+using Fault = Faults::Fault;
+
+/// What a host may rely on when it reaches a controller through a link of any kind.
+class tst_Link : public QObject
+{
+    Q_OBJECT
+private slots:
+    void answersAndKeeps()
+    {
+        const QTemporaryDir folder;
+        {
+            const Bench closed(folder.path());
+            QVERIFY(!closed.link->isUp());
+            QCOMPARE(closed.get().code, LinkReply::NotConnected);
+            const UpBench bench(folder.path());
+            const LinkReply missing = bench.call(Kind::Get, arcOn, fileName(3));
+            QCOMPARE(missing.code, 0);
+            QVERIFY(!missing.value.isValid());
+            QCOMPARE(bench.save(3).code, 0);
+            QVERIFY(bench.save(-1).code > 0);
+        }
+        const UpBench bench(folder.path());
+        QCOMPARE(bench.call(Kind::Get, arcOn, fileName(3)).value, QVariant(file(3)));
+    }
+    void timeOutTakesItDownAtOnce()
+    {
+        for (const bool lost : {true, false}) {
+            const UpBench bench;
+            QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::upChanged);
+            if (lost)
+                bench.faults()->loseAnswers(1);
+            else
+                bench.faults()->setDelay(1000);
+            QCOMPARE(bench.get(impatient).code, LinkReply::TimedOut);
+            QVERIFY(!bench.link->isUp());
+            QCOMPARE(bench.get().code, LinkReply::NotConnected);
+            QCOMPARE(spy.count(), 0);
+
+            bench.faults()->clear();
+            QTRY_COMPARE(spy, (QList<QList<QVariant>>{{false}, {true}}));
+            QCOMPARE(bench.get().code, 0);
+        }
+    }
+    void lateAnswerIsNotTheNextCallsAnswer()
+    {
+        const UpBench bench;
+        for (const int number : {1, 2})
+            QCOMPARE(bench.save(number).code, 0);
+        bench.faults()->setDelay(1000);
+        QCOMPARE(bench.call(Kind::Get, arcOn, fileName(1), {}, impatient).code,
+                 LinkReply::TimedOut);
+        bench.faults()->clear();
+        QTRY_VERIFY(bench.link->isUp());
+        bench.hands->now += 1000;
+        QCOMPARE(bench.call(Kind::Get, arcOn, fileName(2)).value, QVariant(file(2)));
+    }
+    void whatTimedOutInTheQueueIsNotCarriedOut()
+    {
+        const UpBench bench;
+        {
+            const std::lock_guard stopped(bench.hands->gate);
+            bench.faults()->clear(); // the link's thread looks at the clock for it, and stops
+            QCOMPARE(bench.command("real", impatient).code, LinkReply::TimedOut);
+        }
+        QTRY_VERIFY(bench.link->isUp());
+        QCOMPARE(bench.get().value, QVariant(mode("test_run")));
+    }
+    void noSlotRunsInsideACall()
+    {
+        const UpBench bench;
+        QCOMPARE(bench.watch().code, 0);
+        int ran = 0;
+        connect(bench.link.get(), &tessa::ControllerLink::upChanged, this, [&ran] { ++ran; });
+        connect(bench.link.get(), &tessa::ControllerLink::notified, this, [&ran] { ++ran; });
+        QMetaObject::invokeMethod(
+            this, [&ran] { ++ran; }, Qt::QueuedConnection);
+        QCOMPARE(bench.command("real").code, 0);
+        bench.faults()->loseAnswers(1);
+        QCOMPARE(bench.get(impatient).code, LinkReply::TimedOut);
+        QCOMPARE(ran, 0);
+        QTRY_VERIFY(bench.link->isUp());
+        QVERIFY(ran >= 3);
+    }
+    void linkDownIsNoticedWithoutACall()
+    {
+        const UpBench bench;
+        QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::upChanged);
+        bench.faults()->set(Fault::LinkDown, true);
+        QVERIFY(bench.link->isUp()); // not noticed yet
+        QTRY_COMPARE(spy.count(), 1);
+        QVERIFY(!bench.link->isUp());
+        bench.faults()->set(Fault::LinkDown, false);
+        QTRY_VERIFY(bench.link->isUp());
+        bench.faults()->set(Fault::LinkDown, true);
+        QCOMPARE(bench.get().code, LinkReply::Lost); // a call notices it before
+        QVERIFY(!bench.link->isUp());
+    }
+    void breakFailsThePendingCall()
+    {
+        const UpBench bench;
+        bench.faults()->setDelay(1000);
+        std::thread breaker([&bench] {
+            while (bench.journal().entries().isEmpty())
+                std::this_thread::yield();
+            bench.faults()->set(Fault::LinkDown, true); // carried out, and the answer on its way
+        });
+        const LinkReply reply = bench.call(Kind::Command, QStringLiteral("arc_weld.gas_flow"));
+        breaker.join();
+        QCOMPARE(reply.code, LinkReply::Lost);
+        QVERIFY(!bench.link->isUp());
+    }
+    void operatorsSwitch()
+    {
+        const UpBench bench;
+        QCOMPARE(bench.command("real").code, 0);
+        QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::upChanged);
+        bench.link->close();
+        QVERIFY(!bench.link->isUp());
+        QCOMPARE(spy.count(), 0);
+        QTRY_COMPARE(spy.count(), 1);
+        QCOMPARE(bench.get().code, LinkReply::NotConnected);
+        QVERIFY(bench.comeUp());
+        QCOMPARE(bench.get().value, QVariant(mode("real")));
+    }
+    void notifiesOnlyWhatIsWatched()
+    {
+        const UpBench bench;
+        QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::notified);
+        QCOMPARE(bench.watch().value, QVariant(mode("test_run")));
+        QCOMPARE(bench.save(1).code, 0);
+        QCOMPARE(bench.command("real").code, 0);
+        QTRY_COMPARE(spy.count(), 1);
+        QCOMPARE(spy.at(0), (QList<QVariant>{modeNode, mode("real")}));
+    }
+    void subscriptionsEndWithTheSession()
+    {
+        for (const bool closed : {true, false}) {
+            const UpBench bench;
+            QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::notified);
+            QCOMPARE(bench.watch().code, 0);
+            // More than are handed on at once: some still wait when the next session starts.
+            for (const char *name : {"real", "test_run", "real", "test_run"})
+                QCOMPARE(bench.command(name).code, 0);
+            QTRY_VERIFY(spy.count() > 0);
+            bench.faults()->loseAnswers(closed ? 0 : 1);
+            if (closed)
+                bench.link->close();
+            else
+                QCOMPARE(bench.get(impatient).code, LinkReply::TimedOut);
+            QVERIFY(bench.comeUp());
+            spy.clear();
+            QCOMPARE(bench.command("real").code, 0);
+            QCOMPARE(bench.watch().value, QVariant(mode("real")));
+            QCOMPARE(bench.command("simu").code, 0);
+            QTRY_VERIFY(spy.count() > 0); // this one, and none of those before
+            QCOMPARE(spy.at(0).at(1), QVariant(mode("simu")));
+        }
+    }
+    void answerToAnOldGreetingDoesNotCount()
+    {
+        const Bench bench;
+        bench.faults()->setDelay(1000);
+        bench.link->open();
+        // The clock is read over and over only while an answer waits for its time.
+        QTRY_VERIFY(bench.hands->readings > 10);
+        bench.link->close();
+        bench.faults()->loseAnswers(1000000);
+        bench.link->open();
+        QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::upChanged);
+        bench.hands->now += 1000;
+        const int before = bench.hands->readings;
+        QTRY_VERIFY(bench.hands->readings > before + 10); // by then it is delivered
+        QCoreApplication::processEvents();
+        QVERIFY(spy.isEmpty());
+        bench.faults()->clear();
+        QTRY_VERIFY(bench.link->isUp());
+    }
+    void wireStopsWithThePendant()
+    {
+        using Step = std::function<void(const Bench &)>;
+        const testsupport::Rows<QString, Step> rows{
+            {"no more beats", "no heartbeat", [](const Bench &b) { b.hands->now += 100; }},
+            {"beats without a key", "no key held", [](const Bench &b) { b.link->beat(0); }},
+            {"link closed", "pendant lost", [](const Bench &b) { b.link->close(); }},
+            {"link broken", "pendant lost",
+             [](const Bench &b) { b.faults()->set(Fault::LinkDown, true); }},
+        };
+        for (const auto &[name, cause, end] : rows) {
+            const UpBench bench;
+            const auto start = [&bench] {
+                return bench.call(Kind::Command, QStringLiteral("arc_weld.wire_feed"),
+                                  QStringLiteral("wire_feel"), QVariantMap{{"feed", true}});
+            };
+            QVERIFY(start().code > 0);
+            for (int beats = 0; beats < 5; ++beats) {
+                bench.hands->now += 50;
+                bench.link->beat(1);
+                QCOMPARE(start().code, 0);
+            }
+            QCOMPARE(bench.journal().entries().size(), 1); // it moves on
+            end(bench);
+            QTRY_COMPARE(bench.journal().entries().size(), 2);
+            QCOMPARE(bench.journal().entries().last().cause, cause);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Link)
+#include "tst_link.moc"
