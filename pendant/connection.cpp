@@ -1,9 +1,12 @@
 #include "pendant/connection.h"
 
 #include "link/embeddedlink.h"
+#include "link/mqttlink.h"
 #include "pendant/options.h"
 
 namespace pendant {
+
+namespace {
 
 Connection connectEmbedded(const Options &options)
 {
@@ -12,6 +15,21 @@ Connection connectEmbedded(const Options &options)
     auto link = std::make_unique<links::EmbeddedLink>(how);
     controller::Faults *faults = link->faults();
     return {std::move(link), faults};
+}
+
+Connection connectToCell(const QString &controller)
+{
+    links::MqttLink::Options how;
+    links::parseAddress(controller, &how.address, &how.cell);
+    return {std::make_unique<links::MqttLink>(how), nullptr};
+}
+
+} // namespace
+
+Connection connectTo(const Options &options)
+{
+    return options.controller.isEmpty() ? connectEmbedded(options)
+                                        : connectToCell(options.controller);
 }
 
 } // namespace pendant

@@ -19,7 +19,8 @@ struct Connection
     controller::Faults *faults = nullptr; ///< lives with the link; null when there are none
 };
 
-/// A virtual controller inside this process, its files in the data folder.
-Connection connectEmbedded(const Options &options);
+/// The cell on the network that the options name, else a virtual controller inside this process,
+/// its files in the data folder.
+Connection connectTo(const Options &options);
 
 } // namespace pendant

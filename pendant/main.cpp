@@ -28,7 +28,7 @@ int main(int argc, char *argv[])
         return 2;
     }
     const QApplication app(argc, argv);
-    pendant::PendantApp pendant(parsed.options, pendant::connectEmbedded);
+    pendant::PendantApp pendant(parsed.options, pendant::connectTo);
     pendant.start();
     return QApplication::exec();
 }

@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "link/brokeraddress.h"
+
 namespace pendant {
 
 namespace {
@@ -21,6 +23,16 @@ QString defaultModulePath()
     return beside.exists() ? beside.canonicalFilePath() : QStringLiteral("libwelmo.so");
 }
 
+QString complaintAbout(const QString &controller)
+{
+    links::BrokerAddress address;
+    QString cell;
+    const QString complaint = links::parseAddress(controller, &address, &cell);
+    return complaint.isEmpty() && cell.isEmpty()
+        ? QStringLiteral("--controller needs a cell: mqtt://HOST:PORT/CELL")
+        : complaint;
+}
+
 QString complaintAbout(const QCommandLineParser &parser, const Options &options)
 {
     if (!parser.positionalArguments().isEmpty())
@@ -34,7 +46,7 @@ QString complaintAbout(const QCommandLineParser &parser, const Options &options)
     if (!options.theme.isEmpty() && !knownThemes().contains(options.theme)
         && !QFileInfo(options.theme).isFile())
         return QStringLiteral("unknown theme '%1': light, dark or a theme file").arg(options.theme);
-    return {};
+    return options.controller.isEmpty() ? QString() : complaintAbout(options.controller);
 }
 
 } // namespace
@@ -47,10 +59,15 @@ ParsedOptions parseOptions(const QStringList &arguments)
                                   defaultDataFolder());
     const QCommandLineOption module("module", "The welding package to load.", "PATH",
                                     defaultModulePath());
+    const QCommandLineOption controller(
+        "controller",
+        "A cell on the network, mqtts://USER@HOST:PORT/CELL, in place of the one in here. mqtt:// "
+        "reaches this machine only; the password is taken from WELMO_BROKER_PASSWORD.",
+        "URL");
     QCommandLineParser parser;
     parser.setApplicationDescription("A robot pendant with the arc-welding package.");
     const QCommandLineOption help = parser.addHelpOption();
-    parser.addOptions({language, theme, data, module});
+    parser.addOptions({language, theme, data, module, controller});
 
     ParsedOptions parsed;
     if (!parser.parse(arguments)) {
@@ -60,7 +77,7 @@ ParsedOptions parseOptions(const QStringList &arguments)
     if (parser.isSet(help))
         parsed.help = parser.helpText();
     parsed.options = {parser.value(language), parser.value(theme), parser.value(data),
-                      parser.value(module)};
+                      parser.value(module), parser.value(controller)};
     parsed.error = complaintAbout(parser, parsed.options);
     return parsed;
 }

@@ -12,6 +12,8 @@ struct Options
     QString theme; ///< "light", "dark" or the path of a theme file
     QString dataFolder; ///< where everything that outlives a run is kept
     QString modulePath; ///< the library that is loaded as the welding package
+    /// A cell on the network as links::parseAddress() takes it; empty: one in this process.
+    QString controller = {};
 };
 
 struct ParsedOptions

@@ -112,7 +112,7 @@ const QVector<Rule> &rules()
         {"tools", Qt::Any,
          hostHeaders
              + QStringList{"tools/", "link/", "controller/", "instructions/line/", "sqlite3.h",
-                           "unistd.h"}},
+                           "unistd.h", "sys/eventfd.h"}},
     };
     return table;
 }

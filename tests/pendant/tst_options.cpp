@@ -20,6 +20,10 @@ private slots:
             {"unknown option", QStringList{"--colour", "red"}, "'colour'"},
             {"value missing", QStringList{"--data"}, "'--data'"},
             {"empty folder", QStringList{"--data", ""}, "--data"},
+            {"no address", QStringList{"--controller", "cell1"}, "'cell1'"},
+            {"no cell", QStringList{"--controller", "mqtt://localhost"}, "cell"},
+            {"odd cell", QStringList{"--controller", "mqtt://localhost/a/+"}, "a/+"},
+            {"in the clear", QStringList{"--controller", "mqtt://10.0.0.7/c"}, "mqtts"},
             {"too many", QStringList{"arcweld"}, "'arcweld'"},
         };
         for (const auto &[name, arguments, named] : rows) {

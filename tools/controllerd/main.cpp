@@ -1,0 +1,43 @@
+#include <QCoreApplication>
+#include <cstdio>
+
+#include "link/cellservice.h"
+#include "tools/controllerd/options.h"
+#include "tools/controllerd/signals.h"
+
+namespace {
+
+constexpr int couldNotStart = 2;
+
+void say(const QString &line)
+{
+    std::fprintf(stderr, "controllerd: %s\n", qPrintable(line));
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication app(argc, argv);
+    const auto options = controllerd::parseOptions(QCoreApplication::arguments());
+    if (!options.help.isEmpty()) {
+        std::fputs(qPrintable(options.help), stdout);
+        return 0;
+    }
+    QString problem = options.error;
+    links::CellService::Options how{options.cell, options.broker, options.dataFolder, {}};
+    if (problem.isEmpty())
+        how.roles = links::Roles::read(options.usersFile, &problem);
+    if (!problem.isEmpty()) {
+        say(problem);
+        return couldNotStart;
+    }
+    const controllerd::Signals signalled;
+    links::CellService service(how);
+    QObject::connect(&service, &links::CellService::problem, &say);
+    QObject::connect(&service, &links::CellService::online,
+                     [&options] { say(QStringLiteral("%1 is online").arg(options.cell)); });
+    QObject::connect(&signalled, &controllerd::Signals::endWanted, &app, &QCoreApplication::quit);
+    service.start();
+    return QCoreApplication::exec();
+}

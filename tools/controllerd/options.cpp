@@ -1,0 +1,76 @@
+#include "tools/controllerd/options.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+
+#include "link/wire.h"
+
+namespace controllerd {
+
+namespace {
+
+constexpr char description[] =
+    "The virtual robot controller as a service: one welding cell behind an MQTT 5 broker.\n\n"
+    "It ends on SIGTERM or SIGINT. Exit status: 0 ended so, 2 it could not start.";
+
+QString complaintAbout(const QCommandLineParser &parser, Options *options)
+{
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
+    if (!links::wire::isName(options->cell))
+        return QStringLiteral("--cell needs a name of A-Z a-z 0-9 . _ -");
+    if (options->dataFolder.isEmpty() || !QFileInfo(options->dataFolder).isDir())
+        return QStringLiteral("--data needs a folder that is there");
+    QString path;
+    const QString complaint =
+        links::parseAddress(parser.value(QStringLiteral("broker")), &options->broker, &path);
+    if (complaint.isEmpty() && !path.isEmpty())
+        return QStringLiteral("--broker takes no cell");
+    // A cell is at home under its own name.
+    if (options->broker.user.isEmpty() && !options->broker.password.isEmpty())
+        options->broker.user = options->cell;
+    return complaint;
+}
+
+} // namespace
+
+Options parseOptions(const QStringList &arguments)
+{
+    const QCommandLineOption cell("cell", "The cell's name, and its account at the broker.",
+                                  "NAME");
+    const QCommandLineOption broker(
+        "broker",
+        "The broker: mqtt://HOST:PORT on this machine, mqtts:// elsewhere. The password is taken "
+        "from WELMO_BROKER_PASSWORD, trusted certificates from the file WELMO_BROKER_CA.",
+        "URL", "mqtt://127.0.0.1:1883");
+    const QCommandLineOption data("data", "Folder for everything that is kept.", "DIR");
+    const QCommandLineOption users(
+        "users",
+        "File of lines 'NAME ROLE', with the roles viewer, operator, programmer, "
+        "administrator; DIR/users unless told. Who is not in it may do nothing.",
+        "FILE");
+    QCommandLineParser parser;
+    parser.setApplicationDescription(description);
+    const QCommandLineOption help = parser.addHelpOption();
+    parser.addOptions({cell, broker, data, users});
+
+    Options options;
+    if (!parser.parse(arguments)) {
+        options.error = parser.errorText();
+        return options;
+    }
+    if (parser.isSet(help)) {
+        options.help = parser.helpText();
+        return options;
+    }
+    options.cell = parser.value(cell);
+    options.dataFolder = parser.value(data);
+    options.usersFile = parser.isSet(users)
+        ? parser.value(users)
+        : QDir(options.dataFolder).filePath(QStringLiteral("users"));
+    options.error = complaintAbout(parser, &options);
+    return options;
+}
+
+} // namespace controllerd
