@@ -3,8 +3,8 @@
 #include <QtTest>
 #include <algorithm>
 #include <csignal>
-#include <netinet/in.h>
-#include <unistd.h>
+
+#include "loopback.h"
 
 namespace {
 
@@ -14,40 +14,10 @@ QString backwards(QString text)
     return text;
 }
 
-sockaddr_in loopback(int port)
-{
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(uint16_t(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return address;
-}
-
-bool accepts(int port)
-{
-    const int probe = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const sockaddr_in address = loopback(port);
-    const bool good =
-        connect(probe, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0;
-    close(probe);
-    return good;
-}
-
 } // namespace
 
-int freePort()
-{
-    const int probe = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address = loopback(0);
-    socklen_t size = sizeof address;
-    bind(probe, reinterpret_cast<const sockaddr *>(&address), size);
-    getsockname(probe, reinterpret_cast<sockaddr *>(&address), &size);
-    close(probe);
-    return ntohs(address.sin_port);
-}
-
 Broker::Broker()
-    : m_port(freePort())
+    : m_port(loopback::freePort())
 {
     command({"init", folder(), QString::number(m_port)});
     command({"cell", folder(), "cell"}, "llec\n");
@@ -75,7 +45,8 @@ void Broker::command(const QStringList &arguments, const QByteArray &input)
 void Broker::start()
 {
     m_process.start(BROKER_SCRIPT, {"run", folder()});
-    if (!m_process.waitForStarted() || !QTest::qWaitFor([this] { return accepts(m_port); }, 10000))
+    if (!m_process.waitForStarted()
+        || !QTest::qWaitFor([this] { return loopback::accepts(m_port); }, 10000))
         qFatal("the broker does not start");
 }
 

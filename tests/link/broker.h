@@ -31,6 +31,3 @@ private:
     QProcess m_process;
     int m_port;
 };
-
-/// A port of this machine that nobody listens on.
-int freePort();
