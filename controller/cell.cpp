@@ -4,6 +4,7 @@ namespace controller {
 
 Cell::Cell(Store &store, Faults &faults, Journal &journal, Clock clock)
     : m_store(store)
+    , m_audit(store)
     , m_faults(faults)
     , m_journal(journal)
     , m_clock(std::move(clock))
@@ -51,14 +52,23 @@ Reply Cell::save(const QVector<Store::Change> &changes)
 {
     if (suffers(Faults::Fault::DiskFull))
         return Reply::refused(StorageFailed, QStringLiteral("the disk is full"));
-    return outcome(m_store.write(changes));
+    const bool good = m_store.write(m_audit.with(changes));
+    m_audit.settle(good);
+    return outcome(good);
 }
 
 Reply Cell::remove(const QString &path, const QStringList &keys)
 {
-    if (suffers(Faults::Fault::DiskFull))
-        return Reply::refused(StorageFailed, QStringLiteral("the disk is full"));
-    return outcome(m_store.remove(path, keys));
+    QVector<Store::Change> changes;
+    for (const QString &key : keys)
+        changes.append({path, key, {}});
+    return save(changes);
+}
+
+std::optional<qint64> Cell::revision(const QString &path, const QString &key) const
+{
+    const std::optional<Store::Entry> entry = m_store.read(path, key);
+    return entry ? std::make_optional(entry->revision) : std::nullopt;
 }
 
 void Cell::record(Journal::Event event, const QString &cause)

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 
+#include "controller/audit.h"
 #include "controller/clock.h"
 #include "controller/faults.h"
 #include "controller/journal.h"
@@ -37,6 +38,10 @@ public:
     Reply save(const QVector<Store::Change> &changes);
     Reply remove(const QString &path, const QStringList &keys);
 
+    Audit &audit() { return m_audit; }
+    /// Of the entry as it is stored now; nothing for what is not stored.
+    std::optional<qint64> revision(const QString &path, const QString &key) const;
+
     qint64 now() const { return m_clock(); }
     void record(Journal::Event event, const QString &cause);
     bool suffers(Faults::Fault fault) const { return m_faults.isOn(fault); }
@@ -46,6 +51,7 @@ private:
     Reply outcome(bool good) const;
 
     Store &m_store;
+    Audit m_audit;
     Faults &m_faults;
     Journal &m_journal;
     Clock m_clock;

@@ -39,6 +39,7 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     m_registry.addValue(names::journal, [&journal] {
         return Reply::with(QVariantMap{{QStringLiteral("entries"), journal.recent(journalLength)}});
     });
+    m_registry.addValue(names::audit, [this] { return m_cell.audit().recent(journalLength); });
 }
 
 Controller::~Controller() = default;
@@ -54,6 +55,8 @@ T &Controller::add(Args &...others)
 
 Reply Controller::start()
 {
+    if (!m_cell.audit().start())
+        return Reply::refused(StorageFailed, QStringLiteral("the audit journal cannot be read"));
     for (const auto &unit : m_units) {
         if (Reply reply = unit->start(); !reply.ok())
             return reply;
@@ -68,8 +71,14 @@ Reply Controller::handle(const Request &request)
         return Reply::refused(code, QStringLiteral("a switched fault"));
     if (!isPlain(request.payload))
         return Reply::refused(BadPayload, QStringLiteral("the payload is no plain value"));
+    if (Reply conflict = m_cell.audit().conflict(request); !conflict.ok())
+        return conflict;
+    m_cell.audit().setAuthor(request.author);
     Reply reply = m_registry.dispatch(request);
+    m_cell.audit().setAuthor({});
     tick(); // who watches hears of what the request changed
+    if (reply.ok() && !request.key.isEmpty() && request.kind != Request::Kind::Command)
+        reply.revision = m_cell.revision(request.path, request.key);
     return reply;
 }
 

@@ -33,6 +33,7 @@ inline const QString welderStateRate = QStringLiteral("arc_weld.welder_state_rat
 
 inline const QString journal = QStringLiteral("cell.journal");
 
+inline const QString audit = QStringLiteral("cell.audit");
 inline const QString control = QStringLiteral("cell.control");
 inline const QString takeControl = QStringLiteral("cell.control.take");
 inline const QString giveControl = QStringLiteral("cell.control.give");

@@ -6,6 +6,14 @@
 
 namespace controller {
 
+/// Who is behind a request. Nobody, for the pendant of a controller in the same process.
+struct Author
+{
+    QString user = {};
+    QString client = {}; ///< the user's pendant
+    QString time = {}; ///< of day, as people read it
+};
+
 /// One question to the controller, as a plain value.
 struct Request
 {
@@ -17,11 +25,12 @@ struct Request
     };
 
     Kind kind = Kind::Get;
-    QString path;
-    QString key;
-    QVariant payload;
+    QString path = {};
+    QString key = {};
+    QVariant payload = {};
     /// The revision of what a write is to replace; without one, whatever is there.
     std::optional<qint64> revision = std::nullopt;
+    Author author = {};
 };
 
 /// Result codes. Everything but Ok says that nothing was carried out.
@@ -37,7 +46,7 @@ enum Code {
     StorageFailed = 8, ///< the store could not be read or written
     WireStuck = 9, ///< the wire does not move
     NoGas = 10, ///< there is no gas pressure
-    Conflict = 11, ///< somebody else has written it since it was read
+    Conflict = 11, ///< somebody else has written it since it was read; the value says who and when
     NotInControl = 12, ///< another pendant holds control
     NotAllowed = 13 ///< the user's role does not reach so far
 };

@@ -74,6 +74,8 @@ bool Store::write(const QVector<Change> &changes)
 {
     return inTransaction([&] {
         return std::all_of(changes.begin(), changes.end(), [this](const Change &change) {
+            if (!change.value.isValid())
+                return m_remove.bind(1, change.path).bind(2, change.key).run();
             const QByteArray json = toJson(change.value);
             return m_write.bind(1, change.path).bind(2, change.key).bind(3, json).run();
         });
@@ -82,11 +84,10 @@ bool Store::write(const QVector<Change> &changes)
 
 bool Store::remove(const QString &path, const QStringList &keys)
 {
-    return inTransaction([&] {
-        return std::all_of(keys.begin(), keys.end(), [&](const QString &key) {
-            return m_remove.bind(1, path).bind(2, key).run();
-        });
-    });
+    QVector<Change> changes;
+    for (const QString &key : keys)
+        changes.append({path, key, {}});
+    return write(changes);
 }
 
 bool Store::inTransaction(const std::function<bool()> &work)

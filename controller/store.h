@@ -26,7 +26,7 @@ public:
     {
         QString path;
         QString key;
-        QVariant value;
+        QVariant value; ///< invalid: the entry is removed
     };
 
     /// Opens or creates the store; null with one line in @p problem, see Database::open().

@@ -1,6 +1,6 @@
 #include "link/brokeraddress.h"
 
-#include <QCoreApplication>
+#include <QRegularExpression>
 #include <QUrl>
 
 #include "link/wire.h"
@@ -14,16 +14,13 @@ constexpr int encryptedPort = 8883;
 
 QString complaintAbout(const QUrl &url, const QString &cell)
 {
-    const auto tr = [](const char *text) {
-        return QCoreApplication::translate("links::BrokerAddress", text);
-    };
     if (!url.isValid() || url.host().isEmpty()
         || (url.scheme() != QLatin1String("mqtt") && url.scheme() != QLatin1String("mqtts")))
-        return tr("'%1' is no address such as mqtts://USER@HOST:PORT/CELL");
+        return QStringLiteral("'%1' is no address such as mqtts://USER@HOST:PORT/CELL");
     if (!url.userName().isEmpty() && !wire::isName(url.userName()))
-        return tr("'%1' names a user that no cell can know");
+        return QStringLiteral("'%1' names a user that no cell can know");
     if (!cell.isEmpty() && !wire::isName(cell))
-        return tr("'%1' names a cell of other characters than A-Z a-z 0-9 . _ -");
+        return QStringLiteral("'%1' names a cell of other characters than A-Z a-z 0-9 . _ -");
     return {};
 }
 
@@ -31,8 +28,9 @@ QString complaintAbout(const QUrl &url, const QString &cell)
 
 bool BrokerAddress::isLoopback() const
 {
+    static const QRegularExpression numbers(QStringLiteral("^127(\\.\\d{1,3}){3}$"));
     return host == QLatin1String("localhost") || host == QLatin1String("::1")
-        || host.startsWith(QLatin1String("127."));
+        || numbers.match(host).hasMatch(); // 127.example.org is somewhere else
 }
 
 QString parseAddress(const QString &text, BrokerAddress *address, QString *cell)
@@ -53,8 +51,7 @@ QString parseAddress(const QString &text, BrokerAddress *address, QString *cell)
         *cell = path;
     if (address->encrypted || address->isLoopback())
         return {};
-    return QCoreApplication::translate("links::BrokerAddress",
-                                       "%1 is another machine: it is reached by mqtts:// only")
+    return QStringLiteral("%1 is another machine: it is reached by mqtts:// only")
         .arg(address->host);
 }
 

@@ -1,5 +1,6 @@
 #include "link/cellservice.h"
 
+#include <QDateTime>
 #include <QUuid>
 
 #include "controller/names.h"
@@ -19,6 +20,7 @@ const QString timeKey = QStringLiteral("time");
 const QString bootKey = QStringLiteral("boot");
 const QString userKey = QStringLiteral("user");
 const QString clientKey = QStringLiteral("client");
+const QString mineKey = QStringLiteral("mine");
 
 } // namespace
 
@@ -207,26 +209,32 @@ Reply CellService::permission(const PendantSession &session, const Request &requ
         return Reply::refused(controller::NotAllowed,
                               QStringLiteral("%1 is not for %2").arg(request.path, session.user));
     }
-    if (needOf(request).control && !m_pendants.holdsControl(session)) {
-        const PendantSession *holder = m_pendants.holder();
-        return Reply::refused(controller::NotInControl,
-                              holder ? holder->user + QStringLiteral(" holds control")
-                                     : QStringLiteral("take control first"));
-    }
-    return {};
+    const bool free = !needOf(request).control || m_pendants.holdsControl(session);
+    return free ? Reply{} : notInControl();
+}
+
+Reply CellService::notInControl() const
+{
+    Reply reply = Reply::refused(controller::NotInControl, QStringLiteral("not in control"));
+    reply.value = control();
+    return reply;
 }
 
 Reply CellService::carryOutPermitted(PendantSession &session, const Request &request)
 {
     if (request.path == names::control)
-        return Reply::with(control());
-    if (request.path != names::takeControl && request.path != names::giveControl)
-        return m_station.controller()->handle(request);
+        return Reply::with(control(&session));
+    if (request.path != names::takeControl && request.path != names::giveControl) {
+        Request signedOne = request;
+        signedOne.author = {
+            session.user, session.client,
+            QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"))};
+        return m_station.controller()->handle(signedOne);
+    }
     if (request.path == names::giveControl)
         m_pendants.giveControl(session);
     else if (!m_pendants.takeControl(session))
-        return Reply::refused(controller::NotInControl,
-                              m_pendants.holder()->user + QStringLiteral(" holds control"));
+        return notInControl();
     afterSessions();
     return {};
 }
@@ -298,11 +306,14 @@ void CellService::tellControl()
     publish(m_topics.value(names::control), wire::toValueMessage(control()));
 }
 
-QVariant CellService::control() const
+QVariant CellService::control(const PendantSession *asking) const
 {
     const PendantSession *holder = m_pendants.holder();
-    return QVariantMap{{userKey, holder ? holder->user : QString()},
-                       {clientKey, holder ? holder->client : QString()}};
+    QVariantMap control{{userKey, holder ? holder->user : QString()},
+                        {clientKey, holder ? holder->client : QString()}};
+    if (asking)
+        control.insert(mineKey, holder == asking);
+    return control;
 }
 
 void CellService::publish(const QString &topic, MqttMessage message)

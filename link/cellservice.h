@@ -65,13 +65,15 @@ private:
     controller::Reply carryOut(PendantSession &session, const wire::Request &request);
     controller::Reply permission(const PendantSession &session,
                                  const controller::Request &request) const;
+    controller::Reply notInControl() const;
     controller::Reply carryOutPermitted(PendantSession &session,
                                         const controller::Request &request);
     void send(const MqttMessage &request, const controller::Reply &reply);
     void showAlive();
     void afterSessions();
     void tellControl();
-    QVariant control() const;
+    /// Who holds control; told to a pendant, also whether it does itself.
+    QVariant control(const PendantSession *asking = nullptr) const;
     void publish(const QString &topic, MqttMessage message);
     template<typename Work>
     std::function<void()> posted(Work work);

@@ -203,7 +203,7 @@ void Courier::onGreeting(int session, const Reply &reply)
     const QVariantMap values = reply.value.toMap();
     m_wireSession = values.value(QStringLiteral("session")).toString();
     if (!reply.ok() || m_wireSession.isEmpty()) {
-        complain(tr("%1: %2").arg(m_cell, reply.text));
+        complain(QStringLiteral("%1: %2").arg(m_cell, reply.text));
         return;
     }
     m_boot = values.value(QStringLiteral("boot")).toString();
@@ -226,9 +226,27 @@ void Courier::onAnswer(const std::shared_ptr<Exchange> &exchange, const Reply &r
         m_revisions.insert(revisionKey(request), *reply.revision);
     if (request.kind == LinkRequest::Kind::Watch && reply.ok())
         m_watched.insert(request.path);
-    if (!reply.text.isEmpty() && reply.code >= controller::Conflict)
-        emit problem(reply.text);
+    tellRefusal(request, reply);
     exchange->settle({reply.code, reply.value});
+}
+
+// The host knows that it failed; what the cell alone knows is told beside.
+void Courier::tellRefusal(const LinkRequest &request, const Reply &reply)
+{
+    const QVariantMap about = reply.value.toMap();
+    const QString user = about.value(QStringLiteral("user")).toString();
+    if (reply.code == controller::Conflict) {
+        emit problem(
+            user.isEmpty()
+                ? tr("%1 was written by somebody else meanwhile").arg(request.key)
+                : tr("%1 was saved by %2 at %3")
+                      .arg(request.key, user, about.value(QStringLiteral("time")).toString()));
+    } else if (reply.code == controller::NotInControl) {
+        emit problem(user.isEmpty() ? tr("nobody holds control: take it first")
+                                    : tr("%1 holds control").arg(user));
+    } else if (reply.code == controller::NotAllowed) {
+        emit problem(tr("%1 is not for the user %2").arg(request.path, m_user));
+    }
 }
 
 void Courier::onAlive(const wire::Alive &alive)

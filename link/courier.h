@@ -51,6 +51,7 @@ private:
     void onReply(const MqttMessage &message);
     void onGreeting(int session, const controller::Reply &reply);
     void onAnswer(const std::shared_ptr<Exchange> &exchange, const controller::Reply &reply);
+    void tellRefusal(const tessa::LinkRequest &request, const controller::Reply &reply);
     void onAlive(const wire::Alive &alive);
     void onValue(const MqttMessage &message);
     void pulse();

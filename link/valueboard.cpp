@@ -40,7 +40,9 @@ ValueBoard::ValueBoard(Tell tell)
 void ValueBoard::tellAll(controller::Controller &controller)
 {
     m_nodes = controller.nodes();
-    m_nodes.remove(controller::names::journal); // grows, and tells nobody
+    // What grows and tells nobody; and not everybody is to read who wrote what.
+    m_nodes.remove(controller::names::journal);
+    m_nodes.remove(controller::names::audit);
     for (auto node = m_nodes.begin(); node != m_nodes.end(); ++node) {
         const QVariant value = controller.handle({Request::Kind::Get, node.key(), {}, {}}).value;
         if (node.value()) {

@@ -114,7 +114,57 @@
     </message>
 </context>
 <context>
-    <name>links::FarEnd</name>
+    <name>links::Courier</name>
+    <message>
+        <source>%1 was written by somebody else meanwhile</source>
+        <translation>%1 期间已被他人写入</translation>
+    </message>
+    <message>
+        <source>%1 was saved by %2 at %3</source>
+        <translation>%1 已由 %2 于 %3 保存</translation>
+    </message>
+    <message>
+        <source>nobody holds control: take it first</source>
+        <translation>无人持有控制权，请先获取</translation>
+    </message>
+    <message>
+        <source>%1 holds control</source>
+        <translation>控制权由 %1 持有</translation>
+    </message>
+    <message>
+        <source>%1 is not for the user %2</source>
+        <translation>用户 %2 无权使用 %1</translation>
+    </message>
+    <message>
+        <source>%1 does not answer: there is no such cell, or %2 may not reach it</source>
+        <translation>%1 无应答：没有该单元，或 %2 无权访问</translation>
+    </message>
+</context>
+<context>
+    <name>links::TlsContext</name>
+    <message>
+        <source>%1: no certificates to trust</source>
+        <translation>%1：没有可信证书</translation>
+    </message>
+    <message>
+        <source>the broker&apos;s certificate has expired</source>
+        <translation>代理服务器的证书已过期</translation>
+    </message>
+    <message>
+        <source>the broker&apos;s certificate is for another host</source>
+        <translation>代理服务器的证书属于其他主机</translation>
+    </message>
+    <message>
+        <source>the broker&apos;s certificate is signed by nobody who is trusted</source>
+        <translation>代理服务器的证书未由可信机构签发</translation>
+    </message>
+    <message>
+        <source>the broker&apos;s certificate is refused: %1</source>
+        <translation>代理服务器的证书被拒绝：%1</translation>
+    </message>
+</context>
+<context>
+    <name>links::Station</name>
     <message>
         <source>%1: the project data cannot be kept (%2)</source>
         <translation>%1：无法保存工程数据（%2）</translation>

@@ -24,6 +24,7 @@ private slots:
             {"no cell", QStringList{"--controller", "mqtt://localhost"}, "cell"},
             {"odd cell", QStringList{"--controller", "mqtt://localhost/a/+"}, "a/+"},
             {"in the clear", QStringList{"--controller", "mqtt://10.0.0.7/c"}, "mqtts"},
+            {"not here", QStringList{"--controller", "mqtt://127.a.org/c"}, "mqtts"},
             {"too many", QStringList{"arcweld"}, "'arcweld'"},
         };
         for (const auto &[name, arguments, named] : rows) {
