@@ -182,7 +182,7 @@ QString MqttClient::connectOnce()
         result = pump(handle);
     if (m_ending && m_online)
         sayLast(handle);
-    return m_refusal.isEmpty() ? reasonFor(result) : m_refusal;
+    return reasonFor(result);
 }
 
 MqttClient::Handle MqttClient::makeHandle()
@@ -206,7 +206,13 @@ QString MqttClient::setUp(mosquitto *handle)
     if (const auto &will = m_options.will)
         mosquitto_will_set(handle, will->topic.toUtf8().constData(), will->payload.size(),
                            will->payload.constData(), will->qos, will->retained);
-    return {};
+    if (!address.encrypted)
+        return address.isLoopback() ? QString() : QStringLiteral("not without encryption");
+    QString problem;
+    m_tls = std::make_unique<TlsContext>(address, &problem);
+    mosquitto_int_option(handle, MOSQ_OPT_SSL_CTX_WITH_DEFAULTS, 0);
+    mosquitto_void_option(handle, MOSQ_OPT_SSL_CTX, m_tls->handle());
+    return problem;
 }
 
 int MqttClient::pump(mosquitto *handle)
@@ -258,10 +264,13 @@ void MqttClient::sayLast(mosquitto *handle)
 
 QString MqttClient::reasonFor(int result) const
 {
+    QString reason = m_refusal;
+    if (reason.isEmpty() && m_tls)
+        reason = m_tls->refusal();
+    if (reason.isEmpty())
+        reason = QString::fromUtf8(mosquitto_strerror(result));
     return QStringLiteral("%1:%2: %3")
-        .arg(m_options.address.host)
-        .arg(m_options.address.port)
-        .arg(QString::fromUtf8(mosquitto_strerror(result)));
+        .arg(m_options.address.host, QString::number(m_options.address.port), reason);
 }
 
 } // namespace links

@@ -14,6 +14,7 @@
 #include <thread>
 
 #include "link/brokeraddress.h"
+#include "link/tlscontext.h"
 
 struct mosquitto;
 
@@ -100,6 +101,7 @@ private:
     std::thread m_thread;
     std::mutex m_mutex; // guards the handle against its end, and the wish to end
     std::condition_variable m_ended;
+    std::unique_ptr<TlsContext> m_tls; // outlives the handle
     Handle m_handle;
     std::optional<MqttMessage> m_last;
     std::atomic<bool> m_ending{false};

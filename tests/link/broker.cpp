@@ -63,11 +63,21 @@ void Broker::freeze(bool frozen)
         kill(pid_t(m_process.processId()), frozen ? SIGSTOP : SIGCONT);
 }
 
+void Broker::encrypt(const QString &certificate, const QString &key)
+{
+    stop();
+    m_port = loopback::freePort();
+    m_encrypted = true;
+    command({"tls", folder(), certificate, key, QString::number(m_port), "127.0.0.1"});
+    start();
+}
+
 links::BrokerAddress Broker::as(const QString &user) const
 {
     links::BrokerAddress address;
     address.host = QStringLiteral("127.0.0.1");
     address.port = m_port;
+    address.encrypted = m_encrypted;
     address.user = user;
     address.password = backwards(user);
     return address;

@@ -23,6 +23,8 @@ public:
     links::BrokerAddress as(const QString &user) const;
     int port() const { return m_port; }
     QString folder() const { return m_folder.path(); }
+    /// Serves encrypted on another port from now on, as the user finds it in as().
+    void encrypt(const QString &certificate, const QString &key);
     /// Runs the shipped script; ends the test when that fails.
     void command(const QStringList &arguments, const QByteArray &input = {});
 
@@ -30,4 +32,5 @@ private:
     QTemporaryDir m_folder;
     QProcess m_process;
     int m_port;
+    bool m_encrypted = false;
 };
