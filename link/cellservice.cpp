@@ -85,6 +85,11 @@ void CellService::start()
     QTimer::singleShot(wire::aliveIdleMs, this, &CellService::start);
 }
 
+Reply CellService::handle(const Request &request)
+{
+    return m_station.controller()->handle(request);
+}
+
 void CellService::onOnline()
 {
     m_reported.clear();
@@ -155,21 +160,26 @@ void CellService::onRequest(const MqttMessage &message, const QString &user)
         return;
     }
     session->lastSeen = m_station.now();
-    if (request->sequence <= session->lastSequence) {
-        const std::optional<Reply> before = session->answerTo(request->sequence);
+    if (const std::optional<Reply> reply = answerTo(*session, *request))
+        send(message, *reply);
+}
+
+/// Nothing, for a request that is too old to be answered.
+std::optional<Reply> CellService::answerTo(PendantSession &session, const wire::Request &request)
+{
+    if (request.sequence <= session.lastSequence) {
+        const std::optional<Reply> before = session.answerTo(request.sequence);
         before ? ++m_refused.repeated : ++m_refused.stale;
-        if (before)
-            send(message, *before);
-        return;
+        return before;
     }
-    session->lastSequence = request->sequence;
-    if (request->deadline < m_station.now()) {
+    session.lastSequence = request.sequence;
+    if (request.deadline < m_station.now()) {
         ++m_refused.stale;
-        return;
+        return std::nullopt;
     }
-    const Reply reply = carryOut(*session, *request);
-    session->remember(request->sequence, reply);
-    send(message, reply);
+    const Reply reply = carryOut(session, request.content);
+    session.remember(request.sequence, reply);
+    return reply;
 }
 
 void CellService::welcome(const MqttMessage &message, const QString &user, const QString &client,
@@ -193,14 +203,13 @@ void CellService::welcome(const MqttMessage &message, const QString &user, const
              QVariantMap{{sessionKey, session.id}, {timeKey, m_station.now()}, {bootKey, m_boot}}));
 }
 
-Reply CellService::carryOut(PendantSession &session, const wire::Request &request)
+Reply CellService::carryOut(PendantSession &session, const Request &request)
 {
-    const Reply allowed = permission(session, request.content);
-    if (!allowed.ok()) {
-        ++m_refused.forbidden;
-        return allowed;
-    }
-    return carryOutPermitted(session, request.content);
+    const Reply allowed = permission(session, request);
+    if (allowed.ok())
+        return carryOutPermitted(session, request);
+    ++m_refused.forbidden;
+    return allowed;
 }
 
 Reply CellService::permission(const PendantSession &session, const Request &request) const

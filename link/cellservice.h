@@ -44,6 +44,8 @@ public:
     ~CellService() override;
 
     void start();
+    /// A request from inside the process, in nobody's name; only once it is online.
+    controller::Reply handle(const controller::Request &request);
     const Refused &refused() const { return m_refused; }
     controller::Faults *faults() { return &m_faults; }
     const controller::Journal &journal() const { return m_journal; }
@@ -62,7 +64,9 @@ private:
     void onBeat(const MqttMessage &message, const QString &user);
     void welcome(const MqttMessage &message, const QString &user, const QString &client,
                  const QString &greeting);
-    controller::Reply carryOut(PendantSession &session, const wire::Request &request);
+    std::optional<controller::Reply> answerTo(PendantSession &session,
+                                              const wire::Request &request);
+    controller::Reply carryOut(PendantSession &session, const controller::Request &request);
     controller::Reply permission(const PendantSession &session,
                                  const controller::Request &request) const;
     controller::Reply notInControl() const;
