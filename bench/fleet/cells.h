@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QThread>
+#include <atomic>
+#include <memory>
+#include <vector>
+
+#include "link/cellservice.h"
+
+namespace fleet {
+
+/// Many cells, each telling a value again and again. A value carries its number, so that who reads
+/// it can ask when it was sent.
+class Cells
+{
+public:
+    static constexpr int firstValue = 10; ///< what the node takes
+    static constexpr int values = 490; ///< then the numbers begin anew
+
+    /// On @p threads threads, each cell @p rate times a second.
+    Cells(const links::BrokerAddress &broker, int count, int rate, int threads);
+    ~Cells();
+
+    static QString nameOf(int cell) { return QStringLiteral("cell%1").arg(cell); }
+    static int numberOf(const QString &name) { return name.mid(4).toInt(); }
+
+    bool areOnline() const { return m_online >= int(m_cells.size()); }
+    void setTelling(bool on) { m_telling = on; }
+    qint64 sent() const { return m_sent; }
+    qint64 nowUs() const { return m_clock.nsecsElapsed() / 1000; }
+    /// When the cell told this value last.
+    qint64 sentAtUs(int cell, int value) const { return m_times[slot(cell, value)]; }
+
+private:
+    static size_t slot(int cell, int value)
+    {
+        return size_t(cell) * values + size_t(value - firstValue);
+    }
+    void tell(int cell);
+
+    const int m_rate;
+    QElapsedTimer m_clock;
+    std::vector<std::unique_ptr<QThread>> m_threads;
+    std::vector<links::CellService *> m_cells; // each goes with its thread
+    std::vector<int> m_next;
+    std::vector<std::atomic<qint64>> m_times;
+    std::atomic<int> m_online{0};
+    std::atomic<qint64> m_sent{0};
+    std::atomic<bool> m_telling{false};
+};
+
+} // namespace fleet
