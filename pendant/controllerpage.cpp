@@ -4,9 +4,11 @@
 #include <QLabel>
 
 #include "pendant/answerspanel.h"
+#include "pendant/controlpanel.h"
 #include "pendant/faultspanel.h"
 #include "pendant/linkbadge.h"
 #include "pendant/linkcontrol.h"
+#include "tessa/xservice.h"
 #include "vu/switchbutton.h"
 
 namespace pendant {
@@ -22,6 +24,8 @@ ControllerPage::ControllerPage(LinkControl *link, controller::Faults *faults, QW
     if (faults) {
         row->addWidget(new FaultsPanel(faults, this), 1);
         right->addWidget(new AnswersPanel(faults, this));
+    } else {
+        right->addWidget(new ControlPanel(xservice(), this)); // others may work this cell too
     }
     right->addStretch(1);
     row->addLayout(right, 1);

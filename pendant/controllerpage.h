@@ -15,7 +15,7 @@ class ControllerPage : public HostPage
 {
     Q_OBJECT
 public:
-    /// @p faults is null for a controller that cannot be made to fail.
+    /// @p faults is null for a controller elsewhere, which others may work too.
     ControllerPage(LinkControl *link, controller::Faults *faults, QWidget *parent = nullptr);
 
 private:

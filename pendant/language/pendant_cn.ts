@@ -214,6 +214,37 @@
     </message>
 </context>
 <context>
+    <name>pendant::ControlPanel</name>
+    <message>
+        <source>Control</source>
+        <translation>控制权</translation>
+    </message>
+    <message>
+        <source>Take control</source>
+        <translation>获取控制权</translation>
+    </message>
+    <message>
+        <source>Give control back</source>
+        <translation>交还控制权</translation>
+    </message>
+    <message>
+        <source>Nobody knows while the link is down.</source>
+        <translation>链接断开时无法得知。</translation>
+    </message>
+    <message>
+        <source>This pendant holds control, as %1.</source>
+        <translation>本示教器以 %1 的身份持有控制权。</translation>
+    </message>
+    <message>
+        <source>Nobody holds control.</source>
+        <translation>无人持有控制权。</translation>
+    </message>
+    <message>
+        <source>%1 holds control. Stopping works from here too.</source>
+        <translation>控制权由 %1 持有。此处仍可停止。</translation>
+    </message>
+</context>
+<context>
     <name>pendant::ControllerPage</name>
     <message>
         <source>Controller</source>
