@@ -185,11 +185,13 @@ void Courier::onReply(const MqttMessage &message)
     const std::optional<Reply> reply = wire::toReply(message);
     if (found == m_pending.end())
         return; // too late, or twice
+    if (!reply) {
+        breakOff(); // who waits for it is told too
+        return;
+    }
     const Pending pending = *found;
     m_pending.erase(found);
-    if (!reply)
-        breakOff();
-    else if (!pending.exchange)
+    if (!pending.exchange)
         onGreeting(pending.session, *reply);
     else if (pending.session == m_session)
         onAnswer(pending.exchange, *reply);
