@@ -164,5 +164,5 @@ void HandleKeys::toggleMonitor(bool down)
     if (down || !bar)
         return;
     bar->switchTo(pageKey);
-    bar->setVisible(!bar->isVisible());
+    bar->setVisible(bar->isHidden()); // whether or not the window itself is shown
 }

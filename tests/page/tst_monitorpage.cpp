@@ -1,0 +1,133 @@
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include "page/monitorpage.h"
+#include "support/formhost.h"
+#include "support/rows.h"
+
+using testsupport::child;
+using testsupport::FormHost;
+using testsupport::Rows;
+
+namespace {
+
+const QString stateNode = QStringLiteral("arc_weld.welder_state");
+
+struct Desk
+{
+    FormHost host;
+    MonitorPage page{host.window(), host.window()};
+
+    Desk() { host.host().service()->watch(&page, stateNode, true); }
+    QDoubleSpinBox *box(const char *name) { return child<QDoubleSpinBox>(page.wgt(), name); }
+    void press(const char *name) { child<QPushButton>(page.wgt(), name)->click(); }
+    /// The actual values, in the order in which they stand.
+    QString actual()
+    {
+        QStringList values;
+        for (const char *name : {"lblActualCurrent", "lblActualVoltage", "lblWeldingSpeed",
+                                 "lblWeldingTime", "lblWeldingDistance", "lblWeldingWireUsed"})
+            values.append(child<QLabel>(page.wgt(), name)->text());
+        return values.join(' ');
+    }
+    /// What the controller was asked for when it told that name.
+    QString asked(const QString &name)
+    {
+        host.takeRequests();
+        host.notify(stateNode, QVariantMap{{"welding_name", name}});
+        return host.takeRequests().join(", ");
+    }
+};
+
+} // namespace
+
+/// The side bar's panel: actual values, and what is trimmed.
+class tst_MonitorPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void actualValues()
+    {
+        Desk desk;
+        const Rows<QVariantMap, QString> rows{
+            {"both", {{"current", 120.7}, {"voltage", 20}}, "120 20 0 0 0 0"},
+            {"current alone", {{"current", 90}}, "120 20 0 0 0 0"},
+            {"voltage alone", {{"voltage", 9}}, "120 20 0 0 0 0"},
+            {"speed", {{"welding_speed", 8.9}}, "120 20 8 0 0 0"},
+            {"time", {{"welding_time", 1.23456789}}, "120 20 8 1.23457 0 0"},
+            {"wire", {{"welding_wire_used", 0.25}}, "120 20 8 1.23457 0 0.25"},
+            {"way", {{"welding_distance", 1234567}}, "120 20 8 1.23457 1.23457e+06 0.25"},
+        };
+        for (const auto &[name, values, shown] : rows) {
+            desk.host.notify(stateNode, values);
+            QCOMPARE(desk.actual(), shown);
+        }
+        QCOMPARE(desk.host.takeMessages(), QStringList());
+    }
+
+    void theNameDecidesTheSet()
+    {
+        Desk desk;
+        const Rows<QString> rows{{"arcdata2", "get arc_weld.weld_param arcdata2"},
+                                 {"arcdata_arcon", "get arc_weld.arcon_param arcdata_arcon"},
+                                 {"arcoffdata3", "get arc_weld.arcoff_param arcoffdata3"},
+                                 {"Arcdata1", "get arc_weld. Arcdata1"}};
+        for (const auto &[name, request] : rows)
+            QCOMPARE(desk.asked(name), request);
+        QCOMPARE(desk.asked("Arcdata1"), QString());
+    }
+
+    void trimming()
+    {
+        Desk desk;
+        const QVariantMap file{{"current", 995.0}, {"voltage", 20.0}, {"speed", 12}};
+        desk.host.link()->answers["get arc_weld.weld_param arcdata2"] = file;
+        desk.asked("arcdata2");
+        QCOMPARE(desk.box("sbxVoltage")->value(), 20.0);
+        const Rows<const char *, double> rows{
+            {"btnCurrentAdd1", "sbxCurrent", 996},  {"btnCurrentAdd10", "sbxCurrent", 1000},
+            {"btnCurrentSub10", "sbxCurrent", 990}, {"btnCurrentSub1", "sbxCurrent", 989},
+            {"btnVoltageAdd10", "sbxVoltage", 30},  {"btnVoltageAdd1", "sbxVoltage", 31},
+            {"btnVoltageSub1", "sbxVoltage", 30},   {"btnVoltageSub10", "sbxVoltage", 20}};
+        for (const auto &[button, box, value] : rows) {
+            desk.press(button);
+            QCOMPARE(desk.box(box)->value(), value);
+        }
+        desk.host.link()->answers["set arc_weld.weld_param arcdata2"] = 0;
+        desk.press("btnSave");
+        QVariantMap trimmed = file;
+        trimmed["current"] = 989.0;
+        QCOMPARE(desk.host.link()->lastPayload.toMap(), trimmed);
+        QCOMPARE(desk.host.takeMessages(), QStringList("info: save succeed [monitor]"));
+
+        desk.host.link()->answers.clear();
+        desk.host.spoil(FormHost::Refused, "set arc_weld.weld_param arcdata2");
+        desk.press("btnSave");
+        QCOMPARE(desk.host.takeMessages(), QStringList("error: save error [monitor]"));
+        desk.host.spoil(FormHost::LinkDown, {});
+        desk.press("btnCurrentAdd1");
+        desk.press("btnVoltageSub10");
+        QCOMPARE(desk.box("sbxCurrent")->value(), 989.0);
+        QCOMPARE(desk.host.takeMessages().join('|'),
+                 QString("error: tessa is not connected [monitor]|"
+                         "error: tessa is not connected [monitor]"));
+    }
+
+    // The rest of a file that could not be read would be lost.
+    void nothingIsSavedOverAFileThatCouldNotBeRead()
+    {
+        Desk desk;
+        desk.host.spoil(FormHost::Refused, "get arc_weld.weld_param arcdata2");
+        QCOMPARE(desk.asked("arcdata2"), QString("get arc_weld.weld_param arcdata2"));
+        desk.press("btnSave");
+        QCOMPARE(desk.host.takeRequests(), QStringList());
+        QCOMPARE(desk.host.takeMessages(), QStringList("error: save error [monitor]"));
+    }
+};
+
+QTEST_MAIN(tst_MonitorPage)
+#include "tst_monitorpage.moc"
