@@ -10,10 +10,10 @@
 namespace {
 
 constexpr void (*walk[])(tour::Tour &) = {
-    tour::firstStart,    tour::processSetting, tour::restart,
-    tour::linkDown,      tour::hostPages,      tour::processConfiguration,
-    tour::programEditor, tour::weld,           tour::darkTheme,
-    tour::chinese,
+    tour::firstStart, tour::processSetting, tour::restart,
+    tour::linkDown,   tour::hostPages,      tour::processConfiguration,
+    tour::handleKeys, tour::programEditor,  tour::weld,
+    tour::darkTheme,  tour::chinese,
 };
 
 } // namespace

@@ -8,6 +8,7 @@ class Tour;
 void firstStart(Tour &tour);
 void processSetting(Tour &tour);
 void processConfiguration(Tour &tour);
+void handleKeys(Tour &tour);
 void programEditor(Tour &tour);
 void weld(Tour &tour);
 void restart(Tour &tour);
