@@ -19,10 +19,10 @@ constexpr int keyStretch = 100; // beside the end's: keys take all the height th
 
 } // namespace
 
-KeyColumn::KeyColumn(tessa::PhysicalKeys *keys, QWidget *window)
-    : QWidget(window)
+KeyColumn::KeyColumn(tessa::PhysicalKeys *keys, KeyHolds *holds, QWidget *parent)
+    : QWidget(parent)
     , m_keys(keys)
-    , m_holds(new KeyHolds(keys, window))
+    , m_holds(holds)
     , m_layout(new QVBoxLayout(this))
 {
     setObjectName(QStringLiteral("pndKeys"));

@@ -22,7 +22,8 @@ class KeyColumn : public QWidget
 {
     Q_OBJECT
 public:
-    KeyColumn(tessa::PhysicalKeys *keys, QWidget *window);
+    /// @p holds follows the same keys.
+    KeyColumn(tessa::PhysicalKeys *keys, KeyHolds *holds, QWidget *parent);
 
 protected:
     bool event(QEvent *event) override;

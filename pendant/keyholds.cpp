@@ -4,8 +4,6 @@
 #include <QKeyEvent>
 #include <QWidget>
 
-#include "tessa/physicalbutton.h"
-
 namespace pendant {
 
 namespace {
@@ -14,23 +12,27 @@ constexpr int none = -1;
 
 } // namespace
 
-KeyHolds::KeyHolds(tessa::PhysicalKeys *keys, QWidget *window)
-    : QObject(window)
-    , m_keys(keys)
-    , m_window(window)
+KeyHolds::KeyHolds(QObject *parent)
+    : QObject(parent)
 {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+void KeyHolds::follow(tessa::PhysicalKeys *keys, QWidget *window)
+{
+    m_keys = keys;
+    m_window = window;
     connect(keys, &tessa::PhysicalKeys::heldChanged, this, [this](int key, bool held) {
         if (!held)
             forget(key);
     });
     // The keys have other numbers now.
     connect(keys, &tessa::PhysicalKeys::setsChanged, this, &KeyHolds::letGo);
-    QCoreApplication::instance()->installEventFilter(this);
 }
 
 void KeyHolds::down(Source source, int key)
 {
-    // A repetition that does not say so is none either.
+    // What is down has to come up first; not every repetition says what it is.
     if (!m_down.emplace(source, none).second || m_keys->isHeld(key))
         return;
     m_down[source] = key;
@@ -57,7 +59,11 @@ void KeyHolds::up(Kind kind)
 
 void KeyHolds::letGo()
 {
-    m_down.clear();
+    for (auto entry = m_down.begin(); entry != m_down.end();) {
+        entry->second = none;
+        // The keyboard may go on repeating, so that its keys have to come up first.
+        entry = entry->first.first == Keyboard ? std::next(entry) : m_down.erase(entry);
+    }
     m_keys->releaseAll();
 }
 
@@ -72,6 +78,8 @@ void KeyHolds::forget(int key)
 // Keyboard and mouse are taken where they reach a window, before any field or popup.
 bool KeyHolds::eventFilter(QObject *object, QEvent *event)
 {
+    if (!m_keys)
+        return false;
     const auto *mouse = static_cast<QMouseEvent *>(event);
     switch (event->type()) {
     case QEvent::KeyPress:

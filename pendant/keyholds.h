@@ -1,22 +1,22 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <map>
 #include <utility>
 
+#include "tessa/physicalbutton.h"
+
 class QKeyEvent;
 class QWidget;
-
-namespace tessa {
-class PhysicalKeys;
-}
 
 namespace pendant {
 
 /// What holds which handle key down: the mouse, fingers, and the function keys of a keyboard, of
 /// which F1 is the first handle key. Follows the whole application, so that no release is missed;
 /// where one could be, it gives the release itself: when the window loses the operator's hand, a
-/// dialog opens, or the key sets change. What was released that way takes a fresh press.
+/// dialog opens, or the key sets change. What was released that way takes a fresh press, also when
+/// the pendant was started anew meanwhile.
 class KeyHolds : public QObject
 {
     Q_OBJECT
@@ -25,8 +25,10 @@ public:
     /// A mouse button, a touch point or a key of the keyboard.
     using Source = std::pair<Kind, int>;
 
-    /// Function keys act while @p window is not behind a dialog.
-    KeyHolds(tessa::PhysicalKeys *keys, QWidget *window);
+    explicit KeyHolds(QObject *parent = nullptr);
+
+    /// From now on these keys are meant; they act while @p window is there and not behind a dialog.
+    void follow(tessa::PhysicalKeys *keys, QWidget *window);
 
     /// @p source came down on the handle key @p key. Nothing when another one holds it already:
     /// who pressed it decides when it comes up.
@@ -45,8 +47,8 @@ private:
     int handleKey(const QKeyEvent *event) const;
     void forget(int key);
 
-    tessa::PhysicalKeys *m_keys;
-    QWidget *m_window;
+    QPointer<tessa::PhysicalKeys> m_keys;
+    QPointer<QWidget> m_window;
     std::map<Source, int> m_down; // the handle key, or none when that came up by itself
 };
 

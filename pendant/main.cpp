@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "pendant/connection.h"
+#include "pendant/keyrepeat.h"
 #include "pendant/options.h"
 #include "pendant/pendantapp.h"
 
@@ -28,6 +29,7 @@ int main(int argc, char *argv[])
         return 2;
     }
     const QApplication app(argc, argv);
+    pendant::repeatWithoutReleases();
     pendant::PendantApp pendant(parsed.options, pendant::connectTo);
     pendant.start();
     return QApplication::exec();

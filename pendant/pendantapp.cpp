@@ -55,8 +55,8 @@ void PendantApp::start()
     useResources();
     makeHost();
     m_control = std::make_unique<LinkControl>(m_host.get());
-    m_window =
-        std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()), m_control.get());
+    m_window = std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()),
+                                               m_control.get(), &m_holds);
     loadModule();
     Connection connection = m_connector(m_options);
     addPages(connection.faults);

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "pendant/connection.h"
+#include "pendant/keyholds.h"
 #include "pendant/options.h"
 #include "pendant/program/programdocument.h"
 
@@ -56,6 +57,7 @@ private:
     Options m_options;
     Connector m_connector;
     ProgramDocument m_program; // stays open over a change of language
+    KeyHolds m_holds; // what is down stays so as well
     std::unique_ptr<PluginLoader> m_loader;
     std::unique_ptr<tessa::Host> m_host;
     std::unique_ptr<LinkControl> m_control;

@@ -6,6 +6,7 @@
 #include "pando/frame.h"
 #include "pendant/headerbar.h"
 #include "pendant/keycolumn.h"
+#include "pendant/keyholds.h"
 #include "pendant/linkbadge.h"
 #include "pendant/messageline.h"
 #include "pendant/navpanel.h"
@@ -23,7 +24,8 @@ const QString stretchItem = QStringLiteral("orbo.body.statuspage.wgtStrech2");
 
 } // namespace
 
-PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link)
+PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link,
+                             KeyHolds *holds)
 {
     tessa::ManagerHelper *helper = host->helper();
     setObjectName(QStringLiteral("pndWindow"));
@@ -38,7 +40,7 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, Lin
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(new HeaderBar(helper->status(), link, this));
-    layout->addWidget(makeBody(host, entries), 1);
+    layout->addWidget(makeBody(host->keys(), holds, entries), 1);
     layout->addWidget(makeStatus(helper, link));
     pando::frame() = {m_center, m_side, m_status};
 }
@@ -48,8 +50,10 @@ PendantWindow::~PendantWindow()
     pando::frame() = {};
 }
 
-QWidget *PendantWindow::makeBody(tessa::Host *host, kelp::ModuleObject *entries)
+QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
+                                 kelp::ModuleObject *entries)
 {
+    holds->follow(keys, this);
     auto *row = new QWidget(this);
     m_nav = new NavPanel(entries, row);
     m_center = new pando::CenterWidget(row);
@@ -64,7 +68,7 @@ QWidget *PendantWindow::makeBody(tessa::Host *host, kelp::ModuleObject *entries)
     layout->addWidget(m_center, 1);
     layout->addWidget(m_side);
     // At the edge, so that no page or side bar moves them from under the operator's right hand.
-    layout->addWidget(new KeyColumn(host->keys(), this));
+    layout->addWidget(new KeyColumn(keys, holds, this));
     connect(m_nav, &NavPanel::chosen, this, &PendantWindow::showPage);
     connect(m_center, &pando::CenterWidget::pageShown, m_nav, &NavPanel::setCurrent);
     return row;

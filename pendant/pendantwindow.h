@@ -14,10 +14,12 @@ class StatusBar;
 namespace tessa {
 class Host;
 class ManagerHelper;
+class PhysicalKeys;
 } // namespace tessa
 
 namespace pendant {
 
+class KeyHolds;
 class LinkControl;
 class NavPanel;
 
@@ -27,8 +29,9 @@ class PendantWindow : public QWidget
 {
     Q_OBJECT
 public:
-    /// @p entries is the node of the navigation entries.
-    PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link);
+    /// @p entries is the node of the navigation entries; @p holds outlives the window.
+    PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link,
+                  KeyHolds *holds);
     ~PendantWindow() override;
 
     pando::CenterWidget *center() { return m_center; }
@@ -42,7 +45,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    QWidget *makeBody(tessa::Host *host, kelp::ModuleObject *entries);
+    QWidget *makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds, kelp::ModuleObject *entries);
     QWidget *makeStatus(tessa::ManagerHelper *helper, LinkControl *link);
 
     NavPanel *m_nav = nullptr;
