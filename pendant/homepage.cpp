@@ -79,6 +79,8 @@ QWidget *HomePage::makeSteps(const Facts &facts)
         tr("Choose a file, such as arcondata3. One that is not there yet starts with the "
            "defaults."),
         tr("Change a value and save. It is still there when the pendant is started again."),
+        tr("Switch the device on under Device Setting, then hold a key at the right edge, or F1 to "
+           "F7: wire feeds until it is let go."),
         tr("Take the link down at the top right, or name a fault on the Controller page, and see "
            "what the pages tell."),
     };

@@ -547,6 +547,10 @@ New: %2</source>
         <translation>修改一个值并保存。示教器重新启动后，该值仍然保留。</translation>
     </message>
     <message>
+        <source>Switch the device on under Device Setting, then hold a key at the right edge, or F1 to F7: wire feeds until it is let go.</source>
+        <translation>在“设备设置”中启用设备，然后按住右侧边缘的按键或 F1 至 F7：按住送丝键时送丝，松开即停。</translation>
+    </message>
+    <message>
         <source>Take the link down at the top right, or name a fault on the Controller page, and see what the pages tell.</source>
         <translation>在右上角断开连接，或在“控制器”页面设置一个故障，然后观察各页面的提示。</translation>
     </message>
