@@ -89,13 +89,8 @@ private slots:
         desk.enable->setChecked(false);
         QCOMPARE(desk.host.takeMessages(), QStringList("info: disable device success [setting]"));
         QVERIFY(!desk.leaf("enable")->getBool() && desk.canChoose());
-    }
-    void connectingToTheWelder()
-    {
-        Desk desk;
-        desk.connect->setChecked(true);
-        QCOMPARE(desk.host.link()->lastPayload.toMap()["connect_to_welder"], QVariant(true));
-        desk.connect->setChecked(false);
+        for (const bool on : {true, false})
+            desk.connect->setChecked(on);
         QCOMPARE(desk.host.takeMessages(),
                  QStringList({"info: connect the actual weldMachinesuccess [setting]",
                               "info: don't connect the actual weldMachinesuccess [setting]"}));
