@@ -151,7 +151,12 @@ private slots:
         bench.watch(mode("real"));
         QCOMPARE(bench.link->log, QStringList("W " + node));
         QCOMPARE(copy->r("mode")->getString(), QString("real"));
-        QCOMPARE(changed.count(), 0);
+        bench.link->fail("refused", 7);
+        bench.service->watch(this, "refused", true);
+        QSignalSpy later(bench.service->watchNode("refused"), &ModuleObject::changed);
+        for (const char *name : {"real", "simu"})
+            emit bench.link->notified("refused", mode(name));
+        QVERIFY(changed.isEmpty() && later.count() == 1); // the first one filled the copy
     }
     void changedMeansChanged()
     {

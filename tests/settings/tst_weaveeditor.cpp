@@ -168,6 +168,7 @@ private slots:
         const Rows<bool, Values, QString> rows{
             {"exactly 50", true, Values{5, 10}, good},
             {"10.01", true, Values{5, 10.01}, product},
+            {"4.35, a little less as binary", true, Values{4.35, 11.5}, product},
             {"length", false, Values{500, 100}, good},
             {"180", true, Values{1, 1, 90, 90}, sum},
             {"-180", true, Values{1, 1, -90, -90}, sum},
