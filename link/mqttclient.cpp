@@ -18,6 +18,7 @@ namespace {
 constexpr int keepAliveSeconds = 5; // the least the library takes
 constexpr int answerMs = 2000; // for the broker to take us
 constexpr int restMs = 200; // before the next attempt
+constexpr int idleMs = 500; // for keep-alive and for a broker that does not answer
 
 void useLibrary()
 {
@@ -85,6 +86,12 @@ void MqttClient::start()
 {
     if (!m_thread.joinable())
         m_thread = std::thread([this] { run(); });
+}
+
+void MqttClient::restart()
+{
+    m_restart = true;
+    wake();
 }
 
 void MqttClient::stop(const std::optional<MqttMessage> &last)
@@ -237,7 +244,7 @@ int MqttClient::step(mosquitto *handle) const
         return MOSQ_ERR_CONN_LOST;
     const short wanted = mosquitto_want_write(handle) ? POLLIN | POLLOUT : POLLIN;
     std::array<pollfd, 2> polled{pollfd{socket, wanted, 0}, pollfd{m_wake, POLLIN, 0}};
-    poll(polled.data(), polled.size(), pulseMs);
+    poll(polled.data(), polled.size(), m_handlers.pulse ? pulseMs : idleMs);
     if (polled[1].revents != 0) {
         eventfd_t count = 0;
         eventfd_read(m_wake, &count);

@@ -65,7 +65,7 @@ public:
     /// Ends the connection and the thread; @p last is still sent before, if that is possible.
     void stop(const std::optional<MqttMessage> &last = std::nullopt);
     /// Drops the connection, which may be dead without showing it, and sets it up anew.
-    void restart() { m_restart = true; }
+    void restart();
 
     bool isOnline() const { return m_online; }
     /// False when it could not even be tried: there is no connection now, and it is not kept for
