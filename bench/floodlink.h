@@ -1,0 +1,49 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <thread>
+
+#include "link/embeddedlink.h"
+#include "tessa/notificationqueue.h"
+
+namespace bench {
+
+/// A link to a controller in this process that also knows many signals, which can be made to
+/// change far faster than a screen can follow.
+class FloodLink : public tessa::ControllerLink
+{
+    Q_OBJECT
+public:
+    static constexpr int signalCount = 64;
+    static constexpr int hertz = 500;
+
+    FloodLink();
+    ~FloodLink() override;
+
+    /// The node of a signal; the first is the one that the welding monitor shows.
+    static QString node(int signal);
+    void start();
+    void stop();
+
+    /// Called when the controller has carried out a command, before the caller hears of it.
+    std::function<void(const QString &command)> carriedOut;
+
+    tessa::LinkReply call(const tessa::LinkRequest &request, int timeoutMs) override;
+    void open() override { m_inner.open(); }
+    void close() override { m_inner.close(); }
+    bool isUp() const override { return m_inner.isUp(); }
+    void beat(int press) override { m_inner.beat(press); }
+    const controller::Journal &journal() const { return m_inner.journal(); }
+    controller::Faults *faults() { return m_inner.faults(); }
+
+private:
+    void flood();
+
+    links::EmbeddedLink m_inner{links::EmbeddedLink::Options{}};
+    tessa::NotificationQueue m_queue;
+    std::atomic<bool> m_flooding{false};
+    std::thread m_thread;
+};
+
+} // namespace bench

@@ -1,0 +1,160 @@
+#include <QStackedWidget>
+#include <malloc.h>
+
+#include "bench/bench.h"
+#include "bench/module.h"
+#include "bench/rawforms.h"
+#include "bench/stage.h"
+#include "data/stylerules.h"
+#include "settings/devicessettingpage.h"
+#include "settings/processsettingspage.h"
+#include "settings/weavefunctionpage.h"
+#include "settings/weldingoptionspage.h"
+
+namespace bench {
+
+namespace {
+
+constexpr int pageCount = 4;
+const QString fromUic = QStringLiteral("the same page from uic");
+
+// A page's widget lives in the styled page around it, and goes with the page.
+template<typename Page>
+void openPage(Bench &bench, testsupport::FormHost &host, const QString &name,
+              QWidget *(*raw)(QWidget *))
+{
+    QWidget around(host.window());
+    welmo::applyStyleRules(&around);
+    const auto open = [&](const auto &make) {
+        return microseconds([&] {
+            QWidget *widget = make();
+            widget->resize(pageSize);
+            widget->grab();
+        });
+    };
+    const auto ours = [&] {
+        host.takeRequests();
+        std::unique_ptr<Page> page;
+        return open([&] {
+            page = std::make_unique<Page>(&around, nullptr);
+            page->initPage();
+            return page->wgt();
+        });
+    };
+    const auto floor = [&] {
+        std::unique_ptr<QWidget> page;
+        return open([&] {
+            page.reset(raw(&around));
+            return page.get();
+        });
+    };
+    bench.row(QStringLiteral("open the page %1").arg(name), fromUic, ours, floor);
+}
+
+void openPages(Bench &bench)
+{
+    testsupport::FormHost host;
+    openPage<DevicesSettingPage>(bench, host, QStringLiteral("Device Setting"), raw::devices);
+    openPage<WeldingOptionsPage>(bench, host, QStringLiteral("Welding Options"), raw::options);
+    openPage<ProcessSettingsPage>(bench, host, QStringLiteral("Process Setting"), raw::process);
+    openPage<WeaveFunctionPage>(bench, host, QStringLiteral("Weave Function"), raw::weave);
+}
+
+void switchPages(Bench &bench)
+{
+    Module module(testsupport::FormHost::Connected);
+    module.load();
+    const QList<QToolButton *> buttons = module.buttons();
+    QWidget *rawPage = raw::arcWeldPage(module.host.window(), pageCount);
+    rawPage->resize(pageSize);
+    auto *stack = rawPage->findChild<QStackedWidget *>();
+    int ourTurn = 0;
+    int floorTurn = 0;
+    const auto ours = [&] {
+        module.host.takeRequests();
+        return microseconds([&] {
+            buttons[++ourTurn % pageCount]->click();
+            module.page()->grab();
+        });
+    };
+    const auto floor = [&] {
+        return microseconds([&] {
+            stack->setCurrentIndex(++floorTurn % pageCount);
+            rawPage->grab();
+        });
+    };
+    bench.row(QStringLiteral("switch to another sub-page"),
+              QStringLiteral("a QStackedWidget with the pages from uic"), ours, floor);
+}
+
+void loadLibrary(Bench &bench)
+{
+    const auto ours = [] {
+        Module module(testsupport::FormHost::Down);
+        return microseconds([&] {
+            module.load();
+            module.page()->grab();
+        });
+    };
+    const auto floor = [] {
+        testsupport::FormHost host(testsupport::FormHost::Down);
+        return opening([&host] {
+            raw::monitor(host.window());
+            return raw::arcWeldPage(host.window(), 1);
+        })();
+    };
+    bench.row(QStringLiteral("load the library, paint the first page"),
+              QStringLiteral("a window with the same widgets"), ours, floor);
+}
+
+// What is in use on the GUI thread's heap more than before @p build, in KiB.
+template<typename Build>
+double kibibytes(const Build &build)
+{
+    const size_t before = mallinfo2().uordblks;
+    build();
+    return (double(mallinfo2().uordblks) - double(before)) / 1024;
+}
+
+void memory(Bench &bench)
+{
+    const auto ours = [] {
+        Module module(testsupport::FormHost::Connected);
+        return kibibytes([&] {
+            module.load();
+            for (QToolButton *button : module.buttons()) {
+                button->click();
+                module.page()->grab();
+            }
+            module.host.takeRequests();
+        });
+    };
+    const auto floor = [] {
+        testsupport::FormHost host;
+        return kibibytes([&] {
+            raw::monitor(host.window());
+            QWidget *page = raw::arcWeldPage(host.window(), pageCount);
+            page->resize(pageSize);
+            auto *stack = page->findChild<QStackedWidget *>();
+            for (int i = 0; i < pageCount; ++i) {
+                stack->setCurrentIndex(i);
+                page->grab();
+            }
+        });
+    };
+    bench.fewTrials(QStringLiteral("memory after all pages were opened"),
+                    QStringLiteral("the same widgets from uic"), QStringLiteral("KiB"), ours,
+                    floor);
+}
+
+} // namespace
+
+void pages(Bench &bench)
+{
+    openPages(bench);
+    switchPages(bench);
+    loadLibrary(bench);
+    memory(bench);
+}
+
+} // namespace bench
