@@ -1,6 +1,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 #include <algorithm>
+#include <atomic>
 #include <thread>
 
 #include "support/rows.h"
@@ -17,8 +18,8 @@ const QString node = QStringLiteral("arc_weld.welder_state");
 /// A queue with a clock that stands still until the test turns it.
 struct Bench
 {
-    qint64 now = 0;
-    NotificationQueue queue{nullptr, [this] { return now; }};
+    std::atomic<qint64> now{0};
+    NotificationQueue queue{nullptr, [this] { return now.load(); }};
     QVector<QPair<QString, QVariant>> delivered;
 
     Bench()
@@ -47,6 +48,18 @@ struct Bench
         delivered.erase(std::remove_if(delivered.begin(), delivered.end(),
                                        [](const auto &entry) { return entry.first == "wake"; }),
                         delivered.end());
+    }
+};
+
+/// How often the event loop is called to the queue, its timer aside.
+struct WakeCounter : QObject
+{
+    int count = 0;
+    explicit WakeCounter(QObject *queue) { queue->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::MetaCall;
+        return false;
     }
 };
 
@@ -137,6 +150,29 @@ private slots:
         bench.now += interval;
         QTRY_COMPARE(bench.delivered.size(), 8); // the last value arrives, by itself
         QCOMPARE(bench.last(), QVariant(QVariantMap({{"current", 7999}})));
+    }
+    // Or else a controller that tells hundreds of values a second wakes the screen as often.
+    void nothingIsPostedForWhatTheTimerBrings()
+    {
+        Bench bench;
+        WakeCounter wakes(&bench.queue);
+        const auto wakesBy = [&](const QString &path) {
+            const int before = wakes.count;
+            bench.queue.push(path, QVariantMap({{"x", 1}}));
+            QCoreApplication::processEvents();
+            return wakes.count - before;
+        };
+        QCOMPARE(wakesBy("early"), 1);
+        bench.now = 10;
+        QCOMPARE(wakesBy("late"), 1);
+        QCOMPARE(wakesBy("late"), 1); // sets the timer
+        QCOMPARE(wakesBy("late"), 0);
+        QCOMPARE(wakesBy("early"), 1); // due before the timer, which is set anew
+        QCOMPARE(wakesBy("early"), 0);
+        QCOMPARE(bench.delivered.size(), 2);
+        bench.now = interval;
+        QCOMPARE(wakesBy("early"), 1); // due: at once, however busy the timer's thread is
+        QCOMPARE(bench.delivered.size(), 3);
     }
     void boundMergesTheOldest()
     {

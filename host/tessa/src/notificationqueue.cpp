@@ -4,7 +4,6 @@
 #include <QMutexLocker>
 #include <QPair>
 #include <QVector>
-#include <limits>
 #include <utility>
 
 namespace tessa {
@@ -27,13 +26,14 @@ bool hidesEvent(const QVariantMap &earlier, const QVariantMap &later)
     return false;
 }
 
-QVariant merged(const QVariant &earlier, const QVariant &later)
+void merge(QVariant &values, const QVariant &later)
 {
-    QVariantMap map = earlier.toMap();
+    QVariantMap map = values.toMap();
+    values.clear(); // or else every insertion copies the map
     const QVariantMap added = later.toMap();
     for (auto it = added.begin(); it != added.end(); ++it)
         map.insert(it.key(), it.value());
-    return map;
+    values = map;
 }
 
 bool areMaps(const QVariant &a, const QVariant &b)
@@ -62,10 +62,13 @@ NotificationQueue::Clock NotificationQueue::steadyClock()
 void NotificationQueue::push(const QString &path, const QVariant &values)
 {
     const QMutexLocker lock(&m_mutex);
-    append(m_nodes[path], values);
-    if (m_wakePosted)
+    Node &node = m_nodes[path];
+    append(node, values);
+    // One event at a time, however fast they come: a busy screen must not gather a backlog. And
+    // none for what the timer will find: it may be hundreds a second.
+    const bool timerIsInTime = node.due >= m_wakeAt && node.due > m_clock();
+    if (m_wakePosted || timerIsInTime)
         return;
-    // One event at a time, however fast they come: a busy screen must not gather a backlog.
     m_wakePosted = true;
     QMetaObject::invokeMethod(this, &NotificationQueue::drain, Qt::QueuedConnection);
 }
@@ -76,15 +79,17 @@ void NotificationQueue::append(Node &node, const QVariant &values)
     const bool mergeable = !waiting.empty() && areMaps(waiting.back(), values)
         && !hidesEvent(waiting.back().toMap(), values.toMap());
     if (mergeable)
-        waiting.back() = merged(waiting.back(), values);
+        merge(waiting.back(), values);
     else
         waiting.push_back(values);
     if (waiting.size() <= size_t(capacity))
         return;
-    const QVariant oldest = waiting.front();
+    QVariant oldest = std::move(waiting.front());
     waiting.pop_front();
-    if (areMaps(oldest, waiting.front()))
-        waiting.front() = merged(oldest, waiting.front());
+    if (!areMaps(oldest, waiting.front()))
+        return;
+    merge(oldest, waiting.front());
+    waiting.front() = std::move(oldest);
 }
 
 void NotificationQueue::clear()
@@ -96,7 +101,7 @@ void NotificationQueue::clear()
 void NotificationQueue::drain()
 {
     QVector<QPair<QString, QVariant>> ready;
-    qint64 next = std::numeric_limits<qint64>::max();
+    qint64 next = never;
     {
         const QMutexLocker lock(&m_mutex);
         m_wakePosted = false;
@@ -113,8 +118,9 @@ void NotificationQueue::drain()
             if (!node.waiting.empty())
                 next = qMin(next, node.due - now);
         }
+        m_wakeAt = next == never ? never : now + next;
     }
-    if (next != std::numeric_limits<qint64>::max())
+    if (next != never)
         m_pace.start(int(qMax<qint64>(0, next)));
     for (const auto &[path, values] : qAsConst(ready))
         emit delivered(path, values);

@@ -7,6 +7,7 @@
 #include <QVariant>
 #include <deque>
 #include <functional>
+#include <limits>
 
 namespace tessa {
 
@@ -21,7 +22,7 @@ public:
     static constexpr int intervalMs = 34; ///< between two deliveries of one node
     static constexpr int capacity = 64; ///< waiting notifications of one node
 
-    /// Milliseconds that never go back.
+    /// Milliseconds that never go back; called on any thread, one at a time.
     using Clock = std::function<qint64()>;
 
     explicit NotificationQueue(QObject *parent = nullptr, Clock clock = steadyClock());
@@ -42,6 +43,8 @@ private:
         qint64 due = 0; ///< not before, in milliseconds of m_clock
     };
 
+    static constexpr qint64 never = std::numeric_limits<qint64>::max();
+
     static Clock steadyClock();
     void drain();
     void append(Node &node, const QVariant &values);
@@ -49,6 +52,7 @@ private:
     QMutex m_mutex;
     QHash<QString, Node> m_nodes;
     bool m_wakePosted = false;
+    qint64 m_wakeAt = never; ///< when the timer will wake, by m_clock
     Clock m_clock;
     QTimer m_pace;
 };
