@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "data/report.h"
 #include "instructions/line/problem.h"
@@ -27,40 +28,45 @@ PointExpression expressionOf(const QStringList &parts)
 MovePropertyPointWidget::MovePropertyPointWidget(QWidget *parent)
     : QWidget(parent)
     , m_tabs(new QTabWidget(this))
-    , m_aux(new PointGroup(this))
-    , m_target(new PointGroup(this))
+    , m_target(addGroup(QStringLiteral("wgtTarget"), tr("Target point")))
 {
     setObjectName(QStringLiteral("MovePropertyPointWidget"));
     m_tabs->setObjectName(QStringLiteral("twgtPoints"));
     m_tabs->setTabBarAutoHide(true);
-    m_aux->setObjectName(QStringLiteral("wgtAux"));
-    m_target->setObjectName(QStringLiteral("wgtTarget"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_tabs);
-    for (PointGroup *group : {m_aux, m_target}) {
-        auto *page = new QWidget(this);
-        page->hide(); // until it is a tab
-        auto *pageLayout = new QVBoxLayout(page);
-        pageLayout->addWidget(group);
-        pageLayout->addStretch();
-        if (group == m_target)
-            m_tabs->addTab(page, tr("Target point"));
-        connect(group, &PointGroup::pointAdded, this, &MovePropertyPointWidget::setPointlist);
-    }
     connect(m_tabs, &QTabWidget::currentChanged, this, &MovePropertyPointWidget::onTabChanged);
 }
 
 MovePropertyPointWidget::~MovePropertyPointWidget() = default;
 
+PointGroup *MovePropertyPointWidget::addGroup(const QString &name, const QString &title)
+{
+    auto *page = new QWidget;
+    auto *group = new PointGroup(page);
+    group->setObjectName(name);
+    auto *layout = new QVBoxLayout(page);
+    layout->addWidget(group);
+    layout->addStretch();
+    connect(group, &PointGroup::pointAdded, this, &MovePropertyPointWidget::setPointlist);
+    m_tabs->insertTab(0, page, title);
+    return group;
+}
+
+QList<PointGroup *> MovePropertyPointWidget::groups() const
+{
+    return m_aux ? QList<PointGroup *>{m_aux, m_target} : QList<PointGroup *>{m_target};
+}
+
 void MovePropertyPointWidget::initialize(const QString &type)
 {
-    // A lone tab needs no bar, nor the room for one.
-    const int place = m_tabs->indexOf(m_aux->parentWidget());
-    if (type != QLatin1String("movec"))
-        m_tabs->removeTab(place);
-    else if (place < 0)
-        m_tabs->insertTab(0, m_aux->parentWidget(), tr("Auxiliary point"));
+    // A lone tab needs no bar, nor the room for one; and a group costs as much as all else here.
+    const bool circular = type == QLatin1String("movec");
+    if (circular && !m_aux)
+        m_aux = addGroup(QStringLiteral("wgtAux"), tr("Auxiliary point"));
+    else if (!circular && m_aux)
+        delete std::exchange(m_aux, nullptr)->parentWidget();
     m_tabs->setCurrentIndex(0);
     updateTool(OrboData::getCurrentTool());
     updateWobj(OrboData::getCurrentWobj());
@@ -70,8 +76,8 @@ void MovePropertyPointWidget::initialize(const QString &type)
 void MovePropertyPointWidget::setPointlist()
 {
     const QStringList names = points::names();
-    m_aux->edit()->setPoints(names);
-    m_target->edit()->setPoints(names);
+    for (PointGroup *group : groups())
+        group->edit()->setPoints(names);
 }
 
 QStringList MovePropertyPointWidget::splitPoint(const QString &text)
@@ -83,7 +89,8 @@ void MovePropertyPointWidget::handleSetPoint(QComboBox *combo, const QString &te
                                              const Setter &setter)
 {
     const QStringList parts = splitPoint(text);
-    PointEdit *edit = combo == m_aux->edit()->combo() ? m_aux->edit() : m_target->edit();
+    const bool aux = m_aux && combo == m_aux->edit()->combo();
+    PointEdit *edit = aux ? m_aux->edit() : m_target->edit();
     if (!edit->choose(parts.value(1)))
         report::warning(reporterFor(this),
                         tr("There is no point %1 in the project").arg(parts.value(1)));
@@ -100,6 +107,8 @@ void MovePropertyPointWidget::setTargetPoint(const QString &text)
 
 void MovePropertyPointWidget::setAuxPoint(const QString &text)
 {
+    if (!m_aux)
+        return;
     handleSetPoint(m_aux->edit()->combo(), text,
                    [this](const QStringList &parts) { setAuxOffsAndComplex(parts); });
 }
@@ -111,7 +120,8 @@ void MovePropertyPointWidget::setTargetOffsAndComplex(const QStringList &parts)
 
 void MovePropertyPointWidget::setAuxOffsAndComplex(const QStringList &parts)
 {
-    m_aux->edit()->setKindAndNumbers(expressionOf(parts));
+    if (m_aux)
+        m_aux->edit()->setKindAndNumbers(expressionOf(parts));
 }
 
 QString MovePropertyPointWidget::getParam() const
@@ -119,20 +129,19 @@ QString MovePropertyPointWidget::getParam() const
     const auto text = [](const PointGroup *group) {
         return group->edit()->expression().format(PointExpression::Spelling::Property);
     };
-    const bool circular = m_tabs->indexOf(m_aux->parentWidget()) >= 0;
-    return circular ? text(m_aux) + QLatin1Char(',') + text(m_target) : text(m_target);
+    return m_aux ? text(m_aux) + QLatin1Char(',') + text(m_target) : text(m_target);
 }
 
 void MovePropertyPointWidget::updateTool(const QString &tool)
 {
-    m_aux->setTool(tool);
-    m_target->setTool(tool);
+    for (PointGroup *group : groups())
+        group->setTool(tool);
 }
 
 void MovePropertyPointWidget::updateWobj(const QString &wobj)
 {
-    m_aux->setWorkObject(wobj);
-    m_target->setWorkObject(wobj);
+    for (PointGroup *group : groups())
+        group->setWorkObject(wobj);
 }
 
 void MovePropertyPointWidget::onTabChanged(int)

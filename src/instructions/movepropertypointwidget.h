@@ -20,7 +20,8 @@ public:
     explicit MovePropertyPointWidget(QWidget *parent = nullptr);
     ~MovePropertyPointWidget() override;
 
-    /// @p type is "movel" (a target point) or "movec" (an auxiliary point before it).
+    /// @p type is "movel" (a target point) or "movec" (an auxiliary point before it). Without an
+    /// auxiliary point, what concerns it does nothing.
     void initialize(const QString &type);
     /// Fills the points' lists; what is chosen stays chosen.
     void setPointlist();
@@ -46,25 +47,40 @@ public slots:
     void onTabChanged(int index);
 
     void onRbtnOffsTargetChanged() { m_target->forgetComplex(); }
-    void onRbtnOffsAuxChanged() { m_aux->forgetComplex(); }
+    void onRbtnOffsAuxChanged() { aux(&PointGroup::forgetComplex); }
     void onTargetOffsConfirmClicked() { m_target->computeComplex(); }
-    void onAuxOffsConfirmClicked() { m_aux->computeComplex(); }
+    void onAuxOffsConfirmClicked() { aux(&PointGroup::computeComplex); }
     void onTargetConfirmClicked() { m_target->saveLocation(); }
-    void onAuxConfirmClicked() { m_aux->saveLocation(); }
+    void onAuxConfirmClicked() { aux(&PointGroup::saveLocation); }
     void onTargetUpdateLocationClicked() { m_target->updateLocation(); }
-    void onAuxUpdateLocationClicked() { m_aux->updateLocation(); }
+    void onAuxUpdateLocationClicked() { aux(&PointGroup::updateLocation); }
     void onTargetPointMoveJtoClicked() { m_target->moveToPoint(welmo::robot::Motion::Joint); }
     void onTargetPointMoveLtoClicked() { m_target->moveToPoint(welmo::robot::Motion::Linear); }
     void onTargetComplexMoveJtoClicked() { m_target->moveToComplex(welmo::robot::Motion::Joint); }
     void onTargetComplexMoveLtoClicked() { m_target->moveToComplex(welmo::robot::Motion::Linear); }
-    void onAuxPointMoveJtoClicked() { m_aux->moveToPoint(welmo::robot::Motion::Joint); }
-    void onAuxPointMoveLtoClicked() { m_aux->moveToPoint(welmo::robot::Motion::Linear); }
-    void onAuxComplexMoveJtoClicked() { m_aux->moveToComplex(welmo::robot::Motion::Joint); }
-    void onAuxComplexMoveLtoClicked() { m_aux->moveToComplex(welmo::robot::Motion::Linear); }
+    void onAuxPointMoveJtoClicked() { aux(&PointGroup::moveToPoint, welmo::robot::Motion::Joint); }
+    void onAuxPointMoveLtoClicked() { aux(&PointGroup::moveToPoint, welmo::robot::Motion::Linear); }
+    void onAuxComplexMoveJtoClicked()
+    {
+        aux(&PointGroup::moveToComplex, welmo::robot::Motion::Joint);
+    }
+    void onAuxComplexMoveLtoClicked()
+    {
+        aux(&PointGroup::moveToComplex, welmo::robot::Motion::Linear);
+    }
     void stopMove() { m_target->stopMove(); }
 
 private:
+    PointGroup *addGroup(const QString &name, const QString &title);
+    QList<PointGroup *> groups() const;
+    template<typename... Arguments>
+    void aux(void (PointGroup::*action)(Arguments...), Arguments... arguments)
+    {
+        if (m_aux)
+            (m_aux->*action)(arguments...);
+    }
+
     QTabWidget *m_tabs;
-    PointGroup *m_aux;
     PointGroup *m_target;
+    PointGroup *m_aux = nullptr; ///< only while the move is circular
 };

@@ -148,10 +148,12 @@ private slots:
     {
         FormHost host;
         MovePropertyPointWidget panel(host.window());
-        for (const bool circular : {false, true}) {
+        for (const bool circular : {false, true, false, true}) {
             panel.initialize(circular ? "movec" : "movel");
             QCOMPARE(child<QTabWidget>(&panel, "twgtPoints")->count(), circular ? 2 : 1);
             QCOMPARE(panel.getParam(), circular ? "p1,p1" : "p1");
+            panel.onAuxOffsConfirmClicked(); // without such a point: nothing to do
+            panel.setAuxPoint("p1");
         }
         panel.setAuxPoint("Offs(p3,1,2,3)");
         panel.setTargetPoint("p4");
