@@ -136,6 +136,12 @@ void WeaveEditor::onFileNumberChanged(int)
 void WeaveEditor::onStandardTypeChanged(int index)
 {
     QDoubleSpinBox *box = ui->sbxWeaveLength_Frequency;
+    // Whenever a file is shown this is called twice, and a box that is set up anew formats anew.
+    if (index == m_standard) {
+        switchStayTime();
+        return;
+    }
+    m_standard = index;
     if (index == Length) {
         ui->lblWeaveLength_Frequency->setText(tr("Weave Length"));
         ui->lblWeaveLength_FrequencyUnit->setText(units::mm);
@@ -189,7 +195,7 @@ void WeaveEditor::onElevationTypeChanged(int index)
     }
     m_vPattern = vPattern;
     for (QDoubleSpinBox *box : {left, right}) {
-        if (vPattern)
+        if (vPattern && box->value() != 0)
             box->setValue(0);
         box->setEnabled(!vPattern);
     }

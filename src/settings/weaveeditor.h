@@ -63,4 +63,5 @@ private:
     double m_leftElevation = 0; ///< what the boxes held before "V-Pattern" set them to 0
     double m_rightElevation = 0;
     bool m_vPattern = true;
+    int m_standard = -1; ///< that the length or frequency box is set up for
 };
