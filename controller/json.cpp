@@ -2,9 +2,9 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace controller {
 
@@ -13,27 +13,27 @@ namespace {
 constexpr int maxDepth = 16;
 constexpr int maxTextLength = 64 * 1024;
 
-QVariant narrowed(const QVariant &value)
+QVariant valueOf(const QJsonValue &json)
 {
-    if (value.userType() == QMetaType::Nullptr)
-        return {};
-    if (value.userType() == QMetaType::LongLong) {
-        const qlonglong number = value.toLongLong();
-        const bool fits =
-            number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max();
-        return fits ? QVariant(static_cast<int>(number)) : value;
-    }
-    if (value.userType() == QMetaType::QVariantList) {
-        QVariantList list = value.toList();
-        std::transform(list.begin(), list.end(), list.begin(), narrowed);
-        return list;
-    }
-    if (value.userType() == QMetaType::QVariantMap) {
-        QVariantMap map = value.toMap();
-        std::transform(map.begin(), map.end(), map.begin(), narrowed);
+    if (json.isObject()) {
+        QVariantMap map;
+        const QJsonObject object = json.toObject();
+        for (auto it = object.begin(); it != object.end(); ++it)
+            map.insert(map.cend(), it.key(), valueOf(it.value()));
         return map;
     }
-    return value;
+    if (json.isArray()) {
+        QVariantList list;
+        for (const QJsonValue &item : json.toArray())
+            list.append(valueOf(item));
+        return list;
+    }
+    if (json.isNull())
+        return {};
+    const QVariant value = json.toVariant();
+    const bool fits =
+        value.userType() == QMetaType::LongLong && value.toInt() == value.toLongLong();
+    return fits ? QVariant(value.toInt()) : value;
 }
 
 bool isPlainBelow(const QVariant &value, int depth);
@@ -85,7 +85,7 @@ std::optional<QVariant> fromJson(const QByteArray &json)
     const QJsonArray wrapped = QJsonDocument::fromJson(json).array();
     if (wrapped.size() != 1)
         return std::nullopt;
-    return narrowed(wrapped.first().toVariant());
+    return valueOf(wrapped.first());
 }
 
 bool isPlain(const QVariant &value)
