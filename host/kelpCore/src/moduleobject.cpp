@@ -298,7 +298,7 @@ void ModuleObject::importFromVariant(QObject *sender, const QVariant &variant, b
         if (create || m_byName.contains(name))
             c(name, true)->importFromVariant(sender, value, notify, create, prune);
     }
-    if (variant.userType() == QMetaType::QVariantList)
+    if (inner && variant.userType() == QMetaType::QVariantList)
         arrange(names);
 }
 
@@ -312,6 +312,8 @@ bool ModuleObject::isWithin(const ModuleObject *other) const
 
 void ModuleObject::pruneExcept(const QStringList &names)
 {
+    if (m_children.isEmpty())
+        return;
     const QSet<QString> kept(names.begin(), names.end());
     const QStringList present = cmobjNames();
     for (const QString &name : present) {
