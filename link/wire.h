@@ -18,7 +18,7 @@ constexpr int longestMessage = 4 * 1024 * 1024;
 /// How often both sides show that they are alive, and after how long a silence the other is lost.
 constexpr int aliveMs = 50; ///< a cell with pendants
 constexpr int aliveIdleMs = 1000; ///< a cell without
-constexpr int silentCellMs = 250;
+constexpr int silentCellMs = 230;
 constexpr int silentPendantMs = 5000;
 
 /// Codes below zero: the link's own, nothing was carried out.
