@@ -108,7 +108,7 @@ const QVector<Rule> &rules()
         {"pendant", Qt::Any,
          hostHeaders
              + QStringList{"pendant/", "link/", "controller/", "tools/tlcheck/",
-                           "instructions/line/"}},
+                           "instructions/line/", "xcb/xkb.h"}},
         {"tools", Qt::Any,
          hostHeaders
              + QStringList{"tools/", "link/", "controller/", "instructions/line/", "sqlite3.h",
