@@ -49,9 +49,9 @@ ActionBar *LinesPane::makeBar()
     m_edit = bar->add(tr("Edit"), "EditLine", Qt::Key_Return, this, this, &LinesPane::edit);
     m_remove =
         bar->add(tr("Delete"), "RemoveLine", QKeySequence::Delete, this, this, &LinesPane::remove);
-    m_up = bar->add(tr("Up"), "LineUp", Qt::ALT | Qt::Key_Up, this, this, &LinesPane::moveUp);
-    m_down =
-        bar->add(tr("Down"), "LineDown", Qt::ALT | Qt::Key_Down, this, this, &LinesPane::moveDown);
+    m_up = bar->add(tr("Up"), "LineUp", QStringLiteral("Alt+Up"), this, this, &LinesPane::moveUp);
+    m_down = bar->add(tr("Down"), "LineDown", QStringLiteral("Alt+Down"), this, this,
+                      &LinesPane::moveDown);
     m_undo = bar->add(tr("Undo"), "Undo", QKeySequence::Undo, this, this, &LinesPane::undo);
     m_redo = bar->add(tr("Redo"), "Redo", QKeySequence::Redo, this, this, &LinesPane::redo);
     bar->addFiller(new QWidget(bar));

@@ -9,7 +9,7 @@ RunBar::RunBar(ProgramDocument *document, ProgramRun *run, QWidget *page)
     : ActionBar(page)
     , m_document(document)
     , m_run(run)
-    , m_start(add(tr("Run"), "ProgramRun", Qt::CTRL | Qt::Key_R, page, run, &ProgramRun::start))
+    , m_start(add(tr("Run"), "ProgramRun", QStringLiteral("Ctrl+R"), page, run, &ProgramRun::start))
     , m_pause(add(tr("Pause"), "ProgramPause", {}, page, run, &ProgramRun::pause))
     , m_stop(add(tr("Stop"), "ProgramStop", {}, page, run, &ProgramRun::stop))
 {

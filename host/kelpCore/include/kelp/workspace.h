@@ -29,10 +29,11 @@ public:
     ModuleObject *root() { return &m_root; }
     TranslationManager *translations() { return &m_translations; }
 
-    /// Binds the tree at the dotted path @p key: the saved tree where there is one, completed from the template
-    /// where it lacks something. With @p persistent it is saved again, whole or not at all, shortly
-    /// after a change and when the workspace ends. A saved tree that does not parse is reported,
-    /// left as it is on disk, and the template stands in. Binding a key again changes nothing.
+    /// Binds the tree at the dotted path @p key: the saved tree where there is one, completed from
+    /// the template where it lacks something. With @p persistent it is saved again, whole or not at
+    /// all, shortly after a change and when the workspace ends. A saved tree that does not parse is
+    /// reported, left as it is on disk, and the template stands in. Binding a key again changes
+    /// nothing.
     ModuleObject *bindTree(const QString &key, const QString &templatePath, bool persistent);
 
     /// Saves what has changed now.

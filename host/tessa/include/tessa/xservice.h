@@ -20,8 +20,8 @@ public:
     ///
     /// Its integer value is the result code, 0 for success; what was read or answered stands in its
     /// children. A node or entry that the controller does not have answers 0 and has no children; a
-    /// read that failed has a code other than 0, so that the two are told apart. Where what was read
-    /// is a plain value, that value takes the place of the 0.
+    /// read that failed has a code other than 0, so that the two are told apart. Where what was
+    /// read is a plain value, that value takes the place of the 0.
     using Answer = std::unique_ptr<kelp::ModuleObject>;
 
     static constexpr int defaultTimeoutMs = 1600;
