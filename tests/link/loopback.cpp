@@ -1,5 +1,6 @@
 #include "loopback.h"
 
+#include <QRandomGenerator>
 #include <netinet/in.h>
 #include <unistd.h>
 
@@ -53,11 +54,19 @@ bool accepts(int port)
     return probe >= 0;
 }
 
+// Below those that the system hands out: while nobody listens there, it may give such a one to who
+// connects, who then finds himself at the other end.
 int freePort()
 {
-    int port = 0;
-    close(listen(&port));
-    return port;
+    for (;;) {
+        const int port = QRandomGenerator::global()->bounded(20000, 32000);
+        const int probe = makeSocket();
+        const sockaddr_in address = addressOf(port);
+        const int bound = bind(probe, reinterpret_cast<const sockaddr *>(&address), sizeof address);
+        close(probe);
+        if (bound == 0)
+            return port;
+    }
 }
 
 } // namespace loopback
