@@ -7,9 +7,12 @@ set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTOUIC ON)
 set(CMAKE_AUTORCC ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# Installed or not, programs find what they load at the same place beside them.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib/welmo")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib/welmo")
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME pendant)
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual)
 add_compile_definitions(QT_DEPRECATED_WARNINGS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
@@ -34,8 +37,11 @@ function(welmo_host_library name)
     add_library(${name} SHARED ${sources})
     target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}/${name}/include")
     target_link_libraries(${name} PUBLIC ${ARG_LINK})
-    install(TARGETS ${name} LIBRARY DESTINATION lib)
-    install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/${name}/include/" DESTINATION include)
+    set_target_properties(${name} PROPERTIES INSTALL_RPATH "$ORIGIN")
+    install(TARGETS ${name} LIBRARY DESTINATION lib/welmo)
+    install(TARGETS ${name} LIBRARY DESTINATION lib COMPONENT sdk EXCLUDE_FROM_ALL)
+    install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/${name}/include/" DESTINATION include
+        COMPONENT sdk EXCLUDE_FROM_ALL)
 endfunction()
 
 # welmo_static_library(controller LINK Qt5::Core): every source of the calling folder.
@@ -51,11 +57,13 @@ function(welmo_static_library name)
     target_link_libraries(${name} PUBLIC ${ARG_LINK})
 endfunction()
 
-# welmo_test(tst_name LABEL unit SOURCES a.cpp LINK x): one QtTest executable, run offscreen.
+# welmo_test(tst_name LABEL unit SOURCES a.cpp LINK x): one QtTest executable, run offscreen. A second
+# label "process" is for tests that start programs by QProcess: they stay out of emulated runs, because
+# the emulator lacks the system call behind it (clone with a file descriptor of the process).
 function(welmo_test name)
-    cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "TIMEOUT" "LABEL;SOURCES;LINK" ${ARGN})
     if(NOT ARG_TIMEOUT)
-        set(ARG_TIMEOUT 120)
+        set(ARG_TIMEOUT ${WELMO_TEST_TIMEOUT})
     endif()
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES

@@ -19,7 +19,7 @@ QString defaultDataFolder()
 // Beside the program as built and as installed; else wherever the system looks for libraries.
 QString defaultModulePath()
 {
-    const QFileInfo beside(QCoreApplication::applicationDirPath() + "/../lib/libwelmo.so");
+    const QFileInfo beside(QCoreApplication::applicationDirPath() + "/../lib/welmo/libwelmo.so");
     return beside.exists() ? beside.canonicalFilePath() : QStringLiteral("libwelmo.so");
 }
 
@@ -38,7 +38,8 @@ QString complaintAbout(const QCommandLineParser &parser, const Options &options)
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
     for (const QString &name : parser.optionNames()) {
-        if (parser.value(name).isEmpty() && name != QLatin1String("help"))
+        if (parser.value(name).isEmpty() && name != QLatin1String("help")
+            && name != QLatin1String("version"))
             return QStringLiteral("--%1 needs a value").arg(name);
     }
     if (!options.language.isEmpty() && !knownLanguages().contains(options.language))
@@ -67,6 +68,7 @@ ParsedOptions parseOptions(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription("A robot pendant with the arc-welding package.");
     const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({language, theme, data, module, controller});
 
     ParsedOptions parsed;
@@ -76,6 +78,8 @@ ParsedOptions parseOptions(const QStringList &arguments)
     }
     if (parser.isSet(help))
         parsed.help = parser.helpText();
+    else if (parser.isSet(version))
+        parsed.help = QStringLiteral("welmo-pendant " WELMO_VERSION "\n");
     parsed.options = {parser.value(language), parser.value(theme), parser.value(data),
                       parser.value(module), parser.value(controller)};
     parsed.error = complaintAbout(parser, parsed.options);

@@ -20,7 +20,7 @@ struct ParsedOptions
 {
     Options options;
     QString error; ///< one line when the arguments cannot be used
-    QString help; ///< the help text when that was asked for
+    QString help; ///< what to print when the help or the version was asked for
 };
 
 /// @p arguments includes the program's name. Paths that were not given get their defaults.

@@ -1,0 +1,8 @@
+# Read by cpack for each kind of package: where its files begin. The archives of plug-in and pendant
+# unpack into the same folder, and work there together.
+
+if(CPACK_GENERATOR STREQUAL "DEB")
+    set(CPACK_PACKAGING_INSTALL_PREFIX "/usr")
+else()
+    set(CPACK_COMPONENT_INCLUDE_TOPLEVEL_DIRECTORY ON)
+endif()

@@ -1,0 +1,45 @@
+# ./dev cross: everything for AArch64, its tests under emulation. Read by ./dev.
+# shellcheck shell=bash
+
+readonly sysroot=$root/build/sysroot-arm64
+
+# The Debian mirrors that apt uses on this machine, as lines for a sources list.
+debian_sources() {
+    # shellcheck disable=SC2016 # apt-get expands the fields
+    apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' \
+        'Created-By: Packages' 'Origin: Debian' | sort -u
+}
+
+# Where the lists were thrown away, as in a container's image, apt does not know whose a mirror is.
+need_sources() {
+    [[ $(debian_sources) ]] || as_root apt-get -q update
+    [[ $(debian_sources) ]] || die "apt knows of no Debian mirror"
+}
+
+# Unpacks packages and all they depend on, without installing them. By way of an archive, so that the
+# files belong to whoever asks.
+unpack() { # FOLDER ARCHITECTURE MMDEBSTRAP ARGUMENT...
+    mkdir -p "$1"
+    debian_sources | as_root mmdebstrap --quiet --variant=extract --arch="$2" --format=tar "${@:3}" '' - - \
+        | tar -x --no-same-owner --exclude='./dev/*' -C "$1"
+}
+
+need_sysroot() {
+    local wanted
+    wanted=$(packages_in sysroot | sort)
+    [[ $(cat "$sysroot/.packages" 2> /dev/null) != "$wanted" ]] || return 0
+    need_sources
+    say "unpacking the arm64 libraries into ${sysroot#"$root/"}"
+    rm -rf "$sysroot"
+    unpack "$sysroot" arm64 --include="$(paste -sd, <<< "$wanted")"
+    printf '%s\n' "$wanted" > "$sysroot/.packages"
+}
+
+cmd_cross() {
+    need build cross
+    need_sysroot
+    build arm64
+    go_private
+    say "testing build/arm64 under emulation"
+    (cd "$root" && ctest --preset arm64 --parallel "$(nproc)" "$@")
+}
