@@ -137,6 +137,16 @@ void ArcWeldPage::show(SubPageCfg &entry)
     m_currentPage = entry.page;
 }
 
+void ArcWeldPage::onJogVAddTimeOut()
+{
+    m_keys->onJogVAddTimeOut();
+}
+
+void ArcWeldPage::onJogVMinusTimeOut()
+{
+    m_keys->onJogVMinusTimeOut();
+}
+
 void ArcWeldPage::registerArcButton()
 {
     m_keys->registerArcButton();

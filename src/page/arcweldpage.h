@@ -49,6 +49,9 @@ public:
 public slots:
     /// Shows the sub-page whose button sent the click.
     void switchPage();
+    /// One step of the jog speed, as the handle keys make it; see HandleKeys.
+    void onJogVAddTimeOut();
+    void onJogVMinusTimeOut();
 
 private:
     template<typename Page>
