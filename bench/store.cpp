@@ -2,9 +2,15 @@
 #include <QThread>
 
 #include "bench/bench.h"
-#include "bench/cell.h"
+#include "bench/desk.h"
+#include "bench/fleet/localbroker.h"
 #include "bench/rawstore.h"
+#include "bench/roundtrip.h"
+#include "cell.h"
 #include "controller/json.h"
+#include "link/embeddedlink.h"
+#include "link/mqttlink.h"
+#include "loopback.h"
 
 namespace bench {
 
@@ -56,14 +62,14 @@ private:
 /// One file of parameters in the controller's store and, the same bytes, in a plain one.
 struct Stores
 {
-    Cell cell;
-    RawStore raw{cell.folder.filePath(QStringLiteral("raw.db"))};
+    Desk desk;
+    RawStore raw{desk.folder.filePath(QStringLiteral("raw.db"))};
     kelp::ModuleObject content{file};
     QByteArray path = filesNode.toUtf8();
     QByteArray key = file.toUtf8();
-    Hop hop;
 
-    Stores()
+    explicit Stores(std::unique_ptr<tessa::ControllerLink> link)
+        : desk(std::move(link))
     {
         QVariantMap values{{"name", file},
                            {"annotation", "a"},
@@ -89,7 +95,7 @@ struct Stores
 
     void read()
     {
-        const auto answer = cell.service()->get(nullptr, filesNode, file);
+        const auto answer = desk.service()->get(nullptr, filesNode, file);
         if (!answer->hasCmobj(QStringLiteral("name")))
             qFatal("the file is not there");
     }
@@ -97,14 +103,15 @@ struct Stores
     void write()
     {
         content.set(nullptr, QStringLiteral("annotation"), m_letters.at(++m_ourTurn % 2));
-        demand(cell.service()->set(nullptr, filesNode, file, &content));
+        demand(desk.service()->set(nullptr, filesNode, file, &content));
     }
     void subscribe()
     {
-        cell.service()->watch(nullptr, filesNode, false);
-        cell.service()->watch(nullptr, filesNode, true);
+        desk.service()->watch(nullptr, filesNode, false);
+        desk.service()->watch(nullptr, filesNode, true);
     }
     void rawRead() { raw.read(path, key); }
+    QByteArray json() const { return m_json[0]; }
     void rawWrite() { raw.write(path, key, m_json[++m_floorTurn % 2]); }
 
 private:
@@ -114,28 +121,67 @@ private:
     int m_floorTurn = 0;
 };
 
+using Work = std::function<void()>;
+
+Trial timed(const Work &work)
+{
+    return [work] { return microseconds(work); };
+}
+
+void embedded(Bench &bench)
+{
+    const QTemporaryDir folder;
+    links::EmbeddedLink::Options options;
+    options.dataFolder = folder.path();
+    Stores stores(std::make_unique<links::EmbeddedLink>(options));
+    Hop hop;
+    const Work plain = [&] { stores.rawRead(); };
+    const Work across = [&] { hop.run(plain); };
+    const QString read = QStringLiteral("a plain SQLite read");
+    const QString threaded = QStringLiteral("the same read on another thread");
+    for (const auto &[floor, floorWork] : {std::pair(read, plain), std::pair(threaded, across)}) {
+        bench.row(QStringLiteral("get a file, embedded"), floor, timed([&] { stores.read(); }),
+                  timed(floorWork));
+        bench.row(QStringLiteral("watch a node, embedded"), floor,
+                  timed([&] { stores.subscribe(); }), timed(floorWork));
+    }
+    bench.row(QStringLiteral("set a file, embedded"),
+              QStringLiteral("a plain SQLite write (WAL, synchronous FULL)"),
+              timed([&] { stores.write(); }), timed([&] { stores.rawWrite(); }));
+}
+
+void overBroker(Bench &bench)
+{
+    const QTemporaryDir folder;
+    const fleet::LocalBroker broker(loopback::freePort());
+    while (!loopback::accepts(broker.address().port)) { }
+    links::CellService::Options options;
+    options.cell = QStringLiteral("cell");
+    options.address = broker.address();
+    options.dataFolder = folder.path();
+    options.roles = links::Roles({{QStringLiteral("nobody"), links::Role::Administrator}});
+    const ::Cell cell(options);
+    Stores stores(std::make_unique<links::MqttLink>(
+        links::MqttLink::Options{broker.address(), options.cell}));
+    RoundTrip trip(broker.address().port);
+    const QByteArray json = stores.json();
+    const Work read = [&] { trip.run(stores.path, json, [&] { stores.rawRead(); }); };
+    const QString floor = QStringLiteral("a mosquitto round trip to a plain SQLite %1");
+    bench.row(QStringLiteral("get a file, MQTT"), floor.arg(QStringLiteral("read")),
+              timed([&] { stores.read(); }), timed(read));
+    bench.row(QStringLiteral("watch a node, MQTT"), floor.arg(QStringLiteral("read")),
+              timed([&] { stores.subscribe(); }), timed(read));
+    bench.row(QStringLiteral("set a file, MQTT"), floor.arg(QStringLiteral("write")),
+              timed([&] { stores.write(); }),
+              timed([&] { trip.run(json, stores.path, [&] { stores.rawWrite(); }); }));
+}
+
 } // namespace
 
 void store(Bench &bench)
 {
-    Stores stores;
-    const Trial get = [&] { return microseconds([&] { stores.read(); }); };
-    const Trial watch = [&] { return microseconds([&] { stores.subscribe(); }); };
-    const Trial plain = [&] { return microseconds([&] { stores.rawRead(); }); };
-    const Trial across = [&] {
-        return microseconds([&] { stores.hop.run([&] { stores.rawRead(); }); });
-    };
-    const QString read = QStringLiteral("a plain SQLite read");
-    const QString threaded = QStringLiteral("the same read on another thread");
-    bench.row(QStringLiteral("get a file, embedded"), read, get, plain);
-    bench.row(QStringLiteral("get a file, embedded"), threaded, get, across);
-    bench.row(QStringLiteral("watch a node, embedded"), read, watch, plain);
-    bench.row(QStringLiteral("watch a node, embedded"), threaded, watch, across);
-    bench.row(
-        QStringLiteral("set a file, embedded"),
-        QStringLiteral("a plain SQLite write (WAL, synchronous FULL)"),
-        [&] { return microseconds([&] { stores.write(); }); },
-        [&] { return microseconds([&] { stores.rawWrite(); }); });
+    embedded(bench);
+    overBroker(bench);
 }
 
 } // namespace bench

@@ -4,7 +4,6 @@
 #include <QTemporaryDir>
 #include <memory>
 
-#include "link/embeddedlink.h"
 #include "tessa/host.h"
 
 namespace bench {
@@ -18,16 +17,14 @@ inline void waitUntilConnected(XService *service)
     }
 }
 
-/// A host and a controller whose files are on disk, connected.
-class Cell
+/// A host that is connected to a controller over a link of any kind.
+class Desk
 {
 public:
-    Cell()
+    explicit Desk(std::unique_ptr<tessa::ControllerLink> link)
         : host(tessa::HostOptions{folder.path()})
     {
-        links::EmbeddedLink::Options options;
-        options.dataFolder = folder.path();
-        host.setLink(std::make_unique<links::EmbeddedLink>(options));
+        host.setLink(std::move(link));
         waitUntilConnected(host.service());
     }
 
