@@ -119,8 +119,10 @@ QString Database::unreadable() const
 
 bool Database::configure()
 {
-    return readText("PRAGMA journal_mode = WAL") == QLatin1String("wal")
-        && execute("PRAGMA synchronous = FULL");
+    // EXTRA is FULL once there is a log. Until then it sees to it that a journal which was removed
+    // does not come back after a power cut, to undo what was acknowledged since.
+    return execute("PRAGMA synchronous = EXTRA")
+        && readText("PRAGMA journal_mode = WAL") == QLatin1String("wal");
 }
 
 bool Database::createTables()

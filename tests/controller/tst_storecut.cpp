@@ -1,0 +1,148 @@
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "controller/json.h"
+#include "controller/store.h"
+#include "recordeddisk.h"
+
+using controller::Store;
+
+Q_DECLARE_METATYPE(RecordedDisk::Cut)
+
+namespace {
+
+const QString path = QStringLiteral("a.node");
+const QString other = QStringLiteral("b.node");
+
+/// What the store holds, as text; empty when it cannot be read.
+QByteArray contentOf(const Store &store)
+{
+    QByteArray content = "store";
+    for (const QString &node : {path, other}) {
+        const auto entries = store.readAll(node);
+        if (!entries)
+            return {};
+        for (const auto &[key, entry] : *entries)
+            content += '\n' + node.toUtf8() + ' ' + key.toUtf8() + ' '
+                + QByteArray::number(entry.revision) + ' ' + controller::toJson(entry.value);
+    }
+    return content;
+}
+
+/// Files made, changed, renamed over two nodes and removed, some larger than a page.
+QVector<QVector<Store::Change>> changes()
+{
+    const auto text = [](char letter, int size) { return QString(size, letter); };
+    return {
+        {{path, "first", 1}},
+        {{path, "large", text('x', 9000)}, {other, "list", QStringList{"large"}}},
+        {{path, "first", 2}, {path, "second", text('y', 300)}},
+        {{path, "large", {}}, {path, "renamed", text('x', 9000)}, {other, "list", "renamed"}},
+        {{path, "first", {}}},
+        {{path, "renamed", text('z', 5000)}, {path, "first", 3}},
+    };
+}
+
+struct Acknowledged
+{
+    int at; ///< operations of the disk at the time
+    QByteArray content;
+};
+
+} // namespace
+
+/// The power goes, the process is killed or the disk refuses, at every single point at which the
+/// store touches its file: what was acknowledged is there, what was not is there whole or not at
+/// all.
+class tst_StoreCut : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cutAnywhere_data()
+    {
+        QTest::addColumn<RecordedDisk::Cut>("cut");
+        QTest::newRow("process killed") << RecordedDisk::Killed;
+        QTest::newRow("power lost") << RecordedDisk::PowerLost;
+        QTest::newRow("power lost, writes out of order") << RecordedDisk::Reordered;
+    }
+    void cutAnywhere()
+    {
+        QFETCH(RecordedDisk::Cut, cut);
+        RecordedDisk disk;
+        const QVector<Acknowledged> steps = work(&disk);
+        const QVector<RecordedDisk::Operation> operations = disk.operations();
+        QVERIFY(operations.size() > 50);
+        int step = 0;
+        for (int end = 0; end <= operations.size(); ++end) {
+            while (step + 1 < steps.size() && steps[step + 1].at <= end)
+                ++step;
+            const QTemporaryDir folder;
+            RecordedDisk::rebuild(folder.path(), operations, end, cut);
+            QString problem;
+            const auto store = Store::open(folder.filePath("controller.db"), &problem);
+            QVERIFY2(store, qPrintable(QStringLiteral("cut at %1: %2").arg(end).arg(problem)));
+            const QByteArray content = contentOf(*store);
+            const QByteArray begun = steps.value(step + 1, steps.last()).content;
+            QVERIFY2(content == steps[step].content || content == begun,
+                     qPrintable(QStringLiteral("cut at %1").arg(end)));
+            QVERIFY(store->write({{path, "afterwards", 1}}));
+        }
+    }
+    void refusedAnywhere()
+    {
+        RecordedDisk disk;
+        const QByteArray expected = work(&disk).last().content;
+        int failing = 0;
+        do {
+            const QTemporaryDir folder;
+            const QString file = folder.filePath("controller.db");
+            QString problem;
+            auto store = Store::open(file, &problem);
+            disk.start(failing);
+            for (const auto &change : changes()) {
+                const QByteArray before = contentOf(*store);
+                if (store->write(change))
+                    continue;
+                QVERIFY(!store->errorText().isEmpty());
+                QCOMPARE(contentOf(*store), before);
+                QVERIFY(store->write(change));
+            }
+            store.reset();
+            const int operations = disk.operations().size();
+            store = Store::open(file, &problem);
+            QVERIFY2(store, qPrintable(problem));
+            QCOMPARE(contentOf(*store), expected);
+            QVERIFY2(failing > 0 || operations > 30, "nothing is recorded");
+            if (failing >= operations)
+                return; // the whole life went by before anything was refused
+        } while (++failing);
+    }
+
+private:
+    /// A life of a store, closed and opened again half-way; what it acknowledged, and when.
+    static QVector<Acknowledged> work(RecordedDisk *disk)
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("controller.db");
+        QString problem;
+        auto store = Store::open(file, &problem);
+        QVector<Acknowledged> steps;
+        const auto acknowledge = [&] {
+            steps.append({disk->operations().size(), contentOf(*store)});
+        };
+        acknowledge();
+        for (const auto &change : changes()) {
+            if (!store->write(change))
+                qFatal("the store does not work at all");
+            acknowledge();
+            if (steps.size() == 4) {
+                store.reset();
+                store = Store::open(file, &problem);
+            }
+        }
+        return steps;
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_StoreCut)
+#include "tst_storecut.moc"
