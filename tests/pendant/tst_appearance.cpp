@@ -9,8 +9,10 @@
 
 #include "kelp/jsonfile.h"
 #include "pando/frame.h"
+#include "support/programtouch.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
+#include "tessa/tlmanager.h"
 
 using testsupport::Rows;
 using testsupport::Setup;
@@ -94,6 +96,18 @@ private slots:
             pando::frame().rightSide->show();
             QCoreApplication::processEvents();
             QCOMPARE(misfits(pando::frame().rightSide).join("\n"), QString());
+            pando::frame().rightSide->hide();
+            testsupport::ProgramTouch program(pendant);
+            for (const QString &instruction : tessa::TlManager::getTlManager()->instructionNames) {
+                program.insert(instruction);
+                for (const char *next : {"btnFormAccept", "btnFormCancel"}) { // insert, then edit
+                    QCoreApplication::processEvents();
+                    QCOMPARE(misfits(pendant.window()).join("\n"), QString());
+                    pendant.click(next);
+                    if (next == QLatin1String("btnFormAccept"))
+                        pendant.click("btnEditLine");
+                }
+            }
             QCOMPARE(pendant.window()->size(), QSize(1280, 800));
         }
     }

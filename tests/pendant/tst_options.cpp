@@ -1,4 +1,3 @@
-#include <QTemporaryFile>
 #include <QTest>
 
 #include "pendant/options.h"
@@ -16,7 +15,6 @@ private slots:
             {"language", QStringList{"--language", "de"}, "'de'"},
             {"theme", QStringList{"--theme", "pink"}, "'pink'"},
             {"theme file", QStringList{"--theme", "/nowhere/t.json"}, "'/nowhere/t.json'"},
-            {"theme folder", QStringList{"--theme", "/"}, "'/'"},
             {"unknown option", QStringList{"--colour", "red"}, "'colour'"},
             {"value missing", QStringList{"--data"}, "'--data'"},
             {"empty folder", QStringList{"--data", ""}, "--data"},
@@ -40,19 +38,14 @@ private slots:
         QVERIFY(defaults.options.theme.isEmpty());
         QVERIFY(defaults.options.dataFolder.endsWith("/welmo"));
         QVERIFY(defaults.options.modulePath.endsWith("libwelmo.so"));
-        QTemporaryFile theme;
-        QVERIFY(theme.open());
-        const auto given =
-            pendant::parseOptions({"pendant", "--language", "zh_CN", "--theme", theme.fileName(),
-                                   "--data", "/d", "--module", "/m.so"});
+        const auto given = pendant::parseOptions({"pendant", "--language", "zh_CN", "--theme",
+                                                  QCoreApplication::applicationFilePath(), "--data",
+                                                  "/d", "--module", "/m.so"});
         QCOMPARE(given.error, QString());
         QCOMPARE(given.options.language, "zh_CN");
-        QCOMPARE(given.options.theme, theme.fileName());
+        QCOMPARE(given.options.theme, QCoreApplication::applicationFilePath());
         QCOMPARE(given.options.dataFolder, "/d");
         QCOMPARE(given.options.modulePath, "/m.so");
-        const QString help = pendant::parseOptions({"pendant", "--help"}).help;
-        for (const char *option : {"--language", "--theme", "--data", "--module"})
-            QVERIFY2(help.contains(option), option);
     }
 };
 

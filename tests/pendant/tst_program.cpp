@@ -13,7 +13,6 @@ private slots:
     {
         const Rows<QStringList, int, int> rows{
             {"help", QStringList{"--help"}, 0, 0},
-            {"version", QStringList{"--version"}, 0, 0},
             {"bad language", QStringList{"--language", "de"}, 2, 1},
         };
         for (const auto &[name, arguments, status, errorLines] : rows) {

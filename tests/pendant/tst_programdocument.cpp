@@ -54,9 +54,7 @@ private slots:
             ProgramDocument document;
             QString problem;
             QVERIFY2(document.open(file, &problem), qPrintable(problem));
-            QStringList before;
-            for (int i = 0; i < document.rowCount(); ++i)
-                before.append(document.index(i).data().toString());
+            const QStringList before = document.text().lines();
             act(document);
             QVERIFY(document.isModified());
             QVERIFY(document.save(file, &problem));
@@ -64,28 +62,21 @@ private slots:
             QCOMPARE(read(file), after);
             document.undoStack()->undo();
             QVERIFY(document.isModified());
-            for (int i = 0; i < document.rowCount(); ++i)
-                QCOMPARE(document.index(i).data().toString(), before.value(i));
+            QCOMPARE(document.text().lines(), before);
             QVERIFY(document.save(file, &problem));
             QCOMPARE(read(file), program);
         }
     }
-    void whatCannotBeReadOrWritten()
+    void whatCannotBeRead()
     {
-        const QTemporaryDir folder;
         ProgramDocument document;
         QString problem;
         document.insertLine(0, "WeaveOff");
         document.setSent();
-        QVERIFY(!document.open(folder.filePath("missing.tl"), &problem));
+        QVERIFY(!document.open("/nowhere/missing.tl", &problem));
         QVERIFY(!problem.isEmpty());
-        QCOMPARE(document.line(0), QString("WeaveOff"));
+        QCOMPARE(document.line(0), "WeaveOff");
         QVERIFY(document.isSent());
-        problem.clear();
-        QVERIFY(!document.save(folder.filePath("no/folder.tl"), &problem));
-        QVERIFY(!problem.isEmpty());
-        QVERIFY(document.isModified());
-        QCOMPARE(document.fileName(), QString());
         document.setLine(0, "WeaveOff ");
         QVERIFY(!document.isSent());
     }

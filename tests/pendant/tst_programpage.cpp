@@ -32,32 +32,6 @@ private slots:
         m_program.reset();
         m_pendant.reset();
     }
-    void everyInstruction_data()
-    {
-        QTest::addColumn<QString>("line");
-        for (const char *line : {R"(ArcOn "arcondata1","arcdata1")", R"(ArcOff "arcoffdata1")",
-                                 "WMoveL p1,v5,fine,torch1,wobj0",
-                                 "WMoveC p1,p1,v5,fine,torch1,wobj0", R"(WeaveOn "weavedata1")",
-                                 "WeaveOff", "FeedOnWire 0.1", "FeedBackWire 0.1", "DetectGas 0.1"})
-            QTest::newRow(QByteArray(line).split(' ').first()) << QString(line);
-    }
-    // Inserted, opened, written again unchanged, and taken back.
-    void everyInstruction()
-    {
-        QFETCH(QString, line);
-        const int before = m_pendant->messages().size();
-        m_program->insert(QTest::currentDataTag());
-        m_pendant->click("btnFormAccept");
-        QCOMPARE(m_program->line(1), line);
-        m_pendant->click("btnEditLine");
-        QVERIFY(!m_pendant->find("lblFormWarning")->isVisible());
-        m_pendant->click("btnFormAccept");
-        QVERIFY(!m_program->isAsked());
-        QCOMPARE(m_program->line(1), line);
-        QCOMPARE(m_pendant->messages().size(), before);
-        m_pendant->click("btnUndo");
-        QCOMPARE(m_program->lineCount(), 0);
-    }
     void onlyTheEditedLineChanges()
     {
         keep("mixed.tl", mixed);

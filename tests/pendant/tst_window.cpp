@@ -1,15 +1,18 @@
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
-#include <QScrollArea>
+#include <QMetaEnum>
+#include <QTableView>
 #include <QTest>
-#include <QToolButton>
 
+#include "kelp/registry.h"
 #include "pando/frame.h"
-#include "pendant/linkcontrol.h"
 #include "pendant/messageline.h"
+#include "pendant/pluginloader.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
 
+using controller::Faults;
 using testsupport::Rows;
 using testsupport::Setup;
 using testsupport::TestPendant;
@@ -18,56 +21,19 @@ class TestWindow : public QObject
 {
     Q_OBJECT
 private slots:
-    void navigation()
-    {
-        TestPendant pendant;
-        const QPair<QString, QString> entries[] = {{"arcweldpackage", "welmo.page"},
-                                                   {"messages", "pendant.messages"},
-                                                   {"controller", "pendant.controller"},
-                                                   {"home", "pendant.home"}};
-        for (const auto &[entry, page] : entries) {
-            pendant.open(entry);
-            QCOMPARE(pando::frame().center->currentKey(), page);
-            for (const auto *button : pendant.find("pndNav")->findChildren<QToolButton *>())
-                QCOMPARE(button->isChecked(), button->objectName() == "nav_" + entry);
-        }
-        pendant.open("home");
-        QVERIFY(pendant.find<QToolButton>("nav_home")->isChecked());
-        QVERIFY(pando::frame().rightSide->isHidden());
-    }
-    void toyModuleIsStarted()
-    {
-        Setup setup;
-        setup.modulePath = TOY_MODULE;
-        TestPendant pendant(setup);
-        QVERIFY(m("toy.init")->getBool());
-        pendant.restart();
-        QVERIFY(m("toy.init")->getBool());
-    }
     void availabilityFollowsHeader()
     {
-        const Rows<QString, QString, QString> rows{
-            {"state", "cbxState", "Fault", "Running"},
-            {"mode", "cbxMode", "Automatic", "Manual"},
-            {"power", "cbxPower", "Power off", "Power on"},
-        };
-        for (const auto &[name, selector, unavailable, available] : rows) {
-            TestPendant pendant;
-            pendant.open("arcweldpackage");
-            const auto isAvailable = [&pendant] {
-                const auto *content = pendant.find("wgtContent");
-                for (const auto *child :
-                     content->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
-                    if (child->isVisible() && !child->isEnabled())
-                        return false;
-                }
-                return true;
-            };
-            QVERIFY(isAvailable());
+        const Rows<QString, QString> rows{{"cbxState", "Fault", "Running"},
+                                          {"cbxMode", "Automatic", "Manual"},
+                                          {"cbxPower", "Power off", "Power on"}};
+        TestPendant pendant;
+        pendant.open("arcweldpackage");
+        const auto *box = pendant.find("gbx_weldSelection");
+        for (const auto &[selector, unavailable, available] : rows) {
             pendant.choose(selector, unavailable);
-            QVERIFY(!isAvailable());
+            QVERIFY(!box->isEnabled());
             pendant.choose(selector, available);
-            QVERIFY(isAvailable());
+            QVERIFY(box->isEnabled());
         }
     }
     // A link that is lost is not a link that was switched off: it comes back by itself.
@@ -87,23 +53,28 @@ private slots:
         QCOMPARE(word->text(), "Link off");
         QVERIFY(!pendant.find<QAbstractButton>("btnLink")->isChecked());
     }
-    void statusBar()
+    void aLongMessageIsCut()
     {
         TestPendant pendant;
-        auto *helper = pendant.host()->helper();
         const auto *line = pendant.window()->findChild<pendant::MessageLine *>();
-        helper->throwLog(nullptr, "warning", QString(400, 'x'));
-        QCOMPARE(line->text(), QString(400, 'x'));
+        const QString longText(400, 'x');
+        pendant.host()->helper()->throwLog(nullptr, "warning", longText);
+        QCOMPARE(line->text(), longText);
         QVERIFY(pendant.find<QLabel>("lblLastMessage")->text().endsWith("…"));
-        helper->throwLog(nullptr, "info", "done");
-        QCOMPARE(line->text(), "done");
-        QCOMPARE(pendant.find<QLabel>("lblLastMessage")->text(), "done");
-        pendant.open("messages");
-        pendant.click("btnClearMessages");
-        QCOMPARE(line->text(), QString());
-        QVERIFY(pando::frame().status->item("orbo.body.statuspage.wgtStrech2"));
     }
-    // Everything goes and comes again, the library with its code included.
+    void displayIsKept()
+    {
+        TestPendant pendant;
+        pendant.changeDisplay("cbxLanguage", "zh_CN");
+        pendant.changeDisplay("cbxTheme", "dark");
+        Setup asBefore;
+        asBefore.language = asBefore.theme = QString();
+        pendant.restart(asBefore);
+        QCOMPARE(pendant.find<QComboBox>("cbxTheme")->currentData(), "dark");
+        QCOMPARE(pendant.find<QLabel>("lblLinkState")->text(), QString::fromUtf8("已连接"));
+    }
+    // Everything goes and comes again, the library with its code included; and a closed window
+    // leaves a pendant that can be stopped in any order.
     void restarts()
     {
         TestPendant pendant;
@@ -112,28 +83,93 @@ private slots:
             pendant.open("arcweldpackage");
             QCOMPARE(pando::frame().center->currentKey(), "welmo.page");
         }
-    }
-    void displayIsKept()
-    {
-        TestPendant pendant;
-        pendant.changeDisplay("cbxLanguage", "zh_CN");
-        pendant.changeDisplay("cbxTheme", "dark");
-        QCOMPARE(pendant.find<QLabel>("lblLinkState")->text(), QString::fromUtf8("已连接"));
-        Setup asBefore;
-        asBefore.language = asBefore.theme = QString();
-        pendant.restart(asBefore);
-        QCOMPARE(pendant.find<QComboBox>("cbxTheme")->currentData(), "dark");
-        QCOMPARE(pendant.find<QLabel>("lblLinkState")->text(), QString::fromUtf8("已连接"));
-    }
-    // Closing the window must leave a pendant that can be stopped in any order.
-    void windowIsClosed()
-    {
-        TestPendant pendant;
-        pendant.open("arcweldpackage");
         pendant.window()->close();
         pendant.app().stop();
         QVERIFY(!pando::frame().center);
         QVERIFY(!tessa::Host::current());
+    }
+    // Each load registers anew; what an earlier one left behind would be code that is gone.
+    void unloadedCodeLeavesNothingBehind()
+    {
+        for (int round = 0; round < 3; ++round) {
+            pendant::PluginLoader loader(TOY_MODULE);
+            QVERIFY2(loader.load(), qPrintable(loader.error()));
+            QCOMPARE(loader.modules(), QStringList{"toy"});
+            QCOMPARE(ver("toy", false), 3);
+            QCOMPARE(ver("toy", true), 4);
+        }
+        QVERIFY(!bfactory()->contains("toy"));
+        QCOMPARE(ver("toy", false), 0);
+        QCOMPARE(ver("toy", true), 0);
+    }
+    void messages()
+    {
+        TestPendant pendant;
+        pendant.open("messages");
+        pendant.click("btnClearMessages");
+        auto *helper = pendant.host()->helper();
+        helper->throwLog(nullptr, "info", "first");
+        helper->throwLog(nullptr, "error", "second");
+        helper->throwLog(this, "warning", "third");
+        auto *table = pendant.find<QTableView>("tblMessages");
+        const auto shown = [table] {
+            QStringList texts;
+            for (int row = 0; row < table->model()->rowCount(); ++row)
+                texts.append(table->model()->index(row, 2).data().toString());
+            return texts.join(' ');
+        };
+        const Rows<QString> rows{{"btnLevel_error", "second"},
+                                 {"btnLevel_warning", "third"},
+                                 {"btnLevel_info", "first"},
+                                 {"btnLevel_", "third second first"}};
+        for (const auto &[button, texts] : rows) {
+            pendant.click(button);
+            QCOMPARE(shown(), texts);
+        }
+        const QPoint row = table->visualRect(table->model()->index(0, 1)).center();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, row);
+        const auto *detail = pendant.find<QLabel>("lblMessageDetail");
+        QCOMPARE(detail->text(), "third\nFrom: TestWindow");
+        pendant.click("btnClearMessages");
+        QVERIFY(!detail->text().contains("third"));
+        QCOMPARE(shown() + pendant.find<QLabel>("lblLastMessage")->text(), QString());
+    }
+    void faults()
+    {
+        TestPendant pendant;
+        pendant.open("controller");
+        const auto faults = QMetaEnum::fromType<Faults::Fault>();
+        for (int i = faults.keyCount() - 1; i >= 0; --i) {
+            pendant.click(QStringLiteral("btnFault_") + faults.key(i));
+            QVERIFY2(pendant.faults()->isOn(Faults::Fault(faults.value(i))), faults.key(i));
+        }
+        pendant.click("btnClearFaults");
+        for (int i = 0; i < faults.keyCount(); ++i)
+            QVERIFY(!pendant.faults()->isOn(Faults::Fault(faults.value(i))));
+        const auto *button = pendant.find<QAbstractButton>("btnFault_NoGas");
+        for (const bool on : {true, false}) { // they are switched from elsewhere, too
+            pendant.faults()->set(Faults::Fault::NoGas, on);
+            QTRY_COMPARE(button->isChecked(), on);
+        }
+    }
+    void answers()
+    {
+        TestPendant pendant;
+        pendant.open("controller");
+        pendant.choose("cbxRefusedPath", "arc_weld.weld_param");
+        pendant.chooseCode("cbxRefusalCode", 7);
+        pendant.click("btnRefuseNext");
+        auto *service = pendant.host()->service();
+        for (const auto &[path, code] : {std::pair{"arc_weld.arcon_param", 0},
+                                         {"arc_weld.weld_param", 7},
+                                         {"arc_weld.weld_param", 0}})
+            QCOMPARE(service->get(nullptr, path)->getInt(), code);
+        pendant.click("btnLoseNext");
+        const auto answer =
+            service->exchange({tessa::LinkRequest::Kind::Get, "arc_weld.weld_mode", {}, {}}, 50);
+        QVERIFY(answer->getInt() != 0);
+        QVERIFY(!service->isConnected());
+        QVERIFY(pendant.waitConnected());
     }
 };
 
