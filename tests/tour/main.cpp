@@ -4,7 +4,6 @@
 #include <QDir>
 #include <cstdio>
 
-#include "tour/steps.h"
 #include "tour/tour.h"
 
 namespace {
@@ -13,7 +12,7 @@ constexpr void (*walk[])(tour::Tour &) = {
     tour::firstStart, tour::processSetting, tour::restart,
     tour::linkDown,   tour::hostPages,      tour::processConfiguration,
     tour::handleKeys, tour::programEditor,  tour::weld,
-    tour::darkTheme,  tour::chinese,
+    tour::display,
 };
 
 } // namespace

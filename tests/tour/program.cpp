@@ -1,100 +1,87 @@
-#include <QLabel>
 #include <QPushButton>
-#include <QTest>
 
 #include "support/programtouch.h"
-#include "tour/steps.h"
 #include "tour/tour.h"
 
 namespace tour {
 
 namespace {
 
-using testsupport::ProgramTouch;
+/// What is chosen or typed in a control, and the line that comes of it.
+struct Entry
+{
+    const char *control, *value, *line;
+};
 
 struct Example
 {
     const char *instruction;
-    void (*fillIn)(testsupport::TestPendant &);
-    const char *inserted;
-    void (*edit)(testsupport::TestPendant &);
-    const char *edited;
+    Entry inserted, edited;
 };
-
-using Pendant = testsupport::TestPendant;
-const auto nothing = [](Pendant &) {};
 
 const Example examples[] = {
-    {"ArcOn", [](Pendant &p) { p.choose("cbxArcData", "arcdata2"); },
-     R"(ArcOn "arcondata1","arcdata2")",
-     [](Pendant &p) { p.choose("cbx_arconParamFileNumber", "arcondata3"); },
-     R"(ArcOn "arcondata3","arcdata2")"},
-    {"ArcOff", nothing, R"(ArcOff "arcoffdata1")",
-     [](Pendant &p) { p.choose("cbx_arcoffParamFileNumber", "arcoffdata2"); },
-     R"(ArcOff "arcoffdata2")"},
-    {"WMoveL", [](Pendant &p) { p.choose("cbxSpeed", "v10"); }, "WMoveL p1,v10,fine,torch1,wobj0",
-     [](Pendant &p) { p.choose("cbxWeaveData", "weavedata4"); },
-     R"(WMoveL p1,v10,fine,torch1,wobj0,"weavedata4")"},
-    {"WMoveC", [](Pendant &p) { p.choose("cbxSpeed", "v10"); },
-     "WMoveC p1,p1,v10,fine,torch1,wobj0", [](Pendant &p) { p.choose("cbxZone", "z5"); },
-     "WMoveC p1,p1,v10,z5,torch1,wobj0"},
-    {"WeaveOn", nothing, R"(WeaveOn "weavedata1")",
-     [](Pendant &p) { p.choose("cbxWeaveFileNumber", "weavedata4"); }, R"(WeaveOn "weavedata4")"},
-    {"WeaveOff", nothing, "WeaveOff", nothing, "WeaveOff"},
-    {"FeedOnWire", nothing, "FeedOnWire 0.1", [](Pendant &p) { p.type("sbxTime", "1.5"); },
-     "FeedOnWire 1.5"},
-    {"FeedBackWire", nothing, "FeedBackWire 0.1", [](Pendant &p) { p.type("sbxTime", "0.2"); },
-     "FeedBackWire 0.2"},
-    {"DetectGas", nothing, "DetectGas 0.1", [](Pendant &p) { p.type("sbxTime", "2"); },
-     "DetectGas 2"},
+    {"ArcOn",
+     {"cbxArcData", "arcdata2", R"(ArcOn "arcondata1","arcdata2")"},
+     {"cbx_arconParamFileNumber", "arcondata3", R"(ArcOn "arcondata3","arcdata2")"}},
+    {"ArcOff",
+     {"", "", R"(ArcOff "arcoffdata1")"},
+     {"cbx_arcoffParamFileNumber", "arcoffdata2", R"(ArcOff "arcoffdata2")"}},
+    {"WMoveL",
+     {"cbxSpeed", "v10", "WMoveL p1,v10,fine,torch1,wobj0"},
+     {"cbxWeaveData", "weavedata4", R"(WMoveL p1,v10,fine,torch1,wobj0,"weavedata4")"}},
+    {"WMoveC",
+     {"cbxSpeed", "v10", "WMoveC p1,p1,v10,fine,torch1,wobj0"},
+     {"cbxZone", "z5", "WMoveC p1,p1,v10,z5,torch1,wobj0"}},
+    {"WeaveOn",
+     {"", "", R"(WeaveOn "weavedata1")"},
+     {"cbxWeaveFileNumber", "weavedata4", R"(WeaveOn "weavedata4")"}},
+    {"WeaveOff", {"", "", "WeaveOff"}, {"", "", "WeaveOff"}},
+    {"FeedOnWire", {"", "", "FeedOnWire 0.1"}, {"sbxTime", "1.5", "FeedOnWire 1.5"}},
+    {"FeedBackWire", {"", "", "FeedBackWire 0.1"}, {"sbxTime", "0.2", "FeedBackWire 0.2"}},
+    {"DetectGas", {"", "", "DetectGas 0.1"}, {"sbxTime", "2", "DetectGas 2"}},
 };
 
-void insertAndEdit(Tour &tour, ProgramTouch &program, const Example &example)
+void enter(Tour &tour, const QString &control, const char *value)
 {
-    auto &pendant = tour.pendant();
-    const QString name = example.instruction;
-    tour.step(name + " is inserted, edited and read back", [&] {
-        const int line = program.lineCount() + 1;
-        program.insert(name);
-        example.fillIn(pendant);
-        tour.picture("insert-" + name.toLower());
-        pendant.click("btnFormAccept");
-        Tour::require(program.line(line), example.inserted);
-        pendant.click("btnEditLine");
-        example.edit(pendant);
-        tour.picture("edit-" + name.toLower());
-        pendant.click("btnFormAccept");
-        Tour::require(program.line(line), example.edited);
-        pendant.click("btnEditLine");
-        if (pendant.find("lblFormWarning")->isVisible())
-            return Tour::require(pendant.find<QLabel>("lblFormWarning")->text(), {});
-        pendant.click("btnFormAccept");
-        return Tour::require(program.line(line), example.edited);
-    });
+    if (control.startsWith("cbx"))
+        tour.choose(control, value);
+    else if (!control.isEmpty())
+        tour.type(control, value);
 }
 
 } // namespace
 
 void programEditor(Tour &tour)
 {
-    auto &pendant = tour.pendant();
-    ProgramTouch program(pendant);
-    for (const Example &example : examples)
-        insertAndEdit(tour, program, example);
-    tour.step("the program is kept", [&] {
+    testsupport::ProgramTouch program(tour);
+    for (const auto &[instruction, inserted, edited] : examples) {
+        const QString name = instruction;
+        tour.step(name + " is inserted, edited and read back", [&, line = program.lineCount() + 1] {
+            program.insert(name);
+            for (const auto &[verb, entry] : {std::pair{"insert-", inserted}, {"edit-", edited}}) {
+                enter(tour, entry.control, entry.value);
+                tour.takePicture(verb + name.toLower());
+                tour.click("btnFormAccept");
+                Tour::require(program.line(line), entry.line);
+                tour.click("btnEditLine");
+            }
+            if (tour.find("lblFormWarning")->isVisible())
+                tour.requireText("lblFormWarning", {});
+            tour.click("btnFormAccept");
+            return Tour::require(program.line(line), edited.line);
+        });
+    }
+    tour.step("the program is kept", "program", [&] {
         program.saveAs("tour");
         return Tour::require(program.title(), "Program: tour.tl");
     });
-    tour.picture("program");
-    tour.step("a program's mistakes are marked", [&] {
+    tour.step("a program's mistakes are marked", "mistakes", [&] {
         program.open("mistakes.tl");
-        auto *count = pendant.find<QPushButton>("btnNextFinding");
-        if (!QTest::qWaitFor([count] { return count->text() == "34 findings"; }))
-            return Tour::require(count->text(), "34 findings");
+        const auto *count = tour.find<QPushButton>("btnNextFinding");
+        Tour::await("34 findings", [&] { return count->text() == "34 findings"; });
         program.choose(15);
-        return Tour::require(pendant.find<QLabel>("lblFinding")->text(), "arcondata format error");
+        return tour.requireText("lblFinding", "arcondata format error");
     });
-    tour.picture("mistakes");
 }
 
 } // namespace tour

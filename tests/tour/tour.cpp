@@ -1,11 +1,17 @@
 #include "tour/tour.h"
 
 #include <QDir>
+#include <QLabel>
+#include <QTest>
+#include <QToolButton>
+#include <QWindow>
 #include <cstdio>
 
 namespace tour {
 
 namespace {
+
+constexpr int patience = 30000; // milliseconds; the robot takes its way
 
 testsupport::Setup onDisk()
 {
@@ -17,8 +23,8 @@ testsupport::Setup onDisk()
 } // namespace
 
 Tour::Tour(const QString &pictureFolder)
-    : m_folder(pictureFolder)
-    , m_pendant(onDisk())
+    : TestPendant(onDisk())
+    , m_folder(pictureFolder)
 { }
 
 void Tour::step(const QString &what, const std::function<QString()> &act)
@@ -30,12 +36,28 @@ void Tour::step(const QString &what, const std::function<QString()> &act)
     }
 }
 
+void Tour::step(const QString &what, const QString &pictureName,
+                const std::function<QString()> &act)
+{
+    step(what, act);
+    takePicture(pictureName);
+}
+
 void Tour::tell(bool ok, const QString &what, const QString &seen)
 {
     if (!ok)
         ++m_failures;
     std::printf("%-6s %s: %s\n", ok ? "ok" : "FAILED", qUtf8Printable(what), qUtf8Printable(seen));
     std::fflush(stdout);
+}
+
+void Tour::takePicture(const QString &name)
+{
+    ++m_pictures;
+    const QString file =
+        QStringLiteral("%1-%2.png").arg(m_pictures, 2, 10, QLatin1Char('0')).arg(name);
+    if (!picture(QDir(m_folder).filePath(file)))
+        tell(false, QStringLiteral("picture"), file + " could not be written");
 }
 
 QString Tour::require(const QString &seen, const QString &wanted)
@@ -45,13 +67,37 @@ QString Tour::require(const QString &seen, const QString &wanted)
     return seen;
 }
 
-void Tour::picture(const QString &name)
+QString Tour::requireText(const char *label, const QString &wanted)
 {
-    ++m_pictures;
-    const QString file =
-        QStringLiteral("%1-%2.png").arg(m_pictures, 2, 10, QLatin1Char('0')).arg(name);
-    if (!m_pendant.picture(QDir(m_folder).filePath(file)))
-        tell(false, QStringLiteral("picture"), file + " could not be written");
+    return require(find<QLabel>(label)->text(), wanted);
+}
+
+QString Tour::requireStored(const QString &node, const QString &file, const char *key,
+                            const QString &wanted)
+{
+    const auto answer = host()->service()->get(nullptr, "arc_weld." + node, file);
+    return require(answer->r(key)->getString(), wanted);
+}
+
+QString Tour::await(const QString &what, const std::function<bool()> &isSo)
+{
+    return require(QTest::qWaitFor(isSo, patience) ? what : "not " + what, what);
+}
+
+void Tour::openSubPage(const QString &title)
+{
+    open("arcweldpackage");
+    for (auto *button : find("wgtNav")->findChildren<QToolButton *>()) {
+        if (button->text() == title)
+            return testsupport::finger::touch(button);
+    }
+    throw testsupport::OutOfReach("there is no sub-page " + title);
+}
+
+void Tour::strike(Qt::Key key)
+{
+    QTest::keyClick(window()->windowHandle(), key);
+    QCoreApplication::processEvents();
 }
 
 } // namespace tour

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <functional>
 
 #include "support/testpendant.h"
@@ -8,20 +7,30 @@
 namespace tour {
 
 /// One walk through the pendant: runs steps, tells each in one line, takes pictures on the way.
-class Tour
+class Tour : public testsupport::TestPendant
 {
 public:
     explicit Tour(const QString &pictureFolder);
 
-    testsupport::TestPendant &pendant() { return m_pendant; }
-
     /// Runs @p act, which answers what was seen, and prints "ok" or "FAILED" with it. A step that
-    /// throws has failed; the walk goes on.
+    /// throws has failed; the walk goes on, with a picture of what is seen then.
     void step(const QString &what, const std::function<QString()> &act);
-    /// Ends the running step as failed when @p seen is not @p wanted; answers @p seen.
-    static QString require(const QString &seen, const QString &wanted);
+    void step(const QString &what, const QString &pictureName, const std::function<QString()> &act);
     /// A picture of the window as it is, numbered in the order of the walk.
-    void picture(const QString &name);
+    void takePicture(const QString &name);
+
+    /// These end the running step as failed when what is seen is not @p wanted; they answer it.
+    static QString require(const QString &seen, const QString &wanted);
+    QString requireMessage(const QString &wanted) { return require(lastMessage(), wanted); }
+    QString requireText(const char *label, const QString &wanted);
+    QString requireStored(const QString &node, const QString &file, const char *key,
+                          const QString &wanted);
+    /// Waits until it is so; the step has failed when it takes too long.
+    static QString await(const QString &what, const std::function<bool()> &isSo);
+
+    /// Opens the package and its sub-page whose navigation button says @p title.
+    void openSubPage(const QString &title);
+    void strike(Qt::Key key);
 
     int failures() const { return m_failures; }
 
@@ -29,9 +38,20 @@ private:
     void tell(bool ok, const QString &what, const QString &seen);
 
     QString m_folder;
-    testsupport::TestPendant m_pendant;
     int m_pictures = 0;
     int m_failures = 0;
 };
+
+// The walk, in its order.
+void firstStart(Tour &tour);
+void processSetting(Tour &tour);
+void restart(Tour &tour);
+void linkDown(Tour &tour);
+void hostPages(Tour &tour);
+void processConfiguration(Tour &tour);
+void handleKeys(Tour &tour);
+void programEditor(Tour &tour);
+void weld(Tour &tour);
+void display(Tour &tour);
 
 } // namespace tour

@@ -4,26 +4,17 @@
 #include <QTest>
 #include <QWindow>
 
+#include "pando/frame.h"
 #include "support/programtouch.h"
-#include "tour/pages.h"
-#include "tour/steps.h"
 #include "tour/tour.h"
 
 namespace tour {
 
 namespace {
 
-constexpr int patience = 30000; // milliseconds; the robot takes its way
-
-void strike(testsupport::TestPendant &pendant, Qt::Key key)
+int current(Tour &tour)
 {
-    QTest::keyClick(pendant.window()->windowHandle(), key);
-    QCoreApplication::processEvents();
-}
-
-int shown(testsupport::TestPendant &pendant, const char *label)
-{
-    return pendant.find<QLabel>(label)->text().toInt();
+    return tour.find<QLabel>("lblActualCurrent")->text().toInt();
 }
 
 QString weldMode()
@@ -31,80 +22,78 @@ QString weldMode()
     return m("welmo.welding_options.weld_mode")->getString();
 }
 
-// A file comes into being with 0 A: nobody welds with what nobody chose.
-void chooseCurrents(Tour &tour)
+QString switchMode(Tour &tour)
 {
-    auto &pendant = tour.pendant();
-    tour.step("the example's files get their currents", [&] {
-        openSubPage(pendant, "Process Setting");
-        pendant.choose("cbx_arconParamFileNumber", "arcondata1");
-        pendant.type("sbxArconCurrent", "150");
-        pendant.click("btnArcOnSave");
-        pendant.choose("cbx_weldingParamFileNumber", "arcdata1");
-        pendant.type("sbxWeldCurrent", "180");
-        pendant.click("btnWeldingSave");
-        return Tour::require(pendant.lastMessage(), "info: save parameter succeed");
-    });
-}
-
-void startWelding(Tour &tour, testsupport::ProgramTouch &program)
-{
-    auto &pendant = tour.pendant();
-    tour.step("the mode key leads to real welding", [&] {
-        bool follows = true;
-        for (int i = 0; i < 3 && follows && weldMode() != "real"; ++i) {
-            const QString before = weldMode();
-            strike(pendant, Qt::Key_F4);
-            follows = QTest::qWaitFor([&before] { return weldMode() != before; });
-        }
-        return Tour::require(weldMode(), "real");
-    });
-    tour.step("an example runs, and the monitor shows the weld", [&] {
-        program.open("fillet.tl");
-        pendant.click("btnProgramRun");
-        strike(pendant, Qt::Key_F6);
-        const auto *file = pendant.find<QLineEdit>("ledtWeldingName");
-        const auto isWelding = [&] {
-            return file->text() == "arcdata1" && shown(pendant, "lblActualCurrent") > 160;
-        };
-        const bool welds = QTest::qWaitFor(isWelding, patience);
-        return Tour::require(welds ? "welding" : "no weld", "welding");
-    });
-    tour.picture("weld");
-}
-
-void trim(Tour &tour)
-{
-    auto &pendant = tour.pendant();
-    tour.step("trimmed by 30 A, and the arc follows", [&] {
-        const double before = pendant.find<QDoubleSpinBox>("sbxCurrent")->value();
-        for (int i = 0; i < 3; ++i)
-            pendant.click("btnCurrentAdd10");
-        pendant.click("btnSave");
-        Tour::require(pendant.lastMessage(), "info: save succeed");
-        const bool follows = QTest::qWaitFor(
-            [&] { return shown(pendant, "lblActualCurrent") > before + 20; }, patience);
-        return Tour::require(follows ? "follows" : "stays", "follows");
-    });
-    tour.picture("weld-trimmed");
+    const QString before = weldMode();
+    tour.strike(Qt::Key_F4);
+    return Tour::await("another mode", [&before] { return weldMode() != before; });
 }
 
 } // namespace
 
+void handleKeys(Tour &tour)
+{
+    QWindow *window = tour.window()->windowHandle();
+    tour.step("F1 is held, the wire feeds", "wire-feed-held", [&] {
+        tour.openSubPage("Process Setting");
+        QTest::keyPress(window, Qt::Key_F1);
+        return tour.requireMessage("info: wire feeding success");
+    });
+    tour.step("and let go, the wire stands", [&] {
+        QTest::keyRelease(window, Qt::Key_F1);
+        return tour.requireMessage("info: cancel wire feeding success");
+    });
+    tour.step("F4 switches the mode, with its picture in the status bar", [&] {
+        const auto *shown = pando::frame().status->item("welmo.labelArcMode");
+        const QString before = shown->accessibleName();
+        switchMode(tour);
+        return Tour::await("its picture", [&] { return shown->accessibleName() != before; });
+    });
+    tour.step("F6 shows the monitor", "monitor", [&] {
+        tour.strike(Qt::Key_F6);
+        return Tour::require(pando::frame().rightSide->isVisible() ? "shown" : "hidden", "shown");
+    });
+    tour.strike(Qt::Key_F6);
+}
+
 void weld(Tour &tour)
 {
-    auto &pendant = tour.pendant();
-    chooseCurrents(tour);
-    testsupport::ProgramTouch program(pendant);
-    startWelding(tour, program);
-    trim(tour);
+    // A file comes into being with 0 A: nobody welds with what nobody chose.
+    tour.step("the example's files get their currents", [&] {
+        tour.openSubPage("Process Setting");
+        tour.choose("cbx_arconParamFileNumber", "arcondata1");
+        tour.type("sbxArconCurrent", "150");
+        tour.click("btnArcOnSave");
+        tour.choose("cbx_weldingParamFileNumber", "arcdata1");
+        tour.type("sbxWeldCurrent", "180");
+        tour.click("btnWeldingSave");
+        return tour.requireMessage("info: save parameter succeed");
+    });
+    testsupport::ProgramTouch program(tour);
+    tour.step("an example runs with real welding, and the monitor shows the weld", "weld", [&] {
+        for (int i = 0; i < 2 && weldMode() != "real"; ++i)
+            switchMode(tour);
+        Tour::require(weldMode(), "real");
+        program.open("fillet.tl");
+        tour.click("btnProgramRun");
+        tour.strike(Qt::Key_F6);
+        const auto *file = tour.find<QLineEdit>("ledtWeldingName");
+        return Tour::await("welding",
+                           [&] { return file->text() == "arcdata1" && current(tour) > 160; });
+    });
+    tour.step("trimmed by 30 A, and the arc follows", "weld-trimmed", [&] {
+        const double before = tour.find<QDoubleSpinBox>("sbxCurrent")->value();
+        for (int i = 0; i < 3; ++i)
+            tour.click("btnCurrentAdd10");
+        tour.click("btnSave");
+        tour.requireMessage("info: save succeed");
+        return Tour::await("following", [&] { return current(tour) > before + 20; });
+    });
     tour.step("stopped, the arc is out", [&] {
-        pendant.click("btnProgramStop");
-        const bool out =
-            QTest::qWaitFor([&] { return shown(pendant, "lblActualCurrent") == 0; }, patience);
-        Tour::require(out ? "out" : "burns", "out");
-        strike(pendant, Qt::Key_F6);
-        return Tour::require(pendant.find<QLabel>("lblRunState")->text(), "Ready (stopped)");
+        tour.click("btnProgramStop");
+        Tour::await("out", [&] { return current(tour) == 0; });
+        tour.strike(Qt::Key_F6);
+        return tour.requireText("lblRunState", "Ready (stopped)");
     });
 }
 

@@ -1,0 +1,81 @@
+#include <QTableView>
+#include <QToolButton>
+
+#include "pando/frame.h"
+#include "tour/tour.h"
+
+namespace tour {
+
+void firstStart(Tour &tour)
+{
+    tour.step("first start", "home", [&] {
+        Tour::require(pando::frame().center->currentKey(), "pendant.home");
+        return tour.requireText("lblLinkState", "Connected");
+    });
+}
+
+void linkDown(Tour &tour)
+{
+    tour.step("link down, Save is refused", "link-down", [&] {
+        tour.openSubPage("Process Setting");
+        tour.click("btnLink");
+        tour.waitDisconnected();
+        tour.requireText("lblLinkState", "Link off");
+        tour.click("btnArcOnSave");
+        return tour.requireMessage("error: tessa is not connected");
+    });
+    tour.step("link up again", [&] {
+        tour.click("btnLink");
+        tour.waitConnected();
+        return tour.requireText("lblLinkState", "Connected");
+    });
+}
+
+void hostPages(Tour &tour)
+{
+    tour.step("Messages, the errors alone", "messages", [&] {
+        tour.open("messages");
+        tour.click("btnLevel_error");
+        const auto *model = tour.find<QTableView>("tblMessages")->model();
+        const QString newest = model->index(0, 2).data().toString();
+        tour.click("btnLevel_");
+        return Tour::require(newest, "tessa is not connected");
+    });
+    tour.step("Controller, the wire sticks and is mended", "controller", [&] {
+        tour.open("controller");
+        tour.click("btnFault_WireStuck");
+        const bool stuck = tour.faults()->isOn(controller::Faults::Fault::WireStuck);
+        tour.click("btnClearFaults");
+        return Tour::require(stuck ? "stuck" : "free", "stuck");
+    });
+}
+
+// Every page in the dark theme, then in Chinese.
+void display(Tour &tour)
+{
+    const auto showPages = [&tour](const QString &prefix) {
+        tour.takePicture(prefix + "-home");
+        tour.open("arcweldpackage");
+        for (auto *button : tour.find("wgtNav")->findChildren<QToolButton *>()) {
+            testsupport::finger::touch(button);
+            tour.takePicture(prefix + "-package");
+        }
+        for (const char *page : {"messages", "controller"}) {
+            tour.open(page);
+            tour.takePicture(prefix + '-' + page);
+        }
+    };
+    tour.step("dark theme", [&] {
+        tour.changeDisplay("cbxTheme", "dark");
+        const QColor ground = tour.window()->grab().toImage().pixelColor(640, 740);
+        showPages("dark");
+        return Tour::require(ground.lightness() < 64 ? "dark" : ground.name(), "dark");
+    });
+    tour.step("Chinese", [&] {
+        tour.changeDisplay("cbxLanguage", "zh_CN");
+        showPages("chinese");
+        return tour.requireText("lblLinkState", QString::fromUtf8("已连接"));
+    });
+}
+
+} // namespace tour
