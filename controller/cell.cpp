@@ -67,8 +67,7 @@ Reply Cell::remove(const QString &path, const QStringList &keys)
 
 std::optional<qint64> Cell::revision(const QString &path, const QString &key) const
 {
-    const std::optional<Store::Entry> entry = m_store.read(path, key);
-    return entry ? std::make_optional(entry->revision) : std::nullopt;
+    return m_store.revision(path, key);
 }
 
 void Cell::record(Journal::Event event, const QString &cause)

@@ -76,7 +76,8 @@ Reply Controller::handle(const Request &request)
     m_cell.audit().setAuthor(request.author);
     Reply reply = m_registry.dispatch(request);
     m_cell.audit().setAuthor({});
-    tick(); // who watches hears of what the request changed
+    if (request.kind == Request::Kind::Set || request.kind == Request::Kind::Command)
+        tick(); // who watches hears of what the request changed
     if (reply.ok() && !request.key.isEmpty() && request.kind != Request::Kind::Command)
         reply.revision = m_cell.revision(request.path, request.key);
     return reply;

@@ -10,6 +10,7 @@ namespace controller {
 namespace {
 
 constexpr char readSql[] = "SELECT value, revision FROM entry WHERE path = ?1 AND key = ?2";
+constexpr char readRevisionSql[] = "SELECT revision FROM entry WHERE path = ?1 AND key = ?2";
 constexpr char readAllSql[] =
     "SELECT key, value, revision FROM entry WHERE path = ?1 AND value IS NOT NULL";
 constexpr char writeSql[] = "INSERT INTO entry (path, key, value, revision) VALUES (?1, ?2, ?3, 1)"
@@ -34,6 +35,7 @@ std::unique_ptr<Store> Store::inMemory()
 Store::Store(std::unique_ptr<Database> database)
     : m_database(std::move(database))
     , m_read(*m_database, readSql)
+    , m_readRevision(*m_database, readRevisionSql)
     , m_readAll(*m_database, readAllSql)
     , m_write(*m_database, writeSql)
     , m_remove(*m_database, removeSql)
@@ -51,6 +53,20 @@ std::optional<Store::Entry> Store::read(const QString &path, const QString &key)
         failed();
     m_read.reset();
     return entry;
+}
+
+std::optional<qint64> Store::revision(const QString &path, const QString &key) const
+{
+    std::optional<qint64> revision;
+    const int result = m_readRevision.bind(1, path).bind(2, key).step();
+    if (result == SQLITE_ROW)
+        revision = m_readRevision.number(0);
+    else if (result == SQLITE_DONE)
+        revision = 0;
+    else
+        failed();
+    m_readRevision.reset();
+    return revision;
 }
 
 std::optional<std::map<QString, Store::Entry>> Store::readAll(const QString &path) const

@@ -35,6 +35,8 @@ public:
 
     /// The entry, which may be "not there"; nothing at all when reading failed.
     std::optional<Entry> read(const QString &path, const QString &key) const;
+    /// The entry's revision, without taking its value apart; nothing at all when reading failed.
+    std::optional<qint64> revision(const QString &path, const QString &key) const;
     /// Every entry of @p path that is there, by key; nothing at all when reading failed.
     std::optional<std::map<QString, Entry>> readAll(const QString &path) const;
     /// Writes all or none of the changes.
@@ -52,6 +54,7 @@ private:
 
     std::unique_ptr<Database> m_database;
     mutable Statement m_read;
+    mutable Statement m_readRevision;
     mutable Statement m_readAll;
     Statement m_write;
     Statement m_remove;

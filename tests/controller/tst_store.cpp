@@ -92,6 +92,8 @@ private slots:
         QVERIFY(store->read(path, key).has_value() && !store->read(path, key)->value.isValid());
         QVERIFY(store->write({{path, key, 1}}));
         QCOMPARE(store->read(path, key)->revision, 3); // never starts again
+        QCOMPARE(store->revision(path, key), std::optional<qint64>(3));
+        QCOMPARE(store->revision(path, "never there"), std::optional<qint64>(0));
     }
     void allOrNothing()
     {
