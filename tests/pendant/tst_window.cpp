@@ -8,7 +8,6 @@
 #include "kelp/registry.h"
 #include "pando/frame.h"
 #include "pendant/messageline.h"
-#include "pendant/pluginloader.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
 
@@ -87,20 +86,6 @@ private slots:
         pendant.app().stop();
         QVERIFY(!pando::frame().center);
         QVERIFY(!tessa::Host::current());
-    }
-    // Each load registers anew; what an earlier one left behind would be code that is gone.
-    void unloadedCodeLeavesNothingBehind()
-    {
-        for (int round = 0; round < 3; ++round) {
-            pendant::PluginLoader loader(TOY_MODULE);
-            QVERIFY2(loader.load(), qPrintable(loader.error()));
-            QCOMPARE(loader.modules(), QStringList{"toy"});
-            QCOMPARE(ver("toy", false), 3);
-            QCOMPARE(ver("toy", true), 4);
-        }
-        QVERIFY(!bfactory()->contains("toy"));
-        QCOMPARE(ver("toy", false), 0);
-        QCOMPARE(ver("toy", true), 0);
     }
     void messages()
     {

@@ -1,0 +1,174 @@
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QFile>
+#include <QLibrary>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <malloc.h>
+
+#include "kelp/registry.h"
+#include "pando/bmodule.h"
+#include "pendant/pluginloader.h"
+#include "pendant/program/formpane.h"
+#include "support/programtouch.h"
+#include "support/testpendant.h"
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/allocator_interface.h>
+#endif
+
+using pendant::FormPane;
+using testsupport::ProgramTouch;
+using testsupport::TestPendant;
+
+namespace {
+
+/// Bytes that the whole process has on the heap.
+qint64 heapInUse()
+{
+#ifdef __SANITIZE_ADDRESS__
+    return qint64(__sanitizer_get_current_allocated_bytes());
+#else
+    const auto info = ::mallinfo2();
+    return qint64(info.uordblks + info.hblkhd);
+#endif
+}
+
+/// Does @p once again and again, first until every cache is warm; what the heap has grown by.
+template<typename Work>
+qint64 growthOver(int count, Work once)
+{
+    const auto repeat = [&](int times) {
+        for (int i = 0; i < times; ++i)
+            once(i);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    };
+    repeat(count / 10);
+    const qint64 before = heapInUse();
+    repeat(count);
+    return heapInUse() - before;
+}
+
+bool isLibraryMapped()
+{
+    QFile maps("/proc/self/maps");
+    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("libwelmo.so");
+}
+
+// Allocators keep something back; the smallest object left behind each time would be far more.
+constexpr qint64 slack = 300 * 1024;
+// The style sheets of Qt 5.15 do not forget a spin box that is gone; with its widgets alone, too.
+constexpr qint64 keptByQt = 48;
+#ifdef __SANITIZE_ADDRESS__
+constexpr int openings = 1000; // what leaks is found at the end, however small
+#else
+constexpr int openings = 10000;
+#endif
+
+} // namespace
+
+/// What a pendant that is never switched off goes through.
+class tst_Endurance : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // Before any module is made: what the library enters with host and Qt comes, and goes, whole.
+    void libraryComesAndGoes()
+    {
+        const QString resource = QStringLiteral(":/welmo/template/welmo.json");
+        for (int round = 0; round < 100; ++round) {
+            pendant::PluginLoader loader(WELMO_MODULE);
+            QVERIFY2(loader.load(), qPrintable(loader.error()));
+            QCOMPARE(bfactory()->keys(), QStringList{"welmo"});
+            QCOMPARE(kelp::versionManager().size(), 8);
+            QVERIFY(QFile::exists(resource));
+            QVERIFY(isLibraryMapped());
+        }
+        QVERIFY(bfactory()->keys().isEmpty());
+        QVERIFY(kelp::versionManager().isEmpty());
+        QVERIFY(!QFile::exists(resource));
+        QVERIFY(!isLibraryMapped());
+        TestPendant pendant;
+        pendant.open("arcweldpackage");
+    }
+    // Two files, so the system loads it twice; nothing stands there twice.
+    void libraryIsLoadedTwice()
+    {
+        const QTemporaryDir folder;
+        const QString copy = folder.filePath("libwelmo.so");
+        QVERIFY(QFile::copy(WELMO_MODULE, copy));
+        pendant::PluginLoader loader(WELMO_MODULE);
+        QVERIFY(loader.load());
+        QLibrary second(copy);
+        QVERIFY2(second.load(), qPrintable(second.errorString()));
+        QCOMPARE(bfactory()->keys(), QStringList{"welmo"});
+        QCOMPARE(kelp::versionManager().size(), 8);
+    }
+    void formOpenings()
+    {
+        const QStringList lines{R"(ArcOn "arcondata1","arcdata1")",
+                                R"(ArcOff "arcoffdata1")",
+                                R"(WeaveOn "weavedata1")",
+                                "WeaveOff",
+                                R"(SegOn "segdata1")",
+                                "SegOff",
+                                "WMoveL p1,v10,fine,torch1,wobj0",
+                                "WMoveC p1,p2,v10,fine,torch1,wobj0",
+                                "DetectGas 0.5",
+                                "FeedOnWire 0.5",
+                                "FeedBackWire 0.5",
+                                R"(ArcOn "what")"};
+        TestPendant pendant;
+        auto *pane = pendant.window()->findChild<FormPane *>();
+        int widgets = 0;
+        qint64 fields = 0;
+        const qint64 growth = growthOver(openings, [&](int i) {
+            pane->openEdit(lines[i % lines.size()], i, true);
+            fields += pane->findChildren<QAbstractSpinBox *>().size();
+            if (i == lines.size() - 1)
+                widgets = QApplication::allWidgets().size();
+        });
+        QVERIFY2(growth < slack + fields * keptByQt, qPrintable(QString::number(growth)));
+        pane->openEdit(lines.last(), 1, true);
+        QCOMPARE(QApplication::allWidgets().size(), widgets);
+    }
+    void notifications()
+    {
+        TestPendant pendant;
+        pendant.open("arcweldpackage");
+        const qint64 growth = growthOver(1000000, [&](int i) {
+            const QVariantMap values{{"current", i % 400},
+                                     {"voltage", i % 40},
+                                     {"welding_time", i / 8.0},
+                                     {"robot_ready", i % 2 == 0},
+                                     {"wire " + QString::number(i % 50), i}};
+            emit pendant.host()->link()->notified("arc_weld.welder_state", values);
+        });
+        QVERIFY2(growth < slack, qPrintable(QString::number(growth)));
+    }
+    /// The window is closed while the pendant waits for an answer that does not come.
+    void closedWithAFormOpenAndACallPending()
+    {
+        for (const bool late : {true, false}) {
+            TestPendant pendant;
+            pendant.open("program");
+            ProgramTouch(pendant).insert("ArcOn");
+            QTimer::singleShot(0, pendant.window(), [&] { pendant.window()->close(); });
+            if (late)
+                pendant.faults()->setDelay(10000);
+            else
+                pendant.faults()->loseAnswers(1);
+            pendant.host()->service()->exchange(
+                {tessa::LinkRequest::Kind::Get, "arc_weld.weld_mode", {}, {}}, 50);
+            QTRY_VERIFY(!pendant.window()->isVisible());
+            pendant.app().stop();
+            QVERIFY(!tessa::Host::current());
+        }
+    }
+};
+
+QTEST_MAIN(tst_Endurance)
+#include "tst_endurance.moc"
