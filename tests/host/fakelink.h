@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QJsonDocument>
 #include <QMap>
 #include <QVector>
 #include <functional>
 
 #include "tessa/controllerlink.h"
+#include "tessa/xservice.h"
 
 /// A controller that answers from a table: nodes by path (and key), commands by name. What is not
 /// in the table is answered as a node that is not there.
@@ -18,16 +20,17 @@ public:
     {
         if (!isUp())
             return {tessa::LinkReply::NotConnected, {}};
-        log.append(
-            QStringList{QStringLiteral("GSWC").at(int(request.kind)), request.path, request.key}
-                .join(' ')
-                .trimmed());
-        payload = request.payload;
-        timeout = timeoutMs;
+        const QString entry = QStringList{request.path, request.key}.join(' ').trimmed();
+        QString line = QStringLiteral("GSWC").at(int(request.kind)) + ' ' + entry;
+        if (request.payload.isValid())
+            line +=
+                ' ' + QJsonDocument::fromVariant(request.payload).toJson(QJsonDocument::Compact);
+        if (timeoutMs != XService::defaultTimeoutMs)
+            line += QStringLiteral(" %1 ms").arg(timeoutMs);
+        log.append(line);
         if (duringCall)
             duringCall(request);
-        const tessa::LinkReply reply =
-            answers.value(QStringList{request.path, request.key}.join(' ').trimmed());
+        const tessa::LinkReply reply = answers.value(entry);
         if (!reply.fromController())
             up = false;
         return reply;
@@ -46,9 +49,7 @@ public:
     void fail(const QString &path, int code) { answers[path] = {code, {}}; }
 
     QMap<QString, tessa::LinkReply> answers;
-    QStringList log; ///< one line a call: kind, path, key
-    QVariant payload; ///< of the last call
-    int timeout = 0; ///< of the last call
+    QStringList log; ///< one line a call: kind, path, key, payload, time limit if it is not usual
     QVector<bool> beats; ///< whether a key was held, newest last
     bool up = false;
     bool opened = false;

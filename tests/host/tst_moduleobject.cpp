@@ -4,7 +4,6 @@
 #include "kelp/moduleobject.h"
 #include "support/rows.h"
 
-using kelp::EmptyModuleObject;
 using kelp::ModuleObject;
 using testsupport::Rows;
 
@@ -28,23 +27,20 @@ private slots:
     void aMissingNodeReadsAsTheDefaultAndIgnoresWrites()
     {
         ModuleObject root("root");
+        ModuleObject other("other");
+        other.importFromVariant(nullptr, tree);
         ModuleObject *missing = root.r("no.such.node");
-        QCOMPARE(missing, EmptyModuleObject::instance());
         missing->set(nullptr, QString(), 5);
         missing->set(nullptr, "deeper.key", 5);
         missing->setList(nullptr, "list", {1});
         missing->importFromVariant(nullptr, tree);
-        missing->copyFrom(nullptr, &root);
+        missing->copyFrom(nullptr, &other);
         missing->c("child", true)->set(nullptr, QString(), 1);
-        QVERIFY(root.c("no")->isMissing());
-        for (const int outside : {-1, 0})
-            QVERIFY(root.cmobj(outside)->isMissing());
-        QCOMPARE(missing->getInt(7), 7);
+        QVERIFY(root.c("no")->isMissing() && root.cmobj(-1)->isMissing());
+        QVERIFY(missing->getInt(7) == 7 && missing->getDouble(1.5) == 1.5
+                && missing->getBool(true));
         QCOMPARE(missing->getString("none"), QString("none"));
-        QCOMPARE(missing->getDouble(1.5), 1.5);
-        QCOMPARE(missing->getBool(true), true);
-        QVERIFY(missing->getList().isEmpty());
-        QVERIFY(missing->cmobjs(true).isEmpty() && root.cmobjCount() == 0);
+        QVERIFY(missing->getList().isEmpty() && missing->cmobjs(true).isEmpty());
     }
     void valuesConvert()
     {
@@ -52,7 +48,6 @@ private slots:
         const Rows<QVariant, bool, int, double, QString> rows{
             {"none", QVariant(), true, -9, -9.5, "?"},
             {"bool", false, false, 0, 0.0, "false"},
-            {"integer", 12, true, 12, 12.0, "12"},
             {"a fraction is dropped", 12.5, true, 12, 12.5, "12.5"},
             {"towards zero", -12.9, true, -12, -12.9, "-12.9"},
             {"number as text", "12.5", true, 12, 12.5, "12.5"},
@@ -78,7 +73,6 @@ private slots:
         QCOMPARE(leaf, root.r("a.b")->c("c"));
         QCOMPARE(leaf, m("a.b.c", &root));
         QCOMPARE(leaf->pmobj()->name(), QString("b"));
-        QCOMPARE(root.r(QString()), &root);
         // A direct child's name may hold points; it is then not a path.
         root.c("x.y", true)->set(nullptr, QString(), 1);
         QVERIFY(root.hasCmobj("x.y") && root.r("x.y")->isMissing());
@@ -86,34 +80,35 @@ private slots:
     void childrenKeepTheirOrderAndNamesAreUnique()
     {
         ModuleObject root("root");
-        for (const char *name : {"z", "a", "m"})
-            root.c(name, true);
-        root.set(nullptr, "a.inner", 1);
-        QCOMPARE(root.cmobjNames(), QStringList({"z", "a", "m"}));
+        for (const char *path : {"z", "a.inner", "m"})
+            root.set(nullptr, path, 1);
         QCOMPARE(root.cmobjNames(true), QStringList({"z", "a", "inner", "m"}));
         QCOMPARE(root.cmobj(2)->name(), QString("m"));
         QVERIFY(!root.hasCmobj("inner") && root.hasCmobj("inner", true));
-        auto *second = new ModuleObject("a", &root);
+        const auto *second = new ModuleObject("a", &root);
         QCOMPARE(root.cmobjNames(), QStringList({"z", "m", "a"}));
         QCOMPARE(root.c("a"), second);
+        for (int i = 0; i < 3; ++i) {
+            const QString name = ModuleObject::generateId(&root);
+            QVERIFY(!root.hasCmobj(name));
+            root.c(name, true);
+        }
     }
     void aChildGoesWithItsParentAndLeavesIt()
     {
         auto root = std::make_unique<ModuleObject>("root");
         const QPointer<ModuleObject> leaf = root->set(nullptr, "a.b", 1);
-        delete new ModuleObject("own", root.get());
-        QCOMPARE(root->cmobjNames(), QStringList("a"));
-        QVERIFY(root->removeChild("a") && !root->removeChild("a"));
-        QVERIFY(leaf.isNull());
         const QPointer<ModuleObject> last = root->set(nullptr, "c.d", 1);
+        delete new ModuleObject("own", root.get());
+        QVERIFY(root->removeChild("a") && !root->removeChild("a"));
+        QCOMPARE(root->cmobjNames(), QStringList("c"));
         root.reset();
-        QVERIFY(last.isNull());
+        QVERIFY(leaf.isNull() && last.isNull());
     }
     void changedFiresOnlyOnDifference()
     {
         const Rows<QVariant, QVariant, bool> rows{
             {"same number of another type", 1, 1.0, false},
-            {"another number", 1, 2, true},
             {"number and its text", 1, "1", true},
             {"bool and number", true, 1, true},
             {"same list", QVariantList{1, "a"}, QVariantList{1.0, "a"}, false},
@@ -150,15 +145,10 @@ private slots:
         leaf->watch(false);
         root.set(nullptr, "a.b", 5);
         QVERIFY(spy.size() == 1 && above.size() == 1);
-    }
-    void aReceiverMayRemoveTheNode()
-    {
-        ModuleObject root("root");
-        root.watch(true, true);
-        ModuleObject *leaf = root.set(nullptr, "a", 1);
+        // A receiver may remove the node.
         leaf->watch();
         connect(leaf, &ModuleObject::changed, this, [&root] { root.removeChild("a"); });
-        leaf->set(nullptr, QString(), 2);
+        leaf->set(nullptr, QString(), 6);
         QCOMPARE(root.cmobjCount(), 0);
     }
     void settingReplacesWhatStoodThere()
@@ -207,10 +197,10 @@ private slots:
     void copyingMakesEqualTrees()
     {
         ModuleObject from("from");
+        ModuleObject to("to");
         for (const char *name : {"z", "a", "m"})
             from.set(nullptr, name, QString(name));
         from.set(nullptr, "m", tree);
-        ModuleObject to("to");
         to.set(nullptr, "m.old", 1);
         to.set(nullptr, "a", "a")->watch();
         to.set(nullptr, "z", "other")->watch();
@@ -220,33 +210,14 @@ private slots:
         QCOMPARE(to.toVariant(), from.toVariant());
         QCOMPARE(to.cmobjNames(true), from.cmobjNames(true));
         QVERIFY(same.isEmpty() && different.count() == 1);
-        from.set(nullptr, "a", "later");
-        QCOMPARE(to.r("a")->getString(), QString("a"));
+        for (ModuleObject *itself : {&to, to.c("m")}) { // does nothing
+            to.copyFrom(nullptr, itself);
+            to.c("m")->copyFrom(nullptr, itself);
+            QCOMPARE(to.toVariant(), from.toVariant());
+        }
         to.set(nullptr, "own", 1);
         to.copyFrom(nullptr, &from, true, false);
         QVERIFY(to.hasCmobj("own"));
-    }
-    void copyingOntoItselfDoesNothing()
-    {
-        ModuleObject root("root");
-        root.importFromVariant(nullptr, tree);
-        ModuleObject *child = root.c("b");
-        root.copyFrom(nullptr, &root);
-        root.copyFrom(nullptr, child);
-        child->copyFrom(nullptr, &root);
-        QCOMPARE(root.toVariant(), QVariant(tree));
-        QCOMPARE(root.c("b"), child);
-    }
-    void generatedNamesAreFresh()
-    {
-        ModuleObject root("root");
-        for (int i = 0; i < 3; ++i) {
-            const QString name = ModuleObject::generateId(&root);
-            QVERIFY(!root.hasCmobj(name));
-            root.c(name, true);
-        }
-        root.removeChild(root.cmobjNames().at(1));
-        QVERIFY(!root.hasCmobj(ModuleObject::generateId(&root)));
     }
 };
 

@@ -26,6 +26,7 @@ struct Bench
     tessa::Host host{tessa::HostOptions{folder.path()}};
     FakeLink *link = new FakeLink;
     XService *service = xservice();
+    ModuleObject payload{"wire_feel"};
     tessa::ControllerManager *manager = tessa::ManagerHelper::instance()->controllerManager();
 
     Bench()
@@ -35,6 +36,7 @@ struct Bench
             qFatal("a link is opened, and not up before it says so");
         link->setUp(true);
         link->log.clear();
+        payload.set(nullptr, "feed", true);
     }
     /// The local copy of the node, watched; what the controller has there first.
     ModuleObject *watch(const QVariant &first)
@@ -43,6 +45,19 @@ struct Bench
         service->watch(nullptr, node, true);
         return service->watchNode(node);
     }
+};
+
+const Rows<XService::Answer (*)(Bench &)> calls{
+    {"read", [](Bench &b) { return b.service->get(nullptr, "some"); }},
+    {"read an entry", [](Bench &b) { return b.service->get(nullptr, "some", "key"); }},
+    {"write", [](Bench &b) { return b.service->set(nullptr, "some", &b.payload); }},
+    {"write an entry", [](Bench &b) { return b.service->set(nullptr, "some", "key", &b.payload); }},
+    {"command", [](Bench &b) { return b.service->execCommand(nullptr, "some", &b.payload); }},
+    {"request",
+     [](Bench &b) {
+         return b.manager->execRequest("some", "t", QJsonObject{{"tool", "x"}}, true, 5);
+     }},
+    {"item", [](Bench &b) { return b.manager->request("some", &b.payload, 5); }},
 };
 
 } // namespace
@@ -65,83 +80,54 @@ private slots:
              LinkReply::TimedOut, QStringList()},
         };
         for (const auto &[name, reply, read, written, children] : rows) {
-            Bench bench;
-            ModuleObject payload("key");
-            bench.link->answers = {{"some", reply}, {"some key", reply}};
-            const auto answer = bench.service->get(this, "some");
-            QCOMPARE(answer->getInt(0), read);
-            QCOMPARE(answer->cmobjNames(), children);
-            bench.link->up = true;
-            QCOMPARE(bench.service->get(this, "some", "key")->getInt(0), read);
-            bench.link->up = true;
-            QCOMPARE(bench.service->execCommand(this, "some")->getInt(0), written);
-            bench.link->up = true;
-            QCOMPARE(bench.service->set(this, "some", "key", &payload)->getInt(0), written);
+            for (const auto &[way, call] : calls) {
+                Bench bench;
+                bench.link->answers = {
+                    {"some", reply}, {"some key", reply}, {"some wire_feel", reply}};
+                const auto answer = call(bench);
+                QCOMPARE(answer->pmobj(), nullptr); // it belongs to the caller
+                QCOMPARE(answer->getInt(0), way.startsWith("read") ? read : written);
+                if (way == "read")
+                    QCOMPARE(answer->cmobjNames(), children);
+            }
         }
     }
     void everyFailureHasACode()
     {
-        for (const QString how : {"down", "none", "lost on the way"}) {
-            Bench bench;
-            bench.link->fail("some", LinkReply::Lost);
-            bench.link->fail("some key", LinkReply::Lost);
-            bench.link->up = how != "down";
-            if (how == "none")
-                bench.host.setLink(nullptr);
-            ModuleObject payload("key");
-            QVERIFY(bench.service->get(this, "some")->getInt(0) < 0);
-            QVERIFY(bench.service->set(this, "some", &payload)->getInt(0) < 0);
-            QVERIFY(bench.service->set(this, "some", "key", &payload)->getInt(0) < 0);
-            QVERIFY(bench.service->execCommand(nullptr, "some", QVariant(1))->getInt(0) < 0);
-            QVERIFY(bench.manager->execRequest("some", "", {}, true, 5)->getInt(0) < 0);
-            QVERIFY(bench.manager->request("some", nullptr, 5)->getInt(0) < 0);
-            QVERIFY(!bench.service->isConnected());
+        for (const bool down : {true, false}) {
+            for (const auto &[way, call] : calls) {
+                Bench bench;
+                bench.link->up = !down;
+                if (!down)
+                    bench.host.setLink(nullptr);
+                QVERIFY(call(bench)->getInt(0) < 0);
+                QVERIFY(!bench.service->isConnected());
+            }
         }
-    }
-    void anAnswerBelongsToItsCaller()
-    {
-        Bench bench;
-        bench.link->node("some", mode("real"));
-        const auto first = bench.service->get(this, "some");
-        first->set(nullptr, "mode", "other");
-        QCOMPARE(bench.service->get(this, "some")->r("mode")->getString(), QString("real"));
-        QCOMPARE(first->r("mode")->getString(), QString("other"));
-        QCOMPARE(first->pmobj(), nullptr);
     }
     void requestsReachTheController()
     {
         Bench bench;
-        const auto sent = [&bench] { return bench.link->payload; };
-        const QVariant feed = QVariantMap{{"feed", true}};
-        ModuleObject payload("wire_feel");
-        payload.set(nullptr, "feed", true);
-        bench.service->get(this, "n");
-        bench.service->get(this, "n", "k");
-        bench.service->set(this, "n", &payload);
-        QCOMPARE(sent(), feed);
-        bench.service->set(this, "n", "k", &payload);
-        bench.service->execCommand(nullptr, "c", &payload);
-        QCOMPARE(sent(), feed);
+        for (const auto &[way, call] : calls)
+            call(bench);
         bench.service->execCommand(nullptr, "c", QVariant(QStringList{"a"}));
-        QCOMPARE(sent(), QVariant(QStringList{"a"}));
         bench.service->execCommand(nullptr, "c");
-        QVERIFY(!sent().isValid());
-        QCOMPARE(bench.link->timeout, XService::defaultTimeoutMs);
-        bench.manager->execRequest("c", "t", QJsonObject{{"tool", "x"}}, true, 1700);
-        QCOMPARE(bench.link->timeout, 1700);
-        const QVariantMap request{
-            {"target", "t"}, {"parameters", QVariantMap{{"tool", "x"}}}, {"wait", true}};
-        QCOMPARE(sent(), QVariant(request));
         // A command's local object is one and keeps what was set.
         bench.manager->cmdItemMobj("stop", "request")->set(this, "stoptype", 1);
         bench.manager->cmdItemMobj("stop", "request")->set(this, "b", 2);
         bench.manager->request("stop", nullptr, 4800);
-        QCOMPARE(sent(), QVariant(QVariantMap{{"stoptype", 1}, {"b", 2}}));
-        QCOMPARE(bench.link->timeout, 4800);
-        bench.manager->request("stop", &payload, 5);
-        QCOMPARE(sent(), feed);
-        QCOMPARE(bench.link->log.mid(0, 9).join(", "),
-                 QString("G n, G n k, S n, S n k, C c wire_feel, C c, C c, C c, C stop request"));
+        const QStringList expected{
+            "G some",
+            "G some key",
+            R"(S some {"feed":true})",
+            R"(S some key {"feed":true})",
+            R"(C some wire_feel {"feed":true})",
+            R"(C some {"parameters":{"tool":"x"},"target":"t","wait":true} 5 ms)",
+            R"(C some wire_feel {"feed":true} 5 ms)",
+            R"(C c ["a"])",
+            "C c",
+            R"(C stop request {"b":2,"stoptype":1} 4800 ms)"};
+        QCOMPARE(bench.link->log, expected);
     }
     void aFirstSubscriptionIsSilent()
     {
@@ -166,14 +152,10 @@ private slots:
         const QVariantMap before{{"mode", "real"}, {"n", 1}, {"list", listWith(1)}, {"none", {}}};
         const Rows<QVariant, QVariant, bool> rows{
             {"the same", before, before, false},
-            {"one key, the same", before, mode("real"), false},
             {"one key, another value", before, mode("simu"), true},
             {"the same number as a real", before, QVariantMap{{"n", 1.0}}, false},
-            {"a number that became text", before, QVariantMap{{"n", "1"}}, true},
             {"a new key", before, QVariantMap{{"new", QVariant()}}, true},
-            {"the same list of maps", before, QVariantMap{{"list", listWith(1)}}, false},
             {"another list of maps", before, QVariantMap{{"list", listWith(2)}}, true},
-            {"the same plain value", 5, 5, false},
             {"another plain value", 5, 6, true},
             {"a map that became a plain value", before, 6, true},
         };
@@ -186,13 +168,7 @@ private slots:
             QCOMPARE(changed.count(), fires ? 1 : 0);
             if (fires)
                 QCOMPARE(changed.at(0).at(0), notified); // what was told, not the whole node
-            QVariantMap merged = first.toMap();
-            merged.insert(notified.toMap());
-            ModuleObject wanted("wanted");
-            wanted.importFromVariant(
-                nullptr,
-                merged.isEmpty() || notified.toMap().isEmpty() ? notified : QVariant(merged));
-            QCOMPARE(copy->toVariant(), wanted.toVariant());
+            QCOMPARE(copy->hasCmobj("none"), notified.type() == QVariant::Map); // not pruned
         }
     }
     void unwatchedAndStaleNotificationsAreSilent()
@@ -217,8 +193,7 @@ private slots:
         QCoreApplication::processEvents();
         ModuleObject *leaf = bench.service->mobj()->r("connected");
         leaf->watch();
-        QSignalSpy changed(leaf, &ModuleObject::changed);
-        QSignalSpy told(bench.service, &XService::connectedChanged);
+        QSignalSpy told(leaf, &ModuleObject::changed);
         bench.link->fail("some", 9); // refused by the controller: the link is well
         bench.service->get(this, "some");
         QVERIFY(bench.service->isConnected());
@@ -229,11 +204,9 @@ private slots:
         bench.link->fail("some", LinkReply::TimedOut);
         for (int i = 0; i < 2; ++i)
             bench.service->get(this, "some");
-        QCOMPARE(leaf->getBool(true), false);
-        QVERIFY(told.isEmpty() && changed.isEmpty());
+        QVERIFY(!leaf->getBool(true) && told.isEmpty());
         QCoreApplication::processEvents();
-        QCOMPARE(told, QList<QList<QVariant>>{{false}});
-        QVERIFY(changed.size() == 1 && !changed.at(0).at(0).toBool());
+        QVERIFY(told.size() == 1 && !told.at(0).at(0).toBool());
     }
     void comingBackHasAnOrder()
     {
@@ -279,8 +252,7 @@ private slots:
             bench.link->node("asked.while.down", 5);
             bench.link->setUp(true);
             QCOMPARE(changed.count(), fires);
-            QCOMPARE(first.count(), 0);
-            QCOMPARE(asked->getInt(), 5);
+            QVERIFY(first.isEmpty() && asked->getInt() == 5);
         }
     }
     void losingTheLinkWhileComingUpTellsNobody()
@@ -295,19 +267,6 @@ private slots:
             bench.link->setUp(true);
             QVERIFY(back.isEmpty() && !bench.service->isConnected());
         }
-    }
-    void anotherLinkTakesOver()
-    {
-        Bench bench;
-        QSignalSpy changed(bench.watch(mode("real")), &ModuleObject::changed);
-        auto other = std::make_unique<FakeLink>();
-        FakeLink *link = other.get();
-        link->up = true;
-        link->node(node, mode("simu"));
-        bench.host.setLink(std::move(other));
-        QVERIFY(bench.service->isConnected());
-        QCOMPARE(changed.count(), 1);
-        QVERIFY(link->log.contains("W " + node));
     }
 };
 
