@@ -91,7 +91,7 @@ void FormPane::openInsert(const QString &word, int line)
     m_before.clear();
     const auto *manager = tessa::TlManager::getTlManager();
     const auto create = manager->insertWidgetCreators.value(word);
-    auto *form = create ? create(m_area) : new LineForm(m_area);
+    auto *form = create ? create(m_area->viewport()) : new LineForm(m_area->viewport());
     setTextOrHide(m_syntax, manager->syntaxTemplates.value(word));
     const QString name = word.isEmpty() ? tr("a line") : word;
     show(form, tr("Insert %1 as line %2").arg(name).arg(line + 1), tr("Insert"));
@@ -103,7 +103,7 @@ void FormPane::openEdit(const QString &text, int line, bool isFaithful)
     const auto *manager = tessa::TlManager::getTlManager();
     const QString word = welmo::line::firstWord(text).text;
     const auto create = manager->propertyWidgetCreators.value(word);
-    auto *form = create ? create(m_area) : new LineForm(m_area);
+    auto *form = create ? create(m_area->viewport()) : new LineForm(m_area->viewport());
     setTextOrHide(m_syntax, manager->syntaxTemplates.value(word));
     show(form, tr("Line %1").arg(line + 1), tr("Replace"));
     fill(text, isFaithful);
