@@ -1,9 +1,27 @@
 #pragma once
 
 #include <QtTest>
+#include <atomic>
 #include <memory>
+#include <mutex>
 
 #include "linkwords.h"
+
+/// A clock that the test turns. The controller reads it again and again, so holding its gate stops
+/// the thread that the controller works on.
+struct Hands
+{
+    std::atomic<qint64> now{0};
+    std::atomic<int> readings{0};
+    std::mutex gate;
+
+    qint64 read()
+    {
+        const std::lock_guard lock(gate);
+        ++readings;
+        return now;
+    }
+};
 
 /// What a test asks of a link.
 template<typename Link>
@@ -25,14 +43,38 @@ struct CallBench
     {
         return call(Kind::Command, setMode, {}, mode(name), timeoutMs);
     }
-    LinkReply save(int number, int timeoutMs = patient) const
+    LinkReply load(int number) const { return call(Kind::Get, arcOn, fileName(number)); }
+    /// The file's current is @p current.
+    LinkReply save(int number, double current, int timeoutMs = patient) const
     {
-        const QString name = fileName(number);
-        return call(Kind::Set, arcOn, name, file(number), timeoutMs);
+        return call(Kind::Set, arcOn, fileName(number), file(number, current), timeoutMs);
+    }
+    /// A key that moves the wire is held.
+    LinkReply feedWire() const
+    {
+        return call(Kind::Command, QStringLiteral("arc_weld.wire_feed"),
+                    QStringLiteral("wire_feel"), QVariantMap{{QStringLiteral("feed"), true}});
+    }
+    bool waitUp(bool up = true) const
+    {
+        return QTest::qWaitFor([&] { return link->isUp() == up; }, patient);
     }
     bool comeUp() const
     {
         link->open();
-        return QTest::qWaitFor([this] { return link->isUp(); }, patient);
+        return waitUp();
+    }
+};
+
+/// A bench whose link is up.
+template<typename Bench>
+struct Up : Bench
+{
+    template<typename... Args>
+    explicit Up(Args &&...args)
+        : Bench(std::forward<Args>(args)...)
+    {
+        if (!this->comeUp())
+            qFatal("the link did not come up");
     }
 };

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QtTest>
-
 #include "callbench.h"
-#include "hands.h"
 #include "link/embeddedlink.h"
 
 /// A controller in this process.

@@ -22,15 +22,10 @@ inline QVariantMap mode(const char *name)
 
 inline QString fileName(int number)
 {
-    return QStringLiteral("arcondata%1").arg(qAbs(number));
+    return QStringLiteral("arcondata%1").arg(number);
 }
 
-inline QVariantMap file(const QString &name, double current)
+inline QVariantMap file(int number, double current)
 {
-    return {{QStringLiteral("name"), name}, {QStringLiteral("current"), current}};
-}
-
-inline QVariantMap file(int number)
-{
-    return file(fileName(number), number);
+    return {{QStringLiteral("name"), fileName(number)}, {QStringLiteral("current"), current}};
 }

@@ -1,11 +1,8 @@
 #pragma once
 
-#include <QtTest>
-
 #include "broker.h"
 #include "callbench.h"
 #include "cell.h"
-#include "hands.h"
 #include "link/mqttlink.h"
 
 /// A controller behind a broker. Its time goes on by itself, and the test can turn it further.

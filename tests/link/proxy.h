@@ -1,55 +1,30 @@
 #pragma once
 
-#include <QByteArray>
-#include <QElapsedTimer>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QThread>
 #include <atomic>
-#include <deque>
-#include <list>
-#include <thread>
 
-/// A way to a port of this machine that fails on demand.
+/// A way to a port of this machine that fails on demand, at work on a thread of its own.
 class Proxy
 {
 public:
     explicit Proxy(int target);
     ~Proxy();
 
-    int port() const { return m_port; }
+    int port() const { return m_server->serverPort(); }
     /// Nothing passes any more, and nobody is told; what came meanwhile is lost for good.
     void swallow(bool on) { m_swallows = on; }
     /// Everything comes so much later, in its order.
     void delay(int milliseconds) { m_delay = milliseconds; }
     /// Breaks every connection.
-    void cut() { m_cuts = true; }
+    void cut();
 
 private:
-    struct Way
-    {
-        int from;
-        int to;
-        struct Piece
-        {
-            qint64 due;
-            QByteArray bytes;
-        };
-        std::deque<Piece> waiting = {};
-        bool dead = false;
-    };
+    void join(QTcpSocket *from, QTcpSocket *to);
 
-    void run();
-    void accept();
-    bool pass(Way &way, bool readable) const;
-    bool read(Way &way) const;
-    void closeAll();
-
-    const int m_target;
-    int m_port = 0;
-    int m_listener;
-    std::list<Way> m_ways; // two for each connection, there and back, side by side
+    QTcpServer *const m_server = new QTcpServer;
+    QThread m_thread;
     std::atomic<bool> m_swallows{false};
     std::atomic<int> m_delay{0};
-    std::atomic<bool> m_cuts{false};
-    std::atomic<bool> m_ends{false};
-    QElapsedTimer m_clock;
-    std::thread m_thread;
 };

@@ -1,15 +1,14 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QtTest>
 #include <functional>
 #include <thread>
 
 #include BENCH
 #include "support/rows.h"
-#include "upbench.h"
 
-using controller::Faults;
-using Fault = Faults::Fault;
+using Fault = controller::Faults::Fault;
+using UpBench = Up<Bench>;
+using Link = tessa::ControllerLink;
 
 /// What a host may rely on when it reaches a controller through a link of any kind.
 class tst_Link : public QObject
@@ -20,28 +19,26 @@ private slots:
     {
         const QTemporaryDir folder;
         {
-            const Bench closed(folder.path());
-            QVERIFY(!closed.link->isUp());
-            QCOMPARE(closed.get().code, LinkReply::NotConnected);
-            const UpBench bench(folder.path());
-            const LinkReply missing = bench.call(Kind::Get, arcOn, fileName(3));
+            const Bench bench(folder.path());
+            QVERIFY(!bench.link->isUp());
+            QCOMPARE(bench.get().code, LinkReply::NotConnected);
+            QVERIFY(bench.comeUp());
+            const LinkReply missing = bench.load(3);
             QCOMPARE(missing.code, 0);
             QVERIFY(!missing.value.isValid());
-            QCOMPARE(bench.save(3).code, 0);
-            QVERIFY(bench.save(-1).code > 0);
+            QCOMPARE(bench.save(3, 30).code, 0);
+            QVERIFY(bench.save(3, -1).code > 0);
         }
         const UpBench bench(folder.path());
-        QCOMPARE(bench.call(Kind::Get, arcOn, fileName(3)).value, QVariant(file(3)));
+        QCOMPARE(bench.load(3).value, QVariant(file(3, 30)));
     }
     void timeOutTakesItDownAtOnce()
     {
         for (const bool lost : {true, false}) {
             const UpBench bench;
-            QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::upChanged);
-            if (lost)
-                bench.faults()->loseAnswers(1);
-            else
-                bench.faults()->setDelay(1000);
+            QSignalSpy spy(bench.link.get(), &Link::upChanged);
+            bench.faults()->loseAnswers(lost ? 1 : 0);
+            bench.faults()->setDelay(lost ? 0 : 1000);
             QCOMPARE(bench.get(impatient).code, LinkReply::TimedOut);
             QVERIFY(!bench.link->isUp());
             QCOMPARE(bench.get().code, LinkReply::NotConnected);
@@ -55,15 +52,13 @@ private slots:
     void lateAnswerIsNotTheNextCallsAnswer()
     {
         const UpBench bench;
-        for (const int number : {1, 2})
-            QCOMPARE(bench.save(number).code, 0);
+        QCOMPARE(bench.save(2, 20).code, 0);
         bench.faults()->setDelay(1000);
-        QCOMPARE(bench.call(Kind::Get, arcOn, fileName(1), {}, impatient).code,
-                 LinkReply::TimedOut);
+        QCOMPARE(bench.get(impatient).code, LinkReply::TimedOut);
         bench.faults()->clear();
         QTRY_VERIFY(bench.link->isUp());
         bench.hands->now += 1000;
-        QCOMPARE(bench.call(Kind::Get, arcOn, fileName(2)).value, QVariant(file(2)));
+        QCOMPARE(bench.load(2).value, QVariant(file(2, 20)));
     }
     void whatTimedOutInTheQueueIsNotCarriedOut()
     {
@@ -81,10 +76,10 @@ private slots:
         const UpBench bench;
         QCOMPARE(bench.watch().code, 0);
         int ran = 0;
-        connect(bench.link.get(), &tessa::ControllerLink::upChanged, this, [&ran] { ++ran; });
-        connect(bench.link.get(), &tessa::ControllerLink::notified, this, [&ran] { ++ran; });
-        QMetaObject::invokeMethod(
-            this, [&ran] { ++ran; }, Qt::QueuedConnection);
+        const auto run = [&ran] { ++ran; };
+        connect(bench.link.get(), &Link::upChanged, this, run);
+        connect(bench.link.get(), &Link::notified, this, run);
+        QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
         QCOMPARE(bench.command("real").code, 0);
         bench.faults()->loseAnswers(1);
         QCOMPARE(bench.get(impatient).code, LinkReply::TimedOut);
@@ -95,7 +90,7 @@ private slots:
     void linkDownIsNoticedWithoutACall()
     {
         const UpBench bench;
-        QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::upChanged);
+        QSignalSpy spy(bench.link.get(), &Link::upChanged);
         bench.faults()->set(Fault::LinkDown, true);
         QVERIFY(bench.link->isUp()); // not noticed yet
         QTRY_COMPARE(spy.count(), 1);
@@ -120,25 +115,12 @@ private slots:
         QCOMPARE(reply.code, LinkReply::Lost);
         QVERIFY(!bench.link->isUp());
     }
-    void operatorsSwitch()
-    {
-        const UpBench bench;
-        QCOMPARE(bench.command("real").code, 0);
-        QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::upChanged);
-        bench.link->close();
-        QVERIFY(!bench.link->isUp());
-        QCOMPARE(spy.count(), 0);
-        QTRY_COMPARE(spy.count(), 1);
-        QCOMPARE(bench.get().code, LinkReply::NotConnected);
-        QVERIFY(bench.comeUp());
-        QCOMPARE(bench.get().value, QVariant(mode("real")));
-    }
     void notifiesOnlyWhatIsWatched()
     {
         const UpBench bench;
-        QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::notified);
+        QSignalSpy spy(bench.link.get(), &Link::notified);
         QCOMPARE(bench.watch().value, QVariant(mode("test_run")));
-        QCOMPARE(bench.save(1).code, 0);
+        QCOMPARE(bench.save(1, 10).code, 0);
         QCOMPARE(bench.command("real").code, 0);
         QTRY_COMPARE(spy.count(), 1);
         QCOMPARE(spy.at(0), (QList<QVariant>{modeNode, mode("real")}));
@@ -147,7 +129,8 @@ private slots:
     {
         for (const bool closed : {true, false}) {
             const UpBench bench;
-            QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::notified);
+            QSignalSpy ups(bench.link.get(), &Link::upChanged);
+            QSignalSpy spy(bench.link.get(), &Link::notified);
             QCOMPARE(bench.watch().code, 0);
             // More than are handed on at once: some still wait when the next session starts.
             for (const char *name : {"real", "test_run", "real", "test_run"})
@@ -158,7 +141,9 @@ private slots:
                 bench.link->close();
             else
                 QCOMPARE(bench.get(impatient).code, LinkReply::TimedOut);
+            QVERIFY(!bench.link->isUp() && ups.isEmpty()); // told later
             QVERIFY(bench.comeUp());
+            QCOMPARE(ups, (QList<QList<QVariant>>{{false}, {true}}));
             spy.clear();
             QCOMPARE(bench.command("real").code, 0);
             QCOMPARE(bench.watch().value, QVariant(mode("real")));
@@ -166,25 +151,6 @@ private slots:
             QTRY_VERIFY(spy.count() > 0); // this one, and none of those before
             QCOMPARE(spy.at(0).at(1), QVariant(mode("simu")));
         }
-    }
-    void answerToAnOldGreetingDoesNotCount()
-    {
-        const Bench bench;
-        bench.faults()->setDelay(1000);
-        bench.link->open();
-        // The clock is read over and over only while an answer waits for its time.
-        QTRY_VERIFY(bench.hands->readings > 10);
-        bench.link->close();
-        bench.faults()->loseAnswers(1000000);
-        bench.link->open();
-        QSignalSpy spy(bench.link.get(), &tessa::ControllerLink::upChanged);
-        bench.hands->now += 1000;
-        const int before = bench.hands->readings;
-        QTRY_VERIFY(bench.hands->readings > before + 10); // by then it is delivered
-        QCoreApplication::processEvents();
-        QVERIFY(spy.isEmpty());
-        bench.faults()->clear();
-        QTRY_VERIFY(bench.link->isUp());
     }
     void wireStopsWithThePendant()
     {
@@ -198,15 +164,11 @@ private slots:
         };
         for (const auto &[name, cause, end] : rows) {
             const UpBench bench;
-            const auto start = [&bench] {
-                return bench.call(Kind::Command, QStringLiteral("arc_weld.wire_feed"),
-                                  QStringLiteral("wire_feel"), QVariantMap{{"feed", true}});
-            };
-            QVERIFY(start().code > 0);
+            QVERIFY(bench.feedWire().code > 0); // no key is held yet
             for (int beats = 0; beats < 5; ++beats) {
                 bench.hands->now += 50;
                 bench.link->beat(1);
-                QCOMPARE(start().code, 0);
+                QCOMPARE(bench.feedWire().code, 0);
             }
             QCOMPARE(bench.journal().entries().size(), 1); // it moves on
             end(bench);
