@@ -40,7 +40,6 @@ struct ControllerBench
             told.append({path, values});
         });
         controller.start();
-        told.clear();
     }
 
     /// A choice of the welder, as a pendant makes it.
@@ -53,17 +52,16 @@ struct ControllerBench
 
     controller::Reply get(const char *path, const QString &key = {})
     {
-        return controller.handle({Kind::Get, QString::fromLatin1(path), key, {}});
+        return controller.handle({Kind::Get, path, key, {}});
     }
     controller::Reply set(const char *path, const QString &key, const QVariant &payload)
     {
-        return controller.handle({Kind::Set, QString::fromLatin1(path), key, payload});
+        return controller.handle({Kind::Set, path, key, payload});
     }
     controller::Reply run(const char *command, const QVariant &payload = {},
                           const char *payloadName = "")
     {
-        return controller.handle({Kind::Command, QString::fromLatin1(command),
-                                  QString::fromLatin1(payloadName), payload});
+        return controller.handle({Kind::Command, command, payloadName, payload});
     }
     /// Time passes in steps of the controller's pace; it is left alone while it is not busy.
     void pass(int ms)
@@ -87,11 +85,10 @@ struct ControllerBench
     /// The values last told of @p path; invalid when there were none.
     QVariant lastTold(const char *path) const
     {
-        for (int i = told.size() - 1; i >= 0; --i) {
-            if (told.at(i).path == QLatin1String(path))
-                return told.at(i).values;
-        }
-        return {};
+        QVariant last;
+        for (const Told &entry : told)
+            last = entry.path == path ? entry.values : last;
+        return last;
     }
     QVector<controller::Journal::Event> events() const
     {

@@ -17,16 +17,17 @@ private slots:
     {
         const Rows<QString, QStringList> rows{
             // number|word|arguments
-            {"empty", "", QStringList()},
-            {"words", "WeaveOff\n\n  ArcOff \"a b,c\" ;\r\n",
-             QStringList{"1|WeaveOff", "3|ArcOff|\"a b,c\""}},
-            {"call", "WMoveL Offs(p1, 1,-2.5 ,0), v1,fine,\ttool0",
-             QStringList{"1|WMoveL|Offs(p1, 1,-2.5 ,0)|v1|fine|tool0"}},
-            {"no blank", "ArcOn\"a\",\"b\"", QStringList{"1|ArcOn|\"a\"|\"b\""}},
-            {"comments", "// a\n# b\n!c\nWeaveOff // d\nArcOff \"//\"//",
-             QStringList{"4|WeaveOff", "5|ArcOff|\"//\""}},
-            {"holes", "F ,a,\n\"x\"", QStringList{"1|F||a|", "2||\"x\""}},
-            {"half", "F (a,b\nG a),b", QStringList{"1|F|(a,b", "2|G|a)|b"}},
+            {"empty", "", {}},
+            {"words", "WeaveOff\n\n  ArcOff \"a b,c\" ;\r\n", {"1|WeaveOff", "3|ArcOff|\"a b,c\""}},
+            {"call",
+             "WMoveL Offs(p1, 1,-2.5 ,0), v1,fine,\ttool0",
+             {"1|WMoveL|Offs(p1, 1,-2.5 ,0)|v1|fine|tool0"}},
+            {"no blank", "ArcOn\"a\",\"b\"", {"1|ArcOn|\"a\"|\"b\""}},
+            {"comments",
+             "// a\n# b\n!c\nWeaveOff // d\nArcOff \"//\"//",
+             {"4|WeaveOff", "5|ArcOff|\"//\""}},
+            {"holes", "F ,a,\n\"x\"", {"1|F||a|", "2||\"x\""}},
+            {"half", "F (a,b\nG a),b", {"1|F|(a,b", "2|G|a)|b"}},
         };
         for (const auto &[name, text, expected] : rows) {
             QStringList lines;
@@ -36,46 +37,20 @@ private slots:
             QCOMPARE(lines, expected);
         }
     }
-    void pointsAreRead()
-    {
-        const Rows<QString, QString> rows{
-            // kind, name, numbers; empty: refused
-            {"plain", "p1", "0 p1 0 0 0 0 0 0"},
-            {"offset", "Offs(p1,1.5,-2,3e1)", "1 p1 1.5 -2 30 0 0 0"},
-            {"offset, short", "Offs( p1 , 1 )", "1 p1 1 0 0 0 0 0"},
-            {"tool", "RelTool(p2,1,2,3,4,5,6)", "2 p2 1 2 3 4 5 6"},
-            {"tool, other spelling", "Reltool(p2,0,0,7)", "2 p2 0 0 7 0 0 0"},
-            {"unknown", "Offset(p1,1,2,3)", ""},
-            {"too many", "Offs(p1,1,2,3,4)", ""},
-            {"no number", "Offs(p1,1,x,3)", ""},
-            {"open", "Offs(p1,1,2,3", ""},
-            {"nothing", "Offs()", ""},
-        };
-        for (const auto &[name, text, expected] : rows) {
-            PointTerm term;
-            QCOMPARE(PointTerm::read(text, &term).ok(), !expected.isEmpty());
-            if (expected.isEmpty())
-                continue;
-            QStringList parts{QString::number(int(term.kind)), term.name};
-            for (const double number : term.numbers)
-                parts.append(QString::number(number));
-            QCOMPARE(parts.join(' '), expected);
-        }
-    }
     void movesGoWhereTheySay()
     {
         const Rows<QString, Vector3d> rows{
             {"joint", "MoveJ p3,v200,z5,torch1,wobj0", p3},
-            {"linear", "MoveL p4,v200,z5,torch1", p4},
             {"welding move without an arc", "WMoveL p4,v200,z5,torch1", p4},
-            {"circular", "MoveC p7,p8,v200,z5,torch1", Vector3d(700, 100, 200)},
-            {"offset", "MoveL Offs(p3,-10,20.5,30),v200,z5,torch1", Vector3d(790, -179.5, 230)},
+            {"circular", "MoveC p7,p8,v200,z5,torch1", {700, 100, 200}},
+            {"circle on a line", "WMoveC Offs(p1,0,150,0),p5,v200,fine,torch1", {800, 200, 500}},
+            {"offset", "MoveL Offs(p3,-10,20.5,30),v200,z5,torch1", {790, -179.5, 230}},
             // The torch at p1 points down: its z is the world's -z, its x the world's -x there.
-            {"tool", "MoveL RelTool(p1,10,0,40),v200,z5,torch1", Vector3d(790, -200, 460)},
-            {"tool turned", "MoveL Reltool(p1,0,20,0,0,0,30),v200,z5,torch1",
-             Vector3d(800, -180, 500)},
-            {"in another work object", "MoveL Offs(p3,-600,0,0),v200,z5,torch1,fixture1",
-             Vector3d(800, -200, 350)},
+            {"tool", "MoveL RelTool(p1,10,0,40),v200,z5,torch1", {790, -200, 460}},
+            {"tool turned", "MoveL Reltool(p1,0,20,0,0,0,30),v200,z5,torch1", {800, -180, 500}},
+            {"in another work object",
+             "MoveL Offs(p3,-600,0,0),v200,z5,torch1,fixture1",
+             {800, -200, 350}},
         };
         for (const auto &[name, line, place] : rows) {
             ProgramBench bench;
@@ -90,8 +65,8 @@ private slots:
     void circle()
     {
         const Rows<QString, Vector3d, double> rows{
-            {"half", "p8", Vector3d(700, 100, 200), 2},
-            {"three quarters", "Offs(p7,-200,0,0)", Vector3d(600, 0, 200), 3},
+            {"half", "p8", {700, 100, 200}, 2},
+            {"three quarters", "Offs(p7,-200,0,0)", {600, 0, 200}, 3},
         };
         for (const auto &[name, end, place, quarters] : rows) {
             ProgramBench bench;
@@ -99,29 +74,14 @@ private slots:
                       QString("WMoveC p7,%1,v50,fine,torch1,wobj0").arg(end)});
             QVERIFY(bench.passUntilLine(2));
             const qint64 began = bench.now;
-            double nearest = 1000;
             while (bench.state("state") == "running") {
                 bench.pass(50);
                 QVERIFY(qAbs((bench.tip() - Vector3d(700, 0, 200)).norm() - 100) < 0.01);
-                nearest = qMin(nearest, (bench.tip() - Vector3d(800, 0, 200)).norm());
             }
             QCOMPARE(bench.state("message"), QVariant("finished"));
-            QVERIFY(nearest < 3);
             QVERIFY(bench.isAt(place));
             QVERIFY(qAbs((bench.now - began) / 1000.0 - quarters * M_PI / 2 * 100 / 50) < 0.1);
         }
-    }
-    void straightCircleIsALine()
-    {
-        ProgramBench bench;
-        bench.go({"MoveL p3,v1000,fine,torch1", "WMoveC Offs(p3,0,150,0),p4,v200,fine,torch1"});
-        QVERIFY(bench.passUntilLine(2));
-        while (bench.state("state") == "running") {
-            bench.pass(50);
-            const Vector3d tip = bench.tip();
-            QVERIFY(qAbs(tip.x() - 800) < 0.01 && qAbs(tip.z() - 200) < 0.01);
-        }
-        QVERIFY(bench.isAt(p4));
     }
     void weavesWithinItsAmplitude()
     {
@@ -148,8 +108,7 @@ private slots:
                 low = qMin(low, aside);
                 high = qMax(high, aside);
             }
-            QVERIFY2(high - low > 5.7 && high - low < 6.01,
-                     qPrintable(QString::number(high - low)));
+            QVERIFY(high - low > 5.7 && high - low < 6.01);
             QVERIFY(qMax(high, -low) < 4.01 && qMax(high, -low) > 3.8);
             bench.pass(1000);
             QVERIFY(qAbs(bench.tip().x() - 800) < 0.01);

@@ -15,23 +15,40 @@ namespace {
 const QString path = QStringLiteral("a.node");
 const QString key = QStringLiteral("entry1");
 
+QByteArray contentOf(const QString &name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool writeContent(const QString &name, const QByteArray &content)
+{
+    QFile file(name);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+QByteArray databaseWith(const QString &name, const char *sql)
+{
+    if (!runSql(name, sql))
+        qFatal("cannot make the test's own database");
+    return contentOf(name);
+}
+
 } // namespace
 
-/// What is written comes back, as what it was; a write is carried out whole or not at all.
+/// What is written comes back, as what it was; a write is carried out whole or not at all; a file
+/// that is not ours stays as it is.
 class tst_Store : public QObject
 {
     Q_OBJECT
 private slots:
     void typesComeBack()
     {
-        const QVariantMap inner{{"a", QVariantMap{{"b", 1}}}, {"c", QVariantList{0, 0, 0}}};
-        const QVariantMap withNothing{{"a", QVariant()}};
-        const QVariantList maps{QVariantMap{{"id", "z"}, {"n", 1}}, QVariantMap{{"id", "a"}}};
+        const QVariantMap inner{{"a", QVariantMap{{"b", 1}}}, {"c", QVariantList()}};
+        const QVariantList mixed{1, 2.5, true, "x", QVariantMap{{"id", "z"}, {"n", QVariant()}}};
         const Rows<QVariant, QVariant> rows{
-            {"negative int", -7, -7},
             {"largest int", std::numeric_limits<int>::max(), std::numeric_limits<int>::max()},
             {"beyond int", qlonglong(1) << 40, qlonglong(1) << 40},
-            {"double", 12.5, 12.5},
             {"smallest double", std::numeric_limits<double>::min(),
              std::numeric_limits<double>::min()},
             {"largest double", std::numeric_limits<double>::max(),
@@ -39,46 +56,23 @@ private slots:
             {"no short binary fraction", 0.1, 0.1},
             {"double without a fraction", 3.0, 3},
             {"bool", true, true},
-            {"text", QStringLiteral("焊接 \"äöü\"\n"), QStringLiteral("焊接 \"äöü\"\n")},
+            {"text", "焊接 \"äöü\"\n", "焊接 \"äöü\"\n"},
             {"text that looks like a number", "12", "12"},
-            {"empty text", QString(""), QString("")},
-            {"list", QVariantList{1, 2.5, true, "x"}, QVariantList{1, 2.5, true, "x"}},
-            {"empty list", QVariantList(), QVariantList()},
+            {"empty text", "", ""},
+            {"list", mixed, mixed},
             {"list of texts", QStringList{"a", "b"}, QVariantList{"a", "b"}},
-            {"list of maps", maps, maps},
             {"map", inner, inner},
             {"empty map", QVariantMap(), QVariantMap()},
-            {"nothing in a map", withNothing, withNothing},
         };
-        const QTemporaryDir folder;
-        QString problem;
         for (const auto &[name, written, expected] : rows) {
-            const QString file = folder.filePath("types.db");
-            QVERIFY(Store::open(file, &problem)->write({{path, key, written}}));
-            const auto entry = Store::open(file, &problem)->read(path, key);
+            const QString file = m_folder.filePath("types.db");
+            QVERIFY(Store::open(file, &m_problem)->write({{path, key, written}}));
+            const auto entry = Store::open(file, &m_problem)->read(path, key);
             QVERIFY(entry.has_value());
             QCOMPARE(entry->value.userType(), expected.userType());
             QCOMPARE(entry->value, expected);
             QCOMPARE(controller::toJson(entry->value), controller::toJson(expected));
         }
-    }
-    void plainValues()
-    {
-        QVariant deep = 1;
-        for (int i = 0; i < 1000; ++i)
-            deep = QVariantList{deep};
-        const double infinity = std::numeric_limits<double>::infinity();
-        const Rows<QVariant, bool> rows{
-            {"nothing", QVariant(), true},
-            {"map", QVariantMap{{"a", QVariantList{1, 2.5, "x", true}}}, true},
-            {"not a number", qQNaN(), false},
-            {"infinite, inside", QVariantMap{{"a", infinity}}, false},
-            {"bytes, inside", QVariantList{QByteArray("x")}, false},
-            {"very deep", deep, false},
-            {"very long text", QString(1 << 20, 'x'), false},
-        };
-        for (const auto &[name, value, plain] : rows)
-            QCOMPARE(controller::isPlain(value), plain);
     }
     void entriesComeAndGo()
     {
@@ -97,10 +91,8 @@ private slots:
     }
     void allOrNothing()
     {
-        const QTemporaryDir folder;
-        const QString file = folder.filePath("rollback.db");
-        QString problem;
-        const auto store = Store::open(file, &problem);
+        const QString file = m_folder.filePath("rollback.db");
+        const auto store = Store::open(file, &m_problem);
         QVERIFY(runSql(file,
                        "CREATE TRIGGER t BEFORE INSERT ON entry WHEN NEW.key = 'bad'"
                        " BEGIN SELECT RAISE(ABORT, 'no space here'); END"));
@@ -108,7 +100,56 @@ private slots:
         QVERIFY(store->errorText().contains("no space here"));
         QCOMPARE(store->read(path, key)->revision, 0);
         QVERIFY(store->write({{path, key, 1}}));
+        QVERIFY(runSql(file, "UPDATE entry SET value = '?'"));
+        QVERIFY(!store->read(path, key) && !store->readAll(path)); // not as if it were not there
     }
+    void refusedFileIsLeftAlone()
+    {
+        const QString own = m_folder.filePath("own.db");
+        for (int i = 0; i < 40; ++i) // enough to have pages that can be damaged
+            Store::open(own, &m_problem)->write({{path, QString::number(i), QString(1000, 'x')}});
+        const QByteArray whole = contentOf(own);
+        QByteArray damaged = whole;
+        damaged.replace(4096 + 8, 3000, QByteArray(3000, '\xff'));
+        const Rows<QByteArray, QString> rows{
+            {"a letter", QByteArray("Dear operator"), "not a controller store"},
+            {"another program's database",
+             databaseWith(m_folder.filePath("foreign.db"), "CREATE TABLE entry (a)"),
+             "another program"},
+            {"another program's mark",
+             databaseWith(m_folder.filePath("marked.db"), "PRAGMA application_id = 7"),
+             "another program"},
+            {"newer", databaseWith(own, "PRAGMA user_version = 99"), "newer version"},
+            {"damaged", damaged, "damaged"},
+            {"cut off", whole.left(whole.size() / 2), "damaged"},
+        };
+        for (const auto &[name, content, reason] : rows) {
+            const QTemporaryDir alone;
+            const QString file = alone.filePath("controller.db");
+            QVERIFY(writeContent(file, content));
+            QVERIFY(!Store::open(file, &m_problem));
+            QVERIFY2(m_problem.startsWith(file + ": "), qPrintable(m_problem));
+            QVERIFY2(m_problem.contains(reason) && !m_problem.contains('\n'),
+                     qPrintable(m_problem));
+            QCOMPARE(contentOf(file), content);
+            QCOMPARE(QDir(alone.path()).entryList(QDir::Files), QStringList("controller.db"));
+        }
+    }
+    void oneOwnerAtATime()
+    {
+        const QString name = m_folder.filePath("deep/down/controller.db"); // folders are made
+        auto first = Store::open(name, &m_problem);
+        QVERIFY(first->write({{path, "a", 1}}));
+        QVERIFY(!Store::open(name, &m_problem));
+        QVERIFY2(m_problem.contains("in use"), qPrintable(m_problem));
+        first.reset();
+        const auto second = Store::open(name, &m_problem);
+        QCOMPARE(second->read(path, "a")->value, QVariant(1));
+    }
+
+private:
+    const QTemporaryDir m_folder;
+    QString m_problem;
 };
 
 QTEST_GUILESS_MAIN(tst_Store)
