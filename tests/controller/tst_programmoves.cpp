@@ -22,7 +22,6 @@ private slots:
             {"call",
              "WMoveL Offs(p1, 1,-2.5 ,0), v1,fine,\ttool0",
              {"1|WMoveL|Offs(p1, 1,-2.5 ,0)|v1|fine|tool0"}},
-            {"no blank", "ArcOn\"a\",\"b\"", {"1|ArcOn|\"a\"|\"b\""}},
             {"comments",
              "// a\n# b\n!c\nWeaveOff // d\nArcOff \"//\"//",
              {"4|WeaveOff", "5|ArcOff|\"//\""}},
@@ -47,7 +46,6 @@ private slots:
             {"offset", "MoveL Offs(p3,-10,20.5,30),v200,z5,torch1", {790, -179.5, 230}},
             // The torch at p1 points down: its z is the world's -z, its x the world's -x there.
             {"tool", "MoveL RelTool(p1,10,0,40),v200,z5,torch1", {790, -200, 460}},
-            {"tool turned", "MoveL Reltool(p1,0,20,0,0,0,30),v200,z5,torch1", {800, -180, 500}},
             {"in another work object",
              "MoveL Offs(p3,-600,0,0),v200,z5,torch1,fixture1",
              {800, -200, 350}},

@@ -80,7 +80,6 @@ private slots:
             {"second time", 2, 1, true},
             {"last time", 2, 2, true},
             {"never", 2, 3, false},
-            {"not allowed", 0, 1, false},
         };
         for (const auto &[name, allowed, failures, strikes] : rows) {
             const QVariantMap retries{{"enable", allowed > 0},
@@ -194,12 +193,6 @@ private slots:
         QVERIFY(has(170, 21, 10));
         bench.run("arc_weld.remove.weld_param", QStringList{"arcdata1"});
         QVERIFY(has(170, 21, 10));
-        bench.save("arcoff_param", with(ProgramBench::arcOff(), "hold_time", 5000));
-        QVERIFY(bench.passUntilPhase("crater"));
-        bench.save("arcoff_param",
-                   with(with(ProgramBench::arcOff(), "hold_time", 5000), "current", 60.0));
-        bench.pass(500);
-        QVERIFY(bench.isNear("current", 60));
     }
     void valuesComeAtTheRate()
     {
