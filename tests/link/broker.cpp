@@ -31,6 +31,12 @@ Broker::~Broker()
     stop();
 }
 
+Broker &Broker::shared()
+{
+    static Broker one;
+    return one;
+}
+
 void Broker::command(const QStringList &arguments, const QByteArray &input)
 {
     QProcess script;

@@ -14,6 +14,8 @@ public:
     /// reach it; each one's password is the name backwards.
     Broker();
     ~Broker();
+    /// One for all tests of a program.
+    static Broker &shared();
 
     void start();
     void stop();

@@ -38,6 +38,7 @@ struct CallBench
     {
         return call(Kind::Get, modeNode, {}, {}, timeoutMs);
     }
+    int run(const QString &path) const { return call(Kind::Command, path).code; }
     LinkReply watch() const { return call(Kind::Watch, modeNode); }
     LinkReply command(const char *name, int timeoutMs = patient) const
     {

@@ -14,20 +14,15 @@ struct Bench : CallBench<links::MqttLink>
     explicit Bench(const QString &folder = {})
     {
         const controller::Clock steady = controller::steadyClock();
-        auto options = Cell::options(broker().as("cell"));
+        auto options = Cell::options(Broker::shared().as("cell"));
         options.dataFolder = folder;
         options.clock = [hands = hands, steady] { return steady() + hands->read(); };
         cell = std::make_unique<Cell>(options);
         link = std::make_unique<links::MqttLink>(
-            links::MqttLink::Options{broker().as("anna"), "cell",
+            links::MqttLink::Options{Broker::shared().as("anna"), "cell",
                                      [hands = hands, steady] { return steady() + hands->now; }});
     }
 
-    static Broker &broker()
-    {
-        static Broker one;
-        return one;
-    }
     controller::Faults *faults() const { return cell->service()->faults(); }
     const controller::Journal &journal() const { return cell->service()->journal(); }
 };

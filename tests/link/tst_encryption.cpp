@@ -1,21 +1,57 @@
 #include <QProcess>
-#include <QSignalSpy>
 
 #include "broker.h"
-#include "callbench.h"
 #include "cell.h"
-#include "link/mqttlink.h"
+#include "pendant.h"
 #include "support/rows.h"
-
-using links::MqttLink;
 
 /// Pendants and cells that reach the broker through TLS, and what they refuse.
 class tst_Encryption : public QObject
 {
     Q_OBJECT
 private slots:
-    void whoIsTrusted();
-    void nothingLeavesInTheClear();
+    void whoIsTrusted()
+    {
+        const QString key = " -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -subj /CN=x";
+        openssl("req -x509 -keyout ca.key -out ca.crt" + key);
+        const QString byCa = "-CA ca.crt -CAkey ca.key";
+        const QString bySelf = "-signkey broker.key";
+        const testsupport::Rows<QString, QString, int, QString> rows{
+            // who it is for, who signs, for how many days, and what is said of it
+            {"good", "IP:127.0.0.1", byCa, 1, ""},
+            {"expired", "IP:127.0.0.1", byCa, -1, "expired"},
+            {"for another host", "DNS:broker.example.org", byCa, 1, "another host"},
+            {"signed by itself", "IP:127.0.0.1", bySelf, 1, "nobody who is trusted"},
+        };
+        for (const auto &[name, host, signer, days, refusal] : rows) {
+            openssl("req -keyout broker.key -out csr -addext subjectAltName=" + host + key);
+            openssl(QString("x509 -req -in csr -copy_extensions copy -out broker.crt -days %1 %2")
+                        .arg(days)
+                        .arg(signer));
+            Broker broker;
+            broker.encrypt(m_folder.filePath("broker.crt"), m_folder.filePath("broker.key"));
+            const auto as = [&](const QString &user) {
+                links::BrokerAddress address = broker.as(user);
+                address.caFile = m_folder.filePath("ca.crt");
+                return address;
+            };
+            const Cell cell(Cell::options(as("cell")));
+            const Pendant anna(as("anna"));
+            anna.link->open();
+            QVERIFY(refusal.isEmpty() ? anna.waitUp() : anna.isTold(refusal));
+            QCOMPARE(anna.get().code, refusal.isEmpty() ? 0 : LinkReply::NotConnected);
+        }
+    }
+
+    void nothingLeavesInTheClear()
+    {
+        links::BrokerAddress address;
+        address.host = "192.0.2.1"; // a network that is nowhere
+        address.port = 1883;
+        const Pendant pendant(address);
+        pendant.link->open();
+        QVERIFY(pendant.isTold("encryption"));
+    }
 
 private:
     void openssl(const QString &line) const
@@ -29,60 +65,6 @@ private:
 
     QTemporaryDir m_folder;
 };
-
-void tst_Encryption::whoIsTrusted()
-{
-    const QString key = " -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -subj /CN=x";
-    openssl("req -x509 -keyout ca.key -out ca.crt" + key);
-    const QString byCa = "-CA ca.crt -CAkey ca.key";
-    const QString bySelf = "-signkey broker.key";
-    const testsupport::Rows<QString, QString, int, QString> rows{
-        // who it is for, who signs, for how many days, and what is said of it
-        {"good", "IP:127.0.0.1", byCa, 1, ""},
-        {"expired", "IP:127.0.0.1", byCa, -1, "expired"},
-        {"for another host", "DNS:broker.example.org", byCa, 1, "another host"},
-        {"signed by itself", "IP:127.0.0.1", bySelf, 1, "nobody who is trusted"},
-    };
-    for (const auto &[name, host, signer, days, refusal] : rows) {
-        openssl("req -keyout broker.key -out csr -addext subjectAltName=" + host + key);
-        openssl(QString("x509 -req -in csr -copy_extensions copy -out broker.crt -days %1 %2")
-                    .arg(days)
-                    .arg(signer));
-        Broker broker;
-        broker.encrypt(m_folder.filePath("broker.crt"), m_folder.filePath("broker.key"));
-        const auto as = [&](const QString &user) {
-            links::BrokerAddress address = broker.as(user);
-            address.caFile = m_folder.filePath("ca.crt");
-            return address;
-        };
-        const Cell cell(Cell::options(as("cell")));
-        CallBench<MqttLink> bench;
-        bench.link.reset(new MqttLink({as("anna"), "cell"}));
-        QSignalSpy problems(bench.link.get(), &MqttLink::problem);
-        bench.link->open();
-        if (refusal.isEmpty()) {
-            QVERIFY(bench.waitUp());
-            QCOMPARE(bench.get().code, 0);
-        } else {
-            QTRY_VERIFY_WITH_TIMEOUT(!problems.isEmpty(), patient);
-            const QString said = problems.first().at(0).toString();
-            QVERIFY2(said.contains(refusal), qPrintable(said));
-            QVERIFY(!bench.link->isUp());
-        }
-    }
-}
-
-void tst_Encryption::nothingLeavesInTheClear()
-{
-    links::BrokerAddress address;
-    address.host = "192.0.2.1"; // a network that is nowhere
-    address.port = 1883;
-    MqttLink link({address, "cell"});
-    QSignalSpy problems(&link, &MqttLink::problem);
-    link.open();
-    QTRY_VERIFY_WITH_TIMEOUT(!problems.isEmpty(), patient);
-    QVERIFY(problems.first().at(0).toString().contains("encryption"));
-}
 
 QTEST_GUILESS_MAIN(tst_Encryption)
 #include "tst_encryption.moc"

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QSignalSpy>
+
+#include "callbench.h"
+#include "link/mqttlink.h"
+
+/// A pendant on the network, and what it tells its operator.
+struct Pendant : CallBench<links::MqttLink>
+{
+    std::unique_ptr<QSignalSpy> problems;
+
+    explicit Pendant(const links::BrokerAddress &address)
+    {
+        link = std::make_unique<links::MqttLink>(links::MqttLink::Options{address, "cell"});
+        problems = std::make_unique<QSignalSpy>(link.get(), &links::MqttLink::problem);
+    }
+    bool isTold(const QString &word) const
+    {
+        (void)QTest::qWaitFor([this] { return !problems->isEmpty(); }, patient);
+        const QString said = problems->value(problems->size() - 1).value(0).toString();
+        if (!said.contains(word))
+            qWarning("told \"%s\"", qPrintable(said));
+        return said.contains(word);
+    }
+};
