@@ -3,6 +3,10 @@
 #include <QtTest>
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "loopback.h"
 
@@ -39,34 +43,38 @@ Broker &Broker::shared()
 
 void Broker::command(const QStringList &arguments, const QByteArray &input)
 {
-    QProcess script;
-    script.setProcessChannelMode(QProcess::ForwardedChannels);
-    script.start(BROKER_SCRIPT, arguments);
-    script.write(input);
-    script.closeWriteChannel();
-    if (!script.waitForFinished() || script.exitCode() != 0)
-        qFatal("the broker's script failed: %s", qPrintable(arguments.join(' ')));
+    const QString line = QStringLiteral("'%1' '%2'").arg(BROKER_SCRIPT, arguments.join("' '"));
+    FILE *script = ::popen(qPrintable(line), "w");
+    if (!script
+        || std::fwrite(input.constData(), 1, size_t(input.size()), script) != size_t(input.size())
+        || ::pclose(script) != 0)
+        qFatal("the broker's script failed: %s", qPrintable(line));
 }
 
 void Broker::start()
 {
-    m_process.start(BROKER_SCRIPT, {"run", folder()});
-    if (!m_process.waitForStarted()
+    QByteArray folder = this->folder().toLocal8Bit();
+    char script[] = BROKER_SCRIPT;
+    char run[] = "run";
+    char *arguments[] = {script, run, folder.data(), nullptr};
+    if (::posix_spawn(&m_process, script, nullptr, nullptr, arguments, environ) != 0
         || !QTest::qWaitFor([this] { return loopback::accepts(m_port); }, 10000))
         qFatal("the broker does not start");
 }
 
 void Broker::stop()
 {
-    freeze(false);
-    m_process.kill();
-    m_process.waitForFinished();
+    if (m_process == 0)
+        return;
+    ::kill(m_process, SIGKILL);
+    ::waitpid(m_process, nullptr, 0);
+    m_process = 0;
 }
 
 void Broker::freeze(bool frozen)
 {
-    if (m_process.processId() > 0)
-        kill(pid_t(m_process.processId()), frozen ? SIGSTOP : SIGCONT);
+    if (m_process != 0)
+        ::kill(m_process, frozen ? SIGSTOP : SIGCONT);
 }
 
 void Broker::encrypt(const QString &certificate, const QString &key)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QProcess>
 #include <QTemporaryDir>
+#include <sys/types.h>
 
 #include "link/brokeraddress.h"
 
@@ -32,7 +32,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
-    QProcess m_process;
+    pid_t m_process = 0; // not a QProcess, which does not work under emulation
     int m_port;
     bool m_encrypted = false;
 };

@@ -1,4 +1,3 @@
-#include <QProcess>
 
 #include "broker.h"
 #include "cell.h"
@@ -56,11 +55,8 @@ private slots:
 private:
     void openssl(const QString &line) const
     {
-        QProcess process;
-        process.setWorkingDirectory(m_folder.path());
-        process.start("openssl", line.split(' '));
-        QVERIFY(process.waitForFinished());
-        QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
+        const QString command = QStringLiteral("cd '%1' && openssl %2 2>openssl.log");
+        QCOMPARE(std::system(qPrintable(command.arg(m_folder.path(), line))), 0);
     }
 
     QTemporaryDir m_folder;
