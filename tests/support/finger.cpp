@@ -12,10 +12,6 @@
 
 namespace testsupport {
 
-OutOfReach::OutOfReach(const QString &why)
-    : std::runtime_error(why.toStdString())
-{ }
-
 namespace finger {
 
 namespace {
@@ -24,15 +20,6 @@ QString describe(const QWidget *widget)
 {
     const auto *type = widget->metaObject()->className();
     return QStringLiteral("%1 '%2'").arg(QString::fromLatin1(type), widget->objectName());
-}
-
-void scrollIntoSight(QWidget *target)
-{
-    for (QWidget *above = target->parentWidget(); above; above = above->parentWidget()) {
-        if (auto *area = qobject_cast<QScrollArea *>(above))
-            area->ensureWidgetVisible(target);
-    }
-    QCoreApplication::processEvents();
 }
 
 void touchAt(QWidget *target, const QPoint &point)
@@ -47,20 +34,17 @@ void touchAt(QWidget *target, const QPoint &point)
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, at);
 }
 
-void press(QWidget *field, Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-{
-    QTest::keyClick(field->window()->windowHandle(), key, modifiers);
-}
-
 } // namespace
 
 void touch(QWidget *target)
 {
-    if (!target->isVisible())
-        throw OutOfReach(describe(target) + " is not shown");
-    if (!target->isEnabled())
-        throw OutOfReach(describe(target) + " is disabled");
-    scrollIntoSight(target);
+    if (!target->isVisible() || !target->isEnabled())
+        throw OutOfReach(describe(target) + " is not shown, or disabled");
+    for (QWidget *above = target->parentWidget(); above; above = above->parentWidget()) {
+        if (auto *area = qobject_cast<QScrollArea *>(above))
+            area->ensureWidgetVisible(target);
+    }
+    QCoreApplication::processEvents();
     touchAt(target, target->rect().center());
 }
 
@@ -89,10 +73,11 @@ void type(QAbstractSpinBox *field, const QString &text)
 {
     auto *line = field->findChild<QLineEdit *>();
     touch(line);
-    press(line, Qt::Key_A, Qt::ControlModifier);
+    QWindow *window = line->window()->windowHandle();
+    QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
     for (const QChar letter : text)
-        QTest::keyClick(line->window()->windowHandle(), letter.toLatin1());
-    press(line, Qt::Key_Tab);
+        QTest::keyClick(window, letter.toLatin1());
+    QTest::keyClick(window, Qt::Key_Tab);
 }
 
 } // namespace finger

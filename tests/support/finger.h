@@ -13,7 +13,9 @@ namespace testsupport {
 class OutOfReach : public std::runtime_error
 {
 public:
-    explicit OutOfReach(const QString &why);
+    explicit OutOfReach(const QString &why)
+        : std::runtime_error(why.toStdString())
+    { }
 };
 
 /// Touches widgets as an operator does: through the window system, at the place where the widget

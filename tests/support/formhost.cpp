@@ -12,13 +12,6 @@ namespace {
 
 constexpr int patient = 60000; // a limit that a healthy call never reaches
 
-QString describe(const LinkRequest &request)
-{
-    static const QMap<Kind, QString> words{
-        {Kind::Get, "get"}, {Kind::Set, "set"}, {Kind::Watch, "watch"}, {Kind::Command, "do"}};
-    return QStringList{words.value(request.kind), request.path, request.key}.join(' ').trimmed();
-}
-
 } // namespace
 
 RecordingLink::RecordingLink()
@@ -30,7 +23,10 @@ RecordingLink::RecordingLink()
 
 LinkReply RecordingLink::call(const LinkRequest &request, int)
 {
-    const QString text = describe(request);
+    static const QMap<Kind, QString> words{
+        {Kind::Get, "get"}, {Kind::Set, "set"}, {Kind::Watch, "watch"}, {Kind::Command, "do"}};
+    const QString text =
+        QStringList{words.value(request.kind), request.path, request.key}.join(' ').trimmed();
     requests.append(text);
     if (request.kind == Kind::Set || request.kind == Kind::Command)
         lastPayload = request.payload;
@@ -66,19 +62,11 @@ FormHost::FormHost(Link link, const QString &language)
     takeRequests();
 }
 
-FormHost::~FormHost() = default;
-
 bool FormHost::connect()
 {
     m_link->breakAt.clear();
     m_link->open();
     return wait(true);
-}
-
-bool FormHost::disconnect()
-{
-    m_link->close();
-    return wait(false);
 }
 
 void FormHost::spoil(Failure failure, const QString &request)
@@ -93,12 +81,6 @@ void FormHost::spoil(Failure failure, const QString &request)
         faults()->set(controller::Faults::Fault::DiskFull, true);
 }
 
-bool FormHost::mend()
-{
-    faults()->clear();
-    return connect();
-}
-
 bool FormHost::wait(bool up)
 {
     QSignalSpy changed(m_host->service(), &XService::connectedChanged);
@@ -109,16 +91,6 @@ bool FormHost::wait(bool up)
     return true;
 }
 
-QStringList FormHost::takeMessages()
-{
-    return std::exchange(m_messages, {});
-}
-
-QStringList FormHost::takeRequests()
-{
-    return std::exchange(m_link->requests, {});
-}
-
 QVariant FormHost::stored(const QString &path, const QString &key)
 {
     return m_link->inner.call({Kind::Get, path, key, {}}, patient).value;
@@ -127,11 +99,6 @@ QVariant FormHost::stored(const QString &path, const QString &key)
 int FormHost::store(const QString &path, const QString &key, const QVariant &value)
 {
     return m_link->inner.call({Kind::Set, path, key, value}, patient).code;
-}
-
-void FormHost::notify(const QString &path, const QVariant &values)
-{
-    emit m_link->notified(path, values);
 }
 
 } // namespace testsupport

@@ -4,7 +4,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
-#include <functional>
 #include <memory>
 
 #include "link/embeddedlink.h"
@@ -40,33 +39,42 @@ class FormHost
 public:
     enum Link { Connected, Down };
     explicit FormHost(Link link = Connected, const QString &language = QStringLiteral("en"));
-    ~FormHost();
 
     /// Takes the link up or down, and waits until the host knows.
     bool connect();
-    bool disconnect();
+    bool disconnect()
+    {
+        m_link->close();
+        return wait(false);
+    }
 
     /// What can go wrong with a request.
     enum Failure { NoFailure, LinkDown, Refused, NoAnswer, DiskFull };
     /// From now on @p request ("set arc_weld.weld_param arcdata1") fails like that.
     void spoil(Failure failure, const QString &request);
     /// Everything works again; false when the link does not come up.
-    bool mend();
+    bool mend()
+    {
+        faults()->clear();
+        return connect();
+    }
 
     /// "level: text [sender]" of the messages since the last call, oldest first.
-    QStringList takeMessages();
+    QStringList takeMessages() { return std::exchange(m_messages, {}); }
     /// The requests since the last call, oldest first; those of this class are not among them.
-    QStringList takeRequests();
+    QStringList takeRequests() { return std::exchange(m_link->requests, {}); }
 
     /// What the controller has stored, and the way in which another pendant would store it.
     QVariant stored(const QString &path, const QString &key = {});
     int store(const QString &path, const QString &key, const QVariant &value);
     /// The controller tells that a node has these values.
-    void notify(const QString &path, const QVariant &values);
+    void notify(const QString &path, const QVariant &values)
+    {
+        emit m_link->notified(path, values);
+    }
 
     RecordingLink *link() { return m_link; }
     controller::Faults *faults() { return m_link->inner.faults(); }
-    LogGuard &guard() { return m_guard; }
     tessa::Host &host() { return *m_host; }
     QWidget *window() { return &m_window; }
 

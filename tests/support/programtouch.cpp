@@ -25,99 +25,80 @@ void touchRow(QListView *list, int row)
     QTest::mouseClick(list->window()->windowHandle(), Qt::LeftButton, {}, at);
 }
 
-QMessageBox *question()
-{
-    for (QWidget *window : QApplication::topLevelWidgets()) {
-        auto *box = qobject_cast<QMessageBox *>(window);
-        if (box && box->isVisible())
-            return box;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 ProgramTouch::ProgramTouch(TestPendant &pendant)
     : m_pendant(pendant)
 {
-    pendant.open(QStringLiteral("program"));
+    pendant.open("program");
 }
 
 void ProgramTouch::open(const QString &name)
 {
-    m_pendant.click(QStringLiteral("btnOpenProgram"));
-    auto *list = m_pendant.find<QListView>(QStringLiteral("lstFiles"));
-    for (int row = 0; row < list->model()->rowCount(); ++row) {
-        if (list->model()->index(row, 0).data().toString().startsWith(name)) {
-            touchRow(list, row);
-            return m_pendant.click(QStringLiteral("btnFileAccept"));
-        }
-    }
-    throw OutOfReach("there is no program " + name);
+    m_pendant.click("btnOpenProgram");
+    auto *list = m_pendant.find<QListView>("lstFiles");
+    const QAbstractItemModel *model = list->model();
+    const auto found = model->match(model->index(0, 0), Qt::DisplayRole, name);
+    if (found.isEmpty())
+        throw OutOfReach("there is no program " + name);
+    touchRow(list, found.first().row());
+    m_pendant.click("btnFileAccept");
 }
 
 void ProgramTouch::saveAs(const QString &name)
 {
-    m_pendant.click(QStringLiteral("btnSaveProgramAs"));
-    auto *field = m_pendant.find<QLineEdit>(QStringLiteral("ledtFileName"));
+    m_pendant.click("btnSaveProgramAs");
+    auto *field = m_pendant.find<QLineEdit>("ledtFileName");
     field->selectAll();
     QTest::keyClicks(field, name);
-    m_pendant.click(QStringLiteral("btnFileAccept"));
+    m_pendant.click("btnFileAccept");
 }
 
 void ProgramTouch::choose(int line)
 {
-    touchRow(m_pendant.find<QListView>(QStringLiteral("lstLines")), line - 1);
+    touchRow(m_pendant.find<QListView>("lstLines"), line - 1);
 }
 
 void ProgramTouch::insert(const QString &instruction)
 {
-    m_pendant.click(QStringLiteral("btnInsertLine"));
-    auto *menu = m_pendant.find<QMenu>(QStringLiteral("mnuInsert"));
+    m_pendant.click("btnInsertLine");
+    auto *menu = m_pendant.find<QMenu>("mnuInsert");
     for (QAction *action : menu->actions()) {
-        if (action->text() == instruction && action->isEnabled()) {
-            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-            return;
-        }
+        if (action->text() == instruction && action->isEnabled())
+            return QTest::mouseClick(menu, Qt::LeftButton, {},
+                                     menu->actionGeometry(action).center());
     }
     throw OutOfReach("the menu has no " + instruction);
 }
 
 void ProgramTouch::answer(const QString &button)
 {
-    QMessageBox *box = question();
-    if (!box)
-        throw OutOfReach(QStringLiteral("nothing is asked"));
-    for (QAbstractButton *candidate : box->buttons()) {
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    for (QAbstractButton *candidate : box ? box->buttons() : QList<QAbstractButton *>()) {
         if (candidate->text() == button)
             return finger::touch(candidate);
     }
-    throw OutOfReach("the question has no answer " + button);
+    throw OutOfReach("no question has the answer " + button);
 }
 
 bool ProgramTouch::isAsked() const
 {
-    return question();
+    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
 }
 
 QString ProgramTouch::line(int line) const
 {
-    const auto *model = m_pendant.find<QListView>(QStringLiteral("lstLines"))->model();
-    return model->index(line - 1, 0).data().toString();
+    return m_pendant.find<QListView>("lstLines")->model()->index(line - 1, 0).data().toString();
 }
 
 int ProgramTouch::lineCount() const
 {
-    return m_pendant.find<QListView>(QStringLiteral("lstLines"))->model()->rowCount();
+    return m_pendant.find<QListView>("lstLines")->model()->rowCount();
 }
 
 QString ProgramTouch::title() const
 {
-    auto *page = m_pendant.find(QStringLiteral("lstLines"));
-    while (page && !page->inherits("pendant::ProgramPage"))
-        page = page->parentWidget();
-    const auto *label = page ? page->findChild<QLabel *>(QStringLiteral("lblPageTitle")) : nullptr;
-    return label ? label->text() : QString();
+    return m_pendant.find<QLabel>("lblPageTitle")->text();
 }
 
 } // namespace testsupport

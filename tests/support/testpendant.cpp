@@ -1,11 +1,6 @@
 #include "support/testpendant.h"
 
-#include <QComboBox>
 #include <QSignalSpy>
-#include <QSpinBox>
-#include <QTest>
-
-#include "pendant/pendantwindow.h"
 
 namespace testsupport {
 
@@ -14,15 +9,13 @@ TestPendant::TestPendant(const Setup &setup)
 {
     if (m_setup.dataFolder.isEmpty())
         m_setup.dataFolder = m_folder.path();
-    if (m_setup.modulePath.isEmpty())
-        m_setup.modulePath = QStringLiteral(WELMO_MODULE);
     start();
 }
 
-TestPendant::~TestPendant() = default;
-
 void TestPendant::start()
 {
+    if (m_setup.modulePath.isEmpty())
+        m_setup.modulePath = QStringLiteral(WELMO_MODULE);
     const auto connect = [this](const pendant::Options &options) {
         links::EmbeddedLink::Options how;
         how.clock = m_setup.clock;
@@ -42,20 +35,13 @@ void TestPendant::start()
 
 void TestPendant::restart(const Setup &setup)
 {
-    const Setup before = m_setup;
+    const QString dataFolder = m_setup.dataFolder;
     m_setup = setup;
     if (m_setup.dataFolder.isEmpty())
-        m_setup.dataFolder = before.dataFolder;
-    if (m_setup.modulePath.isEmpty())
-        m_setup.modulePath = before.modulePath;
+        m_setup.dataFolder = dataFolder;
     window()->close();
     m_app.reset();
     start();
-}
-
-QWidget *TestPendant::window()
-{
-    return m_app->window();
 }
 
 bool TestPendant::waitLink(bool up)
@@ -69,18 +55,6 @@ bool TestPendant::waitLink(bool up)
     return true;
 }
 
-void TestPendant::choose(const QString &combo, const QString &text)
-{
-    auto *widget = find<QComboBox>(combo);
-    finger::choose(widget, widget->findText(text));
-}
-
-void TestPendant::chooseCode(const QString &combo, const QVariant &code)
-{
-    auto *widget = find<QComboBox>(combo);
-    finger::choose(widget, widget->findData(code));
-}
-
 void TestPendant::changeDisplay(const QString &combo, const QString &code)
 {
     open(QStringLiteral("home"));
@@ -91,27 +65,10 @@ void TestPendant::changeDisplay(const QString &combo, const QString &code)
     waitConnected();
 }
 
-void TestPendant::type(const QString &spinBox, const QString &text)
-{
-    finger::type(find<QAbstractSpinBox>(spinBox), text);
-}
-
-const QVector<tessa::MessageLog::Entry> &TestPendant::messages()
-{
-    return host()->helper()->log()->entries();
-}
-
 QString TestPendant::lastMessage()
 {
-    if (messages().isEmpty())
-        return {};
-    return messages().first().level + ": " + messages().first().text;
-}
-
-bool TestPendant::picture(const QString &file)
-{
-    QCoreApplication::processEvents();
-    return window()->grab().save(file);
+    return messages().isEmpty() ? QString()
+                                : messages().first().level + ": " + messages().first().text;
 }
 
 } // namespace testsupport

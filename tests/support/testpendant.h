@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QComboBox>
+#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QVariant>
 #include <QWidget>
@@ -9,6 +11,7 @@
 #include "link/embeddedlink.h"
 #include "pendant/options.h"
 #include "pendant/pendantapp.h"
+#include "pendant/pendantwindow.h"
 #include "support/finger.h"
 #include "support/logguard.h"
 #include "tessa/host.h"
@@ -32,7 +35,6 @@ class TestPendant
 {
 public:
     explicit TestPendant(const Setup &setup = {});
-    ~TestPendant();
 
     /// Waits until the link is up; false when it does not come up.
     bool waitConnected() { return waitLink(true); }
@@ -43,12 +45,11 @@ public:
     void restart() { restart(m_setup); }
 
     pendant::PendantApp &app() { return *m_app; }
-    QWidget *window();
+    QWidget *window() { return m_app->window(); }
     tessa::Host *host() { return m_app->host(); }
     controller::Faults *faults() { return m_link->faults(); }
     const controller::Journal &journal() const { return m_link->journal(); }
     QString dataFolder() const { return m_setup.dataFolder; }
-    LogGuard &guard() { return m_guard; }
 
     /// The widget of that name, in the window; of several the one that is seen. Throws OutOfReach
     /// when there is none.
@@ -64,20 +65,38 @@ public:
     }
     void click(const QString &name) { finger::touch(find(name)); }
     /// Touches the row that shows @p text, or the row that stands for @p code.
-    void choose(const QString &combo, const QString &text);
-    void chooseCode(const QString &combo, const QVariant &code);
+    void choose(const QString &combo, const QString &text)
+    {
+        auto *widget = find<QComboBox>(combo);
+        finger::choose(widget, widget->findText(text));
+    }
+    void chooseCode(const QString &combo, const QVariant &code)
+    {
+        auto *widget = find<QComboBox>(combo);
+        finger::choose(widget, widget->findData(code));
+    }
     /// Chooses in a combo of the Home page, which starts the pendant anew; waits until it is up.
     void changeDisplay(const QString &combo, const QString &code);
-    void type(const QString &spinBox, const QString &text);
+    void type(const QString &spinBox, const QString &text)
+    {
+        finger::type(find<QAbstractSpinBox>(spinBox), text);
+    }
     /// Touches the entry of the navigation on the left.
     void open(const QString &entryKey) { click("nav_" + entryKey); }
 
     /// The messages so far, newest first.
-    const QVector<tessa::MessageLog::Entry> &messages();
+    const QVector<tessa::MessageLog::Entry> &messages()
+    {
+        return host()->helper()->log()->entries();
+    }
     /// The newest message as "level: text"; empty when there is none.
     QString lastMessage();
     /// Writes a picture of the whole window; false when that fails.
-    bool picture(const QString &file);
+    bool picture(const QString &file)
+    {
+        QCoreApplication::processEvents();
+        return window()->grab().save(file);
+    }
 
 private:
     void start();
