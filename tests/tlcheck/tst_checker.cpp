@@ -39,9 +39,6 @@ private slots:
             {"MoveJ p9,v10\n// ArcOn\n! WMoveL\nlabel:\narcoff\n\tWeave p", QStringList{}},
             {"WMoveC Offs(p1,1,2,3),p2,v10,fine,tool0,wobj0,\"weavedata1\"", QStringList{}},
             {"WMoveL p1,v10,fine,tool0,wobj0,\"NULL\"", QStringList{}},
-            {"WMoveL Shift(p9,1),v10,fine,tool0",
-             QStringList{"1:8 misread: point format error: Shift(p9,1) is read as p9",
-                         "1:8 unknown: no point p9 in the project"}},
             // A set of which the project holds no file says nothing about its files.
             {"ArcOn \"arcondata2\",\"arcdata40\"\nArcOff \"arcoffdata7\"",
              QStringList{"1:7 unknown: no file arcondata2 in the project"}},
