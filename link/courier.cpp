@@ -204,13 +204,14 @@ void Courier::onGreeting(int session, const Reply &reply)
     m_asked = 0;
     const QVariantMap values = reply.value.toMap();
     m_wireSession = values.value(QStringLiteral("session")).toString();
-    if (!reply.ok() || m_wireSession.isEmpty()) {
+    const qint64 time = values.value(QStringLiteral("time")).toLongLong();
+    if (!reply.ok() || m_wireSession.isEmpty() || !wire::isTime(time)) {
         complain(QStringLiteral("%1: %2").arg(m_cell, reply.text));
         return;
     }
     m_boot = values.value(QStringLiteral("boot")).toString();
     m_offsetKnown = false;
-    hearTime(values.value(QStringLiteral("time")).toLongLong());
+    hearTime(time);
     m_session = session;
     m_complaint.clear();
     emit greeted(session);

@@ -70,6 +70,14 @@ public:
     {
         return take(key, {QMetaType::Int, QMetaType::LongLong}).toLongLong();
     }
+    int integer(const QString &key) { return take(key, {QMetaType::Int}).toInt(); }
+    bool flag(const QString &key) { return take(key, {QMetaType::Bool}).toBool(); }
+    qint64 time(const QString &key)
+    {
+        const qint64 time = number(key);
+        m_good = m_good && isTime(time);
+        return time;
+    }
     QVariant any(const QString &key) { return m_map.value(key); }
     bool has(const QString &key) const { return m_map.contains(key); }
     bool good() const { return m_good; }
@@ -140,6 +148,13 @@ bool isName(const QString &text)
 {
     static const QRegularExpression name(QStringLiteral("^[A-Za-z0-9._-]{1,64}$"));
     return name.match(text).hasMatch();
+}
+
+bool isTime(qint64 ms)
+{
+    // What every reader of JSON can tell from its neighbours.
+    constexpr qint64 last = qint64(1) << 53;
+    return ms >= 0 && ms <= last;
 }
 
 Topics::Topics(const QString &cell)
@@ -266,12 +281,12 @@ std::optional<Beat> toBeat(const MqttMessage &message)
     beat.session = reader.text(endKey);
     beat.end = !beat.session.isEmpty();
     if (beat.end)
-        return beat;
+        return reader.good() ? std::make_optional(beat) : std::nullopt;
     beat.session = message.property(sessionProperty);
     beat.sequence = numberOf(message, sequenceProperty, &good);
     beat.time = numberOf(message, timeProperty, &good);
-    beat.press = static_cast<int>(reader.number(pressKey));
-    return good && reader.good() ? std::make_optional(beat) : std::nullopt;
+    beat.press = reader.integer(pressKey);
+    return good && isTime(beat.time) && reader.good() ? std::make_optional(beat) : std::nullopt;
 }
 
 MqttMessage toMessage(const Alive &alive)
@@ -286,8 +301,7 @@ std::optional<Alive> toAlive(const MqttMessage &message)
     if (!map)
         return std::nullopt;
     Reader reader(*map);
-    const Alive alive{reader.text(bootKey), reader.number(timeKey),
-                      static_cast<int>(reader.number(refusedKey))};
+    const Alive alive{reader.text(bootKey), reader.time(timeKey), reader.integer(refusedKey)};
     return reader.good() && !alive.boot.isEmpty() ? std::make_optional(alive) : std::nullopt;
 }
 
@@ -307,8 +321,7 @@ std::optional<Reply> toReply(const MqttMessage &message)
     if (!map || !map->contains(codeKey))
         return std::nullopt;
     Reader reader(*map);
-    Reply reply{static_cast<int>(reader.number(codeKey)), reader.any(valueKey),
-                reader.text(textKey)};
+    Reply reply{reader.integer(codeKey), reader.any(valueKey), reader.text(textKey)};
     reply.revision = optionalNumber(&reader, revisionKey);
     return reader.good() ? std::make_optional(reply) : std::nullopt;
 }
@@ -327,7 +340,8 @@ std::optional<QVariant> toValue(const MqttMessage &message)
     if (message.payload.isEmpty())
         return QVariant();
     const auto map = mapOf(message.payload, longestMessage);
-    return map ? std::make_optional(map->value(valueKey)) : std::nullopt;
+    const bool told = map && map->contains(valueKey);
+    return told ? std::make_optional(map->value(valueKey)) : std::nullopt;
 }
 
 MqttMessage toStatusMessage(bool present)
@@ -339,7 +353,11 @@ MqttMessage toStatusMessage(bool present)
 std::optional<bool> toStatus(const MqttMessage &message)
 {
     const auto map = mapOf(message.payload, longestRequest);
-    return map ? std::make_optional(map->value(presentKey).toBool()) : std::nullopt;
+    if (!map || !map->contains(presentKey))
+        return std::nullopt;
+    Reader reader(*map);
+    const bool present = reader.flag(presentKey);
+    return reader.good() ? std::make_optional(present) : std::nullopt;
 }
 
 } // namespace links::wire

@@ -27,6 +27,9 @@ constexpr int otherSession = -3;
 /// True for what can stand as the name of a cell, a user or a client in a topic.
 bool isName(const QString &text);
 
+/// True for what can be the time of a cell's clock. Sums and differences of two stay numbers.
+bool isTime(qint64 ms);
+
 /// The topics of one cell.
 class Topics
 {
