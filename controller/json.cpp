@@ -3,7 +3,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
+#include <QVector>
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 
 namespace controller {
@@ -34,6 +37,31 @@ QVariant valueOf(const QJsonValue &json)
     const bool fits =
         value.userType() == QMetaType::LongLong && value.toInt() == value.toLongLong();
     return fits ? QVariant(value.toInt()) : value;
+}
+
+// The position after the text that starts at @p start with its quote.
+int textEnd(const QByteArray &json, int start)
+{
+    int i = start + 1;
+    while (i < json.size() && json.at(i) != '"')
+        i += json.at(i) == '\\' ? 2 : 1;
+    return std::min(i + 1, json.size());
+}
+
+bool isFollowedByColon(const QByteArray &json, int position)
+{
+    while (position < json.size() && std::isspace(static_cast<unsigned char>(json.at(position))))
+        ++position;
+    return position < json.size() && json.at(position) == ':';
+}
+
+// One key may be escaped in many ways.
+QByteArray plainText(const QByteArray &text)
+{
+    if (!text.contains('\\'))
+        return text;
+    return '"' + QJsonDocument::fromJson('[' + text + ']').array().first().toString().toUtf8()
+        + '"';
 }
 
 bool isPlainBelow(const QVariant &value, int depth);
@@ -78,6 +106,33 @@ QByteArray toJson(const QVariant &value)
     // The brackets are there because a JSON text of this library is an array or an object.
     const QJsonArray wrapped{QJsonValue::fromVariant(value)};
     return QJsonDocument(wrapped).toJson(QJsonDocument::Compact);
+}
+
+bool repeatsKey(const QByteArray &json)
+{
+    QVector<QSet<QByteArray>> objects;
+    for (int i = 0; i < json.size(); ++i) {
+        switch (json.at(i)) {
+        case '{':
+            objects.push_back({});
+            break;
+        case '}':
+            if (!objects.isEmpty())
+                objects.pop_back();
+            break;
+        case '"': {
+            const int end = textEnd(json, i);
+            if (!objects.isEmpty() && isFollowedByColon(json, end)) {
+                const QByteArray key = plainText(json.mid(i, end - i));
+                if (objects.last().contains(key))
+                    return true;
+                objects.last().insert(key);
+            }
+            i = end - 1;
+        }
+        }
+    }
+    return false;
 }
 
 std::optional<QVariant> fromJson(const QByteArray &json)

@@ -49,7 +49,7 @@ QByteArray compact(const QVariantMap &map)
 /// number, and what is nested beyond reason.
 std::optional<QVariantMap> mapOf(const QByteArray &payload, int longest)
 {
-    if (payload.size() > longest || !payload.startsWith('{'))
+    if (payload.size() > longest || !payload.startsWith('{') || controller::repeatsKey(payload))
         return std::nullopt;
     const std::optional<QVariant> map = controller::fromJson('[' + payload + ']');
     if (!map || map->userType() != QMetaType::QVariantMap || !controller::isPlain(*map))
