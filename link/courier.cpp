@@ -164,7 +164,7 @@ void Courier::onMessage(const MqttMessage &message)
             onAlive(*alive);
     } else if (message.topic == m_topics.status()) {
         onStatus(wire::toStatus(message));
-    } else if (!message.correlation.isEmpty()) {
+    } else if (message.topic == m_topics.reply(m_user, m_client)) {
         onReply(message);
     } else if (!message.retained) {
         onValue(message);
