@@ -419,6 +419,10 @@
         <translation>该行内容多于表单所显示的</translation>
     </message>
     <message>
+        <source>the form shows other values</source>
+        <translation>表单显示的值与该行不同</translation>
+    </message>
+    <message>
         <source>The form did not take over all of this line: %1.</source>
         <translation>表单未能完整读取此行：%1。</translation>
     </message>

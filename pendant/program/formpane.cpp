@@ -138,6 +138,8 @@ void FormPane::fill(const QString &text, bool isFaithful)
         reasons.append(tr("the file holds bytes here that are no text"));
     else if (reasons.isEmpty() && !isText && welmo::line::normalForm(text).isNull())
         reasons.append(tr("it holds more than the form shows"));
+    else if (reasons.isEmpty() && !isText && !welmo::line::keepsAll(text, m_form->ToString()))
+        reasons.append(tr("the form shows other values"));
     warn(reasons.join(QStringLiteral("; ")));
 }
 

@@ -67,6 +67,18 @@ private slots:
         m_program->saveAs("again");
         QCOMPARE(kept("again.tl"), mixed);
     }
+    // A time box has two decimals and begins at a tenth of a second.
+    void aFormThatShowsAnotherValueSaysSo()
+    {
+        keep("times.tl", "FeedBackWire 0.05\nDetectGas 1.234\nFeedOnWire 1.25\n");
+        m_program->open("times.tl");
+        for (int line = 1; line <= 3; ++line) {
+            m_program->choose(line);
+            m_pendant->click("btnEditLine");
+            QCOMPARE(m_pendant->find("lblFormWarning")->isVisible(), line < 3);
+            m_pendant->click("btnFormCancel");
+        }
+    }
     void nothingIsLostWithoutAQuestion()
     {
         m_program->insert("WeaveOff");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "instructions/line/charactercheck.h"
 #include "instructions/line/fileline.h"
 #include "instructions/line/moveline.h"
 #include "instructions/line/pointexpression.h"
@@ -24,6 +25,11 @@ QString tidied(const QString &line)
             character = QLatin1Char(' ');
     }
     return text;
+}
+
+bool isMove(Instruction instruction)
+{
+    return instruction == Instruction::WMoveL || instruction == Instruction::WMoveC;
 }
 
 bool isGap(QStringView gap, int mostCommas)
@@ -87,6 +93,30 @@ QString normalMove(Instruction instruction, const QString &line, const Tokens &t
     return instructionName(instruction) + QLatin1Char(' ') + arguments.join(QLatin1Char(','));
 }
 
+bool keepsPoint(const std::optional<Token> &asked, const std::optional<Token> &got)
+{
+    return !asked
+        || (got && PointExpression::parse(got->text) == PointExpression::parse(asked->text));
+}
+
+bool keepsName(const std::optional<Token> &asked, const std::optional<Token> &got)
+{
+    return !asked || (got && got->text == asked->text);
+}
+
+QString weaveOf(const MoveLine &move)
+{
+    return move.weave ? CharacterCheck::checkQuotationMarks(move.weave->text) : noWeave;
+}
+
+bool keepsMove(const MoveLine &asked, const MoveLine &got)
+{
+    return keepsPoint(asked.aux, got.aux) && keepsPoint(asked.target, got.target)
+        && keepsName(asked.speed, got.speed) && keepsName(asked.zone, got.zone)
+        && keepsName(asked.tool, got.tool) && keepsName(asked.wobj, got.wobj)
+        && weaveOf(asked) == weaveOf(got);
+}
+
 } // namespace
 
 QString normalForm(const QString &line)
@@ -95,8 +125,7 @@ QString normalForm(const QString &line)
     if (instruction == Instruction::None)
         return {};
     const QString text = tidied(line);
-    const bool isMove = instruction == Instruction::WMoveL || instruction == Instruction::WMoveC;
-    const Tokens tokens = isMove ? splitMoveArguments(text) : splitArguments(text);
+    const Tokens tokens = isMove(instruction) ? splitMoveArguments(text) : splitArguments(text);
     if (tokens.isEmpty() || !isComplete(text, tokens, instruction))
         return {};
     switch (instruction) {
@@ -113,6 +142,15 @@ QString normalForm(const QString &line)
     default:
         return normalFiles(instruction, text, tokens);
     }
+}
+
+bool keepsAll(const QString &line, const QString &written)
+{
+    const Instruction instruction = classify(line);
+    const QString normal = normalForm(line);
+    if (normal.isNull() || !isMove(instruction))
+        return !normal.isNull() && normal == normalForm(written);
+    return keepsMove(parseMoveLine(instruction, normal), parseMoveLine(instruction, written));
 }
 
 } // namespace welmo::line

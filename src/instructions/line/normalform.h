@@ -13,4 +13,9 @@ namespace welmo::line {
 /// characters that reading drops, such as a comment.
 QString normalForm(const QString &line);
 
+/// True when @p written, what a property form made of @p line, says all that the line says; it may
+/// say more, such as a work object that the line leaves to the controller. False for a line without
+/// a normal form.
+bool keepsAll(const QString &line, const QString &written);
+
 } // namespace welmo::line
