@@ -61,7 +61,7 @@ endfunction()
 # label "process" is for tests that start programs by QProcess: they stay out of emulated runs, because
 # the emulator lacks the system call behind it (clone with a file descriptor of the process).
 function(welmo_test name)
-    cmake_parse_arguments(ARG "" "TIMEOUT" "LABEL;SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "TIMEOUT" "LABEL;SOURCES;LINK;ARGUMENTS" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT ${WELMO_TEST_TIMEOUT})
     endif()
@@ -70,7 +70,7 @@ function(welmo_test name)
         RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE Qt5::Test ${ARG_LINK})
-    add_test(NAME ${name} COMMAND ${name})
+    add_test(NAME ${name} COMMAND ${name} ${ARG_ARGUMENTS})
     set_tests_properties(${name} PROPERTIES
         LABELS "${ARG_LABEL}" TIMEOUT ${ARG_TIMEOUT}
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")

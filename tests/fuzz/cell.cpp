@@ -1,0 +1,103 @@
+#include <QCoreApplication>
+
+#include "controller/json.h"
+#include "fuzz.h"
+#include "link/cellservice.h"
+#include "mail.h"
+
+using namespace links;
+
+namespace {
+
+qint64 s_now = 0;
+
+/// A cell with a pendant of each of two users: one may do everything, one may look.
+struct Plant
+{
+    Plant()
+    {
+        CellService::Options options;
+        options.cell = "cell";
+        options.roles = Roles({{"anna", Role::Administrator}, {"vera", Role::Viewer}});
+        options.clock = [] { return s_now; };
+        service = std::make_unique<CellService>(options);
+        service->start();
+        QCoreApplication::sendPostedEvents(); // it is online
+        mail::client()->sent.clear();
+    }
+    QVector<MqttMessage> deliver(const MqttMessage &message)
+    {
+        mail::client()->sent.clear();
+        mail::client()->handlers.message(message);
+        QCoreApplication::sendPostedEvents();
+        return std::exchange(mail::client()->sent, {});
+    }
+    // Each input has sessions of its own.
+    void greet(const QString &user)
+    {
+        wire::Request hello;
+        hello.hello = true;
+        hello.content.key = QString::number(++greetings);
+        MqttMessage message = wire::toMessage(hello);
+        message.topic = mail::root + "request/" + user;
+        message.responseTopic = mail::root + "reply/" + user + "/pendant";
+        const auto reply = wire::toReply(deliver(message).last());
+        sessions.insert(user, reply->value.toMap().value("session").toString());
+    }
+    int greetings = 0;
+    QMap<QString, QString> sessions;
+    std::unique_ptr<CellService> service;
+};
+
+bool isValue(const MqttMessage &message)
+{
+    return message.topic.startsWith(mail::root + "value/");
+}
+
+// The changes of a value that others may see, and an answer for whoever asked.
+bool check(const MqttMessage &message, const QVector<MqttMessage> &sent, const QString &user)
+{
+    bool changed = false;
+    std::optional<controller::Reply> reply;
+    for (const MqttMessage &out : sent) {
+        changed = changed || isValue(out);
+        if (out.topic.startsWith(mail::root + "reply/")) {
+            require(out.topic == message.responseTopic, "an answer goes to who asked", out.topic);
+            require(out.correlation == message.correlation, "and says to what", out.topic);
+            require(!reply, "once", out.topic);
+            reply = wire::toReply(out);
+            require(reply.has_value(), "in words that are read", out.payload);
+        }
+        require(!isValue(out) || wire::toValue(out).has_value(), "what is told can be read",
+                out.payload);
+    }
+    require(!changed || !reply || reply->ok(), "what was refused changes nothing", message.payload);
+    require(!changed || user != "vera", "who may look changes nothing", message.payload);
+    return changed || (reply && reply->ok());
+}
+
+} // namespace
+
+/// Messages to a cell from its pendants, "SESSION" standing for that of the topic's user.
+void fuzz(const QByteArray &input)
+{
+    static std::unique_ptr<Plant> plant;
+    static bool dirty = true;
+    if (dirty)
+        plant.reset(); // the old one's client goes first
+    if (!plant)
+        plant = std::make_unique<Plant>();
+    dirty = false;
+    plant->greet("anna");
+    plant->greet("vera");
+    for (MqttMessage &message : mail::read(input)) {
+        s_now += 10;
+        plant->service->handle({controller::Request::Kind::Get, "tl_program.state"}); // time passes
+        const QString user = message.topic.section('/', 4, 4);
+        for (auto &[name, value] : message.properties) {
+            if (value == "SESSION")
+                value = plant->sessions.value(user);
+        }
+        dirty = check(message, plant->deliver(message), user) || dirty;
+    }
+}

@@ -1,0 +1,108 @@
+#include "mail.h"
+
+namespace mail {
+
+namespace {
+
+std::unique_ptr<Client> s_client;
+
+QByteArray takeLine(QByteArray *rest)
+{
+    const int end = rest->indexOf('\n');
+    QByteArray line = end < 0 ? *rest : rest->left(end);
+    *rest = end < 0 ? QByteArray() : rest->mid(end + 1);
+    return line;
+}
+
+links::MqttMessage message(QByteArray text)
+{
+    links::MqttMessage message;
+    message.topic = root + QString::fromUtf8(takeLine(&text));
+    for (QByteArray line = takeLine(&text); !line.isEmpty(); line = takeLine(&text)) {
+        const int colon = line.indexOf(": ");
+        const QByteArray name = line.left(colon);
+        const QByteArray value = line.mid(colon + 2);
+        if (name == "reply")
+            message.responseTopic = root + QString::fromUtf8(value);
+        else if (name == "correlation")
+            message.correlation = value;
+        else if (name == "retained")
+            message.retained = true;
+        else
+            message.properties.append({QString::fromUtf8(name), QString::fromUtf8(value)});
+    }
+    message.payload = text;
+    return message;
+}
+
+} // namespace
+
+QVector<links::MqttMessage> read(const QByteArray &input)
+{
+    QVector<links::MqttMessage> messages;
+    for (int from = 0; from <= input.size();) {
+        const int found = input.indexOf("\n--\n", from);
+        const int end = found < 0 ? input.size() : found;
+        messages.append(message(input.mid(from, end - from)));
+        from = end + 4;
+    }
+    return messages;
+}
+
+Client *client()
+{
+    return s_client.get();
+}
+
+} // namespace mail
+
+// In place of the real one, which is not linked then: no thread and no broker.
+namespace links {
+
+MqttClient::MqttClient(Options options, Handlers handlers)
+    : m_options(std::move(options))
+    , m_handlers(std::move(handlers))
+{
+    mail::s_client.reset(new mail::Client{m_handlers, {}, false});
+}
+
+MqttClient::~MqttClient()
+{
+    mail::s_client.reset();
+}
+
+void MqttClient::Closer::operator()(mosquitto *) const { }
+
+void MqttClient::start()
+{
+    mail::s_client->online = true;
+    m_handlers.online();
+}
+
+void MqttClient::stop(const std::optional<MqttMessage> &)
+{
+    mail::s_client->online = false;
+}
+
+void MqttClient::restart() { }
+
+bool MqttClient::publish(const MqttMessage &message)
+{
+    if (mail::s_client->online)
+        mail::s_client->sent.append(message);
+    return mail::s_client->online;
+}
+
+bool MqttClient::subscribe(const QString &, int)
+{
+    return true;
+}
+
+QString MqttMessage::property(const QString &name) const
+{
+    const auto found = std::find_if(properties.begin(), properties.end(),
+                                    [&name](const auto &entry) { return entry.first == name; });
+    return found == properties.end() ? QString() : found->second;
+}
+
+} // namespace links

@@ -1,0 +1,89 @@
+#include <QLabel>
+#include <QMetaProperty>
+#include <QToolButton>
+
+#include "controller/json.h"
+#include "desk.h"
+#include "fuzz.h"
+#include "pando/moduleframework.h"
+
+namespace {
+
+/// The module as a host starts it, with all of its pages.
+struct Module
+{
+    Module()
+    {
+        auto *framework = desk.host().helper()->framework();
+        require(framework->create("welmo"), "there is the module");
+        framework->start();
+        for (auto *button : desk.window()->findChildren<QToolButton *>()) {
+            if (button->isCheckable() && button->parent()->objectName() == "wgtNav")
+                buttons.append(button);
+        }
+        require(buttons.size() == 4, "there are its pages");
+        settle();
+        settle();
+        texts = shown();
+    }
+    // Every page reads what it shows when it is opened.
+    void open()
+    {
+        for (QToolButton *button : qAsConst(buttons))
+            button->click();
+    }
+    // Back to the controller's own values.
+    void settle()
+    {
+        desk.setAnswer({});
+        const QVariantMap values = desk.cell().values();
+        for (const QString &path : watched) {
+            desk.notify(path, QVariant());
+            desk.notify(path, values.value(path));
+        }
+        open();
+    }
+    QStringList shown()
+    {
+        QStringList all;
+        for (const auto *widget : desk.window()->findChildren<QWidget *>()) {
+            if (widget->objectName().isEmpty() || widget->objectName().startsWith("qt_"))
+                continue;
+            const auto *label = qobject_cast<const QLabel *>(widget);
+            all.append(widget->objectName() + ": "
+                       + (label ? label->text()
+                                : widget->metaObject()->userProperty().read(widget).toString()));
+        }
+        return all;
+    }
+
+    const QStringList watched{"arc_weld.weld_mode", "arc_weld.welder_state",
+                              "arc_weld.device_param", "arc_weld.anticollision_state"};
+    Desk desk;
+    QList<QToolButton *> buttons;
+    QStringList texts;
+};
+
+} // namespace
+
+/// A node's payload, as a controller answers every page's questions with it, and tells it.
+void fuzz(const QByteArray &input)
+{
+    static Module module;
+    if (controller::repeatsKey(input))
+        return; // does not come in
+    const std::optional<QVariant> value = controller::fromJson('[' + input + ']');
+    if (!value)
+        return;
+    for (const QString &path : module.watched)
+        module.desk.notify(path, *value);
+    module.desk.setAnswer(*value);
+    module.open();
+    module.settle();
+    module.settle(); // a voltage is clamped by the mode that was shown before it
+    const QStringList texts = module.shown();
+    require(texts.size() == module.texts.size(), "pages keep their controls");
+    for (int i = 0; i < texts.size(); ++i)
+        require(texts.at(i) == module.texts.at(i), "nothing is left behind",
+                module.texts.at(i) + " / " + texts.at(i));
+}

@@ -1,0 +1,64 @@
+#include <algorithm>
+
+#include "fuzz.h"
+#include "instructions/line/programtext.h"
+#include "tools/tlcheck/checker.h"
+#include "tools/tlcheck/normalise.h"
+
+using welmo::line::ProgramText;
+
+namespace {
+
+tlcheck::Findings check(const ProgramText &program)
+{
+    const QStringList lines = program.lines();
+    const tlcheck::Findings findings = tlcheck::Checker().check(lines);
+    for (const tlcheck::Finding &finding : findings) {
+        require(finding.line >= 0 && finding.line < lines.size(), "a finding is in a line");
+        const int length = qMax(1, lines.at(finding.line).size());
+        require(finding.column >= 1 && finding.column <= length, "and in a column of it");
+        require(!finding.text().isEmpty(), "and says something");
+    }
+    return findings;
+}
+
+// Where something is edited has to come from somewhere.
+int place(const QByteArray &input, int count)
+{
+    return count > 0 ? int(qHash(input) % uint(count)) : 0;
+}
+
+} // namespace
+
+/// A whole program file: kept, edited, checked and brought into its normal form.
+void fuzz(const QByteArray &input)
+{
+    ProgramText program(input);
+    require(program.toBytes() == input, "a program keeps its bytes");
+    const QStringList lines = program.lines();
+    const tlcheck::Findings findings = check(program);
+
+    const int at = place(input, program.lineCount() + 1);
+    program.insertLine(at, "WeaveOff");
+    require(program.line(at) == "WeaveOff", "a line is inserted where it belongs");
+    program.removeLine(at);
+    require(program.toBytes() == input, "and taken away without a trace");
+    if (const int count = program.lineCount(); count > 0) {
+        ProgramText moved = program;
+        moved.moveLine(0, at % count);
+        require(moved.line(at % count) == lines.first(), "a line is moved where it belongs");
+        moved.moveLine(at % count, 0);
+        require(moved.lines() == lines, "and back");
+        require(program.toBytes() == input, "a copy's changes are its own");
+    }
+
+    tlcheck::normalise(program);
+    require(tlcheck::normalise(program) == 0, "a normal form is final");
+    for (const tlcheck::Finding &finding : check(program))
+        require(std::any_of(findings.begin(), findings.end(),
+                            [&finding](const tlcheck::Finding &before) {
+                                return before.line == finding.line
+                                    && before.text() == finding.text();
+                            }),
+                "nothing is wrong with a normal form that was not before", finding.text());
+}

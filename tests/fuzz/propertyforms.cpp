@@ -1,0 +1,109 @@
+#include <QHash>
+#include <algorithm>
+
+#include "desk.h"
+#include "fuzz.h"
+#include "instructions/line/normalform.h"
+#include "instructions/tlarcweld.h"
+#include "tessa/basecontentwidget.h"
+#include "tools/tlcheck/checker.h"
+
+using namespace welmo::line;
+
+namespace {
+
+// What the host knows of the project, for a checker that is to say what the forms say.
+tlcheck::ProjectNames projectNames()
+{
+    const auto names = [](const char *list, const char *type = nullptr) {
+        QSet<QString> set;
+        for (const auto *item : m(QString("orbo.project.") + list)->cmobjs()) {
+            if (!type || item->r("type")->getString() == type)
+                set.insert(item->r("name")->getString());
+        }
+        return set;
+    };
+    return {names("point._list"),
+            names("var.system_list", "speed") + names("var._list", "speed"),
+            names("var.system_list", "zone") + names("var._list", "zone"),
+            names("tool.system_list") + names("tool._list"),
+            names("wobj.system_list") + names("wobj._list"),
+            {}};
+}
+
+/// The editor's forms, each made once, and the line that each starts from.
+struct Editor
+{
+    struct Form
+    {
+        tessa::BaseContentWidget *widget;
+        QString start;
+    };
+
+    Editor()
+        : checker(projectNames())
+    {
+        const auto creators = tessa::TlManager::getTlManager()->propertyWidgetCreators;
+        for (auto creator = creators.begin(); creator != creators.end(); ++creator) {
+            auto *widget = creator.value()(desk.window());
+            const bool moves = creator.key().startsWith("WMove");
+            forms.insert(creator.key(), {widget, widget->ToString() + (moves ? ",\"NULL\"" : "")});
+        }
+    }
+
+    Desk desk;
+    TlArcWeldDefine instructions{nullptr};
+    tlcheck::Checker checker;
+    QHash<QString, Form> forms;
+};
+
+QStringList expected(const tlcheck::Findings &findings)
+{
+    QStringList messages;
+    for (const tlcheck::Finding &finding : findings) {
+        if (finding.message)
+            messages.append(finding.message);
+    }
+    return messages;
+}
+
+bool isTimed(Instruction instruction)
+{
+    return instruction == Instruction::FeedOnWire || instruction == Instruction::FeedBackWire
+        || instruction == Instruction::DetectGas;
+}
+
+} // namespace
+
+/// One line through its instruction's property form, as the program editor opens and replaces it.
+void fuzz(const QByteArray &input)
+{
+    static Editor editor;
+    const QString line = textOf(input).section('\n', 0, 0);
+    const auto found = editor.forms.constFind(firstWord(line).text);
+    if (found == editor.forms.constEnd())
+        return;
+    tessa::BaseContentWidget *form = found->widget;
+    form->FillWith(found->start);
+    editor.desk.take({});
+
+    form->FillWith(line);
+    QStringList said = editor.desk.take("error");
+    QStringList finds = expected(editor.checker.checkLine(line, 0));
+    std::sort(said.begin(), said.end());
+    std::sort(finds.begin(), finds.end());
+    require(said == finds, "form and checker say the same", line + ": " + said.join(", "));
+
+    const QString written = form->ToString();
+    require(classify(written) == classify(line), "a form writes its instruction", written);
+    if (!said.isEmpty())
+        return;
+    form->FillWith(found->start);
+    form->FillWith(written);
+    require(form->ToString() == written, "what a form writes it reads and writes again", written);
+    // A time is shown with two decimals; the editor tells when that is another.
+    const Instruction instruction = classify(line);
+    if (!normalForm(line).isNull())
+        require(keepsAll(line, written) || isTimed(instruction), "nothing is lost silently",
+                line + " / " + written);
+}

@@ -1,0 +1,69 @@
+#include "link/wire.h"
+
+#include "controller/json.h"
+#include "fuzz.h"
+#include "kelp/moduleobject.h"
+#include "mail.h"
+
+using namespace links;
+
+namespace {
+
+QVariantMap mapOf(const QByteArray &payload)
+{
+    return controller::fromJson('[' + payload + ']').value_or(QVariant()).toMap();
+}
+
+// Whatever was read, written again is in the message; what was not in it counts as nothing.
+template<typename Read>
+void check(const MqttMessage &message, Read read)
+{
+    const auto content = read(message);
+    if (!content)
+        return;
+    const MqttMessage again = wire::toMessage(*content);
+    const QVariantMap before = mapOf(message.payload);
+    const QVariantMap after = mapOf(again.payload);
+    for (auto it = after.begin(); it != after.end(); ++it) {
+        const QVariant sent = before.value(it.key());
+        require(sent.isValid() ? kelp::sameValue(sent, it.value())
+                               : it.value().toString().isEmpty() || it.value() == 0,
+                "what is read is what was sent", it.key() + " of " + message.payload);
+    }
+    const bool greets = before.value("kind") == "hello"; // which needs no more than a key
+    for (const auto &[name, value] : again.properties)
+        require(greets || message.property(name).isEmpty()
+                    || message.property(name).trimmed() == value
+                    || message.property(name).toLongLong() == value.toLongLong(),
+                "and beside it", name);
+    require(read(again).has_value(), "what is written can be read", again.payload);
+}
+
+} // namespace
+
+/// One message in every way in which messages are read.
+void fuzz(const QByteArray &input)
+{
+    const MqttMessage message = mail::read(input).first();
+    check(message, wire::toRequest);
+    check(message, wire::toBeat);
+    check(message, wire::toAlive);
+    check(message, wire::toReply);
+    if (const auto value = wire::toValue(message); value && !message.payload.isEmpty()) {
+        require(mapOf(message.payload).contains("value"), "a value is told", message.payload);
+        require(controller::isPlain(*value), "a value is plain", message.payload);
+    }
+    if (const auto present = wire::toStatus(message))
+        require(mapOf(message.payload).value("present") == *present, "a status is told",
+                message.payload);
+
+    const wire::Topics topics("cell");
+    const QString user = topics.requester(message.topic);
+    require(user.isEmpty() || topics.request(user) == message.topic, "a request's topic",
+            message.topic);
+    require(topics.beater(message.topic).isEmpty() || user.isEmpty(), "is no beat's",
+            message.topic);
+    const QString client = topics.replier(message.responseTopic, "anna");
+    require(client.isEmpty() || topics.reply("anna", client) == message.responseTopic,
+            "a reply's topic", message.responseTopic);
+}
