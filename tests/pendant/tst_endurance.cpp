@@ -15,7 +15,7 @@
 #include "support/testpendant.h"
 
 #ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
+extern "C" size_t __sanitizer_get_current_allocated_bytes(); // gcc brings no header for it
 #endif
 
 using pendant::FormPane;
