@@ -102,7 +102,7 @@ void ArcWeldPage::switchPage()
             leave(entry);
     }
     show(*chosen);
-    ui->wgtNav->repaint();
+    ui->wgtNav->update(); // with all that changed, and not a second time at once
 }
 
 void ArcWeldPage::leave(SubPageCfg &entry)
