@@ -46,7 +46,7 @@ fuzz_one() { # TARGET SECONDS
 }
 
 run_target() { # TARGET ARGUMENT...
-    ASAN_OPTIONS=quarantine_size_mb=64:malloc_context_size=10 UBSAN_OPTIONS=print_stacktrace=1 \
+    TMPDIR=$scratch ASAN_OPTIONS=quarantine_size_mb=64:malloc_context_size=10 UBSAN_OPTIONS=print_stacktrace=1 \
         ASAN_SYMBOLIZER_PATH=/usr/lib/llvm-14/bin/llvm-symbolizer \
         "$root/build/fuzz/targets/$1" "$scratch/$1" "$root/tests/fuzz/corpus/$1" "${@:2}" \
         -timeout=30 -rss_limit_mb=2048 -max_len=4096 -print_final_stats=1 \
