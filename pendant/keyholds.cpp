@@ -80,7 +80,6 @@ bool KeyHolds::eventFilter(QObject *object, QEvent *event)
 {
     if (!m_keys)
         return false;
-    const auto *mouse = static_cast<QMouseEvent *>(event);
     switch (event->type()) {
     case QEvent::KeyPress:
         return object->isWindowType() && onKeyPress(static_cast<QKeyEvent *>(event));
@@ -88,7 +87,8 @@ bool KeyHolds::eventFilter(QObject *object, QEvent *event)
         return object->isWindowType() && onKeyRelease(static_cast<QKeyEvent *>(event));
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove: // the first one after a release that went elsewhere
-        if (object->isWindowType() && !mouse->buttons().testFlag(Qt::LeftButton))
+        if (object->isWindowType()
+            && !static_cast<QMouseEvent *>(event)->buttons().testFlag(Qt::LeftButton))
             up(Mouse);
         return false;
     case QEvent::WindowDeactivate:
