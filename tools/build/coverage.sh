@@ -7,7 +7,7 @@ forget_coverage() { find "$root/build/coverage" -name '*.gcda' -delete; }
 print_coverage() {
     say "coverage by folder"
     (cd "$root" && gcovr --object-directory build/coverage -j "$(nproc)" --csv \
-        --exclude-throw-branches --exclude-unreachable-branches \
+        --exclude-throw-branches --exclude-unreachable-branches --exclude-directories '.*CompilerId.*' \
         --filter '(src|host|controller|link|pendant|tools)/') | awk -F, '
         function percent(part, whole) { return whole ? sprintf("%5.1f %%", 100 * part / whole) : "-" }
         function row(name) {
