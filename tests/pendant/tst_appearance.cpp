@@ -4,6 +4,8 @@
 #include <QJsonObject>
 #include <QLabel>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QTest>
 #include <QToolButton>
 
@@ -43,6 +45,13 @@ bool showsItsText(const QWidget *widget)
     // The last message is cut with dots on purpose.
     if (label && label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored)
         return true;
+    if (const auto *combo = qobject_cast<const QComboBox *>(widget)) {
+        QStyleOptionComboBox option;
+        option.initFrom(combo);
+        const QRect place = combo->style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                           QStyle::SC_ComboBoxEditField, combo);
+        return combo->fontMetrics().horizontalAdvance(combo->currentText()) <= place.width();
+    }
     return widget->sizeHint().width() <= widget->width();
 }
 
