@@ -36,8 +36,8 @@ void makeTouchable(QComboBox *combo)
         rows->setObjectName(name);
         combo->installEventFilter(rows);
     }
-    // May become narrower than its longest item: a form must fit the screen. The policy that says so
-    // outright would make the list at once.
+    // May become narrower than its longest item: a form must fit the screen. The policy that says
+    // so outright would make the list at once.
     combo->setMinimumContentsLength(6);
 }
 
