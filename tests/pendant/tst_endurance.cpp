@@ -59,8 +59,8 @@ bool isLibraryMapped()
 
 // Allocators keep something back; the smallest object left behind each time would be far more.
 constexpr qint64 slack = 300 * 1024;
-// Qt 5.15 keeps what it knows of a spin box's style, some 200 bytes, until another one stands at the
-// same address; with Qt's widgets alone, too. Over 10,000 forms that is 66 for each spin box.
+// Qt 5.15 keeps what it knows of a spin box's style, some 200 bytes, until another one stands at
+// the same address; with Qt's widgets alone, too. Over 10,000 forms that is 66 for each spin box.
 constexpr qint64 keptByQt = 90;
 #ifdef __SANITIZE_ADDRESS__
 constexpr int openings = 1000; // what leaks is found at the end, however small
