@@ -125,9 +125,14 @@ bool Store::failed(const QString &text) const
 
 std::optional<Store::Entry> Store::entryFrom(const Statement &row, int column) const
 {
-    const std::optional<QVariant> value = fromJson(row.utf8(column));
-    if (value)
-        return Entry{*value, row.number(column + 1)};
+    const QByteArray text = row.utf8(column);
+    const qint64 revision = row.number(column + 1);
+    if (const QVariant *known = m_values.object(text))
+        return Entry{*known, revision};
+    if (const std::optional<QVariant> value = fromJson(text)) {
+        m_values.insert(text, new QVariant(*value));
+        return Entry{*value, revision};
+    }
     failed(QStringLiteral("an entry of the store is damaged"));
     return std::nullopt;
 }

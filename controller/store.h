@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCache>
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
@@ -58,6 +59,8 @@ private:
     mutable Statement m_readAll;
     Statement m_write;
     Statement m_remove;
+    // By their text: to take it apart costs more than to read it.
+    mutable QCache<QByteArray, QVariant> m_values{256};
     mutable QString m_errorText;
 };
 

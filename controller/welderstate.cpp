@@ -1,5 +1,6 @@
 #include "controller/welderstate.h"
 
+#include <QVector>
 #include <cmath>
 
 #include "controller/fields.h"
@@ -11,8 +12,15 @@ namespace controller {
 
 namespace {
 
-const QString currentKey = QStringLiteral("current");
-const QString voltageKey = QStringLiteral("voltage");
+// In the order of the readings.
+const QVector<QString> wordKeys{QStringLiteral("state"), QStringLiteral("phase"),
+                                QStringLiteral("welding_name")};
+const QVector<QString> numberKeys{
+    QStringLiteral("current"),          QStringLiteral("voltage"),
+    QStringLiteral("welding_speed"),    QStringLiteral("welding_time"),
+    QStringLiteral("welding_distance"), QStringLiteral("welding_wire_used")};
+constexpr int current = 0;
+constexpr int voltage = 1;
 const QString rateKey = QStringLiteral("rate");
 
 double rounded(double value, double decimals)
@@ -21,21 +29,26 @@ double rounded(double value, double decimals)
     return std::round(value * scale) / scale;
 }
 
-QVariantMap merged(QVariantMap map, const QVariantMap &added)
+template<typename Readings>
+void insertAll(QVariantMap &map, const QVector<QString> &keys, const Readings &readings)
 {
-    for (auto item = added.begin(); item != added.end(); ++item)
-        map.insert(item.key(), item.value());
-    return map;
+    for (int i = 0; i < keys.size(); ++i)
+        map.insert(keys.at(i), readings[i]);
 }
 
-QVariantMap differences(const QVariantMap &before, const QVariantMap &after)
+// Inserts what is not as it was told, which it then is.
+template<typename Readings>
+bool takeChanges(QVariantMap &map, const QVector<QString> &keys, Readings &told,
+                 const Readings &readings)
 {
-    QVariantMap result;
-    for (auto item = after.begin(); item != after.end(); ++item) {
-        if (before.value(item.key()) != item.value())
-            result.insert(item.key(), item.value());
+    if (told == readings)
+        return false;
+    for (int i = 0; i < keys.size(); ++i) {
+        if (told[i] != readings[i])
+            map.insert(keys.at(i), readings[i]);
     }
-    return result;
+    told = readings;
+    return true;
 }
 
 } // namespace
@@ -45,8 +58,12 @@ WelderState::WelderState(Cell &cell, Registry &registry, const Welder &welder, c
     , m_welder(welder)
     , m_weld(weld)
 {
-    registry.addValue(names::welderState,
-                      [this] { return Reply::with(merged(numbers(), words())); });
+    registry.addValue(names::welderState, [this] {
+        QVariantMap all;
+        insertAll(all, wordKeys, words());
+        insertAll(all, numberKeys, numbers());
+        return Reply::with(all);
+    });
     registry.addValue(
         names::welderStateRate,
         [this] {
@@ -57,49 +74,49 @@ WelderState::WelderState(Cell &cell, Registry &registry, const Welder &welder, c
 
 Reply WelderState::start()
 {
-    m_told = merged(numbers(), words());
+    m_toldWords = words();
+    m_toldNumbers = numbers();
     return {};
 }
 
 bool WelderState::isBusy() const
 {
-    return m_weld.isBusy() || !differences(m_told, numbers()).isEmpty();
+    return m_weld.isBusy() || m_toldNumbers != numbers();
 }
 
 void WelderState::tick()
 {
-    QVariantMap news = differences(m_told, words());
-    if (m_cell.now() - m_toldAt >= paceMs()) {
-        const QVariantMap levels = numbers();
-        news = merged(differences(m_told, levels), news);
-        if (news.contains(currentKey) || news.contains(voltageKey)) {
-            news.insert(currentKey, levels.value(currentKey));
-            news.insert(voltageKey, levels.value(voltageKey));
-        }
-    }
+    QVariantMap news;
+    takeChanges(news, wordKeys, m_toldWords, words());
+    if (m_cell.now() - m_toldAt >= paceMs()
+        && takeChanges(news, numberKeys, m_toldNumbers, numbers()))
+        completePair(news);
     if (news.isEmpty())
         return;
-    m_told = merged(m_told, news);
     m_toldAt = m_cell.now();
     m_cell.notify(names::welderState, news);
 }
 
-QVariantMap WelderState::words() const
+void WelderState::completePair(QVariantMap &news) const
 {
-    return {{QStringLiteral("state"), m_welder.stateWord()},
-            {QStringLiteral("phase"), m_weld.phaseWord()},
-            {QStringLiteral("welding_name"), m_weld.fileName()}};
+    const QString &currentKey = numberKeys.at(current);
+    const QString &voltageKey = numberKeys.at(voltage);
+    if (!news.contains(currentKey) && !news.contains(voltageKey))
+        return;
+    news.insert(currentKey, m_toldNumbers[current]);
+    news.insert(voltageKey, m_toldNumbers[voltage]);
 }
 
-QVariantMap WelderState::numbers() const
+WelderState::Words WelderState::words() const
+{
+    return {m_welder.stateWord(), m_weld.phaseWord(), m_weld.fileName()};
+}
+
+WelderState::Numbers WelderState::numbers() const
 {
     const Arc &arc = m_weld.process().arc();
-    return {{currentKey, rounded(arc.current(), 1)},
-            {voltageKey, rounded(arc.voltage(), 1)},
-            {QStringLiteral("welding_speed"), rounded(m_weld.torchSpeed(), 1)},
-            {QStringLiteral("welding_time"), rounded(arc.minutes(), 3)},
-            {QStringLiteral("welding_distance"), rounded(arc.distance(), 1)},
-            {QStringLiteral("welding_wire_used"), rounded(arc.wireUsed(), 3)}};
+    return {rounded(arc.current(), 1), rounded(arc.voltage(), 1),  rounded(m_weld.torchSpeed(), 1),
+            rounded(arc.minutes(), 3), rounded(arc.distance(), 1), rounded(arc.wireUsed(), 3)};
 }
 
 Reply WelderState::setRate(const QVariant &payload)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QVariantMap>
+#include <array>
 
 #include "controller/cell.h"
 #include "controller/registry.h"
@@ -28,15 +29,20 @@ public:
     int paceMs() const override { return 1000 / m_rate; }
 
 private:
-    QVariantMap words() const;
-    QVariantMap numbers() const;
+    using Words = std::array<QString, 3>;
+    using Numbers = std::array<double, 6>;
+
+    Words words() const;
+    Numbers numbers() const;
+    void completePair(QVariantMap &news) const;
     Reply setRate(const QVariant &payload);
 
     Cell &m_cell;
     const Welder &m_welder;
     const Weld &m_weld;
     int m_rate = 50; // a second
-    QVariantMap m_told;
+    Words m_toldWords;
+    Numbers m_toldNumbers{};
     qint64 m_toldAt = 0;
 };
 
