@@ -127,11 +127,19 @@ void MonitorPage::onSaveClicked()
         welmo::report::error(this, tr("save error"));
         return;
     }
-    m_data->set(this, QStringLiteral("current"), ui->sbxCurrent->value(), true);
-    m_data->set(this, QStringLiteral("voltage"), ui->sbxVoltage->value(), true);
+    take(QStringLiteral("current"), ui->sbxCurrent);
+    take(QStringLiteral("voltage"), ui->sbxVoltage);
     const auto answer = xservice()->set(this, node(), ui->ledtWeldingName->text(), m_data.get());
     if (answer->getInt(0) != 0)
         welmo::report::error(this, tr("save error"));
     else
         welmo::report::info(this, tr("save succeed"));
+}
+
+// A box at its end may stand for a stored value beyond it, which nobody has touched.
+void MonitorPage::take(const QString &key, const QDoubleSpinBox *box)
+{
+    const double shown = box->value();
+    if (shown < box->maximum() || m_data->r(key)->getDouble() < shown)
+        m_data->set(this, key, shown, true);
 }

@@ -37,6 +37,7 @@ public slots:
 
 private:
     void step(QDoubleSpinBox *box);
+    void take(const QString &key, const QDoubleSpinBox *box);
     QString node() const;
 
     QPointer<QWidget> m_wgt;

@@ -84,14 +84,14 @@ private slots:
     void trimming()
     {
         Desk desk;
-        const QVariantMap file{{"current", 995.0}, {"voltage", 20.0}, {"speed", 12}};
+        const QVariantMap file{{"current", 995.0}, {"voltage", 120.0}, {"speed", 12}};
         desk.host.link()->answers["get arc_weld.weld_param arcdata2"] = file;
         desk.asked("arcdata2");
         const Rows<const char *, double> rows{
             {"btnCurrentAdd1", "sbxCurrent", 996},  {"btnCurrentAdd10", "sbxCurrent", 1000},
             {"btnCurrentSub10", "sbxCurrent", 990}, {"btnCurrentSub1", "sbxCurrent", 989},
-            {"btnVoltageAdd10", "sbxVoltage", 30},  {"btnVoltageAdd1", "sbxVoltage", 31},
-            {"btnVoltageSub1", "sbxVoltage", 30},   {"btnVoltageSub10", "sbxVoltage", 20}};
+            {"btnVoltageAdd10", "sbxVoltage", 130}, {"btnVoltageAdd1", "sbxVoltage", 131},
+            {"btnVoltageSub1", "sbxVoltage", 130},  {"btnVoltageSub10", "sbxVoltage", 120}};
         for (const auto &[button, box, value] : rows) {
             desk.press(button);
             QCOMPARE(desk.box(box)->value(), value);
@@ -109,6 +109,22 @@ private slots:
         for (const char *button : {"btnCurrentAdd1", "btnVoltageSub10"})
             QCOMPARE(desk.saidAfter(button), "error: tessa is not connected [monitor]");
         QCOMPARE(desk.box("sbxCurrent")->value(), 989.0);
+    }
+    // The forms let a current go further than this box does.
+    void whatIsNotTrimmedStays()
+    {
+        const Rows<const char *, double> rows{{"untouched", "btnVoltageAdd1", 1500},
+                                              {"trimmed", "btnCurrentSub1", 999}};
+        for (const auto &[name, button, current] : rows) {
+            Desk desk;
+            auto &answers = desk.host.link()->answers;
+            answers["get arc_weld.weld_param arcdata2"] = QVariantMap{{"current", 1500.0}};
+            answers["set arc_weld.weld_param arcdata2"] = 0;
+            desk.asked("arcdata2");
+            desk.press(button);
+            desk.press("btnSave");
+            QCOMPARE(desk.host.link()->lastPayload.toMap()["current"], QVariant(current));
+        }
     }
     // The rest of a file that could not be read would be lost.
     void nothingIsSavedOverAFileThatCouldNotBeRead()
