@@ -133,7 +133,9 @@ void DevicesSettingPage::loadFromRc()
 
 void DevicesSettingPage::loadFromMobj()
 {
-    setWithoutTriggering(ui->btn_connectSwitch, mobj()->r(enableKey)->getBool());
+    const bool on = mobj()->r(enableKey)->getBool();
+    setWithoutTriggering(ui->btn_connectSwitch, on);
+    setSelectionEnabled(!on);
     setWithoutTriggering(ui->btn_weatherConnectWelder, mobj()->r(connectKey)->getBool());
     const QList<QComboBox *> combos{ui->cbx_protocol, ui->cbx_brand, ui->cbx_type};
     for (int i = 0; i < combos.size(); ++i) {

@@ -159,6 +159,15 @@ private slots:
             QCOMPARE(desk.leaf("device_param.current_type")->value(), QVariant(800));
         }
     }
+    // Some hosts load the module when the link is up already.
+    void aPageBuiltLateShowsItAsWell()
+    {
+        Desk desk;
+        desk.host.link()->answers[readSetting] = QVariantMap{{"enable", true}};
+        QVERIFY(!desk.leaf("enable")->getBool());
+        const DevicesSettingPage late(desk.host.window(), desk.host.window());
+        QVERIFY(!child(late.wgt(), "cbx_type")->isEnabled());
+    }
 };
 
 QTEST_MAIN(tst_DevicesPage)
