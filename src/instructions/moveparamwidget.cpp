@@ -133,5 +133,5 @@ void MoveParamWidget::onBtnDetailClicked()
         dialog->deleteLater();
     });
     m_detailsBlocked = true;
-    dialog->open();
+    dialog->show(); // not modal: what stops the robot stays within reach
 }

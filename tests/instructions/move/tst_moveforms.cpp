@@ -186,7 +186,7 @@ private slots:
             panel.onBtnDetailClicked();
             const auto dialogs = panel.findChildren<WeaveDataDialog *>();
             QCOMPARE(dialogs.size(), 1);
-            QVERIFY(dialogs.first()->isVisible());
+            QVERIFY(dialogs.first()->isVisible() && !dialogs.first()->isModal());
             QCOMPARE(dialogs.first()->getCurrentWeaveData(), file);
             dialogs.first()->close();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
