@@ -233,6 +233,13 @@
     </message>
 </context>
 <context>
+    <name>ArcoffPropertyWidget</name>
+    <message>
+        <source>ArcOffData</source>
+        <translation>收弧数据</translation>
+    </message>
+</context>
+<context>
     <name>ArconPropertyWidget</name>
     <message>
         <source>ArcOnData</source>
@@ -456,8 +463,8 @@
 <context>
     <name>FieldTable</name>
     <message>
-        <source>%1: unknown value &quot;%2&quot; of &quot;%3&quot; is shown as empty and kept</source>
-        <translation>%1：“%3”的值“%2”未知，显示为空并保留</translation>
+        <source>%1: the value &quot;%2&quot; of &quot;%3&quot; is not offered here and is kept</source>
+        <translation>%1：“%3”的值“%2”不在此处的选项中，保持不变</translation>
     </message>
 </context>
 <context>

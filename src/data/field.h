@@ -123,7 +123,11 @@ public:
     NameField(const QString &key, QComboBox *combo, const QString &defaultName)
         : Field(key, defaultName)
         , m_combo(combo)
-    { }
+    {
+        // Who picks the item on which the combo box stands, means it.
+        QObject::connect(combo, qOverload<int>(&QComboBox::activated), &m_guard,
+                         [this] { m_indexOfUnknown = noUnknown; });
+    }
     QWidget *editor() const override { return m_combo; }
     void prepare() override;
     void store(QObject *sender, kelp::ModuleObject *file) const override;
@@ -135,6 +139,7 @@ public:
 private:
     QComboBox *m_combo;
     bool m_keepPresentItem = false;
+    QObject m_guard; ///< the connection goes with the field
     int m_indexOfUnknown = noUnknown; ///< the combo's index while it cannot show the stored name
     static constexpr int noUnknown = -2;
 };

@@ -9,11 +9,12 @@ namespace welmo {
 
 namespace {
 
-void reportUnknown(const QObject *owner, const kelp::ModuleObject *file, const QString &key)
+void reportUnknown(const QObject *owner, const QString &set, const QString &value,
+                   const QString &key)
 {
     const QString text = QCoreApplication::translate(
-        "FieldTable", "%1: unknown value \"%2\" of \"%3\" is shown as empty and kept");
-    report::warning(owner, text.arg(file->name(), file->r(key)->getString(), key));
+        "FieldTable", "%1: the value \"%2\" of \"%3\" is not offered here and is kept");
+    report::warning(owner, text.arg(set, value, key));
 }
 
 } // namespace
@@ -41,7 +42,8 @@ void FieldTable::show(const kelp::ModuleObject *file)
     for (const auto &field : m_rows) {
         const QSignalBlocker blocker(field->editor());
         if (!field->show(file))
-            reportUnknown(m_owner, file, field->key());
+            reportUnknown(m_owner, m_set.isEmpty() ? file->name() : m_set,
+                          file->r(field->key())->getString(), field->key());
         field->shown();
     }
 }

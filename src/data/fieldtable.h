@@ -13,9 +13,11 @@ namespace welmo {
 class FieldTable
 {
 public:
-    /// @p owner is named as the sender of the values it writes and of what it reports.
-    explicit FieldTable(QObject *owner)
+    /// @p owner is named as the sender of the values it writes and of what it reports. @p set names
+    /// what it shows in a report where no file has a name.
+    explicit FieldTable(QObject *owner, const QString &set = {})
         : m_owner(owner)
+        , m_set(set)
     { }
 
     Field &fileName(const QString &key, QComboBox *combo) { return add<FileNameField>(key, combo); }
@@ -67,6 +69,7 @@ public:
 
 private:
     QObject *m_owner;
+    QString m_set;
     std::vector<std::unique_ptr<Field>> m_rows;
 };
 

@@ -15,7 +15,7 @@ const QString presentName = QStringLiteral("present");
 SetForm::SetForm(QObject *owner, const QString &name)
     : m_owner(owner)
     , m_name(name)
-    , m_fields(owner)
+    , m_fields(owner, name)
 { }
 
 kelp::ModuleObject *SetForm::node(const QString &name) const

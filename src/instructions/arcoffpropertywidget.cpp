@@ -1,5 +1,6 @@
 #include "instructions/arcoffpropertywidget.h"
 
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "instructions/formscroller.h"
@@ -13,9 +14,11 @@ ArcoffPropertyWidget::ArcoffPropertyWidget(QWidget *parent)
     , m_arcoff(new ArcoffGroup)
     , m_groups(this, {m_arcoff})
 {
+    auto *tabs = new QTabWidget(this);
+    tabs->addTab(new FormScroller(m_arcoff), tr("ArcOffData"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new FormScroller(m_arcoff));
+    layout->addWidget(tabs);
     m_groups.initUI(this);
 }
 
