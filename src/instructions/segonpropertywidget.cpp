@@ -21,9 +21,10 @@ SegOnPropertyWidget::SegOnPropertyWidget(QWidget *parent)
 void SegOnPropertyWidget::FillWith(const QString &line)
 {
     const FileLine parsed = parseFileLine(instruction(), line);
-    if (!parsed.files.empty() && parsed.files.front())
-        wgtSeg->setFileNumber(*parsed.files.front());
-    report(parsed.problems);
+    if (parsed.names.isEmpty())
+        report(parsed.problems);
+    else
+        wgtSeg->setFileNumber(parsed.names.front()); // which reports a name that is none itself
 }
 
 QString SegOnPropertyWidget::ToString()

@@ -27,9 +27,11 @@ WeaveOnPropertyWidget::WeaveOnPropertyWidget(QWidget *parent)
 void WeaveOnPropertyWidget::FillWith(const QString &line)
 {
     const FileLine parsed = parseFileLine(instruction(), line);
-    if (!parsed.files.empty() && parsed.files.front())
-        wgtWeaveData->setCurrentFileNum(*parsed.files.front());
-    report(parsed.problems);
+    if (parsed.names.isEmpty())
+        report(parsed.problems);
+    else
+        wgtWeaveData->setCurrentFileNum(
+            parsed.names.front()); // which reports a name that is none itself
 }
 
 QString WeaveOnPropertyWidget::ToString()

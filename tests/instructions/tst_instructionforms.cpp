@@ -178,6 +178,22 @@ private slots:
             QCOMPARE(weld->isHidden(), !shown);
         }
     }
+    /// Whoever looks a name up reports it, as operators of the message page expect.
+    void whoReportsAName()
+    {
+        TlArcWeldDefine define(nullptr);
+        const Rows<QString> rows{
+            {R"(WeaveOn "weavedata41")", "weavedata format error [wgtWeaveData]"},
+            {R"(WeaveOn weavedata1)", "weavedata format error [WeaveOnPropertyWidget]"},
+            {R"(ArcOff "arcoffdata41")", "arcoffdata format error [ArcOffPropertyWidget]"},
+        };
+        for (const auto &[line, said] : rows) {
+            const std::unique_ptr<BaseContentWidget> form(propertyForm(line.split(' ').first()));
+            m_host->takeMessages();
+            form->FillWith(line);
+            QCOMPARE(m_host->takeMessages(), QStringList("error: " + said));
+        }
+    }
     /// The dialog edits the named file and no other, and closes after a save that went through.
     void weaveDialog()
     {

@@ -75,7 +75,8 @@ FileLine parseFileLine(Instruction instruction, const QString &line)
 {
     const Grammar &grammar = grammarOf(instruction);
     const size_t count = grammar.sets.size();
-    FileLine result{std::vector<std::optional<QString>>(count), {}, {}};
+    FileLine result;
+    result.files.resize(count);
     const Tokens tokens = grammar.split(line);
     if (size_t(tokens.size()) != count + 1) {
         result.problems.append(commandProblem(instruction, line));
@@ -87,14 +88,14 @@ FileLine parseFileLine(Instruction instruction, const QString &line)
         result.problems.append({grammar.sets[argument].message, result.columns[argument]});
         return result;
     };
-    QStringList names;
     for (size_t i = 0; i < count; ++i) {
-        names.append(CharacterCheck::checkQuotationMarks(tokens.at(int(i) + 1).text));
-        if (names.last().isNull())
+        const QString name = CharacterCheck::checkQuotationMarks(tokens.at(int(i) + 1).text);
+        if (name.isNull())
             return failed(i);
+        result.names.append(name);
     }
     for (size_t i = 0; i < count; ++i) {
-        result.files[i] = lookUp(names.at(int(i)), grammar.sets[i], grammar.sensitivity);
+        result.files[i] = lookUp(result.names.at(int(i)), grammar.sets[i], grammar.sensitivity);
         if (!result.files[i])
             return failed(i);
     }

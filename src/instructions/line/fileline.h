@@ -15,6 +15,7 @@ struct FileLine
     /// One entry for each file that the instruction names, empty where none was recognised; the
     /// names are spelled as in the table of files.
     std::vector<std::optional<QString>> files;
+    QStringList names; ///< what stands in the quotes, a file or not, up to the first without quotes
     std::vector<int> columns; ///< where the arguments stand; empty for a wrong number of them
     Problems problems; ///< in the order in which they are to be reported
 };
