@@ -83,12 +83,19 @@ void NameField::store(QObject *sender, kelp::ModuleObject *file) const
 
 bool NameField::show(const kelp::ModuleObject *file)
 {
-    const int index = m_combo->findText(file->r(key())->getString());
+    const QString name = file->r(key())->getString();
+    const int index = m_meaningTheFirst.contains(name) ? 0 : m_combo->findText(name);
     const bool known = index >= 0;
     if (known || !m_keepPresentItem)
         m_combo->setCurrentIndex(index);
     m_indexOfUnknown = known ? noUnknown : m_combo->currentIndex();
     return known;
+}
+
+NameField &NameField::meaningTheFirst(const QStringList &texts)
+{
+    m_meaningTheFirst = texts;
+    return *this;
 }
 
 NameField &NameField::keepPresentItem()

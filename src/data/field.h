@@ -135,9 +135,12 @@ public:
 
     /// An unknown name leaves the combo on its present item instead of showing an empty choice.
     NameField &keepPresentItem();
+    /// Stored, these texts mean the first item, whatever its own text is.
+    NameField &meaningTheFirst(const QStringList &texts);
 
 private:
     QComboBox *m_combo;
+    QStringList m_meaningTheFirst;
     bool m_keepPresentItem = false;
     QObject m_guard; ///< the connection goes with the field
     int m_indexOfUnknown = noUnknown; ///< the combo's index while it cannot show the stored name

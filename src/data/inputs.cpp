@@ -1,9 +1,11 @@
 #include "data/inputs.h"
 
 #include <QCoreApplication>
+#include <QTranslator>
 #include <algorithm>
 
 #include <kelp/moduleobject.h>
+#include <vu/paths.h>
 
 namespace welmo::inputs {
 
@@ -16,6 +18,13 @@ constexpr int digitalInput = 1; // signal_type of an input, as the controller nu
 QString noSignal()
 {
     return QCoreApplication::translate("Inputs", "No signal");
+}
+
+QStringList noSignalTexts()
+{
+    QTranslator chinese;
+    chinese.load(vu::languagePath(QStringLiteral("welmo_cn"), {}, QStringLiteral("welmo")));
+    return {QStringLiteral("No signal"), chinese.translate("Inputs", "No signal")};
 }
 
 QStringList getDIRange()

@@ -10,6 +10,9 @@ namespace welmo::inputs {
 /// value follows the language, as the controllers in the field expect it.
 QString noSignal();
 
+/// The text for "none" in every language: what one pendant stored, another may read.
+QStringList noSignalTexts();
+
 /// noSignal() first, then the free digital inputs in board and pin order.
 QStringList getDIRange();
 

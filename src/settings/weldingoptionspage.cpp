@@ -46,10 +46,14 @@ void WeldingOptionsPage::declareFields()
         .integer("gas_detect_time", ui->sbx_gasDetectionTime, {1, 30}, 15)
         .unit(ui->lblGasDetectionTimeUnit, units::second);
     m_anticollision.fields().add<SwitchField>("enable", ui->btn_antiCollisionSwitch);
-    m_anticollision.fields().name("signal", ui->cbx_DISelection_anti, inputs::noSignal());
+    m_anticollision.fields()
+        .name("signal", ui->cbx_DISelection_anti, inputs::noSignal())
+        .meaningTheFirst(inputs::noSignalTexts());
     m_anticollision.fields().add<SwitchField>("block", ui->btn_antiCollisionShield);
     m_clamping.fields().choice("enable", ui->cbx_modeSwitch, choices::modeSwitch(), false);
-    m_clamping.fields().name("signal", ui->cbx_DISelection, inputs::noSignal());
+    m_clamping.fields()
+        .name("signal", ui->cbx_DISelection, inputs::noSignal())
+        .meaningTheFirst(inputs::noSignalTexts());
 }
 
 void WeldingOptionsPage::initUI()

@@ -121,6 +121,19 @@ private slots:
             QCOMPARE(desk.torchInput->currentText(), isStored ? "DI2_5" : "No signal");
         }
     }
+    // The text is stored as it is shown, and the next pendant may show another language.
+    void noSignalIsKnownInEveryLanguage()
+    {
+        Desk desk;
+        for (const char *stored : {"No signal", "无信号"}) {
+            desk.input->setCurrentText("DI2_3");
+            desk.host.link()->answers["get arc_weld.anticollision_param"] =
+                QVariantMap{{"signal", stored}};
+            desk.page.initPage();
+            QCOMPARE(desk.input->currentText(), "No signal");
+            QVERIFY(!desk.outcome().join('|').contains("warning"));
+        }
+    }
     void theSensor()
     {
         Desk desk;
