@@ -3,9 +3,9 @@
 #include <QToolButton>
 
 #include "controller/json.h"
-#include "desk.h"
 #include "fuzz.h"
 #include "pando/moduleframework.h"
+#include "support/formhost.h"
 
 namespace {
 
@@ -14,10 +14,11 @@ struct Module
 {
     Module()
     {
-        auto *framework = desk.host().helper()->framework();
+        auto *framework = host.host().helper()->framework();
         require(framework->create("welmo"), "there is the module");
         framework->start();
-        for (auto *button : desk.window()->findChildren<QToolButton *>()) {
+        require(host.connect(), "it watches what it shows");
+        for (auto *button : host.window()->findChildren<QToolButton *>()) {
             if (button->isCheckable() && button->parent()->objectName() == "wgtNav")
                 buttons.append(button);
         }
@@ -35,18 +36,17 @@ struct Module
     // Back to the controller's own values.
     void settle()
     {
-        desk.setAnswer({});
-        const QVariantMap values = desk.cell().values();
+        host.link()->answerToReads.reset();
         for (const QString &path : watched) {
-            desk.notify(path, QVariant());
-            desk.notify(path, values.value(path));
+            host.notify(path, QVariant());
+            host.notify(path, host.stored(path));
         }
         open();
     }
     QStringList shown()
     {
         QStringList all;
-        for (const auto *widget : desk.window()->findChildren<QWidget *>()) {
+        for (const auto *widget : host.window()->findChildren<QWidget *>()) {
             if (widget->objectName().isEmpty() || widget->objectName().startsWith("qt_"))
                 continue;
             const auto *label = qobject_cast<const QLabel *>(widget);
@@ -59,7 +59,7 @@ struct Module
 
     const QStringList watched{"arc_weld.weld_mode", "arc_weld.welder_state",
                               "arc_weld.device_param", "arc_weld.anticollision_state"};
-    Desk desk;
+    testsupport::FormHost host{testsupport::FormHost::Down};
     QList<QToolButton *> buttons;
     QStringList texts;
 };
@@ -76,11 +76,13 @@ void fuzz(const QByteArray &input)
     if (!value)
         return;
     for (const QString &path : module.watched)
-        module.desk.notify(path, *value);
-    module.desk.setAnswer(*value);
+        module.host.notify(path, *value);
+    module.host.link()->answerToReads = value;
     module.open();
     module.settle();
     module.settle(); // a voltage is clamped by the mode that was shown before it
+    module.host.takeMessages();
+    module.host.takeRequests();
     const QStringList texts = module.shown();
     require(texts.size() == module.texts.size(), "pages keep their controls");
     for (int i = 0; i < texts.size(); ++i)

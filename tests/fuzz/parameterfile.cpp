@@ -1,15 +1,13 @@
 #include "controller/fields.h"
 #include "controller/json.h"
 #include "data/fileform.h"
-#include "desk.h"
 #include "fuzz.h"
 #include "settings/arcoffgroup.h"
 #include "settings/arcongroup.h"
 #include "settings/segparameterwidget.h"
 #include "settings/weaveeditor.h"
 #include "settings/weldgroup.h"
-
-using controller::Request;
+#include "support/formhost.h"
 
 namespace {
 
@@ -35,20 +33,19 @@ struct Forms
     }
     QVariant read(const welmo::FileForm &form)
     {
-        return desk.cell().handle({Request::Kind::Get, form.set().node(), name(form)}).value;
+        return host.stored(form.set().node(), form.combo()->currentText());
     }
     int write(const welmo::FileForm &form, const QVariant &file)
     {
-        return desk.cell().handle({Request::Kind::Set, form.set().node(), name(form), file}).code;
+        return host.store(form.set().node(), form.combo()->currentText(), file);
     }
-    static QString name(const welmo::FileForm &form) { return form.combo()->currentText(); }
 
-    Desk desk;
-    ArconGroup arcon{desk.window()};
-    WeldGroup weld{desk.window()};
-    ArcoffGroup arcoff{desk.window()};
-    WeaveEditor weave{desk.window()};
-    SegParameterWidget seg{desk.window()};
+    testsupport::FormHost host;
+    ArconGroup arcon{host.window()};
+    WeldGroup weld{host.window()};
+    ArcoffGroup arcoff{host.window()};
+    WeaveEditor weave{host.window()};
+    SegParameterWidget seg{host.window()};
     QMap<QString, std::pair<welmo::FileForm *, QVariant>>
         forms; // with the file that they start from
 };
@@ -84,9 +81,11 @@ void fuzz(const QByteArray &input)
     require(accepted || kelp::sameValue(all.read(*form), start), "what is refused changes nothing");
     require(!accepted || kelp::sameValue(all.read(*form), *value), "what is accepted is kept");
     if (!accepted)
-        all.desk.setAnswer(*value);
+        all.host.link()->answerToReads = value;
     form->select();
-    all.desk.setAnswer({});
+    all.host.link()->answerToReads.reset();
+    all.host.takeMessages();
+    all.host.takeRequests();
     if (!form->holdsChosenFile())
         return;
     const int saved = form->save();

@@ -1,10 +1,11 @@
 #include <QHash>
+#include <QRegularExpression>
 #include <algorithm>
 
-#include "desk.h"
 #include "fuzz.h"
 #include "instructions/line/normalform.h"
 #include "instructions/tlarcweld.h"
+#include "support/formhost.h"
 #include "tessa/basecontentwidget.h"
 #include "tools/tlcheck/checker.h"
 
@@ -45,13 +46,13 @@ struct Editor
     {
         const auto creators = tessa::TlManager::getTlManager()->propertyWidgetCreators;
         for (auto creator = creators.begin(); creator != creators.end(); ++creator) {
-            auto *widget = creator.value()(desk.window());
+            auto *widget = creator.value()(host.window());
             const bool moves = creator.key().startsWith("WMove");
             forms.insert(creator.key(), {widget, widget->ToString() + (moves ? ",\"NULL\"" : "")});
         }
     }
 
-    Desk desk;
+    testsupport::FormHost host;
     TlArcWeldDefine instructions{nullptr};
     tlcheck::Checker checker;
     QHash<QString, Form> forms;
@@ -85,10 +86,13 @@ void fuzz(const QByteArray &input)
         return;
     tessa::BaseContentWidget *form = found->widget;
     form->FillWith(found->start);
-    editor.desk.take({});
+    editor.host.takeMessages();
+    editor.host.takeRequests();
 
     form->FillWith(line);
-    QStringList said = editor.desk.take("error");
+    QStringList said;
+    for (const QString &line : editor.host.takeMessages().filter(QRegularExpression("^error: ")))
+        said.append(line.mid(7, line.lastIndexOf(" [") - 7));
     QStringList finds = expected(editor.checker.checkLine(line, 0));
     std::sort(said.begin(), said.end());
     std::sort(finds.begin(), finds.end());

@@ -1,56 +1,27 @@
-#include "controller/names.h"
-#include "desk.h"
+#include "controller/controllerbench.h"
+#include "controller/json.h"
 #include "fuzz.h"
-
-using controller::Request;
-namespace names = controller::names;
-
-namespace {
-
-/// A controller, ready to weld; one that a program has changed is not used again.
-struct Robot
-{
-    Robot()
-    {
-        cell.handle(
-            {Request::Kind::Command, names::setWeldMode, "", QVariantMap{{"mode", "real"}}});
-        start = position();
-        cell.told = [this](const QString &path, const QVariant &) {
-            changed = changed || path != names::programState;
-        };
-    }
-    QVariant position()
-    {
-        return cell.handle({Request::Kind::Command, names::robotPosition}).value;
-    }
-    QVariant state(const char *key)
-    {
-        return cell.handle({Request::Kind::Get, names::programState, key}).value;
-    }
-    VirtualCell cell;
-    QVariant start;
-    bool changed = false;
-};
-
-} // namespace
 
 /// A program that a controller is given and runs for a while.
 void fuzz(const QByteArray &input)
 {
-    static std::unique_ptr<Robot> robot;
-    if (!robot || robot->changed || robot->position() != robot->start)
-        robot = std::make_unique<Robot>();
-    VirtualCell &cell = robot->cell;
+    ControllerBench bench;
+    bench.run("arc_weld.set_weld_mode", QVariantMap{{"mode", "real"}});
+    const auto state = [&bench](const char *key) {
+        return bench.get("tl_program.state", key).value;
+    };
     const QVariantMap program{{"name", "fuzz.tl"}, {"text", textOf(input)}};
     const int lines = textOf(input).count('\n') + 1;
-    require(cell.handle({Request::Kind::Command, names::loadProgram, "", program}).ok(),
-            "any text is a program");
-    require(cell.handle({Request::Kind::Command, names::runProgram}).ok(), "and can be run");
-    for (int i = 0; i < 20 && robot->state("state") == "running"; ++i) {
-        cell.pass(100);
-        const int line = robot->state("line").toInt();
+    require(bench.run("tl_program.load", program).ok(), "any text is a program");
+    require(bench.run("tl_program.run").ok(), "and can be run");
+    for (int i = 0; i < 20 && state("state") == "running"; ++i) {
+        bench.now += 100;
+        bench.controller.tick();
+        const int line = state("line").toInt();
         require(line >= 0 && line <= lines, "it is in a line");
     }
-    require(cell.handle({Request::Kind::Command, names::stopProgram}).ok(), "it can be stopped");
-    require(robot->state("state") == "idle" && robot->state("line") == 0, "and is over then");
+    require(bench.run("tl_program.stop").ok(), "it can be stopped");
+    require(state("state") == "idle" && state("line") == 0, "and is over then");
+    for (const ControllerBench::Told &told : qAsConst(bench.told))
+        require(controller::isPlain(told.values), "what is told is plain", told.path);
 }

@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QWidget>
 #include <memory>
+#include <optional>
 
 #include "link/embeddedlink.h"
 #include "pando/frame.h"
@@ -30,6 +31,7 @@ public:
     QVariant lastPayload; ///< of the last write or command
     QString breakAt; ///< the link breaks when this request comes
     QHash<QString, QVariant> answers; ///< to these requests, instead of the controller's own
+    std::optional<QVariant> answerToReads; ///< to every read and subscription
 };
 
 /// What a form needs around it, without a window: a host, a frame, and a controller in memory. Up

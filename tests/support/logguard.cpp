@@ -25,7 +25,9 @@ void onMessage(QtMsgType type, const QMessageLogContext &context, const QString 
 
 LogGuard::LogGuard()
 {
-    s_previous = qInstallMessageHandler(onMessage);
+    const QtMessageHandler previous = qInstallMessageHandler(onMessage);
+    if (previous != onMessage)
+        s_previous = previous;
 }
 
 LogGuard::~LogGuard()

@@ -4,7 +4,7 @@
 
 namespace testsupport {
 
-/// While it lives, a qWarning or qCritical ends the test. One at a time.
+/// While it lives, a qWarning or qCritical ends the test. The first that goes ends it for all.
 class LogGuard
 {
 public:
