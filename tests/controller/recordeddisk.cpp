@@ -2,8 +2,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QMap>
-#include <new>
+#include <map>
 #include <sqlite3.h>
 
 using Operation = RecordedDisk::Operation;
@@ -12,47 +13,36 @@ namespace {
 
 RecordedDisk *recorder = nullptr;
 sqlite3_vfs *real = nullptr;
+sqlite3_vfs recording;
 
-// SQLite allocates szOsFile bytes: ours, and behind it the file of the real file system.
-struct File : sqlite3_file
+// An open file is the real one; only its table of methods is a copy with some of ours.
+std::map<const sqlite3_io_methods *, sqlite3_io_methods> copies; // by the real table
+QHash<sqlite3_file *, std::pair<QString, const sqlite3_io_methods *>> files; // name, real table
+
+bool record(sqlite3_file *file, Operation::Kind kind, qint64 offset = 0,
+            const QByteArray &bytes = {})
 {
-    QString *name;
-
-    static sqlite3_file *under(sqlite3_file *file)
-    {
-        return reinterpret_cast<sqlite3_file *>(static_cast<File *>(file) + 1);
-    }
-    static bool record(sqlite3_file *file, Operation::Kind kind, qint64 offset = 0,
-                       const QByteArray &bytes = {})
-    {
-        return recorder->record({kind, *static_cast<File *>(file)->name, offset, bytes});
-    }
-};
-
-int closeFile(sqlite3_file *file)
-{
-    delete static_cast<File *>(file)->name;
-    return File::under(file)->pMethods->xClose(File::under(file));
+    return recorder->record({kind, files[file].first, offset, bytes});
 }
 
 int write(sqlite3_file *file, const void *bytes, int count, sqlite3_int64 offset)
 {
     const auto content = QByteArray(static_cast<const char *>(bytes), count);
-    if (!File::record(file, Operation::Write, offset, content))
+    if (!record(file, Operation::Write, offset, content))
         return SQLITE_FULL;
-    return File::under(file)->pMethods->xWrite(File::under(file), bytes, count, offset);
+    return files[file].second->xWrite(file, bytes, count, offset);
 }
 
 int truncate(sqlite3_file *file, sqlite3_int64 size)
 {
-    if (!File::record(file, Operation::Truncate, size))
+    if (!record(file, Operation::Truncate, size))
         return SQLITE_IOERR_TRUNCATE;
-    return File::under(file)->pMethods->xTruncate(File::under(file), size);
+    return files[file].second->xTruncate(file, size);
 }
 
 int sync(sqlite3_file *file, int)
 {
-    return File::record(file, Operation::Sync) ? SQLITE_OK : SQLITE_IOERR_FSYNC;
+    return record(file, Operation::Sync) ? SQLITE_OK : SQLITE_IOERR_FSYNC;
 }
 
 int remove(sqlite3_vfs *, const char *name, int syncFolder)
@@ -63,51 +53,20 @@ int remove(sqlite3_vfs *, const char *name, int syncFolder)
     return real->xDelete(real, name, 0);
 }
 
-// The rest goes to the real file, whatever its arguments are.
-template<auto Method, typename... Arguments>
-int pass(sqlite3_file *file, Arguments... arguments)
+int openFile(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int *outFlags)
 {
-    sqlite3_file *under = File::under(file);
-    return (under->pMethods->*Method)(under, arguments...);
-}
-
-void passBarrier(sqlite3_file *file)
-{
-    File::under(file)->pMethods->xShmBarrier(File::under(file));
-}
-
-using Methods = sqlite3_io_methods;
-const Methods methods{2, // without the memory map of version 3, whose writes could not be seen
-                      closeFile,
-                      pass<&Methods::xRead, void *, int, sqlite3_int64>,
-                      write,
-                      truncate,
-                      sync,
-                      pass<&Methods::xFileSize, sqlite3_int64 *>,
-                      pass<&Methods::xLock, int>,
-                      pass<&Methods::xUnlock, int>,
-                      pass<&Methods::xCheckReservedLock, int *>,
-                      pass<&Methods::xFileControl, int, void *>,
-                      pass<&Methods::xSectorSize>,
-                      pass<&Methods::xDeviceCharacteristics>,
-                      pass<&Methods::xShmMap, int, int, int, void volatile **>,
-                      pass<&Methods::xShmLock, int, int, int>,
-                      passBarrier,
-                      pass<&Methods::xShmUnmap, int>,
-                      nullptr,
-                      nullptr};
-
-int openFile(sqlite3_vfs *, const char *name, sqlite3_file *memory, int flags, int *outFlags)
-{
-    File *file = new (memory) File;
-    const int result = real->xOpen(real, name, File::under(file), flags, outFlags);
-    file->pMethods = result == SQLITE_OK ? &methods : nullptr;
-    file->name =
-        result == SQLITE_OK ? new QString(QString::fromUtf8(name).section('/', -1)) : nullptr;
+    const int result = real->xOpen(real, name, file, flags, outFlags);
+    if (result != SQLITE_OK)
+        return result;
+    files[file] = {QString::fromUtf8(name).section('/', -1), file->pMethods};
+    sqlite3_io_methods &ours = copies.try_emplace(file->pMethods, *file->pMethods).first->second;
+    ours.iVersion = 2; // without the memory map of version 3, whose writes could not be seen
+    ours.xWrite = write;
+    ours.xTruncate = truncate;
+    ours.xSync = sync;
+    file->pMethods = &ours;
     return result;
 }
-
-sqlite3_vfs recording;
 
 bool reached(const QVector<Operation> &operations, int operation, int end, RecordedDisk::Cut cut)
 {
@@ -146,7 +105,6 @@ RecordedDisk::RecordedDisk()
     real = sqlite3_vfs_find(nullptr);
     recording = *real;
     recording.zName = "recording";
-    recording.szOsFile = int(sizeof(File)) + real->szOsFile;
     recording.xOpen = openFile;
     recording.xDelete = remove;
     sqlite3_vfs_register(&recording, 1);

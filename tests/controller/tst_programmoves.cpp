@@ -40,9 +40,7 @@ private slots:
     {
         const Rows<QString, Vector3d> rows{
             {"joint", "MoveJ p3,v200,z5,torch1,wobj0", p3},
-            {"welding move without an arc", "WMoveL p4,v200,z5,torch1", p4},
             {"circular", "MoveC p7,p8,v200,z5,torch1", {700, 100, 200}},
-            {"circle on a line", "WMoveC Offs(p1,0,150,0),p5,v200,fine,torch1", {800, 200, 500}},
             {"offset", "MoveL Offs(p3,-10,20.5,30),v200,z5,torch1", {790, -179.5, 230}},
             // The torch at p1 points down: its z is the world's -z, its x the world's -x there.
             {"tool", "MoveL RelTool(p1,10,0,40),v200,z5,torch1", {790, -200, 460}},

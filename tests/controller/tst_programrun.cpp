@@ -81,15 +81,12 @@ private slots:
             // after "line 2: "
             {"point", "MoveL p99,v50,fine,torch1", "there is no point p99"},
             {"speed", "MoveL p3,v51,fine,torch1", "there is no var v51"},
-            {"tool", "MoveL p3,v50,fine,hammer", "there is no tool hammer"},
-            {"work object", "MoveL p3,v50,fine,torch1,wobj9", "there is no wobj wobj9"},
             {"call", "MoveL Off(p3,1),v50,fine,torch1", "Off(p3,1) is no point"},
             {"too short", "WMoveC p3,p4,v50,fine", "WMoveC needs a point, speed, zone and tool"},
             {"reach", "MoveL Offs(p3,5000,0,0),v50,fine,torch1",
              "the robot does not get to Offs(p3,5000,0,0)"},
             {"weave", "WMoveL p3,v50,fine,torch1,\"weavedata9\"",
              "there is no file \"weavedata9\""},
-            {"arc file", "ArcOn \"arcondata1\",\"arcdata9\"", "there is no file \"arcdata9\""},
             {"time", "FeedOnWire 1,5", "FeedOnWire needs a time in seconds, up to an hour"},
         };
         for (const auto &[name, line, message] : rows) {

@@ -75,14 +75,9 @@ private slots:
     }
     void retriesWithMore()
     {
-        const Rows<int, int, bool> rows{
-            // 0: switched off
-            {"second time", 2, 1, true},
-            {"last time", 2, 2, true},
-            {"never", 2, 3, false},
-        };
-        for (const auto &[name, allowed, failures, strikes] : rows) {
-            const QVariantMap retries{{"enable", allowed > 0},
+        for (const int failures : {1, 2, 3}) {
+            const bool strikes = failures < 3;
+            const QVariantMap retries{{"enable", true},
                                       {"retry_time", 2},
                                       {"current_step", 10.0},
                                       {"voltage_step", 2.0},
