@@ -1,7 +1,5 @@
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QJsonArray>
-#include <QJsonObject>
 #include <QLabel>
 #include <QScrollBar>
 #include <QStyle>
@@ -9,7 +7,6 @@
 #include <QTest>
 #include <QToolButton>
 
-#include "kelp/jsonfile.h"
 #include "pando/frame.h"
 #include "support/programtouch.h"
 #include "support/rows.h"
@@ -118,23 +115,6 @@ private slots:
                 }
             }
             QCOMPARE(pendant.window()->size(), QSize(1280, 800));
-        }
-    }
-    // A module styles its pages itself; a rule of the pendant that reaches them changes their look.
-    void rulesStayOutOfModules()
-    {
-        QString error;
-        const auto rules = kelp::readJsonFile(":/pendant/render/pendant.json", &error).array();
-        QVERIFY2(!rules.isEmpty(), qPrintable(error));
-        const QStringList own{"#pnd", "pendant--", "QMessageBox", "QToolTip",
-                              "QLabel#lblLinkState"};
-        for (const QJsonValue &rule : rules) {
-            for (const QString &selector : rule["name"].toString().split(',')) {
-                const bool isOwn = std::any_of(own.begin(), own.end(), [&](const QString &start) {
-                    return selector.trimmed().startsWith(start);
-                });
-                QVERIFY2(isOwn, qPrintable(selector));
-            }
         }
     }
 };

@@ -31,22 +31,6 @@ private slots:
             QVERIFY(!parsed.error.contains('\n'));
         }
     }
-    void usable()
-    {
-        const auto defaults = pendant::parseOptions({"pendant"});
-        QVERIFY(defaults.error.isEmpty() && defaults.options.language.isEmpty());
-        QVERIFY(defaults.options.theme.isEmpty());
-        QVERIFY(defaults.options.dataFolder.endsWith("/welmo"));
-        QVERIFY(defaults.options.modulePath.endsWith("libwelmo.so"));
-        const auto given = pendant::parseOptions({"pendant", "--language", "zh_CN", "--theme",
-                                                  QCoreApplication::applicationFilePath(), "--data",
-                                                  "/d", "--module", "/m.so"});
-        QCOMPARE(given.error, QString());
-        QCOMPARE(given.options.language, "zh_CN");
-        QCOMPARE(given.options.theme, QCoreApplication::applicationFilePath());
-        QCOMPARE(given.options.dataFolder, "/d");
-        QCOMPARE(given.options.modulePath, "/m.so");
-    }
 };
 
 QTEST_GUILESS_MAIN(TestOptions)
