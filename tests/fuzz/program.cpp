@@ -1,13 +1,11 @@
-#include <QRegularExpression>
 #include <algorithm>
 
 #include "fuzz.h"
-#include "instructions/line/normalform.h"
 #include "instructions/line/programtext.h"
 #include "tools/tlcheck/checker.h"
 #include "tools/tlcheck/normalise.h"
 
-using namespace welmo::line;
+using welmo::line::ProgramText;
 
 namespace {
 
@@ -22,12 +20,6 @@ tlcheck::Findings check(const ProgramText &program)
         require(!finding.text().isEmpty(), "and says something");
     }
     return findings;
-}
-
-// All that counts in a line of files, or of a word alone.
-QString squeezed(QString line)
-{
-    return line.remove(QRegularExpression("[\\s,]+")).toLower();
 }
 
 // Where something is edited has to come from somewhere.
@@ -62,16 +54,6 @@ void fuzz(const QByteArray &input)
 
     tlcheck::normalise(program);
     require(tlcheck::normalise(program) == 0, "a normal form is final");
-    for (int i = 0; i < lines.size(); ++i) {
-        const QString &line = lines.at(i);
-        const QString normal = program.line(i);
-        if (normal == line)
-            continue;
-        require(classify(normal) == classify(line), "and of the same instruction", line);
-        const bool hasNumbers = normal.contains(QRegularExpression("^(WMove|Feed|Detect)"));
-        require(hasNumbers ? keepsAll(line, normal) : squeezed(line) == squeezed(normal),
-                "and says the same", line);
-    }
     for (const tlcheck::Finding &finding : check(program))
         require(std::any_of(findings.begin(), findings.end(),
                             [&finding](const tlcheck::Finding &before) {

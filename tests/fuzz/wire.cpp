@@ -41,7 +41,7 @@ void check(const MqttMessage &message, Read read)
 
 } // namespace
 
-/// One message in every way in which messages with more than one part are read.
+/// One message in every way in which messages are read.
 void fuzz(const QByteArray &input)
 {
     const MqttMessage message = mail::read(input).first();
@@ -49,4 +49,21 @@ void fuzz(const QByteArray &input)
     check(message, wire::toBeat);
     check(message, wire::toAlive);
     check(message, wire::toReply);
+    if (const auto value = wire::toValue(message); value && !message.payload.isEmpty()) {
+        require(mapOf(message.payload).contains("value"), "a value is told", message.payload);
+        require(controller::isPlain(*value), "a value is plain", message.payload);
+    }
+    if (const auto present = wire::toStatus(message))
+        require(mapOf(message.payload).value("present") == *present, "a status is told",
+                message.payload);
+
+    const wire::Topics topics("cell");
+    const QString user = topics.requester(message.topic);
+    require(user.isEmpty() || topics.request(user) == message.topic, "a request's topic",
+            message.topic);
+    require(topics.beater(message.topic).isEmpty() || user.isEmpty(), "is no beat's",
+            message.topic);
+    const QString client = topics.replier(message.responseTopic, "anna");
+    require(client.isEmpty() || topics.reply("anna", client) == message.responseTopic,
+            "a reply's topic", message.responseTopic);
 }

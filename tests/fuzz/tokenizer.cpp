@@ -1,0 +1,73 @@
+#include <QRegularExpression>
+
+#include "fuzz.h"
+#include "instructions/line/charactercheck.h"
+#include "instructions/line/fileline.h"
+#include "instructions/line/moveline.h"
+#include "instructions/line/normalform.h"
+#include "instructions/line/pointexpression.h"
+#include "instructions/line/timedline.h"
+#include "instructions/line/token.h"
+#include "instructions/line/wordline.h"
+
+using namespace welmo::line;
+
+namespace {
+
+void checkTokens(const QString &line, const Tokens &tokens)
+{
+    int end = 1;
+    for (const Token &token : tokens) {
+        require(token.column >= end && !token.text.isEmpty(), "tokens stand in a row", line);
+        require(line.mid(token.column - 1, token.text.size()) == token.text, "at their columns",
+                line);
+        end = token.end();
+    }
+}
+
+// Whatever the line's first word is.
+Problems problems(const QString &line)
+{
+    Problems all;
+    for (auto move : {Instruction::WMoveL, Instruction::WMoveC})
+        all += parseMoveLine(move, line).problems;
+    for (auto timed : {Instruction::FeedOnWire, Instruction::FeedBackWire, Instruction::DetectGas})
+        all += parseTimedLine(timed, line).problems;
+    for (auto files :
+         {Instruction::ArcOn, Instruction::ArcOff, Instruction::WeaveOn, Instruction::SegOn})
+        all += parseFileLine(files, line).problems;
+    return all + checkWordLine(Instruction::WeaveOff, line)
+        + checkWordLine(Instruction::SegOff, line);
+}
+
+// All that counts in a line of files, or of a word alone.
+QString squeezed(QString line)
+{
+    return line.remove(QRegularExpression("[\\s,]+")).toLower();
+}
+
+} // namespace
+
+/// One line, taken apart in every way there is.
+void fuzz(const QByteArray &input)
+{
+    const QString line = textOf(input);
+    checkTokens(line, splitArguments(line));
+    checkTokens(line, splitMoveArguments(line));
+    CharacterCheck::checkQuotationMarks(line);
+    for (const Problem &problem : problems(line))
+        require(problem.column >= 1 && problem.column <= qMax(1, line.size()),
+                "a problem is within its line", line);
+    const PointExpression point = PointExpression::parse(line);
+    if (const QString normal = normalPoint(line); !normal.isNull())
+        require(PointExpression::parse(normal) == point, "a normal point says the same", line);
+    const QString normal = normalForm(line);
+    if (normal.isNull())
+        return;
+    require(normalForm(normal) == normal, "a normal form is final", normal);
+    require(classify(normal) == classify(line), "and of the same instruction", line);
+    const bool hasNumbers =
+        normal.startsWith("WMove") || parseTimedLine(classify(line), normal).seconds;
+    require(hasNumbers ? keepsAll(line, normal) : squeezed(line) == squeezed(normal),
+            "and says the same", line);
+}
