@@ -1,11 +1,17 @@
 #include <QtTest>
+#include <functional>
 
 #include "controllerbench.h"
+#include "support/rows.h"
 
 using namespace controller;
+using Fault = Faults::Fault;
 using Event = Journal::Event;
+using testsupport::Rows;
 
 namespace {
+
+constexpr int lastBeatToStill = 100; // the longest that wire moves after a beat
 
 /// A pendant with the two wire keys.
 struct Keys : ControllerBench
@@ -35,7 +41,10 @@ struct Keys : ControllerBench
         press();
         return feed(true);
     }
+    bool moves() const { return !events().isEmpty() && events().last() != Event::WireStops; }
 };
+
+using Step = std::function<void(Keys &)>;
 
 } // namespace
 
@@ -45,17 +54,45 @@ class tst_HoldToRun : public QObject
 {
     Q_OBJECT
 private slots:
-    // The controller was busy elsewhere: the beat that it finds excuses none it missed.
-    void aBeatThatCameTooLate()
+    void stopsByItself()
     {
-        Keys bench;
-        QCOMPARE(bench.pressFeed(), int(Ok));
-        bench.now += 100; // the longest that wire moves after a beat
-        bench.live(0);
-        bench.pass(1);
-        QCOMPARE(bench.events().last(), Event::WireStops);
-        QCOMPARE(bench.journal.entries().last().cause, QString("no heartbeat"));
-        QCOMPARE(bench.feed(true), int(WrongState)); // the same press, repeated
+        const Rows<Step, QString, int> rows{
+            {"no beats", [](Keys &) {}, "no heartbeat", lastBeatToStill},
+            {"pendant lost", [](Keys &b) { b.controller.losePendant(); }, "pendant lost", 0},
+            {"hand off the keys, release lost",
+             [](Keys &b) {
+                 b.held = false;
+                 b.live(0);
+             },
+             "no key held", 0},
+            {"welder error", [](Keys &b) { b.faults.set(Fault::WelderError, true); },
+             "welder error", 10},
+            {"wire stuck", [](Keys &b) { b.faults.set(Fault::WireStuck, true); }, "wire stuck", 10},
+            // The controller was busy elsewhere: the beat that it finds excuses none it missed.
+            {"beats too late",
+             [](Keys &b) {
+                 b.now += lastBeatToStill;
+                 b.live(0);
+             },
+             "no heartbeat", lastBeatToStill},
+        };
+        for (const auto &[name, trouble, cause, within] : rows) {
+            Keys bench;
+            bench.press();
+            QCOMPARE(bench.back(true), int(Ok));
+            bench.live(500);
+            const qint64 lastBeat = bench.now;
+            trouble(bench);
+            bench.pass(1000);
+            QCOMPARE(bench.events(), (QVector<Event>{Event::WireRetracts, Event::WireStops}));
+            QCOMPARE(bench.journal.entries().last().cause, cause);
+            QVERIFY(bench.journal.entries().last().time - lastBeat <= within);
+            bench.faults.clear();
+            bench.live(100);
+            QVERIFY(!bench.moves());
+            QCOMPARE(bench.back(true), int(WrongState)); // the same press, repeated
+            QCOMPARE(bench.pressFeed(), int(Ok));
+        }
     }
     void onePressOneStart()
     {

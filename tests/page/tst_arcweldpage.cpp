@@ -8,6 +8,7 @@
 #include "support/formhost.h"
 #include "support/rows.h"
 
+using tessa::ControllerStatus;
 using testsupport::child;
 using testsupport::FormHost;
 using testsupport::Rows;
@@ -35,6 +36,7 @@ struct Desk
         page = pando::frame().center->currentWidget();
         buttons = child(page, "wgtNav")->findChildren<QToolButton *>();
     }
+    ControllerStatus *status() { return host.host().helper()->status(); }
     QLabel *indicator() const
     {
         return qobject_cast<QLabel *>(pando::frame().status->item("welmo.labelArcMode"));
@@ -94,6 +96,21 @@ private slots:
         desk.buttons[2]->click();
         QVERIFY(desk.host.takeRequests().contains("get arc_weld.arcon_param arcondata1"));
         QCOMPARE(desk.subPages(), "gbx_weldSelection GBX_ARCONPARAM");
+    }
+    void availability()
+    {
+        Desk desk;
+        const auto usable = [&desk](const char *box) { return child(desk.page, box)->isEnabled(); };
+        desk.status()->setState(ControllerStatus::State::Fault);
+        QVERIFY(!usable("gbx_weldSelection") && desk.buttons[1]->isEnabled());
+        desk.buttons[1]->click();
+        QVERIFY(!usable("gbx_baseSetting"));
+        desk.buttons[0]->click();
+        desk.status()->setState(ControllerStatus::State::Running);
+        desk.status()->setLevel(ControllerStatus::Level::Viewer);
+        QVERIFY(usable("gbx_weldSelection")); // the level counts only with the next of the others
+        desk.status()->setPower(ControllerStatus::Power::Off);
+        QVERIFY(!usable("gbx_weldSelection"));
     }
     void aConnectionLoadsThePagesAnew()
     {

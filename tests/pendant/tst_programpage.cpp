@@ -32,6 +32,17 @@ private slots:
         m_program.reset();
         m_pendant.reset();
     }
+    void onlyTheEditedLineChanges()
+    {
+        keep("mixed.tl", mixed);
+        m_program->open("mixed.tl");
+        m_program->choose(5);
+        m_pendant->click("btnEditLine");
+        m_pendant->choose("cbx_arcoffParamFileNumber", "arcoffdata8");
+        m_pendant->click("btnFormAccept");
+        m_pendant->click("btnSaveProgram");
+        QCOMPARE(kept("mixed.tl"), QByteArray(mixed).replace("data7", "data8"));
+    }
     void aRefusedLineIsReplacedOnlyWhenTheOperatorSaysSo()
     {
         keep("mixed.tl", mixed);
