@@ -68,15 +68,6 @@ class tst_WeaveEditor : public QObject
     Q_OBJECT
 
 private slots:
-    void someFieldsCannotBeEdited()
-    {
-        Desk desk;
-        for (const char *name :
-             {"cbxWeaveStandard", "cbxWeaveShape", "cbxWeaveWaveformDirection",
-              "cbxWeaveElevationType", "sbxWeaveLeftElevation", "sbxWeaveRightElevation",
-              "sbxWeaveInclination", "cbxWeaveStayType", "sbxWeaveCenterStay"})
-            QVERIFY2(!child(desk.page.wgt(), name)->isEnabled(), name);
-    }
     void theReferenceDecidesRangeAndUnits()
     {
         Desk desk;
@@ -105,8 +96,9 @@ private slots:
     void thePatternDecidesRadiusAndStay()
     {
         const Rows<bool, bool> rows{
-            {"no_weaving", false, false}, {"triangular", false, true}, {"sine", false, true},
-            {"circular", true, false},    {"figure_8", true, false},
+            {"no_weaving", false, false},
+            {"sine", false, true},
+            {"figure_8", true, false},
         };
         Desk desk;
         int number = 1;
