@@ -1,11 +1,12 @@
 #include "recordeddisk.h"
 
 #include <QDir>
-#include <QFile>
 #include <QHash>
 #include <QMap>
 #include <map>
 #include <sqlite3.h>
+
+#include "support/files.h"
 
 using Operation = RecordedDisk::Operation;
 
@@ -141,9 +142,6 @@ void RecordedDisk::rebuild(const QString &folder, const QVector<Operation> &oper
         if (last.kind == Operation::Write)
             apply(last, &files);
     }
-    for (auto file = files.cbegin(); file != files.cend(); ++file) {
-        QFile target(QDir(folder).filePath(file.key()));
-        if (!target.open(QIODevice::WriteOnly) || target.write(*file) != file->size())
-            qFatal("cannot write the test's own file");
-    }
+    for (auto file = files.cbegin(); file != files.cend(); ++file)
+        testsupport::writeFile(QDir(folder).filePath(file.key()), *file);
 }

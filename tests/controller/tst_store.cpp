@@ -5,27 +5,17 @@
 
 #include "controller/json.h"
 #include "controller/store.h"
+#include "support/files.h"
 #include "support/rows.h"
 
 using controller::Store;
+using testsupport::contentOf;
 using testsupport::Rows;
 
 namespace {
 
 const QString path = QStringLiteral("a.node");
 const QString key = QStringLiteral("entry1");
-
-QByteArray contentOf(const QString &name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeContent(const QString &name, const QByteArray &content)
-{
-    QFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
 
 /// Runs @p sql on a connection of its own, as a tool that looks into the file would.
 bool runSql(const QString &file, const char *sql)
@@ -119,7 +109,7 @@ private slots:
         for (const auto &[name, content, reason] : rows) {
             const QTemporaryDir alone;
             const QString file = alone.filePath("controller.db");
-            QVERIFY(writeContent(file, content));
+            testsupport::writeFile(file, content);
             QVERIFY(!Store::open(file, &m_problem));
             QVERIFY2(m_problem.startsWith(file + ": "), qPrintable(m_problem));
             QVERIFY2(m_problem.contains(reason) && !m_problem.contains('\n'),

@@ -43,6 +43,15 @@ void fuzz(const QByteArray &input)
     require(program.line(at) == "WeaveOff", "a line is inserted where it belongs");
     program.removeLine(at);
     require(program.toBytes() == input, "and taken away without a trace");
+    if (const int count = program.lineCount(); count > 0) {
+        ProgramText moved = program;
+        moved.moveLine(0, at % count);
+        require(moved.line(at % count) == lines.first(), "a line is moved where it belongs");
+        moved.moveLine(at % count, 0);
+        require(moved.lines() == lines, "and back");
+        require(program.toBytes() == input, "a copy's changes are its own");
+    }
+
     tlcheck::normalise(program);
     require(tlcheck::normalise(program) == 0, "a normal form is final");
     for (const tlcheck::Finding &finding : check(program))

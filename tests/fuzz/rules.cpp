@@ -1,5 +1,4 @@
 #include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QTemporaryDir>
@@ -7,6 +6,7 @@
 #include "controller/json.h"
 #include "fuzz.h"
 #include "kelp/jsonfile.h"
+#include "support/files.h"
 #include "tessa/thememanager.h"
 #include "vu/xtheme.h"
 
@@ -19,9 +19,7 @@ void fuzz(const QByteArray &input)
         return; // Qt loses memory over it; these files come from nobody else
     static const QTemporaryDir folder;
     const QString path = QDir(folder.path()).filePath("rules.json");
-    QFile file(path);
-    require(file.open(QIODevice::WriteOnly) && file.write(input) == input.size(), "it is written");
-    file.close();
+    testsupport::writeFile(path, input);
 
     QString error;
     static const Theme light = Theme::load(":/tessa/theme/light.json", &error);

@@ -3,6 +3,7 @@
 #include <QtTest>
 
 #include "kelp/workspace.h"
+#include "support/files.h"
 #include "tessa/thememanager.h"
 #include "vu/paths.h"
 #include "vu/stylesheet.h"
@@ -153,10 +154,8 @@ private slots:
 private:
     QString write(const QString &name, const QByteArray &text)
     {
-        QFile file(m_folder.filePath(name));
-        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            file.write(text);
-        return file.fileName();
+        testsupport::writeFile(m_folder.filePath(name), text);
+        return m_folder.filePath(name);
     }
 
     QTemporaryDir m_folder;

@@ -1,4 +1,3 @@
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <memory>
@@ -7,30 +6,20 @@
 #include "kelp/qflog.h"
 #include "kelp/registry.h"
 #include "kelp/workspace.h"
+#include "support/files.h"
 #include "support/rows.h"
 
 using kelp::ModuleObject;
 using kelp::Workspace;
+using testsupport::contentOf;
 using testsupport::Rows;
+using testsupport::writeFile;
 
 namespace {
 
 const QByteArray byteOrderMark = "\xEF\xBB\xBF";
 const char *const templateText =
     R"({"device": {"enable": false}, "set": {}, "options": {"mode": "test_run"}})";
-
-void write(const QString &path, const QByteArray &text)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(text);
-}
-
-QByteArray read(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -82,7 +71,7 @@ private slots:
                 [tree] { tree->set(nullptr, "count", tree->r("count")->getInt() + 1); });
         restless.start(0);
         tree->set(nullptr, "device.enable", true, false);
-        QTRY_VERIFY(read(m_saved).contains("\"enable\": true"));
+        QTRY_VERIFY(contentOf(m_saved).contains("\"enable\": true"));
         restless.stop();
         tree->r("device")->c("late", true)->set(nullptr, QString(), 12.5);
         start();
@@ -104,7 +93,7 @@ private slots:
             QCOMPARE(m_problems.size(), 1);
             QVERIFY(m_problems[0].contains("data/welmo.json") && m_problems[0].contains(reason));
             m_host.reset();
-            QCOMPARE(read(m_saved), saved);
+            QCOMPARE(contentOf(m_saved), saved);
         }
     }
     void aSaveThatFailedIsReportedAndTriedAgain()
@@ -145,7 +134,7 @@ private slots:
     {
         for (const char *word : {"first", "second"})
             kelp::QFLog("", "[S]", "./log/sample", "log") << word << "line";
-        QCOMPARE(read(path("data/log/sample")),
+        QCOMPARE(contentOf(path("data/log/sample")),
                  QByteArray("[S] log first line\n[S] log second line\n"));
     }
 
@@ -157,9 +146,9 @@ private:
         m_folder = std::make_unique<QTemporaryDir>();
         m_saved = path("data/welmo.json");
         QDir().mkpath(path("data"));
-        write(path("template.json"), byteOrderMark + templateText);
+        writeFile(path("template.json"), byteOrderMark + templateText);
         if (!saved.isEmpty())
-            write(m_saved, saved);
+            writeFile(m_saved, saved);
         start();
     }
     void start(const QString &language = "en")

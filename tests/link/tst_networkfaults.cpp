@@ -8,6 +8,7 @@
 #include "cell.h"
 #include "pendant.h"
 #include "proxy.h"
+#include "support/files.h"
 #include "support/rows.h"
 
 using controller::Journal;
@@ -126,10 +127,8 @@ private slots:
     void aServiceThatIsGone()
     {
         const QTemporaryDir folder;
-        QFile users(folder.filePath("users"));
-        QVERIFY(users.open(QIODevice::WriteOnly));
-        users.write("# who may do what\n\nanna administrator\n");
-        users.close();
+        testsupport::writeFile(folder.filePath("users"),
+                               "# who may do what\n\nanna administrator\n");
         QProcess service;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("WELMO_BROKER_PASSWORD", Broker::shared().as("cell").password);

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "pendant/program/programdocument.h"
+#include "support/files.h"
 #include "support/rows.h"
 
 using pendant::ProgramDocument;
@@ -12,18 +13,6 @@ namespace {
 
 // Line ends of both kinds, none at the end, and bytes that are no UTF-8.
 const QByteArray program = "\xEF\xBB\xBFMoveJ p1\r\n\xC4 raw\n\r\nArcOff \"arcoffdata1\"";
-
-QByteArray read(const QString &file)
-{
-    QFile bytes(file);
-    return bytes.open(QIODevice::ReadOnly) ? bytes.readAll() : QByteArray("unreadable");
-}
-
-void write(const QString &file, const QByteArray &bytes)
-{
-    QFile out(file);
-    QVERIFY(out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size());
-}
 
 } // namespace
 
@@ -45,7 +34,7 @@ private slots:
         for (const auto &[name, act, after] : rows) {
             const QTemporaryDir folder;
             const QString file = folder.filePath("a.tl");
-            write(file, program);
+            testsupport::writeFile(file, program);
             ProgramDocument document;
             QString problem;
             QVERIFY2(document.open(file, &problem), qPrintable(problem));
@@ -54,12 +43,12 @@ private slots:
             QVERIFY(document.isModified());
             QVERIFY(document.save(file, &problem));
             QVERIFY(!document.isModified());
-            QCOMPARE(read(file), after);
+            QCOMPARE(testsupport::contentOf(file), after);
             document.undoStack()->undo();
             QVERIFY(document.isModified());
             QCOMPARE(document.text().lines(), before);
             QVERIFY(document.save(file, &problem));
-            QCOMPARE(read(file), program);
+            QCOMPARE(testsupport::contentOf(file), program);
         }
     }
     void whatCannotBeRead()

@@ -1,9 +1,10 @@
-#include <QFile>
+#include <QDir>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
 #include <QTest>
 
+#include "support/files.h"
 #include "support/programtouch.h"
 #include "support/testpendant.h"
 
@@ -164,13 +165,11 @@ private:
     void keep(const QString &name, const QByteArray &bytes)
     {
         QVERIFY(QDir(m_pendant->dataFolder()).mkpath("programs"));
-        QFile file(m_pendant->dataFolder() + "/programs/" + name);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        testsupport::writeFile(m_pendant->dataFolder() + "/programs/" + name, bytes);
     }
     QByteArray kept(const QString &name)
     {
-        QFile file(m_pendant->dataFolder() + "/programs/" + name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : "unreadable";
+        return testsupport::contentOf(m_pendant->dataFolder() + "/programs/" + name);
     }
 
     std::unique_ptr<TestPendant> m_pendant;

@@ -4,6 +4,7 @@
 
 #include "pando/frame.h"
 #include "pendant/messageline.h"
+#include "support/files.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
 #include "vu/xtheme.h"
@@ -11,24 +12,6 @@
 using testsupport::Rows;
 using testsupport::Setup;
 using testsupport::TestPendant;
-
-namespace {
-
-void write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    return file.readAll();
-}
-
-} // namespace
 
 class TestStartProblems : public QObject
 {
@@ -47,7 +30,7 @@ private slots:
         for (const auto &[name, file, content, connects] : rows) {
             const QTemporaryDir folder;
             const QString path = folder.filePath(file);
-            write(path, content);
+            testsupport::writeFile(path, content);
 
             Setup setup;
             setup.dataFolder = folder.path();
@@ -67,14 +50,14 @@ private slots:
                 QVERIFY(pendant.lastMessage().contains(path));
             }
             pendant.app().stop();
-            QCOMPARE(contentOf(path), content);
+            QCOMPARE(testsupport::contentOf(path), content);
         }
     }
     // A file where the folder should be: not even the superuser can make a folder there.
     void folderCannotBeWritten()
     {
         const QTemporaryDir folder;
-        write(folder.filePath("data"), "a file");
+        testsupport::writeFile(folder.filePath("data"), "a file");
         Setup setup;
         setup.dataFolder = folder.filePath("data/below");
         setup.keepFiles = true;
@@ -82,7 +65,7 @@ private slots:
         TestPendant pendant(setup);
         QTRY_VERIFY(pendant.lastMessage().contains(setup.dataFolder));
         QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(setup.dataFolder));
-        QCOMPARE(contentOf(folder.filePath("data")), QByteArray("a file"));
+        QCOMPARE(testsupport::contentOf(folder.filePath("data")), QByteArray("a file"));
     }
     void packageCannotBeUsed()
     {

@@ -4,9 +4,11 @@
 
 #include "controller/names.h"
 #include "controller/projectseed.h"
+#include "support/files.h"
 #include "support/rows.h"
 
 using controller::Store;
+using testsupport::contentOf;
 using testsupport::Rows;
 
 namespace {
@@ -26,12 +28,6 @@ Run tlcheck(const QStringList &arguments, const QString &shell = "exec \"$@\"")
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
         return {};
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
-QByteArray contentOf(const QString &name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 // Names, bytes and times of all that lies in a folder.
@@ -176,10 +172,8 @@ private slots:
 private:
     QString write(const QString &name, const QByteArray &content) const
     {
-        QFile file(m_folder->filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("cannot write the test's own file");
-        return file.fileName();
+        testsupport::writeFile(m_folder->filePath(name), content);
+        return m_folder->filePath(name);
     }
     QString data() const { return m_folder->filePath("data"); }
     QString store() const { return m_folder->filePath("data/controller.db"); }
