@@ -94,12 +94,14 @@ private slots:
     }
     void whatIsNotAcceptedIsPutBack()
     {
-        const testsupport::Rows<bool, QString> rows{
-            {"disable", true, "disable device error"},
-            {"connect", false, "connect the actual weldMachinefail"},
+        const QString connect = "connect the actual weldMachinefail";
+        const testsupport::Rows<bool, bool, QString> rows{
+            {"enable", true, true, "enable device error"},
+            {"disable", true, false, "disable device error"},
+            {"connect", false, true, connect},
+            {"don't connect", false, false, "don't " + connect},
         };
-        for (const auto &[name, enabling, message] : rows) {
-            const bool on = !enabling;
+        for (const auto &[name, enabling, on, message] : rows) {
             for (const auto failure : {FormHost::LinkDown, FormHost::Refused}) {
                 const bool asked = failure != FormHost::LinkDown;
                 Desk desk;

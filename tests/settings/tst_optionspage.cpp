@@ -163,8 +163,10 @@ private slots:
     {
         const QString error = "error: enable anti-collision device ";
         const Rows<FormHost::Failure, bool, QString> rows{
-            {"sensor", FormHost::LinkDown, false, "error: tessa not connected"},
-            {"shield", FormHost::Refused, true, error + "shielding error|" + setSensor},
+            {"sensor, no link", FormHost::LinkDown, false, "error: tessa not connected"},
+            {"sensor, refused", FormHost::Refused, false, error + "error|" + setSensor},
+            {"shield, no link", FormHost::LinkDown, true, "error: tessa not connected"},
+            {"shield, refused", FormHost::Refused, true, error + "shielding error|" + setSensor},
         };
         for (const auto &[name, failure, shielding, outcome] : rows) {
             Desk desk;
