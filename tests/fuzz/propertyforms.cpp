@@ -1,10 +1,10 @@
 #include <QHash>
-#include <QRegularExpression>
 #include <algorithm>
 
 #include "fuzz.h"
 #include "instructions/line/normalform.h"
 #include "instructions/tlarcweld.h"
+#include "pendant/program/hostproject.h"
 #include "support/formhost.h"
 #include "tessa/basecontentwidget.h"
 #include "tools/tlcheck/checker.h"
@@ -12,25 +12,6 @@
 using namespace welmo::line;
 
 namespace {
-
-// What the host knows of the project, for a checker that is to say what the forms say.
-tlcheck::ProjectNames projectNames()
-{
-    const auto names = [](const char *list, const char *type = nullptr) {
-        QSet<QString> set;
-        for (const auto *item : m(QString("orbo.project.") + list)->cmobjs()) {
-            if (!type || item->r("type")->getString() == type)
-                set.insert(item->r("name")->getString());
-        }
-        return set;
-    };
-    return {names("point._list"),
-            names("var.system_list", "speed") + names("var._list", "speed"),
-            names("var.system_list", "zone") + names("var._list", "zone"),
-            names("tool.system_list") + names("tool._list"),
-            names("wobj.system_list") + names("wobj._list"),
-            {}};
-}
 
 /// The editor's forms, each made once, and the line that each starts from.
 struct Editor
@@ -42,7 +23,7 @@ struct Editor
     };
 
     Editor()
-        : checker(projectNames())
+        : checker(*pendant::hostProject())
     {
         const auto creators = tessa::TlManager::getTlManager()->propertyWidgetCreators;
         for (auto creator = creators.begin(); creator != creators.end(); ++creator) {
@@ -90,11 +71,8 @@ void fuzz(const QByteArray &input)
     editor.host.takeRequests();
 
     form->FillWith(line);
-    QStringList said;
-    for (const QString &line : editor.host.takeMessages().filter(QRegularExpression("^error: ")))
-        said.append(line.mid(7, line.lastIndexOf(" [") - 7));
+    const QStringList said = editor.host.takeErrors();
     QStringList finds = expected(editor.checker.checkLine(line, 0));
-    std::sort(said.begin(), said.end());
     std::sort(finds.begin(), finds.end());
     require(said == finds, "form and checker say the same", line + ": " + said.join(", "));
 

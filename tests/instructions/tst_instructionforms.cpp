@@ -24,17 +24,6 @@ namespace {
 const QStringList instructions{"ArcOn",    "ArcOff",     "WMoveL",       "WMoveC",   "WeaveOn",
                                "WeaveOff", "FeedOnWire", "FeedBackWire", "DetectGas"};
 
-QStringList errors(FormHost &host)
-{
-    QStringList said;
-    for (const QString &message : host.takeMessages()) {
-        if (message.startsWith("error: "))
-            said.append(message.mid(7).section(" [", 0, 0));
-    }
-    said.sort();
-    return said;
-}
-
 } // namespace
 
 /// The package's entries in the program editor, and the forms that they open.
@@ -150,7 +139,8 @@ private slots:
                     expected.append(finding.message);
             }
             expected.sort();
-            QVERIFY2(errors(*m_host) == expected, qPrintable(line + ": " + expected.join(", ")));
+            QVERIFY2(m_host->takeErrors() == expected,
+                     qPrintable(line + ": " + expected.join(", ")));
         }
     }
     /// Opening a line reads its files, creates what the controller lacks, and shows the values.

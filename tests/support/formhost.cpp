@@ -93,6 +93,17 @@ bool FormHost::wait(bool up)
     return true;
 }
 
+QStringList FormHost::takeErrors()
+{
+    QStringList errors;
+    for (const QString &message : takeMessages()) {
+        if (message.startsWith("error: "))
+            errors.append(message.left(message.lastIndexOf(" [")).mid(7));
+    }
+    errors.sort();
+    return errors;
+}
+
 QVariant FormHost::stored(const QString &path, const QString &key)
 {
     return m_link->inner.call({Kind::Get, path, key, {}}, patient).value;

@@ -63,6 +63,8 @@ public:
 
     /// "level: text [sender]" of the messages since the last call, oldest first.
     QStringList takeMessages() { return std::exchange(m_messages, {}); }
+    /// The texts of the errors among them alone, in alphabetical order.
+    QStringList takeErrors();
     /// The requests since the last call, oldest first; those of this class are not among them.
     QStringList takeRequests() { return std::exchange(m_link->requests, {}); }
 

@@ -1,6 +1,7 @@
 #include "support/testpendant.h"
 
 #include <QSignalSpy>
+#include <QToolButton>
 
 namespace testsupport {
 
@@ -17,6 +18,8 @@ void TestPendant::start()
     if (m_setup.modulePath.isEmpty())
         m_setup.modulePath = QStringLiteral(WELMO_MODULE);
     const auto connect = [this](const pendant::Options &options) {
+        if (!options.controller.isEmpty())
+            return pendant::connectTo(options);
         links::EmbeddedLink::Options how;
         how.clock = m_setup.clock;
         if (m_setup.keepFiles)
@@ -25,9 +28,10 @@ void TestPendant::start()
         m_link = link.get();
         return pendant::Connection{std::move(link), m_link->faults()};
     };
-    m_app = std::make_unique<pendant::PendantApp>(
-        pendant::Options{m_setup.language, m_setup.theme, m_setup.dataFolder, m_setup.modulePath},
-        connect);
+    pendant::Options options{m_setup.language, m_setup.theme, m_setup.dataFolder,
+                             m_setup.modulePath};
+    options.controller = m_setup.controller;
+    m_app = std::make_unique<pendant::PendantApp>(options, connect);
     m_app->start();
     if (m_setup.connects && !waitConnected())
         throw OutOfReach(QStringLiteral("the controller: ") + lastMessage());
@@ -63,6 +67,16 @@ void TestPendant::changeDisplay(const QString &combo, const QString &code)
     if (started.isEmpty())
         started.wait();
     waitConnected();
+}
+
+void TestPendant::openSubPage(const QString &title)
+{
+    open(QStringLiteral("arcweldpackage"));
+    for (auto *button : find(QStringLiteral("wgtNav"))->findChildren<QToolButton *>()) {
+        if (button->text() == title)
+            return finger::touch(button);
+    }
+    throw OutOfReach("there is no sub-page " + title);
 }
 
 QString TestPendant::lastMessage()

@@ -25,6 +25,7 @@ struct Setup
     QString dataFolder; ///< empty: a folder that goes with the pendant
     QString modulePath; ///< empty: the package as built
     bool keepFiles = false; ///< the controller's files on disk instead of in memory
+    QString controller; ///< empty: one in this process
     bool connects = true; ///< false: do not wait for a controller that cannot come up
     controller::Clock clock = controller::steadyClock(); ///< the controller's
 };
@@ -83,6 +84,8 @@ public:
     }
     /// Touches the entry of the navigation on the left.
     void open(const QString &entryKey) { click("nav_" + entryKey); }
+    /// Opens the package and its sub-page whose navigation button says @p title.
+    void openSubPage(const QString &title);
 
     /// The messages so far, newest first.
     const QVector<tessa::MessageLog::Entry> &messages()

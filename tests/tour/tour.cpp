@@ -84,16 +84,6 @@ QString Tour::await(const QString &what, const std::function<bool()> &isSo)
     return require(QTest::qWaitFor(isSo, patience) ? what : "not " + what, what);
 }
 
-void Tour::openSubPage(const QString &title)
-{
-    open("arcweldpackage");
-    for (auto *button : find("wgtNav")->findChildren<QToolButton *>()) {
-        if (button->text() == title)
-            return testsupport::finger::touch(button);
-    }
-    throw testsupport::OutOfReach("there is no sub-page " + title);
-}
-
 void Tour::strike(Qt::Key key)
 {
     QTest::keyClick(window()->windowHandle(), key);

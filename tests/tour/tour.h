@@ -28,8 +28,6 @@ public:
     /// Waits until it is so; the step has failed when it takes too long.
     static QString await(const QString &what, const std::function<bool()> &isSo);
 
-    /// Opens the package and its sub-page whose navigation button says @p title.
-    void openSubPage(const QString &title);
     void strike(Qt::Key key);
 
     int failures() const { return m_failures; }
