@@ -1,5 +1,6 @@
 #include <QtTest>
 
+#include "controller/programline.h"
 #include "programbench.h"
 #include "support/rows.h"
 
@@ -14,11 +15,102 @@ constexpr int longEnough = 60000;
 
 } // namespace
 
-/// The simulated robot: where it says it is, how it moves and stops.
+/// The simulated robot goes where a command or the line of a program says, and stops.
 class tst_Robot : public QObject
 {
     Q_OBJECT
 private slots:
+    void linesAreRead()
+    {
+        const Rows<QString, QStringList> rows{
+            // number|word|arguments
+            {"empty", "", {}},
+            {"words", "WeaveOff\n\n  ArcOff \"a b,c\" ;\r\n", {"1|WeaveOff", "3|ArcOff|\"a b,c\""}},
+            {"call",
+             "WMoveL Offs(p1, 1,-2.5 ,0), v1,fine,\ttool0",
+             {"1|WMoveL|Offs(p1, 1,-2.5 ,0)|v1|fine|tool0"}},
+            {"comments",
+             "// a\n# b\n!c\nWeaveOff // d\nArcOff \"//\"//",
+             {"4|WeaveOff", "5|ArcOff|\"//\""}},
+            {"holes", "F ,a,\n\"x\"", {"1|F||a|", "2||\"x\""}},
+            {"half", "F (a,b\nG a),b", {"1|F|(a,b", "2|G|a)|b"}},
+        };
+        for (const auto &[name, text, expected] : rows) {
+            QStringList lines;
+            for (const ProgramLine &line : readProgram(text))
+                lines.append((QStringList{QString::number(line.number), line.word} + line.arguments)
+                                 .join('|'));
+            QCOMPARE(lines, expected);
+        }
+    }
+    void movesGoWhereTheySay()
+    {
+        const Rows<QString, Vector3d> rows{
+            {"joint", "MoveJ p3,v200,z5,torch1,wobj0", p3},
+            {"circular", "MoveC p7,p8,v200,z5,torch1", {700, 100, 200}},
+            {"offset", "MoveL Offs(p3,-10,20.5,30),v200,z5,torch1", {790, -179.5, 230}},
+            // The torch at p1 points down: its z is the world's -z, its x the world's -x there.
+            {"tool", "MoveL RelTool(p1,10,0,40),v200,z5,torch1", {790, -200, 460}},
+            {"in another work object",
+             "MoveL Offs(p3,-600,0,0),v200,z5,torch1,fixture1",
+             {800, -200, 350}},
+        };
+        for (const auto &[name, line, place] : rows) {
+            ProgramBench bench;
+            QVERIFY(bench.isAt(p1));
+            bench.go({line});
+            QVERIFY(bench.finish() > 100);
+            QCOMPARE(bench.state("message"), QVariant("finished"));
+            QVERIFY(bench.isAt(place));
+        }
+    }
+    // From p6 over p7 the circle has 100 mm around (700, 0, 200); three quarters of it.
+    void circle()
+    {
+        ProgramBench bench;
+        bench.go(
+            {"MoveL p6,v1000,fine,torch1", "WMoveC p7,Offs(p7,-200,0,0),v50,fine,torch1,wobj0"});
+        QVERIFY(bench.passUntilLine(2));
+        const qint64 began = bench.now;
+        while (bench.state("state") == "running") {
+            bench.pass(50);
+            QVERIFY(qAbs((bench.tip() - Vector3d(700, 0, 200)).norm() - 100) < 0.01);
+        }
+        QVERIFY(bench.isAt({600, 0, 200}));
+        QVERIFY(qAbs((bench.now - began) / 1000.0 - 1.5 * M_PI * 100 / 50) < 0.1);
+    }
+    void weavesWithinItsAmplitude()
+    {
+        ProgramBench bench;
+        bench.save("weave_param",
+                   QVariantMap{{"name", "weavedata3"},
+                               {"pattern", "triangular"},
+                               {"weaving_reference", "cycle"},
+                               {"weave_length_frequency", 1.0},
+                               {"amplitude", QVariantMap{{"left", 4.0}, {"right", 2.0}}}});
+        for (const bool byLine : {true, false}) {
+            const QString weave = byLine ? ",wobj0,\"weavedata3\"" : "";
+            bench.go({"MoveL p3,v1000,fine,torch1", byLine ? "WeaveOff" : "WeaveOn \"weavedata3\"",
+                      "WMoveL p4,v50,fine,torch1" + weave, "WeaveOff",
+                      "WMoveL p3,v50,fine,torch1"});
+            QVERIFY(bench.passUntilLine(3));
+            double low = 0;
+            double high = 0;
+            while (bench.state("line") == 3) {
+                bench.pass(10);
+                const Vector3d tip = bench.tip();
+                const double aside =
+                    std::copysign(std::hypot(tip.x() - 800, tip.z() - 200), tip.x() - 800);
+                low = qMin(low, aside);
+                high = qMax(high, aside);
+            }
+            QVERIFY(high - low > 5.7 && high - low < 6.01);
+            QVERIFY(qMax(high, -low) < 4.01 && qMax(high, -low) > 3.8);
+            bench.pass(1000);
+            QVERIFY(qAbs(bench.tip().x() - 800) < 0.01);
+            bench.run("tl_program.stop");
+        }
+    }
     void linearGoesStraightAndStops()
     {
         ProgramBench bench;

@@ -118,17 +118,6 @@ private slots:
             QCOMPARE(QDir(alone.path()).entryList(QDir::Files), QStringList("controller.db"));
         }
     }
-    void oneOwnerAtATime()
-    {
-        const QString name = m_folder.filePath("deep/down/controller.db"); // folders are made
-        auto first = Store::open(name, &m_problem);
-        QVERIFY(first->write({{path, "a", 1}}));
-        QVERIFY(!Store::open(name, &m_problem));
-        QVERIFY2(m_problem.contains("in use"), qPrintable(m_problem));
-        first.reset();
-        const auto second = Store::open(name, &m_problem);
-        QCOMPARE(second->read(path, "a")->value, QVariant(1));
-    }
 
 private:
     const QTemporaryDir m_folder;

@@ -11,16 +11,18 @@ class tst_EmbeddedLink : public QObject
 private slots:
     void storeThatCannotBeOpened()
     {
-        const QTemporaryDir folder;
-        auto owner = std::make_unique<Up<Bench>>(folder.path());
+        const QTemporaryDir temporary;
+        const QString folder = temporary.filePath("deep/down"); // folders are made
+        auto owner = std::make_unique<Up<Bench>>(folder);
         controller::Faults faults;
         controller::Journal journal;
-        links::FarEnd farEnd(folder.path(), faults, journal, [] { return qint64(0); });
+        links::FarEnd farEnd(folder, faults, journal, [] { return qint64(0); });
         QSignalSpy problems(&farEnd, &links::FarEnd::problem);
         QSignalSpy greeted(&farEnd, &links::FarEnd::greeted);
         for (int i = 0; i < 3; ++i)
             farEnd.greet(1); // it tries again, and has nothing new to say
         QCOMPARE(problems.count(), 1);
+        QVERIFY(problems.first().first().toString().contains("in use"));
         farEnd.leave();
         farEnd.greet(2);
         QCOMPARE(problems.count(), 2); // told to who opens the link anew
