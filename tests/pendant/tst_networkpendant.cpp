@@ -44,68 +44,62 @@ class tst_NetworkPendant : public QObject
 {
     Q_OBJECT
 private slots:
-    void controlIsShownAndPassedOn();
-    void aRefusedSaveKeepsTheEdit();
-    void theWindowLivesOnWhileTheCellIsSilent();
+    void controlIsShownAndPassedOn()
+    {
+        Desk desk;
+        const auto text = [&] { return desk.pendant.find<QLabel>("lblControl")->text(); };
+        const auto *take = desk.pendant.find<QPushButton>("btnTakeControl");
+        desk.pendant.open("controller");
+        QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("This pendant"), patient);
+        desk.pendant.click("btnGiveControl");
+        QVERIFY(text().startsWith("Nobody"));
+        desk.other.open(); // takes what is free
+        QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("anna"), patient);
+        QVERIFY(!take->isEnabled());
+        desk.other.close();
+        QTRY_VERIFY_WITH_TIMEOUT(take->isEnabled(), patient);
+        desk.pendant.click("btnTakeControl");
+        QVERIFY(text().startsWith("This pendant"));
+    }
+    void aRefusedSaveKeepsTheEdit()
+    {
+        using Kind = tessa::LinkRequest::Kind;
+        const QString set = "arc_weld.weld_param";
+        const QString file = "arcdata1";
+        Desk desk;
+        desk.pendant.openSubPage("Process Setting"); // which reads the file
+        desk.other.open();
+        QTRY_VERIFY_WITH_TIMEOUT(desk.other.isUp(), patient);
+        const auto stored = [&] {
+            return desk.other.call({Kind::Get, set, file, {}}, patient).value.toMap();
+        };
+        QVariantMap theirs = stored();
+        theirs["current"] = 111.0;
+        QCOMPARE(desk.other.call({Kind::Set, set, file, theirs}, patient).code, 0);
+        auto *current = desk.pendant.find<QDoubleSpinBox>("sbxWeldCurrent");
+        current->setValue(222);
+        desk.pendant.click("btnWeldingSave");
+        QTRY_VERIFY(desk.messages().contains("arcdata1 was saved by anna at "));
+        QVERIFY(desk.messages().contains("save parameter error|"));
+        QCOMPARE(current->value(), 222.0);
+        QCOMPARE(stored()["current"].toDouble(), 111.0);
+    }
+    void theWindowLivesOnWhileTheCellIsSilent()
+    {
+        QSemaphore silence;
+        Desk desk;
+        const QSemaphoreReleaser end(silence); // or else the cell would never go
+        desk.pendant.openSubPage("Process Setting");
+        QMetaObject::invokeMethod(
+            desk.cell.service(), [&silence] { silence.acquire(); }, Qt::QueuedConnection);
+        QTRY_VERIFY_WITH_TIMEOUT(!desk.pendant.host()->service()->isConnected(), patient);
+        desk.pendant.click("btnWeldingSave");
+        QVERIFY(desk.messages().startsWith("tessa is not connected|"));
+        desk.pendant.open("home");
+        QVERIFY(desk.pendant.window()->close());
+        desk.pendant.app().stop();
+    }
 };
-
-void tst_NetworkPendant::controlIsShownAndPassedOn()
-{
-    Desk desk;
-    const auto text = [&] { return desk.pendant.find<QLabel>("lblControl")->text(); };
-    const auto *take = desk.pendant.find<QPushButton>("btnTakeControl");
-    desk.pendant.open("controller");
-    QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("This pendant"), patient);
-    desk.pendant.click("btnGiveControl");
-    QVERIFY(text().startsWith("Nobody"));
-    desk.other.open(); // takes what is free
-    QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("anna"), patient);
-    QVERIFY(!take->isEnabled());
-    desk.other.close();
-    QTRY_VERIFY_WITH_TIMEOUT(take->isEnabled(), patient);
-    desk.pendant.click("btnTakeControl");
-    QVERIFY(text().startsWith("This pendant"));
-}
-
-void tst_NetworkPendant::aRefusedSaveKeepsTheEdit()
-{
-    using Kind = tessa::LinkRequest::Kind;
-    const QString set = "arc_weld.weld_param";
-    const QString file = "arcdata1";
-    Desk desk;
-    desk.pendant.openSubPage("Process Setting"); // which reads the file
-    desk.other.open();
-    QTRY_VERIFY_WITH_TIMEOUT(desk.other.isUp(), patient);
-    const auto stored = [&] {
-        return desk.other.call({Kind::Get, set, file, {}}, patient).value.toMap();
-    };
-    QVariantMap theirs = stored();
-    theirs["current"] = 111.0;
-    QCOMPARE(desk.other.call({Kind::Set, set, file, theirs}, patient).code, 0);
-    auto *current = desk.pendant.find<QDoubleSpinBox>("sbxWeldCurrent");
-    current->setValue(222);
-    desk.pendant.click("btnWeldingSave");
-    QTRY_VERIFY(desk.messages().contains("arcdata1 was saved by anna at "));
-    QVERIFY(desk.messages().contains("save parameter error|"));
-    QCOMPARE(current->value(), 222.0);
-    QCOMPARE(stored()["current"].toDouble(), 111.0);
-}
-
-void tst_NetworkPendant::theWindowLivesOnWhileTheCellIsSilent()
-{
-    QSemaphore silence;
-    Desk desk;
-    const QSemaphoreReleaser end(silence); // or else the cell would never go
-    desk.pendant.openSubPage("Process Setting");
-    QMetaObject::invokeMethod(
-        desk.cell.service(), [&silence] { silence.acquire(); }, Qt::QueuedConnection);
-    QTRY_VERIFY_WITH_TIMEOUT(!desk.pendant.host()->service()->isConnected(), patient);
-    desk.pendant.click("btnWeldingSave");
-    QVERIFY(desk.messages().startsWith("tessa is not connected|"));
-    desk.pendant.open("home");
-    QVERIFY(desk.pendant.window()->close());
-    desk.pendant.app().stop();
-}
 
 QTEST_MAIN(tst_NetworkPendant)
 #include "tst_networkpendant.moc"

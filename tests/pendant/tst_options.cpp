@@ -1,3 +1,4 @@
+#include <QProcess>
 #include <QTest>
 
 #include "pendant/options.h"
@@ -29,6 +30,25 @@ private slots:
             const auto parsed = pendant::parseOptions(QStringList{"pendant"} + arguments);
             QVERIFY2(parsed.error.contains(named), qPrintable(parsed.error));
             QVERIFY(!parsed.error.contains('\n'));
+        }
+    }
+    void answersWithoutDisplay()
+    {
+        const Rows<QStringList, int, int> rows{
+            {"help", QStringList{"--help"}, 0, 0},
+            {"bad language", QStringList{"--language", "de"}, 2, 1},
+        };
+        for (const auto &[name, arguments, status, errorLines] : rows) {
+            QProcess program;
+            auto environment = QProcessEnvironment::systemEnvironment();
+            environment.insert("QT_QPA_PLATFORM", "xcb");
+            environment.remove("DISPLAY");
+            program.setProcessEnvironment(environment);
+            program.start(WELMO_PENDANT, arguments);
+            QVERIFY(program.waitForFinished());
+            QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(program.exitCode(), status);
+            QCOMPARE(program.readAllStandardError().count('\n'), errorLines);
         }
     }
 };
