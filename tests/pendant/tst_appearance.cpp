@@ -21,19 +21,6 @@ namespace {
 
 constexpr int smallestTouch = 45;
 
-QString describe(const QWidget *widget)
-{
-    QString text = widget->property("text").toString();
-    if (const auto *combo = qobject_cast<const QComboBox *>(widget))
-        text = combo->currentText();
-    return QStringLiteral("%1 %2 '%3' is %4x%5, wants %6x%7")
-        .arg(widget->metaObject()->className(), widget->objectName(), text)
-        .arg(widget->width())
-        .arg(widget->height())
-        .arg(widget->sizeHint().width())
-        .arg(widget->sizeHint().height());
-}
-
 bool showsItsText(const QWidget *widget)
 {
     const auto *label = qobject_cast<const QLabel *>(widget);
@@ -65,7 +52,7 @@ QStringList misfits(const QWidget *shown)
             : !isTouched || (widget->height() >= smallestTouch && widget->width() >= smallestTouch);
         const bool isRead = isTouched || qobject_cast<const QLabel *>(widget);
         if (widget->isVisible() && !(fits && (!isRead || showsItsText(widget))))
-            list.append(describe(widget));
+            list.append(widget->metaObject()->className() + (' ' + widget->objectName()));
     }
     return list;
 }
