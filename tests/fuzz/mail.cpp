@@ -6,19 +6,14 @@ namespace {
 
 std::unique_ptr<Client> s_client;
 
-QByteArray takeLine(QByteArray *rest)
-{
-    const int end = rest->indexOf('\n');
-    QByteArray line = end < 0 ? *rest : rest->left(end);
-    *rest = end < 0 ? QByteArray() : rest->mid(end + 1);
-    return line;
-}
-
-links::MqttMessage message(QByteArray text)
+links::MqttMessage message(const QByteArray &text)
 {
     links::MqttMessage message;
-    message.topic = root + QString::fromUtf8(takeLine(&text));
-    for (QByteArray line = takeLine(&text); !line.isEmpty(); line = takeLine(&text)) {
+    const int end = text.indexOf("\n\n");
+    message.payload = end < 0 ? QByteArray() : text.mid(end + 2);
+    QList<QByteArray> lines = text.left(end).split('\n');
+    message.topic = root + QString::fromUtf8(lines.takeFirst());
+    for (const QByteArray &line : qAsConst(lines)) {
         const int colon = line.indexOf(": ");
         const QByteArray name = line.left(colon);
         const QByteArray value = line.mid(colon + 2);
@@ -31,7 +26,6 @@ links::MqttMessage message(QByteArray text)
         else
             message.properties.append({QString::fromUtf8(name), QString::fromUtf8(value)});
     }
-    message.payload = text;
     return message;
 }
 
@@ -40,12 +34,9 @@ links::MqttMessage message(QByteArray text)
 QVector<links::MqttMessage> read(const QByteArray &input)
 {
     QVector<links::MqttMessage> messages;
-    for (int from = 0; from <= input.size();) {
-        const int found = input.indexOf("\n--\n", from);
-        const int end = found < 0 ? input.size() : found;
-        messages.append(message(input.mid(from, end - from)));
-        from = end + 4;
-    }
+    const QString all = QString::fromLatin1(input.constData(), input.size()); // byte by byte
+    for (const QString &one : all.split("\n--\n"))
+        messages.append(message(one.toLatin1()));
     return messages;
 }
 
