@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
+#include <cstdio>
+#include <cstdlib>
 
 namespace testsupport {
 
@@ -8,9 +10,28 @@ namespace testsupport {
 class LogGuard
 {
 public:
-    LogGuard();
-    ~LogGuard();
+    LogGuard()
+    {
+        const QtMessageHandler previous = qInstallMessageHandler(onMessage);
+        if (previous != onMessage)
+            s_previous = previous;
+    }
+    ~LogGuard() { qInstallMessageHandler(s_previous); }
     Q_DISABLE_COPY(LogGuard)
+
+private:
+    static void onMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
+    {
+        // The offscreen platform has no window manager, and says so of every window and popup.
+        if (text.startsWith("This plugin does not support "))
+            return;
+        if (type == QtDebugMsg || type == QtInfoMsg || type == QtFatalMsg)
+            return s_previous(type, context, text);
+        std::fprintf(stderr, "unexpected log line: %s\n", qPrintable(text));
+        std::abort();
+    }
+
+    static inline QtMessageHandler s_previous = nullptr;
 };
 
 } // namespace testsupport
