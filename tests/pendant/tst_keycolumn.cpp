@@ -114,7 +114,7 @@ private slots:
         desk.enable(false);
         QVERIFY(!face->isEnabled());
         Setup bare;
-        bare.modulePath = TOY_MODULE;
+        bare.modulePath = NO_MODULE;
         desk.pendant.restart(bare);
         QVERIFY(desk.pendant.find("pndKeys")->isHidden());
     }

@@ -1,6 +1,0 @@
-// A library that loads and registers nothing.
-
-extern "C" int nothingToSee()
-{
-    return 0;
-}
