@@ -61,12 +61,8 @@ struct Bench : ControllerBench
     QVariantList everything()
     {
         QVariantList values;
-        for (const char *node :
-             {"arc_weld.weld_mode", "arc_weld.welder_setting", "arc_weld.welder_state",
-              "arc_weld.device_param", "arc_weld.anticollision_param",
-              "arc_weld.anticollision_state", "arc_weld.welder_state_rate", "cell.journal", running,
-              arcOn, weave, project, toolPage})
-            values.append(get(node).value);
+        for (const QString &node : controller.nodes().keys())
+            values.append(controller.handle({Kind::Get, node, {}, {}}).value);
         return values;
     }
 };
