@@ -54,11 +54,11 @@ constexpr qint64 slack = 300 * 1024;
 // Qt 5.15 keeps what it knows of a spin box's style, some 200 bytes, until another one stands at
 // the same address; with Qt's widgets alone, too. Over 10,000 forms that is 66 for each spin box.
 constexpr qint64 keptByQt = 90;
-#ifdef __SANITIZE_ADDRESS__
-constexpr int openings = 1000;
-#else
-constexpr int openings = 10000;
-#endif
+// Sanitizers and emulation take ten times as long, so it is done less often there; Qt's caches are
+// not warm by then, and only objects count.
+constexpr int openings = 10000 / SHARE;
+constexpr int notified = 1000000 / SHARE;
+constexpr bool bytesCount = SHARE == 1;
 
 } // namespace
 
@@ -131,13 +131,14 @@ private slots:
         });
         pane->openEdit(lines.last(), 1, true);
         QCOMPARE(objects(), kept);
-        QVERIFY2(growth < slack + fields * keptByQt, qPrintable(QString::number(growth)));
+        QVERIFY2(growth < slack + fields * keptByQt || !bytesCount,
+                 qPrintable(QString::number(growth)));
     }
     void notifications()
     {
         TestPendant pendant;
         pendant.open("arcweldpackage");
-        const qint64 growth = growthOver(1000000, [&](int i) {
+        const qint64 growth = growthOver(notified, [&](int i) {
             const QVariantMap values{{"current", i % 400},
                                      {"voltage", i % 40},
                                      {"welding_time", i / 8.0},
