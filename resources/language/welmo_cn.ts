@@ -468,6 +468,13 @@
     </message>
 </context>
 <context>
+    <name>FileForm</name>
+    <message>
+        <source>%1: changes were not saved</source>
+        <translation>%1：更改未保存</translation>
+    </message>
+</context>
+<context>
     <name>HandleKeys</name>
     <message>
         <source>wire feeding</source>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QTimer>
 #include <functional>
 
 #include "data/fieldtable.h"
@@ -10,12 +11,18 @@ namespace welmo {
 
 /// One parameter set as one form edits it: the file combo box, the field table, and the current
 /// data object between them. Thin: the moving is FieldTable's, the fetching parameterfile's.
+///
+/// The local copy of a file is one for all forms. When another form, or the monitor, changes it,
+/// this one shows the new values, except in fields that were edited here: a save must not undo what
+/// was saved elsewhere.
 class FileForm
 {
 public:
     /// @p afterShow brings up to date what depends on the values that were shown.
     FileForm(QObject *owner, const ParameterSet &set, QComboBox *combo,
              std::function<void()> afterShow);
+    /// Changes that nobody saved go with the form, which is reported.
+    ~FileForm();
 
     FieldTable &fields() { return m_fields; }
     const ParameterSet &set() const { return m_set; }
@@ -38,7 +45,12 @@ public:
     void show();
     /// The controller's code, 0 for success.
     int save();
-    /// Reads the chosen file and shows it; a failed read leaves the form as it is.
+    /// Whether the form holds changes that were not saved.
+    bool isEdited() const { return !m_shown.empty() && m_shown != values(); }
+    /// What the controls hold counts as unchanged: it was shown, saved, or set by the welder.
+    void settle();
+    /// Reads the chosen file and shows it; a failed read leaves the form as it is. Changes of the
+    /// file shown before that nobody saved are lost, which is reported.
     void select();
     /// Puts the combo box on the file @p name without its signals; false, and nothing changed, when
     /// the set has no such file (the case counts).
@@ -47,7 +59,12 @@ public:
     void start();
 
 private:
+    using Values = std::vector<QVariant>; ///< what each row would store
+
     void useFreshDefaults();
+    static void reportLoss(const QObject *sender, const QString &file);
+    Values values() const;
+    void takeOver();
 
     QObject *m_owner;
     const ParameterSet &m_set;
@@ -55,6 +72,9 @@ private:
     FieldTable m_fields;
     std::function<void()> m_afterShow;
     kelp::ModuleObject *m_data = nullptr;
+    Values m_shown; ///< as it was shown or saved last
+    QVariant m_seen; ///< the data object then
+    QTimer m_overtaken; ///< runs once for all that somebody else changes at a time
 };
 
 } // namespace welmo

@@ -2,24 +2,29 @@
 
 #include <QPushButton>
 
+#include "data/parameterset.h"
 #include "data/report.h"
 #include "data/stylerules.h"
 #include "ui_monitorpage.h"
+
+using welmo::ParameterSet;
+namespace sets = welmo::sets;
 
 namespace {
 
 const char *const stepProperty = "step";
 
 // The set that a data name belongs to; the first word that it contains decides.
-QString groupOf(const QString &name)
+const ParameterSet &setOf(const QString &name)
 {
+    static const ParameterSet none;
     if (name.contains(QLatin1String("arcon")))
-        return QStringLiteral("arcon_param");
+        return sets::arcon();
     if (name.contains(QLatin1String("arcdata")))
-        return QStringLiteral("weld_param");
+        return sets::weld();
     if (name.contains(QLatin1String("arcoff")))
-        return QStringLiteral("arcoff_param");
-    return {};
+        return sets::arcoff();
+    return none;
 }
 
 } // namespace
@@ -49,11 +54,63 @@ MonitorPage::MonitorPage(QWidget *parent, QObject *owner)
     steps(ui->btnVoltageAdd10, 10, &MonitorPage::onChangeVoltageClicked);
     connect(ui->btnSave, &QPushButton::clicked, this, &MonitorPage::onSaveClicked);
     connect(ui->ledtWeldingName, &QLineEdit::textChanged, this, &MonitorPage::onWeldingNameChanged);
+    followLink();
+    followForms();
 }
 
 MonitorPage::~MonitorPage()
 {
     delete m_wgt;
+}
+
+// What was told last may not hold any more.
+void MonitorPage::followLink()
+{
+    const auto show = [this](bool connected) {
+        ui->gbxActualValue->setEnabled(connected);
+        ui->gbxAdvancedMonitoring->setEnabled(connected);
+    };
+    kelp::ModuleObject *leaf = xservice()->mobj()->c(QStringLiteral("connected"), true);
+    leaf->watch();
+    connect(leaf, &kelp::ModuleObject::changed, this,
+            [show](const QVariant &value) { show(value.toBool()); });
+    show(welmo::controller::isConnected());
+}
+
+// A form that saves the data in use must not have its other values undone by the next trim.
+void MonitorPage::followForms()
+{
+    auto *section = m(QStringLiteral("welmo"))->c(sets::weld().section, true);
+    section->watch(true, true);
+    m_overtaken.setSingleShot(true);
+    connect(&m_overtaken, &QTimer::timeout, this, &MonitorPage::takeOver);
+    connect(section, &kelp::ModuleObject::changed, this,
+            [this](const QVariant &, const QVariant &, const QObject *sender) {
+                if (sender != this && m_data)
+                    m_overtaken.start(0);
+            });
+}
+
+kelp::ModuleObject *MonitorPage::localCopy() const
+{
+    const QString file = ui->ledtWeldingName->text();
+    return m(QStringLiteral("welmo"))->r(setOf(file).localPath(file));
+}
+
+void MonitorPage::takeOver()
+{
+    const kelp::ModuleObject *local = localCopy();
+    if (!m_data || local->isMissing() || local->toVariant() == m_data->toVariant())
+        return;
+    const double current = ui->sbxCurrent->value();
+    const double voltage = ui->sbxVoltage->value();
+    const bool currentIsTrimmed = current != m_shownCurrent;
+    const bool voltageIsTrimmed = voltage != m_shownVoltage;
+    onWeldingNameChanged();
+    if (currentIsTrimmed)
+        ui->sbxCurrent->setValue(current);
+    if (voltageIsTrimmed)
+        ui->sbxVoltage->setValue(voltage);
 }
 
 void MonitorPage::render()
@@ -105,7 +162,7 @@ void MonitorPage::step(QDoubleSpinBox *box)
 
 QString MonitorPage::node() const
 {
-    return welmo::controller::node(groupOf(ui->ledtWeldingName->text()));
+    return setOf(ui->ledtWeldingName->text()).node();
 }
 
 void MonitorPage::onWeldingNameChanged()
@@ -118,6 +175,8 @@ void MonitorPage::onWeldingNameChanged()
     };
     ui->sbxCurrent->setValue(shown("current"));
     ui->sbxVoltage->setValue(shown("voltage"));
+    m_shownCurrent = ui->sbxCurrent->value();
+    m_shownVoltage = ui->sbxVoltage->value();
 }
 
 void MonitorPage::onSaveClicked()
@@ -130,10 +189,15 @@ void MonitorPage::onSaveClicked()
     take(QStringLiteral("current"), ui->sbxCurrent);
     take(QStringLiteral("voltage"), ui->sbxVoltage);
     const auto answer = xservice()->set(this, node(), ui->ledtWeldingName->text(), m_data.get());
-    if (answer->getInt(0) != 0)
+    if (answer->getInt(0) != 0) {
         welmo::report::error(this, tr("save error"));
-    else
-        welmo::report::info(this, tr("save succeed"));
+        return;
+    }
+    welmo::report::info(this, tr("save succeed"));
+    m_shownCurrent = ui->sbxCurrent->value();
+    m_shownVoltage = ui->sbxVoltage->value();
+    if (kelp::ModuleObject *local = localCopy(); !local->isMissing())
+        local->copyFrom(this, m_data.get()); // for the forms that show it
 }
 
 // A box at its end may stand for a stored value beyond it, which nobody has touched.

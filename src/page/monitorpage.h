@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QTimer>
 #include <QVariant>
 #include <memory>
 
@@ -36,11 +37,19 @@ public slots:
     void onWelderStateChanged(const QVariant &value);
 
 private:
+    void followLink();
+    void followForms();
+    void takeOver();
     void step(QDoubleSpinBox *box);
     void take(const QString &key, const QDoubleSpinBox *box);
     QString node() const;
+    /// The forms' copy of the data in use; missing while no form has read it.
+    kelp::ModuleObject *localCopy() const;
 
     QPointer<QWidget> m_wgt;
     std::unique_ptr<Ui::MonitorPage> ui;
+    double m_shownCurrent = 0; ///< as read or saved: what differs is trimmed
+    double m_shownVoltage = 0;
+    QTimer m_overtaken; ///< runs once for all that a form changes at a time
     XService::Answer m_data; ///< the welding data last read; null when it could not be read
 };

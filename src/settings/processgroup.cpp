@@ -47,6 +47,7 @@ void ProcessGroup::initUI(QObject *owner)
 
 void ProcessGroup::applyWelder(const welmo::WelderLimits &limits)
 {
+    const bool edited = m_file->isEdited();
     m_voltageRanges = limits.voltage;
     m_arcoffVoltageRanges = limits.arcoffVoltage;
     setupMode(m_controls.currentModeLabel, m_controls.currentMode, welmo::choices::currentModes(),
@@ -57,6 +58,8 @@ void ProcessGroup::applyWelder(const welmo::WelderLimits &limits)
               limits.workModes, tr("Arc Mode"));
     onCurrentModeChanged(m_controls.currentMode->currentIndex());
     onVoltageModeChanged(m_controls.voltageMode->currentIndex());
+    if (!edited)
+        m_file->settle();
 }
 
 void ProcessGroup::setupMode(QLabel *label, QComboBox *combo, const welmo::ChoiceTable &table,

@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include "page/monitorpage.h"
+#include "settings/processsettingspage.h"
 #include "support/formhost.h"
 #include "support/rows.h"
 
@@ -125,6 +126,37 @@ private slots:
             desk.press("btnSave");
             QCOMPARE(desk.host.link()->lastPayload.toMap()["current"], QVariant(current));
         }
+    }
+    // What one saves, the other must not undo.
+    void theFormsShowWhatIsTrimmedAndTheOtherWayRound()
+    {
+        Desk desk;
+        ProcessSettingsPage forms(desk.host.window(), desk.host.window());
+        forms.initPage();
+        desk.asked("arcdata1");
+        desk.press("btnCurrentAdd10");
+        desk.press("btnSave");
+        QCoreApplication::processEvents();
+        QCOMPARE(child<QDoubleSpinBox>(forms.wgt(), "sbxWeldCurrent")->value(), 10.0);
+        desk.press("btnCurrentAdd1");
+        child<QSpinBox>(forms.wgt(), "sbxWeldSpeed")->setValue(12);
+        child<QDoubleSpinBox>(forms.wgt(), "sbxWeldVoltage")->setValue(90);
+        child<QPushButton>(forms.wgt(), "btnWeldingSave")->click();
+        QCoreApplication::processEvents();
+        QCOMPARE(desk.box("sbxVoltage")->value(), 90.0);
+        desk.press("btnSave");
+        const QVariantMap file = desk.host.stored("arc_weld.weld_param", "arcdata1").toMap();
+        QCOMPARE(file["weld_speed"].toInt(), 12);
+        QCOMPARE(file["current"].toDouble(), 11.0);
+    }
+    void withoutTheLinkActualValuesAreGrey()
+    {
+        Desk desk;
+        QVERIFY(child(desk.page.wgt(), "lblActualCurrent")->isEnabled());
+        QVERIFY(desk.host.disconnect());
+        QTRY_VERIFY(!child(desk.page.wgt(), "lblActualCurrent")->isEnabled());
+        QVERIFY(desk.host.mend());
+        QTRY_VERIFY(child(desk.page.wgt(), "lblWeldingTime")->isEnabled());
     }
     // The rest of a file that could not be read would be lost.
     void nothingIsSavedOverAFileThatCouldNotBeRead()

@@ -174,6 +174,42 @@ private slots:
             }
         }
     }
+    // Two forms, one file: what one saved the other shows, but where it is being edited.
+    void whatAnotherFormSavedIsNotUndone()
+    {
+        for (const auto &[name, form] : forms) {
+            Desk desk(form);
+            const auto other = form.make(desk.host);
+            auto *theirs = child<QLineEdit>(other->wgt(), form.annotation);
+            const auto theySave = [&](const QString &text) {
+                theirs->setText(text);
+                child<QPushButton>(other->wgt(), form.save)->click();
+                QCoreApplication::processEvents();
+            };
+            theySave("theirs");
+            QCOMPARE(desk.annotation()->text(), "theirs");
+            desk.annotation()->setText("mine");
+            theySave("again");
+            QCOMPARE(desk.annotation()->text(), "mine");
+            desk.press(form.save);
+            QCoreApplication::processEvents();
+            QCOMPARE(theirs->text(), "mine");
+        }
+    }
+    void lostChangesAreTold()
+    {
+        for (const auto &[name, form] : forms) {
+            Desk desk(form);
+            const QString lost = ": changes were not saved";
+            desk.annotation()->setText("edited");
+            desk.choose(2);
+            QVERIFY(desk.outcome().startsWith("warning: " + desk.file(1) + lost));
+            desk.annotation()->setText("edited");
+            const QString file = desk.file(2);
+            desk.page.reset();
+            QCOMPARE(desk.host.takeMessages(), QStringList("warning: " + file + lost + " []"));
+        }
+    }
     void whileTheLinkIsDown()
     {
         for (const auto &[name, form] : forms) {
