@@ -855,6 +855,10 @@ From: %2</source>
         <translation>就绪（%1）</translation>
     </message>
     <message>
+        <source>Ready (stopped)</source>
+        <translation>就绪（已停止）</translation>
+    </message>
+    <message>
         <source>%1 runs, line %2</source>
         <translation>%1 正在运行，第 %2 行</translation>
     </message>

@@ -80,6 +80,8 @@ QString ProgramRun::text() const
     case State::Unknown:
         return tr("No connection to the controller");
     case State::Idle:
+        if (m_message == QLatin1String("stopped"))
+            return tr("Ready (stopped)");
         return m_message.isEmpty() ? tr("Ready") : tr("Ready (%1)").arg(m_message);
     case State::Running:
         return tr("%1 runs, line %2").arg(m_name).arg(m_line);

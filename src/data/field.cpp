@@ -139,6 +139,7 @@ bool IntegerListField::show(const kelp::ModuleObject *file)
 void IntegerField::prepare()
 {
     m_box->setRange(int(m_range.minimum), int(m_range.maximum));
+    m_box->setAccelerated(true);
 }
 
 void IntegerField::store(QObject *sender, kelp::ModuleObject *file) const
@@ -162,6 +163,7 @@ void RealField::writeDefault(QObject *sender, kelp::ModuleObject *file) const
 void RealField::prepare()
 {
     m_box->setRange(m_range.minimum, m_range.maximum);
+    m_box->setAccelerated(true);
 }
 
 void RealField::store(QObject *sender, kelp::ModuleObject *file) const

@@ -129,9 +129,31 @@ void MoveParamWidget::onBtnDetailClicked()
     auto *dialog = new WeaveDataDialog(this);
     dialog->initUI(name);
     connect(dialog, &QDialog::finished, this, [this, dialog] {
-        m_detailsBlocked = false;
+        setDetailsBlocked(false);
         dialog->deleteLater();
     });
-    m_detailsBlocked = true;
+    setDetailsBlocked(true);
+    m_details = dialog;
     dialog->show(); // not modal: what stops the robot stays within reach
+}
+
+void MoveParamWidget::setDetailsBlocked(bool blocked)
+{
+    m_detailsBlocked = blocked;
+    ui->cbxWeaveData->setEnabled(!blocked);
+}
+
+// The dialog belongs to this form; over another page nobody would know what it is about.
+void MoveParamWidget::hideEvent(QHideEvent *event)
+{
+    if (m_details)
+        m_details->hide();
+    QWidget::hideEvent(event);
+}
+
+void MoveParamWidget::showEvent(QShowEvent *event)
+{
+    if (m_details && m_detailsBlocked)
+        m_details->show();
+    QWidget::showEvent(event);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <memory>
 
@@ -7,6 +8,7 @@ namespace Ui {
 class MoveParamWidget;
 }
 class QComboBox;
+class WeaveDataDialog;
 
 /// Speed, zone, tool, work object and weave file of a welding move.
 class MoveParamWidget : public QWidget
@@ -45,10 +47,18 @@ signals:
     void toolChanged(const QString &name);
     void wobjChanged(const QString &name);
 
+protected:
+    void hideEvent(QHideEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
 private:
     void select(QComboBox *combo, const QString &name, const char *message);
 
     std::unique_ptr<Ui::MoveParamWidget> ui;
-    /// Set while the details dialog is open: a second dialog would edit the same file unseen.
+    void setDetailsBlocked(bool blocked);
+
+    /// Set while the details dialog is open: a second dialog would edit the same file unseen, and
+    /// the line must go on naming the file that is being edited.
     bool m_detailsBlocked = false;
+    QPointer<WeaveDataDialog> m_details;
 };

@@ -1,8 +1,7 @@
 #include "instructions/timedwidgets.h"
 
 #include <QDoubleSpinBox>
-#include <QHBoxLayout>
-#include <QLabel>
+#include <QFormLayout>
 #include <limits>
 
 #include "instructions/line/timedline.h"
@@ -32,11 +31,10 @@ QDoubleSpinBox *addTimeRow(QWidget *form, Instruction instruction)
     box->setRange(shortest, std::numeric_limits<double>::max());
     box->setSingleStep(shortest);
     box->setValue(shortest);
-    auto *label = new QLabel(labelText(instruction), form);
-    label->setBuddy(box);
-    auto *layout = new QHBoxLayout(form);
-    layout->addWidget(label, 0, Qt::AlignTop);
-    layout->addWidget(box, 1, Qt::AlignTop);
+    box->setAccelerated(true);
+    auto *layout = new QFormLayout(form);
+    layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    layout->addRow(labelText(instruction), box);
     return box;
 }
 

@@ -1,5 +1,6 @@
 #include "instructions/weavedatadialog.h"
 
+#include <QPainter>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -10,6 +11,7 @@ namespace {
 constexpr int extraWidth = 40;
 constexpr int extraHeight = 20;
 constexpr int highest = 486;
+constexpr int edge = 2;
 
 } // namespace
 
@@ -30,7 +32,7 @@ WeaveDataDialog::WeaveDataDialog(QWidget *parent)
     inner->addWidget(wgtWeaveData);
     scrollArea->setWidget(contents);
     auto *outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
+    outer->setContentsMargins(edge, edge, edge, edge);
     outer->addWidget(scrollArea);
     connect(wgtWeaveData, &WeaveWidget::closeDialog, this, &QDialog::close);
     adjustDialogSize();
@@ -48,6 +50,14 @@ void WeaveDataDialog::adjustDialogSize()
     scrollArea->setWidgetResizable(true);
     const QSize wanted = wgtWeaveData->sizeHint();
     resize(wanted.width() + extraWidth, qMin(wanted.height() + extraHeight, highest));
+}
+
+void WeaveDataDialog::paintEvent(QPaintEvent *event)
+{
+    QDialog::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(QPen(palette().text(), edge));
+    painter.drawRect(rect().adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2));
 }
 
 bool WeaveDataDialog::isSaveClicked() const

@@ -18,6 +18,10 @@ public:
     bool isSaveClicked() const;
     QString getCurrentWeaveData() const;
 
+protected:
+    /// Draws its own edge: many pendants have no window manager that would.
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     QScrollArea *scrollArea;
     WeaveWidget *wgtWeaveData;

@@ -178,6 +178,8 @@ private slots:
     {
         FormHost host;
         MoveParamWidget panel(host.window());
+        host.window()->show();
+        panel.show();
         panel.onBtnDetailClicked();
         QVERIFY(panel.findChildren<QDialog *>().isEmpty()); // without a file
         for (const char *file : {"weavedata7", "weavedata8"}) {
@@ -188,6 +190,11 @@ private slots:
             QCOMPARE(dialogs.size(), 1);
             QVERIFY(dialogs.first()->isVisible() && !dialogs.first()->isModal());
             QCOMPARE(dialogs.first()->getCurrentWeaveData(), file);
+            QVERIFY(!child(&panel, "cbxWeaveData")->isEnabled());
+            panel.hide(); // another page was chosen
+            QVERIFY(dialogs.first()->isHidden());
+            panel.show();
+            QVERIFY(dialogs.first()->isVisible());
             dialogs.first()->close();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
