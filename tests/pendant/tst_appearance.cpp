@@ -80,11 +80,17 @@ private slots:
                 pendant.open(page);
                 QCOMPARE(misfits(pendant.window()).join("\n"), QString());
             }
-            pendant.open("arcweldpackage");
-            for (auto *subPage : pendant.find("wgtNav")->findChildren<QToolButton *>()) {
-                testsupport::finger::touch(subPage);
-                QCoreApplication::processEvents(); // the page is laid out
-                QCOMPARE(misfits(pendant.window()).join("\n"), QString());
+            // First without the link, so that no welder has told its ranges yet.
+            for (const bool down : {true, false}) {
+                pendant.faults()->set(controller::Faults::Fault::LinkDown, down);
+                QVERIFY(down ? pendant.waitDisconnected() : pendant.waitConnected());
+                pendant.open("arcweldpackage");
+                for (auto *subPage : pendant.find("wgtNav")->findChildren<QToolButton *>()) {
+                    testsupport::finger::touch(subPage);
+                    for (int i = 0; i < 3; ++i)
+                        QCoreApplication::processEvents(); // the page is laid out, then its bars
+                    QCOMPARE(misfits(pendant.window()).join("\n"), QString());
+                }
             }
             pando::frame().rightSide->show();
             QCoreApplication::processEvents();
