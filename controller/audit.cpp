@@ -29,6 +29,7 @@ qint64 numberOf(const QVariantMap &entry)
 std::vector<QVariantMap> inOrder(const std::map<QString, Store::Entry> &stored)
 {
     std::vector<QVariantMap> entries;
+    entries.reserve(stored.size());
     for (const auto &[key, entry] : stored)
         entries.push_back(entry.value.toMap());
     std::sort(entries.begin(), entries.end(),

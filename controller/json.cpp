@@ -27,7 +27,7 @@ QVariant valueOf(const QJsonValue &json)
     }
     if (json.isArray()) {
         QVariantList list;
-        for (const QJsonValue &item : json.toArray())
+        for (const auto &item : json.toArray())
             list.append(valueOf(item));
         return list;
     }

@@ -118,7 +118,7 @@ int measure(const fleet::LocalBroker &broker, int count, int rate, int seconds)
     int losses = 0;
     QObject::connect(&link, &links::MqttLink::upChanged,
                      [&losses](bool up) { losses += up ? 0 : 1; });
-    while (took.elapsed() < seconds * 1000) {
+    while (took.elapsed() < qint64(seconds) * 1000) {
         const qint64 before = cells.nowUs();
         if (link.call({LinkRequest::Kind::Get, node, {}, {}}, callMs).fromController())
             calls.push_back(cells.nowUs() - before);

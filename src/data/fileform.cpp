@@ -16,16 +16,10 @@ FileForm::FileForm(QObject *owner, const ParameterSet &set, QComboBox *combo,
     , m_combo(combo)
     , m_fields(owner)
     , m_afterShow(std::move(afterShow))
+    , m_shown(set.prefix)
 {
-    kelp::ModuleObject *section = m(QStringLiteral("welmo"))->c(m_set.section, true);
-    section->watch(true, true);
     m_overtaken.setSingleShot(true);
     QObject::connect(&m_overtaken, &QTimer::timeout, &m_overtaken, [this] { takeOver(); });
-    QObject::connect(section, &kelp::ModuleObject::changed, &m_overtaken,
-                     [this](const QVariant &, const QVariant &, const QObject *sender) {
-                         if (sender != m_owner)
-                             m_overtaken.start(0);
-                     });
 }
 
 FileForm::~FileForm()
@@ -93,22 +87,48 @@ int FileForm::save()
     return code;
 }
 
-FileForm::Values FileForm::values() const
+void FileForm::collect(kelp::ModuleObject *values) const
 {
-    Values values;
     for (const auto &row : m_fields.rows()) {
-        kelp::ModuleObject file(m_set.prefix);
         if (row->editor() != m_combo)
-            row->store(nullptr, &file);
-        values.push_back(file.toVariant());
+            row->store(nullptr, values);
     }
-    return values;
+}
+
+QMap<QString, QVariant> FileForm::edits() const
+{
+    QMap<QString, QVariant> edits;
+    kelp::ModuleObject now(m_set.prefix);
+    collect(&now);
+    for (const auto &row : m_fields.rows()) {
+        const kelp::ModuleObject *node = now.r(row->key()); // missing: nothing is chosen
+        if (m_isSettled && !node->isMissing()
+            && node->toVariant() != m_shown.r(row->key())->toVariant())
+            edits.insert(row->key(), node->toVariant());
+    }
+    return edits;
 }
 
 void FileForm::settle()
 {
-    m_shown = values();
-    m_seen = m_data ? m_data->toVariant() : QVariant();
+    collect(&m_shown);
+    m_isSettled = true;
+    follow();
+}
+
+void FileForm::follow()
+{
+    if (!m_data || (m_data == m_followed && m_following))
+        return;
+    QObject::disconnect(m_following);
+    m_followed = m_data;
+    m_data->watch(true, true);
+    m_following =
+        QObject::connect(m_data, &kelp::ModuleObject::changed, &m_overtaken,
+                         [this](const QVariant &, const QVariant &, const QObject *sender) {
+                             if (sender != m_owner)
+                                 m_overtaken.start(0);
+                         });
 }
 
 void FileForm::reportLoss(const QObject *sender, const QString &file)
@@ -119,23 +139,21 @@ void FileForm::reportLoss(const QObject *sender, const QString &file)
 
 void FileForm::takeOver()
 {
-    if (!m_data || !holdsChosenFile() || m_seen == m_data->toVariant())
+    if (m_data != m_followed || !holdsChosenFile())
         return;
-    const Values before = values();
+    const QMap<QString, QVariant> edited = edits();
     kelp::ModuleObject merged(m_data->name());
     merged.copyFrom(nullptr, m_data);
-    for (size_t i = 0; i < before.size(); ++i) {
-        if (before[i] != m_shown[i])
-            merged.importFromVariant(nullptr, before[i]);
+    QMap<QString, QVariant> shown;
+    for (auto edit = edited.begin(); edit != edited.end(); ++edit) {
+        shown.insert(edit.key(), m_shown.r(edit.key())->toVariant());
+        merged.set(nullptr, edit.key(), edit.value());
     }
     m_fields.show(&merged);
     m_afterShow();
-    const Values shown = std::exchange(m_shown, values());
-    for (size_t i = 0; i < before.size(); ++i) {
-        if (before[i] != shown[i])
-            m_shown[i] = shown[i]; // still edited
-    }
-    m_seen = m_data->toVariant();
+    settle();
+    for (auto value = shown.begin(); value != shown.end(); ++value)
+        m_shown.set(nullptr, value.key(), value.value()); // still edited
 }
 
 void FileForm::select()

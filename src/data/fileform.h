@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QMap>
 #include <QTimer>
 #include <functional>
 
@@ -46,7 +47,7 @@ public:
     /// The controller's code, 0 for success.
     int save();
     /// Whether the form holds changes that were not saved.
-    bool isEdited() const { return !m_shown.empty() && m_shown != values(); }
+    bool isEdited() const { return !edits().isEmpty(); }
     /// What the controls hold counts as unchanged: it was shown, saved, or set by the welder.
     void settle();
     /// Reads the chosen file and shows it; a failed read leaves the form as it is. Changes of the
@@ -59,11 +60,12 @@ public:
     void start();
 
 private:
-    using Values = std::vector<QVariant>; ///< what each row would store
-
     void useFreshDefaults();
     static void reportLoss(const QObject *sender, const QString &file);
-    Values values() const;
+    QMap<QString, QVariant> edits() const; ///< by key
+    /// What the controls hold, except the file's name.
+    void collect(kelp::ModuleObject *values) const;
+    void follow();
     void takeOver();
 
     QObject *m_owner;
@@ -72,8 +74,10 @@ private:
     FieldTable m_fields;
     std::function<void()> m_afterShow;
     kelp::ModuleObject *m_data = nullptr;
-    Values m_shown; ///< as it was shown or saved last
-    QVariant m_seen; ///< the data object then
+    kelp::ModuleObject m_shown; ///< what the controls held when a file was shown or saved
+    bool m_isSettled = false;
+    kelp::ModuleObject *m_followed = nullptr; ///< the data object whose changes are heard
+    QMetaObject::Connection m_following;
     QTimer m_overtaken; ///< runs once for all that somebody else changes at a time
 };
 

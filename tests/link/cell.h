@@ -9,7 +9,7 @@
 class Cell
 {
 public:
-    explicit Cell(links::CellService::Options options)
+    explicit Cell(const links::CellService::Options &options)
     {
         m_service = new links::CellService(options);
         m_service->moveToThread(&m_thread);

@@ -25,6 +25,8 @@ protected:
         else
             QMessageBox::keyPressEvent(event);
     }
+    // QMessageBox itself refuses to be closed without a button to press instead.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     void closeEvent(QCloseEvent *event) override { QDialog::closeEvent(event); }
 };
 

@@ -16,7 +16,7 @@ void PhysicalKeys::regist(QObject *owner, const Set &set)
 {
     // What is held gets its release from the actions that it was pressed with.
     releaseSet(set.name);
-    const size_t keys = size_t(set.firstGroup.size() + set.secondGroup.size());
+    const size_t keys = size_t(set.firstGroup.size()) + size_t(set.secondGroup.size());
     Entry entry{set, owner, std::vector<bool>(keys, false)};
     if (Entry *same = find(set.name))
         *same = std::move(entry);

@@ -77,7 +77,7 @@ private:
     void announceConnected();
     void mirror();
     bool subscribe(const QString &path, QVariant *value);
-    void deliver(Subscription &subscription, const QVariant &values, bool silent);
+    void deliver(Subscription &entry, const QVariant &values, bool silent);
     Subscription &subscription(const QString &path);
 
     kelp::ModuleObject m_tree;
