@@ -2,7 +2,7 @@
 
 #include <memory>
 
-struct mqtt5__property;
+struct mqtt5__property; // NOLINT(bugprone-reserved-identifier): the library's own name
 
 namespace links {
 struct MqttMessage;

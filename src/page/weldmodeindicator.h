@@ -9,8 +9,8 @@ class WeldModeIndicator : public QLabel
 public:
     using QLabel::QLabel;
 
-    /// Shows the picture of @p mode ("test_run", "simu", "real"); any other mode changes nothing.
-    void showPicture(const QString &mode);
+    /// Shows the picture of @p code ("test_run", "simu", "real"); any other code changes nothing.
+    void showPicture(const QString &code);
     /// As showPicture(), and tells the switch in the message log, as the controller's news.
-    void announce(const QString &mode);
+    void announce(const QString &code);
 };

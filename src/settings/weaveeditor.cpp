@@ -210,7 +210,7 @@ bool WeaveEditor::validateParam()
 {
     const qint64 product = hundredths(ui->sbxWeaveLength_Frequency->value())
         * hundredths(ui->sbxWeaveAmplitude->value());
-    if (ui->cbxWeaveStandard->currentIndex() == Period && product > 50 * 100 * 100) {
+    if (ui->cbxWeaveStandard->currentIndex() == Period && product > qint64(50) * 100 * 100) {
         report::error(m_owner,
                       tr("The frequency multiplied by the amplitude must be less than 50"));
         return false;
@@ -218,7 +218,7 @@ bool WeaveEditor::validateParam()
     const qint64 sum = hundredths(ui->sbxWeaveLeftElevation->value())
         + hundredths(ui->sbxWeaveRightElevation->value());
     if (ui->cbxWeaveElevationType->currentIndex() == TriangularElevation
-        && (sum == 0 || std::abs(sum) == 180 * 100)) {
+        && (sum == 0 || std::abs(sum) == qint64(180) * 100)) {
         report::error(m_owner, tr("The sum of the elevation angles must not be 0, 180, or -180"));
         return false;
     }

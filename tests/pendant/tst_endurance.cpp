@@ -25,7 +25,7 @@ namespace {
 qint64 heapInUse()
 {
     const auto info = ::mallinfo2();
-    return qint64(info.uordblks + info.hblkhd);
+    return qint64(info.uordblks) + qint64(info.hblkhd);
 }
 
 /// Does @p once again and again, first until every cache is warm; what the heap has grown by.
@@ -50,7 +50,7 @@ bool isLibraryMapped()
 }
 
 // Allocators keep something back; the smallest object left behind each time would be far more.
-constexpr qint64 slack = 300 * 1024;
+constexpr qint64 slack = qint64(300) * 1024;
 // Qt 5.15 keeps what it knows of a spin box's style, some 200 bytes, until another one stands at
 // the same address; with Qt's widgets alone, too. Over 10,000 forms that is 66 for each spin box.
 constexpr qint64 keptByQt = 90;

@@ -118,6 +118,7 @@ private slots:
         desk.pendant.restart(bare);
         QVERIFY(desk.pendant.find("pndKeys")->isHidden());
     }
+    // NOLINTNEXTLINE(readability-function-size): a table
     void wireMovesWhileHeld()
     {
         const Rows<QString, Act> rows{

@@ -181,9 +181,10 @@ private slots:
             Desk desk(form);
             const auto other = form.make(desk.host);
             auto *theirs = child<QLineEdit>(other->wgt(), form.annotation);
+            auto *save = child<QPushButton>(other->wgt(), form.save);
             const auto theySave = [&](const QString &text) {
                 theirs->setText(text);
-                child<QPushButton>(other->wgt(), form.save)->click();
+                save->click();
                 QCoreApplication::processEvents();
             };
             theySave("theirs");
