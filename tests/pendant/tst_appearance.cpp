@@ -93,7 +93,9 @@ private slots:
                 }
             }
             pando::frame().rightSide->show();
-            QCoreApplication::processEvents();
+            for (int i = 0; i < 3; ++i)
+                QCoreApplication::processEvents();
+            QCOMPARE(pendant.window()->size(), QSize(1280, 800));
             QCOMPARE(misfits(pando::frame().rightSide).join("\n"), QString());
             pando::frame().rightSide->hide();
             testsupport::ProgramTouch program(pendant);
