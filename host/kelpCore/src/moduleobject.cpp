@@ -381,8 +381,9 @@ EmptyModuleObject::EmptyModuleObject()
 
 EmptyModuleObject *EmptyModuleObject::instance()
 {
-    static EmptyModuleObject node;
-    return &node;
+    // Never destroyed: what goes at the end of the program may still look for a node.
+    static auto *node = new EmptyModuleObject;
+    return node;
 }
 
 } // namespace kelp
