@@ -97,13 +97,14 @@ void FileForm::collect(kelp::ModuleObject *values) const
 
 QMap<QString, QVariant> FileForm::edits() const
 {
+    if (!m_isSettled)
+        return {};
     QMap<QString, QVariant> edits;
     kelp::ModuleObject now(m_set.prefix);
     collect(&now);
     for (const auto &row : m_fields.rows()) {
         const kelp::ModuleObject *node = now.r(row->key()); // missing: nothing is chosen
-        if (m_isSettled && !node->isMissing()
-            && node->toVariant() != m_shown.r(row->key())->toVariant())
+        if (!node->isMissing() && node->toVariant() != m_shown.r(row->key())->toVariant())
             edits.insert(row->key(), node->toVariant());
     }
     return edits;
@@ -139,7 +140,8 @@ void FileForm::reportLoss(const QObject *sender, const QString &file)
 
 void FileForm::takeOver()
 {
-    if (m_data != m_followed || !holdsChosenFile())
+    // Of the controller: a save that was refused leaves its values in the local copy.
+    if (m_data != m_followed || !holdsChosenFile() || !controller::isConnected() || !get())
         return;
     const QMap<QString, QVariant> edited = edits();
     kelp::ModuleObject merged(m_data->name());

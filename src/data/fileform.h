@@ -14,8 +14,8 @@ namespace welmo {
 /// data object between them. Thin: the moving is FieldTable's, the fetching parameterfile's.
 ///
 /// The local copy of a file is one for all forms. When another form, or the monitor, changes it,
-/// this one shows the new values, except in fields that were edited here: a save must not undo what
-/// was saved elsewhere.
+/// this one reads the file and shows it, except in fields that were edited here: a save must not
+/// undo what was saved elsewhere.
 class FileForm
 {
 public:

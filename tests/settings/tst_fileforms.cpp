@@ -187,6 +187,10 @@ private slots:
                 save->click();
                 QCoreApplication::processEvents();
             };
+            desk.host.spoil(FormHost::Refused, desk.request("set", 1));
+            theySave("refused");
+            QCOMPARE(desk.annotation()->text(), "");
+            QVERIFY(desk.mend());
             theySave("theirs");
             QCOMPARE(desk.annotation()->text(), "theirs");
             desk.annotation()->setText("mine");
