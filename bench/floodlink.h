@@ -4,7 +4,7 @@
 #include <functional>
 #include <thread>
 
-#include "link/embeddedlink.h"
+#include "link/embedded/embeddedlink.h"
 #include "tessa/notificationqueue.h"
 
 namespace bench {
@@ -34,13 +34,13 @@ public:
     void close() override { m_inner.close(); }
     bool isUp() const override { return m_inner.isUp(); }
     void beat(int press) override { m_inner.beat(press); }
-    const controller::Journal &journal() const { return m_inner.journal(); }
-    controller::Faults *faults() { return m_inner.faults(); }
+    const welmo::controller::Journal &journal() const { return m_inner.journal(); }
+    welmo::controller::Faults *faults() { return m_inner.faults(); }
 
 private:
     void flood();
 
-    links::EmbeddedLink m_inner{links::EmbeddedLink::Options{}};
+    welmo::links::EmbeddedLink m_inner{welmo::links::EmbeddedLink::Options{}};
     tessa::NotificationQueue m_queue;
     std::atomic<bool> m_flooding{false};
     std::thread m_thread;

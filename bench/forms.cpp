@@ -2,12 +2,11 @@
 #include "bench/filling.h"
 #include "bench/rawforms.h"
 #include "bench/stage.h"
-#include "instructions/arcoffpropertywidget.h"
-#include "instructions/arconpropertywidget.h"
-#include "instructions/timedwidgets.h"
-#include "instructions/weaveonpropertywidget.h"
-#include "instructions/wmovecpropertywidget.h"
-#include "instructions/wmovelpropertywidget.h"
+#include "instructions/forms/arcoffpropertywidget.h"
+#include "instructions/forms/arconpropertywidget.h"
+#include "instructions/forms/timedwidgets.h"
+#include "instructions/forms/weaveonpropertywidget.h"
+#include "instructions/move/moveforms.h"
 
 namespace bench {
 

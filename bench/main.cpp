@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "bench/bench.h"
-#include "pendant/registrations.h"
+#include "pendant/app/registrations.h"
 
 namespace {
 
@@ -25,7 +25,7 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     // The forms are linked in to be measured one by one; the module comes from the library only.
-    pendant::Registrations::present().withdraw();
+    welmo::pendant::Registrations::present().withdraw();
 
     QCommandLineParser parser;
     parser.setApplicationDescription("Measures the package against its floors.");

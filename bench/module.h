@@ -4,7 +4,7 @@
 #include <QToolButton>
 
 #include "bench/stage.h"
-#include "pendant/pluginloader.h"
+#include "pendant/app/pluginloader.h"
 #include "support/formhost.h"
 
 namespace bench {
@@ -38,7 +38,7 @@ private:
     pando::ModuleFramework *framework() { return host.host().helper()->framework(); }
 
     /// What the library still has to be deleted must be gone before its code is.
-    struct Loader : ::pendant::PluginLoader
+    struct Loader : welmo::pendant::PluginLoader
     {
         Loader()
             : PluginLoader(QStringLiteral(WELMO_MODULE))

@@ -5,11 +5,11 @@
 #include "bench/module.h"
 #include "bench/rawforms.h"
 #include "bench/stage.h"
-#include "data/stylerules.h"
 #include "settings/devicessettingpage.h"
 #include "settings/processsettingspage.h"
 #include "settings/weavefunctionpage.h"
 #include "settings/weldingoptionspage.h"
+#include "widgets/stylerules.h"
 
 namespace bench {
 

@@ -1,4 +1,4 @@
-#include "pendant/pendantapp.h"
+#include "pendant/app/pendantapp.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -15,7 +15,7 @@ namespace bench {
 
 namespace {
 
-using controller::Journal;
+using welmo::controller::Journal;
 
 /// The real pendant with the real library, connected, on the page with the monitor beside it.
 class Pendant
@@ -24,10 +24,10 @@ public:
     Pendant()
         : m_app({QStringLiteral("en"), QStringLiteral("light"), m_folder.path(),
                  QStringLiteral(WELMO_MODULE)},
-                [this](const ::pendant::Options &) {
+                [this](const welmo::pendant::Options &) {
                     auto link = std::make_unique<FloodLink>();
                     m_link = link.get();
-                    return ::pendant::Connection{std::move(link), m_link->faults()};
+                    return welmo::pendant::Connection{std::move(link), m_link->faults()};
                 })
     {
         m_app.start();
@@ -47,7 +47,7 @@ public:
 private:
     QTemporaryDir m_folder;
     FloodLink *m_link = nullptr;
-    ::pendant::PendantApp m_app;
+    welmo::pendant::PendantApp m_app;
 };
 
 void runFor(int ms)

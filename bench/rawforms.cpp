@@ -4,8 +4,7 @@
 #include <QTabWidget>
 #include <QToolButton>
 
-#include "data/stylerules.h"
-#include "instructions/formscroller.h"
+#include "instructions/forms/formscroller.h"
 #include "ui_rawarcweldpage.h"
 #include "ui_rawdevicessettingpage.h"
 #include "ui_rawmonitorpage.h"
@@ -15,6 +14,7 @@
 #include "ui_rawweaveeditor.h"
 #include "ui_rawweldingoptionspage.h"
 #include "vu/xtheme.h"
+#include "widgets/stylerules.h"
 
 namespace bench::raw {
 

@@ -7,9 +7,9 @@
 #include "bench/rawstore.h"
 #include "bench/roundtrip.h"
 #include "cell.h"
-#include "controller/json.h"
-#include "link/embeddedlink.h"
-#include "link/mqttlink.h"
+#include "controller/core/json.h"
+#include "link/embedded/embeddedlink.h"
+#include "link/mqtt/mqttlink.h"
 #include "loopback.h"
 
 namespace bench {
@@ -87,7 +87,7 @@ struct Stores
         content.importFromVariant(nullptr, values, false);
         for (int i = 0; i < 2; ++i) {
             values.insert(QStringLiteral("annotation"), m_letters[i]);
-            m_json[i] = controller::toJson(values);
+            m_json[i] = welmo::controller::toJson(values);
         }
         write();
         rawWrite();
@@ -131,9 +131,9 @@ Trial timed(const Work &work)
 void embedded(Bench &bench)
 {
     const QTemporaryDir folder;
-    links::EmbeddedLink::Options options;
+    welmo::links::EmbeddedLink::Options options;
     options.dataFolder = folder.path();
-    Stores stores(std::make_unique<links::EmbeddedLink>(options));
+    Stores stores(std::make_unique<welmo::links::EmbeddedLink>(options));
     Hop hop;
     const Work plain = [&] { stores.rawRead(); };
     const Work across = [&] { hop.run(plain); };
@@ -155,14 +155,15 @@ void overBroker(Bench &bench)
     const QTemporaryDir folder;
     const fleet::LocalBroker broker(loopback::freePort());
     while (!loopback::accepts(broker.address().port)) { }
-    links::CellService::Options options;
+    welmo::links::CellService::Options options;
     options.cell = QStringLiteral("cell");
     options.address = broker.address();
     options.dataFolder = folder.path();
-    options.roles = links::Roles({{QStringLiteral("nobody"), links::Role::Administrator}});
+    options.roles =
+        welmo::links::Roles({{QStringLiteral("nobody"), welmo::links::Role::Administrator}});
     const ::Cell cell(options);
-    Stores stores(std::make_unique<links::MqttLink>(
-        links::MqttLink::Options{broker.address(), options.cell}));
+    Stores stores(std::make_unique<welmo::links::MqttLink>(
+        welmo::links::MqttLink::Options{broker.address(), options.cell}));
     RoundTrip trip(broker.address().port);
     const QByteArray json = stores.json();
     const Work read = [&] { trip.run(stores.path, json, [&] { stores.rawRead(); }); };

@@ -3,7 +3,7 @@
 #include <pcre2.h>
 
 #include "bench/bench.h"
-#include "instructions/line/charactercheck.h"
+#include "tl/charactercheck.h"
 
 namespace bench {
 

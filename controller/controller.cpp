@@ -2,20 +2,20 @@
 
 #include <algorithm>
 
-#include "controller/json.h"
-#include "controller/names.h"
-#include "controller/options.h"
-#include "controller/parameterfiles.h"
-#include "controller/program.h"
-#include "controller/project.h"
-#include "controller/robot.h"
-#include "controller/weld.h"
-#include "controller/welder.h"
-#include "controller/welderstate.h"
-#include "controller/weldmode.h"
-#include "controller/wireandgas.h"
+#include "controller/core/json.h"
+#include "controller/files/options.h"
+#include "controller/files/parameterfiles.h"
+#include "controller/program/program.h"
+#include "controller/robot/project.h"
+#include "controller/robot/robot.h"
+#include "controller/welding/weld.h"
+#include "controller/welding/welder.h"
+#include "controller/welding/welderstate.h"
+#include "controller/welding/weldmode.h"
+#include "controller/welding/wireandgas.h"
+#include "schema/names.h"
 
-namespace controller {
+namespace welmo::controller {
 
 namespace {
 
@@ -24,7 +24,7 @@ constexpr int journalLength = 200; // of the journal as a node
 } // namespace
 
 Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clock &clock)
-    : m_cell(store, faults, journal, clock)
+    : m_context(store, faults, journal, clock)
 {
     add<ParameterFiles>();
     add<Options>();
@@ -39,7 +39,7 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     m_registry.addValue(names::journal, [&journal] {
         return Reply::with(QVariantMap{{QStringLiteral("entries"), journal.recent(journalLength)}});
     });
-    m_registry.addValue(names::audit, [this] { return m_cell.audit().recent(journalLength); });
+    m_registry.addValue(names::audit, [this] { return m_context.audit().recent(journalLength); });
 }
 
 Controller::~Controller() = default;
@@ -47,7 +47,7 @@ Controller::~Controller() = default;
 template<typename T, typename... Args>
 T &Controller::add(Args &...others)
 {
-    auto unit = std::make_unique<T>(m_cell, m_registry, others...);
+    auto unit = std::make_unique<T>(m_context, m_registry, others...);
     T &result = *unit;
     m_units.push_back(std::move(unit));
     return result;
@@ -55,7 +55,7 @@ T &Controller::add(Args &...others)
 
 Reply Controller::start()
 {
-    if (!m_cell.audit().start())
+    if (!m_context.audit().start())
         return Reply::refused(StorageFailed, QStringLiteral("the audit journal cannot be read"));
     for (const auto &unit : m_units) {
         if (Reply reply = unit->start(); !reply.ok())
@@ -67,19 +67,19 @@ Reply Controller::start()
 Reply Controller::handle(const Request &request)
 {
     tick();
-    if (const int code = m_cell.faults().takeCode(request.path))
+    if (const int code = m_context.faults().takeCode(request.path))
         return Reply::refused(code, QStringLiteral("a switched fault"));
     if (!isPlain(request.payload))
         return Reply::refused(BadPayload, QStringLiteral("the payload is no plain value"));
-    if (Reply conflict = m_cell.audit().conflict(request); !conflict.ok())
+    if (Reply conflict = m_context.audit().conflict(request); !conflict.ok())
         return conflict;
-    m_cell.audit().setAuthor(request.author);
+    m_context.audit().setAuthor(request.author);
     Reply reply = m_registry.dispatch(request);
-    m_cell.audit().setAuthor({});
+    m_context.audit().setAuthor({});
     if (request.kind == Request::Kind::Set || request.kind == Request::Kind::Command)
         tick(); // who watches hears of what the request changed
     if (reply.ok() && !request.key.isEmpty() && request.kind != Request::Kind::Command)
-        reply.revision = m_cell.revision(request.path, request.key);
+        reply.revision = m_context.revision(request.path, request.key);
     return reply;
 }
 
@@ -97,7 +97,7 @@ bool Controller::isBusy() const
 
 int Controller::paceMs() const
 {
-    int pace = Unit().paceMs();
+    int pace = Subsystem().paceMs();
     for (const auto &unit : m_units) {
         if (unit->isBusy())
             pace = std::min(pace, unit->paceMs());
@@ -118,4 +118,4 @@ void Controller::losePendant()
     tick();
 }
 
-} // namespace controller
+} // namespace welmo::controller

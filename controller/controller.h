@@ -3,12 +3,12 @@
 #include <memory>
 #include <vector>
 
-#include "controller/cell.h"
-#include "controller/holdtorun.h"
-#include "controller/registry.h"
-#include "controller/unit.h"
+#include "controller/core/controllercontext.h"
+#include "controller/core/registry.h"
+#include "controller/core/subsystem.h"
+#include "controller/welding/holdtorun.h"
 
-namespace controller {
+namespace welmo::controller {
 
 /// The virtual robot controller: answers requests, and tells what changed. A state machine without
 /// a thread, a timer or a connection; who owns it calls handle() and tick() from one thread.
@@ -20,7 +20,7 @@ public:
     ~Controller();
 
     /// Called during handle() and tick(), for every node, watched or not.
-    void setNotify(Cell::Notify notify) { m_cell.setNotify(std::move(notify)); }
+    void setNotify(ControllerContext::Notify notify) { m_context.setNotify(std::move(notify)); }
     /// Writes what every store has to hold, once in its life; comes before everything else.
     Reply start();
     Reply handle(const Request &request);
@@ -42,10 +42,10 @@ private:
     template<typename T, typename... Args>
     T &add(Args &...others);
 
-    Cell m_cell;
+    ControllerContext m_context;
     Registry m_registry;
     HoldToRun m_hold;
-    std::vector<std::unique_ptr<Unit>> m_units;
+    std::vector<std::unique_ptr<Subsystem>> m_units;
 };
 
-} // namespace controller
+} // namespace welmo::controller

@@ -1,6 +1,6 @@
 #include "bench/fleet/cells.h"
 
-#include "controller/names.h"
+#include "schema/names.h"
 
 namespace fleet {
 
@@ -10,7 +10,7 @@ const QString user = QStringLiteral("nobody"); // a broker that asks for no user
 
 } // namespace
 
-Cells::Cells(const links::BrokerAddress &broker, int count, int rate, int threads)
+Cells::Cells(const welmo::links::BrokerAddress &broker, int count, int rate, int threads)
     : m_rate(rate)
     , m_next(size_t(count), firstValue)
     , m_times(size_t(count) * values)
@@ -19,13 +19,14 @@ Cells::Cells(const links::BrokerAddress &broker, int count, int rate, int thread
     for (int thread = 0; thread < threads; ++thread)
         m_threads.push_back(std::make_unique<QThread>());
     for (int cell = 0; cell < count; ++cell) {
-        links::CellService::Options options{nameOf(cell), broker, {}, {}};
-        options.roles = links::Roles({{user, links::Role::Administrator}});
-        auto *service = new links::CellService(options);
+        welmo::links::CellService::Options options{nameOf(cell), broker, {}, {}};
+        options.roles = welmo::links::Roles({{user, welmo::links::Role::Administrator}});
+        auto *service = new welmo::links::CellService(options);
         auto *timer = new QTimer(service);
         timer->setTimerType(Qt::PreciseTimer);
         QThread *thread = m_threads[size_t(cell % threads)].get();
-        QObject::connect(service, &links::CellService::online, service, [this] { ++m_online; });
+        QObject::connect(service, &welmo::links::CellService::online, service,
+                         [this] { ++m_online; });
         QObject::connect(timer, &QTimer::timeout, service, [this, cell] { tell(cell); });
         QObject::connect(thread, &QThread::started, service, [this, service, timer] {
             service->start();
@@ -54,8 +55,8 @@ void Cells::tell(int cell)
     int &next = m_next[size_t(cell)];
     m_times[slot(cell, next)] = nowUs();
     ++m_sent;
-    m_cells[size_t(cell)]->handle({controller::Request::Kind::Set,
-                                   controller::names::welderStateRate,
+    m_cells[size_t(cell)]->handle({welmo::controller::Request::Kind::Set,
+                                   welmo::names::welderStateRate,
                                    {},
                                    QVariantMap{{QStringLiteral("rate"), next}}});
     next = next + 1 < firstValue + values ? next + 1 : firstValue;

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "link/cellservice.h"
+#include "link/mqtt/cellservice.h"
 
 namespace fleet {
 
@@ -19,7 +19,7 @@ public:
     static constexpr int values = 490; ///< then the numbers begin anew
 
     /// On @p threads threads, each cell @p rate times a second.
-    Cells(const links::BrokerAddress &broker, int count, int rate, int threads);
+    Cells(const welmo::links::BrokerAddress &broker, int count, int rate, int threads);
     ~Cells();
 
     static QString nameOf(int cell) { return QStringLiteral("cell%1").arg(cell); }
@@ -42,7 +42,7 @@ private:
     const int m_rate;
     QElapsedTimer m_clock;
     std::vector<std::unique_ptr<QThread>> m_threads;
-    std::vector<links::CellService *> m_cells; // each goes with its thread
+    std::vector<welmo::links::CellService *> m_cells; // each goes with its thread
     std::vector<int> m_next;
     std::vector<std::atomic<qint64>> m_times;
     std::atomic<int> m_online{0};

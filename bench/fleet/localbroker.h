@@ -3,7 +3,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include "link/brokeraddress.h"
+#include "link/mqtt/brokeraddress.h"
 
 namespace fleet {
 
@@ -15,7 +15,7 @@ public:
     explicit LocalBroker(int port);
     ~LocalBroker();
 
-    const links::BrokerAddress &address() const { return m_address; }
+    const welmo::links::BrokerAddress &address() const { return m_address; }
     /// Processor time so far, in seconds.
     double processorSeconds() const;
 
@@ -24,7 +24,7 @@ private:
 
     QTemporaryDir m_folder;
     QProcess m_process;
-    links::BrokerAddress m_address;
+    welmo::links::BrokerAddress m_address;
 };
 
 } // namespace fleet

@@ -8,8 +8,8 @@
 #include "bench/fleet/cells.h"
 #include "bench/fleet/localbroker.h"
 #include "bench/fleet/report.h"
-#include "controller/names.h"
-#include "link/mqttlink.h"
+#include "link/mqtt/mqttlink.h"
+#include "schema/names.h"
 
 using fleet::Cells;
 using tessa::LinkRequest;
@@ -19,18 +19,18 @@ namespace {
 constexpr int threads = 2;
 constexpr int limitMs = 120000;
 constexpr int callMs = 1600;
-const QString node = controller::names::welderStateRate;
+const QString node = welmo::names::welderStateRate;
 
 /// Reads the value of every cell, as a plant's own tools would.
 class Reader
 {
 public:
-    Reader(const links::BrokerAddress &address, const Cells &cells)
+    Reader(const welmo::links::BrokerAddress &address, const Cells &cells)
         : m_cells(cells)
         , m_client({address, QStringLiteral("reader")},
                    {[this] { m_client.subscribe(QStringLiteral("welmo/1/+/value/") + node, 0); },
                     [](const QString &) {},
-                    [this](const links::MqttMessage &message) { take(message); }})
+                    [this](const welmo::links::MqttMessage &message) { take(message); }})
     {
         m_client.start();
     }
@@ -43,12 +43,12 @@ public:
     }
 
 private:
-    void take(const links::MqttMessage &message)
+    void take(const welmo::links::MqttMessage &message)
     {
         if (message.retained)
             return;
         const qint64 now = m_cells.nowUs();
-        const QVariant value = links::wire::toValue(message).value_or(QVariant());
+        const QVariant value = welmo::links::protocol::toValue(message).value_or(QVariant());
         const int cell = Cells::numberOf(message.topic.section('/', 2, 2));
         const QMutexLocker lock(&m_mutex);
         ++m_delivered;
@@ -60,7 +60,7 @@ private:
     QMutex m_mutex;
     std::vector<qint64> m_latencies;
     std::atomic<qint64> m_delivered{0};
-    links::MqttClient m_client; // last: its thread ends first
+    welmo::links::MqttClient m_client; // last: its thread ends first
 };
 
 template<typename Condition>
@@ -101,12 +101,12 @@ int measure(const fleet::LocalBroker &broker, int count, int rate, int seconds)
     if (!waitFor([&] { return cells.areOnline(); }))
         return fail("not every cell came online");
     Reader reader(broker.address(), cells);
-    links::MqttLink link({broker.address(), Cells::nameOf(count / 2)});
+    welmo::links::MqttLink link({broker.address(), Cells::nameOf(count / 2)});
     link.open();
     if (!waitFor([&] { return link.isUp(); }))
         return fail("the link did not come up");
     qint64 heard = 0;
-    QObject::connect(&link, &links::MqttLink::notified, [&heard] { ++heard; });
+    QObject::connect(&link, &welmo::links::MqttLink::notified, [&heard] { ++heard; });
     link.call({LinkRequest::Kind::Watch, node, {}, {}}, callMs);
 
     const double ownBefore = ownSeconds();
@@ -116,7 +116,7 @@ int measure(const fleet::LocalBroker &broker, int count, int rate, int seconds)
     took.start();
     cells.setTelling(true);
     int losses = 0;
-    QObject::connect(&link, &links::MqttLink::upChanged,
+    QObject::connect(&link, &welmo::links::MqttLink::upChanged,
                      [&losses](bool up) { losses += up ? 0 : 1; });
     while (took.elapsed() < qint64(seconds) * 1000) {
         const qint64 before = cells.nowUs();

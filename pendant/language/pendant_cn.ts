@@ -17,54 +17,7 @@
     </message>
 </context>
 <context>
-    <name>ProgramCheck</name>
-    <message>
-        <source>no file %1 in the project</source>
-        <translation>项目中没有文件 %1</translation>
-    </message>
-    <message>
-        <source>no point %1 in the project</source>
-        <translation>项目中没有点 %1</translation>
-    </message>
-    <message>
-        <source>%1 is read as %2</source>
-        <translation>%1 被读作 %2</translation>
-    </message>
-    <message>
-        <source>ArcOn without ArcOff</source>
-        <translation>ArcOn 没有对应的 ArcOff</translation>
-    </message>
-    <message>
-        <source>ArcOff without ArcOn</source>
-        <translation>ArcOff 没有对应的 ArcOn</translation>
-    </message>
-    <message>
-        <source>WeaveOn without WeaveOff</source>
-        <translation>WeaveOn 没有对应的 WeaveOff</translation>
-    </message>
-    <message>
-        <source>WeaveOff without WeaveOn</source>
-        <translation>WeaveOff 没有对应的 WeaveOn</translation>
-    </message>
-    <message>
-        <source>no speed %1 in the project</source>
-        <translation>项目中没有速度 %1</translation>
-    </message>
-    <message>
-        <source>no zone %1 in the project</source>
-        <translation>项目中没有转弯区 %1</translation>
-    </message>
-    <message>
-        <source>no tool %1 in the project</source>
-        <translation>项目中没有工具 %1</translation>
-    </message>
-    <message>
-        <source>no work object %1 in the project</source>
-        <translation>项目中没有工件 %1</translation>
-    </message>
-</context>
-<context>
-    <name>controller::Database</name>
+    <name>welmo::controller::Database</name>
     <message>
         <source>cannot be opened (%1)</source>
         <translation>无法打开（%1）</translation>
@@ -114,7 +67,7 @@
     </message>
 </context>
 <context>
-    <name>links::Courier</name>
+    <name>welmo::links::MqttSession</name>
     <message>
         <source>%1 was written by somebody else meanwhile</source>
         <translation>%1 期间已被他人写入</translation>
@@ -141,7 +94,7 @@
     </message>
 </context>
 <context>
-    <name>links::TlsContext</name>
+    <name>welmo::links::TlsContext</name>
     <message>
         <source>%1: no certificates to trust</source>
         <translation>%1：没有可信证书</translation>
@@ -164,14 +117,14 @@
     </message>
 </context>
 <context>
-    <name>links::Station</name>
+    <name>welmo::links::ControllerRunner</name>
     <message>
         <source>%1: the project data cannot be kept (%2)</source>
         <translation>%1：无法保存工程数据（%2）</translation>
     </message>
 </context>
 <context>
-    <name>pendant::AnswersPanel</name>
+    <name>welmo::pendant::AnswersPanel</name>
     <message>
         <source>How it answers</source>
         <translation>应答方式</translation>
@@ -214,7 +167,7 @@
     </message>
 </context>
 <context>
-    <name>pendant::ControlPanel</name>
+    <name>welmo::pendant::ControlPanel</name>
     <message>
         <source>Control</source>
         <translation>控制权</translation>
@@ -245,7 +198,7 @@
     </message>
 </context>
 <context>
-    <name>pendant::ControllerPage</name>
+    <name>welmo::pendant::ControllerPage</name>
     <message>
         <source>Controller</source>
         <translation>控制器</translation>
@@ -256,7 +209,7 @@
     </message>
 </context>
 <context>
-    <name>pendant::FaultsPanel</name>
+    <name>welmo::pendant::FaultsPanel</name>
     <message>
         <source>What is broken</source>
         <translation>故障</translation>
@@ -299,7 +252,7 @@
     </message>
 </context>
 <context>
-    <name>pendant::FileKeeper</name>
+    <name>welmo::pendant::FileKeeper</name>
     <message>
         <source>New</source>
         <translation>新建</translation>
@@ -338,7 +291,7 @@
     </message>
 </context>
 <context>
-    <name>pendant::FilesPane</name>
+    <name>welmo::pendant::FilesPane</name>
     <message>
         <source>Elsewhere…</source>
         <translation>其他位置…</translation>
@@ -385,7 +338,7 @@
     </message>
 </context>
 <context>
-    <name>pendant::FormPane</name>
+    <name>welmo::pendant::FormPane</name>
     <message>
         <source>Back</source>
         <translation>返回</translation>
@@ -450,7 +403,7 @@ New: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::HeaderBar</name>
+    <name>welmo::pendant::HeaderBar</name>
     <message>
         <source>Welding cell</source>
         <translation>焊接单元</translation>
@@ -521,7 +474,7 @@ New: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::HomePage</name>
+    <name>welmo::pendant::HomePage</name>
     <message>
         <source>Home</source>
         <translation>主页</translation>
@@ -596,14 +549,14 @@ New: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::LineForm</name>
+    <name>welmo::pendant::LineForm</name>
     <message>
         <source>The line as text</source>
         <translation>行文本</translation>
     </message>
 </context>
 <context>
-    <name>pendant::LinesPane</name>
+    <name>welmo::pendant::LinesPane</name>
     <message>
         <source>Insert</source>
         <translation>插入</translation>
@@ -654,7 +607,7 @@ New: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::LinkControl</name>
+    <name>welmo::pendant::LinkControl</name>
     <message>
         <source>Link off</source>
         <translation>连接已断开</translation>
@@ -669,7 +622,7 @@ New: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::MessageModel</name>
+    <name>welmo::pendant::MessageModel</name>
     <message>
         <source>Error</source>
         <translation>错误</translation>
@@ -684,7 +637,7 @@ New: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::MessagesPage</name>
+    <name>welmo::pendant::MessagesPage</name>
     <message>
         <source>Messages</source>
         <translation>消息</translation>
@@ -709,7 +662,7 @@ From: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::NavPanel</name>
+    <name>welmo::pendant::NavPanel</name>
     <message>
         <source>Pendant</source>
         <translation>示教器</translation>
@@ -724,7 +677,7 @@ From: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::PendantApp</name>
+    <name>welmo::pendant::PendantApp</name>
     <message>
         <source>Home</source>
         <translation>主页</translation>
@@ -751,14 +704,14 @@ From: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::PendantWindow</name>
+    <name>welmo::pendant::PendantWindow</name>
     <message>
         <source>Pendant</source>
         <translation>示教器</translation>
     </message>
 </context>
 <context>
-    <name>pendant::PluginErrorPage</name>
+    <name>welmo::pendant::PluginErrorPage</name>
     <message>
         <source>The library could not be used</source>
         <translation>无法使用该库</translation>
@@ -781,7 +734,7 @@ From: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::PluginLoader</name>
+    <name>welmo::pendant::PluginLoader</name>
     <message>
         <source>%1: is not a module</source>
         <translation>%1：不是模块</translation>
@@ -792,14 +745,14 @@ From: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::ProblemsPanel</name>
+    <name>welmo::pendant::ProblemsPanel</name>
     <message>
         <source>Needs attention</source>
         <translation>需要处理</translation>
     </message>
 </context>
 <context>
-    <name>pendant::ProgramDocument</name>
+    <name>welmo::pendant::ProgramDocument</name>
     <message>
         <source>the change of line %1</source>
         <translation>修改第 %1 行</translation>
@@ -822,7 +775,7 @@ From: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::ProgramPage</name>
+    <name>welmo::pendant::ProgramPage</name>
     <message>
         <source>Program</source>
         <translation>程序</translation>
@@ -841,7 +794,7 @@ From: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::ProgramRun</name>
+    <name>welmo::pendant::ProgramRun</name>
     <message>
         <source>No connection to the controller</source>
         <translation>未连接控制器</translation>
@@ -888,7 +841,7 @@ From: %2</source>
     </message>
 </context>
 <context>
-    <name>pendant::RunBar</name>
+    <name>welmo::pendant::RunBar</name>
     <message>
         <source>Run</source>
         <translation>运行</translation>

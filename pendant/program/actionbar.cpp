@@ -2,7 +2,7 @@
 
 #include <QToolButton>
 
-namespace pendant {
+namespace welmo::pendant {
 
 ActionBar::ActionBar(QWidget *parent)
     : QFrame(parent)
@@ -27,4 +27,4 @@ QAction *ActionBar::addButton(const QString &text, const char *name, const QKeyS
     return action;
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -4,7 +4,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 
-namespace pendant {
+namespace welmo::pendant {
 
 /// A row of buttons, each for an action that a key of the keyboard can start as well.
 class ActionBar : public QFrame
@@ -33,4 +33,4 @@ private:
     QHBoxLayout *m_layout;
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

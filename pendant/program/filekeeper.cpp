@@ -10,7 +10,7 @@
 #include "pendant/program/programrun.h"
 #include "tessa/managerhelper.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 FileKeeper::FileKeeper(ProgramDocument *document, ProgramRun *run, FilesPane *pane, QObject *parent)
     : QObject(parent)
@@ -146,4 +146,4 @@ void FileKeeper::discard()
         goOn();
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -7,7 +7,7 @@
 class QAction;
 class QMessageBox;
 
-namespace pendant {
+namespace welmo::pendant {
 
 class ActionBar;
 class FilesPane;
@@ -55,4 +55,4 @@ private:
     QPointer<QMessageBox> m_question;
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -10,7 +10,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-namespace pendant {
+namespace welmo::pendant {
 
 namespace {
 
@@ -164,4 +164,4 @@ void FilesPane::browse()
     dialog->open();
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -7,7 +7,7 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 
-namespace pendant {
+namespace welmo::pendant {
 
 /// Chooses the file that a program is read from or kept in: the pendant's own programs, the
 /// examples that came with it, or any other file of the machine.
@@ -45,4 +45,4 @@ private:
     QPushButton *m_accept;
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -6,14 +6,14 @@
 #include <QPushButton>
 #include <QScrollArea>
 
-#include "instructions/line/instruction.h"
-#include "instructions/line/normalform.h"
 #include "pendant/program/lineform.h"
 #include "tessa/managerhelper.h"
 #include "tessa/tlmanager.h"
-#include "tools/tlcheck/checker.h"
+#include "tl/checker.h"
+#include "tl/instruction.h"
+#include "tl/normalform.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 namespace {
 
@@ -45,8 +45,8 @@ QString indentOf(const QString &line)
 // Why the form's own reader would not take the line again; empty when it would.
 QString refusal(const QString &text)
 {
-    for (const tlcheck::Finding &finding : tlcheck::Checker().checkLine(text, 0)) {
-        if (finding.kind == tlcheck::Finding::Kind::Refused)
+    for (const tl::Finding &finding : tl::Checker().checkLine(text, 0)) {
+        if (finding.kind == tl::Finding::Kind::Refused)
             return finding.text();
     }
     return {};
@@ -101,7 +101,7 @@ void FormPane::openEdit(const QString &text, int line, bool isFaithful)
 {
     m_before = text.isNull() ? QLatin1String("") : text;
     const auto *manager = tessa::TlManager::getTlManager();
-    const QString word = welmo::line::firstWord(text).text;
+    const QString word = welmo::tl::firstWord(text).text;
     const auto create = manager->propertyWidgetCreators.value(word);
     auto *form = create ? create(m_area->viewport()) : new LineForm(m_area->viewport());
     setTextOrHide(m_syntax, manager->syntaxTemplates.value(word));
@@ -136,9 +136,9 @@ void FormPane::fill(const QString &text, bool isFaithful)
     const bool isText = qobject_cast<LineForm *>(m_form);
     if (!isFaithful)
         reasons.append(tr("the file holds bytes here that are no text"));
-    else if (reasons.isEmpty() && !isText && welmo::line::normalForm(text).isNull())
+    else if (reasons.isEmpty() && !isText && welmo::tl::normalForm(text).isNull())
         reasons.append(tr("it holds more than the form shows"));
-    else if (reasons.isEmpty() && !isText && !welmo::line::keepsAll(text, m_form->ToString()))
+    else if (reasons.isEmpty() && !isText && !welmo::tl::keepsAll(text, m_form->ToString()))
         reasons.append(tr("the form shows other values"));
     warn(reasons.join(QStringLiteral("; ")));
 }
@@ -201,4 +201,4 @@ void FormPane::close()
     emit closed();
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -10,7 +10,7 @@ namespace tessa {
 class BaseContentWidget;
 }
 
-namespace pendant {
+namespace welmo::pendant {
 
 /// Shows one instruction form: what it is for on top, the form, and the buttons that take it over
 /// or drop it.
@@ -51,4 +51,4 @@ private:
     QString m_before; // null for an insert form
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

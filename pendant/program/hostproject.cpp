@@ -1,10 +1,10 @@
 #include "pendant/program/hostproject.h"
 
-#include "controller/fileset.h"
-#include "controller/names.h"
+#include "controller/files/fileset.h"
+#include "schema/names.h"
 #include "tessa/host.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 namespace {
 
@@ -13,7 +13,7 @@ using Names = QSet<QString>;
 // Variables have a type; everything else in a list counts.
 void addNames(Names &names, const char *list, const char *type = nullptr)
 {
-    const auto *node = m(controller::names::project + QLatin1Char('.') + QLatin1String(list));
+    const auto *node = m(welmo::names::project + QLatin1Char('.') + QLatin1String(list));
     for (const kelp::ModuleObject *item : node->cmobjs()) {
         if (!type || item->r(QStringLiteral("type"))->getString() == QLatin1String(type))
             names.insert(item->r(QStringLiteral("name"))->getString());
@@ -31,11 +31,11 @@ void addFiles(Names &names)
 
 } // namespace
 
-std::optional<tlcheck::ProjectNames> hostProject()
+std::optional<tl::ProjectNames> hostProject()
 {
     if (!xservice()->isConnected())
         return {};
-    tlcheck::ProjectNames names;
+    tl::ProjectNames names;
     addNames(names.points, "point._list");
     for (const char *list : {"var.system_list", "var._list"}) {
         addNames(names.speeds, list, "speed");
@@ -52,9 +52,9 @@ std::optional<tlcheck::ProjectNames> hostProject()
 void followHostProject(QObject *context, const std::function<void()> &changed)
 {
     auto *root = tessa::Host::current()->workspace()->root();
-    kelp::ModuleObject *project = root->make(controller::names::project);
+    kelp::ModuleObject *project = root->make(welmo::names::project);
     project->observeSubtree(true);
     QObject::connect(project, &kelp::ModuleObject::touched, context, changed);
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

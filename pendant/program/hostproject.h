@@ -3,18 +3,18 @@
 #include <functional>
 #include <optional>
 
-#include "tools/tlcheck/projectnames.h"
+#include "tl/projectnames.h"
 
 class QObject;
 
-namespace pendant {
+namespace welmo::pendant {
 
 /// The names that the robot project offers, from the host's store, and the parameter files that the
 /// controller holds; nothing while there is no connection, so that nobody calls a name unknown only
 /// because it could not be looked up.
-std::optional<tlcheck::ProjectNames> hostProject();
+std::optional<tl::ProjectNames> hostProject();
 
 /// Calls @p changed whenever the project in the store changes, while @p context lives.
 void followHostProject(QObject *context, const std::function<void()> &changed);
 
-} // namespace pendant
+} // namespace welmo::pendant

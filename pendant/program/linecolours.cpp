@@ -1,9 +1,9 @@
 #include "pendant/program/linecolours.h"
 
-#include "instructions/line/instruction.h"
 #include "tessa/tlmanager.h"
+#include "tl/instruction.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 namespace {
 
@@ -23,7 +23,7 @@ const char *wordColor(const QString &word)
 
 QVector<ColouredPart> colouredParts(const QString &line)
 {
-    const QString word = welmo::line::firstWord(line).text;
+    const QString word = welmo::tl::firstWord(line).text;
     const int start = line.indexOf(word);
     if (word.isEmpty() || isComment(line.trimmed()))
         return {{line, isComment(line.trimmed()) ? "ok" : "text"}};
@@ -52,4 +52,4 @@ QVector<ColouredPart> colouredParts(const QString &line)
     return parts;
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QVector>
 
-namespace pendant {
+namespace welmo::pendant {
 
 /// A piece of a program line in one colour.
 struct ColouredPart
@@ -16,4 +16,4 @@ struct ColouredPart
 /// instructions that packages brought stand out from all others.
 QVector<ColouredPart> colouredParts(const QString &line);
 
-} // namespace pendant
+} // namespace welmo::pendant

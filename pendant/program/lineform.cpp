@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
-namespace pendant {
+namespace welmo::pendant {
 
 LineForm::LineForm(QWidget *parent)
     : BaseContentWidget(parent)
@@ -29,4 +29,4 @@ QString LineForm::ToString()
     return m_text->text();
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

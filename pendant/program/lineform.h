@@ -4,7 +4,7 @@
 
 class QLineEdit;
 
-namespace pendant {
+namespace welmo::pendant {
 
 /// A line as plain text: for what no package brought a form for.
 class LineForm : public tessa::BaseContentWidget
@@ -20,4 +20,4 @@ private:
     QLineEdit *m_text;
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

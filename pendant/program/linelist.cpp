@@ -5,14 +5,14 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
-#include "pendant/look.h"
 #include "pendant/program/linecolours.h"
 #include "pendant/program/programcheck.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/program/programrun.h"
+#include "pendant/theme/look.h"
 #include "vu/xtheme.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 namespace {
 
@@ -144,4 +144,4 @@ void LineList::mouseDoubleClickEvent(QMouseEvent *event)
         emit editWanted();
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

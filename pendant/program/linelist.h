@@ -2,7 +2,7 @@
 
 #include <QListView>
 
-namespace pendant {
+namespace welmo::pendant {
 
 class ProgramCheck;
 class ProgramDocument;
@@ -30,4 +30,4 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

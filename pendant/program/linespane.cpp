@@ -4,15 +4,15 @@
 #include <QMenu>
 #include <QPushButton>
 
-#include "pendant/look.h"
 #include "pendant/program/actionbar.h"
 #include "pendant/program/linelist.h"
 #include "pendant/program/programcheck.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/program/programrun.h"
+#include "pendant/theme/look.h"
 #include "tessa/tlmanager.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 LinesPane::LinesPane(ProgramDocument *document, ProgramCheck *check, ProgramRun *run,
                      QWidget *parent)
@@ -177,4 +177,4 @@ void LinesPane::refreshFindings()
     refresh();
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

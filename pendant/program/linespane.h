@@ -7,7 +7,7 @@ class QLabel;
 class QMenu;
 class QPushButton;
 
-namespace pendant {
+namespace welmo::pendant {
 
 class ActionBar;
 class LineList;
@@ -63,4 +63,4 @@ private:
     QAction *m_redo;
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

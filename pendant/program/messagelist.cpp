@@ -3,12 +3,12 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 
-#include "pendant/look.h"
-#include "pendant/messagemodel.h"
+#include "pendant/state/messagemodel.h"
+#include "pendant/theme/look.h"
 #include "tessa/messagelog.h"
 #include "vu/xtheme.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 using tessa::MessageLog;
 
@@ -75,4 +75,4 @@ MessageList::MessageList(MessageLog *log, QWidget *parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

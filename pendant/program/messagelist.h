@@ -6,7 +6,7 @@ namespace tessa {
 class MessageLog;
 }
 
-namespace pendant {
+namespace welmo::pendant {
 
 /// The message log in a narrow column, newest first.
 class MessageList : public QListView
@@ -16,4 +16,4 @@ public:
     explicit MessageList(tessa::MessageLog *log, QWidget *parent = nullptr);
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -6,7 +6,7 @@
 #include "pendant/program/programdocument.h"
 #include "tessa/managerhelper.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 namespace {
 
@@ -42,7 +42,7 @@ void ProgramCheck::restart()
 void ProgramCheck::checkSlice()
 {
     if (std::exchange(m_projectIsStale, false))
-        m_checker = tlcheck::Checker(hostProject());
+        m_checker = tl::Checker(hostProject());
     if (m_next == 0)
         m_lines = m_document->text().lines();
     const int end = std::min(m_next + sliceLines, int(m_lines.size()));
@@ -55,8 +55,8 @@ void ProgramCheck::checkSlice()
 void ProgramCheck::finish()
 {
     m_slices.stop();
-    m_coming += tlcheck::Checker::checkPairs(m_lines);
-    tlcheck::Checker::sort(m_coming);
+    m_coming += tl::Checker::checkPairs(m_lines);
+    tl::Checker::sort(m_coming);
     m_findings = std::exchange(m_coming, {});
     m_lines.clear();
     m_byLine.clear();
@@ -82,4 +82,4 @@ int ProgramCheck::nextAfter(int line) const
     return next == m_findings.end() ? m_findings.first().line : next->line;
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

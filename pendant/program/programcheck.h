@@ -3,9 +3,9 @@
 #include <QHash>
 #include <QTimer>
 
-#include "tools/tlcheck/checker.h"
+#include "tl/checker.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 class ProgramDocument;
 
@@ -39,12 +39,12 @@ private:
     ProgramDocument *m_document;
     QTimer m_slices;
     bool m_projectIsStale = true;
-    tlcheck::Checker m_checker;
+    tl::Checker m_checker;
     QStringList m_lines;
     int m_next = 0; // of m_lines
-    tlcheck::Findings m_coming;
-    tlcheck::Findings m_findings;
+    tl::Findings m_coming;
+    tl::Findings m_findings;
     QMultiHash<int, int> m_byLine; // positions in m_findings
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

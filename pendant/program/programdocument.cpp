@@ -2,11 +2,11 @@
 
 #include <QFileInfo>
 
-#include "tools/tlcheck/programfile.h"
+#include "tl/programfile.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
-using welmo::line::ProgramText;
+using welmo::tl::ProgramText;
 
 namespace {
 
@@ -159,7 +159,7 @@ void ProgramDocument::clear()
 
 bool ProgramDocument::open(const QString &file, QString *problem)
 {
-    const std::optional<QByteArray> bytes = tlcheck::readProgram(file, problem);
+    const std::optional<QByteArray> bytes = tl::readProgram(file, problem);
     if (!bytes)
         return false;
     const bool cameWithUs = file.startsWith(QLatin1Char(':'));
@@ -169,7 +169,7 @@ bool ProgramDocument::open(const QString &file, QString *problem)
 
 bool ProgramDocument::save(const QString &file, QString *problem)
 {
-    if (!tlcheck::writeProgram(file, m_text.toBytes(), problem))
+    if (!tl::writeProgram(file, m_text.toBytes(), problem))
         return false;
     m_fileName = file;
     m_undo.setClean();
@@ -177,4 +177,4 @@ bool ProgramDocument::save(const QString &file, QString *problem)
     return true;
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -3,9 +3,9 @@
 #include <QAbstractListModel>
 #include <QUndoStack>
 
-#include "instructions/line/programtext.h"
+#include "tl/programtext.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 /// The program that is being worked on: its lines as a model, every change undoable, and its file.
 /// Lines are counted from 0. What nobody touches keeps its bytes.
@@ -15,7 +15,7 @@ class ProgramDocument : public QAbstractListModel
 public:
     explicit ProgramDocument(QObject *parent = nullptr);
 
-    const welmo::line::ProgramText &text() const { return m_text; }
+    const welmo::tl::ProgramText &text() const { return m_text; }
     QString line(int row) const { return m_text.line(row); }
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -57,15 +57,15 @@ private:
     enum class Change { Replaced, Inserted, Removed, Moved };
 
     void edit(Change change, int row, int to, const QString &name,
-              const welmo::line::ProgramText &after);
-    void show(Change change, int row, int to, const welmo::line::ProgramText &text);
-    void start(const welmo::line::ProgramText &text, const QString &file, const QString &name);
+              const welmo::tl::ProgramText &after);
+    void show(Change change, int row, int to, const welmo::tl::ProgramText &text);
+    void start(const welmo::tl::ProgramText &text, const QString &file, const QString &name);
 
-    welmo::line::ProgramText m_text;
+    welmo::tl::ProgramText m_text;
     QUndoStack m_undo;
     bool m_isSent = false;
     QString m_fileName;
     QString m_name; // of a program without a file
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

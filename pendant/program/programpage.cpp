@@ -5,7 +5,6 @@
 #include <QShowEvent>
 #include <QStackedLayout>
 
-#include "pendant/look.h"
 #include "pendant/program/filekeeper.h"
 #include "pendant/program/filespane.h"
 #include "pendant/program/formpane.h"
@@ -15,8 +14,9 @@
 #include "pendant/program/programdocument.h"
 #include "pendant/program/programrun.h"
 #include "pendant/program/runbar.h"
+#include "pendant/theme/look.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 namespace {
 
@@ -178,4 +178,4 @@ void ProgramPage::resizeEvent(QResizeEvent *event)
     makeRoom();
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "pendant/hostpage.h"
+#include "pendant/pages/hostpage.h"
 
 class QStackedLayout;
 
@@ -10,7 +10,7 @@ namespace tessa {
 class MessageLog;
 }
 
-namespace pendant {
+namespace welmo::pendant {
 
 class FileKeeper;
 class FilesPane;
@@ -67,4 +67,4 @@ private:
     bool m_inserts = false;
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -1,14 +1,14 @@
 #include "pendant/program/programrun.h"
 
-#include "controller/names.h"
 #include "pendant/program/programdocument.h"
+#include "schema/names.h"
 #include "tessa/managerhelper.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 namespace {
 
-namespace names = controller::names;
+namespace names = welmo::names;
 
 ProgramRun::State stateNamed(const QString &word)
 {
@@ -126,4 +126,4 @@ bool ProgramRun::send(const QString &command, const QVariant &value, const QStri
     return code == 0;
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QVariant>
 
-namespace pendant {
+namespace welmo::pendant {
 
 class ProgramDocument;
 
@@ -45,4 +45,4 @@ private:
     int m_line = 0; // counted from 1, 0 for none
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -3,7 +3,7 @@
 #include "pendant/program/programdocument.h"
 #include "pendant/program/programrun.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 RunBar::RunBar(ProgramDocument *document, ProgramRun *run, QWidget *page)
     : ActionBar(page)
@@ -36,4 +36,4 @@ void RunBar::refresh()
     m_stop->setEnabled(isThere); // never refused, whatever this pendant thinks is going on
 }
 
-} // namespace pendant
+} // namespace welmo::pendant

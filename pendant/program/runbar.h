@@ -2,7 +2,7 @@
 
 #include "pendant/program/actionbar.h"
 
-namespace pendant {
+namespace welmo::pendant {
 
 class ProgramDocument;
 class ProgramRun;
@@ -28,4 +28,4 @@ private:
     QAction *m_stop;
 };
 
-} // namespace pendant
+} // namespace welmo::pendant

@@ -2,7 +2,7 @@
 
 #include <QSignalBlocker>
 
-#include "data/touchcombo.h"
+#include "widgets/touchcombo.h"
 
 namespace welmo {
 

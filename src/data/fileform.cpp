@@ -4,7 +4,7 @@
 #include <QSignalBlocker>
 #include <utility>
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 #include "data/report.h"
 
 namespace welmo {
@@ -141,7 +141,7 @@ void FileForm::reportLoss(const QObject *sender, const QString &file)
 void FileForm::takeOver()
 {
     // Of the controller: a save that was refused leaves its values in the local copy.
-    if (m_data != m_followed || !holdsChosenFile() || !controller::isConnected() || !get())
+    if (m_data != m_followed || !holdsChosenFile() || !arcweld::isConnected() || !get())
         return;
     const QMap<QString, QVariant> edited = edits();
     kelp::ModuleObject merged(m_data->name());
@@ -185,7 +185,7 @@ void FileForm::start()
 {
     writeDefaults();
     useDefaultNode();
-    if (controller::isConnected())
+    if (arcweld::isConnected())
         get();
     show();
 }

@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 #include "data/report.h"
 
 namespace welmo::parameterfile {
@@ -59,7 +59,7 @@ Fetch handleGetParam(QObject *sender, const ParameterSet &set, const QComboBox *
     if (file.isEmpty())
         return Fetch::Failed; // without a key the whole set would be read, and written
     const auto answer = xservice()->get(sender, set.node(), file);
-    if (controller::readFailed(answer)) {
+    if (arcweld::readFailed(answer)) {
         report::readFailed(sender, file);
         return Fetch::Failed;
     }
@@ -92,11 +92,11 @@ void handleFileNumChanged(QObject *sender, const QComboBox *combo, kelp::ModuleO
 
 void handleRemoveParam(QObject *sender, const ParameterSet &set, const QList<int> &numbers)
 {
-    if (!controller::isConnected()) {
+    if (!arcweld::isConnected()) {
         report::error(sender, ParameterFile::tr("tessa not connected"));
         return;
     }
-    const QString command = controller::node(QStringLiteral("remove.%1").arg(set.name));
+    const QString command = arcweld::node(QStringLiteral("remove.%1").arg(set.name));
     const QVariant files = set.fileNames(numbers);
     if (xservice()->execCommand(sender, command, files)->getInt(0) != 0)
         report::error(sender, ParameterFile::tr("remove parameter error"));

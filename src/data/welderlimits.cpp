@@ -1,6 +1,6 @@
 #include "data/welderlimits.h"
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 
 namespace welmo {
 
@@ -34,8 +34,8 @@ VoltageRanges ranges(const kelp::ModuleObject *answer, const QString &key)
 
 std::optional<WelderLimits> WelderLimits::read(QObject *sender)
 {
-    const auto answer = xservice()->get(sender, controller::node(QStringLiteral("device_param")));
-    if (controller::readFailed(answer) || answer->cmobjCount() == 0)
+    const auto answer = xservice()->get(sender, arcweld::node(QStringLiteral("device_param")));
+    if (arcweld::readFailed(answer) || answer->cmobjCount() == 0)
         return std::nullopt;
     return WelderLimits{texts(answer.get(), QStringLiteral("work_mode")),
                         texts(answer.get(), QStringLiteral("current_mode")),

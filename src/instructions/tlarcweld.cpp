@@ -1,17 +1,14 @@
 #include "instructions/tlarcweld.h"
 
-#include "instructions/arcoffpropertywidget.h"
-#include "instructions/arconpropertywidget.h"
-#include "instructions/fileinsertwidgets.h"
-#include "instructions/timedwidgets.h"
-#include "instructions/weaveonpropertywidget.h"
-#include "instructions/wmovecinsertwidget.h"
-#include "instructions/wmovecpropertywidget.h"
-#include "instructions/wmovelinsertwidget.h"
-#include "instructions/wmovelpropertywidget.h"
-#include "instructions/wordwidgets.h"
+#include "instructions/forms/arcoffpropertywidget.h"
+#include "instructions/forms/arconpropertywidget.h"
+#include "instructions/forms/fileinsertwidgets.h"
+#include "instructions/forms/timedwidgets.h"
+#include "instructions/forms/weaveonpropertywidget.h"
+#include "instructions/forms/wordwidgets.h"
+#include "instructions/move/moveforms.h"
 
-using welmo::line::Instruction;
+using welmo::tl::Instruction;
 
 namespace {
 
@@ -35,7 +32,7 @@ TlArcWeldDefine::TlArcWeldDefine(QObject *parent)
 template<typename InsertWidget, typename PropertyWidget>
 void TlArcWeldDefine::add(Instruction instruction, const QString &syntax)
 {
-    const QString name = welmo::line::instructionName(instruction);
+    const QString name = welmo::tl::instructionName(instruction);
     m_members.append(name);
     m_manager->instructionNames.append(name);
     m_manager->sTexts.insert(QStringLiteral("s_") + name, QString());

@@ -5,7 +5,7 @@
 
 #include <tessa/tlmanager.h>
 
-#include "instructions/line/instruction.h"
+#include "tl/instruction.h"
 
 /// Makes the welding instructions known to the program editor. What it enters stays in the TL
 /// manager; the object itself is only needed while it does so.
@@ -19,7 +19,7 @@ private:
     /// Enters the group; once, since a second time would append the names again.
     void initArcWeldGroup();
     template<typename InsertWidget, typename PropertyWidget>
-    void add(welmo::line::Instruction instruction, const QString &syntax);
+    void add(welmo::tl::Instruction instruction, const QString &syntax);
 
     tessa::TlManager *m_manager;
     QStringList m_members;

@@ -9,8 +9,7 @@
 #include <tessa/physicalbutton.h>
 #include <vu/xtheme.h>
 
-#include "data/controller.h"
-#include "data/stylerules.h"
+#include "data/arcweldservice.h"
 #include "instructions/tlarcweld.h"
 #include "page/handlekeys.h"
 #include "page/weldmodeindicator.h"
@@ -19,6 +18,7 @@
 #include "settings/weavefunctionpage.h"
 #include "settings/weldingoptionspage.h"
 #include "ui_arcweldpage.h"
+#include "widgets/stylerules.h"
 
 namespace {
 
@@ -200,7 +200,7 @@ void ArcWeldPage::onWeldModeChanged(const QVariant &value)
 void ArcWeldPage::loadFromRC()
 {
     const auto answer = xservice()->get(this, QStringLiteral("arc_weld.weld_mode"));
-    if (!welmo::controller::readFailed(answer)) {
+    if (!welmo::arcweld::readFailed(answer)) {
         const QString mode = answer->r(QStringLiteral("mode"))->getString();
         mobj()->set(this, weldModeKey, mode);
         m_modeIndicator->showPicture(mode);
@@ -213,7 +213,7 @@ void ArcWeldPage::loadFromRC()
 void ArcWeldPage::loadWelderSetting()
 {
     const auto setting = xservice()->get(this, QStringLiteral("arc_weld.welder_setting"));
-    if (welmo::controller::readFailed(setting))
+    if (welmo::arcweld::readFailed(setting))
         return;
     mobj()->set(this, QStringLiteral("enable"), setting->r(QStringLiteral("enable"))->getBool());
     for (const char *key : {"protocol", "mfr", "model"})

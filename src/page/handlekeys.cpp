@@ -8,7 +8,7 @@
 #include <tessa/managerhelper.h>
 #include <tessa/physicalbutton.h>
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 #include "data/report.h"
 #include "data/weldmode.h"
 
@@ -79,7 +79,7 @@ void HandleKeys::registerArcButton()
 
 bool HandleKeys::checkConnected() const
 {
-    const bool connected = welmo::controller::isConnected();
+    const bool connected = welmo::arcweld::isConnected();
     if (!connected)
         welmo::report::error(nullptr, tr("tessa not connected"));
     return connected;
@@ -87,7 +87,7 @@ bool HandleKeys::checkConnected() const
 
 bool HandleKeys::checkWelderState() const
 {
-    const bool fine = welmo::controller::welderState(m_page) != QLatin1String("error");
+    const bool fine = welmo::arcweld::welderState(m_page) != QLatin1String("error");
     if (!fine)
         welmo::report::error(nullptr, tr("welder state error"));
     return fine;
@@ -103,7 +103,7 @@ void HandleKeys::moveWire(const WireMove &move, bool down)
     const QString action = down ? move.downText : move.upText;
     kelp::ModuleObject payload(move.payload);
     payload.set(nullptr, move.child, down);
-    const QString command = welmo::controller::node(QStringLiteral("wire_feed"));
+    const QString command = welmo::arcweld::node(QStringLiteral("wire_feed"));
     if (xservice()->execCommand(nullptr, command, &payload)->getInt(0) != 0)
         welmo::report::error(nullptr, tr("%1 fail").arg(action));
     else
@@ -113,7 +113,7 @@ void HandleKeys::moveWire(const WireMove &move, bool down)
 void HandleKeys::supplyGas(bool down)
 {
     if (!down && checkWelderState())
-        xservice()->execCommand(nullptr, welmo::controller::node(QStringLiteral("gas_flow")));
+        xservice()->execCommand(nullptr, welmo::arcweld::node(QStringLiteral("gas_flow")));
 }
 
 void HandleKeys::jog(QTimer &timer, void (HandleKeys::*step)(), bool down)
@@ -153,7 +153,7 @@ void HandleKeys::switchMode(bool down)
     const QString current = m(QStringLiteral("welmo.welding_options.weld_mode"))->getString();
     kelp::ModuleObject payload(QStringLiteral("target_mode"));
     payload.set(nullptr, QStringLiteral("mode"), welmo::weldmode::next(current));
-    const QString command = welmo::controller::node(QStringLiteral("set_weld_mode"));
+    const QString command = welmo::arcweld::node(QStringLiteral("set_weld_mode"));
     if (xservice()->execCommand(nullptr, command, &payload)->getInt(0) != 0)
         welmo::report::error(nullptr, tr("Switching welding operation mode failed!"));
 }

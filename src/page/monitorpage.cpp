@@ -4,8 +4,8 @@
 
 #include "data/parameterset.h"
 #include "data/report.h"
-#include "data/stylerules.h"
 #include "ui_monitorpage.h"
+#include "widgets/stylerules.h"
 
 using welmo::ParameterSet;
 namespace sets = welmo::sets;
@@ -74,7 +74,7 @@ void MonitorPage::followLink()
     leaf->watch();
     connect(leaf, &kelp::ModuleObject::changed, this,
             [show](const QVariant &value) { show(value.toBool()); });
-    show(welmo::controller::isConnected());
+    show(welmo::arcweld::isConnected());
 }
 
 // A form that saves the data in use must not have its other values undone by the next trim.
@@ -153,7 +153,7 @@ void MonitorPage::onChangeVoltageClicked()
 
 void MonitorPage::step(QDoubleSpinBox *box)
 {
-    if (!welmo::controller::isConnected()) {
+    if (!welmo::arcweld::isConnected()) {
         welmo::report::error(this, tr("tessa is not connected"));
         return;
     }
@@ -168,7 +168,7 @@ QString MonitorPage::node() const
 void MonitorPage::onWeldingNameChanged()
 {
     m_data = xservice()->get(this, node(), ui->ledtWeldingName->text());
-    if (welmo::controller::readFailed(m_data))
+    if (welmo::arcweld::readFailed(m_data))
         m_data.reset();
     const auto shown = [this](const char *key) {
         return m_data ? m_data->r(QString::fromLatin1(key))->getDouble() : 0.0;

@@ -7,7 +7,7 @@
 
 #include <tessa/basepage.h>
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 
 namespace Ui {
 class MonitorPage;

@@ -3,10 +3,10 @@
 #include <QComboBox>
 #include <QSignalBlocker>
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 #include "data/report.h"
-#include "data/touchcombo.h"
 #include "ui_devicessettingpage.h"
+#include "widgets/touchcombo.h"
 
 using namespace welmo;
 
@@ -120,10 +120,11 @@ void DevicesSettingPage::initPage()
 
 void DevicesSettingPage::loadFromRc()
 {
-    if (!controller::isConnected())
+    if (!welmo::arcweld::isConnected())
         return;
-    const auto setting = xservice()->get(this, controller::node(QStringLiteral("welder_setting")));
-    if (controller::readFailed(setting))
+    const auto setting =
+        xservice()->get(this, welmo::arcweld::node(QStringLiteral("welder_setting")));
+    if (welmo::arcweld::readFailed(setting))
         return;
     for (const QString &key : textKeys)
         mobj()->set(this, paramKey(key), setting->r(key)->getString());
@@ -168,7 +169,7 @@ bool DevicesSettingPage::cmdSetWelder()
     kelp::ModuleObject payload(QStringLiteral("set_device_param"));
     payload.copyFrom(this, mobj()->r(QStringLiteral("device_param")));
     payload.set(this, enableKey, mobj()->r(enableKey)->getBool());
-    const QString command = controller::node(QStringLiteral("set_welder"));
+    const QString command = welmo::arcweld::node(QStringLiteral("set_welder"));
     return xservice()->execCommand(this, command, &payload)->getInt(0) == 0;
 }
 
@@ -180,7 +181,7 @@ void DevicesSettingPage::putBack(EnableButton *button, const QString &key, bool 
 
 void DevicesSettingPage::onEnableChanged(bool on)
 {
-    if (!controller::isConnected()) {
+    if (!welmo::arcweld::isConnected()) {
         report::error(this, tr("tessa not connected"));
         putBack(ui->btn_connectSwitch, enableKey, !on);
         return;
@@ -197,7 +198,7 @@ void DevicesSettingPage::onEnableChanged(bool on)
 
 void DevicesSettingPage::onWeatherConnectWelderEnableChanged(bool on)
 {
-    if (!controller::isConnected()) {
+    if (!welmo::arcweld::isConnected()) {
         report::error(this, tr("tessa not connected"));
         putBack(ui->btn_weatherConnectWelder, connectKey, !on);
         return;

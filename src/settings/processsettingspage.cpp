@@ -1,6 +1,6 @@
 #include "settings/processsettingspage.h"
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 #include "data/report.h"
 #include "ui_processsettingspage.h"
 
@@ -69,7 +69,7 @@ void ProcessSettingsPage::initConnect()
 
 void ProcessSettingsPage::initPage()
 {
-    if (!controller::isConnected())
+    if (!welmo::arcweld::isConnected())
         return;
     xservice()->watch(this, deviceParamNode, true);
     getWelderParamRange();
@@ -108,11 +108,11 @@ void ProcessSettingsPage::onCancelButtonClicked()
 
 void ProcessSettingsPage::onEnableButtonClicked()
 {
-    if (!controller::isConnected()) {
+    if (!welmo::arcweld::isConnected()) {
         report::error(this, tr("tessa is not connected"));
         return;
     }
-    if (controller::welderState(this) == QLatin1String("error")) {
+    if (welmo::arcweld::welderState(this) == QLatin1String("error")) {
         report::error(this, tr("welder state error"));
         return;
     }
@@ -121,7 +121,7 @@ void ProcessSettingsPage::onEnableButtonClicked()
         return;
     }
     storeWeldParam();
-    const QString command = controller::node(QStringLiteral("enable_weld_param"));
+    const QString command = welmo::arcweld::node(QStringLiteral("enable_weld_param"));
     if (xservice()->execCommand(this, command, weld().data())->getInt(0) != 0)
         report::error(this, tr("enable error"));
     else

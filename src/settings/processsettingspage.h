@@ -4,7 +4,7 @@
 
 #include "data/fileform.h"
 #include "settings/basesubpage.h"
-#include "settings/processgroupset.h"
+#include "settings/processgroups.h"
 
 namespace Ui {
 class ProcessSettingsPage;
@@ -71,5 +71,5 @@ private:
     welmo::FileForm &arcoff();
 
     std::unique_ptr<Ui::ProcessSettingsPage> ui;
-    ProcessGroupSet m_groups;
+    ProcessGroups m_groups;
 };

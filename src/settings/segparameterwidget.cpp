@@ -3,10 +3,10 @@
 #include <QSignalBlocker>
 #include <limits>
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
+#include "data/orbodata.h"
 #include "data/report.h"
 #include "data/units.h"
-#include "instructions/orbodata.h"
 #include "ui_segparameterwidget.h"
 
 using namespace welmo;
@@ -69,7 +69,7 @@ void SegParameterWidget::initParamValue()
 
 void SegParameterWidget::initPage()
 {
-    if (controller::isConnected())
+    if (welmo::arcweld::isConnected())
         m_file->select();
 }
 
@@ -89,7 +89,7 @@ void SegParameterWidget::setFileNumber(const QString &name)
 
 void SegParameterWidget::onCbxFileNumberSelectionChanged(int)
 {
-    if (controller::isConnected())
+    if (welmo::arcweld::isConnected())
         m_file->select();
 }
 
@@ -100,7 +100,7 @@ void SegParameterWidget::onBtnCancelClicked()
 
 void SegParameterWidget::onBtnSaveClicked()
 {
-    if (!controller::isConnected()) {
+    if (!welmo::arcweld::isConnected()) {
         report::error(this, tr("tessa not connected"));
         return;
     }

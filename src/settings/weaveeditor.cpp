@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 #include "data/report.h"
 #include "data/units.h"
 #include "ui_weaveeditor.h"
@@ -129,7 +129,7 @@ void WeaveEditor::applyRules()
 
 void WeaveEditor::onFileNumberChanged(int)
 {
-    if (controller::isConnected())
+    if (welmo::arcweld::isConnected())
         m_file->select();
 }
 
@@ -233,7 +233,7 @@ void WeaveEditor::onCancelButtonClicked()
 
 void WeaveEditor::onSaveButtonClicked()
 {
-    if (!controller::isConnected()) {
+    if (!welmo::arcweld::isConnected()) {
         report::error(m_owner, tr("tessa not connected"));
         return;
     }

@@ -2,7 +2,7 @@
 
 #include <QVBoxLayout>
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 #include "settings/weaveeditor.h"
 
 WeaveFunctionPage::WeaveFunctionPage(QWidget *parent, QObject *owner)
@@ -18,7 +18,7 @@ WeaveFunctionPage::WeaveFunctionPage(QWidget *parent, QObject *owner)
 
 void WeaveFunctionPage::initPage()
 {
-    if (welmo::controller::isConnected())
+    if (welmo::arcweld::isConnected())
         m_editor->file().select();
 }
 

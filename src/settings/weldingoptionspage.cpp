@@ -2,7 +2,7 @@
 
 #include <QSignalBlocker>
 
-#include "data/controller.h"
+#include "data/arcweldservice.h"
 #include "data/inputs.h"
 #include "data/report.h"
 #include "data/switchfield.h"
@@ -106,8 +106,8 @@ void WeldingOptionsPage::initParamRange()
 void WeldingOptionsPage::checkWelderState()
 {
     // The settings can be edited all the same; the operator should know why nothing moves.
-    ui->lblWelderHint->setVisible(controller::isConnected()
-                                  && controller::welderState(this) != QLatin1String("ok"));
+    ui->lblWelderHint->setVisible(welmo::arcweld::isConnected()
+                                  && welmo::arcweld::welderState(this) != QLatin1String("ok"));
 }
 
 void WeldingOptionsPage::initParamValue()
@@ -121,7 +121,7 @@ void WeldingOptionsPage::initParamValue()
     setRunningParam();
     setAnticollisionParam();
     setWireClampingTorchModeParam();
-    if (controller::isConnected())
+    if (welmo::arcweld::isConnected())
         readAll();
 }
 
@@ -137,7 +137,7 @@ void WeldingOptionsPage::readAll()
 
 void WeldingOptionsPage::initPage()
 {
-    if (!controller::isConnected())
+    if (!welmo::arcweld::isConnected())
         return;
     xservice()->watch(this, anticollisionStateNode, true);
     checkWelderState();
@@ -162,7 +162,7 @@ int WeldingOptionsPage::saveRunningParam()
         return notRead;
     storeRunningParam();
     return xservice()
-        ->set(this, controller::node(QStringLiteral("running_param")), m_running.data())
+        ->set(this, welmo::arcweld::node(QStringLiteral("running_param")), m_running.data())
         ->getInt(0);
 }
 
@@ -171,7 +171,7 @@ int WeldingOptionsPage::cmdAnticollisionParam()
     if (!m_anticollision.isKnown())
         return notRead;
     return xservice()
-        ->execCommand(this, controller::node(QStringLiteral("set_anticollision")),
+        ->execCommand(this, welmo::arcweld::node(QStringLiteral("set_anticollision")),
                       m_anticollision.data())
         ->getInt(0);
 }
@@ -181,14 +181,14 @@ int WeldingOptionsPage::cmdWireClampingTorchModeParam()
     if (!m_clamping.isKnown())
         return notRead;
     return xservice()
-        ->execCommand(this, controller::node(QStringLiteral("set_wire_clamping_torch_mode")),
+        ->execCommand(this, welmo::arcweld::node(QStringLiteral("set_wire_clamping_torch_mode")),
                       m_clamping.data())
         ->getInt(0);
 }
 
 void WeldingOptionsPage::onRunningParamSaveButtonClicked()
 {
-    if (!controller::isConnected()) {
+    if (!welmo::arcweld::isConnected()) {
         report::error(this, tr("tessa not connected"));
         return;
     }
@@ -203,7 +203,7 @@ void WeldingOptionsPage::onRunningParamSaveButtonClicked()
 bool WeldingOptionsPage::actOnAnticollision(EnableButton *button, bool on, const QString &error,
                                             const QString &success)
 {
-    if (!controller::isConnected()) {
+    if (!welmo::arcweld::isConnected()) {
         report::error(this, tr("tessa not connected"));
         setButtonEnabledWithoutTriggeringSlot(button, !on);
         return false;
@@ -260,7 +260,7 @@ void WeldingOptionsPage::setButtonEnabledWithoutTriggeringSlot(EnableButton *but
 
 void WeldingOptionsPage::onWireClampingTorchSaveButtonClicked()
 {
-    if (!controller::isConnected()) {
+    if (!welmo::arcweld::isConnected()) {
         report::error(this, tr("tessa not connected"));
         return;
     }

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "data/setform.h"
+#include "data/optionsform.h"
 #include "settings/basesubpage.h"
 
 namespace Ui {
@@ -22,9 +22,9 @@ public:
     /// Reads all three sets again; a set that cannot be read stays as it is.
     void initPage() override;
 
-    welmo::SetForm &running() { return m_running; }
-    welmo::SetForm &anticollision() { return m_anticollision; }
-    welmo::SetForm &clamping() { return m_clamping; }
+    welmo::OptionsForm &running() { return m_running; }
+    welmo::OptionsForm &anticollision() { return m_anticollision; }
+    welmo::OptionsForm &clamping() { return m_clamping; }
 
     void useRunningParamDefaultNode() { m_running.useDefaultNode(); }
     void useAnticollisionParamDefaultNode() { m_anticollision.useDefaultNode(); }
@@ -73,7 +73,7 @@ private:
     void lockByAnticollision(bool on);
 
     std::unique_ptr<Ui::WeldingOptionsPage> ui;
-    welmo::SetForm m_running;
-    welmo::SetForm m_anticollision;
-    welmo::SetForm m_clamping;
+    welmo::OptionsForm m_running;
+    welmo::OptionsForm m_anticollision;
+    welmo::OptionsForm m_clamping;
 };

@@ -20,7 +20,7 @@ inline QVariantMap without(QVariantMap map, const QString &key)
 /// A controller with a store in memory, a clock that the test turns, and every notification noted.
 struct ControllerBench
 {
-    using Kind = controller::Request::Kind;
+    using Kind = welmo::controller::Request::Kind;
     struct Told
     {
         QString path;
@@ -28,10 +28,10 @@ struct ControllerBench
     };
 
     qint64 now = 1000;
-    std::unique_ptr<controller::Store> store = controller::Store::inMemory();
-    controller::Faults faults;
-    controller::Journal journal;
-    controller::Controller controller{*store, faults, journal, [this] { return now; }};
+    std::unique_ptr<welmo::controller::Store> store = welmo::controller::Store::inMemory();
+    welmo::controller::Faults faults;
+    welmo::controller::Journal journal;
+    welmo::controller::Controller controller{*store, faults, journal, [this] { return now; }};
     QVector<Told> told;
 
     ControllerBench()
@@ -50,16 +50,16 @@ struct ControllerBench
                 {"model", model},         {"current_type", current}};
     }
 
-    controller::Reply get(const char *path, const QString &key = {})
+    welmo::controller::Reply get(const char *path, const QString &key = {})
     {
         return controller.handle({Kind::Get, path, key, {}});
     }
-    controller::Reply set(const char *path, const QString &key, const QVariant &payload)
+    welmo::controller::Reply set(const char *path, const QString &key, const QVariant &payload)
     {
         return controller.handle({Kind::Set, path, key, payload});
     }
-    controller::Reply run(const char *command, const QVariant &payload = {},
-                          const char *payloadName = "")
+    welmo::controller::Reply run(const char *command, const QVariant &payload = {},
+                                 const char *payloadName = "")
     {
         return controller.handle({Kind::Command, command, payloadName, payload});
     }
@@ -90,9 +90,9 @@ struct ControllerBench
             last = entry.path == path ? entry.values : last;
         return last;
     }
-    QVector<controller::Journal::Event> events() const
+    QVector<welmo::controller::Journal::Event> events() const
     {
-        QVector<controller::Journal::Event> result;
+        QVector<welmo::controller::Journal::Event> result;
         const auto entries = journal.entries();
         for (const auto &entry : entries)
             result.append(entry.event);

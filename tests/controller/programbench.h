@@ -3,7 +3,7 @@
 #include <Eigen/Geometry>
 #include <functional>
 
-#include "controller/fields.h"
+#include "controller/core/fields.h"
 #include "controllerbench.h"
 
 inline const Eigen::Vector3d p1(800, -200, 500);
@@ -56,22 +56,22 @@ struct ProgramBench : ControllerBench
         const QVariantMap euler{{"a", 180.0}, {"b", 0.0}, {"c", 180.0}};
         const QVariantMap frame{{"pos", pos}, {"ori", QVariantMap{{"euler", euler}}}};
         const QVariantMap coordinate{{"user_frame", user}, {"wobj", QVariantMap{{"name", wobj}}}};
-        return controller::withChild(
+        return welmo::controller::withChild(
             {{"coordinate", coordinate}, {"tool", tool}, {"movetype", way}}, "cartesian.pose.frame",
             frame);
     }
 
-    controller::Reply save(const char *set, const QVariantMap &file)
+    welmo::controller::Reply save(const char *set, const QVariantMap &file)
     {
         const QByteArray path = QByteArray("arc_weld.") + set;
         return this->set(path, file.value("name").toString(), file);
     }
     /// Loads the lines and sets off.
-    controller::Reply go(const QStringList &lines, const QString &mode = "real")
+    welmo::controller::Reply go(const QStringList &lines, const QString &mode = "real")
     {
         run("arc_weld.set_weld_mode", QVariantMap{{"mode", mode}});
         const QVariantMap program{{"name", "test"}, {"text", lines.join('\n')}};
-        const controller::Reply loaded = run("tl_program.load", program);
+        const welmo::controller::Reply loaded = run("tl_program.load", program);
         told.clear();
         return loaded.ok() ? run("tl_program.run") : loaded;
     }
@@ -129,7 +129,7 @@ struct ProgramBench : ControllerBench
         const QVariantMap parameters{{"tool", tool}, {"wobj", wobj}};
         const QVariant robot =
             run("tl_program.get_rob_pos", QVariantMap{{"parameters", parameters}}).value;
-        const QVariantMap pos = controller::childAt(robot, "pose.frame.pos").toMap();
+        const QVariantMap pos = welmo::controller::childAt(robot, "pose.frame.pos").toMap();
         return {pos["x"].toDouble(), pos["y"].toDouble(), pos["z"].toDouble()};
     }
     bool isAt(const Eigen::Vector3d &place, double mm = 0.01)

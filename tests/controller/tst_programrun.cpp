@@ -3,7 +3,7 @@
 #include "programbench.h"
 #include "support/rows.h"
 
-using namespace controller;
+using namespace welmo::controller;
 using Eigen::Vector3d;
 using Event = Journal::Event;
 using testsupport::Rows;

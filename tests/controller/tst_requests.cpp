@@ -4,7 +4,7 @@
 #include "controllerbench.h"
 #include "support/rows.h"
 
-using namespace controller;
+using namespace welmo::controller;
 using Fault = Faults::Fault;
 using Event = Journal::Event;
 using Kind = Request::Kind;

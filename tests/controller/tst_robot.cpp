@@ -1,10 +1,10 @@
 #include <QtTest>
 
-#include "controller/programline.h"
+#include "controller/program/programline.h"
 #include "programbench.h"
 #include "support/rows.h"
 
-using namespace controller;
+using namespace welmo::controller;
 using Eigen::Vector3d;
 using testsupport::Rows;
 

@@ -2,15 +2,15 @@
 #include <QtTest>
 #include <limits>
 
-#include "controller/json.h"
-#include "controller/store.h"
+#include "controller/core/json.h"
+#include "controller/core/store.h"
 #include "support/files.h"
 #include "support/rows.h"
 
-using controller::Store;
 using testsupport::contentOf;
 using testsupport::Rows;
 using testsupport::writeFile;
+using welmo::controller::Store;
 
 namespace {
 
@@ -46,7 +46,7 @@ private slots:
             QVERIFY(entry.has_value());
             QCOMPARE(entry->value.userType(), expected.userType());
             QCOMPARE(entry->value, expected);
-            QCOMPARE(controller::toJson(entry->value), controller::toJson(expected));
+            QCOMPARE(welmo::controller::toJson(entry->value), welmo::controller::toJson(expected));
         }
     }
     void entriesComeAndGo()

@@ -1,11 +1,11 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "controller/json.h"
-#include "controller/store.h"
+#include "controller/core/json.h"
+#include "controller/core/store.h"
 #include "recordeddisk.h"
 
-using controller::Store;
+using welmo::controller::Store;
 
 Q_DECLARE_METATYPE(RecordedDisk::Cut)
 
@@ -24,7 +24,7 @@ QByteArray contentOf(const Store &store)
             return {};
         for (const auto &[key, entry] : *entries)
             content += '\n' + node.toUtf8() + ' ' + key.toUtf8() + ' '
-                + QByteArray::number(entry.revision) + ' ' + controller::toJson(entry.value);
+                + QByteArray::number(entry.revision) + ' ' + welmo::controller::toJson(entry.value);
     }
     return content;
 }

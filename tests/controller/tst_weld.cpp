@@ -3,7 +3,7 @@
 #include "programbench.h"
 #include "support/rows.h"
 
-using namespace controller;
+using namespace welmo::controller;
 using Eigen::Vector3d;
 using Fault = Faults::Fault;
 using Event = Journal::Event;

@@ -1,7 +1,7 @@
 #include <QtTest>
 
 #include "data/inputs.h"
-#include "instructions/weavewidget.h"
+#include "instructions/forms/weavewidget.h"
 #include "settings/arcoffgroup.h"
 #include "settings/arcongroup.h"
 #include "settings/segparameterwidget.h"

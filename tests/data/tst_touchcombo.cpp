@@ -2,9 +2,9 @@
 #include <QComboBox>
 #include <QTest>
 
-#include "data/stylerules.h"
-#include "data/touchcombo.h"
 #include "support/formhost.h"
+#include "widgets/stylerules.h"
+#include "widgets/touchcombo.h"
 
 /// The rows of a list are as high as a finger, however the list is opened for the first time.
 class tst_TouchCombo : public QObject

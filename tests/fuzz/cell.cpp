@@ -1,11 +1,11 @@
 #include <QCoreApplication>
 
-#include "controller/json.h"
+#include "controller/core/json.h"
 #include "fuzz.h"
-#include "link/cellservice.h"
+#include "link/mqtt/cellservice.h"
 #include "mail.h"
 
-using namespace links;
+using namespace welmo::links;
 
 namespace {
 
@@ -35,13 +35,13 @@ struct Plant
     // Each input has sessions of its own.
     void greet(const QString &user)
     {
-        wire::Request hello;
+        protocol::Request hello;
         hello.hello = true;
         hello.content.key = QString::number(++greetings);
-        MqttMessage message = wire::toMessage(hello);
+        MqttMessage message = protocol::toMessage(hello);
         message.topic = mail::root + "request/" + user;
         message.responseTopic = mail::root + "reply/" + user + "/pendant";
-        const auto reply = wire::toReply(deliver(message).last());
+        const auto reply = protocol::toReply(deliver(message).last());
         sessions.insert(user, reply->value.toMap().value("session").toString());
     }
     int greetings = 0;
@@ -58,17 +58,17 @@ bool isValue(const MqttMessage &message)
 bool check(const MqttMessage &message, const QVector<MqttMessage> &sent, const QString &user)
 {
     bool changed = false;
-    std::optional<controller::Reply> reply;
+    std::optional<welmo::controller::Reply> reply;
     for (const MqttMessage &out : sent) {
         changed = changed || isValue(out);
         if (out.topic.startsWith(mail::root + "reply/")) {
             require(out.topic == message.responseTopic, "an answer goes to who asked", out.topic);
             require(out.correlation == message.correlation, "and says to what", out.topic);
             require(!reply, "once", out.topic);
-            reply = wire::toReply(out);
+            reply = protocol::toReply(out);
             require(reply.has_value(), "in words that are read", out.payload);
         }
-        require(!isValue(out) || wire::toValue(out).has_value(), "what is told can be read",
+        require(!isValue(out) || protocol::toValue(out).has_value(), "what is told can be read",
                 out.payload);
     }
     require(!changed || !reply || reply->ok(), "what was refused changes nothing", message.payload);
@@ -92,7 +92,8 @@ void fuzz(const QByteArray &input)
     plant->greet("vera");
     for (MqttMessage &message : mail::read(input)) {
         s_now += 10;
-        plant->service->handle({controller::Request::Kind::Get, "tl_program.state"}); // time passes
+        plant->service->handle(
+            {welmo::controller::Request::Kind::Get, "tl_program.state"}); // time passes
         const QString user = message.topic.section('/', 4, 4);
         for (auto &[name, value] : message.properties) {
             if (value == "SESSION")

@@ -6,9 +6,9 @@ namespace {
 
 std::unique_ptr<Client> s_client;
 
-links::MqttMessage message(const QByteArray &text)
+welmo::links::MqttMessage message(const QByteArray &text)
 {
-    links::MqttMessage message;
+    welmo::links::MqttMessage message;
     const int end = text.indexOf("\n\n");
     message.payload = end < 0 ? QByteArray() : text.mid(end + 2);
     QList<QByteArray> lines = text.left(end).split('\n');
@@ -31,9 +31,9 @@ links::MqttMessage message(const QByteArray &text)
 
 } // namespace
 
-QVector<links::MqttMessage> read(const QByteArray &input)
+QVector<welmo::links::MqttMessage> read(const QByteArray &input)
 {
-    QVector<links::MqttMessage> messages;
+    QVector<welmo::links::MqttMessage> messages;
     const QString all = QString::fromLatin1(input.constData(), input.size()); // byte by byte
     for (const QString &one : all.split("\n--\n"))
         messages.append(message(one.toLatin1()));
@@ -48,7 +48,7 @@ Client *client()
 } // namespace mail
 
 // In place of the real one, which is not linked then: no thread and no broker.
-namespace links {
+namespace welmo::links {
 
 MqttClient::MqttClient(Options options, Handlers handlers)
     : m_options(std::move(options))
@@ -96,4 +96,4 @@ QString MqttMessage::property(const QString &name) const
     return found == properties.end() ? QString() : found->second;
 }
 
-} // namespace links
+} // namespace welmo::links

@@ -2,7 +2,7 @@
 #include <QMetaProperty>
 #include <QToolButton>
 
-#include "controller/json.h"
+#include "controller/core/json.h"
 #include "fuzz.h"
 #include "pando/moduleframework.h"
 #include "support/formhost.h"
@@ -70,9 +70,9 @@ struct Module
 void fuzz(const QByteArray &input)
 {
     static Module module;
-    if (controller::repeatsKey(input))
+    if (welmo::controller::repeatsKey(input))
         return; // does not come in
-    const std::optional<QVariant> value = controller::fromJson('[' + input + ']');
+    const std::optional<QVariant> value = welmo::controller::fromJson('[' + input + ']');
     if (!value)
         return;
     for (const QString &path : module.watched)

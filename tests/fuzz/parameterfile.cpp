@@ -1,5 +1,5 @@
-#include "controller/fields.h"
-#include "controller/json.h"
+#include "controller/core/fields.h"
+#include "controller/core/json.h"
 #include "data/fileform.h"
 #include "fuzz.h"
 #include "settings/arcoffgroup.h"
@@ -66,11 +66,12 @@ QVariantMap inTree(const QVariant &value)
 void fuzz(const QByteArray &input)
 {
     static Forms all;
-    if (controller::repeatsKey(input))
+    if (welmo::controller::repeatsKey(input))
         return; // does not come in
     const int end = input.indexOf('\n');
     const auto found = all.forms.constFind(input.left(qMax(0, end)));
-    const std::optional<QVariant> value = controller::fromJson('[' + input.mid(end + 1) + ']');
+    const std::optional<QVariant> value =
+        welmo::controller::fromJson('[' + input.mid(end + 1) + ']');
     if (found == all.forms.constEnd() || !value)
         return;
     auto &[form, start] = *found;
@@ -94,17 +95,18 @@ void fuzz(const QByteArray &input)
         return;
     const QVariant stored = all.read(*form);
     form->select();
-    require(form->save() == 0 && controller::toJson(all.read(*form)) == controller::toJson(stored),
+    require(form->save() == 0
+                && welmo::controller::toJson(all.read(*form)) == welmo::controller::toJson(stored),
             "showing and saving again changes nothing");
     if (!inTree(*value).contains("name"))
         return;
     for (const auto &row : form->fields().rows()) {
-        const QVariant code = controller::childAt(*value, row->key());
+        const QVariant code = welmo::controller::childAt(*value, row->key());
         const auto *choice = dynamic_cast<welmo::ChoiceField *>(row.get());
         if (choice && code.userType() == QMetaType::QString
             && qobject_cast<QComboBox *>(choice->editor())->findData(code) < 0)
-            require(controller::childAt(stored, row->key()) == code, "a code of others is kept",
-                    row->key());
+            require(welmo::controller::childAt(stored, row->key()) == code,
+                    "a code of others is kept", row->key());
     }
     QVariantMap kept = inTree(*value);
     for (const auto &row : form->fields().rows())

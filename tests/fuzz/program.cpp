@@ -1,19 +1,19 @@
 #include <algorithm>
 
 #include "fuzz.h"
-#include "instructions/line/programtext.h"
-#include "tools/tlcheck/checker.h"
-#include "tools/tlcheck/normalise.h"
+#include "tl/checker.h"
+#include "tl/normalise.h"
+#include "tl/programtext.h"
 
-using welmo::line::ProgramText;
+using welmo::tl::ProgramText;
 
 namespace {
 
-tlcheck::Findings check(const ProgramText &program)
+welmo::tl::Findings check(const ProgramText &program)
 {
     const QStringList lines = program.lines();
-    const tlcheck::Findings findings = tlcheck::Checker().check(lines);
-    for (const tlcheck::Finding &finding : findings) {
+    const welmo::tl::Findings findings = welmo::tl::Checker().check(lines);
+    for (const welmo::tl::Finding &finding : findings) {
         require(finding.line >= 0 && finding.line < lines.size(), "a finding is in a line");
         const int length = qMax(1, lines.at(finding.line).size());
         require(finding.column >= 1 && finding.column <= length, "and in a column of it");
@@ -36,7 +36,7 @@ void fuzz(const QByteArray &input)
     ProgramText program(input);
     require(program.toBytes() == input, "a program keeps its bytes");
     const QStringList lines = program.lines();
-    const tlcheck::Findings findings = check(program);
+    const welmo::tl::Findings findings = check(program);
 
     const int at = place(input, program.lineCount() + 1);
     program.insertLine(at, "WeaveOff");
@@ -52,11 +52,11 @@ void fuzz(const QByteArray &input)
         require(program.toBytes() == input, "a copy's changes are its own");
     }
 
-    tlcheck::normalise(program);
-    require(tlcheck::normalise(program) == 0, "a normal form is final");
-    for (const tlcheck::Finding &finding : check(program))
+    welmo::tl::normalise(program);
+    require(welmo::tl::normalise(program) == 0, "a normal form is final");
+    for (const welmo::tl::Finding &finding : check(program))
         require(std::any_of(findings.begin(), findings.end(),
-                            [&finding](const tlcheck::Finding &before) {
+                            [&finding](const welmo::tl::Finding &before) {
                                 return before.line == finding.line
                                     && before.text() == finding.text();
                             }),

@@ -2,14 +2,14 @@
 #include <algorithm>
 
 #include "fuzz.h"
-#include "instructions/line/normalform.h"
 #include "instructions/tlarcweld.h"
 #include "pendant/program/hostproject.h"
 #include "support/formhost.h"
 #include "tessa/basecontentwidget.h"
-#include "tools/tlcheck/checker.h"
+#include "tl/checker.h"
+#include "tl/normalform.h"
 
-using namespace welmo::line;
+using namespace welmo::tl;
 
 namespace {
 
@@ -23,7 +23,7 @@ struct Editor
     };
 
     Editor()
-        : checker(*pendant::hostProject())
+        : checker(*welmo::pendant::hostProject())
     {
         const auto creators = tessa::TlManager::getTlManager()->propertyWidgetCreators;
         for (auto creator = creators.begin(); creator != creators.end(); ++creator) {
@@ -35,14 +35,14 @@ struct Editor
 
     testsupport::FormHost host;
     TlArcWeldDefine instructions{nullptr};
-    tlcheck::Checker checker;
+    welmo::tl::Checker checker;
     QHash<QString, Form> forms;
 };
 
-QStringList expected(const tlcheck::Findings &findings)
+QStringList expected(const welmo::tl::Findings &findings)
 {
     QStringList messages;
-    for (const tlcheck::Finding &finding : findings) {
+    for (const welmo::tl::Finding &finding : findings) {
         if (finding.message)
             messages.append(finding.message);
     }

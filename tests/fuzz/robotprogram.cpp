@@ -1,5 +1,5 @@
 #include "controller/controllerbench.h"
-#include "controller/json.h"
+#include "controller/core/json.h"
 #include "fuzz.h"
 
 /// A program that a controller is given and runs for a while.
@@ -23,5 +23,5 @@ void fuzz(const QByteArray &input)
     require(bench.run("tl_program.stop").ok(), "it can be stopped");
     require(state("state") == "idle" && state("line") == 0, "and is over then");
     for (const ControllerBench::Told &told : qAsConst(bench.told))
-        require(controller::isPlain(told.values), "what is told is plain", told.path);
+        require(welmo::controller::isPlain(told.values), "what is told is plain", told.path);
 }

@@ -3,7 +3,7 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
-#include "controller/json.h"
+#include "controller/core/json.h"
 #include "fuzz.h"
 #include "kelp/jsonfile.h"
 #include "support/files.h"
@@ -15,7 +15,7 @@ using vu::xtheme::Theme;
 /// A file as style rules and as a theme.
 void fuzz(const QByteArray &input)
 {
-    if (controller::repeatsKey(input))
+    if (welmo::controller::repeatsKey(input))
         return; // Qt loses memory over it; these files come from nobody else
     static const QTemporaryDir folder;
     const QString path = QDir(folder.path()).filePath("rules.json");

@@ -1,16 +1,16 @@
 #include <QRegularExpression>
 
 #include "fuzz.h"
-#include "instructions/line/charactercheck.h"
-#include "instructions/line/fileline.h"
-#include "instructions/line/moveline.h"
-#include "instructions/line/normalform.h"
-#include "instructions/line/pointexpression.h"
-#include "instructions/line/timedline.h"
-#include "instructions/line/token.h"
-#include "instructions/line/wordline.h"
+#include "tl/charactercheck.h"
+#include "tl/fileline.h"
+#include "tl/moveline.h"
+#include "tl/normalform.h"
+#include "tl/pointexpression.h"
+#include "tl/timedline.h"
+#include "tl/token.h"
+#include "tl/wordline.h"
 
-using namespace welmo::line;
+using namespace welmo::tl;
 
 namespace {
 

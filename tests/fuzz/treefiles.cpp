@@ -3,11 +3,11 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
-#include "controller/json.h"
+#include "controller/core/json.h"
 #include "fuzz.h"
 #include "kelp/jsonfile.h"
 #include "kelp/workspace.h"
-#include "pendant/preferences.h"
+#include "pendant/app/preferences.h"
 #include "support/files.h"
 
 using testsupport::contentOf;
@@ -35,7 +35,7 @@ QVariant bound(const QDir &folder, const QString &defaults, bool persistent, QSt
 /// A file as the template of a tree, as a saved tree, and as the pendant's preferences.
 void fuzz(const QByteArray &input)
 {
-    if (controller::repeatsKey(input))
+    if (welmo::controller::repeatsKey(input))
         return; // Qt loses memory over it; these files come from nobody else
     static const QTemporaryDir temporary;
     const QDir folder(temporary.path());
@@ -63,12 +63,12 @@ void fuzz(const QByteArray &input)
     }
 
     writeFile(folder.filePath("pendant.json"), input);
-    pendant::Preferences preferences(folder.path());
+    welmo::pendant::Preferences preferences(folder.path());
     const bool good = preferences.error().isEmpty();
     require(preferences.save() == good, "preferences are kept unless they were unreadable");
     require(good || contentOf(folder.filePath("pendant.json")) == input,
             "which leaves them as they are");
     if (good)
-        require(pendant::Preferences(folder.path()).language == preferences.language,
+        require(welmo::pendant::Preferences(folder.path()).language == preferences.language,
                 "what was kept is read");
 }

@@ -1,17 +1,17 @@
-#include "link/wire.h"
+#include "link/protocol/protocol.h"
 
-#include "controller/json.h"
+#include "controller/core/json.h"
 #include "fuzz.h"
 #include "kelp/moduleobject.h"
 #include "mail.h"
 
-using namespace links;
+using namespace welmo::links;
 
 namespace {
 
 QVariantMap mapOf(const QByteArray &payload)
 {
-    return controller::fromJson('[' + payload + ']').value_or(QVariant()).toMap();
+    return welmo::controller::fromJson('[' + payload + ']').value_or(QVariant()).toMap();
 }
 
 // Whatever was read, written again is in the message; what was not in it counts as nothing.
@@ -21,7 +21,7 @@ void check(const MqttMessage &message, Read read)
     const auto content = read(message);
     if (!content)
         return;
-    const MqttMessage again = wire::toMessage(*content);
+    const MqttMessage again = protocol::toMessage(*content);
     const QVariantMap before = mapOf(message.payload);
     const QVariantMap after = mapOf(again.payload);
     for (auto it = after.begin(); it != after.end(); ++it) {
@@ -45,19 +45,19 @@ void check(const MqttMessage &message, Read read)
 void fuzz(const QByteArray &input)
 {
     const MqttMessage message = mail::read(input).first();
-    check(message, wire::toRequest);
-    check(message, wire::toBeat);
-    check(message, wire::toAlive);
-    check(message, wire::toReply);
-    if (const auto value = wire::toValue(message); value && !message.payload.isEmpty()) {
+    check(message, protocol::toRequest);
+    check(message, protocol::toBeat);
+    check(message, protocol::toAlive);
+    check(message, protocol::toReply);
+    if (const auto value = protocol::toValue(message); value && !message.payload.isEmpty()) {
         require(mapOf(message.payload).contains("value"), "a value is told", message.payload);
-        require(controller::isPlain(*value), "a value is plain", message.payload);
+        require(welmo::controller::isPlain(*value), "a value is plain", message.payload);
     }
-    if (const auto present = wire::toStatus(message))
+    if (const auto present = protocol::toStatus(message))
         require(mapOf(message.payload).value("present") == *present, "a status is told",
                 message.payload);
 
-    const wire::Topics topics("cell");
+    const protocol::Topics topics("cell");
     const QString user = topics.requester(message.topic);
     require(user.isEmpty() || topics.request(user) == message.topic, "a request's topic",
             message.topic);

@@ -3,15 +3,15 @@
 #include <QTabWidget>
 #include <QTest>
 
-#include "instructions/arconpropertywidget.h"
-#include "instructions/segonpropertywidget.h"
+#include "instructions/forms/arconpropertywidget.h"
+#include "instructions/forms/segonpropertywidget.h"
+#include "instructions/forms/weavedatadialog.h"
+#include "instructions/forms/wordwidgets.h"
 #include "instructions/tlarcweld.h"
-#include "instructions/weavedatadialog.h"
-#include "instructions/wordwidgets.h"
 #include "pendant/program/hostproject.h"
 #include "support/formhost.h"
 #include "support/rows.h"
-#include "tools/tlcheck/checker.h"
+#include "tl/checker.h"
 
 using tessa::BaseContentWidget;
 using tessa::TlManager;
@@ -97,7 +97,7 @@ private slots:
         };
         TlArcWeldDefine define(nullptr);
         for (const auto &[line, written] : rows) {
-            BaseContentWidget *form = propertyForm(welmo::line::firstWord(line).text);
+            BaseContentWidget *form = propertyForm(welmo::tl::firstWord(line).text);
             form->FillWith(line);
             QCOMPARE(form->ToString(), written);
         }
@@ -125,16 +125,16 @@ private slots:
             lines += QString::fromUtf8(file.readAll()).split('\n');
         }
         TlArcWeldDefine define(nullptr);
-        const tlcheck::Checker checker(pendant::hostProject());
+        const welmo::tl::Checker checker(welmo::pendant::hostProject());
         for (const QString &line : qAsConst(lines)) {
-            if (welmo::line::classify(line) == welmo::line::Instruction::None)
+            if (welmo::tl::classify(line) == welmo::tl::Instruction::None)
                 continue;
             m_host->takeMessages();
             const std::unique_ptr<BaseContentWidget> form(
-                propertyForm(welmo::line::firstWord(line).text));
+                propertyForm(welmo::tl::firstWord(line).text));
             form->FillWith(line);
             QStringList expected; // "no such point" is a warning, and without words of its own
-            for (const tlcheck::Finding &finding : checker.checkLine(line, 0)) {
+            for (const welmo::tl::Finding &finding : checker.checkLine(line, 0)) {
                 if (finding.message)
                     expected.append(finding.message);
             }

@@ -86,9 +86,9 @@ void Broker::encrypt(const QString &certificate, const QString &key)
     start();
 }
 
-links::BrokerAddress Broker::as(const QString &user) const
+welmo::links::BrokerAddress Broker::as(const QString &user) const
 {
-    links::BrokerAddress address;
+    welmo::links::BrokerAddress address;
     address.host = QStringLiteral("127.0.0.1");
     address.port = m_port;
     address.encrypted = m_encrypted;

@@ -3,7 +3,7 @@
 #include <QTemporaryDir>
 #include <sys/types.h>
 
-#include "link/brokeraddress.h"
+#include "link/mqtt/brokeraddress.h"
 
 /// A broker of our own on a free port of this machine, as the project ships it. It runs until
 /// stop() or its end, and comes back on the same port.
@@ -22,7 +22,7 @@ public:
     /// Holds the process, and lets it go on.
     void freeze(bool frozen);
 
-    links::BrokerAddress as(const QString &user) const;
+    welmo::links::BrokerAddress as(const QString &user) const;
     int port() const { return m_port; }
     QString folder() const { return m_folder.path(); }
     /// Serves encrypted on another port from now on, as the user finds it in as().

@@ -3,17 +3,18 @@
 #include <QSignalSpy>
 
 #include "callbench.h"
-#include "link/mqttlink.h"
+#include "link/mqtt/mqttlink.h"
 
 /// A pendant on the network, and what it tells its operator.
-struct Pendant : CallBench<links::MqttLink>
+struct Pendant : CallBench<welmo::links::MqttLink>
 {
     std::unique_ptr<QSignalSpy> problems;
 
-    explicit Pendant(const links::BrokerAddress &address)
+    explicit Pendant(const welmo::links::BrokerAddress &address)
     {
-        link = std::make_unique<links::MqttLink>(links::MqttLink::Options{address, "cell"});
-        problems = std::make_unique<QSignalSpy>(link.get(), &links::MqttLink::problem);
+        link = std::make_unique<welmo::links::MqttLink>(
+            welmo::links::MqttLink::Options{address, "cell"});
+        problems = std::make_unique<QSignalSpy>(link.get(), &welmo::links::MqttLink::problem);
     }
     bool isTold(const QString &word) const
     {

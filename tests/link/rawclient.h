@@ -3,13 +3,13 @@
 #include <QHash>
 #include <QtTest>
 
-#include "link/wire.h"
+#include "link/protocol/protocol.h"
 #include "linkwords.h"
 
 /// A client that sends whatever it is told to.
 struct RawClient
 {
-    RawClient(const links::BrokerAddress &address, const QString &name)
+    RawClient(const welmo::links::BrokerAddress &address, const QString &name)
         : user(name)
         , m_client({address, "raw-" + user},
                    {[this] {
@@ -17,7 +17,7 @@ struct RawClient
                         m_client.subscribe(topics.value("#"), 0);
                     },
                     [](const QString &) {},
-                    [this](const links::MqttMessage &message) {
+                    [this](const welmo::links::MqttMessage &message) {
                         QMetaObject::invokeMethod(&m_here, [this, message] {
                             got.insert({message.topic, message.correlation}, message);
                         });
@@ -29,34 +29,40 @@ struct RawClient
     ~RawClient() { m_client.stop(); }
 
     QString replyTopic() const { return topics.reply(user, "raw-" + user); }
-    void publish(const links::MqttMessage &message) { m_client.publish(message); }
+    void publish(const welmo::links::MqttMessage &message) { m_client.publish(message); }
     /// The request as a message that is ready to be sent, and sent again.
-    links::MqttMessage message(const controller::Request &content) const
+    welmo::links::MqttMessage message(const welmo::controller::Request &content) const
     {
-        links::MqttMessage made = links::wire::toMessage(
-            links::wire::Request{session.isEmpty(), session, sequence, deadline, content});
+        welmo::links::MqttMessage made =
+            welmo::links::protocol::toMessage(welmo::links::protocol::Request{
+                session.isEmpty(), session, sequence, deadline, content});
         made.topic = topics.request(user);
         made.responseTopic = replyTopic();
         return made;
     }
-    links::MqttMessage next(const controller::Request &content)
+    welmo::links::MqttMessage next(const welmo::controller::Request &content)
     {
         ++sequence;
         return message(content);
     }
     /// Sends it and waits for the answer; nothing when there is none.
-    std::optional<controller::Reply> exchange(links::MqttMessage message, int timeoutMs = patient)
+    std::optional<welmo::controller::Reply> exchange(welmo::links::MqttMessage message,
+                                                     int timeoutMs = patient)
     {
         message.correlation = QByteArray::number(++m_correlation);
         publish(message);
         const QPair<QString, QByteArray> reply{replyTopic(), message.correlation};
         (void)QTest::qWaitFor([&] { return got.contains(reply); }, timeoutMs);
-        return got.contains(reply) ? links::wire::toReply(got.value(reply)) : std::nullopt;
+        return got.contains(reply) ? welmo::links::protocol::toReply(got.value(reply))
+                                   : std::nullopt;
     }
-    controller::Reply ask(const controller::Request &content) { return *exchange(next(content)); }
+    welmo::controller::Reply ask(const welmo::controller::Request &content)
+    {
+        return *exchange(next(content));
+    }
     bool greet()
     {
-        std::optional<controller::Reply> reply;
+        std::optional<welmo::controller::Reply> reply;
         for (int tries = 0; tries < 100 && !reply; ++tries) // there may be no cell yet
             reply = exchange(message({}), 100);
         const QVariantMap values = reply ? reply->value.toMap() : QVariantMap();
@@ -66,14 +72,14 @@ struct RawClient
     }
 
     const QString user;
-    const links::wire::Topics topics{"cell"};
+    const welmo::links::protocol::Topics topics{"cell"};
     QString session;
     qint64 sequence = 0;
     qint64 deadline = 0;
-    QHash<QPair<QString, QByteArray>, links::MqttMessage> got; // by topic and correlation
+    QHash<QPair<QString, QByteArray>, welmo::links::MqttMessage> got; // by topic and correlation
 
 private:
     QObject m_here; // on the thread of the test
     int m_correlation = 0;
-    links::MqttClient m_client; // last: its thread ends first
+    welmo::links::MqttClient m_client; // last: its thread ends first
 };

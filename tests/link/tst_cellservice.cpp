@@ -1,14 +1,14 @@
 #include "broker.h"
 #include "cell.h"
-#include "controller/names.h"
 #include "pendant.h"
 #include "rawclient.h"
+#include "schema/names.h"
 #include "support/rows.h"
 
-namespace names = controller::names;
-using links::MqttMessage;
+namespace names = welmo::names;
 using testsupport::Rows;
-using RequestKind = controller::Request::Kind;
+using welmo::links::MqttMessage;
+using RequestKind = welmo::controller::Request::Kind;
 
 namespace {
 
@@ -16,7 +16,7 @@ constexpr auto set = RequestKind::Set;
 constexpr auto get = RequestKind::Get;
 constexpr auto command = RequestKind::Command;
 
-controller::Request toReal()
+welmo::controller::Request toReal()
 {
     return {command, setMode, {}, mode("real")};
 }
@@ -131,7 +131,7 @@ private slots:
             message.payload = payload;
             const auto reply = scene.raw.exchange(message);
             QVERIFY(reply);
-            QCOMPARE(reply->code, int(controller::BadPayload));
+            QCOMPARE(reply->code, int(welmo::controller::BadPayload));
             QCOMPARE(scene.cell.refused().malformed, ++refused);
             QVERIFY(scene.isTestRun());
         }
@@ -159,23 +159,25 @@ private slots:
                                      "arc_weld.arcoff_param", "arc_weld.weave_param",
                                      "arc_weld.seg_param",    names::runningParam,
                                      names::welderStateRate,  names::toolPage};
-        controller::Faults faults;
-        controller::Journal journal;
-        const auto store = controller::Store::inMemory();
-        const controller::Controller model(*store, faults, journal, controller::steadyClock());
+        welmo::controller::Faults faults;
+        welmo::controller::Journal journal;
+        const auto store = welmo::controller::Store::inMemory();
+        const welmo::controller::Controller model(*store, faults, journal,
+                                                  welmo::controller::steadyClock());
         QStringList nodes = model.nodes().keys();
         nodes << names::control << "arc_weld.some_day"
               << ""
               << "#";
         for (const QString &node : qAsConst(nodes)) {
             const int code = scene.raw.ask({set, node, {}, QVariantMap{{"a", 1}}}).code;
-            QVERIFY2((code == controller::NotAllowed) != writable.contains(node), qPrintable(node));
+            QVERIFY2((code == welmo::controller::NotAllowed) != writable.contains(node),
+                     qPrintable(node));
         }
         for (const QString &path :
              {names::setAnticollision, names::setClampingTorchMode, names::setWelder,
               names::loadProgram, names::removePrefix + "weld_param", QString("arc_weld.some_day")})
-            QCOMPARE(scene.raw.ask({command, path}).code, int(controller::NotAllowed));
-        QCOMPARE(scene.raw.ask({get, names::audit}).code, int(controller::NotAllowed));
+            QCOMPARE(scene.raw.ask({command, path}).code, int(welmo::controller::NotAllowed));
+        QCOMPARE(scene.raw.ask({get, names::audit}).code, int(welmo::controller::NotAllowed));
         QCOMPARE(scene.raw.ask(toReal()).code, 0);
     }
 
@@ -184,7 +186,7 @@ private slots:
         Scene scene;
         RawClient bert(Broker::shared().as("bert"), "bert");
         QVERIFY(bert.greet());
-        const links::wire::Topics &topics = scene.raw.topics;
+        const welmo::links::protocol::Topics &topics = scene.raw.topics;
         MqttMessage forged = scene.raw.next(toReal()); // with all that anna knows, but by bert
         bert.publish(forged);
         forged.payload = "{\"value\":\"forged\"}";
@@ -219,16 +221,16 @@ private slots:
         Pendant bert(Broker::shared().as("bert"));
         QVERIFY(vera.comeUp() && anna.comeUp() && bert.comeUp());
         QCOMPARE(holder(bert), "anna");
-        QCOMPARE(bert.command("real").code, int(controller::NotInControl));
+        QCOMPARE(bert.command("real").code, int(welmo::controller::NotInControl));
         QVERIFY(bert.isTold("anna"));
-        QCOMPARE(bert.run(names::takeControl), int(controller::NotInControl));
+        QCOMPARE(bert.run(names::takeControl), int(welmo::controller::NotInControl));
         for (Pendant *any : {&vera, &bert}) {
             QCOMPARE(any->run(names::stopProgram), 0);
             QCOMPARE(any->run(names::stopMove), 0);
         }
         QCOMPARE(anna.command("real").code, 0);
         QCOMPARE(anna.run(names::giveControl), 0);
-        QCOMPARE(vera.run(names::takeControl), int(controller::NotAllowed));
+        QCOMPARE(vera.run(names::takeControl), int(welmo::controller::NotAllowed));
         QCOMPARE(anna.run(names::takeControl), 0);
         anna.link.reset(); // switched off with control in its hand
         QTRY_COMPARE_WITH_TIMEOUT(holder(bert), "", patient);
@@ -244,10 +246,10 @@ private slots:
         anna.load(1);
         QCOMPARE(bert.save(1, 10).code, 0);
         QCOMPARE(bert.save(1, 11).code, 0);
-        QCOMPARE(anna.save(1, 20).code, int(controller::Conflict));
+        QCOMPARE(anna.save(1, 20).code, int(welmo::controller::Conflict));
         QCOMPARE(anna.load(1).value, QVariant(file(1, 11)));
         QCOMPARE(anna.save(1, 20).code, 0);
-        QCOMPARE(bert.save(1, 12).code, int(controller::Conflict));
+        QCOMPARE(bert.save(1, 12).code, int(welmo::controller::Conflict));
 
         const QVariantMap audit = anna.call(Kind::Get, names::audit).value.toMap();
         QCOMPARE(audit.value("entries").toList().size(), 3);

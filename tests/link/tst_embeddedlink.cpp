@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 
 #include "embeddedbench.h"
-#include "link/farend.h"
+#include "link/embedded/embeddedserver.h"
 
 /// What is so of the link to a controller in the same process only.
 class tst_EmbeddedLink : public QObject
@@ -14,11 +14,11 @@ private slots:
         const QTemporaryDir temporary;
         const QString folder = temporary.filePath("deep/down"); // folders are made
         auto owner = std::make_unique<Up<Bench>>(folder);
-        controller::Faults faults;
-        controller::Journal journal;
-        links::FarEnd farEnd(folder, faults, journal, [] { return qint64(0); });
-        QSignalSpy problems(&farEnd, &links::FarEnd::problem);
-        QSignalSpy greeted(&farEnd, &links::FarEnd::greeted);
+        welmo::controller::Faults faults;
+        welmo::controller::Journal journal;
+        welmo::links::EmbeddedServer farEnd(folder, faults, journal, [] { return qint64(0); });
+        QSignalSpy problems(&farEnd, &welmo::links::EmbeddedServer::problem);
+        QSignalSpy greeted(&farEnd, &welmo::links::EmbeddedServer::greeted);
         for (int i = 0; i < 3; ++i)
             farEnd.greet(1); // it tries again, and has nothing new to say
         QCOMPARE(problems.count(), 1);

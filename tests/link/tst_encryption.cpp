@@ -30,7 +30,7 @@ private slots:
             Broker broker;
             broker.encrypt(m_folder.filePath("broker.crt"), m_folder.filePath("broker.key"));
             const auto as = [&](const QString &user) {
-                links::BrokerAddress address = broker.as(user);
+                welmo::links::BrokerAddress address = broker.as(user);
                 address.caFile = m_folder.filePath("ca.crt");
                 return address;
             };
@@ -44,7 +44,7 @@ private slots:
 
     void nothingLeavesInTheClear()
     {
-        links::BrokerAddress address;
+        welmo::links::BrokerAddress address;
         address.host = "192.0.2.1"; // a network that is nowhere
         address.port = 1883;
         const Pendant pendant(address);

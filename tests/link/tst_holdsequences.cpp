@@ -2,12 +2,12 @@
 #include <functional>
 #include <random>
 
-#include "link/farend.h"
+#include "link/embedded/embeddedserver.h"
 
-using controller::Faults;
-using controller::Journal;
-using links::Exchange;
 using tessa::LinkRequest;
+using welmo::controller::Faults;
+using welmo::controller::Journal;
+using welmo::links::PendingCall;
 using Event = Journal::Event;
 using Fault = Faults::Fault;
 
@@ -33,9 +33,9 @@ struct Scene
     explicit Scene(quint32 seed)
         : random(seed)
     {
-        QObject::connect(&farEnd, &links::FarEnd::greeted,
+        QObject::connect(&farEnd, &welmo::links::EmbeddedServer::greeted,
                          [this](int theirs) { up = up || theirs == session; });
-        QObject::connect(&farEnd, &links::FarEnd::broken, [this] { goDown(); });
+        QObject::connect(&farEnd, &welmo::links::EmbeddedServer::broken, [this] { goDown(); });
         for (int steps = 10 + choose(25); steps > 0; --steps) {
             actions[size_t(choose(int(actions.size())))]();
             live(5 + choose(120));
@@ -82,9 +82,9 @@ struct Scene
     void ask(const Key &key, int inSession)
     {
         farEnd.ask(inSession,
-                   std::make_shared<Exchange>(LinkRequest{LinkRequest::Kind::Command, wireFeed,
-                                                          key.payload,
-                                                          QVariantMap{{key.child, key.held}}}));
+                   std::make_shared<PendingCall>(LinkRequest{LinkRequest::Kind::Command, wireFeed,
+                                                             key.payload,
+                                                             QVariantMap{{key.child, key.held}}}));
         compare();
     }
     void goDown()
@@ -173,7 +173,7 @@ struct Scene
     qint64 now = 1000;
     Faults faults;
     Journal journal;
-    links::FarEnd farEnd{{}, faults, journal, [this] { return now; }};
+    welmo::links::EmbeddedServer farEnd{{}, faults, journal, [this] { return now; }};
     int session = 1;
     bool up = false;
     qint64 lastProof = 0;

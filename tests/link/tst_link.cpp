@@ -6,7 +6,7 @@
 #include BENCH
 #include "support/rows.h"
 
-using Fault = controller::Faults::Fault;
+using Fault = welmo::controller::Faults::Fault;
 using UpBench = Up<Bench>;
 using Link = tessa::ControllerLink;
 

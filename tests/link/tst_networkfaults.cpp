@@ -11,7 +11,7 @@
 #include "support/files.h"
 #include "support/rows.h"
 
-using controller::Journal;
+using welmo::controller::Journal;
 
 namespace {
 
@@ -33,18 +33,18 @@ struct Scene
         QObject::connect(&beats, &QTimer::timeout, [this] { pendant.link->beat(press); });
     }
 
-    links::CellService::Options options()
+    welmo::links::CellService::Options options()
     {
         auto made = Cell::options(by(cellWay, "cell"));
-        made.clock = [this, steady = controller::steadyClock()] {
+        made.clock = [this, steady = welmo::controller::steadyClock()] {
             const std::lock_guard lock(gate);
             return steady();
         };
         return made;
     }
-    static links::BrokerAddress by(const Proxy &way, const QString &user)
+    static welmo::links::BrokerAddress by(const Proxy &way, const QString &user)
     {
-        links::BrokerAddress address = Broker::shared().as(user);
+        welmo::links::BrokerAddress address = Broker::shared().as(user);
         address.port = way.port();
         return address;
     }
@@ -115,7 +115,7 @@ private slots:
             QVERIFY(scene.waitStill());
             QCOMPARE(scene.journal().last().cause, cause);
             QVERIFY(scene.pendant.waitUp());
-            QSignalSpy news(scene.pendant.link.get(), &links::MqttLink::notified);
+            QSignalSpy news(scene.pendant.link.get(), &welmo::links::MqttLink::notified);
             QCOMPARE(scene.pendant.watch().code, 0);
             QCOMPARE(scene.pendant.command("real").code, 0);
             QTRY_COMPARE_WITH_TIMEOUT(news.count(), 1, patient);

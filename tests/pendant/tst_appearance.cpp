@@ -82,7 +82,7 @@ private slots:
             }
             // First without the link, so that no welder has told its ranges yet.
             for (const bool down : {true, false}) {
-                pendant.faults()->set(controller::Faults::Fault::LinkDown, down);
+                pendant.faults()->set(welmo::controller::Faults::Fault::LinkDown, down);
                 QVERIFY(down ? pendant.waitDisconnected() : pendant.waitConnected());
                 pendant.open("arcweldpackage");
                 for (auto *subPage : pendant.find("wgtNav")->findChildren<QToolButton *>()) {

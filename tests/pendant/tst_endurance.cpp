@@ -8,15 +8,15 @@
 
 #include "kelp/registry.h"
 #include "pando/bmodule.h"
-#include "pendant/pluginloader.h"
+#include "pendant/app/pluginloader.h"
 #include "pendant/program/formpane.h"
 #include "support/files.h"
 #include "support/programtouch.h"
 #include "support/testpendant.h"
 
-using pendant::FormPane;
 using testsupport::ProgramTouch;
 using testsupport::TestPendant;
+using welmo::pendant::FormPane;
 
 namespace {
 
@@ -73,7 +73,7 @@ private slots:
     {
         const QString resource = QStringLiteral(":/welmo/template/welmo.json");
         for (int round = 0; round < 100; ++round) {
-            pendant::PluginLoader loader(WELMO_MODULE);
+            welmo::pendant::PluginLoader loader(WELMO_MODULE);
             QVERIFY2(loader.load(), qPrintable(loader.error()));
             QCOMPARE(bfactory()->keys(), QStringList{"welmo"});
             QCOMPARE(kelp::versionManager().size(), 8);
@@ -93,7 +93,7 @@ private slots:
         const QTemporaryDir folder;
         const QString copy = folder.filePath("libwelmo.so");
         QVERIFY(QFile::copy(WELMO_MODULE, copy));
-        pendant::PluginLoader loader(WELMO_MODULE);
+        welmo::pendant::PluginLoader loader(WELMO_MODULE);
         QVERIFY(loader.load());
         QLibrary second(copy);
         QVERIFY2(second.load(), qPrintable(second.errorString()));

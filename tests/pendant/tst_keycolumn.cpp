@@ -2,15 +2,15 @@
 #include <QTest>
 
 #include "pando/frame.h"
-#include "pendant/handlekey.h"
+#include "pendant/window/handlekey.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
 
-using controller::Faults;
 using testsupport::Rows;
 using testsupport::Setup;
 using testsupport::TestPendant;
-using Event = controller::Journal::Event;
+using welmo::controller::Faults;
+using Event = welmo::controller::Journal::Event;
 
 namespace {
 
@@ -39,7 +39,7 @@ struct Desk
         pendant.open("arcweldpackage");
         pendant.click("btn_connectSwitch");
     }
-    auto faces() { return pendant.window()->findChildren<pendant::HandleKey *>(); }
+    auto faces() { return pendant.window()->findChildren<welmo::pendant::HandleKey *>(); }
     QPoint place(int key)
     {
         auto *face = faces().at(key);

@@ -6,7 +6,7 @@
 
 #include "broker.h"
 #include "cell.h"
-#include "link/mqttlink.h"
+#include "link/mqtt/mqttlink.h"
 #include "linkwords.h"
 #include "support/testpendant.h"
 
@@ -33,7 +33,7 @@ struct Desk
 
     Broker broker;
     const Cell cell{Cell::options(broker.as("cell"))};
-    links::MqttLink other{{broker.as("anna"), "cell"}};
+    welmo::links::MqttLink other{{broker.as("anna"), "cell"}};
     testsupport::TestPendant pendant{setup()};
 };
 

@@ -1,7 +1,7 @@
 #include <QProcess>
 #include <QTest>
 
-#include "pendant/options.h"
+#include "pendant/app/options.h"
 #include "support/rows.h"
 
 using testsupport::Rows;
@@ -27,7 +27,7 @@ private slots:
             {"too many", QStringList{"arcweld"}, "'arcweld'"},
         };
         for (const auto &[name, arguments, named] : rows) {
-            const auto parsed = pendant::parseOptions(QStringList{"pendant"} + arguments);
+            const auto parsed = welmo::pendant::parseOptions(QStringList{"pendant"} + arguments);
             QVERIFY2(parsed.error.contains(named), qPrintable(parsed.error));
             QVERIFY(!parsed.error.contains('\n'));
         }

@@ -6,7 +6,7 @@
 #include "support/files.h"
 #include "support/rows.h"
 
-using pendant::ProgramDocument;
+using welmo::pendant::ProgramDocument;
 using Act = std::function<void(ProgramDocument &)>;
 
 namespace {

@@ -3,7 +3,7 @@
 #include <QTest>
 
 #include "pando/frame.h"
-#include "pendant/messageline.h"
+#include "pendant/window/messageline.h"
 #include "support/files.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
@@ -39,7 +39,7 @@ private slots:
             if (file == "theme.json")
                 setup.theme = path;
             TestPendant pendant(setup);
-            const auto *line = pendant.window()->findChild<pendant::MessageLine *>();
+            const auto *line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
             QTRY_VERIFY2(line->text().startsWith(path), qPrintable(line->text()));
             const auto *problems = pendant.find<QLabel>("lblProblems");
             QVERIFY(problems->isVisible());

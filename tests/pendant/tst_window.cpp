@@ -4,14 +4,14 @@
 #include <QTableView>
 #include <QTest>
 
-#include "pendant/messageline.h"
+#include "pendant/window/messageline.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
 
-using controller::Faults;
 using testsupport::Rows;
 using testsupport::Setup;
 using testsupport::TestPendant;
+using welmo::controller::Faults;
 
 class TestWindow : public QObject
 {
@@ -52,7 +52,7 @@ private slots:
     void aLongMessageIsCut()
     {
         TestPendant pendant;
-        const auto *line = pendant.window()->findChild<pendant::MessageLine *>();
+        const auto *line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
         const QString longText(400, 'x');
         pendant.host()->helper()->throwLog(nullptr, "warning", longText);
         QCOMPARE(line->text(), longText);

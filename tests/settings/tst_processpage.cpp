@@ -256,7 +256,8 @@ private slots:
             const QVariant before = desk.host.stored("arc_weld.weld_param", "arcdata1");
             if (fault == "no link")
                 QVERIFY(desk.host.disconnect());
-            desk.host.faults()->set(controller::Faults::Fault::WelderError, fault == "welder");
+            desk.host.faults()->set(welmo::controller::Faults::Fault::WelderError,
+                                    fault == "welder");
             if (fault == "refused")
                 desk.host.spoil(FormHost::Refused, command);
             if (fault == "not read") {

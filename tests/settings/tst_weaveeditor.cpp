@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QtTest>
 
-#include "instructions/weavewidget.h"
+#include "instructions/forms/weavewidget.h"
 #include "settings/weavefunctionpage.h"
 #include "support/formhost.h"
 #include "support/rows.h"

@@ -80,7 +80,7 @@ void FormHost::spoil(Failure failure, const QString &request)
     else if (failure == NoAnswer)
         m_link->breakAt = request;
     else if (failure == DiskFull)
-        faults()->set(controller::Faults::Fault::DiskFull, true);
+        faults()->set(welmo::controller::Faults::Fault::DiskFull, true);
 }
 
 bool FormHost::wait(bool up)

@@ -7,7 +7,7 @@
 #include <memory>
 #include <optional>
 
-#include "link/embeddedlink.h"
+#include "link/embedded/embeddedlink.h"
 #include "pando/frame.h"
 #include "support/logguard.h"
 #include "tessa/host.h"
@@ -26,7 +26,7 @@ public:
     void close() override { inner.close(); }
     bool isUp() const override { return inner.isUp(); }
 
-    links::EmbeddedLink inner{links::EmbeddedLink::Options{}};
+    welmo::links::EmbeddedLink inner{welmo::links::EmbeddedLink::Options{}};
     QStringList requests; ///< "get arc_weld.arcon_param arcondata1"
     QVariant lastPayload; ///< of the last write or command
     QString breakAt; ///< the link breaks when this request comes
@@ -78,7 +78,7 @@ public:
     }
 
     RecordingLink *link() { return m_link; }
-    controller::Faults *faults() { return m_link->inner.faults(); }
+    welmo::controller::Faults *faults() { return m_link->inner.faults(); }
     tessa::Host &host() { return *m_host; }
     QWidget *window() { return &m_window; }
 

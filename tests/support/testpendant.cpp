@@ -17,21 +17,21 @@ void TestPendant::start()
 {
     if (m_setup.modulePath.isEmpty())
         m_setup.modulePath = QStringLiteral(WELMO_MODULE);
-    const auto connect = [this](const pendant::Options &options) {
+    const auto connect = [this](const welmo::pendant::Options &options) {
         if (!options.controller.isEmpty())
-            return pendant::connectTo(options);
-        links::EmbeddedLink::Options how;
+            return welmo::pendant::connectTo(options);
+        welmo::links::EmbeddedLink::Options how;
         how.clock = m_setup.clock;
         if (m_setup.keepFiles)
             how.dataFolder = options.dataFolder;
-        auto link = std::make_unique<links::EmbeddedLink>(how);
+        auto link = std::make_unique<welmo::links::EmbeddedLink>(how);
         m_link = link.get();
-        return pendant::Connection{std::move(link), m_link->faults()};
+        return welmo::pendant::Connection{std::move(link), m_link->faults()};
     };
-    pendant::Options options{m_setup.language, m_setup.theme, m_setup.dataFolder,
-                             m_setup.modulePath};
+    welmo::pendant::Options options{m_setup.language, m_setup.theme, m_setup.dataFolder,
+                                    m_setup.modulePath};
     options.controller = m_setup.controller;
-    m_app = std::make_unique<pendant::PendantApp>(options, connect);
+    m_app = std::make_unique<welmo::pendant::PendantApp>(options, connect);
     m_app->start();
     if (m_setup.connects && !waitConnected())
         throw OutOfReach(QStringLiteral("the controller: ") + lastMessage());
@@ -62,7 +62,7 @@ bool TestPendant::waitLink(bool up)
 void TestPendant::changeDisplay(const QString &combo, const QString &code)
 {
     open(QStringLiteral("home"));
-    QSignalSpy started(m_app.get(), &pendant::PendantApp::started);
+    QSignalSpy started(m_app.get(), &welmo::pendant::PendantApp::started);
     chooseCode(combo, code);
     if (started.isEmpty())
         started.wait();

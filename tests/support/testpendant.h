@@ -8,10 +8,10 @@
 #include <algorithm>
 #include <memory>
 
-#include "link/embeddedlink.h"
-#include "pendant/options.h"
-#include "pendant/pendantapp.h"
-#include "pendant/pendantwindow.h"
+#include "link/embedded/embeddedlink.h"
+#include "pendant/app/options.h"
+#include "pendant/app/pendantapp.h"
+#include "pendant/window/pendantwindow.h"
 #include "support/finger.h"
 #include "support/logguard.h"
 #include "tessa/host.h"
@@ -27,7 +27,7 @@ struct Setup
     bool keepFiles = false; ///< the controller's files on disk instead of in memory
     QString controller; ///< empty: one in this process
     bool connects = true; ///< false: do not wait for a controller that cannot come up
-    controller::Clock clock = controller::steadyClock(); ///< the controller's
+    welmo::controller::Clock clock = welmo::controller::steadyClock(); ///< the controller's
 };
 
 /// A whole pendant: the real window, the real library, a controller in this process. It is up and
@@ -45,11 +45,11 @@ public:
     void restart(const Setup &setup);
     void restart() { restart(m_setup); }
 
-    pendant::PendantApp &app() { return *m_app; }
+    welmo::pendant::PendantApp &app() { return *m_app; }
     QWidget *window() { return m_app->window(); }
     tessa::Host *host() { return m_app->host(); }
-    controller::Faults *faults() { return m_link->faults(); }
-    const controller::Journal &journal() const { return m_link->journal(); }
+    welmo::controller::Faults *faults() { return m_link->faults(); }
+    const welmo::controller::Journal &journal() const { return m_link->journal(); }
     QString dataFolder() const { return m_setup.dataFolder; }
 
     /// The widget of that name, in the window; of several the one that is seen. Throws OutOfReach
@@ -108,8 +108,8 @@ private:
     LogGuard m_guard;
     QTemporaryDir m_folder;
     Setup m_setup;
-    links::EmbeddedLink *m_link = nullptr;
-    std::unique_ptr<pendant::PendantApp> m_app;
+    welmo::links::EmbeddedLink *m_link = nullptr;
+    std::unique_ptr<welmo::pendant::PendantApp> m_app;
 };
 
 } // namespace testsupport

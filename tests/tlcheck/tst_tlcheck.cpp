@@ -2,14 +2,14 @@
 #include <QProcess>
 #include <QtTest>
 
-#include "controller/names.h"
-#include "controller/projectseed.h"
+#include "controller/robot/projectseed.h"
+#include "schema/names.h"
 #include "support/files.h"
 #include "support/rows.h"
 
-using controller::Store;
 using testsupport::contentOf;
 using testsupport::Rows;
+using welmo::controller::Store;
 
 namespace {
 
@@ -51,7 +51,7 @@ private slots:
     {
         m_folder = std::make_unique<QTemporaryDir>();
         QString problem;
-        QVERIFY(Store::open(store(), &problem)->write(controller::projectSeed()));
+        QVERIFY(Store::open(store(), &problem)->write(welmo::controller::projectSeed()));
     }
     // Good, and in their normal form.
     void examples()
@@ -154,7 +154,7 @@ private slots:
             init();
             QString problem;
             const auto owner = Store::open(store(), &problem);
-            QVERIFY(owner->write({{controller::names::project, "point._list",
+            QVERIFY(owner->write({{welmo::names::project, "point._list",
                                    QVariantList{QVariantMap{{"id", "n"}, {"name", "new"}}}}}));
             const QString folder = kept.isEmpty() ? data() : m_folder->path();
             for (const QString &each : kept)

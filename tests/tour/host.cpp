@@ -44,7 +44,7 @@ void hostPages(Tour &tour)
     tour.step("Controller, the wire sticks and is mended", "controller", [&] {
         tour.open("controller");
         tour.click("btnFault_WireStuck");
-        const bool stuck = tour.faults()->isOn(controller::Faults::Fault::WireStuck);
+        const bool stuck = tour.faults()->isOn(welmo::controller::Faults::Fault::WireStuck);
         tour.click("btnClearFaults");
         return Tour::require(stuck ? "stuck" : "free", "stuck");
     });

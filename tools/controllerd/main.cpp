@@ -1,7 +1,7 @@
 #include <QCoreApplication>
 #include <cstdio>
 
-#include "link/cellservice.h"
+#include "link/mqtt/cellservice.h"
 #include "tools/controllerd/options.h"
 #include "tools/controllerd/signals.h"
 
@@ -25,17 +25,17 @@ int main(int argc, char *argv[])
         return 0;
     }
     QString problem = options.error;
-    links::CellService::Options how{options.cell, options.broker, options.dataFolder, {}};
+    welmo::links::CellService::Options how{options.cell, options.broker, options.dataFolder, {}};
     if (problem.isEmpty())
-        how.roles = links::Roles::read(options.usersFile, &problem);
+        how.roles = welmo::links::Roles::read(options.usersFile, &problem);
     if (!problem.isEmpty()) {
         say(problem);
         return couldNotStart;
     }
     const controllerd::Signals signalled;
-    links::CellService service(how);
-    QObject::connect(&service, &links::CellService::problem, &say);
-    QObject::connect(&service, &links::CellService::online,
+    welmo::links::CellService service(how);
+    QObject::connect(&service, &welmo::links::CellService::problem, &say);
+    QObject::connect(&service, &welmo::links::CellService::online,
                      [&options] { say(QStringLiteral("%1 is online").arg(options.cell)); });
     QObject::connect(&signalled, &controllerd::Signals::endWanted, &app, &QCoreApplication::quit);
     service.start();

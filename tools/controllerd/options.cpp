@@ -4,7 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "link/wire.h"
+#include "link/protocol/protocol.h"
 
 namespace controllerd {
 
@@ -18,13 +18,13 @@ QString complaintAbout(const QCommandLineParser &parser, Options *options)
 {
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
-    if (!links::wire::isName(options->cell))
+    if (!welmo::links::protocol::isName(options->cell))
         return QStringLiteral("--cell needs a name of A-Z a-z 0-9 . _ -");
     if (options->dataFolder.isEmpty() || !QFileInfo(options->dataFolder).isDir())
         return QStringLiteral("--data needs a folder that is there");
     QString path;
     const QString complaint =
-        links::parseAddress(parser.value(QStringLiteral("broker")), &options->broker, &path);
+        welmo::links::parseAddress(parser.value(QStringLiteral("broker")), &options->broker, &path);
     if (complaint.isEmpty() && !path.isEmpty())
         return QStringLiteral("--broker takes no cell");
     // A cell is at home under its own name.

@@ -2,14 +2,14 @@
 
 #include <QStringList>
 
-#include "link/brokeraddress.h"
+#include "link/mqtt/brokeraddress.h"
 
 namespace controllerd {
 
 struct Options
 {
     QString cell;
-    links::BrokerAddress broker;
+    welmo::links::BrokerAddress broker;
     QString dataFolder;
     QString usersFile;
     QString error; ///< one line when the arguments cannot be used

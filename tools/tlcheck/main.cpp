@@ -1,17 +1,18 @@
 #include <QCoreApplication>
 #include <cstdio>
 
-#include "instructions/line/programtext.h"
-#include "tools/tlcheck/checker.h"
-#include "tools/tlcheck/normalise.h"
+#include "tl/checker.h"
+#include "tl/normalise.h"
+#include "tl/programfile.h"
+#include "tl/programtext.h"
 #include "tools/tlcheck/options.h"
-#include "tools/tlcheck/programfile.h"
 #include "tools/tlcheck/progressbar.h"
 #include "tools/tlcheck/projectfile.h"
 #include "tools/tlcheck/report.h"
 
-using namespace tlcheck;
-using welmo::line::ProgramText;
+using namespace welmo::tl;
+using namespace welmo::tlcheck;
+using welmo::tl::ProgramText;
 
 namespace {
 

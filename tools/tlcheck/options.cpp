@@ -3,7 +3,7 @@
 #include <QCommandLineParser>
 #include <QStandardPaths>
 
-namespace tlcheck {
+namespace welmo::tlcheck {
 
 namespace {
 
@@ -62,4 +62,4 @@ Options parseOptions(const QStringList &arguments)
     return options;
 }
 
-} // namespace tlcheck
+} // namespace welmo::tlcheck

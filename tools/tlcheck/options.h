@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace tlcheck {
+namespace welmo::tlcheck {
 
 /// What the command line asks for.
 struct Options
@@ -19,4 +19,4 @@ struct Options
 /// @p arguments includes the program's name.
 Options parseOptions(const QStringList &arguments);
 
-} // namespace tlcheck
+} // namespace welmo::tlcheck

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <unistd.h>
 
-namespace tlcheck {
+namespace welmo::tlcheck {
 
 namespace {
 
@@ -36,4 +36,4 @@ void ProgressBar::show(int done)
     std::fflush(stderr);
 }
 
-} // namespace tlcheck
+} // namespace welmo::tlcheck

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace tlcheck {
+namespace welmo::tlcheck {
 
 /// A bar on the terminal behind the standard error stream; nothing where that is no terminal.
 class ProgressBar
@@ -23,4 +23,4 @@ private:
     bool m_isTerminal;
 };
 
-} // namespace tlcheck
+} // namespace welmo::tlcheck

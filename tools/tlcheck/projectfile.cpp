@@ -8,11 +8,11 @@
 #include <memory>
 #include <sqlite3.h>
 
-#include "controller/fileset.h"
-#include "controller/json.h"
-#include "controller/names.h"
+#include "controller/core/json.h"
+#include "controller/files/fileset.h"
+#include "schema/names.h"
 
-namespace tlcheck {
+namespace welmo::tlcheck {
 
 namespace {
 
@@ -81,7 +81,7 @@ QSet<QString> namesIn(const QVariantList &items, const QString &type = {})
     return names;
 }
 
-ProjectNames namesOf(const std::map<QString, QByteArray> &lists)
+tl::ProjectNames namesOf(const std::map<QString, QByteArray> &lists)
 {
     const auto list = [&lists](const char *key) {
         const auto entry = lists.find(QLatin1String(key));
@@ -90,7 +90,7 @@ ProjectNames namesOf(const std::map<QString, QByteArray> &lists)
             : controller::fromJson(entry->second).value_or(QVariant()).toList();
     };
     const QVariantList variables = list("var.system_list") + list("var._list");
-    ProjectNames names;
+    tl::ProjectNames names;
     names.points = namesIn(list("point._list"));
     names.speeds = namesIn(variables, QStringLiteral("speed"));
     names.zones = namesIn(variables, QStringLiteral("zone"));
@@ -101,7 +101,7 @@ ProjectNames namesOf(const std::map<QString, QByteArray> &lists)
 
 } // namespace
 
-std::optional<ProjectNames> readProject(const QString &folder, QString *problem)
+std::optional<tl::ProjectNames> readProject(const QString &folder, QString *problem)
 {
     const QString file = QDir(folder).absoluteFilePath(storeName);
     const auto failed = [&](const QString &reason) {
@@ -113,12 +113,12 @@ std::optional<ProjectNames> readProject(const QString &folder, QString *problem)
                                      "or use --no-references"));
     const QTemporaryDir scratch;
     const Connection store = connectWithoutTrace(file, scratch.path());
-    const auto lists = readNode(store.get(), controller::names::project);
+    const auto lists = readNode(store.get(), welmo::names::project);
     if (!lists)
         return failed(QString::fromUtf8(sqlite3_errmsg(store.get())));
     if (lists->empty())
         return failed(QStringLiteral("holds no robot project"));
-    ProjectNames names = namesOf(*lists);
+    tl::ProjectNames names = namesOf(*lists);
     for (const controller::FileSet &set : controller::fileSets()) {
         const auto files = readNode(store.get(), set.path());
         if (!files)
@@ -129,4 +129,4 @@ std::optional<ProjectNames> readProject(const QString &folder, QString *problem)
     return names;
 }
 
-} // namespace tlcheck
+} // namespace welmo::tlcheck

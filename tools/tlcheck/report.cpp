@@ -4,7 +4,7 @@
 #include <QJsonObject>
 #include <cstdio>
 
-namespace tlcheck {
+namespace welmo::tlcheck {
 
 namespace {
 
@@ -24,9 +24,9 @@ QString plainText(const QJsonObject &finding)
 
 } // namespace
 
-void Report::add(const QString &file, const Findings &findings)
+void Report::add(const QString &file, const tl::Findings &findings)
 {
-    for (const Finding &finding : findings) {
+    for (const tl::Finding &finding : findings) {
         const QJsonObject object{{QStringLiteral("file"), file},
                                  {QStringLiteral("line"), finding.line + 1},
                                  {QStringLiteral("column"), finding.column},
@@ -67,4 +67,4 @@ int Report::finish()
     return m_findings.isEmpty() ? 0 : 1;
 }
 
-} // namespace tlcheck
+} // namespace welmo::tlcheck

@@ -3,9 +3,9 @@
 #include <QJsonArray>
 #include <QString>
 
-#include "tools/tlcheck/finding.h"
+#include "tl/finding.h"
 
-namespace tlcheck {
+namespace welmo::tlcheck {
 
 /// What a run tells: findings on the standard output, the rest on the standard error stream; with
 /// @p json all of it as one object at the end.
@@ -16,7 +16,7 @@ public:
         : m_json(json)
     { }
 
-    void add(const QString &file, const Findings &findings);
+    void add(const QString &file, const tl::Findings &findings);
     void addRewritten(const QString &file, int lines);
     /// A file that could not be read or written.
     void addError(const QString &file, const QString &reason);
@@ -31,4 +31,4 @@ private:
     QJsonArray m_errors;
 };
 
-} // namespace tlcheck
+} // namespace welmo::tlcheck

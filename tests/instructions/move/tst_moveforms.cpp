@@ -5,13 +5,10 @@
 #include <QRadioButton>
 #include <QtTest>
 
-#include "instructions/moveinsertwidget.h"
-#include "instructions/moveparamwidget.h"
-#include "instructions/weavedatadialog.h"
-#include "instructions/wmovecinsertwidget.h"
-#include "instructions/wmovecpropertywidget.h"
-#include "instructions/wmovelinsertwidget.h"
-#include "instructions/wmovelpropertywidget.h"
+#include "instructions/forms/weavedatadialog.h"
+#include "instructions/move/moveforms.h"
+#include "instructions/move/moveinsertwidget.h"
+#include "instructions/move/moveparamwidget.h"
 #include "support/formhost.h"
 #include "support/rows.h"
 

@@ -10,10 +10,9 @@
 #include <QtTest>
 #include <cmath>
 
-#include "instructions/moveinsertwidget.h"
-#include "instructions/movepropertypointwidget.h"
-#include "instructions/wmovecinsertwidget.h"
-#include "instructions/wmovecpropertywidget.h"
+#include "instructions/move/moveforms.h"
+#include "instructions/move/moveinsertwidget.h"
+#include "instructions/move/movepropertypointwidget.h"
 #include "support/formhost.h"
 #include "support/rows.h"
 

@@ -1,0 +1,67 @@
+#include "controller/core/registry.h"
+
+#include "controller/core/fields.h"
+
+namespace welmo::controller {
+
+void Registry::addValue(const QString &path, const Read &read, const Write &write)
+{
+    const auto readChild = [read](const QString &key) {
+        Reply reply = read();
+        if (!key.isEmpty())
+            reply.value = childAt(reply.value, key);
+        return reply;
+    };
+    WriteEntry writeWhole;
+    if (write) {
+        writeWhole = [write](const QString &key, const QVariant &value) {
+            if (!key.isEmpty())
+                return Reply::refused(UnknownKey,
+                                      key + QStringLiteral(": written as a whole only"));
+            return write(value);
+        };
+    }
+    m_nodes[path] = {readChild, writeWhole};
+}
+
+void Registry::addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write,
+                          bool apart)
+{
+    m_nodes[path] = {read, write, apart};
+}
+
+void Registry::addCommand(const QString &path, const Run &run)
+{
+    m_commands[path] = run;
+}
+
+QMap<QString, bool> Registry::nodes() const
+{
+    QMap<QString, bool> nodes;
+    for (const auto &[path, node] : m_nodes)
+        nodes.insert(path, node.apart);
+    return nodes;
+}
+
+Reply Registry::dispatch(const Request &request) const
+{
+    if (request.kind == Request::Kind::Command) {
+        const auto command = m_commands.find(request.path);
+        return command == m_commands.end() ? Reply::refused(UnknownCommand, request.path)
+                                           : command->second(request);
+    }
+    const auto node = m_nodes.find(request.path);
+    if (node == m_nodes.end())
+        return Reply::refused(UnknownNode, request.path);
+    if (request.kind == Request::Kind::Set)
+        return write(node->second, request);
+    return node->second.read(request.key);
+}
+
+Reply Registry::write(const Node &node, const Request &request) const
+{
+    return node.write ? node.write(request.key, request.payload)
+                      : Reply::refused(ReadOnly, request.path);
+}
+
+} // namespace welmo::controller

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QMap>
+#include <functional>
+#include <map>
+
+#include "controller/core/request.h"
+
+namespace welmo::controller {
+
+/// Which node and which command is answered by whom. Units enter what is theirs once, at the start.
+class Registry
+{
+public:
+    using Read = std::function<Reply()>;
+    using Write = std::function<Reply(const QVariant &value)>;
+    using ReadEntry = std::function<Reply(const QString &key)>;
+    using WriteEntry = std::function<Reply(const QString &key, const QVariant &value)>;
+    using Run = std::function<Reply(const Request &request)>;
+
+    /// A node with one value; a key in a read is a dotted path into it. Without @p write it is read
+    /// only.
+    void addValue(const QString &path, const Read &read, const Write &write = {});
+    /// A node with entries, such as numbered files; a read without a key answers them all.
+    /// @p apart says that an entry is a value of its own, to be told and read without the others.
+    void addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write,
+                    bool apart = false);
+    void addCommand(const QString &path, const Run &run);
+
+    /// Every node; true for one whose entries have a value each and know nothing of each other.
+    QMap<QString, bool> nodes() const;
+
+    Reply dispatch(const Request &request) const;
+
+private:
+    struct Node
+    {
+        ReadEntry read;
+        WriteEntry write;
+        bool apart = false;
+    };
+
+    Reply write(const Node &node, const Request &request) const;
+
+    std::map<QString, Node> m_nodes;
+    std::map<QString, Run> m_commands;
+};
+
+} // namespace welmo::controller

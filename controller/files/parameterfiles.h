@@ -1,0 +1,27 @@
+#pragma once
+
+#include "controller/core/controllercontext.h"
+#include "controller/core/registry.h"
+#include "controller/core/subsystem.h"
+#include "controller/files/fileset.h"
+
+namespace welmo::controller {
+
+/// A whole file, checked: the right children of the right types, and the name of a file of the set.
+Reply checkedFile(const FileSet &set, const QVariant &payload);
+
+/// The numbered parameter files of every set: read, written and removed.
+class ParameterFiles : public Subsystem
+{
+public:
+    ParameterFiles(ControllerContext &context, Registry &registry);
+
+private:
+    Reply read(const FileSet &set, const QString &file) const;
+    Reply write(const FileSet &set, const QString &file, const QVariant &payload);
+    Reply remove(const FileSet &set, const QVariant &payload);
+
+    ControllerContext &m_context;
+};
+
+} // namespace welmo::controller

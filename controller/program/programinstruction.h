@@ -1,0 +1,52 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "controller/program/programline.h"
+#include "controller/welding/weave.h"
+
+namespace welmo::controller {
+
+class ControllerContext;
+class Robot;
+class Weld;
+class WireAndGas;
+
+/// What the lines of a running program work with, and leave for those after them.
+struct ProgramStage
+{
+    ControllerContext &context;
+    Weld &weld;
+    WireAndGas &wireAndGas;
+    Robot &robot;
+    bool dry = true; ///< moves without arc, wire and gas
+    double dryRunSpeed = 0; ///< of every move, in mm/s; 0: as the program says
+    std::optional<Weave> weave = {}; ///< for the moves to come
+    double speed = 0; ///< of the torch in the present millisecond, mm/s
+};
+
+/// A line of a program that is being carried out, a millisecond at a time.
+class ProgramInstruction
+{
+public:
+    virtual ~ProgramInstruction() = default;
+
+    /// Sets off. A refusal ends the program.
+    virtual Reply begin(ProgramStage &stage) = 0;
+    /// One millisecond further. Nothing while it goes on; then how it ended.
+    virtual std::optional<Reply> step(ProgramStage &stage) = 0;
+    /// The program pauses: what moves stops, until resume().
+    virtual void pause(ProgramStage &) { }
+    virtual Reply resume(ProgramStage &) { return {}; }
+};
+
+/// The instruction that the line asks for; null when its word is none.
+std::unique_ptr<ProgramInstruction> makeInstruction(const ProgramLine &line);
+/// A move, or null when the word is none; part of makeInstruction().
+std::unique_ptr<ProgramInstruction> makeMove(const ProgramLine &line);
+
+/// The weave file, or nothing for "no weave".
+Reply readWeave(const ControllerContext &context, const QString &file, std::optional<Weave> *weave);
+
+} // namespace welmo::controller

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QVector>
+
+#include "controller/core/store.h"
+
+namespace welmo::controller {
+
+/// What a new controller's project holds: the built-in lists, and enough of its own to weld with.
+///
+/// A pose stands under "pose.frame": "pos" {x, y, z} in millimetres and "ori.euler" {a, b, c} in
+/// degrees; a point has it under "cart", and its six joint angles, in degrees, as "joint.q".
+QVector<Store::Change> projectSeed();
+
+} // namespace welmo::controller

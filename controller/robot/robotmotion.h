@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QtGlobal>
+#include <optional>
+
+#include "controller/robot/robotarm.h"
+
+namespace welmo::controller {
+
+/// Where the arm stands, and how it gets somewhere else: at the steady speed of a robot that is
+/// moved by hand, without ramps. Times are the controller's clock.
+class RobotMotion
+{
+public:
+    enum class Way {
+        Joint, ///< every joint turns at its own steady speed, all arrive together
+        Linear ///< the tool's tip goes straight, and turns evenly on the way
+    };
+
+    static constexpr double jointSpeed = 30; ///< degrees a second
+    static constexpr double linearSpeed = 250; ///< millimetres a second
+    static constexpr double turningSpeed = 45; ///< degrees a second
+
+    const Joints &joints() const { return m_joints; }
+    bool isMoving() const { return m_move.has_value(); }
+
+    /// Sets off for @p target, the tip of @p tool in the base frame; @p tool is the tip in the
+    /// flange's frame. False, and nothing moves, when the arm does not get there that way.
+    bool start(qint64 now, Way way, const Frame &target, const Frame &tool);
+    void advance(qint64 now);
+    void stop() { m_move.reset(); }
+    /// Puts the arm where something else has it at the moment.
+    void place(const Joints &joints) { m_joints = joints; }
+
+private:
+    struct Move
+    {
+        Way way;
+        qint64 began;
+        double seconds;
+        Joints fromJoints, toJoints;
+        Frame from, to, tool;
+    };
+
+    std::optional<Joints> jointsAt(const Move &move, double part) const;
+    bool isPossible(Move &move) const;
+
+    Joints m_joints{0, 20, -5, 0, 75, 0};
+    std::optional<Move> m_move;
+};
+
+} // namespace welmo::controller

@@ -1,0 +1,45 @@
+#include "controller/welding/weldmode.h"
+
+#include <QStringList>
+
+#include "controller/core/fields.h"
+#include "schema/names.h"
+
+namespace welmo::controller {
+
+namespace {
+
+const QString modeKey = QStringLiteral("mode");
+const QStringList modes{QStringLiteral("test_run"), QStringLiteral("simu"), QStringLiteral("real")};
+
+} // namespace
+
+WeldMode::WeldMode(ControllerContext &context, Registry &registry)
+    : m_context(context)
+{
+    registry.addValue(names::weldMode, [this] { return read(); });
+    registry.addCommand(names::setWeldMode,
+                        [this](const Request &request) { return change(request.payload); });
+}
+
+Reply WeldMode::read() const
+{
+    return m_context.load(names::weldMode, {}, QVariantMap{{modeKey, modes.first()}});
+}
+
+Reply WeldMode::change(const QVariant &payload)
+{
+    Reply wanted = checked(payload, {text("mode")}, Missing::Refused);
+    if (!wanted.ok())
+        return wanted;
+    const QString mode = childAt(wanted.value, modeKey).toString();
+    if (!modes.contains(mode))
+        return Reply::refused(OutOfRange, QStringLiteral("there is no mode ") + mode);
+    const QVariantMap value{{modeKey, mode}};
+    Reply reply = m_context.save(names::weldMode, {}, value);
+    if (reply.ok())
+        m_context.notify(names::weldMode, value);
+    return reply;
+}
+
+} // namespace welmo::controller

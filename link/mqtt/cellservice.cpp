@@ -1,0 +1,335 @@
+#include "link/mqtt/cellservice.h"
+
+#include <QDateTime>
+#include <QUuid>
+
+#include "schema/names.h"
+
+namespace names = welmo::names;
+using welmo::controller::Reply;
+using welmo::controller::Request;
+
+namespace welmo::links {
+
+namespace {
+
+constexpr int echoMs = 2500; // after which our own connection counts as dead
+
+const QString sessionKey = QStringLiteral("session");
+const QString timeKey = QStringLiteral("time");
+const QString bootKey = QStringLiteral("boot");
+const QString userKey = QStringLiteral("user");
+const QString clientKey = QStringLiteral("client");
+const QString mineKey = QStringLiteral("mine");
+
+} // namespace
+
+CellService::CellService(const Options &options, QObject *parent)
+    : QObject(parent)
+    , m_options(options)
+    , m_topics(options.cell)
+    , m_boot(QUuid::createUuid().toString(QUuid::Id128))
+    , m_station(options.dataFolder, m_faults, m_journal, options.clock, this)
+    , m_board([this](const QString &path, const QString &key, const QVariant &value) {
+        publish(m_topics.value(path, key), protocol::toValueMessage(value));
+    })
+    , m_alive(this)
+{
+    m_alive.setTimerType(Qt::PreciseTimer);
+    connect(&m_alive, &QTimer::timeout, this, &CellService::showAlive);
+    connect(&m_station, &ControllerRunner::problem, this, &CellService::problem);
+    connect(&m_station, &ControllerRunner::broken, this, [this] {
+        m_pendants.endAll();
+        afterSessions();
+    });
+    connect(&m_station, &ControllerRunner::notified, this,
+            [this](const QString &path, const QVariant &values) { m_board.update(path, values); });
+
+    // The id is the cell's: a second service of the name takes the connection of the first.
+    MqttClient::Options how{options.address, QStringLiteral("cell-") + options.cell,
+                            protocol::toStatusMessage(false)};
+    how.will->topic = m_topics.status();
+    MqttClient::Handlers handlers;
+    handlers.online = posted([this] { onOnline(); });
+    handlers.offline = [this](const QString &reason) {
+        QMetaObject::invokeMethod(
+            this, [this, reason] { onOffline(reason); }, Qt::QueuedConnection);
+    };
+    handlers.message = [this](const MqttMessage &message) {
+        QMetaObject::invokeMethod(
+            this, [this, message] { onMessage(message); }, Qt::QueuedConnection);
+    };
+    m_client = std::make_unique<MqttClient>(how, handlers);
+}
+
+CellService::~CellService()
+{
+    MqttMessage gone = protocol::toStatusMessage(false);
+    gone.topic = m_topics.status();
+    m_client->stop(gone);
+}
+
+template<typename Work>
+std::function<void()> CellService::posted(Work work)
+{
+    return [this, work] { QMetaObject::invokeMethod(this, work, Qt::QueuedConnection); };
+}
+
+void CellService::start()
+{
+    if (m_station.isReady()) {
+        m_client->start();
+        return;
+    }
+    // The store may be another's for a moment, such as an earlier service's that is still ending.
+    QTimer::singleShot(protocol::aliveIdleMs, this, &CellService::start);
+}
+
+Reply CellService::handle(const Request &request)
+{
+    return m_station.controller()->handle(request);
+}
+
+void CellService::onOnline()
+{
+    m_reported.clear();
+    m_echo = m_station.now();
+    m_client->subscribe(m_topics.request(QStringLiteral("+")), 1);
+    m_client->subscribe(m_topics.beat(QStringLiteral("+")), 0);
+    m_client->subscribe(m_topics.alive(), 0);
+    m_board.tellAll(*m_station.controller());
+    m_told.clear();
+    tellControl();
+    publish(m_topics.status(), protocol::toStatusMessage(true));
+    m_alive.start(protocol::aliveIdleMs);
+    showAlive();
+    emit online();
+}
+
+void CellService::onOffline(const QString &reason)
+{
+    m_alive.stop();
+    if (m_station.controller())
+        m_station.controller()->losePendant();
+    if (reason != m_reported)
+        emit problem(reason);
+    m_reported = reason;
+}
+
+void CellService::onMessage(const MqttMessage &message)
+{
+    if (message.topic == m_topics.alive()) {
+        m_echo = m_station.now();
+        return;
+    }
+    const QString requester = m_topics.requester(message.topic);
+    const QString beater = m_topics.beater(message.topic);
+    if (!m_station.isReachable())
+        return;
+    if (message.retained)
+        ++m_refused.stale; // a command that was left lying about
+    else if (!requester.isEmpty())
+        onRequest(message, requester);
+    else if (!beater.isEmpty())
+        onBeat(message, beater);
+    else
+        ++m_refused.malformed;
+}
+
+void CellService::onRequest(const MqttMessage &message, const QString &user)
+{
+    const QString client = m_topics.replier(message.responseTopic, user);
+    if (client.isEmpty()) {
+        ++m_refused.malformed; // an answer there could be a command to somebody else
+        return;
+    }
+    const std::optional<protocol::Request> request = protocol::toRequest(message);
+    if (!request) {
+        ++m_refused.malformed;
+        send(message, Reply::refused(controller::BadPayload, QStringLiteral("no such request")));
+        return;
+    }
+    if (request->hello) {
+        welcome(message, user, client, request->content.key);
+        return;
+    }
+    PendantSession *session = m_pendants.find(request->session, user);
+    if (!session || session->client != client) {
+        ++m_refused.strange;
+        send(message, Reply::refused(protocol::otherSession, QStringLiteral("no such session")));
+        return;
+    }
+    session->lastSeen = m_station.now();
+    if (const std::optional<Reply> reply = answerTo(*session, *request))
+        send(message, *reply);
+}
+
+/// Nothing, for a request that is too old to be answered.
+std::optional<Reply> CellService::answerTo(PendantSession &session,
+                                           const protocol::Request &request)
+{
+    if (request.sequence <= session.lastSequence) {
+        const std::optional<Reply> before = session.answerTo(request.sequence);
+        before ? ++m_refused.repeated : ++m_refused.stale;
+        return before;
+    }
+    session.lastSequence = request.sequence;
+    if (request.deadline < m_station.now()) {
+        ++m_refused.stale;
+        return std::nullopt;
+    }
+    const Reply reply = carryOut(session, request.content);
+    session.remember(request.sequence, reply);
+    return reply;
+}
+
+void CellService::welcome(const MqttMessage &message, const QString &user, const QString &client,
+                          const QString &greeting)
+{
+    const Role role = m_options.roles.of(user);
+    if (role == Role::Nobody) {
+        ++m_refused.forbidden;
+        send(message,
+             Reply::refused(controller::NotAllowed,
+                            QStringLiteral("the cell knows no user ") + user));
+        return;
+    }
+    const PendantSession &session = m_pendants.greet(user, client, greeting, m_station.now());
+    if (role >= Role::Operator)
+        m_pendants.takeControl(session);
+    afterSessions();
+    showAlive();
+    send(message,
+         Reply::with(
+             QVariantMap{{sessionKey, session.id}, {timeKey, m_station.now()}, {bootKey, m_boot}}));
+}
+
+Reply CellService::carryOut(PendantSession &session, const Request &request)
+{
+    const Reply allowed = permission(session, request);
+    if (allowed.ok())
+        return carryOutPermitted(session, request);
+    ++m_refused.forbidden;
+    return allowed;
+}
+
+Reply CellService::permission(const PendantSession &session, const Request &request) const
+{
+    if (!m_options.roles.allows(session.user, request)) {
+        return Reply::refused(controller::NotAllowed,
+                              QStringLiteral("%1 is not for %2").arg(request.path, session.user));
+    }
+    const bool free = !needOf(request).control || m_pendants.holdsControl(session);
+    return free ? Reply{} : notInControl();
+}
+
+Reply CellService::notInControl() const
+{
+    Reply reply = Reply::refused(controller::NotInControl, QStringLiteral("not in control"));
+    reply.value = control();
+    return reply;
+}
+
+Reply CellService::carryOutPermitted(PendantSession &session, const Request &request)
+{
+    if (request.path == names::control)
+        return Reply::with(control(&session));
+    if (request.path != names::takeControl && request.path != names::giveControl) {
+        Request signedOne = request;
+        signedOne.author = {
+            session.user, session.client,
+            QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"))};
+        return m_station.controller()->handle(signedOne);
+    }
+    if (request.path == names::giveControl)
+        m_pendants.giveControl(session);
+    else if (!m_pendants.takeControl(session))
+        return notInControl();
+    afterSessions();
+    return {};
+}
+
+void CellService::send(const MqttMessage &request, const Reply &reply)
+{
+    MqttMessage message = protocol::toMessage(reply);
+    message.correlation = request.correlation;
+    m_station.answer([this, topic = request.responseTopic, message] { publish(topic, message); });
+}
+
+void CellService::onBeat(const MqttMessage &message, const QString &user)
+{
+    const std::optional<protocol::Beat> beat = protocol::toBeat(message);
+    if (!beat) {
+        ++m_refused.malformed;
+        return;
+    }
+    if (beat->end) {
+        m_pendants.endClient(user, beat->session);
+        afterSessions();
+        return;
+    }
+    PendantSession *session = m_pendants.find(beat->session, user);
+    if (!session || beat->sequence <= session->lastBeat) {
+        session ? ++m_refused.stale : ++m_refused.strange;
+        return;
+    }
+    session->lastBeat = beat->sequence;
+    session->lastSeen = m_station.now();
+    // A beat that was long on its way proves nothing of now.
+    if (m_pendants.holdsControl(*session)) {
+        m_station.controller()->beat(qMin(beat->time, m_station.now()), beat->press);
+        m_station.tick();
+    }
+}
+
+void CellService::showAlive()
+{
+    if (!m_station.isReachable())
+        return;
+    const qint64 now = m_station.now();
+    m_pendants.endSilent(now);
+    afterSessions();
+    publish(m_topics.alive(), protocol::toMessage(protocol::Alive{m_boot, now, m_refused.all()}));
+    if (now - m_echo > echoMs) {
+        m_echo = now;
+        m_client->restart();
+    }
+}
+
+// Whoever came or went: what follows from it.
+void CellService::afterSessions()
+{
+    const int pace = m_pendants.isEmpty() ? protocol::aliveIdleMs : protocol::aliveMs;
+    if (m_alive.isActive() && m_alive.interval() != pace)
+        m_alive.start(pace);
+    tellControl();
+}
+
+void CellService::tellControl()
+{
+    const PendantSession *holder = m_pendants.holder();
+    const QString now = holder ? holder->id : QStringLiteral("-");
+    if (now == m_told)
+        return;
+    m_told = now;
+    m_station.controller()->losePendant(); // a key that was held was not held on this one
+    publish(m_topics.value(names::control), protocol::toValueMessage(control()));
+}
+
+QVariant CellService::control(const PendantSession *asking) const
+{
+    const PendantSession *holder = m_pendants.holder();
+    QVariantMap control{{userKey, holder ? holder->user : QString()},
+                        {clientKey, holder ? holder->client : QString()}};
+    if (asking)
+        control.insert(mineKey, holder == asking);
+    return control;
+}
+
+void CellService::publish(const QString &topic, MqttMessage message)
+{
+    message.topic = topic;
+    m_client->publish(message);
+}
+
+} // namespace welmo::links

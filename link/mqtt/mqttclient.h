@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QByteArray>
+#include <QPair>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+#include <atomic>
+#include <condition_variable>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+#include "link/mqtt/brokeraddress.h"
+#include "link/mqtt/tlscontext.h"
+#include "link/protocol/mqttmessage.h"
+
+struct mosquitto;
+
+namespace welmo::links {
+
+/// A connection to an MQTT 5 broker on a thread of its own, set up anew whenever it breaks, until
+/// stop(). Every connection starts from nothing: no subscription and no message of the one before
+/// comes back with it, so that no old command arrives late.
+class MqttClient
+{
+public:
+    struct Options
+    {
+        BrokerAddress address;
+        QString clientId;
+        std::optional<MqttMessage> will = std::nullopt; ///< sent by the broker when this dies
+    };
+
+    /// All of them run on the client's thread and must not block, nor stop the client.
+    struct Handlers
+    {
+        std::function<void()> online; ///< the broker took us: subscribe now
+        std::function<void(const QString &reason)> offline; ///< broken, or could not be set up
+        std::function<void(const MqttMessage &message)> message;
+        std::function<void()> pulse = {}; ///< at least every pulseMs while online
+    };
+
+    static constexpr int pulseMs = 20;
+
+    MqttClient(Options options, Handlers handlers);
+    ~MqttClient();
+
+    void start();
+    /// Ends the connection and the thread; @p last is still sent before, if that is possible.
+    void stop(const std::optional<MqttMessage> &last = std::nullopt);
+    /// Drops the connection, which may be dead without showing it, and sets it up anew.
+    void restart();
+
+    bool isOnline() const { return m_online; }
+    /// False when it could not even be tried: there is no connection now, and it is not kept for
+    /// later. Any thread; returns at once.
+    bool publish(const MqttMessage &message);
+    bool subscribe(const QString &filter, int qos);
+    bool unsubscribe(const QString &filter);
+
+private:
+    struct Callbacks;
+    struct Closer
+    {
+        void operator()(mosquitto *handle) const;
+    };
+    using Handle = std::unique_ptr<mosquitto, Closer>;
+
+    void run();
+    QString connectOnce();
+    Handle makeHandle();
+    QString setUp(mosquitto *handle);
+    int pump(mosquitto *handle);
+    int step(mosquitto *handle) const;
+    void sayLast(mosquitto *handle);
+    void setHandle(Handle handle);
+    void rest();
+    template<typename Work>
+    bool whileOnline(Work work);
+    void wake() const;
+    QString reasonFor(int result) const;
+
+    const Options m_options;
+    const Handlers m_handlers;
+    std::thread m_thread;
+    std::mutex m_mutex; // guards the handle against its end, and the wish to end
+    std::condition_variable m_ended;
+    std::unique_ptr<TlsContext> m_tls; // outlives the handle
+    Handle m_handle;
+    std::optional<MqttMessage> m_last;
+    std::atomic<bool> m_ending{false};
+    std::atomic<bool> m_restart{false};
+    std::atomic<bool> m_online{false};
+    QString m_refusal; // why the broker, or we, would not have the connection
+    int m_wake = -1; // an eventfd: something is to be sent
+};
+
+} // namespace welmo::links

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "link/mqtt/brokeraddress.h"
+#include "link/mqtt/mqttsession.h"
+#include "link/session/sessionlink.h"
+
+namespace welmo::links {
+
+/// A link to a cell on the network, over a broker. It is up once the cell has answered a first
+/// request; a subscription proves nothing, since a broker grants a forbidden one too. It is down
+/// when the cell, the broker or the way to them is silent for a quarter of a second.
+class MqttLink : public SessionLink
+{
+    Q_OBJECT
+public:
+    struct Options
+    {
+        BrokerAddress address;
+        QString cell;
+        controller::Clock clock = controller::steadyClock(); ///< called on both threads
+    };
+
+    explicit MqttLink(const Options &options, QObject *parent = nullptr);
+
+protected:
+    void greet(int session) override { m_courier.greet(session); }
+    void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs) override;
+    void leave() override { m_courier.leave(); }
+    void beatOn(int session, int press) override { m_courier.beat(session, press); }
+
+private:
+    MqttSession m_courier;
+};
+
+} // namespace welmo::links

@@ -1,0 +1,316 @@
+#include "link/mqtt/mqttsession.h"
+
+#include <QMutexLocker>
+#include <QUuid>
+
+#include "link/session/requests.h"
+
+using tessa::LinkReply;
+using tessa::LinkRequest;
+using welmo::controller::Reply;
+
+namespace welmo::links {
+
+namespace {
+
+constexpr int unansweredMs = 2000; // a greeting, until somebody is told
+
+const QString nobody = QStringLiteral("nobody"); // a broker that asks for no user
+
+QString revisionKey(const LinkRequest &request)
+{
+    return request.path + '/' + request.key;
+}
+
+bool hasRevision(const LinkRequest &request)
+{
+    return !request.key.isEmpty()
+        && (request.kind == LinkRequest::Kind::Get || request.kind == LinkRequest::Kind::Set);
+}
+
+} // namespace
+
+MqttSession::MqttSession(const BrokerAddress &address, const QString &cell, controller::Clock clock)
+    : m_topics(cell)
+    , m_cell(cell)
+    , m_user(address.user.isEmpty() ? nobody : address.user)
+    , m_client(QStringLiteral("pendant-") + QUuid::createUuid().toString(QUuid::Id128))
+    , m_clock(std::move(clock))
+{
+    m_silence.start();
+    m_end = protocol::toMessage(protocol::Beat{m_client, 0, 0, 0, true});
+    m_end.topic = m_topics.beat(m_user);
+    const MqttClient::Options how{address, m_client, m_end};
+    m_mqtt = std::make_unique<MqttClient>(
+        how,
+        MqttClient::Handlers{
+            [this] { onOnline(); }, [this](const QString &reason) { onOffline(reason); },
+            [this](const MqttMessage &message) { onMessage(message); }, [this] { pulse(); }});
+}
+
+MqttSession::~MqttSession()
+{
+    leave();
+}
+
+void MqttSession::greet(int session)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_wanted != session) {
+            m_wanted = session;
+            breakOff();
+        }
+        if (m_session != session)
+            sendGreeting();
+    }
+    m_mqtt->start();
+}
+
+void MqttSession::sendGreeting()
+{
+    protocol::Request hello;
+    hello.hello = true;
+    hello.content.key = QString::number(m_wanted); // asked again, it is the same session
+    m_watched.clear();
+    if (send(hello, {nullptr, m_wanted}) && m_asked == 0)
+        m_asked = m_silence.elapsed();
+}
+
+bool MqttSession::send(protocol::Request request, const Pending &pending)
+{
+    request.sequence = ++m_sequence;
+    MqttMessage message = protocol::toMessage(request);
+    message.topic = m_topics.request(m_user);
+    message.responseTopic = m_topics.reply(m_user, m_client);
+    message.correlation = QByteArray::number(m_sequence);
+    m_pending.insert(message.correlation, pending);
+    if (m_mqtt->publish(message))
+        return true;
+    m_pending.remove(message.correlation);
+    return false;
+}
+
+void MqttSession::ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs)
+{
+    const QMutexLocker lock(&m_mutex);
+    const LinkRequest &asked = exchange->request;
+    protocol::Request request;
+    request.session = m_wireSession;
+    // The answer has a way to go too: what is begun at the last moment is done for nobody.
+    request.deadline = m_clock() + m_offset + timeoutMs - timeoutMs / 8;
+    request.content = toController(asked);
+    if (asked.kind == LinkRequest::Kind::Set && hasRevision(asked))
+        request.content.revision = m_revisions.value(revisionKey(asked));
+    if (asked.kind == LinkRequest::Kind::Watch)
+        watch(asked.path);
+    if (session != m_session || !send(request, {exchange, session}))
+        exchange->settle({LinkReply::Lost, {}});
+}
+
+// Before the question, so that nothing is missed between its answer and the first value.
+void MqttSession::watch(const QString &path)
+{
+    m_mqtt->subscribe(m_topics.value(path), 0);
+    m_mqtt->subscribe(m_topics.value(path, QStringLiteral("+")), 0);
+}
+
+void MqttSession::beat(int session, int press)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (session != m_session)
+        return;
+    protocol::Beat beat{m_wireSession, ++m_beats, m_clock() + m_offset, press};
+    MqttMessage message = protocol::toMessage(beat);
+    message.topic = m_topics.beat(m_user);
+    m_mqtt->publish(message);
+}
+
+void MqttSession::leave()
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_wanted = 0;
+        m_complaint.clear();
+    }
+    m_mqtt->stop(m_end);
+    const QMutexLocker lock(&m_mutex);
+    breakOff();
+}
+
+void MqttSession::onOnline()
+{
+    m_mqtt->subscribe(m_topics.reply(m_user, m_client), 1);
+    m_mqtt->subscribe(m_topics.alive(), 0);
+    m_mqtt->subscribe(m_topics.status(), 1);
+    const QMutexLocker lock(&m_mutex);
+    if (m_wanted != 0)
+        sendGreeting();
+}
+
+void MqttSession::onOffline(const QString &reason)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (m_session == 0)
+        complain(reason);
+    breakOff();
+}
+
+void MqttSession::onMessage(const MqttMessage &message)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (message.topic == m_topics.alive()) {
+        if (const auto alive = protocol::toAlive(message); alive && !message.retained)
+            onAlive(*alive);
+    } else if (message.topic == m_topics.status()) {
+        onStatus(protocol::toStatus(message));
+    } else if (message.topic == m_topics.reply(m_user, m_client)) {
+        onReply(message);
+    } else if (!message.retained) {
+        onValue(message);
+    }
+}
+
+void MqttSession::onStatus(const std::optional<bool> &present)
+{
+    if (present == false)
+        breakOff();
+    else if (present && m_session == 0 && m_wanted != 0)
+        sendGreeting();
+}
+
+void MqttSession::onReply(const MqttMessage &message)
+{
+    const auto found = m_pending.find(message.correlation);
+    const std::optional<Reply> reply = protocol::toReply(message);
+    if (found == m_pending.end())
+        return; // too late, or twice
+    if (!reply) {
+        breakOff(); // who waits for it is told too
+        return;
+    }
+    const Pending pending = *found;
+    m_pending.erase(found);
+    if (!pending.exchange)
+        onGreeting(pending.session, *reply);
+    else if (pending.session == m_session)
+        onAnswer(pending.exchange, *reply);
+}
+
+void MqttSession::onGreeting(int session, const Reply &reply)
+{
+    if (session != m_wanted || m_session == session)
+        return;
+    m_asked = 0;
+    const QVariantMap values = reply.value.toMap();
+    m_wireSession = values.value(QStringLiteral("session")).toString();
+    const qint64 time = values.value(QStringLiteral("time")).toLongLong();
+    if (!reply.ok() || m_wireSession.isEmpty() || !protocol::isTime(time)) {
+        complain(QStringLiteral("%1: %2").arg(m_cell, reply.text));
+        return;
+    }
+    m_boot = values.value(QStringLiteral("boot")).toString();
+    m_offsetKnown = false;
+    hearTime(time);
+    m_session = session;
+    m_complaint.clear();
+    emit greeted(session);
+}
+
+void MqttSession::onAnswer(const std::shared_ptr<PendingCall> &exchange, const Reply &reply)
+{
+    const LinkRequest &request = exchange->request;
+    if (reply.code < 0) {
+        breakOff();
+        exchange->settle({LinkReply::Lost, {}});
+        return;
+    }
+    if (hasRevision(request) && reply.ok() && reply.revision)
+        m_revisions.insert(revisionKey(request), *reply.revision);
+    if (request.kind == LinkRequest::Kind::Watch && reply.ok())
+        m_watched.insert(request.path);
+    tellRefusal(request, reply);
+    exchange->settle({reply.code, reply.value});
+}
+
+// The host knows that it failed; what the cell alone knows is told beside.
+void MqttSession::tellRefusal(const LinkRequest &request, const Reply &reply)
+{
+    const QVariantMap about = reply.value.toMap();
+    const QString user = about.value(QStringLiteral("user")).toString();
+    if (reply.code == controller::Conflict) {
+        emit problem(
+            user.isEmpty()
+                ? tr("%1 was written by somebody else meanwhile").arg(request.key)
+                : tr("%1 was saved by %2 at %3")
+                      .arg(request.key, user, about.value(QStringLiteral("time")).toString()));
+    } else if (reply.code == controller::NotInControl) {
+        emit problem(user.isEmpty() ? tr("nobody holds control: take it first")
+                                    : tr("%1 holds control").arg(user));
+    } else if (reply.code == controller::NotAllowed) {
+        emit problem(tr("%1 is not for the user %2").arg(request.path, m_user));
+    }
+}
+
+void MqttSession::onAlive(const protocol::Alive &alive)
+{
+    if (m_session == 0)
+        return;
+    if (alive.boot == m_boot)
+        hearTime(alive.time);
+    else
+        breakOff(); // another life of the cell, which knows nothing of our session
+}
+
+// The fastest message tells most about the clock: the slower ones show it earlier than it is.
+void MqttSession::hearTime(qint64 theirs)
+{
+    m_heard = m_silence.elapsed();
+    const qint64 offset = theirs - m_clock();
+    m_offset = m_offsetKnown ? qMax(m_offset, offset) : offset;
+    m_offsetKnown = true;
+}
+
+void MqttSession::onValue(const MqttMessage &message)
+{
+    const auto [path, key] = m_topics.valueOf(message.topic);
+    const std::optional<QVariant> value = protocol::toValue(message);
+    if (value && m_session != 0 && m_watched.contains(path))
+        emit notified(path, key.isEmpty() ? *value : QVariantMap{{key, *value}});
+}
+
+void MqttSession::pulse()
+{
+    const QMutexLocker lock(&m_mutex);
+    const qint64 now = m_silence.elapsed();
+    if (m_session != 0 && now - m_heard > protocol::silentCellMs) {
+        breakOff();
+        m_mqtt->restart(); // whatever holds the cell's messages back may hold back this socket's
+    } else if (m_session == 0 && m_asked != 0 && now - m_asked > unansweredMs) {
+        m_asked = 0;
+        complain(tr("%1 does not answer: there is no such cell, or %2 may not reach it")
+                     .arg(m_cell, m_user));
+        m_mqtt->restart();
+    }
+}
+
+void MqttSession::breakOff()
+{
+    for (const Pending &pending : qAsConst(m_pending)) {
+        if (pending.exchange)
+            pending.exchange->settle({LinkReply::Lost, {}});
+    }
+    m_pending.clear();
+    if (m_session != 0)
+        emit broken(m_session);
+    m_session = 0;
+}
+
+void MqttSession::complain(const QString &line)
+{
+    if (line != m_complaint)
+        emit problem(line);
+    m_complaint = line;
+}
+
+} // namespace welmo::links

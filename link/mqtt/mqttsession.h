@@ -1,0 +1,93 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QMutex>
+#include <QObject>
+#include <QSet>
+#include <memory>
+
+#include "controller/core/clock.h"
+#include "link/mqtt/mqttclient.h"
+#include "link/protocol/protocol.h"
+#include "link/session/pendingcall.h"
+
+namespace welmo::links {
+
+/// The pendant's end of the wire: carries the link's sessions to a cell over a broker. Any thread
+/// may call, and every call returns at once; the signals come from the client's thread.
+class MqttSession : public QObject
+{
+    Q_OBJECT
+public:
+    /// @p clock is what the pendant knows the cell's time by.
+    MqttSession(const BrokerAddress &address, const QString &cell, controller::Clock clock);
+    ~MqttSession() override;
+
+    /// Asks the cell for a session; greeted() is the answer, if there is one.
+    void greet(int session);
+    /// Takes the exchange to the cell; it is settled at the latest when the link breaks.
+    void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs);
+    /// The session is over, and so is the connection.
+    void leave();
+    void beat(int session, int press);
+
+signals:
+    void greeted(int session);
+    void broken(int session);
+    void notified(const QString &path, const QVariant &values);
+    void problem(const QString &line);
+
+private:
+    struct Pending
+    {
+        std::shared_ptr<PendingCall> exchange; // null: the greeting
+        int session;
+    };
+
+    void onOnline();
+    void onOffline(const QString &reason);
+    void onMessage(const MqttMessage &message);
+    void onStatus(const std::optional<bool> &present);
+    void onReply(const MqttMessage &message);
+    void onGreeting(int session, const controller::Reply &reply);
+    void onAnswer(const std::shared_ptr<PendingCall> &exchange, const controller::Reply &reply);
+    void tellRefusal(const tessa::LinkRequest &request, const controller::Reply &reply);
+    void onAlive(const protocol::Alive &alive);
+    void onValue(const MqttMessage &message);
+    void pulse();
+    void sendGreeting();
+    bool send(protocol::Request request, const Pending &pending);
+    void breakOff();
+    void watch(const QString &path);
+    void hearTime(qint64 theirs);
+    void complain(const QString &line);
+
+    const protocol::Topics m_topics;
+    const QString m_cell;
+    const QString m_user;
+    const QString m_client; // one for each courier: two pendants are never mistaken for one
+    MqttMessage m_end; // that this pendant is gone
+    const controller::Clock m_clock;
+    QElapsedTimer m_silence; // of the cell, and of one that is to greet us
+
+    QMutex m_mutex; // guards everything below
+    int m_wanted = 0; // the link's session; 0: none is wanted
+    int m_session = 0; // the link's session that the cell has agreed to; 0: none
+    QString m_wireSession;
+    QString m_boot;
+    qint64 m_sequence = 0; // never used twice, whatever the session
+    qint64 m_beats = 0;
+    qint64 m_offset = 0; // the cell's clock is at least so far ahead of ours
+    bool m_offsetKnown = false;
+    qint64 m_heard = 0; // the cell's last sign of life
+    qint64 m_asked = 0; // since when a greeting is without an answer; 0: it is not
+    QHash<QByteArray, Pending> m_pending;
+    QSet<QString> m_watched; // nodes whose values count
+    QHash<QString, qint64> m_revisions; // of what this pendant read or wrote last
+    QString m_complaint;
+
+    std::unique_ptr<MqttClient> m_mqtt; // last: its thread ends first
+};
+
+} // namespace welmo::links

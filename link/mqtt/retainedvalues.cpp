@@ -1,0 +1,77 @@
+#include "link/mqtt/retainedvalues.h"
+
+#include "controller/controller.h"
+#include "controller/files/fileset.h"
+#include "schema/names.h"
+
+using welmo::controller::Request;
+
+namespace welmo::links {
+
+namespace {
+
+QVariant merged(const QVariant &known, const QVariant &news)
+{
+    if (known.userType() != QMetaType::QVariantMap || news.userType() != QMetaType::QVariantMap)
+        return news;
+    QVariantMap map = known.toMap();
+    const QVariantMap changed = news.toMap();
+    for (auto it = changed.begin(); it != changed.end(); ++it)
+        map.insert(it.key(), merged(map.value(it.key()), it.value()));
+    return map;
+}
+
+QVariantMap noEntries(const QString &path)
+{
+    QVariantMap none;
+    for (const controller::FileSet &set : controller::fileSets()) {
+        for (int file = 1; set.path() == path && file <= controller::FileSet::fileCount; ++file)
+            none.insert(set.prefix + QString::number(file), {});
+    }
+    return none;
+}
+
+} // namespace
+
+RetainedValues::RetainedValues(Tell tell)
+    : m_tell(std::move(tell))
+{ }
+
+void RetainedValues::tellAll(controller::Controller &controller)
+{
+    m_nodes = controller.nodes();
+    // What grows and tells nobody; and not everybody is to read who wrote what.
+    m_nodes.remove(welmo::names::journal);
+    m_nodes.remove(welmo::names::audit);
+    for (auto node = m_nodes.begin(); node != m_nodes.end(); ++node) {
+        const QVariant value = controller.handle({Request::Kind::Get, node.key(), {}, {}}).value;
+        if (node.value()) {
+            tellEntries(node.key(), merged(noEntries(node.key()), value).toMap());
+        } else {
+            m_values.insert(node.key(), value);
+            m_tell(node.key(), {}, value);
+        }
+    }
+}
+
+void RetainedValues::update(const QString &path, const QVariant &values)
+{
+    const auto node = m_nodes.constFind(path);
+    if (node == m_nodes.constEnd())
+        return;
+    if (node.value()) {
+        tellEntries(path, values.toMap());
+        return;
+    }
+    QVariant &value = m_values[path];
+    value = merged(value, values);
+    m_tell(path, {}, value);
+}
+
+void RetainedValues::tellEntries(const QString &path, const QVariantMap &entries)
+{
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry)
+        m_tell(path, entry.key(), entry.value());
+}
+
+} // namespace welmo::links

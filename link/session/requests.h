@@ -1,0 +1,11 @@
+#pragma once
+
+#include "controller/core/request.h"
+#include "tessa/controllerlink.h"
+
+namespace welmo::links {
+
+/// A host's question in the controller's words.
+controller::Request toController(const tessa::LinkRequest &request);
+
+} // namespace welmo::links

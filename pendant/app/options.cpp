@@ -1,0 +1,90 @@
+#include "pendant/app/options.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include "link/mqtt/brokeraddress.h"
+#include "pendant/theme/appearance.h"
+
+namespace welmo::pendant {
+
+namespace {
+
+QString defaultDataFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/welmo";
+}
+
+// Beside the program as built and as installed; else wherever the system looks for libraries.
+QString defaultModulePath()
+{
+    const QFileInfo beside(QCoreApplication::applicationDirPath() + "/../lib/welmo/libwelmo.so");
+    return beside.exists() ? beside.canonicalFilePath() : QStringLiteral("libwelmo.so");
+}
+
+QString complaintAbout(const QString &controller)
+{
+    links::BrokerAddress address;
+    QString cell;
+    const QString complaint = links::parseAddress(controller, &address, &cell);
+    return complaint.isEmpty() && cell.isEmpty()
+        ? QStringLiteral("--controller needs a cell: mqtt://HOST:PORT/CELL")
+        : complaint;
+}
+
+QString complaintAbout(const QCommandLineParser &parser, const Options &options)
+{
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
+    for (const QString &name : parser.optionNames()) {
+        if (parser.value(name).isEmpty() && name != QLatin1String("help")
+            && name != QLatin1String("version"))
+            return QStringLiteral("--%1 needs a value").arg(name);
+    }
+    if (!options.language.isEmpty() && !knownLanguages().contains(options.language))
+        return QStringLiteral("unknown language '%1': en or zh_CN").arg(options.language);
+    if (!options.theme.isEmpty() && !knownThemes().contains(options.theme)
+        && !QFileInfo(options.theme).isFile())
+        return QStringLiteral("unknown theme '%1': light, dark or a theme file").arg(options.theme);
+    return options.controller.isEmpty() ? QString() : complaintAbout(options.controller);
+}
+
+} // namespace
+
+ParsedOptions parseOptions(const QStringList &arguments)
+{
+    const QCommandLineOption language("language", "Language of all texts: en or zh_CN.", "NAME");
+    const QCommandLineOption theme("theme", "Colours: light, dark or a theme file.", "THEME");
+    const QCommandLineOption data("data", "Folder for everything that is kept.", "DIR",
+                                  defaultDataFolder());
+    const QCommandLineOption module("module", "The welding package to load.", "PATH",
+                                    defaultModulePath());
+    const QCommandLineOption controller(
+        "controller",
+        "A cell on the network, mqtts://USER@HOST:PORT/CELL, in place of the one in here. mqtt:// "
+        "reaches this machine only; the password is taken from WELMO_BROKER_PASSWORD.",
+        "URL");
+    QCommandLineParser parser;
+    parser.setApplicationDescription("A robot pendant with the arc-welding package.");
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addOptions({language, theme, data, module, controller});
+
+    ParsedOptions parsed;
+    if (!parser.parse(arguments)) {
+        parsed.error = parser.errorText();
+        return parsed;
+    }
+    if (parser.isSet(help))
+        parsed.help = parser.helpText();
+    else if (parser.isSet(version))
+        parsed.help = QStringLiteral("welmo-pendant " WELMO_VERSION "\n");
+    parsed.options = {parser.value(language), parser.value(theme), parser.value(data),
+                      parser.value(module), parser.value(controller)};
+    parsed.error = complaintAbout(parser, parsed.options);
+    return parsed;
+}
+
+} // namespace welmo::pendant

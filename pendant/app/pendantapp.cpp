@@ -1,0 +1,177 @@
+#include "pendant/app/pendantapp.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include "pando/frame.h"
+#include "pendant/app/pluginloader.h"
+#include "pendant/app/preferences.h"
+#include "pendant/pages/controllerpage.h"
+#include "pendant/pages/homepage.h"
+#include "pendant/pages/messagespage.h"
+#include "pendant/pages/pluginerrorpage.h"
+#include "pendant/program/programpage.h"
+#include "pendant/state/linkcontrol.h"
+#include "pendant/state/navigation.h"
+#include "pendant/theme/appearance.h"
+#include "pendant/theme/look.h"
+#include "pendant/window/pendantwindow.h"
+#include "tessa/host.h"
+#include "vu/xnav.h"
+#include "vu/xtheme.h"
+
+// Nothing else asks for what a static library compiled in. At namespace scope, as Qt demands.
+static void useResources()
+{
+    Q_INIT_RESOURCE(pendant);
+    Q_INIT_RESOURCE(language);
+}
+
+namespace welmo::pendant {
+
+namespace {
+
+kelp::ModuleObject *navEntries(tessa::Host *host)
+{
+    kelp::ModuleObject *node = host->workspace()->root();
+    for (const QString &part : vu::xnav::entriesPath.split(QLatin1Char('.')))
+        node = node->c(part, true);
+    return node;
+}
+
+} // namespace
+
+PendantApp::PendantApp(const Options &options, Connector connector)
+    : m_options(options)
+    , m_connector(std::move(connector))
+{ }
+
+PendantApp::~PendantApp()
+{
+    stop();
+}
+
+void PendantApp::start()
+{
+    useResources();
+    makeHost();
+    m_control = std::make_unique<LinkControl>(m_host.get());
+    m_window = std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()),
+                                               m_control.get(), &m_holds);
+    loadModule();
+    Connection connection = m_connector(m_options);
+    addPages(connection.faults);
+    m_window->show();
+    m_window->setFocus();
+    m_host->setLink(std::move(connection.link));
+    emit started();
+}
+
+void PendantApp::stop()
+{
+    if (!m_host)
+        return;
+    m_host->stopModules();
+    m_window.reset();
+    m_control.reset();
+    m_host.reset();
+    // What the library still has to be deleted must be gone before its code is.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_loader.reset();
+}
+
+// A theme that cannot be read would leave nothing readable, the complaint included.
+void PendantApp::checkTheme(QString *error)
+{
+    const auto theme = vu::xtheme::Theme::load(themeFile(m_options.theme), error);
+    if (error->isEmpty() && !isUsable(theme))
+        *error = tr("%1: lacks the colours and fonts of a theme").arg(m_options.theme);
+    if (!error->isEmpty())
+        m_options.theme = knownThemes().first();
+}
+
+void PendantApp::makeHost()
+{
+    const Preferences kept(m_options.dataFolder);
+    if (m_options.language.isEmpty())
+        m_options.language = kept.language;
+    if (m_options.theme.isEmpty())
+        m_options.theme = kept.theme;
+    QString themeError;
+    checkTheme(&themeError);
+    m_host = std::make_unique<tessa::Host>(
+        tessa::HostOptions{m_options.dataFolder, m_options.language, themeFile(m_options.theme)});
+    for (const QString &error : {kept.error(), themeError}) {
+        if (!error.isEmpty())
+            m_host->workspace()->report(error);
+    }
+    translator()->installQMTranslator(QStringLiteral(":/pendant/language/pendant_cn.qm"));
+    applyTheme();
+}
+
+void PendantApp::loadModule()
+{
+    m_loader = std::make_unique<PluginLoader>(m_options.modulePath);
+    if (!m_loader->load()) {
+        auto *page = new PluginErrorPage(m_loader->path(), m_loader->error());
+        m_window->center()->addPage(this, pluginErrorKey, page);
+        addNavEntry(pluginErrorKey, tr("Package"), packageGroup, "widget/plugin_error", -1);
+        m_host->workspace()->report(m_loader->error());
+        return;
+    }
+    pando::ModuleFramework *framework = m_host->helper()->framework();
+    for (const QString &module : m_loader->modules())
+        framework->create(module);
+    framework->start();
+}
+
+void PendantApp::addPages(controller::Faults *faults)
+{
+    HomePage::Facts facts{m_options.language, m_options.theme, m_options.dataFolder, {}, {}};
+    const QList<kelp::ModuleObject *> entries = navEntries(m_host.get())->cmobjs();
+    if (!m_loader->modules().isEmpty() && !entries.isEmpty()) {
+        facts.firstPage = entries.first()->r("nav")->getString();
+        facts.firstTitle = entries.first()->r("title")->getString();
+    }
+
+    tessa::MessageLog *log = m_host->helper()->log();
+    auto *home = new HomePage(facts, log, m_control.get());
+    m_window->center()->addPage(this, homeKey, home);
+    addProgramPage(log);
+    m_window->center()->addPage(this, messagesKey, new MessagesPage(log));
+    m_window->center()->addPage(this, controllerKey, new ControllerPage(m_control.get(), faults));
+    addNavEntry(homeKey, tr("Home"), mainGroup, "widget/home", 0);
+    addNavEntry(programKey, tr("Program"), mainGroup, "widget/program", 1);
+    addNavEntry(messagesKey, tr("Messages"), systemGroup, "widget/messages", -1);
+    addNavEntry(controllerKey, tr("Controller"), systemGroup, "widget/controller", -1);
+    connect(home, &HomePage::pageWanted, m_window.get(), &PendantWindow::showPage);
+    connect(home, &HomePage::displayChosen, this, &PendantApp::changeDisplay, Qt::QueuedConnection);
+    m_window->showPage(m_loader->modules().isEmpty() ? pluginErrorKey : homeKey);
+}
+
+void PendantApp::addProgramPage(tessa::MessageLog *log)
+{
+    const QString folder = QDir(m_options.dataFolder).filePath(QStringLiteral("programs"));
+    auto *page = new ProgramPage(&m_program, log, folder);
+    m_window->center()->addPage(this, programKey, page);
+    m_window->setCloseGuard([this, page] {
+        if (page->mayGo([this] { m_window->close(); }))
+            return true;
+        m_window->showPage(programKey);
+        return false;
+    });
+}
+
+void PendantApp::changeDisplay(const QString &language, const QString &theme)
+{
+    Preferences kept(m_options.dataFolder);
+    kept.language = m_options.language = language;
+    kept.theme = m_options.theme = theme;
+    const bool saved = kept.save();
+    stop();
+    start();
+    if (!saved)
+        m_host->workspace()->report(kept.error());
+}
+
+} // namespace welmo::pendant

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+
+#include "pendant/app/connection.h"
+#include "pendant/app/options.h"
+#include "pendant/program/programdocument.h"
+#include "pendant/window/keyholds.h"
+
+namespace tessa {
+class Host;
+class MessageLog;
+} // namespace tessa
+
+namespace welmo::pendant {
+
+class LinkControl;
+class PendantWindow;
+class PluginLoader;
+
+/// Everything of a running pendant, put together here and nowhere else. One at a time; it can be
+/// started and stopped as often as one likes within a process.
+class PendantApp : public QObject
+{
+    Q_OBJECT
+public:
+    /// Makes what a start connects through; the link is opened later.
+    using Connector = std::function<Connection(const Options &)>;
+
+    PendantApp(const Options &options, Connector connector);
+    ~PendantApp() override;
+
+    /// Builds the window, loads the package and begins to connect. What goes wrong on the way is
+    /// told in the window.
+    void start();
+    /// Takes everything down: modules, window, link, library.
+    void stop();
+
+    tessa::Host *host() { return m_host.get(); }
+    PendantWindow *window() { return m_window.get(); }
+    LinkControl *link() { return m_control.get(); }
+
+signals:
+    /// The pendant was started, anew after a change of language or theme.
+    void started();
+
+private:
+    void checkTheme(QString *error);
+    void makeHost();
+    void loadModule();
+    void addPages(controller::Faults *faults);
+    void addProgramPage(tessa::MessageLog *log);
+    void changeDisplay(const QString &language, const QString &theme);
+
+    Options m_options;
+    Connector m_connector;
+    ProgramDocument m_program; // stays open over a change of language
+    KeyHolds m_holds; // what is down stays so as well
+    std::unique_ptr<PluginLoader> m_loader;
+    std::unique_ptr<tessa::Host> m_host;
+    std::unique_ptr<LinkControl> m_control;
+    std::unique_ptr<PendantWindow> m_window;
+};
+
+} // namespace welmo::pendant

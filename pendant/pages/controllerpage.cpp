@@ -1,0 +1,54 @@
+#include "pendant/pages/controllerpage.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include "pendant/pages/answerspanel.h"
+#include "pendant/pages/controlpanel.h"
+#include "pendant/pages/faultspanel.h"
+#include "pendant/state/linkbadge.h"
+#include "pendant/state/linkcontrol.h"
+#include "tessa/xservice.h"
+#include "vu/switchbutton.h"
+
+namespace welmo::pendant {
+
+ControllerPage::ControllerPage(LinkControl *link, controller::Faults *faults, QWidget *parent)
+    : HostPage(tr("Controller"), parent)
+{
+    auto *row = new QHBoxLayout;
+    auto *right = new QVBoxLayout;
+    row->setSpacing(body()->spacing());
+    right->setSpacing(body()->spacing());
+    right->addWidget(makeLink(link));
+    if (faults) {
+        row->addWidget(new FaultsPanel(faults, this), 1);
+        right->addWidget(new AnswersPanel(faults, this));
+    } else {
+        right->addWidget(new ControlPanel(xservice(), this)); // others may work this cell too
+    }
+    right->addStretch(1);
+    row->addLayout(right, 1);
+    body()->addLayout(row);
+    body()->addStretch(1);
+}
+
+QWidget *ControllerPage::makeLink(LinkControl *link)
+{
+    auto *card = new Card(tr("Link"), this);
+    auto *row = new QHBoxLayout;
+    row->addWidget(new LinkBadge(link, card), 1);
+    auto *button = new EnableButton(card);
+    button->setObjectName(QStringLiteral("btnControllerLink"));
+    button->setChecked(link->isWanted());
+    connect(button, &EnableButton::enabled, link, &LinkControl::setWanted);
+    connect(link, &LinkControl::changed, button, [button, link] {
+        const QSignalBlocker blocker(button);
+        button->setChecked(link->isWanted());
+    });
+    row->addWidget(button);
+    card->body()->addLayout(row);
+    return card;
+}
+
+} // namespace welmo::pendant

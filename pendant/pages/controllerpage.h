@@ -1,0 +1,25 @@
+#pragma once
+
+#include "pendant/pages/hostpage.h"
+
+namespace welmo::controller {
+class Faults;
+}
+
+namespace welmo::pendant {
+
+class LinkControl;
+
+/// The controller seen from the pendant: the link, and what can be made to go wrong.
+class ControllerPage : public HostPage
+{
+    Q_OBJECT
+public:
+    /// @p faults is null for a controller elsewhere, which others may work too.
+    ControllerPage(LinkControl *link, controller::Faults *faults, QWidget *parent = nullptr);
+
+private:
+    QWidget *makeLink(LinkControl *link);
+};
+
+} // namespace welmo::pendant

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QVector>
+
+#include "controller/core/faults.h"
+#include "pendant/pages/hostpage.h"
+
+class EnableButton;
+
+namespace welmo::pendant {
+
+/// A switch for each thing that can be broken at the virtual controller, and one button that mends
+/// everything.
+class FaultsPanel : public Card
+{
+    Q_OBJECT
+public:
+    explicit FaultsPanel(controller::Faults *faults, QWidget *parent = nullptr);
+
+private:
+    void addSwitch(controller::Faults::Fault fault, const QString &text);
+    void refresh();
+
+    struct Switch
+    {
+        controller::Faults::Fault fault;
+        EnableButton *button;
+    };
+
+    controller::Faults *m_faults;
+    QVector<Switch> m_switches;
+};
+
+} // namespace welmo::pendant

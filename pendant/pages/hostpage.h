@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QVBoxLayout;
+
+namespace welmo::pendant {
+
+/// Base of the pendant's own pages: a title strip over a body.
+class HostPage : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit HostPage(const QString &title, QWidget *parent = nullptr);
+
+    void setTitle(const QString &title);
+
+protected:
+    QVBoxLayout *body() { return m_body; }
+
+private:
+    QLabel *m_title;
+    QVBoxLayout *m_body;
+};
+
+/// A panel with a heading inside a page.
+class Card : public QFrame
+{
+    Q_OBJECT
+public:
+    explicit Card(const QString &heading, QWidget *parent = nullptr);
+
+    QVBoxLayout *body() { return m_body; }
+    /// Adds a paragraph that breaks its lines.
+    QLabel *addText(const QString &text);
+
+private:
+    QVBoxLayout *m_body;
+};
+
+} // namespace welmo::pendant

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "pendant/pages/hostpage.h"
+
+namespace tessa {
+class MessageLog;
+}
+
+namespace welmo::pendant {
+
+/// What the host itself has to complain about: the newest few lines, hidden while there are none.
+class ProblemsPanel : public Card
+{
+    Q_OBJECT
+public:
+    explicit ProblemsPanel(tessa::MessageLog *log, QWidget *parent = nullptr);
+
+    /// True while there is something to complain about.
+    bool any() const;
+
+signals:
+    void anyChanged(bool any);
+
+private:
+    void refresh();
+
+    tessa::MessageLog *m_log;
+    QLabel *m_lines;
+};
+
+} // namespace welmo::pendant

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QPixmap>
+#include <QSortFilterProxyModel>
+
+namespace tessa {
+class MessageLog;
+}
+
+namespace welmo::pendant {
+
+/// The level of a message in the operator's language.
+QString levelText(const QString &level);
+/// The level's picture in the theme.
+QPixmap levelPicture(const QString &level);
+
+/// The message log as the operator reads it: levels as pictures and words, one level or all.
+class MessageModel : public QSortFilterProxyModel
+{
+    Q_OBJECT
+public:
+    explicit MessageModel(tessa::MessageLog *log, QObject *parent = nullptr);
+
+    /// Shows the messages of @p level only; an empty one shows all.
+    void setLevel(const QString &level);
+    QVariant data(const QModelIndex &index, int role) const override;
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
+
+private:
+    QString m_level;
+};
+
+} // namespace welmo::pendant

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+
+namespace tessa {
+class MessageLog;
+}
+
+namespace welmo::pendant {
+
+/// The newest message in one line: the level as picture and colour, a long text cut with dots.
+class MessageLine : public QFrame
+{
+    Q_OBJECT
+public:
+    explicit MessageLine(tessa::MessageLog *log, QWidget *parent = nullptr);
+
+    /// The message in full.
+    QString text() const { return m_full; }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void show(const QString &level, const QString &text);
+    void showNewest();
+    void elide();
+
+    tessa::MessageLog *m_log;
+    QString m_full;
+    QLabel *m_picture;
+    QLabel *m_text;
+};
+
+} // namespace welmo::pendant

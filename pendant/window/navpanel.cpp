@@ -1,0 +1,117 @@
+#include "pendant/window/navpanel.h"
+
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "kelp/moduleobject.h"
+#include "pendant/state/navigation.h"
+#include "pendant/theme/look.h"
+#include "vu/xtheme.h"
+
+namespace welmo::pendant {
+
+namespace {
+
+QList<kelp::ModuleObject *> inMenuOrder(const kelp::ModuleObject *entries)
+{
+    QList<kelp::ModuleObject *> list;
+    for (kelp::ModuleObject *entry : entries->cmobjs()) {
+        const int position = entry->r(QStringLiteral("position"))->getInt(-1);
+        list.insert(position < 0 ? list.size() : qMin(position, list.size()), entry);
+    }
+    return list;
+}
+
+QString pictureOf(const kelp::ModuleObject *entry)
+{
+    QString own = entry->r(QStringLiteral("icon"))->getString();
+    if (!own.isEmpty())
+        return own;
+    QString group = entry->r(QStringLiteral("group"))->getString();
+    return "widget/" + group.replace(QLatin1Char('.'), QLatin1Char('_'));
+}
+
+} // namespace
+
+NavPanel::NavPanel(kelp::ModuleObject *entries, QWidget *parent)
+    : QWidget(parent)
+    , m_entries(entries)
+    , m_layout(new QVBoxLayout(this))
+{
+    setObjectName(QStringLiteral("pndNav"));
+    setAttribute(Qt::WA_StyledBackground);
+    setFixedWidth(184);
+    m_layout->setContentsMargins(8, 8, 8, 8);
+    m_layout->setSpacing(4);
+    entries->observeSubtree(true);
+    connect(entries, &kelp::ModuleObject::touched, this, &NavPanel::scheduleRebuild);
+    rebuild();
+}
+
+// An entry is filled leaf by leaf; the panel waits for the whole of it.
+void NavPanel::scheduleRebuild()
+{
+    if (std::exchange(m_stale, true))
+        return;
+    QMetaObject::invokeMethod(this, &NavPanel::rebuild, Qt::QueuedConnection);
+}
+
+void NavPanel::rebuild()
+{
+    m_stale = false;
+    m_buttons.clear();
+    while (QLayoutItem *item = m_layout->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+    QStringList groups;
+    QHash<QString, QList<kelp::ModuleObject *>> members;
+    for (kelp::ModuleObject *entry : inMenuOrder(m_entries)) {
+        const QString group = entry->r(QStringLiteral("group"))->getString();
+        if (!groups.contains(group))
+            groups.append(group);
+        members[group].append(entry);
+    }
+    for (const QString &group : groups)
+        addGroup(group, members.value(group));
+    m_layout->addStretch(1);
+    setCurrent(m_current);
+}
+
+void NavPanel::addGroup(const QString &group, const QList<kelp::ModuleObject *> &entries)
+{
+    auto *heading = new QLabel(groupTitle(group), this);
+    heading->setObjectName(QStringLiteral("lblGroup"));
+    m_layout->addWidget(heading);
+    for (const kelp::ModuleObject *entry : entries)
+        addEntry(entry);
+}
+
+void NavPanel::addEntry(const kelp::ModuleObject *entry)
+{
+    const QString page = entry->r(QStringLiteral("nav"))->getString();
+    auto *button = new QToolButton(this);
+    button->setObjectName("nav_" + entry->r(QStringLiteral("key"))->getString());
+    button->setText(entry->r(QStringLiteral("title"))->getString());
+    button->setIcon(inkBesideText(pictureOf(entry)));
+    button->setIconSize(besideTextSize);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    button->setCheckable(true);
+    connect(button, &QToolButton::clicked, this, [this, page] {
+        setCurrent(m_current);
+        emit chosen(page);
+    });
+    m_layout->addWidget(button);
+    m_buttons.insert(page, button);
+}
+
+void NavPanel::setCurrent(const QString &key)
+{
+    m_current = key;
+    for (auto it = m_buttons.begin(); it != m_buttons.end(); ++it)
+        it.value()->setChecked(it.key() == key);
+}
+
+} // namespace welmo::pendant

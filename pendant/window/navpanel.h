@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QHash>
+#include <QWidget>
+
+class QToolButton;
+class QVBoxLayout;
+
+namespace kelp {
+class ModuleObject;
+}
+
+namespace welmo::pendant {
+
+/// The navigation on the left: the entries of the application-wide tree in their order, a heading
+/// before each group. Follows the tree.
+class NavPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit NavPanel(kelp::ModuleObject *entries, QWidget *parent = nullptr);
+
+    /// Marks the entry of the page @p key; marks none when no entry leads there.
+    void setCurrent(const QString &key);
+
+signals:
+    /// The entry of the page @p key was pressed.
+    void chosen(const QString &key);
+
+private:
+    void rebuild();
+    void scheduleRebuild();
+    void addGroup(const QString &group, const QList<kelp::ModuleObject *> &entries);
+    void addEntry(const kelp::ModuleObject *entry);
+
+    kelp::ModuleObject *m_entries;
+    QVBoxLayout *m_layout;
+    QHash<QString, QToolButton *> m_buttons;
+    QString m_current;
+    bool m_stale = false;
+};
+
+} // namespace welmo::pendant

@@ -1,0 +1,104 @@
+#include "pendant/window/pendantwindow.h"
+
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+#include "pando/frame.h"
+#include "pendant/state/linkbadge.h"
+#include "pendant/window/headerbar.h"
+#include "pendant/window/keycolumn.h"
+#include "pendant/window/keyholds.h"
+#include "pendant/window/messageline.h"
+#include "pendant/window/navpanel.h"
+#include "tessa/host.h"
+#include "vu/stylesheet.h"
+
+namespace welmo::pendant {
+
+namespace {
+
+constexpr QSize windowSize{1280, 800};
+constexpr int sideBarWidth = 360;
+// Modules put their items before this one.
+const QString stretchItem = QStringLiteral("orbo.body.statuspage.wgtStrech2");
+
+} // namespace
+
+PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link,
+                             KeyHolds *holds)
+{
+    tessa::ManagerHelper *helper = host->helper();
+    setObjectName(QStringLiteral("pndWindow"));
+    setAttribute(Qt::WA_StyledBackground);
+    setWindowTitle(tr("Pendant"));
+    resize(windowSize);
+    // Before there are children: the sheet is then worked out once for each of them.
+    setRecursiveWidgetStyleSheet(
+        this,
+        helper->themeManager()->genStyleSheet(QStringLiteral(":/pendant/render/pendant.json")));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(new HeaderBar(helper->status(), link, this));
+    layout->addWidget(makeBody(host->keys(), holds, entries), 1);
+    layout->addWidget(makeStatus(helper, link));
+    pando::frame() = {m_center, m_side, m_status};
+}
+
+PendantWindow::~PendantWindow()
+{
+    pando::frame() = {};
+}
+
+QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
+                                 kelp::ModuleObject *entries)
+{
+    holds->follow(keys, this);
+    auto *row = new QWidget(this);
+    m_nav = new NavPanel(entries, row);
+    m_center = new pando::CenterWidget(row);
+    m_center->setObjectName(QStringLiteral("pndCenter"));
+    m_side = new pando::ExpandSideBar(row);
+    m_side->setObjectName(QStringLiteral("pndSide"));
+    m_side->setFixedWidth(sideBarWidth);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_nav);
+    layout->addWidget(m_center, 1);
+    layout->addWidget(m_side);
+    // At the edge, so that no page or side bar moves them from under the operator's right hand.
+    layout->addWidget(new KeyColumn(keys, holds, this));
+    connect(m_nav, &NavPanel::chosen, this, &PendantWindow::showPage);
+    connect(m_center, &pando::CenterWidget::pageShown, m_nav, &NavPanel::setCurrent);
+    return row;
+}
+
+QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, LinkControl *link)
+{
+    m_status = new pando::StatusBar(this);
+    m_status->setObjectName(QStringLiteral("pndStatus"));
+    m_status->setFixedHeight(48);
+    m_status->layout()->setContentsMargins(20, 0, 20, 0);
+    m_status->layout()->setSpacing(20);
+    m_status->addItem(this, QStringLiteral("pendant.message"),
+                      new MessageLine(helper->log(), m_status), 1);
+    // The message takes what is left, so that items before the stretch do not move with it.
+    m_status->addItem(this, stretchItem, new QWidget(m_status));
+    auto *badge = new LinkBadge(link, m_status);
+    badge->setFixedWidth(LinkBadge::fixedWidth);
+    m_status->addItem(this, QStringLiteral("pendant.link"), badge);
+    return m_status;
+}
+
+bool PendantWindow::showPage(const QString &key)
+{
+    return m_center->switchTo(key);
+}
+
+void PendantWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(!m_closeGuard || m_closeGuard());
+}
+
+} // namespace welmo::pendant

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+namespace kelp {
+class ModuleObject;
+}
+namespace pando {
+class CenterWidget;
+class ExpandSideBar;
+class StatusBar;
+} // namespace pando
+namespace tessa {
+class Host;
+class ManagerHelper;
+class PhysicalKeys;
+} // namespace tessa
+
+namespace welmo::pendant {
+
+class KeyHolds;
+class LinkControl;
+class NavPanel;
+
+/// The pendant's screen: header, navigation, centre area, right side bar, physical keys, status
+/// bar. It offers these places to modules as the frame in use.
+class PendantWindow : public QWidget
+{
+    Q_OBJECT
+public:
+    /// @p entries is the node of the navigation entries; @p holds outlives the window.
+    PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link,
+                  KeyHolds *holds);
+    ~PendantWindow() override;
+
+    pando::CenterWidget *center() { return m_center; }
+    /// Shows the page @p key and marks its entry; false when there is no such page.
+    bool showPage(const QString &key);
+
+    /// Asked before the window closes; it stays open when the answer is false.
+    void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    QWidget *makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds, kelp::ModuleObject *entries);
+    QWidget *makeStatus(tessa::ManagerHelper *helper, LinkControl *link);
+
+    NavPanel *m_nav = nullptr;
+    pando::CenterWidget *m_center = nullptr;
+    pando::ExpandSideBar *m_side = nullptr;
+    pando::StatusBar *m_status = nullptr;
+    std::function<bool()> m_closeGuard;
+};
+
+} // namespace welmo::pendant

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+#include <tessa/xservice.h>
+
+/// What every page needs of the controller besides XService itself.
+namespace welmo::arcweld {
+
+/// Whether the controller link is up; every save, enable and file change asks first.
+bool isConnected();
+
+/// The controller's name for one of the arc-welding service's nodes or commands.
+inline QString node(const QString &name)
+{
+    return QStringLiteral("arc_weld.%1").arg(name);
+}
+
+/// The welder's state in words ("ok", "disabled", "error"); empty when it is not known.
+QString welderState(QObject *sender);
+
+/// True when the read itself failed, which says nothing about whether the node exists.
+inline bool readFailed(const XService::Answer &answer)
+{
+    return answer->getInt(0) != 0;
+}
+
+} // namespace welmo::arcweld

@@ -1,0 +1,64 @@
+#include "data/optionsform.h"
+
+#include "data/arcweldservice.h"
+#include "data/report.h"
+
+namespace welmo {
+
+namespace {
+
+const QString defaultName = QStringLiteral("default");
+const QString presentName = QStringLiteral("present");
+
+} // namespace
+
+OptionsForm::OptionsForm(QObject *owner, const QString &name)
+    : m_owner(owner)
+    , m_name(name)
+    , m_fields(owner, name)
+{ }
+
+kelp::ModuleObject *OptionsForm::node(const QString &name) const
+{
+    return m(QStringLiteral("welmo"))
+        ->c(QStringLiteral("welding_options"), true)
+        ->c(m_name, true)
+        ->c(name, true);
+}
+
+void OptionsForm::useDefaultNode()
+{
+    m_data = node(defaultName);
+}
+
+void OptionsForm::writeDefaults()
+{
+    m_fields.writeDefaults(node(defaultName));
+}
+
+bool OptionsForm::get()
+{
+    const auto answer = xservice()->get(m_owner, arcweld::node(m_name));
+    if (arcweld::readFailed(answer)) {
+        report::readFailed(m_owner, m_name);
+        return false;
+    }
+    m_known = true;
+    if (answer->cmobjCount() == 0) {
+        useDefault();
+        return true;
+    }
+    m_data = node(presentName);
+    m_data->copyFrom(m_owner, answer.get());
+    return true;
+}
+
+void OptionsForm::useDefault()
+{
+    useDefaultNode();
+    kelp::ModuleObject *present = node(presentName);
+    present->copyFrom(m_owner, m_data);
+    m_data = present;
+}
+
+} // namespace welmo

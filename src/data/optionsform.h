@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+
+#include "data/fieldtable.h"
+
+namespace welmo {
+
+/// One parameter set that is a single node, not a row of numbered files, as a page edits it. Its
+/// present values stand in the module's tree beside its factory defaults.
+class OptionsForm
+{
+public:
+    /// @p name is the set's name on the controller and below "welding_options" in the tree.
+    OptionsForm(QObject *owner, const QString &name);
+
+    FieldTable &fields() { return m_fields; }
+    kelp::ModuleObject *data() const { return m_data; }
+
+    void useDefaultNode();
+    void writeDefaults();
+    /// Reads the set; where the controller answers that it has none, the defaults are taken over.
+    /// False when it could not be read, which is reported, and nothing changed.
+    bool get();
+    /// False until the set was read once: what is shown are defaults that nobody chose, and the
+    /// controller's own values must not be replaced with them.
+    bool isKnown() const { return m_known; }
+    /// Takes the defaults over as the present values.
+    void useDefault();
+    void store() { m_fields.store(m_data); }
+    void show() { m_fields.show(m_data); }
+
+private:
+    kelp::ModuleObject *node(const QString &name) const;
+
+    QObject *m_owner;
+    QString m_name;
+    FieldTable m_fields;
+    kelp::ModuleObject *m_data = nullptr;
+    bool m_known = false;
+};
+
+} // namespace welmo

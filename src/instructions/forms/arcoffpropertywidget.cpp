@@ -1,0 +1,46 @@
+#include "instructions/forms/arcoffpropertywidget.h"
+
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "instructions/forms/formscroller.h"
+#include "settings/arcoffgroup.h"
+#include "tl/fileline.h"
+
+using namespace welmo;
+
+ArcoffPropertyWidget::ArcoffPropertyWidget(QWidget *parent)
+    : PropertyForm(tl::Instruction::ArcOff, parent)
+    , m_arcoff(new ArcoffGroup)
+    , m_groups(this, {m_arcoff})
+{
+    auto *tabs = new QTabWidget(this);
+    tabs->addTab(new FormScroller(m_arcoff), tr("ArcOffData"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(tabs);
+    m_groups.initUI(this);
+}
+
+FileForm &ArcoffPropertyWidget::arcoff()
+{
+    return m_arcoff->file();
+}
+
+void ArcoffPropertyWidget::FillWith(const QString &line)
+{
+    const tl::FileLine parsed = tl::parseFileLine(instruction(), line);
+    if (!parsed.files.empty() && parsed.files.front())
+        arcoff().combo()->setCurrentText(*parsed.files.front());
+    report(parsed.problems);
+}
+
+QString ArcoffPropertyWidget::ToString()
+{
+    return tl::formatFileLine(instruction(), {arcoff().combo()->currentText()});
+}
+
+void ArcoffPropertyWidget::onArcOffDataFoldButtonClicked()
+{
+    m_arcoff->onFoldButtonClicked();
+}

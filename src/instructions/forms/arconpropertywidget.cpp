@@ -1,0 +1,72 @@
+#include "instructions/forms/arconpropertywidget.h"
+
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "instructions/forms/formscroller.h"
+#include "settings/arcongroup.h"
+#include "settings/weldgroup.h"
+#include "tl/fileline.h"
+
+using namespace welmo;
+
+ArconPropertyWidget::ArconPropertyWidget(QWidget *parent)
+    : PropertyForm(tl::Instruction::ArcOn, parent)
+    , m_arcon(new ArconGroup)
+    , m_weld(new WeldGroup)
+    , m_groups(this, {m_arcon, m_weld})
+{
+    auto *tabs = new QTabWidget(this);
+    tabs->addTab(new FormScroller(m_arcon), tr("ArcOnData"));
+    tabs->addTab(new FormScroller(m_weld), tr("ArcData"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(tabs);
+    m_groups.initUI(this);
+    connect(tabs, &QTabWidget::currentChanged, this, &ArconPropertyWidget::onTabChanged);
+}
+
+FileForm &ArconPropertyWidget::arcon()
+{
+    return m_arcon->file();
+}
+
+FileForm &ArconPropertyWidget::weld()
+{
+    return m_weld->file();
+}
+
+void ArconPropertyWidget::FillWith(const QString &line)
+{
+    const tl::FileLine parsed = tl::parseFileLine(instruction(), line);
+    const QList<QComboBox *> combos{arcon().combo(), weld().combo()};
+    for (size_t i = 0; i < parsed.files.size(); ++i) {
+        if (parsed.files[i])
+            combos.at(int(i))->setCurrentText(*parsed.files[i]);
+    }
+    report(parsed.problems);
+}
+
+QString ArconPropertyWidget::ToString()
+{
+    return tl::formatFileLine(instruction(),
+                              {arcon().combo()->currentText(), weld().combo()->currentText()});
+}
+
+void ArconPropertyWidget::onArcOnDataFoldButtonClicked()
+{
+    m_arcon->onFoldButtonClicked();
+}
+
+void ArconPropertyWidget::onArcDataFoldButtonClicked()
+{
+    m_weld->onFoldButtonClicked();
+}
+
+void ArconPropertyWidget::onTabChanged(int index)
+{
+    if (index == 0)
+        onArcDataFoldButtonClicked();
+    else if (index == 1)
+        onArcOnDataFoldButtonClicked();
+}

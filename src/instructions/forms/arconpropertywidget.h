@@ -1,0 +1,54 @@
+#pragma once
+
+#include "instructions/forms/instructionform.h"
+#include "settings/processgroups.h"
+
+class ArconGroup;
+class QTabWidget;
+class WeldGroup;
+
+/// Property form of ArcOn: the arc-start and the welding file that the line names, each on its tab.
+class ArconPropertyWidget : public PropertyForm
+{
+    Q_OBJECT
+public:
+    explicit ArconPropertyWidget(QWidget *parent);
+
+    void FillWith(const QString &line) override;
+    QString ToString() override;
+
+    void useArconDefaultNode() { arcon().useDefaultNode(); }
+    void useWeldDefaultNode() { weld().useDefaultNode(); }
+    void useDefaultNode() { m_groups.useDefaultNode(); }
+    void initArconParamDefault() { arcon().writeDefaults(); }
+    void initWeldParamDefault() { weld().writeDefaults(); }
+    void getArconParam() { arcon().get(); }
+    void getWeldParam() { weld().get(); }
+    void getParamFromTessa() { m_groups.getParamFromTessa(); }
+    void storeArconParam() { arcon().store(); }
+    void storeWeldParam() { weld().store(); }
+    void setArconParam() { arcon().show(); }
+    void setWeldParam() { weld().show(); }
+    int saveArconParam() { return arcon().save(); }
+    int saveWeldParam() { return weld().save(); }
+    void selectArconFileNum() { arcon().select(); }
+    void selectWeldFileNum() { weld().select(); }
+
+public slots:
+    void onParamFileNumberChanged(int) { m_groups.selectFile(sender()); }
+    void onSaveButtonClicked() { m_groups.save(sender()); }
+    void onCancelButtonClicked() { m_groups.cancel(sender()); }
+    void onArcOnDataFoldButtonClicked();
+    void onArcDataFoldButtonClicked();
+    /// Coming to a tab toggles the fold of the other tab's group; the programmers at the pendants
+    /// in the field are used to it.
+    void onTabChanged(int index);
+
+private:
+    welmo::FileForm &arcon();
+    welmo::FileForm &weld();
+
+    ArconGroup *m_arcon;
+    WeldGroup *m_weld;
+    ProcessGroups m_groups;
+};

@@ -1,0 +1,8 @@
+#include "instructions/forms/formscroller.h"
+
+FormScroller::FormScroller(QWidget *editor)
+{
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setWidget(editor);
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "instructions/forms/instructionform.h"
+
+class QDoubleSpinBox;
+
+/// Insert form of an instruction with a time in seconds.
+class TimedInsertWidget : public InsertForm
+{
+    Q_OBJECT
+public:
+    TimedInsertWidget(welmo::tl::Instruction instruction, QWidget *parent);
+    QString ToString() override;
+
+private:
+    QDoubleSpinBox *sbxTime;
+};
+
+/// Property form of an instruction with a time in seconds.
+class TimedPropertyWidget : public PropertyForm
+{
+    Q_OBJECT
+public:
+    TimedPropertyWidget(welmo::tl::Instruction instruction, QWidget *parent);
+    void FillWith(const QString &line) override;
+    QString ToString() override;
+
+private:
+    QDoubleSpinBox *sbxTime;
+};
+
+class FeedOnWireInsertWidget : public TimedInsertWidget
+{
+    Q_OBJECT
+public:
+    explicit FeedOnWireInsertWidget(QWidget *parent)
+        : TimedInsertWidget(welmo::tl::Instruction::FeedOnWire, parent)
+    { }
+};
+
+class FeedOnWirePropertyWidget : public TimedPropertyWidget
+{
+    Q_OBJECT
+public:
+    explicit FeedOnWirePropertyWidget(QWidget *parent)
+        : TimedPropertyWidget(welmo::tl::Instruction::FeedOnWire, parent)
+    { }
+};
+
+class FeedBackWireInsertWidget : public TimedInsertWidget
+{
+    Q_OBJECT
+public:
+    explicit FeedBackWireInsertWidget(QWidget *parent)
+        : TimedInsertWidget(welmo::tl::Instruction::FeedBackWire, parent)
+    { }
+};
+
+class FeedBackWirePropertyWidget : public TimedPropertyWidget
+{
+    Q_OBJECT
+public:
+    explicit FeedBackWirePropertyWidget(QWidget *parent)
+        : TimedPropertyWidget(welmo::tl::Instruction::FeedBackWire, parent)
+    { }
+};
+
+class DetectGasInsertWidget : public TimedInsertWidget
+{
+    Q_OBJECT
+public:
+    explicit DetectGasInsertWidget(QWidget *parent)
+        : TimedInsertWidget(welmo::tl::Instruction::DetectGas, parent)
+    { }
+};
+
+class DetectGasPropertyWidget : public TimedPropertyWidget
+{
+    Q_OBJECT
+public:
+    explicit DetectGasPropertyWidget(QWidget *parent)
+        : TimedPropertyWidget(welmo::tl::Instruction::DetectGas, parent)
+    { }
+};

@@ -1,0 +1,42 @@
+#include "instructions/forms/weaveonpropertywidget.h"
+
+#include <QDebug>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "instructions/forms/formscroller.h"
+#include "instructions/forms/weavewidget.h"
+#include "tl/fileline.h"
+
+using namespace welmo::tl;
+
+WeaveOnPropertyWidget::WeaveOnPropertyWidget(QWidget *parent)
+    : PropertyForm(Instruction::WeaveOn, parent)
+    , wgtWeaveData(new WeaveWidget)
+{
+    wgtWeaveData->setObjectName(QStringLiteral("wgtWeaveData"));
+    auto *tabs = new QTabWidget(this);
+    tabs->setObjectName(QStringLiteral("twgtWeaveData"));
+    // Chinese in every language, as on the pendants in the field.
+    tabs->addTab(new FormScroller(wgtWeaveData), QStringLiteral("摆弧参数(weavedata)"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(tabs);
+}
+
+void WeaveOnPropertyWidget::FillWith(const QString &line)
+{
+    const FileLine parsed = parseFileLine(instruction(), line);
+    if (parsed.names.isEmpty())
+        report(parsed.problems);
+    else
+        wgtWeaveData->setCurrentFileNum(
+            parsed.names.front()); // which reports a name that is none itself
+}
+
+QString WeaveOnPropertyWidget::ToString()
+{
+    const QString name = wgtWeaveData->getCurrentFileNum();
+    qDebug() << "return weavedata" << name;
+    return formatFileLine(instruction(), {name});
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "instructions/forms/instructionform.h"
+
+/// Insert form of an instruction that is a word alone.
+class WordInsertWidget : public InsertForm
+{
+    Q_OBJECT
+public:
+    using InsertForm::InsertForm;
+    QString ToString() override { return welmo::tl::instructionName(instruction()); }
+};
+
+/// Property form of an instruction that is a word alone.
+class WordPropertyWidget : public PropertyForm
+{
+    Q_OBJECT
+public:
+    using PropertyForm::PropertyForm;
+    void FillWith(const QString &line) override;
+    QString ToString() override { return welmo::tl::instructionName(instruction()); }
+};
+
+class WeaveOffInsertWidget : public WordInsertWidget
+{
+    Q_OBJECT
+public:
+    explicit WeaveOffInsertWidget(QWidget *parent)
+        : WordInsertWidget(welmo::tl::Instruction::WeaveOff, parent)
+    { }
+};
+
+class WeaveOffPropertyWidget : public WordPropertyWidget
+{
+    Q_OBJECT
+public:
+    explicit WeaveOffPropertyWidget(QWidget *parent)
+        : WordPropertyWidget(welmo::tl::Instruction::WeaveOff, parent)
+    { }
+};
+
+class SegOffInsertWidget : public WordInsertWidget
+{
+    Q_OBJECT
+public:
+    explicit SegOffInsertWidget(QWidget *parent)
+        : WordInsertWidget(welmo::tl::Instruction::SegOff, parent)
+    { }
+};
+
+class SegOffPropertyWidget : public WordPropertyWidget
+{
+    Q_OBJECT
+public:
+    explicit SegOffPropertyWidget(QWidget *parent)
+        : WordPropertyWidget(welmo::tl::Instruction::SegOff, parent)
+    { }
+};

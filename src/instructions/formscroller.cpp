@@ -1,8 +1,0 @@
-#include "instructions/formscroller.h"
-
-FormScroller::FormScroller(QWidget *editor)
-{
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setWidget(editor);
-}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "instructions/forms/instructionform.h"
+
+class MoveInsertWidget;
+class MoveParamWidget;
+class MovePropertyPointWidget;
+
+/// Insert form of a welding move: one panel, whose text follows the instruction's word.
+class MoveInsertForm : public InsertForm
+{
+    Q_OBJECT
+public:
+    MoveInsertForm(welmo::tl::Instruction instruction, QWidget *parent);
+    QString ToString() override;
+
+private:
+    MoveInsertWidget *m_panel;
+};
+
+/// Property form of a welding move: the points above, the other arguments below.
+class MovePropertyForm : public PropertyForm
+{
+    Q_OBJECT
+public:
+    MovePropertyForm(welmo::tl::Instruction instruction, QWidget *parent);
+    void FillWith(const QString &text) override;
+    QString ToString() override;
+
+private:
+    MovePropertyPointWidget *m_points;
+    MoveParamWidget *m_parameters;
+};
+
+// The forms by their instruction, as the catalogue names them.
+
+class WMoveLInsertWidget : public MoveInsertForm
+{
+    Q_OBJECT
+public:
+    explicit WMoveLInsertWidget(QWidget *parent)
+        : MoveInsertForm(welmo::tl::Instruction::WMoveL, parent)
+    { }
+};
+
+class WMoveLPropertyWidget : public MovePropertyForm
+{
+    Q_OBJECT
+public:
+    explicit WMoveLPropertyWidget(QWidget *parent)
+        : MovePropertyForm(welmo::tl::Instruction::WMoveL, parent)
+    { }
+};
+
+class WMoveCInsertWidget : public MoveInsertForm
+{
+    Q_OBJECT
+public:
+    explicit WMoveCInsertWidget(QWidget *parent)
+        : MoveInsertForm(welmo::tl::Instruction::WMoveC, parent)
+    { }
+};
+
+class WMoveCPropertyWidget : public MovePropertyForm
+{
+    Q_OBJECT
+public:
+    explicit WMoveCPropertyWidget(QWidget *parent)
+        : MovePropertyForm(welmo::tl::Instruction::WMoveC, parent)
+    { }
+};

@@ -1,0 +1,159 @@
+#include "instructions/move/moveparamwidget.h"
+
+#include <QSignalBlocker>
+
+#include "data/orbodata.h"
+#include "data/report.h"
+#include "instructions/forms/weavedatadialog.h"
+#include "instructions/move/pointreport.h"
+#include "tl/charactercheck.h"
+#include "tl/fileline.h"
+#include "tl/moveline.h"
+#include "ui_moveparamwidget.h"
+#include "widgets/touchcombo.h"
+
+using namespace welmo;
+
+namespace {
+
+// Names are looked up by item data; the texts are the same names, in every language.
+void fill(QComboBox *combo, const QStringList &names)
+{
+    const QString chosen = combo->currentText();
+    {
+        const QSignalBlocker blocker(combo);
+        combo->clear();
+        for (const QString &name : names)
+            combo->addItem(name, name);
+        combo->setCurrentIndex(qMax(0, combo->findData(chosen)));
+    }
+    if (combo->currentText() != chosen)
+        emit combo->currentTextChanged(combo->currentText());
+}
+
+void selectIfListed(QComboBox *combo, const QString &name)
+{
+    if (const int index = combo->findData(name); index >= 0)
+        combo->setCurrentIndex(index);
+}
+
+} // namespace
+
+MoveParamWidget::MoveParamWidget(QWidget *parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::MoveParamWidget>())
+{
+    ui->setupUi(this);
+    for (QComboBox *combo : {ui->cbxSpeed, ui->cbxZone, ui->cbxTool, ui->cbxWobj, ui->cbxWeaveData})
+        makeTouchable(combo);
+    connect(ui->cbxTool, &QComboBox::currentTextChanged, this, &MoveParamWidget::toolChanged);
+    connect(ui->cbxWobj, &QComboBox::currentTextChanged, this, &MoveParamWidget::wobjChanged);
+    connect(ui->btnWeaveDataDetail, &QPushButton::clicked, this,
+            &MoveParamWidget::onBtnDetailClicked);
+    fill(ui->cbxWeaveData, QStringList{tl::noWeave} + tl::weaveFileNames());
+    refresh();
+}
+
+MoveParamWidget::~MoveParamWidget() = default;
+
+void MoveParamWidget::refresh()
+{
+    const auto variables = OrboData::getSpeedAndZoneList();
+    fill(ui->cbxSpeed, variables.value(QStringLiteral("speed")));
+    fill(ui->cbxZone, variables.value(QStringLiteral("zone")));
+    fill(ui->cbxTool, OrboData::getToolList());
+    fill(ui->cbxWobj, OrboData::getWobjList());
+}
+
+void MoveParamWidget::select(QComboBox *combo, const QString &name, const char *message)
+{
+    if (const int index = combo->findData(name); index >= 0)
+        combo->setCurrentIndex(index);
+    else
+        report::error(reporterFor(this), tl::shown(message));
+}
+
+void MoveParamWidget::setSpeedText(const QString &text)
+{
+    select(ui->cbxSpeed, text, tl::messages::speed);
+}
+
+void MoveParamWidget::setZoneText(const QString &text)
+{
+    select(ui->cbxZone, text, tl::messages::zone);
+}
+
+void MoveParamWidget::setToolText(const QString &text)
+{
+    select(ui->cbxTool, text, tl::messages::tool);
+}
+
+void MoveParamWidget::setWobj(const QString &text)
+{
+    select(ui->cbxWobj, text, tl::messages::wobj);
+}
+
+void MoveParamWidget::setWeaveData(const QString &text)
+{
+    select(ui->cbxWeaveData, CharacterCheck::checkQuotationMarks(text), tl::messages::weaveData);
+}
+
+void MoveParamWidget::chooseActive()
+{
+    selectIfListed(ui->cbxTool, OrboData::getCurrentTool());
+    selectIfListed(ui->cbxWobj, OrboData::getCurrentWobj());
+}
+
+QString MoveParamWidget::tool() const
+{
+    return ui->cbxTool->currentText();
+}
+
+QString MoveParamWidget::wobj() const
+{
+    return ui->cbxWobj->currentText();
+}
+
+QString MoveParamWidget::getParam() const
+{
+    const tl::MoveParameters parameters{ui->cbxSpeed->currentText(), ui->cbxZone->currentText(),
+                                        tool(), wobj(), ui->cbxWeaveData->currentText()};
+    return parameters.format();
+}
+
+void MoveParamWidget::onBtnDetailClicked()
+{
+    const QString name = ui->cbxWeaveData->currentText();
+    if (name == tl::noWeave || m_detailsBlocked)
+        return;
+    auto *dialog = new WeaveDataDialog(this);
+    dialog->initUI(name);
+    connect(dialog, &QDialog::finished, this, [this, dialog] {
+        setDetailsBlocked(false);
+        dialog->deleteLater();
+    });
+    setDetailsBlocked(true);
+    m_details = dialog;
+    dialog->show(); // not modal: what stops the robot stays within reach
+}
+
+void MoveParamWidget::setDetailsBlocked(bool blocked)
+{
+    m_detailsBlocked = blocked;
+    ui->cbxWeaveData->setEnabled(!blocked);
+}
+
+// The dialog belongs to this form; over another page nobody would know what it is about.
+void MoveParamWidget::hideEvent(QHideEvent *event)
+{
+    if (m_details)
+        m_details->hide();
+    QWidget::hideEvent(event);
+}
+
+void MoveParamWidget::showEvent(QShowEvent *event)
+{
+    if (m_details && m_detailsBlocked)
+        m_details->show();
+    QWidget::showEvent(event);
+}

@@ -1,0 +1,146 @@
+#include "instructions/move/pointgroup.h"
+
+#include <QPointer>
+#include <algorithm>
+
+#include <tessa/managerhelper.h>
+
+#include "data/arcweldservice.h"
+#include "data/report.h"
+#include "instructions/move/pointedit.h"
+#include "instructions/move/pointreport.h"
+#include "ui_pointgroup.h"
+
+using namespace welmo;
+using robot::Motion;
+
+PointGroup::PointGroup(QWidget *parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::PointGroup>())
+{
+    ui->setupUi(this);
+    initConnect();
+    showPoint();
+}
+
+PointGroup::~PointGroup() = default;
+
+void PointGroup::initConnect()
+{
+    connect(ui->wgtPoint, &PointEdit::pointChanged, this, &PointGroup::showPoint);
+    connect(ui->wgtPoint, &PointEdit::edited, this, &PointGroup::forgetComplex);
+    connect(ui->wgtPoint, &PointEdit::newPointWanted, this, &PointGroup::saveLocation);
+    connect(ui->wgtPosition, &PointRow::edited, this,
+            [this] { ui->wgtPosition->setTitle(tr("Edited")); });
+    const auto on = [this](QPushButton *button, const auto &action) {
+        connect(button, &QPushButton::clicked, this, action);
+    };
+    on(ui->btnUpdateLocation, &PointGroup::updateLocation);
+    on(ui->btnCompute, &PointGroup::computeComplex);
+    on(ui->btnPointMoveJ, [this] { moveToPoint(Motion::Joint); });
+    on(ui->btnPointMoveL, [this] { moveToPoint(Motion::Linear); });
+    on(ui->btnComplexMoveJ, [this] { moveToComplex(Motion::Joint); });
+    on(ui->btnComplexMoveL, [this] { moveToComplex(Motion::Linear); });
+    on(ui->btnStop, &PointGroup::stopMove);
+}
+
+PointEdit *PointGroup::edit() const
+{
+    return ui->wgtPoint;
+}
+
+void PointGroup::showPoint()
+{
+    const auto point = points::find(ui->wgtPoint->pointName());
+    ui->wgtPosition->setTitle(tr("Point"));
+    ui->wgtPosition->setEnabled(point.has_value());
+    for (QWidget *widget : {ui->btnPointMoveJ, ui->btnPointMoveL, ui->btnCompute})
+        widget->setEnabled(point.has_value());
+    if (point) {
+        ui->wgtPosition->setValues(point->pose);
+        m_positionFrame = point->frame;
+    } else {
+        ui->wgtPosition->clear();
+    }
+    forgetComplex();
+}
+
+void PointGroup::forgetComplex()
+{
+    ui->wgtComplex->clear();
+    for (QWidget *button : {ui->btnComplexMoveJ, ui->btnComplexMoveL})
+        button->setEnabled(false);
+}
+
+void PointGroup::updateLocation()
+{
+    // The box runs an event loop; the form may be gone afterwards.
+    const QPointer<PointGroup> self(this);
+    const bool agreed = tessa::ManagerHelper::instance()->execMsgOk(
+        tr("Robot position"), tr("Determine the refresh point?"), tr("OK"));
+    if (!agreed || !self)
+        return;
+    const auto position = robot::position(m_tool, m_workObject);
+    if (!position) {
+        report::error(reporterFor(this), tr("get robot position fail"));
+        return;
+    }
+    ui->wgtPosition->setEnabled(true);
+    ui->wgtPosition->setTitle(tr("Robot"));
+    ui->wgtPosition->setValues(position->pose);
+    m_positionFrame = points::frameOf(m_workObject);
+    for (QWidget *button : {ui->btnPointMoveJ, ui->btnPointMoveL})
+        button->setEnabled(true);
+}
+
+void PointGroup::saveLocation()
+{
+    const QString name = robot::addPointHere(reporterFor(this), m_tool, m_workObject);
+    if (name.isEmpty())
+        return;
+    emit pointAdded();
+    ui->wgtPoint->choose(name);
+}
+
+void PointGroup::computeComplex()
+{
+    using Kind = tl::PointExpression::Kind;
+    const tl::PointExpression expression = ui->wgtPoint->expression();
+    const auto point = points::find(expression.name);
+    if (!point)
+        return;
+    PoseValues numbers{};
+    std::copy(expression.numbers.begin(), expression.numbers.end(), numbers.begin());
+    ui->wgtComplex->setValues(expression.kind == Kind::RelTool
+                                  ? toolRelativePose(point->pose, numbers)
+                                  : offsetPose(point->pose, numbers));
+    m_complexFrame = point->frame;
+    for (QWidget *button : {ui->btnComplexMoveJ, ui->btnComplexMoveL})
+        button->setEnabled(true);
+}
+
+void PointGroup::moveToPoint(Motion motion)
+{
+    if (ui->btnPointMoveJ->isEnabledTo(this))
+        move({ui->wgtPosition->values(), m_positionFrame}, motion);
+}
+
+void PointGroup::moveToComplex(Motion motion)
+{
+    if (ui->btnComplexMoveJ->isEnabledTo(this))
+        move({ui->wgtComplex->values(), m_complexFrame}, motion);
+}
+
+void PointGroup::move(const points::Point &goal, Motion motion)
+{
+    if (!welmo::arcweld::isConnected())
+        report::error(reporterFor(this), tr("tessa not connected"));
+    else if (!robot::moveTo(goal.pose, goal.frame, m_tool, motion))
+        report::error(reporterFor(this), tr("move to point fail"));
+}
+
+void PointGroup::stopMove()
+{
+    if (!robot::stop())
+        report::error(reporterFor(this), tr("stop move fail"));
+}

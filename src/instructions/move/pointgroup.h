@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "instructions/move/pointrobot.h"
+
+namespace Ui {
+class PointGroup;
+}
+class PointEdit;
+
+/// One point of a move in a property form: what the line says of it, where that is, and the robot
+/// brought there. WMoveC has two of them.
+class PointGroup : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit PointGroup(QWidget *parent = nullptr);
+    ~PointGroup() override;
+
+    PointEdit *edit() const;
+    /// The names with which the position is read, and the tool whose tip is moved: the line's own.
+    void setTool(const QString &tool) { m_tool = tool; }
+    void setWorkObject(const QString &workObject) { m_workObject = workObject; }
+
+    /// Asks first, then shows where the robot is. Without an answer nothing changes but the log.
+    void updateLocation();
+    /// Adds a project point where the robot is, and chooses it.
+    void saveLocation();
+    /// Shows the pose that the line's expression means. The point's stored pose counts, whatever
+    /// the boxes of the position hold: the line names the point.
+    void computeComplex();
+    /// A target that no longer belongs to what is shown must not move the robot.
+    void forgetComplex();
+    void moveToPoint(welmo::robot::Motion motion);
+    /// Only to a target that was computed from what is shown.
+    void moveToComplex(welmo::robot::Motion motion);
+    void stopMove();
+
+signals:
+    /// The project has another point; the lists are to be read again.
+    void pointAdded();
+
+private:
+    void initConnect();
+    void showPoint();
+    void move(const welmo::points::Point &goal, welmo::robot::Motion motion);
+
+    std::unique_ptr<Ui::PointGroup> ui;
+    QString m_tool;
+    QString m_workObject;
+    welmo::PoseFrame m_positionFrame; ///< where the boxes of the position are measured
+    welmo::PoseFrame m_complexFrame;
+};

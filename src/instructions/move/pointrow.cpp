@@ -1,0 +1,148 @@
+#include "instructions/move/pointrow.h"
+
+#include <QDoubleSpinBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <cmath>
+
+#include "data/units.h"
+
+using namespace welmo;
+
+namespace {
+
+const QString axes = QStringLiteral("XYZABC");
+constexpr int cellCount = 6;
+constexpr double farthest = 999999.999;
+constexpr int decimals = 3;
+constexpr double scale = 1000; // of that many decimals
+constexpr int titleWidth = 88;
+
+QDoubleSpinBox *makeBox(QWidget *parent)
+{
+    auto *box = new QDoubleSpinBox(parent);
+    box->setLocale(QLocale::c()); // as the program line writes them
+    box->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    box->setDecimals(decimals);
+    box->setRange(-farthest - 1, farthest); // the lowest value stands for "none"
+    box->setSpecialValueText(QStringLiteral("–"));
+    box->setValue(0);
+    box->setAlignment(Qt::AlignRight);
+    return box;
+}
+
+QLineEdit *makeReadout(QWidget *parent)
+{
+    auto *edit = new QLineEdit(parent);
+    edit->setReadOnly(true);
+    edit->setFocusPolicy(Qt::NoFocus);
+    edit->setAlignment(Qt::AlignRight);
+    return edit;
+}
+
+} // namespace
+
+PointCells::PointCells(QWidget *parent)
+    : QWidget(parent)
+    , m_grid(new QGridLayout(this))
+    , m_title(new QLabel(this))
+{
+    m_grid->setContentsMargins(0, 0, 0, 0);
+    m_grid->setHorizontalSpacing(6);
+    m_grid->setVerticalSpacing(0);
+    m_grid->setColumnMinimumWidth(0, titleWidth);
+    m_grid->addWidget(m_title, 1, 0);
+}
+
+void PointCells::addCell(int index, QWidget *cell)
+{
+    cell->setObjectName(QStringLiteral("sbx") + axes.at(index));
+    cell->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_grid->addWidget(cell, 1, index + 1);
+    m_grid->setColumnStretch(index + 1, 1);
+}
+
+QString PointCells::title() const
+{
+    return m_title->text();
+}
+
+void PointCells::setTitle(const QString &title)
+{
+    m_title->setText(title);
+}
+
+void PointCells::showHeader()
+{
+    for (int i = 0; i < cellCount; ++i) {
+        const QString unit = i < 3 ? units::mm : units::degree;
+        auto *label = new QLabel(QStringLiteral("%1 (%2)").arg(axes.at(i)).arg(unit), this);
+        label->setAlignment(Qt::AlignCenter);
+        m_grid->addWidget(label, 0, i + 1);
+    }
+}
+
+PointRow::PointRow(QWidget *parent)
+    : PointCells(parent)
+{
+    for (int i = 0; i < cellCount; ++i) {
+        m_boxes[i] = makeBox(this);
+        addCell(i, m_boxes[i]);
+        connect(m_boxes[i], qOverload<double>(&QDoubleSpinBox::valueChanged), this,
+                [this, i](double value) {
+                    m_values[i] = value;
+                    emit edited();
+                });
+    }
+}
+
+void PointRow::setActiveBoxes(int count)
+{
+    for (int i = 0; i < cellCount; ++i)
+        m_boxes[i]->setEnabled(i < count);
+}
+
+void PointRow::setValues(const PoseValues &values)
+{
+    for (int i = 0; i < cellCount; ++i) {
+        const QSignalBlocker blocker(m_boxes[i]);
+        m_boxes[i]->setValue(qMax(values[i], -farthest));
+    }
+    m_values = values;
+}
+
+void PointRow::clear()
+{
+    for (QDoubleSpinBox *box : m_boxes) {
+        const QSignalBlocker blocker(box);
+        box->setValue(box->minimum());
+    }
+    m_values = {};
+}
+
+PointReadout::PointReadout(QWidget *parent)
+    : PointCells(parent)
+{
+    for (int i = 0; i < cellCount; ++i) {
+        m_boxes[i] = makeReadout(this);
+        addCell(i, m_boxes[i]);
+    }
+}
+
+void PointReadout::setValues(const PoseValues &values)
+{
+    for (int i = 0; i < cellCount; ++i) {
+        const double shown = std::round(values[i] * scale) / scale + 0.0; // no signed zero
+        m_boxes[i]->setText(QString::number(shown, 'f', decimals));
+    }
+    m_values = values;
+}
+
+void PointReadout::clear()
+{
+    for (QLineEdit *edit : m_boxes)
+        edit->clear();
+    m_values = {};
+}

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+#include "instructions/move/pointpose.h"
+
+class QDoubleSpinBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+
+/// A title and six cells side by side for a pose or for offsets: x, y, z in millimetres, a, b, c in
+/// degrees. Rows one above the other have their cells aligned.
+class PointCells : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QString title READ title WRITE setTitle)
+public:
+    QString title() const;
+    void setTitle(const QString &title);
+    /// Shows the axes and their units above the cells.
+    void showHeader();
+
+    const welmo::PoseValues &values() const { return m_values; }
+
+protected:
+    explicit PointCells(QWidget *parent);
+    void addCell(int index, QWidget *cell);
+
+    welmo::PoseValues m_values{};
+
+private:
+    QGridLayout *m_grid;
+    QLabel *m_title;
+};
+
+/// Values that can be edited.
+///
+/// A box shows three decimals; the value behind it stays exact until somebody edits that box, so
+/// that showing a number never changes it.
+class PointRow : public PointCells
+{
+    Q_OBJECT
+public:
+    explicit PointRow(QWidget *parent = nullptr);
+
+    /// Lets the first @p count boxes be edited and disables the others.
+    void setActiveBoxes(int count);
+    void setValues(const welmo::PoseValues &values);
+    /// Shows dashes: there is nothing to show.
+    void clear();
+
+signals:
+    /// Somebody edited a box.
+    void edited();
+
+private:
+    std::array<QDoubleSpinBox *, 6> m_boxes;
+};
+
+/// Values that are only shown.
+class PointReadout : public PointCells
+{
+    Q_OBJECT
+public:
+    explicit PointReadout(QWidget *parent = nullptr);
+
+    void setValues(const welmo::PoseValues &values);
+    /// Shows nothing.
+    void clear();
+
+private:
+    std::array<QLineEdit *, 6> m_boxes;
+};

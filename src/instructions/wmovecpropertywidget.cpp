@@ -1,5 +1,0 @@
-#include "instructions/wmovecpropertywidget.h"
-
-WMoveCPropertyWidget::WMoveCPropertyWidget(QWidget *parent)
-    : MovePropertyForm(welmo::line::Instruction::WMoveC, parent)
-{ }

@@ -1,5 +1,0 @@
-#include "instructions/wmovelpropertywidget.h"
-
-WMoveLPropertyWidget::WMoveLPropertyWidget(QWidget *parent)
-    : MovePropertyForm(welmo::line::Instruction::WMoveL, parent)
-{ }

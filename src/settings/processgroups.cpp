@@ -1,0 +1,88 @@
+#include "settings/processgroups.h"
+
+#include <QCoreApplication>
+
+#include "data/arcweldservice.h"
+#include "data/report.h"
+
+using namespace welmo;
+
+namespace {
+
+struct ProcessForm
+{
+    Q_DECLARE_TR_FUNCTIONS(ProcessForm)
+};
+
+} // namespace
+
+void ProcessGroups::useDefaultNode()
+{
+    for (ProcessGroup *group : qAsConst(m_groups))
+        group->file().useDefaultNode();
+}
+
+void ProcessGroups::getParamFromTessa()
+{
+    for (ProcessGroup *group : qAsConst(m_groups))
+        group->file().get();
+}
+
+void ProcessGroups::reload()
+{
+    QList<ProcessGroup *> read;
+    for (ProcessGroup *group : qAsConst(m_groups)) {
+        if (group->file().get())
+            read.append(group);
+    }
+    for (ProcessGroup *group : qAsConst(read))
+        group->file().show();
+}
+
+void ProcessGroups::getWelderParamRange()
+{
+    if (!welmo::arcweld::isConnected())
+        return;
+    const auto limits = WelderLimits::read(m_home);
+    if (!limits)
+        return;
+    for (ProcessGroup *group : qAsConst(m_groups))
+        group->applyWelder(*limits);
+}
+
+void ProcessGroups::selectFile(const QObject *sender)
+{
+    if (!welmo::arcweld::isConnected()) {
+        report::warning(m_home, ProcessForm::tr("tessa not connected"));
+        return;
+    }
+    for (ProcessGroup *group : qAsConst(m_groups)) {
+        if (sender == group->file().combo())
+            group->file().select();
+    }
+}
+
+void ProcessGroups::save(const QObject *sender)
+{
+    if (!welmo::arcweld::isConnected()) {
+        report::error(m_home, ProcessForm::tr("tessa is not connected"));
+        return;
+    }
+    int result = 0;
+    for (ProcessGroup *group : qAsConst(m_groups)) {
+        if (sender == group->saveButton())
+            result = group->file().save();
+    }
+    if (result != 0)
+        report::error(m_home, ProcessForm::tr("save parameter error"));
+    else
+        report::info(m_home, ProcessForm::tr("save parameter succeed"));
+}
+
+void ProcessGroups::cancel(const QObject *sender)
+{
+    for (ProcessGroup *group : qAsConst(m_groups)) {
+        if (sender == group->cancelButton())
+            group->file().show();
+    }
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+
+#include "settings/processgroup.h"
+
+/// The process groups of one home, a page or an instruction's form, and what the home's buttons do
+/// to them: the sender decides the group.
+class ProcessGroups
+{
+public:
+    /// @p home is named as the sender of what is reported. The groups are in the order in which
+    /// they are read and shown.
+    ProcessGroups(QObject *home, const QList<ProcessGroup *> &groups)
+        : m_home(home)
+        , m_groups(groups)
+    { }
+
+    /// Builds every group, connects its file combo box and buttons to the home's slots, takes over
+    /// the welder's modes and shows the first files.
+    template<typename Home>
+    void initUI(Home *home);
+
+    void useDefaultNode();
+    /// Reads every group's chosen file.
+    void getParamFromTessa();
+    /// Reads every group's chosen file and shows it.
+    void reload();
+    /// Takes over the modes and voltage ranges of the connected welder.
+    void getWelderParamRange();
+
+    /// A file combo box changed: its group reads and shows the file.
+    void selectFile(const QObject *sender);
+    /// Saves the group whose button it is, and tells the outcome. A sender that is no save button
+    /// saves nothing and is still told of success; other parts of the pendant rely on that.
+    void save(const QObject *sender);
+    /// Shows the group's file again as it was last read or stored.
+    void cancel(const QObject *sender);
+
+private:
+    QObject *m_home;
+    QList<ProcessGroup *> m_groups;
+};
+
+template<typename Home>
+void ProcessGroups::initUI(Home *home)
+{
+    for (ProcessGroup *group : qAsConst(m_groups)) {
+        group->initUI(home);
+        QObject::connect(group->file().combo(), qOverload<int>(&QComboBox::currentIndexChanged),
+                         home, &Home::onParamFileNumberChanged);
+        QObject::connect(group->saveButton(), &QPushButton::clicked, home,
+                         &Home::onSaveButtonClicked);
+        QObject::connect(group->cancelButton(), &QPushButton::clicked, home,
+                         &Home::onCancelButtonClicked);
+    }
+    getWelderParamRange();
+    for (ProcessGroup *group : qAsConst(m_groups))
+        group->file().start();
+}

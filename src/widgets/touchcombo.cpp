@@ -1,0 +1,44 @@
+#include "widgets/touchcombo.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QStyledItemDelegate>
+
+namespace welmo {
+
+namespace {
+
+/// Waits for the press that opens the combo's list for the first time. Until then the combo has no
+/// list, and making those of a form is a good part of the time that opening the form takes.
+class TouchRows : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
+            watched->removeEventFilter(this);
+            auto *combo = static_cast<QComboBox *>(watched);
+            combo->setItemDelegate(new QStyledItemDelegate(combo));
+        }
+        return false;
+    }
+};
+
+} // namespace
+
+void makeTouchable(QComboBox *combo)
+{
+    const QString name = QStringLiteral("touchRows");
+    if (!combo->findChild<QObject *>(name, Qt::FindDirectChildrenOnly)) {
+        auto *rows = new TouchRows(combo);
+        rows->setObjectName(name);
+        combo->installEventFilter(rows);
+    }
+    // May become narrower than its longest item: a form must fit the screen. The policy that says
+    // so outright would make the list at once.
+    combo->setMinimumContentsLength(6);
+}
+
+} // namespace welmo

@@ -1,0 +1,44 @@
+#include "tl/programfile.h"
+
+#include <QFile>
+#include <QSaveFile>
+#include <unistd.h>
+
+namespace welmo::tl {
+
+namespace {
+
+constexpr qint64 largestProgram = qint64(64) * 1024 * 1024; // bytes; a device never ends
+
+} // namespace
+
+std::optional<QByteArray> readProgram(const QString &name, QString *problem)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *problem = file.errorString();
+        return {};
+    }
+    const QByteArray bytes = file.read(largestProgram + 1);
+    if (file.error() != QFileDevice::NoError)
+        *problem = file.errorString();
+    else if (bytes.size() > largestProgram)
+        *problem = QStringLiteral("is too large for a program");
+    else
+        return bytes;
+    return {};
+}
+
+bool writeProgram(const QString &name, const QByteArray &bytes, QString *problem)
+{
+    QSaveFile file(name);
+    // commit() alone does not notice that what was still buffered could not be written, and a
+    // rename may reach the disk before the bytes do.
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()
+        && ::fsync(file.handle()) == 0 && file.commit())
+        return true;
+    *problem = file.errorString();
+    return false;
+}
+
+} // namespace welmo::tl

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+namespace welmo::tl {
+
+/// The file's bytes, or nothing with the reason in @p problem.
+std::optional<QByteArray> readProgram(const QString &name, QString *problem);
+
+/// Replaces the file as a whole; if that fails it is as it was, with the reason in @p problem.
+bool writeProgram(const QString &name, const QByteArray &bytes, QString *problem);
+
+} // namespace welmo::tl
