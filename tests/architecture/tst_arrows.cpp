@@ -177,6 +177,23 @@ QStringList circleFrom(const QString &node, const Graph &graph, QStringList way,
     return {};
 }
 
+QStringList reachedFrom(const QString &node, const Graph &graph)
+{
+    QStringList reached{node};
+    for (int i = 0; i < reached.size(); ++i) {
+        for (const QString &next : graph.value(reached.at(i))) {
+            if (!reached.contains(next))
+                reached.append(next);
+        }
+    }
+    return reached;
+}
+
+QSet<QString> toSet(const QStringList &list)
+{
+    return {list.begin(), list.end()};
+}
+
 QStringList circleIn(const Graph &graph)
 {
     QSet<QString> done;
@@ -251,22 +268,22 @@ private slots:
         QCOMPARE(violations(file, text).size(), forbidden ? 1 : 0);
         QCOMPARE(circleIn({{"a", {"b"}}, {"b", {"c"}}, {"c", {"b"}}}).join(' '), QString("b c b"));
     }
+    // It leaves out what follows from other arrows, and draws nothing else.
     void thePictureShowsTheseArrows()
     {
-        QStringList drawn;
+        Graph drawn;
         const QString picture = contentOf("docs/pictures/rooms.svg");
         for (auto it = all("<title>([\\w/]+)&#45;&gt;([\\w/]+)</title>", picture); it.hasNext();) {
             const auto match = it.next();
-            drawn.append(match.captured(1) + " -> " + match.captured(2));
+            drawn[match.captured(1)].append(match.captured(2));
         }
-        QStringList wanted;
         for (const Room &room : rooms) {
-            for (const QString &target : room.arrows)
-                wanted.append(room.folder + " -> " + target);
+            const QStringList reached = reachedFrom(room.folder, drawn);
+            const bool agrees = std::all_of(room.arrows.begin(), room.arrows.end(),
+                                            [&](auto &target) { return reached.contains(target); })
+                && toSet(room.arrows).contains(toSet(drawn.value(room.folder)));
+            QVERIFY2(agrees, qPrintable(room.folder + ": draw it anew with ./dev picture"));
         }
-        drawn.sort();
-        wanted.sort();
-        QVERIFY2(drawn == wanted, "draw it anew: ./dev picture");
     }
 };
 
