@@ -4,13 +4,13 @@ namespace welmo::arcweld {
 
 bool isConnected()
 {
-    return xservice()->mobj()->r(QStringLiteral("connected"))->getBool();
+    return host::serviceTree()->r(QStringLiteral("connected"))->getBool(false);
 }
 
 QString welderState(QObject *sender)
 {
     const auto answer = xservice()->get(sender, node(QStringLiteral("welder_state")));
-    return answer->r(QStringLiteral("state"))->getString();
+    return answer->r(QStringLiteral("state"))->getString(QString());
 }
 
 } // namespace welmo::arcweld

@@ -4,6 +4,8 @@
 
 #include <tessa/xservice.h>
 
+#include "adapter/hostadapter.h"
+
 /// What every page needs of the controller besides XService itself.
 namespace welmo::arcweld {
 
@@ -20,7 +22,7 @@ inline QString node(const QString &name)
 QString welderState(QObject *sender);
 
 /// True when the read itself failed, which says nothing about whether the node exists.
-inline bool readFailed(const XService::Answer &answer)
+inline bool readFailed(const host::Answer &answer)
 {
     return answer->getInt(0) != 0;
 }

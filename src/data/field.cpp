@@ -8,7 +8,7 @@ namespace welmo {
 
 void Field::writeDefault(QObject *sender, kelp::ModuleObject *file) const
 {
-    file->set(sender, m_key, m_default);
+    file->set(sender, m_key, m_default, true);
 }
 
 Field &Field::unit(QLabel *label, const QString &text)
@@ -31,24 +31,24 @@ void Field::shown() const
 
 void FileNameField::store(QObject *sender, kelp::ModuleObject *file) const
 {
-    file->set(sender, key(), m_combo->currentText());
+    file->set(sender, key(), m_combo->currentText(), true);
 }
 
 void TextField::store(QObject *sender, kelp::ModuleObject *file) const
 {
-    file->set(sender, key(), m_edit->text());
+    file->set(sender, key(), m_edit->text(), true);
 }
 
 bool TextField::show(const kelp::ModuleObject *file)
 {
-    m_edit->setText(file->r(key())->getString());
+    m_edit->setText(file->r(key())->getString(QString()));
     return true;
 }
 
 void ChoiceField::store(QObject *sender, kelp::ModuleObject *file) const
 {
     if (m_combo->currentIndex() >= 0)
-        file->set(sender, key(), m_combo->currentData());
+        file->set(sender, key(), m_combo->currentData(), true);
 }
 
 void ChoiceField::prepare()
@@ -60,7 +60,8 @@ void ChoiceField::prepare()
 bool ChoiceField::show(const kelp::ModuleObject *file)
 {
     const kelp::ModuleObject *node = file->r(key());
-    const QVariant code = m_table.isBoolean() ? QVariant(node->getBool()) : node->getString();
+    const QVariant code =
+        m_table.isBoolean() ? QVariant(node->getBool(false)) : node->getString(QString());
     m_combo->setCurrentIndex(m_combo->findData(code));
     return m_combo->currentIndex() >= 0;
 }
@@ -78,12 +79,12 @@ void NameField::prepare()
 void NameField::store(QObject *sender, kelp::ModuleObject *file) const
 {
     if (m_combo->currentIndex() >= 0 && m_combo->currentIndex() != m_indexOfUnknown)
-        file->set(sender, key(), m_combo->currentText());
+        file->set(sender, key(), m_combo->currentText(), true);
 }
 
 bool NameField::show(const kelp::ModuleObject *file)
 {
-    const QString name = file->r(key())->getString();
+    const QString name = file->r(key())->getString(QString());
     const int index = m_meaningTheFirst.contains(name) ? 0 : m_combo->findText(name);
     const bool known = index >= 0;
     if (known || !m_keepPresentItem)
@@ -109,7 +110,7 @@ void IntegerListField::writeDefault(QObject *sender, kelp::ModuleObject *file) c
     QVariantList zeros;
     for (size_t i = 0; i < m_boxes.size(); ++i)
         zeros.append(0);
-    file->setList(sender, key(), zeros);
+    file->setList(sender, key(), zeros, true);
 }
 
 void IntegerListField::prepare()
@@ -123,7 +124,7 @@ void IntegerListField::store(QObject *sender, kelp::ModuleObject *file) const
     QVariantList values;
     for (const QSpinBox *box : m_boxes)
         values.append(box->value());
-    file->setList(sender, key(), values);
+    file->setList(sender, key(), values, true);
 }
 
 bool IntegerListField::show(const kelp::ModuleObject *file)
@@ -144,12 +145,12 @@ void IntegerField::prepare()
 
 void IntegerField::store(QObject *sender, kelp::ModuleObject *file) const
 {
-    file->set(sender, key(), m_box->value());
+    file->set(sender, key(), m_box->value(), true);
 }
 
 bool IntegerField::show(const kelp::ModuleObject *file)
 {
-    m_box->setValue(file->r(key())->getInt());
+    m_box->setValue(file->r(key())->getInt(0));
     return true;
 }
 
@@ -157,7 +158,7 @@ void RealField::writeDefault(QObject *sender, kelp::ModuleObject *file) const
 {
     Field::writeDefault(sender, file);
     if (!m_twinKey.isEmpty())
-        file->set(sender, m_twinKey, defaultValue());
+        file->set(sender, m_twinKey, defaultValue(), true);
 }
 
 void RealField::prepare()
@@ -168,15 +169,15 @@ void RealField::prepare()
 
 void RealField::store(QObject *sender, kelp::ModuleObject *file) const
 {
-    file->set(sender, key(), m_box->value());
+    file->set(sender, key(), m_box->value(), true);
     if (!m_twinKey.isEmpty())
-        file->set(sender, m_twinKey, m_box->value());
+        file->set(sender, m_twinKey, m_box->value(), true);
 }
 
 bool RealField::show(const kelp::ModuleObject *file)
 {
     const kelp::ModuleObject *node = file->r(key());
-    m_box->setValue(m_readAsInteger ? node->getInt() : node->getDouble());
+    m_box->setValue(m_readAsInteger ? node->getInt(0) : node->getDouble(0.0));
     return true;
 }
 

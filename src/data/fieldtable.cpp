@@ -43,7 +43,7 @@ void FieldTable::show(const kelp::ModuleObject *file)
         const QSignalBlocker blocker(field->editor());
         if (!field->show(file))
             reportUnknown(m_owner, m_set.isEmpty() ? file->name() : m_set,
-                          file->r(field->key())->getString(), field->key());
+                          file->r(field->key())->getString(QString()), field->key());
         field->shown();
     }
 }

@@ -16,7 +16,7 @@ FileForm::FileForm(QObject *owner, const ParameterSet &set, QComboBox *combo,
     , m_combo(combo)
     , m_fields(owner)
     , m_afterShow(std::move(afterShow))
-    , m_shown(set.prefix)
+    , m_shown(set.prefix, nullptr)
 {
     m_overtaken.setSingleShot(true);
     QObject::connect(&m_overtaken, &QTimer::timeout, &m_overtaken, [this] { takeOver(); });
@@ -24,7 +24,7 @@ FileForm::FileForm(QObject *owner, const ParameterSet &set, QComboBox *combo,
 
 FileForm::~FileForm()
 {
-    const bool isHostThere = !m(QStringLiteral("welmo"))->isMissing();
+    const bool isHostThere = !host::isMissing(m(QStringLiteral("welmo")));
     if (isHostThere && isEdited() && holdsChosenFile())
         reportLoss(nullptr, m_data->name()); // the owner is going as well
 }
@@ -100,12 +100,13 @@ QMap<QString, QVariant> FileForm::edits() const
     if (!m_isSettled)
         return {};
     QMap<QString, QVariant> edits;
-    kelp::ModuleObject now(m_set.prefix);
+    kelp::ModuleObject now(m_set.prefix, nullptr);
     collect(&now);
     for (const auto &row : m_fields.rows()) {
         const kelp::ModuleObject *node = now.r(row->key()); // missing: nothing is chosen
-        if (!node->isMissing() && node->toVariant() != m_shown.r(row->key())->toVariant())
-            edits.insert(row->key(), node->toVariant());
+        if (!host::isMissing(node)
+            && host::toVariant(node) != host::toVariant(m_shown.r(row->key())))
+            edits.insert(row->key(), host::toVariant(node));
     }
     return edits;
 }
@@ -144,18 +145,18 @@ void FileForm::takeOver()
     if (m_data != m_followed || !holdsChosenFile() || !arcweld::isConnected() || !get())
         return;
     const QMap<QString, QVariant> edited = edits();
-    kelp::ModuleObject merged(m_data->name());
-    merged.copyFrom(nullptr, m_data);
+    kelp::ModuleObject merged(m_data->name(), nullptr);
+    merged.copyFrom(nullptr, m_data, true, true);
     QMap<QString, QVariant> shown;
     for (auto edit = edited.begin(); edit != edited.end(); ++edit) {
-        shown.insert(edit.key(), m_shown.r(edit.key())->toVariant());
-        merged.set(nullptr, edit.key(), edit.value());
+        shown.insert(edit.key(), host::toVariant(m_shown.r(edit.key())));
+        merged.set(nullptr, edit.key(), edit.value(), true);
     }
     m_fields.show(&merged);
     m_afterShow();
     settle();
     for (auto value = shown.begin(); value != shown.end(); ++value)
-        m_shown.set(nullptr, value.key(), value.value()); // still edited
+        m_shown.set(nullptr, value.key(), value.value(), true); // still edited
 }
 
 void FileForm::select()

@@ -32,8 +32,8 @@ QStringList getDIRange()
     QStringList names{noSignal()};
     const auto inputs = m(QStringLiteral("orbo.robot.io.signal_detail"))->cmobjs(false);
     for (const kelp::ModuleObject *input : inputs) {
-        if (!input->r(QStringLiteral("is_default_IO"))->getBool()
-            && input->r(QStringLiteral("signal_type"))->getInt() == digitalInput)
+        if (!input->r(QStringLiteral("is_default_IO"))->getBool(false)
+            && input->r(QStringLiteral("signal_type"))->getInt(0) == digitalInput)
             names.append(input->name());
     }
     sortInputs(names);

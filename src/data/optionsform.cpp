@@ -49,7 +49,7 @@ bool OptionsForm::get()
         return true;
     }
     m_data = node(presentName);
-    m_data->copyFrom(m_owner, answer.get());
+    m_data->copyFrom(m_owner, answer.get(), true, true);
     return true;
 }
 
@@ -57,7 +57,7 @@ void OptionsForm::useDefault()
 {
     useDefaultNode();
     kelp::ModuleObject *present = node(presentName);
-    present->copyFrom(m_owner, m_data);
+    present->copyFrom(m_owner, m_data, true, true);
     m_data = present;
 }
 

@@ -9,7 +9,7 @@ const QString zoneType = QStringLiteral("zone");
 
 QString text(const kelp::ModuleObject *entry, const char *key)
 {
-    return entry->r(QString::fromLatin1(key))->getString();
+    return entry->r(QString::fromLatin1(key))->getString(QString());
 }
 
 QList<kelp::ModuleObject *> entries(const QString &kind)
@@ -30,12 +30,12 @@ QStringList names(const QString &kind)
 
 QString OrboData::getCurrentTool()
 {
-    return m(QStringLiteral("orbo.toolpage.tool"))->getString();
+    return m(QStringLiteral("orbo.toolpage.tool"))->getString(QString());
 }
 
 QString OrboData::getCurrentWobj()
 {
-    return m(QStringLiteral("orbo.toolpage.wobj"))->getString();
+    return m(QStringLiteral("orbo.toolpage.wobj"))->getString(QString());
 }
 
 QStringList OrboData::getSpeedList()

@@ -24,16 +24,17 @@ kelp::ModuleObject *moduleTree()
 
 kelp::ModuleObject *makeLocalCopy(QObject *sender, const ParameterSet &set, const QString &file)
 {
-    return moduleTree()->set(sender, set.localPath(file), QString());
+    moduleTree()->set(sender, set.localPath(file), QString(), true);
+    return moduleTree()->r(set.localPath(file));
 }
 
 kelp::ModuleObject *keepAnswer(QObject *sender, const ParameterSet &set, const QString &file,
                                const kelp::ModuleObject *answer)
 {
     kelp::ModuleObject *local = moduleTree()->r(set.localPath(file));
-    if (local->isMissing())
+    if (host::isMissing(local))
         local = makeLocalCopy(sender, set, file);
-    local->copyFrom(sender, answer);
+    local->copyFrom(sender, answer, true, true);
     return local;
 }
 
@@ -41,13 +42,13 @@ void create(QObject *sender, const ParameterSet &set, const QString &file,
             kelp::ModuleObject *&data)
 {
     kelp::ModuleObject *local = makeLocalCopy(sender, set, file);
-    local->copyFrom(sender, data);
+    local->copyFrom(sender, data, true, true);
     data = local;
-    data->set(sender, nameKey, file);
+    data->set(sender, nameKey, file, true);
     if (xservice()->set(sender, set.node(), file, data)->getInt(0) != 0)
         report::error(sender, ParameterFile::tr("save parameter error"));
     // The controller side was brought up with this second copy of the node onto itself.
-    data->copyFrom(sender, moduleTree()->r(set.localPath(file)));
+    data->copyFrom(sender, moduleTree()->r(set.localPath(file)), true, true);
 }
 
 } // namespace
@@ -63,7 +64,7 @@ Fetch handleGetParam(QObject *sender, const ParameterSet &set, const QComboBox *
         report::readFailed(sender, file);
         return Fetch::Failed;
     }
-    if (answer->hasCmobj(nameKey)) {
+    if (answer->hasCmobj(nameKey, false)) {
         data = keepAnswer(sender, set, file, answer.get());
         return Fetch::Read;
     }

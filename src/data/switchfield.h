@@ -17,11 +17,11 @@ public:
     QWidget *editor() const override { return m_button; }
     void store(QObject *sender, kelp::ModuleObject *file) const override
     {
-        file->set(sender, key(), m_button->isChecked());
+        file->set(sender, key(), m_button->isChecked(), true);
     }
     bool show(const kelp::ModuleObject *file) override
     {
-        m_button->setChecked(file->r(key())->getBool());
+        m_button->setChecked(file->r(key())->getBool(false));
         return true;
     }
 

@@ -25,7 +25,7 @@ Welmo::Welmo(QObject *parent)
 {
     writeStartLine();
     translator()->installQMTranslator(
-        vu::languagePath(moduleName + QStringLiteral("_cn"), vu::LanguageType{}, moduleName));
+        vu::languagePath(moduleName + QStringLiteral("_cn"), {}, moduleName));
     tessa::ManagerHelper::instance()->registQrcAlias(moduleName);
     bindMobjJson(moduleName, vu::templatePath(moduleName, moduleName), true);
     mobj()->set(this, QStringLiteral("version"), welmo::version(), true);
@@ -35,7 +35,7 @@ void Welmo::writeStartLine() const
 {
     const QString now = QDateTime::currentDateTime().toString(QStringLiteral("MM/dd hh:mm:ss.zzz"));
     kelp::QFLog log(QStringLiteral("\033[35m"), QStringLiteral("[S|%1]").arg(now),
-                    QStringLiteral("./log/%1").arg(moduleName), QStringLiteral("log"));
+                    QStringLiteral("./log/%1").arg(moduleName), QStringLiteral("log"), QString());
     log << QStringLiteral("welmo v%1").arg(welmo::version());
 }
 

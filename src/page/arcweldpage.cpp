@@ -9,6 +9,7 @@
 #include <tessa/physicalbutton.h>
 #include <vu/xtheme.h>
 
+#include "adapter/hostadapter.h"
 #include "data/arcweldservice.h"
 #include "instructions/tlarcweld.h"
 #include "page/handlekeys.h"
@@ -160,7 +161,7 @@ void ArcWeldPage::followEnableLeaf()
     };
     leaf->watch(true, false);
     connect(leaf, &kelp::ModuleObject::changed, this, apply);
-    apply(leaf->value());
+    apply(leaf->getBool(false));
 }
 
 void ArcWeldPage::init()
@@ -168,11 +169,10 @@ void ArcWeldPage::init()
     registerArcButton();
     followEnableLeaf();
     autoUpdate(true, true, true, false);
-    connect(tessa::ManagerHelper::instance()->controllerManager(),
-            &tessa::ControllerManager::rcConnected, this, [this] {
-                loadFromRC();
-                m_currentPage->initPage();
-            });
+    connect(welmo::host::controllerManager(), &tessa::ControllerManager::rcConnected, this, [this] {
+        loadFromRC();
+        m_currentPage->initPage();
+    });
     TlArcWeldDefine instructions(this); // what it enters stays in the TL manager
 }
 
@@ -181,19 +181,19 @@ void ArcWeldPage::render()
     welmo::applyStyleRules(m_wgt);
 
     m_modeIndicator = new WeldModeIndicator;
-    instantiatedStatusBar(this)->addBeforeItem(this, QStringLiteral("welmo.labelArcMode"),
-                                               QStringLiteral("orbo.body.statuspage.wgtStrech2"),
-                                               m_modeIndicator);
+    welmo::host::statusBar(this)->addBeforeItem(this, QStringLiteral("welmo.labelArcMode"),
+                                                QStringLiteral("orbo.body.statuspage.wgtStrech2"),
+                                                m_modeIndicator);
     auto *node = xservice()->watchNode(QStringLiteral("arc_weld.weld_mode"));
     connect(node, &kelp::ModuleObject::changed, this, &ArcWeldPage::onWeldModeChanged);
 }
 
 void ArcWeldPage::onWeldModeChanged(const QVariant &value)
 {
-    kelp::ModuleObject state(QStringLiteral("return_state"));
+    kelp::ModuleObject state(QStringLiteral("return_state"), nullptr);
     state.importFromVariant(this, value, true, true, false);
-    const QString mode = state.r(QStringLiteral("mode"))->getString();
-    mobj()->set(this, weldModeKey, mode);
+    const QString mode = state.r(QStringLiteral("mode"))->getString(QString());
+    mobj()->set(this, weldModeKey, mode, true);
     m_modeIndicator->announce(mode);
 }
 
@@ -201,8 +201,8 @@ void ArcWeldPage::loadFromRC()
 {
     const auto answer = xservice()->get(this, QStringLiteral("arc_weld.weld_mode"));
     if (!welmo::arcweld::readFailed(answer)) {
-        const QString mode = answer->r(QStringLiteral("mode"))->getString();
-        mobj()->set(this, weldModeKey, mode);
+        const QString mode = answer->r(QStringLiteral("mode"))->getString(QString());
+        mobj()->set(this, weldModeKey, mode, true);
         m_modeIndicator->showPicture(mode);
     }
     loadWelderSetting();
@@ -215,12 +215,13 @@ void ArcWeldPage::loadWelderSetting()
     const auto setting = xservice()->get(this, QStringLiteral("arc_weld.welder_setting"));
     if (welmo::arcweld::readFailed(setting))
         return;
-    mobj()->set(this, QStringLiteral("enable"), setting->r(QStringLiteral("enable"))->getBool());
+    mobj()->set(this, QStringLiteral("enable"),
+                setting->r(QStringLiteral("enable"))->getBool(false), true);
     for (const char *key : {"protocol", "mfr", "model"})
         mobj()->set(this, QStringLiteral("device_param.%1").arg(key),
-                    setting->r(QString::fromLatin1(key))->getString());
+                    setting->r(QString::fromLatin1(key))->getString(QString()), true);
     mobj()->set(this, QStringLiteral("device_param.current_type"),
-                setting->r(QStringLiteral("current_type"))->getInt());
+                setting->r(QStringLiteral("current_type"))->getInt(0), true);
 }
 
 void ArcWeldPage::updateAvailability()

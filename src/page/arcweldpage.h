@@ -36,7 +36,7 @@ public:
 
     void init() override;
     void render() override;
-    QWidget *wgt() const override { return m_wgt; }
+    QWidget *wgt() const { return m_wgt; }
     void updateAvailability() override;
 
     /// Copies what the module's pages need of the controller's state into the module tree, and

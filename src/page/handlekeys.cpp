@@ -8,6 +8,7 @@
 #include <tessa/managerhelper.h>
 #include <tessa/physicalbutton.h>
 
+#include "adapter/hostadapter.h"
 #include "data/arcweldservice.h"
 #include "data/report.h"
 #include "data/weldmode.h"
@@ -21,7 +22,7 @@ constexpr int jogIntervalMs = 250;
 
 int jogPercent()
 {
-    return int(std::lround(m(QStringLiteral("orbo.handle.jog.override"))->getDouble() * 100));
+    return int(std::lround(m(QStringLiteral("orbo.handle.jog.override"))->getDouble(0.0) * 100));
 }
 
 void setJogPercent(QObject *sender, int percent)
@@ -56,7 +57,7 @@ void HandleKeys::registerArcButton()
                         tr("wire reverse"), tr("cancel wire reverse")};
     const auto key = [](const QString &label, const QString &picture,
                         std::function<void(bool)> action) {
-        auto *theme = tessa::ManagerHelper::instance()->themeManager();
+        auto *theme = welmo::host::themeManager();
         const QString group = QStringLiteral("handle");
         return tessa::PhysicalButton{label, theme->getIcon(group, picture + "Unpressed"),
                                      theme->getIcon(group, picture + "Pressed"), std::move(action)};
@@ -101,8 +102,8 @@ void HandleKeys::moveWire(const WireMove &move, bool down)
     if (!checkWelderState())
         return;
     const QString action = down ? move.downText : move.upText;
-    kelp::ModuleObject payload(move.payload);
-    payload.set(nullptr, move.child, down);
+    kelp::ModuleObject payload(move.payload, nullptr);
+    payload.set(nullptr, move.child, down, true);
     const QString command = welmo::arcweld::node(QStringLiteral("wire_feed"));
     if (xservice()->execCommand(nullptr, command, &payload)->getInt(0) != 0)
         welmo::report::error(nullptr, tr("%1 fail").arg(action));
@@ -113,7 +114,8 @@ void HandleKeys::moveWire(const WireMove &move, bool down)
 void HandleKeys::supplyGas(bool down)
 {
     if (!down && checkWelderState())
-        xservice()->execCommand(nullptr, welmo::arcweld::node(QStringLiteral("gas_flow")));
+        xservice()->execCommand(nullptr, welmo::arcweld::node(QStringLiteral("gas_flow")),
+                                QVariant());
 }
 
 void HandleKeys::jog(QTimer &timer, void (HandleKeys::*step)(), bool down)
@@ -150,9 +152,10 @@ void HandleKeys::switchMode(bool down)
 {
     if (!down || !checkConnected() || !checkWelderState())
         return;
-    const QString current = m(QStringLiteral("welmo.welding_options.weld_mode"))->getString();
-    kelp::ModuleObject payload(QStringLiteral("target_mode"));
-    payload.set(nullptr, QStringLiteral("mode"), welmo::weldmode::next(current));
+    const QString current =
+        m(QStringLiteral("welmo.welding_options.weld_mode"))->getString(QString());
+    kelp::ModuleObject payload(QStringLiteral("target_mode"), nullptr);
+    payload.set(nullptr, QStringLiteral("mode"), welmo::weldmode::next(current), true);
     const QString command = welmo::arcweld::node(QStringLiteral("set_weld_mode"));
     if (xservice()->execCommand(nullptr, command, &payload)->getInt(0) != 0)
         welmo::report::error(nullptr, tr("Switching welding operation mode failed!"));

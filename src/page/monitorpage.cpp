@@ -70,8 +70,8 @@ void MonitorPage::followLink()
         ui->gbxActualValue->setEnabled(connected);
         ui->gbxAdvancedMonitoring->setEnabled(connected);
     };
-    kelp::ModuleObject *leaf = xservice()->mobj()->c(QStringLiteral("connected"), true);
-    leaf->watch();
+    kelp::ModuleObject *leaf = welmo::host::serviceTree()->c(QStringLiteral("connected"), true);
+    leaf->watch(true, false);
     connect(leaf, &kelp::ModuleObject::changed, this,
             [show](const QVariant &value) { show(value.toBool()); });
     show(welmo::arcweld::isConnected());
@@ -100,7 +100,8 @@ kelp::ModuleObject *MonitorPage::localCopy() const
 void MonitorPage::takeOver()
 {
     const kelp::ModuleObject *local = localCopy();
-    if (!m_data || local->isMissing() || local->toVariant() == m_data->toVariant())
+    if (!m_data || welmo::host::isMissing(local)
+        || welmo::host::toVariant(local) == welmo::host::toVariant(m_data.get()))
         return;
     const double current = ui->sbxCurrent->value();
     const double voltage = ui->sbxVoltage->value();
@@ -120,21 +121,23 @@ void MonitorPage::render()
 
 void MonitorPage::onWelderStateChanged(const QVariant &value)
 {
-    kelp::ModuleObject data(QStringLiteral("return.data"));
+    kelp::ModuleObject data(QStringLiteral("return.data"), nullptr);
     data.importFromVariant(this, value, true, true, false);
-    const auto has = [&](const char *key) { return data.hasCmobj(QString::fromLatin1(key)); };
+    const auto has = [&](const char *key) {
+        return data.hasCmobj(QString::fromLatin1(key), false);
+    };
     const auto leaf = [&](const char *key) { return data.r(QString::fromLatin1(key)); };
     if (has("current") && has("voltage")) {
-        ui->lblActualCurrent->setText(QString::number(leaf("current")->getInt()));
-        ui->lblActualVoltage->setText(QString::number(leaf("voltage")->getInt()));
+        ui->lblActualCurrent->setText(QString::number(leaf("current")->getInt(0)));
+        ui->lblActualVoltage->setText(QString::number(leaf("voltage")->getInt(0)));
     }
     if (has("welding_name"))
-        ui->ledtWeldingName->setText(leaf("welding_name")->getString());
+        ui->ledtWeldingName->setText(leaf("welding_name")->getString(QString()));
     if (has("welding_speed"))
-        ui->lblWeldingSpeed->setText(QString::number(leaf("welding_speed")->getInt()));
+        ui->lblWeldingSpeed->setText(QString::number(leaf("welding_speed")->getInt(0)));
     const auto showReal = [&](const char *key, QLabel *label) {
         if (has(key))
-            label->setText(QString::number(leaf(key)->getDouble(), 'g', 6));
+            label->setText(QString::number(leaf(key)->getDouble(0.0), 'g', 6));
     };
     showReal("welding_time", ui->lblWeldingTime);
     showReal("welding_distance", ui->lblWeldingDistance);
@@ -171,7 +174,7 @@ void MonitorPage::onWeldingNameChanged()
     if (welmo::arcweld::readFailed(m_data))
         m_data.reset();
     const auto shown = [this](const char *key) {
-        return m_data ? m_data->r(QString::fromLatin1(key))->getDouble() : 0.0;
+        return m_data ? m_data->r(QString::fromLatin1(key))->getDouble(0.0) : 0.0;
     };
     ui->sbxCurrent->setValue(shown("current"));
     ui->sbxVoltage->setValue(shown("voltage"));
@@ -196,14 +199,14 @@ void MonitorPage::onSaveClicked()
     welmo::report::info(this, tr("save succeed"));
     m_shownCurrent = ui->sbxCurrent->value();
     m_shownVoltage = ui->sbxVoltage->value();
-    if (kelp::ModuleObject *local = localCopy(); !local->isMissing())
-        local->copyFrom(this, m_data.get()); // for the forms that show it
+    if (kelp::ModuleObject *local = localCopy(); !welmo::host::isMissing(local))
+        local->copyFrom(this, m_data.get(), true, true); // for the forms that show it
 }
 
 // A box at its end may stand for a stored value beyond it, which nobody has touched.
 void MonitorPage::take(const QString &key, const QDoubleSpinBox *box)
 {
     const double shown = box->value();
-    if (shown < box->maximum() || m_data->r(key)->getDouble() < shown)
+    if (shown < box->maximum() || m_data->r(key)->getDouble(0.0) < shown)
         m_data->set(this, key, shown, true);
 }

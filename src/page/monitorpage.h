@@ -25,7 +25,7 @@ public:
     ~MonitorPage() override;
 
     void render() override;
-    QWidget *wgt() const override { return m_wgt; }
+    QWidget *wgt() const { return m_wgt; }
 
 public slots:
     void onChangeCurrentClicked();
@@ -51,5 +51,5 @@ private:
     double m_shownCurrent = 0; ///< as read or saved: what differs is trimmed
     double m_shownVoltage = 0;
     QTimer m_overtaken; ///< runs once for all that a form changes at a time
-    XService::Answer m_data; ///< the welding data last read; null when it could not be read
+    welmo::host::Answer m_data; ///< the welding data last read; null when it could not be read
 };

@@ -14,7 +14,7 @@ public:
     BaseSubPage(QWidget *parent, const QString &name, const QString &title, QObject *owner);
     ~BaseSubPage() override;
 
-    QWidget *wgt() const override { return m_wgt; }
+    QWidget *wgt() const { return m_wgt; }
     /// Called each time the sub-page is shown, and when the controller has connected again.
     virtual void initPage() { }
 

@@ -88,12 +88,12 @@ void DevicesSettingPage::initWelderSetting()
     const QVariantList currents{350, 500, 630, 800};
     for (const char *type : {"RL/RPL", "RP/RPH"})
         catalogue({QStringLiteral("Ethercat"), QStringLiteral("Aotai")})
-            ->setList(this, QString::fromLatin1(type), currents);
+            ->setList(this, QString::fromLatin1(type), currents, true);
 }
 
 void DevicesSettingPage::initControl()
 {
-    setSelectionEnabled(!mobj()->r(enableKey)->getBool());
+    setSelectionEnabled(!mobj()->r(enableKey)->getBool(false));
 }
 
 void DevicesSettingPage::initConnect()
@@ -127,35 +127,37 @@ void DevicesSettingPage::loadFromRc()
     if (welmo::arcweld::readFailed(setting))
         return;
     for (const QString &key : textKeys)
-        mobj()->set(this, paramKey(key), setting->r(key)->getString());
-    mobj()->set(this, paramKey(currentKey), setting->r(currentKey)->getInt());
-    mobj()->set(this, enableKey, setting->r(enableKey)->getBool());
+        mobj()->set(this, paramKey(key), setting->r(key)->getString(QString()), true);
+    mobj()->set(this, paramKey(currentKey), setting->r(currentKey)->getInt(0), true);
+    mobj()->set(this, enableKey, setting->r(enableKey)->getBool(false), true);
 }
 
 void DevicesSettingPage::loadFromMobj()
 {
-    const bool on = mobj()->r(enableKey)->getBool();
+    const bool on = mobj()->r(enableKey)->getBool(false);
     setWithoutTriggering(ui->btn_connectSwitch, on);
     setSelectionEnabled(!on);
-    setWithoutTriggering(ui->btn_weatherConnectWelder, mobj()->r(connectKey)->getBool());
+    setWithoutTriggering(ui->btn_weatherConnectWelder, mobj()->r(connectKey)->getBool(false));
     const QList<QComboBox *> combos{ui->cbx_protocol, ui->cbx_brand, ui->cbx_type};
     for (int i = 0; i < combos.size(); ++i) {
-        const int index = combos[i]->findData(mobj()->r(paramKey(textKeys[i]))->getString());
+        const int index =
+            combos[i]->findData(mobj()->r(paramKey(textKeys[i]))->getString(QString()));
         if (index >= 0)
             combos[i]->setCurrentIndex(index);
     }
-    const int current = mobj()->r(paramKey(currentKey))->getInt();
+    const int current = mobj()->r(paramKey(currentKey))->getInt(0);
     ui->cbx_current->setCurrentText(QStringLiteral("%1A").arg(current));
 }
 
 void DevicesSettingPage::storeDeviceParam()
 {
-    mobj()->set(this, enableKey, ui->btn_connectSwitch->isChecked());
-    mobj()->set(this, connectKey, ui->btn_weatherConnectWelder->isChecked());
+    mobj()->set(this, enableKey, ui->btn_connectSwitch->isChecked(), true);
+    mobj()->set(this, connectKey, ui->btn_weatherConnectWelder->isChecked(), true);
     const QList<QComboBox *> combos{ui->cbx_protocol, ui->cbx_brand, ui->cbx_type};
     for (int i = 0; i < combos.size(); ++i)
-        mobj()->set(this, paramKey(textKeys[i]), combos[i]->currentData().toString());
-    mobj()->set(this, paramKey(currentKey), convertCurrentToInt(ui->cbx_current->currentText()));
+        mobj()->set(this, paramKey(textKeys[i]), combos[i]->currentData().toString(), true);
+    mobj()->set(this, paramKey(currentKey), convertCurrentToInt(ui->cbx_current->currentText()),
+                true);
 }
 
 int DevicesSettingPage::convertCurrentToInt(const QString &text)
@@ -166,9 +168,9 @@ int DevicesSettingPage::convertCurrentToInt(const QString &text)
 bool DevicesSettingPage::cmdSetWelder()
 {
     storeDeviceParam();
-    kelp::ModuleObject payload(QStringLiteral("set_device_param"));
-    payload.copyFrom(this, mobj()->r(QStringLiteral("device_param")));
-    payload.set(this, enableKey, mobj()->r(enableKey)->getBool());
+    kelp::ModuleObject payload(QStringLiteral("set_device_param"), nullptr);
+    payload.copyFrom(this, mobj()->r(QStringLiteral("device_param")), true, true);
+    payload.set(this, enableKey, mobj()->r(enableKey)->getBool(false), true);
     const QString command = welmo::arcweld::node(QStringLiteral("set_welder"));
     return xservice()->execCommand(this, command, &payload)->getInt(0) == 0;
 }
@@ -176,7 +178,7 @@ bool DevicesSettingPage::cmdSetWelder()
 void DevicesSettingPage::putBack(EnableButton *button, const QString &key, bool on)
 {
     setWithoutTriggering(button, on);
-    mobj()->set(this, key, on);
+    mobj()->set(this, key, on, true);
 }
 
 void DevicesSettingPage::onEnableChanged(bool on)
@@ -261,9 +263,9 @@ void DevicesSettingPage::onTypeSelectChanged(int index)
 
 void DevicesSettingPage::onWelderStateChanged(const QVariant &value)
 {
-    kelp::ModuleObject returned(QStringLiteral("return_state"));
+    kelp::ModuleObject returned(QStringLiteral("return_state"), nullptr);
     returned.importFromVariant(this, value, true, true, false);
-    const QString state = returned.r(QStringLiteral("state"))->getString();
+    const QString state = returned.r(QStringLiteral("state"))->getString(QString());
     if (state == QLatin1String("ok"))
         putBack(ui->btn_connectSwitch, enableKey, true);
     else if (state == QLatin1String("disabled"))

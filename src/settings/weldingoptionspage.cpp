@@ -246,10 +246,10 @@ void WeldingOptionsPage::onAnticollisionShieldEnableChanged(bool on)
 
 void WeldingOptionsPage::onAnticollisionShieldFinish(const QVariant &state)
 {
-    kelp::ModuleObject returned(QStringLiteral("return_state"));
+    kelp::ModuleObject returned(QStringLiteral("return_state"), nullptr);
     returned.importFromVariant(this, state, true, true, false);
     setButtonEnabledWithoutTriggeringSlot(ui->btn_antiCollisionShield,
-                                          returned.r(QStringLiteral("block"))->getBool());
+                                          returned.r(QStringLiteral("block"))->getBool(false));
 }
 
 void WeldingOptionsPage::setButtonEnabledWithoutTriggeringSlot(EnableButton *button, bool on)

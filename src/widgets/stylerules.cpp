@@ -5,11 +5,13 @@
 #include <tessa/managerhelper.h>
 #include <vu/stylesheet.h>
 
+#include "adapter/hostadapter.h"
+
 namespace welmo {
 
 void applyStyleRules(QWidget *top)
 {
-    auto *theme = tessa::ManagerHelper::instance()->themeManager();
+    auto *theme = host::themeManager();
     setRecursiveWidgetStyleSheet(
         top, theme->genStyleSheet(QStringLiteral(":/welmo/render/sub_page.json")));
 }

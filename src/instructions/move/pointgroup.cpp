@@ -3,8 +3,7 @@
 #include <QPointer>
 #include <algorithm>
 
-#include <tessa/managerhelper.h>
-
+#include "adapter/hostadapter.h"
 #include "data/arcweldservice.h"
 #include "data/report.h"
 #include "instructions/move/pointedit.h"
@@ -76,8 +75,8 @@ void PointGroup::updateLocation()
 {
     // The box runs an event loop; the form may be gone afterwards.
     const QPointer<PointGroup> self(this);
-    const bool agreed = tessa::ManagerHelper::instance()->execMsgOk(
-        tr("Robot position"), tr("Determine the refresh point?"), tr("OK"));
+    const bool agreed = welmo::host::isConfirmed(tr("Robot position"),
+                                                 tr("Determine the refresh point?"), tr("OK"));
     if (!agreed || !self)
         return;
     const auto position = robot::position(m_tool, m_workObject);

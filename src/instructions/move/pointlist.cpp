@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QUuid>
 
+#include "adapter/hostadapter.h"
 #include "data/arcweldservice.h"
 #include "data/report.h"
 
@@ -29,7 +30,7 @@ kelp::ModuleObject *list(const QString &key)
 
 QString nameOf(const kelp::ModuleObject *entry)
 {
-    return entry->r(nameKey)->getString();
+    return entry->r(nameKey)->getString(QString());
 }
 
 const kelp::ModuleObject *entryNamed(const QString &kind, const QString &name)
@@ -47,7 +48,7 @@ const kelp::ModuleObject *entryNamed(const QString &kind, const QString &name)
 // A point is found by its name and kept by its id, so a new one must not meet either.
 QString freeName(const kelp::ModuleObject *present, const QString &wished)
 {
-    kelp::ModuleObject taken(QStringLiteral("taken"));
+    kelp::ModuleObject taken(QStringLiteral("taken"), nullptr);
     const auto entries = present->cmobjs(false);
     for (const kelp::ModuleObject *entry : entries) {
         taken.c(entry->name(), true);
@@ -55,13 +56,13 @@ QString freeName(const kelp::ModuleObject *present, const QString &wished)
     }
     static const QRegularExpression word(QStringLiteral("^\\w+$")); // what a program line can name
     const bool usable = word.match(wished).hasMatch() && !taken.hasCmobj(wished, false);
-    return usable ? wished : kelp::ModuleObject::generateId(&taken);
+    return usable ? wished : taken.generateId(&taken);
 }
 
 void fill(QObject *sender, kelp::ModuleObject *point, const Position &position)
 {
     const auto set = [sender, point](const char *key, const QVariant &value) {
-        point->set(sender, QString::fromLatin1(key), value);
+        point->set(sender, QString::fromLatin1(key), value, true);
     };
     const QString now =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy/MM/dd hh:mm:ss"));
@@ -76,8 +77,9 @@ void fill(QObject *sender, kelp::ModuleObject *point, const Position &position)
     set("related_frame", QStringLiteral("wobj"));
     set("coordinate.user", frame.userFrame);
     set("coordinate.wobj", frame.workObject);
-    writePose(sender, point->set(sender, QStringLiteral("cart.pose.frame"), {}), position.pose);
-    point->setList(sender, QStringLiteral("joint.q"), position.joints);
+    set("cart.pose.frame", {});
+    writePose(sender, point->r(QStringLiteral("cart.pose.frame")), position.pose);
+    point->setList(sender, QStringLiteral("joint.q"), position.joints, true);
 }
 
 // The controller's list, and not the host's copy of it, is what the point is added to: another
@@ -88,10 +90,10 @@ bool addOnController(QObject *sender, const kelp::ModuleObject *present,
     QVariantList items;
     const auto entries = present->cmobjs(false);
     for (const kelp::ModuleObject *entry : entries)
-        items.append(entry->toVariant());
-    items.append(point->toVariant());
-    kelp::ModuleObject whole(pointList);
-    whole.setList(sender, QString(), items);
+        items.append(host::toVariant(entry));
+    items.append(host::toVariant(point));
+    kelp::ModuleObject whole(pointList, nullptr);
+    whole.setList(sender, QString(), items, true);
     return xservice()->set(sender, projectNode, pointList, &whole)->getInt(0) == 0;
 }
 
@@ -112,7 +114,7 @@ std::optional<Point> find(const QString &name)
     if (!entry)
         return {};
     const auto word = [entry](const char *path) {
-        const QString text = entry->r(QString::fromLatin1(path))->getString();
+        const QString text = entry->r(QString::fromLatin1(path))->getString(QString());
         return text.isEmpty() ? PoseFrame::none : text;
     };
     return Point{readPose(entry->r(QStringLiteral("cart.pose.frame"))),
@@ -123,7 +125,8 @@ PoseFrame frameOf(const QString &workObject)
 {
     PoseFrame frame{PoseFrame::none, workObject};
     const kelp::ModuleObject *object = entryNamed(QStringLiteral("wobj"), workObject);
-    const QString own = object ? object->r(QStringLiteral("user_frame"))->getString() : QString();
+    const QString own =
+        object ? object->r(QStringLiteral("user_frame"))->getString(QString()) : QString();
     const kelp::ModuleObject *frames = list(QStringLiteral("user_frame.system_list"));
     const QString builtIn = nameOf(frames->cmobj(0));
     if (!own.isEmpty() && entryNamed(QStringLiteral("user_frame"), own))
@@ -137,7 +140,7 @@ QString add(QObject *sender, const Position &position, const QString &wished)
 {
     const auto present = xservice()->get(sender, projectNode, pointList);
     if (!arcweld::readFailed(present)) {
-        kelp::ModuleObject point(freeName(present.get(), wished));
+        kelp::ModuleObject point(freeName(present.get(), wished), nullptr);
         fill(sender, &point, position);
         if (addOnController(sender, present.get(), &point)) {
             list(pointList)->c(point.name(), true)->copyFrom(sender, &point, true, true);

@@ -12,9 +12,9 @@ const std::array<QString, 6> keys{QStringLiteral("pos.x"),       QStringLiteral(
 
 PoseValues combined(const PoseValues &first, const PoseValues &second)
 {
-    kelp::ModuleObject pose(QStringLiteral("pose"));
-    kelp::ModuleObject relative(QStringLiteral("relative"));
-    kelp::ModuleObject result(QStringLiteral("result"));
+    kelp::ModuleObject pose(QStringLiteral("pose"), nullptr);
+    kelp::ModuleObject relative(QStringLiteral("relative"), nullptr);
+    kelp::ModuleObject result(QStringLiteral("result"), nullptr);
     writePose(nullptr, &pose, first);
     writePose(nullptr, &relative, second);
     vu::calc::toolreltool(&pose, &relative, &result);
@@ -34,7 +34,7 @@ PoseValues readPose(const kelp::ModuleObject *frame)
 void writePose(QObject *sender, kelp::ModuleObject *frame, const PoseValues &values)
 {
     for (size_t i = 0; i < keys.size(); ++i)
-        frame->set(sender, keys[i], values[i]);
+        frame->set(sender, keys[i], values[i], true);
 }
 
 PoseValues offsetPose(const PoseValues &pose, const PoseValues &offset)

@@ -5,6 +5,7 @@
 
 #include <tessa/managerhelper.h>
 
+#include "adapter/hostadapter.h"
 #include "data/arcweldservice.h"
 #include "data/report.h"
 
@@ -25,7 +26,7 @@ struct PointRobot
 
 tessa::ControllerManager *manager()
 {
-    return tessa::ManagerHelper::instance()->controllerManager();
+    return host::controllerManager();
 }
 
 // The command's own request object, which keeps what was set before.
@@ -57,9 +58,9 @@ bool moveTo(const PoseValues &pose, const PoseFrame &frame, const QString &tool,
 {
     kelp::ModuleObject *request = requestOf(moveCommand);
     const auto set = [request](const char *key, const QString &value) {
-        request->set(nullptr, QString::fromLatin1(key), value);
+        request->set(nullptr, QString::fromLatin1(key), value, true);
     };
-    request->set(nullptr, QStringLiteral("cartesian.pose.frame"), {});
+    request->set(nullptr, QStringLiteral("cartesian.pose.frame"), {}, true);
     writePose(nullptr, request->r(QStringLiteral("cartesian.pose.frame")), pose);
     set("movetype", motion == Motion::Joint ? QStringLiteral("joint") : QStringLiteral("linear"));
     set("coordinate.user_frame", frame.userFrame);
@@ -70,7 +71,7 @@ bool moveTo(const PoseValues &pose, const PoseFrame &frame, const QString &tool,
 
 bool stop()
 {
-    requestOf(stopCommand)->set(nullptr, QStringLiteral("stoptype"), stopAtOnce);
+    requestOf(stopCommand)->set(nullptr, QStringLiteral("stoptype"), stopAtOnce, true);
     return send(stopCommand);
 }
 

@@ -19,8 +19,6 @@ public:
 
     QString name() const override { return m_name; }
     QString title() const { return m_title; }
-    /// The page's widget, null for a page that has none.
-    virtual QWidget *wgt() const { return nullptr; }
 
     bool isAvailable() const;
     /// Called when one of the followed conditions changed; the base does nothing.
