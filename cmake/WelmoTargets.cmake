@@ -39,6 +39,8 @@ set(pch_widgets_headers ${pch_core_headers} <QBoxLayout> <QComboBox> <QDoubleSpi
 set(pch_widgets_link Qt5::Widgets)
 set(pch_plugin_headers ${pch_widgets_headers})
 set(pch_plugin_link Qt5::Widgets)
+set(pch_strict_headers ${pch_widgets_headers})
+set(pch_strict_link Qt5::Widgets)
 set(pch_tests_headers <QtTest> ${pch_widgets_headers})
 set(pch_tests_link Qt5::Test Qt5::Widgets Qt5::Network)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
@@ -67,6 +69,8 @@ endfunction()
 function(welmo_quick_to_compile name kind)
     if(kind STREQUAL tests)
         target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
+    elseif(kind STREQUAL strict)
+        target_compile_options(${name} PRIVATE -O0 -g0) # never run
     endif()
 endfunction()
 

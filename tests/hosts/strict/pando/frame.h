@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+namespace pando {
+
+class BModule;
+
+class CenterWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    void addPage(QObject *owner, const QString &key, QWidget *page);
+};
+
+class ExpandSideBar : public QWidget
+{
+    Q_OBJECT
+public:
+    void addPage(QObject *owner, const QString &key, QWidget *page);
+    void switchTo(const QString &key);
+};
+
+class StatusBar : public QWidget
+{
+    Q_OBJECT
+public:
+    void addBeforeItem(QObject *owner, const QString &key, const QString &before, QWidget *item);
+};
+
+} // namespace pando
+
+pando::CenterWidget *instantiatedCenterWidget(pando::BModule *module);
+pando::ExpandSideBar *instantiatedRightExpandSideWidget(pando::BModule *module);

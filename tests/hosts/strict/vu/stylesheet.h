@@ -1,0 +1,6 @@
+#pragma once
+
+class QString;
+class QWidget;
+
+void setRecursiveWidgetStyleSheet(QWidget *, const QString &);
