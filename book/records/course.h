@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QByteArray>
+#include <QVector>
+
+namespace welmo::book {
+
+/// The actual values at one moment of a seam.
+struct Sample
+{
+    double current = 0; ///< A
+    double voltage = 0; ///< V
+    double speed = 0; ///< mm/s
+};
+
+using Samples = QVector<Sample>;
+
+/// Samples at a fixed pace, from the start of the seam on.
+struct Course
+{
+    static constexpr int fullRate = 10; ///< a second, as recorded
+    static constexpr int thinRate = 1; ///< of what is old
+
+    int rate = fullRate; ///< a second
+    Samples samples;
+};
+
+/// The samples in few bytes: tenths, as differences, compressed. Every kept value is within 0.05.
+QByteArray packed(const Samples &samples);
+/// Nothing when the bytes are damaged.
+Samples unpacked(const QByteArray &bytes);
+/// One sample for each @p count: their mean.
+Samples thinned(const Samples &samples, int count);
+
+} // namespace welmo::book

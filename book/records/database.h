@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+#include <memory>
+
+namespace welmo::book {
+
+/// The book's file: SQLite with a write-ahead log and full synchronisation, so that what was
+/// committed stays, whoever is killed. One thread uses a Database; several may be open on a file.
+class Database
+{
+    Q_DECLARE_TR_FUNCTIONS(welmo::book::Database)
+public:
+    enum Access { ReadWrite, ReadOnly };
+
+    /// Opens the file, makes or completes its tables; null with a line in @p problem when it is
+    /// damaged, another program's, of a newer version, or cannot be written.
+    static std::unique_ptr<Database> open(const QString &file, Access access, QString *problem);
+    ~Database();
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+
+    QSqlQuery query() const { return QSqlQuery(m_database); }
+    /// Runs a statement without results; false with errorText().
+    bool run(const QString &sql, const QVariantList &values = {});
+    QVariant value(const QString &sql);
+    /// Runs the query as it is bound; false with errorText().
+    bool run(QSqlQuery &query);
+    /// All that @p work does, or nothing of it where it answers false.
+    template<typename Work>
+    bool atOnce(const Work &work)
+    {
+        if (!m_database.transaction())
+            return fail(m_database.lastError().text());
+        if (work() && m_database.commit())
+            return true;
+        m_database.rollback();
+        return false;
+    }
+    qint64 bytes() const;
+    QString errorText() const { return m_error; }
+
+private:
+    Database() = default;
+    QString openFile(const QString &file, Access access);
+    QString inspect(Access access);
+    bool makeTables();
+    bool addMissingColumns();
+    bool fail(const QString &error);
+
+    QString m_name;
+    QSqlDatabase m_database;
+    QString m_error;
+};
+
+} // namespace welmo::book

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <optional>
+
+#include "book/records/measure.h"
+
+namespace welmo::book {
+
+enum class Verdict {
+    None, ///< nothing was wrong, but there are no limits to hold it to
+    Green,
+    Amber, ///< within the limits, but not without trouble, or near to them
+    Red
+};
+
+/// How a seam ended. The words are kept in the file.
+namespace ending {
+inline const QString regular = QStringLiteral("regular");
+inline const QString stopped = QStringLiteral("stopped"); ///< by hand, before its end
+inline const QString alarm = QStringLiteral("alarm");
+inline const QString linkLost = QStringLiteral("link_lost");
+inline const QString interrupted = QStringLiteral("interrupted"); ///< the recorder itself ended
+} // namespace ending
+
+/// The record of one seam. What a controller does not tell is a null text, no number or line 0.
+struct Seam
+{
+    qint64 id = 0; ///< 0 until it is in the book
+    qint64 started = 0; ///< ms since 1970, UTC
+    int utcOffset = 0; ///< minutes, at the start
+    qint64 duration = 0; ///< ms, by a clock that nobody sets
+    qint64 clockMoved = 0; ///< ms by which the wall clock was set during the seam
+    QString ended; ///< one of ending; null while it is open
+    QString cell;
+    QString program;
+    int line = 0; ///< at the start; counts from 1
+    int lastLine = 0;
+    QString mode; ///< "real", "simu" or "test_run"
+    QString user;
+    QString arconFile, weldFile, arcoffFile;
+    qint64 arconVersion = 0, weldVersion = 0, arcoffVersion = 0; ///< of the files; 0: not known
+    std::optional<double> setCurrent; ///< A
+    std::optional<double> setVoltage; ///< V
+    std::optional<double> setSpeed; ///< mm/s
+    Spread current; ///< A
+    Spread voltage; ///< V
+    Spread speed; ///< mm/s
+    double arcTime = 0; ///< s
+    double length = 0; ///< mm
+    std::optional<double> wire; ///< m
+    std::optional<double> gasTime; ///< s
+    std::optional<double> arcEnergy; ///< kJ/mm
+    std::optional<double> heatInput; ///< kJ/mm
+    double efficiency = 0; ///< thermal efficiency, heat input : arc energy
+    int restrikes = 0;
+    int interruptions = 0;
+    QString alarm;
+    Verdict verdict = Verdict::None;
+    QString reason; ///< words of reason::, separated by blanks
+
+    bool isOpen() const { return ended.isEmpty(); }
+    bool isReal() const { return mode.isEmpty() || mode == QLatin1String("real"); }
+    QDateTime startedAt() const
+    {
+        return QDateTime::fromMSecsSinceEpoch(started, Qt::OffsetFromUTC, utcOffset * 60);
+    }
+    QDateTime endedAt() const { return startedAt().addMSecs(duration); }
+};
+
+} // namespace welmo::book

@@ -1,0 +1,296 @@
+#include "book/records/seambook.h"
+
+#include <algorithm>
+
+#include "book/records/columns.h"
+#include "book/records/limitsjson.h"
+#include "book/records/seamrecorder.h"
+
+namespace welmo::book {
+
+namespace {
+
+QString columnNames()
+{
+    QStringList names;
+    for (const Column &column : seamColumns())
+        names.append(column.name);
+    return names.join(QLatin1String(", "));
+}
+
+struct Where
+{
+    QString sql;
+    QVariantList values;
+
+    void add(const QString &condition, const QVariant &value)
+    {
+        sql += (sql.isEmpty() ? QLatin1String(" WHERE ") : QLatin1String(" AND ")) + condition;
+        values.append(value);
+    }
+};
+
+Where whereOf(const Filter &filter)
+{
+    Where where;
+    if (filter.from > 0)
+        where.add(QStringLiteral("started >= ?"), filter.from);
+    if (filter.until > 0)
+        where.add(QStringLiteral("started < ?"), filter.until);
+    if (!filter.program.isEmpty())
+        where.add(QStringLiteral("program = ?"), filter.program);
+    if (!filter.file.isEmpty())
+        where.add(QStringLiteral("weld_file = ?"), filter.file);
+    if (filter.verdict)
+        where.add(QStringLiteral("verdict = ?"), static_cast<int>(*filter.verdict));
+    if (filter.realOnly)
+        where.add(QStringLiteral("ifnull(mode, ?) = 'real'"), QStringLiteral("real"));
+    return where;
+}
+
+} // namespace
+
+bool SeamBook::begin(Seam *seam)
+{
+    QStringList marks;
+    QVariantList values;
+    for (const Column &column : seamColumns()) {
+        marks.append(QStringLiteral("?"));
+        values.append(column.get(*seam));
+    }
+    QSqlQuery insert = m_database->query();
+    insert.prepare(QStringLiteral("INSERT INTO seam (%1) VALUES (%2)")
+                       .arg(columnNames(), marks.join(QLatin1Char(','))));
+    for (const QVariant &value : qAsConst(values))
+        insert.addBindValue(value);
+    if (!m_database->run(insert))
+        return false;
+    seam->id = insert.lastInsertId().toLongLong();
+    return true;
+}
+
+bool SeamBook::append(qint64 seam, const Samples &more)
+{
+    return m_database->run(
+        QStringLiteral("INSERT INTO course (seam, part, data) SELECT ?,"
+                       " ifnull(max(part), 0) + 1, ? FROM course WHERE seam = ?"),
+        {seam, packed(more), seam});
+}
+
+bool SeamBook::finish(const Seam &seam)
+{
+    return m_database->atOnce([&] {
+        int parts = 0;
+        const Samples all = samples(seam.id, &parts);
+        return store(seam) && (parts < 2 || replaceCourse(seam.id, all, Course::fullRate));
+    });
+}
+
+int SeamBook::closeInterrupted()
+{
+    QSqlQuery query = m_database->query();
+    query.prepare(QStringLiteral("SELECT id, %1 FROM seam WHERE ended IS NULL").arg(columnNames()));
+    if (!m_database->run(query))
+        return -1;
+    const QVector<Seam> open = read(query);
+    for (Seam seam : open) {
+        completeFromCourse(&seam, samples(seam.id));
+        seam.ended = ending::interrupted;
+        Judge(limits(seam.weldFile)).conclude(&seam);
+        if (!finish(seam))
+            return -1;
+    }
+    return open.size();
+}
+
+bool SeamBook::store(const Seam &seam)
+{
+    QStringList settings;
+    QVariantList values;
+    for (const Column &column : seamColumns()) {
+        settings.append(column.name + QLatin1String(" = ?"));
+        values.append(column.get(seam));
+    }
+    values.append(seam.id);
+    return m_database->run(
+        QStringLiteral("UPDATE seam SET %1 WHERE id = ?").arg(settings.join(QLatin1String(", "))),
+        values);
+}
+
+bool SeamBook::replaceCourse(qint64 seam, const Samples &samples, int rate)
+{
+    return m_database->run(QStringLiteral("DELETE FROM course WHERE seam = ?"), {seam})
+        && m_database->run(QStringLiteral("INSERT INTO course VALUES (?, 1, ?)"),
+                           {seam, packed(samples)})
+        && m_database->run(QStringLiteral("UPDATE seam SET course_rate = ? WHERE id = ?"),
+                           {rate, seam});
+}
+
+QVector<Seam> SeamBook::read(QSqlQuery &query)
+{
+    QVector<Seam> seams;
+    while (query.next()) {
+        Seam seam;
+        int column = 0;
+        seam.id = query.value(column++).toLongLong();
+        for (const Column &entry : seamColumns())
+            entry.set(seam, query.value(column++));
+        seams.append(seam);
+    }
+    return seams;
+}
+
+QVector<Seam> SeamBook::list(const Filter &filter, int limit, int offset)
+{
+    const Where where = whereOf(filter);
+    QSqlQuery query = m_database->query();
+    query.setForwardOnly(true);
+    query.prepare(QStringLiteral("SELECT id, %1 FROM seam%2 ORDER BY started DESC, id DESC"
+                                 " LIMIT %3 OFFSET %4")
+                      .arg(columnNames(), where.sql)
+                      .arg(limit)
+                      .arg(offset));
+    for (const QVariant &value : where.values)
+        query.addBindValue(value);
+    return m_database->run(query) ? read(query) : QVector<Seam>();
+}
+
+int SeamBook::count(const Filter &filter)
+{
+    const Where where = whereOf(filter);
+    QSqlQuery query = m_database->query();
+    query.prepare(QStringLiteral("SELECT count(*) FROM seam") + where.sql);
+    for (const QVariant &value : where.values)
+        query.addBindValue(value);
+    return m_database->run(query) && query.next() ? query.value(0).toInt() : 0;
+}
+
+std::optional<Seam> SeamBook::seam(qint64 id)
+{
+    QSqlQuery query = m_database->query();
+    query.prepare(QStringLiteral("SELECT id, %1 FROM seam WHERE id = ?").arg(columnNames()));
+    query.addBindValue(id);
+    const QVector<Seam> found = m_database->run(query) ? read(query) : QVector<Seam>();
+    return found.isEmpty() ? std::nullopt : std::optional<Seam>(found.first());
+}
+
+Samples SeamBook::samples(qint64 seam, int *parts)
+{
+    QSqlQuery query = m_database->query();
+    query.prepare(QStringLiteral("SELECT data FROM course WHERE seam = ? ORDER BY part"));
+    query.addBindValue(seam);
+    Samples all;
+    int count = 0;
+    if (m_database->run(query)) {
+        for (; query.next(); ++count)
+            all += unpacked(query.value(0).toByteArray());
+    }
+    if (parts)
+        *parts = count;
+    return all;
+}
+
+Course SeamBook::course(qint64 seam)
+{
+    const int rate =
+        m_database->value(QStringLiteral("SELECT course_rate FROM seam WHERE id = %1").arg(seam))
+            .toInt();
+    return {rate > 0 ? rate : Course::fullRate, samples(seam)};
+}
+
+// Through the index from name to name, and not over every record.
+QStringList SeamBook::distinct(const QString &column)
+{
+    QSqlQuery query = m_database->query();
+    query.prepare(QStringLiteral("WITH RECURSIVE name(n) AS (SELECT min(%1) FROM seam UNION ALL"
+                                 " SELECT (SELECT min(%1) FROM seam WHERE %1 > n) FROM name"
+                                 " WHERE n IS NOT NULL) SELECT n FROM name WHERE n IS NOT NULL")
+                      .arg(column));
+    QStringList names;
+    if (m_database->run(query)) {
+        while (query.next())
+            names.append(query.value(0).toString());
+    }
+    return names;
+}
+
+QStringList SeamBook::programs()
+{
+    return distinct(QStringLiteral("program"));
+}
+
+QStringList SeamBook::files()
+{
+    return distinct(QStringLiteral("weld_file"));
+}
+
+Limits SeamBook::limits(const QString &file)
+{
+    QSqlQuery query = m_database->query();
+    query.prepare(QStringLiteral("SELECT content FROM limits WHERE file = ?"));
+    query.addBindValue(file);
+    const bool found = m_database->run(query) && query.next();
+    return limitsFromJson(file, found ? query.value(0).toByteArray() : QByteArray());
+}
+
+QVector<Limits> SeamBook::allLimits()
+{
+    QSqlQuery query = m_database->query();
+    query.prepare(QStringLiteral("SELECT file, content FROM limits"));
+    QVector<Limits> all;
+    if (m_database->run(query)) {
+        while (query.next())
+            all.append(limitsFromJson(query.value(0).toString(), query.value(1).toByteArray()));
+    }
+    return all;
+}
+
+bool SeamBook::setLimits(const Limits &limits)
+{
+    if (!limits.areSet())
+        return m_database->run(QStringLiteral("DELETE FROM limits WHERE file = ?"), {limits.file});
+    return m_database->run(QStringLiteral("INSERT OR REPLACE INTO limits VALUES (?, ?)"),
+                           {limits.file, QString::fromUtf8(toJson(limits))});
+}
+
+int SeamBook::thin(qint64 olderThan, qint64 bytes, int most)
+{
+    const qint64 pages = m_database->value(QStringLiteral("PRAGMA page_count")).toLongLong()
+        - m_database->value(QStringLiteral("PRAGMA freelist_count")).toLongLong();
+    const qint64 size = pages * m_database->value(QStringLiteral("PRAGMA page_size")).toLongLong();
+    QSqlQuery query = m_database->query();
+    query.prepare(QStringLiteral("SELECT id FROM seam WHERE course_rate = %1 AND ended IS NOT NULL"
+                                 " AND (started < ? OR ?) ORDER BY started LIMIT %2")
+                      .arg(Course::fullRate)
+                      .arg(most));
+    query.addBindValue(olderThan);
+    query.addBindValue(size > bytes);
+    QVector<qint64> due;
+    if (m_database->run(query)) {
+        while (query.next())
+            due.append(query.value(0).toLongLong());
+    }
+    const bool done = m_database->atOnce([&] {
+        return std::all_of(due.begin(), due.end(), [this](qint64 id) {
+            const Samples few = thinned(samples(id), Course::fullRate / Course::thinRate);
+            return replaceCourse(id, few, Course::thinRate);
+        });
+    });
+    return done ? due.size() : 0;
+}
+
+QString SeamBook::setting(const QString &name)
+{
+    QSqlQuery query = m_database->query();
+    query.prepare(QStringLiteral("SELECT value FROM setting WHERE name = ?"));
+    query.addBindValue(name);
+    return m_database->run(query) && query.next() ? query.value(0).toString() : QString();
+}
+
+bool SeamBook::setSetting(const QString &name, const QString &value)
+{
+    return m_database->run(QStringLiteral("INSERT OR REPLACE INTO setting VALUES (?, ?)"),
+                           {name, value});
+}
+
+} // namespace welmo::book

@@ -1,0 +1,309 @@
+#include "book/records/seamrecorder.h"
+
+#include <QDateTime>
+#include <chrono>
+#include <cmath>
+
+namespace welmo::book {
+
+namespace {
+
+constexpr int msPerSample = 1000 / Course::fullRate;
+constexpr double secondsPerSample = 1.0 / Course::fullRate;
+constexpr int samplesToSend = Course::fullRate; // a second's worth
+constexpr qint64 mostMissed = 600;
+// How long a seam may be quiet before it is over: with phases until the program was heard as well,
+// without them until the arc would have been struck again.
+constexpr qint64 settleMs = 300;
+constexpr qint64 arcOutMs = 1000;
+constexpr qint64 clockSlackMs = 2000;
+
+const QString phaseKey = QStringLiteral("phase");
+const QString welding = QStringLiteral("welding");
+const QString ignition = QStringLiteral("ignition");
+const QString crater = QStringLiteral("crater");
+const QString postFlow = QStringLiteral("post_flow");
+const QString idle = QStringLiteral("idle");
+const QString errorState = QStringLiteral("error");
+const QString paused = QStringLiteral("paused");
+
+double growth(double before, double now)
+{
+    return now >= before ? now - before : now; // counted from 0 again
+}
+
+void addEnergy(Seam *seam, double joule)
+{
+    if (seam->length <= 0 || seam->arcTime <= 0)
+        return;
+    seam->arcEnergy = joule / 1000 / seam->length;
+    seam->heatInput = seam->efficiency * *seam->arcEnergy;
+}
+
+} // namespace
+
+Moment Moment::now()
+{
+    const QDateTime local = QDateTime::currentDateTime();
+    const auto steady = std::chrono::steady_clock::now().time_since_epoch();
+    return {local.toMSecsSinceEpoch(), local.offsetFromUtc() / 60,
+            std::chrono::duration_cast<std::chrono::milliseconds>(steady).count()};
+}
+
+void SeamRecorder::tellWelder(const QVariantMap &news, const Moment &now)
+{
+    const QString before = m_phase;
+    m_actual.current = news.value(QStringLiteral("current"), m_actual.current).toDouble();
+    m_actual.voltage = news.value(QStringLiteral("voltage"), m_actual.voltage).toDouble();
+    m_actual.speed = news.value(QStringLiteral("welding_speed"), m_actual.speed).toDouble();
+    m_state = news.value(QStringLiteral("state"), m_state).toString();
+    m_tellsPhase = m_tellsPhase || news.contains(phaseKey);
+    m_phase = news.value(phaseKey, m_phase).toString();
+    const QString fileBefore = m_file;
+    m_file = news.value(QStringLiteral("welding_name"), m_file).toString();
+
+    const bool begins = isUnderWay() && (!m_open || (m_quietSince >= 0 && !m_wasPaused));
+    if (begins && (!m_open || m_tellsPhase)) {
+        close(howItEnded(), now);
+        open(now);
+    }
+    takeCounters(news);
+    if (!m_open)
+        return;
+    if (m_phase != before || begins)
+        followPhase(begins ? QString() : before);
+    if (m_file != fileBefore || begins)
+        followFile(m_file);
+    if (isUnderWay())
+        m_quietSince = -1;
+    else if (m_quietSince < 0)
+        m_quietSince = now.steady;
+    if (burns() && m_firstSample < 0)
+        m_firstSample = now.steady;
+}
+
+bool SeamRecorder::isUnderWay() const
+{
+    return m_tellsPhase ? m_phase != idle && !m_phase.isEmpty() : burns();
+}
+
+void SeamRecorder::takeCounters(const QVariantMap &news)
+{
+    const auto take = [&](const QString &key, bool *told, double *last) {
+        if (!news.contains(key))
+            return 0.0;
+        const double now = news.value(key).toDouble();
+        const double more = *told ? growth(*last, now) : 0;
+        *told = true;
+        *last = now;
+        return more;
+    };
+    m_seam.length += take(QStringLiteral("welding_distance"), &m_tellsDistance, &m_distance);
+    const double wire = take(QStringLiteral("welding_wire_used"), &m_tellsWire, &m_wire);
+    if (m_tellsWire)
+        m_seam.wire = m_seam.wire.value_or(0) + wire;
+}
+
+void SeamRecorder::followPhase(const QString &before)
+{
+    if (m_phase == ignition && before == welding)
+        ++m_seam.restrikes;
+    m_sawEnd = m_sawEnd || m_phase == crater;
+    if (m_phase == ignition || m_phase == welding)
+        m_wasPaused = false;
+}
+
+// The set is known by the name: a file name is its set's prefix and a number.
+void SeamRecorder::followFile(const QString &file)
+{
+    const FileInUse use = fileInUse && !file.isEmpty() ? fileInUse(file) : FileInUse{};
+    if (file.startsWith(QLatin1String("arconda"))) {
+        m_seam.arconFile = file;
+        m_seam.arconVersion = use.version;
+    } else if (file.startsWith(QLatin1String("arcoff"))) {
+        m_seam.arcoffFile = file;
+        m_seam.arcoffVersion = use.version;
+        m_sawEnd = true;
+    } else if (file.startsWith(QLatin1String("arcdata"))) {
+        if (m_seam.weldFile != file && limitsOf)
+            m_judge = Judge(m_seam.isReal() ? limitsOf(file) : Limits{});
+        m_seam.weldFile = file;
+        m_seam.weldVersion = use.version;
+        m_seam.setCurrent = use.current;
+        m_seam.setVoltage = use.voltage;
+        m_seam.setSpeed = use.speed;
+    }
+}
+
+void SeamRecorder::tellProgram(const QVariantMap &news)
+{
+    for (auto it = news.begin(); it != news.end(); ++it)
+        m_program.insert(it.key(), it.value());
+    if (!m_open)
+        return;
+    const QString state = m_program.value(QStringLiteral("state")).toString();
+    const int line = m_program.value(QStringLiteral("line")).toInt();
+    if (line > 0)
+        m_seam.lastLine = line;
+    if (state == paused && !m_wasPaused) {
+        m_wasPaused = true;
+        ++m_seam.interruptions;
+    }
+    if (state == errorState)
+        m_seam.alarm = m_program.value(QStringLiteral("message")).toString();
+}
+
+void SeamRecorder::tellLink(bool up, const Moment &now)
+{
+    if (up)
+        return;
+    close(ending::linkLost, now);
+    m_phase.clear(); // what comes up again tells it anew
+    m_actual = {};
+}
+
+void SeamRecorder::open(const Moment &now)
+{
+    m_seam = {};
+    m_seam.started = now.wall;
+    m_seam.utcOffset = now.utcOffset;
+    m_seam.cell = m_cell;
+    m_seam.user = m_user;
+    m_seam.mode = m_mode;
+    m_seam.efficiency = m_efficiency;
+    const QString state = m_program.value(QStringLiteral("state")).toString();
+    if (state == QLatin1String("running") || state == paused) {
+        m_seam.program = m_program.value(QStringLiteral("name")).toString();
+        m_seam.line = m_seam.lastLine = m_program.value(QStringLiteral("line")).toInt();
+    }
+    m_judge = Judge();
+    m_start = now;
+    m_firstSample = m_quietSince = -1;
+    m_sawEnd = m_wasPaused = m_gap = false;
+    m_samples = m_burning = 0;
+    m_energy = m_travelled = 0;
+    m_current = m_voltage = m_speed = {};
+    m_unsent.clear();
+    m_open = true;
+    m_sink->opened(m_seam);
+}
+
+void SeamRecorder::tick(const Moment &now)
+{
+    if (!m_open)
+        return;
+    noteClock(now);
+    if (m_firstSample >= 0) {
+        const bool counts = m_quietSince < 0 && m_phase != postFlow;
+        const qint64 due = (now.steady - m_firstSample) / msPerSample - m_samples;
+        for (qint64 i = counts ? qMin(due, mostMissed) : 0; i > 0; --i)
+            takeSample();
+        if (!counts || due > mostMissed) // what is left out does not stretch the course
+            m_firstSample = now.steady - m_samples * qint64(msPerSample);
+    }
+    if (m_unsent.size() >= samplesToSend)
+        flush();
+    settle(now);
+}
+
+void SeamRecorder::takeSample()
+{
+    ++m_samples;
+    m_unsent.append(m_actual);
+    m_travelled += m_actual.speed * secondsPerSample;
+    const bool within = !m_tellsPhase || m_phase == welding;
+    if (within && !burns() && !m_gap)
+        ++m_seam.interruptions;
+    m_gap = within && !burns();
+    if (!burns())
+        return;
+    ++m_burning;
+    m_energy += m_actual.voltage * m_actual.current * secondsPerSample;
+    if (within)
+        judgeSample();
+}
+
+void SeamRecorder::judgeSample()
+{
+    m_current.add(m_actual.current);
+    m_voltage.add(m_actual.voltage);
+    m_speed.add(m_actual.speed);
+    if (const BandRow *left = m_judge.take(m_actual))
+        m_sink->exceeded(m_seam, *left, m_actual.*left->sample);
+}
+
+void SeamRecorder::noteClock(const Moment &now)
+{
+    const qint64 moved = (now.wall - m_start.wall) - (now.steady - m_start.steady);
+    if (std::abs(moved) > clockSlackMs)
+        m_seam.clockMoved = moved;
+}
+
+void SeamRecorder::settle(const Moment &now)
+{
+    if (m_quietSince < 0 || now.steady - m_quietSince < (m_tellsPhase ? settleMs : arcOutMs))
+        return;
+    if (m_program.value(QStringLiteral("state")) != paused)
+        close(howItEnded(), now);
+}
+
+QString SeamRecorder::howItEnded() const
+{
+    if (!m_seam.alarm.isEmpty() || m_state == errorState)
+        return ending::alarm;
+    return m_sawEnd || !m_tellsPhase ? ending::regular : ending::stopped;
+}
+
+void SeamRecorder::close(const QString &how, const Moment &now)
+{
+    if (!m_open)
+        return;
+    m_open = false;
+    noteClock(now);
+    m_seam.ended = how;
+    m_seam.duration = (m_quietSince >= 0 ? m_quietSince : now.steady) - m_start.steady;
+    if (how == ending::alarm && m_seam.alarm.isEmpty())
+        m_seam.alarm = QStringLiteral("welder state error");
+    m_seam.current = m_current.spread();
+    m_seam.voltage = m_voltage.spread();
+    m_seam.speed = m_speed.spread();
+    m_seam.arcTime = m_burning * secondsPerSample;
+    if (!m_tellsDistance)
+        m_seam.length = m_travelled;
+    if (m_tellsPhase)
+        m_seam.gasTime = m_seam.duration / 1000.0;
+    addEnergy(&m_seam, m_energy);
+    m_judge.conclude(&m_seam);
+    flush();
+    m_sink->closed(m_seam);
+}
+
+void SeamRecorder::flush()
+{
+    if (!m_unsent.isEmpty())
+        m_sink->sampled(std::exchange(m_unsent, {}));
+}
+
+void completeFromCourse(Seam *seam, const Samples &samples)
+{
+    Statistics current, voltage, speed;
+    double joule = 0;
+    seam->length = 0;
+    for (const Sample &sample : samples) {
+        seam->length += sample.speed * secondsPerSample;
+        if (sample.current < SeamRecorder::burningFrom)
+            continue;
+        current.add(sample.current);
+        voltage.add(sample.voltage);
+        speed.add(sample.speed);
+        joule += sample.current * sample.voltage * secondsPerSample;
+    }
+    seam->current = current.spread();
+    seam->voltage = voltage.spread();
+    seam->speed = speed.spread();
+    seam->arcTime = current.count() * secondsPerSample;
+    seam->duration = samples.size() * qint64(msPerSample);
+    addEnergy(seam, joule);
+}
+
+} // namespace welmo::book

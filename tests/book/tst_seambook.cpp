@@ -1,0 +1,260 @@
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "book/records/bookthread.h"
+#include "controller/recordeddisk.h"
+
+using namespace welmo::book;
+
+Q_DECLARE_METATYPE(RecordedDisk::Cut)
+
+namespace {
+
+std::unique_ptr<SeamBook> openBook(const QString &file)
+{
+    QString problem;
+    auto database = Database::open(file, Database::ReadWrite, &problem);
+    if (!database)
+        qFatal("%s", qPrintable(problem));
+    return std::make_unique<SeamBook>(std::move(database));
+}
+
+Seam seamAt(qint64 started, const QString &program = "a.tl")
+{
+    Seam seam;
+    seam.started = started;
+    seam.program = program;
+    seam.weldFile = "arcdata1";
+    seam.efficiency = 0.8;
+    return seam;
+}
+
+Samples samplesOf(int count, double current)
+{
+    return Samples(count, Sample{current, 20.5, 6});
+}
+
+struct Acknowledged
+{
+    int at; ///< operations of the disk at the time
+    qint64 records;
+    qint64 finished;
+    int samples;
+};
+
+} // namespace
+
+/// What is kept, and what is left of it when the power goes.
+class tst_SeamBook : public QObject
+{
+    Q_OBJECT
+private slots:
+    void aRecordComesBackAsItWas()
+    {
+        const QTemporaryDir folder;
+        Seam seam = seamAt(1700000000123);
+        {
+            const auto book = openBook(folder.filePath("book.db"));
+            QVERIFY(book->begin(&seam));
+            for (int i = 0; i < 3; ++i)
+                QVERIFY(book->append(seam.id, samplesOf(10, 100 + i)));
+            seam.ended = ending::alarm;
+            seam.alarm = QString::fromUtf8("电弧 broke");
+            seam.wire = 1.25;
+            seam.voltage = {20, 19, 21, 0.5};
+            seam.verdict = Verdict::Red;
+            QVERIFY(book->finish(seam));
+        }
+        const auto book = openBook(folder.filePath("book.db"));
+        const auto kept = book->seam(seam.id);
+        QVERIFY(kept);
+        QCOMPARE(kept->alarm, seam.alarm);
+        QCOMPARE(*kept->wire, 1.25);
+        QVERIFY(!kept->heatInput);
+        QCOMPARE(kept->voltage.deviation, 0.5);
+        const Course course = book->course(seam.id);
+        QCOMPARE(course.samples.size(), 30);
+        QCOMPARE(course.samples[29].current, 102.0);
+        QCOMPARE(course.samples[0].voltage, 20.5);
+    }
+    void filters()
+    {
+        const QTemporaryDir folder;
+        const auto book = openBook(folder.filePath("book.db"));
+        for (int i = 0; i < 10; ++i) {
+            Seam seam = seamAt(1000 * (i + 1), i % 2 ? "b.tl" : "a.tl");
+            seam.verdict = i == 4 ? Verdict::Red : Verdict::Green;
+            seam.mode = i == 5 ? "simu" : "real";
+            QVERIFY(book->begin(&seam));
+        }
+        const auto count = [&](const Filter &filter) { return book->count(filter); };
+        QCOMPARE(count({}), 10);
+        Filter filter;
+        filter.from = 3000;
+        filter.until = 6000; // a day that ends as the next one begins
+        QCOMPARE(count(filter), 3);
+        filter = {};
+        filter.program = "b.tl";
+        filter.realOnly = true;
+        QCOMPARE(count(filter), 4);
+        QCOMPARE(book->list(filter, 2).first().started, 10000);
+        filter = {};
+        filter.verdict = Verdict::Red;
+        QCOMPARE(book->list(filter).first().started, 5000);
+        QCOMPARE(book->programs(), QStringList({"a.tl", "b.tl"}));
+    }
+    void oldCoursesAreThinnedAndRecordsStay()
+    {
+        const QTemporaryDir folder;
+        const auto book = openBook(folder.filePath("book.db"));
+        for (const qint64 started : {1000, 2000, 3000}) {
+            Seam seam = seamAt(started);
+            QVERIFY(book->begin(&seam));
+            QVERIFY(book->append(seam.id, samplesOf(25, 100)));
+            seam.ended = ending::regular;
+            QVERIFY(book->finish(seam));
+        }
+        QCOMPARE(book->thin(2000, 1 << 30), 1);
+        QCOMPARE(book->course(1).samples.size(), 3);
+        QCOMPARE(book->course(1).rate, Course::thinRate);
+        QCOMPARE(book->course(2).samples.size(), 25);
+        QCOMPARE(book->thin(2000, 1 << 30), 0);
+        QCOMPARE(book->thin(0, 0), 2); // too large: the oldest first, whatever their age
+        QCOMPARE(book->count({}), 3);
+    }
+    void foreignFilesAreLeftAlone_data()
+    {
+        QTest::addColumn<QByteArray>("sql");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("of another program")
+            << QByteArray("CREATE TABLE a (b)") << "belongs to another program";
+        QTest::newRow("of a newer version")
+            << QByteArray("PRAGMA application_id=2003591787; PRAGMA user_version=99; "
+                          "CREATE TABLE a (b)")
+            << "newer version";
+    }
+    void foreignFilesAreLeftAlone()
+    {
+        QFETCH(QByteArray, sql);
+        QFETCH(QString, told);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("book.db");
+        {
+            QSqlDatabase other = QSqlDatabase::addDatabase("QSQLITE", "other");
+            other.setDatabaseName(file);
+            QVERIFY(other.open());
+            for (const QByteArray &part : sql.split(';'))
+                other.exec(part);
+        }
+        QSqlDatabase::removeDatabase("other");
+        QFile content(file);
+        QVERIFY(content.open(QIODevice::ReadOnly));
+        const QByteArray before = content.readAll();
+        QString problem;
+        QVERIFY(!Database::open(file, Database::ReadWrite, &problem));
+        QVERIFY2(problem.contains(told) && problem.contains("book.db"), qPrintable(problem));
+        QVERIFY(content.seek(0));
+        QCOMPARE(content.readAll(), before);
+    }
+    void cutAnywhere_data()
+    {
+        QTest::addColumn<RecordedDisk::Cut>("cut");
+        QTest::newRow("process killed") << RecordedDisk::Killed;
+        QTest::newRow("power lost") << RecordedDisk::PowerLost;
+        QTest::newRow("power lost, writes out of order") << RecordedDisk::Reordered;
+    }
+    // The recorder ends before any of its writes: what was acknowledged is there, what was open is
+    // closed as interrupted with its course so far.
+    void cutAnywhere()
+    {
+        QFETCH(RecordedDisk::Cut, cut);
+        RecordedDisk disk;
+        const QVector<Acknowledged> steps = weldTwice(&disk);
+        const auto operations = disk.operations();
+        QVERIFY(operations.size() > 30);
+        for (int end = steps.first().at; end <= operations.size(); ++end) {
+            const QTemporaryDir folder;
+            RecordedDisk::rebuild(folder.path(), operations, end, cut);
+            const auto book = openBook(folder.filePath("book.db"));
+            QVERIFY(book->closeInterrupted() >= 0);
+            const auto after = std::find_if(steps.begin(), steps.end(),
+                                            [&](const auto &step) { return step.at > end; });
+            const Acknowledged &least = *(after - 1);
+            const QVector<Seam> seams = book->list({});
+            QVERIFY2(seams.size() >= least.records, qPrintable(QString("cut at %1").arg(end)));
+            int finished = 0;
+            int samples = 0;
+            for (const Seam &seam : seams) {
+                finished += seam.ended == ending::regular;
+                samples += book->course(seam.id).samples.size();
+                QVERIFY(!seam.isOpen());
+                QVERIFY(seam.ended == ending::regular
+                        || seam.arcTime * 10 == book->course(seam.id).samples.size());
+            }
+            QVERIFY(finished >= least.finished);
+            QVERIFY(samples >= least.samples);
+        }
+    }
+    void aDiskThatRefusesIsToldAndTheBookGoesOn()
+    {
+        RecordedDisk disk;
+        const QTemporaryDir folder;
+        const auto book = openBook(folder.filePath("book.db"));
+        Seam seam = seamAt(1000);
+        QVERIFY(book->begin(&seam));
+        disk.start(0);
+        QVERIFY(!book->append(seam.id, samplesOf(10, 100)));
+        QVERIFY(!book->errorText().isEmpty());
+        QVERIFY(book->append(seam.id, samplesOf(10, 100)));
+        QCOMPARE(book->course(seam.id).samples.size(), 10);
+    }
+    void aFullQueueDropsWhatMayBeDropped()
+    {
+        const QTemporaryDir folder;
+        QSemaphore gate;
+        int done = 0;
+        {
+            BookThread thread(folder.filePath("book.db"), Database::ReadWrite);
+            thread.post([&](SeamBook &) { gate.acquire(); });
+            for (int i = 0; i < BookThread::capacity + 5; ++i)
+                thread.post([&](SeamBook &) { ++done; }, BookThread::MayBeDropped);
+            QCOMPARE(thread.dropped(), 5);
+            QVERIFY(thread.post([&](SeamBook &) { ++done; }));
+            gate.release();
+        }
+        QCOMPARE(done, BookThread::capacity + 1);
+    }
+
+private:
+    static QVector<Acknowledged> weldTwice(RecordedDisk *disk)
+    {
+        const QTemporaryDir folder;
+        const auto book = openBook(folder.filePath("book.db"));
+        QVector<Acknowledged> steps{{disk->operations().size(), 0, 0, 0}};
+        const auto acknowledge = [&](int records, int finished, int samples) {
+            Acknowledged step = steps.last();
+            steps.append({disk->operations().size(), step.records + records,
+                          step.finished + finished, step.samples + samples});
+        };
+        for (int i = 0; i < 2; ++i) {
+            Seam seam = seamAt(1000 * i);
+            if (!book->begin(&seam))
+                qFatal("the book does not work at all");
+            acknowledge(1, 0, 0);
+            for (int part = 0; part < 3; ++part) {
+                if (!book->append(seam.id, samplesOf(10, 150 + part)))
+                    qFatal("the book does not work at all");
+                acknowledge(0, 0, 10);
+            }
+            seam.ended = ending::regular;
+            if (!book->finish(seam))
+                qFatal("the book does not work at all");
+            acknowledge(0, 1, 0);
+        }
+        return steps;
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SeamBook)
+#include "tst_seambook.moc"

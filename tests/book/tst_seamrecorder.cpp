@@ -1,0 +1,221 @@
+#include <QtTest>
+
+#include "seams.h"
+
+using namespace welmo::book;
+using testsupport::Workshop;
+
+namespace {
+
+Limits currentLimits()
+{
+    Limits limits;
+    limits.file = "arcdata1";
+    limits.current = {170, 190};
+    return limits;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(std::function<void(Workshop &)>)
+
+/// What the recorder makes of what a controller tells.
+class tst_SeamRecorder : public QObject
+{
+    Q_OBJECT
+private slots:
+    void aSeamTellsWhatWasWelded()
+    {
+        Workshop shop;
+        shop.recorder.setMode("real");
+        shop.recorder.fileInUse = [](const QString &) { return FileInUse{7, 175, 19, 6}; };
+        shop.recorder.tellProgram({{"name", "vgroove.tl"}, {"state", "running"}, {"line", 6}});
+        shop.weld(4000);
+        QCOMPARE(shop.seams.size(), 1);
+        const Seam seam = shop.seams.first();
+        QCOMPARE(seam.program + ' ' + QString::number(seam.line), QString("vgroove.tl 6"));
+        QCOMPARE(seam.arconFile + ' ' + seam.weldFile + ' ' + seam.arcoffFile,
+                 QString("arcondata1 arcdata1 arcoffdata1"));
+        QCOMPARE(seam.weldVersion, 7);
+        QCOMPARE(*seam.setCurrent, 175.0);
+        QCOMPARE(seam.current.mean, 180.0);
+        QCOMPARE(seam.current.deviation, 0.0);
+        QCOMPARE(seam.arcTime, 4.4);
+        QCOMPARE(seam.length, 22.0);
+        QCOMPARE(*seam.gasTime, 5.2);
+        // 180 A · 20 V / 5 mm/s = 720 J/mm
+        QVERIFY(qFuzzyCompare(*seam.arcEnergy, 0.72));
+        QVERIFY(qFuzzyCompare(*seam.heatInput, 0.72 * 0.8));
+        QCOMPARE(seam.ended, ending::regular);
+        QVERIFY(!seam.wire);
+        QCOMPARE(shop.course.size(), 44);
+    }
+    void endingsAndTroubles_data()
+    {
+        QTest::addColumn<std::function<void(Workshop &)>>("act");
+        QTest::addColumn<QString>("seen");
+        using Act = std::function<void(Workshop &)>;
+        const auto row = [](const char *name, const char *seen, const Act &act) {
+            QTest::newRow(name) << act << QString(seen);
+        };
+        row("regular", "regular 0 0 - 1", [](Workshop &) {});
+        row("stopped by hand", "stopped 0 0 stopped 2", [](Workshop &shop) { shop.quit(); });
+        row("alarm of the program", "alarm 0 0 alarm 3", [](Workshop &shop) {
+            shop.recorder.tellProgram({{"state", "error"}, {"message", "the arc broke"}});
+            shop.quit();
+        });
+        row("an alarm that is told late", "alarm 0 0 alarm 3", [](Workshop &shop) {
+            shop.arc(0);
+            shop.phase("idle");
+            shop.pass(100);
+            shop.recorder.tellProgram({{"state", "error"}, {"message", "the arc broke"}});
+            shop.pass(1000);
+        });
+        row("link lost", "link_lost 0 0 incomplete 2",
+            [](Workshop &shop) { shop.recorder.tellLink(false, shop.now); });
+        row("struck again", "regular 1 0 restrike 2", [](Workshop &shop) {
+            shop.phase("ignition");
+            shop.pass(200);
+            shop.phase("welding");
+        });
+        row("a gap in the arc", "regular 0 1 interruption 2", [](Workshop &shop) {
+            shop.arc(0);
+            shop.pass(300);
+            shop.arc(180);
+        });
+        row("paused and carried on", "regular 0 1 interruption 2", [](Workshop &shop) {
+            shop.arc(0);
+            shop.phase("idle");
+            shop.recorder.tellProgram({{"state", "paused"}});
+            shop.pass(60000);
+            shop.recorder.tellProgram({{"state", "running"}});
+            shop.phase("ignition");
+            shop.arc(180);
+            shop.pass(200);
+            shop.phase("welding");
+        });
+    }
+    void endingsAndTroubles()
+    {
+        QFETCH(std::function<void(Workshop &)>, act);
+        QFETCH(QString, seen);
+        Workshop shop;
+        shop.recorder.limitsOf = [](const QString &) { return currentLimits(); };
+        shop.recorder.tellProgram({{"name", "a.tl"}, {"state", "running"}, {"line", 2}});
+        shop.tell({{"phase", "ignition"}, {"welding_name", "arcondata1"}});
+        shop.arc(180);
+        shop.tell({{"phase", "welding"}, {"welding_name", "arcdata1"}});
+        shop.pass(3000);
+        act(shop);
+        if (shop.recorder.isBusy() && shop.recorder.seam().alarm.isEmpty()
+            && shop.recorder.actual().current > 0) {
+            shop.phase("crater");
+            shop.quit();
+        }
+        shop.pass(2000);
+        QCOMPARE(shop.seams.size(), 1);
+        const Seam seam = shop.seams.first();
+        QVERIFY(shop.course.size() < 50); // a pause is no part of the course
+        QCOMPARE(QStringLiteral("%1 %2 %3 %4 %5")
+                     .arg(seam.ended)
+                     .arg(seam.restrikes)
+                     .arg(seam.interruptions)
+                     .arg(seam.reason.isEmpty() ? "-" : seam.reason)
+                     .arg(int(seam.verdict)),
+                 seen);
+    }
+    void withoutPhasesTheArcItselfCounts()
+    {
+        Workshop shop;
+        for (int i = 0; i < 2; ++i) {
+            shop.arc(150);
+            shop.pass(1000);
+            shop.arc(0, 0, 0); // struck again within the second
+            shop.pass(500);
+            shop.arc(150);
+            shop.pass(1000);
+            shop.arc(0, 0, 0);
+            shop.pass(3000);
+        }
+        QCOMPARE(shop.seams.size(), 2);
+        QCOMPARE(shop.seams.last().ended, ending::regular);
+        QVERIFY(qAbs(shop.seams.last().duration - 2500) < 100);
+        QVERIFY(!shop.seams.last().gasTime);
+    }
+    void aClockThatIsSetBackHarmsNothing()
+    {
+        Workshop shop;
+        shop.tell({{"phase", "welding"}, {"welding_name", "arcdata1"}});
+        shop.arc(180);
+        shop.pass(1000);
+        shop.now.wall -= 3600 * 1000;
+        shop.pass(1000);
+        shop.quit();
+        QCOMPARE(shop.seams.first().clockMoved, -3600 * 1000);
+        QCOMPARE(shop.seams.first().duration, 2300);
+    }
+    void aSampleBeyondTheLimitIsToldWithin200Ms()
+    {
+        Workshop shop;
+        shop.recorder.limitsOf = [](const QString &) { return currentLimits(); };
+        shop.tell({{"phase", "welding"}, {"welding_name", "arcdata1"}});
+        shop.arc(300); // masked: the arc has just been struck
+        shop.pass(400);
+        shop.arc(180);
+        shop.pass(2000);
+        QCOMPARE(shop.alarms, QStringList());
+        shop.arc(195);
+        shop.pass(180);
+        QCOMPARE(shop.alarms.size(), 1);
+        QVERIFY2(shop.alarms.first().startsWith("current 195"), qPrintable(shop.alarms.first()));
+        shop.pass(2000);
+        QCOMPARE(shop.alarms.size(), 1);
+        shop.phase("crater");
+        shop.quit();
+        QCOMPARE(shop.seams.first().verdict, Verdict::Red);
+        QCOMPARE(shop.seams.first().reason, QString("current"));
+    }
+    void testAndSimulationAreNotJudged()
+    {
+        Workshop shop;
+        shop.recorder.setMode("simu");
+        shop.recorder.limitsOf = [](const QString &) { return currentLimits(); };
+        shop.weld(3000, 300);
+        QCOMPARE(shop.seams.first().mode, QString("simu"));
+        QCOMPARE(shop.seams.first().verdict, Verdict::None);
+    }
+    void limitsAreLearntFromTenSeams()
+    {
+        QVector<Seam> good;
+        for (int i = 0; i < 9; ++i) {
+            Seam seam;
+            seam.arcTime = 10;
+            seam.current = {180.0 + (i % 2 ? 2 : -2), 170, 190, 3};
+            seam.length = 50;
+            good.append(seam);
+        }
+        QVERIFY(!learnt("arcdata1", good));
+        good.append(good[1]);
+        const auto limits = learnt("arcdata1", good);
+        QVERIFY(limits);
+        QCOMPARE(limits->learntFrom, 10);
+        // Within a seam 3 A, between them 2 A: together √13.
+        QVERIFY(qAbs(*limits->current.high - (180 + 3 * std::sqrt(13))) < 0.01);
+        QVERIFY(!limits->heatInput.isSet());
+    }
+    void aDayOfWeldingDoesNotGrow()
+    {
+        Workshop shop;
+        for (int i = 0; i < 24 * 60; ++i) {
+            shop.weld(50000);
+            shop.course.clear();
+            shop.pass(7000);
+        }
+        QCOMPARE(shop.seams.size(), 24 * 60);
+        QCOMPARE(shop.begun, 24 * 60);
+        QCOMPARE(shop.seams.last().length, shop.seams.first().length);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SeamRecorder)
+#include "tst_seamrecorder.moc"
