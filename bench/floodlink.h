@@ -33,7 +33,7 @@ public:
     void open() override { m_inner.open(); }
     void close() override { m_inner.close(); }
     bool isUp() const override { return m_inner.isUp(); }
-    void beat(int press) override { m_inner.beat(press); }
+    void beat(const QVector<int> &presses) override { m_inner.beat(presses); }
     const welmo::controller::Journal &journal() const { return m_inner.journal(); }
     welmo::controller::Faults *faults() { return m_inner.faults(); }
 

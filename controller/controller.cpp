@@ -105,10 +105,10 @@ int Controller::paceMs() const
     return pace;
 }
 
-void Controller::beat(qint64 time, int press)
+void Controller::beat(qint64 time, const QVector<int> &presses)
 {
     tick(); // a beat does not make up for the ones before it
-    m_hold.beat(time, press);
+    m_hold.beat(time, presses);
     tick();
 }
 

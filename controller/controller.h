@@ -32,9 +32,9 @@ public:
     bool isBusy() const;
     int paceMs() const;
 
-    /// A pendant was alive at @p time of the clock, with the key of that press held; see HoldToRun.
+    /// A pendant was alive at @p time of the clock, with the keys of these presses held; see HoldToRun.
     /// Wanted every 25 ms: what is held stops at most 100 ms after the last one.
-    void beat(qint64 time, int press);
+    void beat(qint64 time, const QVector<int> &presses);
     /// The session with the pendant is over: what is held stops now.
     void losePendant();
 

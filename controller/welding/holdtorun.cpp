@@ -2,31 +2,34 @@
 
 namespace welmo::controller {
 
-void HoldToRun::beat(qint64 time, int press)
+void HoldToRun::beat(qint64 time, const QVector<int> &presses)
 {
     m_lastBeat = time;
-    m_press = press;
+    m_presses = presses;
     // A pendant that starts anew may count from the beginning; it starts with no key held.
-    if (press == noPress)
-        m_used = noPress;
+    if (presses.isEmpty())
+        m_used = 0;
 }
 
-Reply HoldToRun::start(qint64 now)
+Reply HoldToRun::start(qint64 now, int *press)
 {
-    QString reason = failure(now);
-    if (reason.isEmpty() && m_press == m_used)
+    *press = m_presses.isEmpty() ? 0 : m_presses.last();
+    QString reason = failure(now, *press);
+    if (reason.isEmpty() && *press <= m_used)
         reason = QStringLiteral("the same press again");
-    m_used = m_press;
+    m_used = std::max(m_used, *press);
     return reason.isEmpty() ? Reply{} : Reply::refused(WrongState, reason);
 }
 
-QString HoldToRun::failure(qint64 now) const
+QString HoldToRun::failure(qint64 now, int press) const
 {
     if (!m_lastBeat)
         return QStringLiteral("pendant lost");
     if (now - *m_lastBeat >= beatCountsMs)
         return QStringLiteral("no heartbeat");
-    return m_press == noPress ? QStringLiteral("no key held") : QString();
+    if (m_presses.contains(press))
+        return {};
+    return m_presses.isEmpty() ? QStringLiteral("no key held") : QStringLiteral("another key held");
 }
 
 } // namespace welmo::controller

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QVector>
 #include <optional>
 
 #include "controller/core/request.h"
@@ -19,24 +20,25 @@ public:
     /// every paceMs all stands still 100 ms after the last one.
     static constexpr int beatCountsMs = 80;
     static constexpr int paceMs = 10;
-    static constexpr int noPress = 0;
 
-    /// The pendant was alive at @p time. @p press is noPress while no key is held, otherwise the
-    /// number of the last press, another one for each.
-    void beat(qint64 time, int press);
+    /// The pendant was alive at @p time. @p presses are those that hold a key, oldest first; each
+    /// press has a number of its own.
+    void beat(qint64 time, const QVector<int> &presses);
     /// There is no pendant any more, until the next beat.
     void losePendant() { m_lastBeat.reset(); }
 
     /// May a key start what it moves? Not before a beat has told of its press, so that an old
-    /// command finds no hand on the key. Uses the press up, whatever the answer.
-    Reply start(qint64 now);
-    /// Why what is held has to stop now; empty while a living pendant holds a key.
-    QString failure(qint64 now) const;
+    /// command finds no hand on the key. Uses the newest press up, whatever the answer, and gives
+    /// its number to @p press.
+    Reply start(qint64 now, int *press);
+    /// Why what @p press moves has to stop now; empty while a living pendant holds its key. The
+    /// hand on another key is no excuse.
+    QString failure(qint64 now, int press) const;
 
 private:
     std::optional<qint64> m_lastBeat;
-    int m_press = noPress;
-    int m_used = noPress;
+    QVector<int> m_presses;
+    int m_used = 0;
 };
 
 } // namespace welmo::controller

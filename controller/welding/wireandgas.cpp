@@ -41,7 +41,7 @@ int WireAndGas::paceMs() const
 void WireAndGas::tick()
 {
     if (m_mover != program)
-        stopWire(m_hold.failure(m_context.now()));
+        stopWire(m_hold.failure(m_context.now(), m_press));
     if (m_welder.isInError()) {
         stopWire(QStringLiteral("welder error"));
         stopGas(QStringLiteral("welder error"));
@@ -76,12 +76,15 @@ Reply WireAndGas::startByKey(Wire direction, const QString &key)
 {
     if (m_mover == key)
         return {};
-    const Reply held = m_hold.start(m_context.now());
+    int press = 0;
+    const Reply held = m_hold.start(m_context.now(), &press);
     Reply reply = mayMove();
     if (reply.ok())
         reply = held;
-    if (reply.ok())
+    if (reply.ok()) {
+        m_press = press;
         setMoving(direction, key);
+    }
     return reply;
 }
 

@@ -51,6 +51,7 @@ private:
     HoldToRun &m_hold;
     Wire m_wire = Wire::Still;
     QString m_mover; // the key, or the program, that moves the wire
+    int m_press = 0; // of that key
     qint64 m_gasEnd = 0; // 0: no gas flows
 };
 

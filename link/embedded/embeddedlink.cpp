@@ -48,9 +48,9 @@ void EmbeddedLink::leave()
     post([farEnd = m_farEnd] { farEnd->leave(); });
 }
 
-void EmbeddedLink::beatOn(int session, int press)
+void EmbeddedLink::beatOn(int session, const QVector<int> &presses)
 {
-    m_farEnd->beat(session, press);
+    m_farEnd->beat(session, presses);
 }
 
 template<typename Work>

@@ -36,7 +36,7 @@ protected:
     void greet(int session) override;
     void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs) override;
     void leave() override;
-    void beatOn(int session, int press) override;
+    void beatOn(int session, const QVector<int> &presses) override;
 
 private:
     template<typename Work>

@@ -67,10 +67,10 @@ void EmbeddedServer::endSession()
         controller->losePendant();
 }
 
-void EmbeddedServer::beat(int session, int press)
+void EmbeddedServer::beat(int session, const QVector<int> &presses)
 {
     const QMutexLocker lock(&m_beatMutex);
-    m_beat = Beat{session, m_station.now(), press};
+    m_beat = Beat{session, m_station.now(), presses};
 }
 
 void EmbeddedServer::takeBeat()
@@ -82,7 +82,7 @@ void EmbeddedServer::takeBeat()
     }
     controller::Controller *controller = m_station.controller();
     if (beat && controller && beat->session == m_session)
-        controller->beat(beat->time, beat->press);
+        controller->beat(beat->time, beat->presses);
 }
 
 LinkReply EmbeddedServer::carryOut(const LinkRequest &request)

@@ -34,7 +34,7 @@ public:
 
     /// The pendant of the session is alive, see tessa::ControllerLink::beat(). Any thread; costs
     /// next to nothing and never queues: a slow far end finds the newest beat only.
-    void beat(int session, int press);
+    void beat(int session, const QVector<int> &presses);
 
 signals:
     void greeted(int session);
@@ -48,7 +48,7 @@ private:
     {
         int session;
         qint64 time;
-        int press;
+        QVector<int> presses;
     };
 
     tessa::LinkReply carryOut(const tessa::LinkRequest &request);

@@ -277,7 +277,7 @@ void CellService::onBeat(const MqttMessage &message, const QString &user)
     session->lastSeen = m_station.now();
     // A beat that was long on its way proves nothing of now.
     if (m_pendants.holdsControl(*session)) {
-        m_station.controller()->beat(qMin(beat->time, m_station.now()), beat->press);
+        m_station.controller()->beat(qMin(beat->time, m_station.now()), beat->presses);
         m_station.tick();
     }
 }

@@ -26,7 +26,10 @@ protected:
     void greet(int session) override { m_courier.greet(session); }
     void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs) override;
     void leave() override { m_courier.leave(); }
-    void beatOn(int session, int press) override { m_courier.beat(session, press); }
+    void beatOn(int session, const QVector<int> &presses) override
+    {
+        m_courier.beat(session, presses);
+    }
 
 private:
     MqttSession m_courier;

@@ -38,7 +38,7 @@ MqttSession::MqttSession(const BrokerAddress &address, const QString &cell, cont
     , m_clock(std::move(clock))
 {
     m_silence.start();
-    m_end = protocol::toMessage(protocol::Beat{m_client, 0, 0, 0, true});
+    m_end = protocol::toMessage(protocol::Beat{m_client, 0, 0, {}, true});
     m_end.topic = m_topics.beat(m_user);
     const MqttClient::Options how{address, m_client, m_end};
     m_mqtt = std::make_unique<MqttClient>(
@@ -115,12 +115,12 @@ void MqttSession::watch(const QString &path)
     m_mqtt->subscribe(m_topics.value(path, QStringLiteral("+")), 0);
 }
 
-void MqttSession::beat(int session, int press)
+void MqttSession::beat(int session, const QVector<int> &presses)
 {
     const QMutexLocker lock(&m_mutex);
     if (session != m_session)
         return;
-    protocol::Beat beat{m_wireSession, ++m_beats, m_clock() + m_offset, press};
+    protocol::Beat beat{m_wireSession, ++m_beats, m_clock() + m_offset, presses};
     MqttMessage message = protocol::toMessage(beat);
     message.topic = m_topics.beat(m_user);
     m_mqtt->publish(message);

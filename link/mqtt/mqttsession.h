@@ -30,7 +30,7 @@ public:
     void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs);
     /// The session is over, and so is the connection.
     void leave();
-    void beat(int session, int press);
+    void beat(int session, const QVector<int> &presses);
 
 signals:
     void greeted(int session);

@@ -4,6 +4,7 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <algorithm>
+#include <iterator>
 
 #include "controller/core/json.h"
 
@@ -27,7 +28,7 @@ const QString kindKey = QStringLiteral("kind");
 const QString pathKey = QStringLiteral("path");
 const QString keyKey = QStringLiteral("key");
 const QString payloadKey = QStringLiteral("payload");
-const QString pressKey = QStringLiteral("press");
+const QString pressesKey = QStringLiteral("presses");
 const QString endKey = QStringLiteral("end");
 const QString bootKey = QStringLiteral("boot");
 const QString timeKey = QStringLiteral("time");
@@ -39,6 +40,15 @@ const QVector<QPair<Kind, QString>> kindWords{{Kind::Get, QStringLiteral("get")}
                                               {Kind::Set, QStringLiteral("set")},
                                               {Kind::Watch, QStringLiteral("watch")},
                                               {Kind::Command, QStringLiteral("command")}};
+
+constexpr int mostHeldKeys = 16;
+
+QVariantList listOf(const QVector<int> &numbers)
+{
+    QVariantList list;
+    std::copy(numbers.begin(), numbers.end(), std::back_inserter(list));
+    return list;
+}
 
 QByteArray compact(const QVariantMap &map)
 {
@@ -71,6 +81,16 @@ public:
         return take(key, {QMetaType::Int, QMetaType::LongLong}).toLongLong();
     }
     int integer(const QString &key) { return take(key, {QMetaType::Int}).toInt(); }
+    QVector<int> integers(const QString &key)
+    {
+        QVector<int> numbers;
+        for (const QVariant &number : take(key, {QMetaType::QVariantList}).toList()) {
+            m_good = m_good && number.userType() == QMetaType::Int;
+            numbers.append(number.toInt());
+        }
+        m_good = m_good && numbers.size() <= mostHeldKeys;
+        return numbers;
+    }
     bool flag(const QString &key) { return take(key, {QMetaType::Bool}).toBool(); }
     qint64 time(const QString &key)
     {
@@ -263,7 +283,7 @@ MqttMessage toMessage(const Beat &beat)
 {
     if (beat.end)
         return {{}, compact({{endKey, beat.session}})};
-    MqttMessage message{{}, compact({{pressKey, beat.press}})};
+    MqttMessage message{{}, compact({{pressesKey, listOf(beat.presses)}})};
     message.properties = {{sessionProperty, beat.session},
                           {sequenceProperty, QString::number(beat.sequence)},
                           {timeProperty, QString::number(beat.time)}};
@@ -285,7 +305,7 @@ std::optional<Beat> toBeat(const MqttMessage &message)
     beat.session = message.property(sessionProperty);
     beat.sequence = numberOf(message, sequenceProperty, &good);
     beat.time = numberOf(message, timeProperty, &good);
-    beat.press = reader.integer(pressKey);
+    beat.presses = reader.integers(pressesKey);
     return good && isTime(beat.time) && reader.good() ? std::make_optional(beat) : std::nullopt;
 }
 

@@ -72,7 +72,7 @@ struct Beat
     QString session; ///< with end: the client instead, whose last session is over
     qint64 sequence = 0;
     qint64 time = 0; ///< by the cell's clock, as the pendant knows it
-    int press = 0;
+    QVector<int> presses; ///< those that hold a key now, oldest first
     bool end = false;
 };
 

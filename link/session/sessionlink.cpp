@@ -41,10 +41,10 @@ void SessionLink::close()
     leave();
 }
 
-void SessionLink::beat(int press)
+void SessionLink::beat(const QVector<int> &presses)
 {
     if (isUp())
-        beatOn(m_session, press);
+        beatOn(m_session, presses);
 }
 
 // Nobody's slots run in here: this is called in the middle of a call.

@@ -23,14 +23,14 @@ public:
     void open() override;
     void close() override;
     bool isUp() const override { return m_state == State::Up; }
-    void beat(int press) override;
+    void beat(const QVector<int> &presses) override;
 
 protected:
     // The way to the far end; each returns at once.
     virtual void greet(int session) = 0;
     virtual void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs) = 0;
     virtual void leave() = 0;
-    virtual void beatOn(int session, int press) = 0;
+    virtual void beatOn(int session, const QVector<int> &presses) = 0;
 
     // What comes back; on the GUI thread, the notifications on any.
     void onGreeted(int session);

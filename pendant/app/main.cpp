@@ -2,7 +2,6 @@
 #include <cstdio>
 
 #include "pendant/app/connection.h"
-#include "pendant/app/keyrepeat.h"
 #include "pendant/app/options.h"
 #include "pendant/app/pendantapp.h"
 
@@ -29,7 +28,6 @@ int main(int argc, char *argv[])
         return 2;
     }
     const QApplication app(argc, argv);
-    welmo::pendant::repeatWithoutReleases();
     welmo::pendant::PendantApp pendant(parsed.options, welmo::pendant::connectTo);
     pendant.start();
     return QApplication::exec();

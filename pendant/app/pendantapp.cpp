@@ -44,7 +44,11 @@ kelp::ModuleObject *navEntries(tessa::Host *host)
 PendantApp::PendantApp(const Options &options, Connector connector)
     : m_options(options)
     , m_connector(std::move(connector))
-{ }
+{
+    connect(&m_keyboard, &KeyboardWatch::disturbed, &m_holds, &KeyHolds::letGo);
+    connect(&m_keyboard, &KeyboardWatch::released, this,
+            [this](int scanCode) { m_holds.up({KeyHolds::Keyboard, scanCode}); });
+}
 
 PendantApp::~PendantApp()
 {

@@ -6,6 +6,7 @@
 
 #include "pendant/app/connection.h"
 #include "pendant/app/options.h"
+#include "pendant/input/keyboardwatch.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/window/keyholds.h"
 
@@ -58,6 +59,7 @@ private:
     Connector m_connector;
     ProgramDocument m_program; // stays open over a change of language
     KeyHolds m_holds; // what is down stays so as well
+    KeyboardWatch m_keyboard;
     std::unique_ptr<PluginLoader> m_loader;
     std::unique_ptr<tessa::Host> m_host;
     std::unique_ptr<LinkControl> m_control;

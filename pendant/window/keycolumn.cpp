@@ -72,7 +72,7 @@ int KeyColumn::keyAt(const QPoint &point) const
 
 void KeyColumn::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton)
+    if (event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier)
         m_holds->down({KeyHolds::Mouse, event->button()}, keyAt(event->pos()));
 }
 
@@ -96,7 +96,7 @@ void KeyColumn::onTouch(const QTouchEvent *event)
 {
     for (const QTouchEvent::TouchPoint &point : event->touchPoints()) {
         const KeyHolds::Source finger{KeyHolds::Touch, point.id()};
-        if (point.state() == Qt::TouchPointPressed)
+        if (point.state() == Qt::TouchPointPressed && event->modifiers() == Qt::NoModifier)
             m_holds->down(finger, keyAt(point.pos().toPoint()));
         else if (point.state() == Qt::TouchPointReleased)
             m_holds->up(finger);

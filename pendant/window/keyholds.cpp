@@ -10,6 +10,19 @@ namespace {
 
 constexpr int none = -1;
 
+// The window system's number of the key; events made by a program may carry none.
+int placeOf(const QKeyEvent *event)
+{
+    const int code = int(event->nativeScanCode());
+    return code > 0 ? code : event->key();
+}
+
+bool isModifier(int key)
+{
+    return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr
+        || (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R);
+}
+
 } // namespace
 
 KeyHolds::KeyHolds(QObject *parent)
@@ -33,7 +46,7 @@ void KeyHolds::follow(tessa::PhysicalKeys *keys, QWidget *window)
 void KeyHolds::down(Source source, int key)
 {
     // What is down has to come up first; not every repetition says what it is.
-    if (!m_down.emplace(source, none).second || m_keys->isHeld(key))
+    if (!m_down.emplace(source, none).second || key == none || m_keys->isHeld(key))
         return;
     m_down[source] = key;
     m_keys->press(key);
@@ -59,6 +72,8 @@ void KeyHolds::up(Kind kind)
 
 void KeyHolds::letGo()
 {
+    if (!m_keys)
+        return;
     for (auto entry = m_down.begin(); entry != m_down.end();) {
         entry->second = none;
         // The keyboard may go on repeating, so that its keys have to come up first.
@@ -102,28 +117,31 @@ bool KeyHolds::eventFilter(QObject *object, QEvent *event)
     }
 }
 
-int KeyHolds::handleKey(const QKeyEvent *event) const
+// Alt+F4 and its like mean something else, and a dialog has the keyboard to itself.
+bool KeyHolds::isMeant(const QKeyEvent *event) const
 {
     const int key = event->key() - Qt::Key_F1;
-    return key >= 0 && key < m_keys->count() ? key : none;
+    return key >= 0 && key < m_keys->count() && event->modifiers() == Qt::NoModifier
+        && !QApplication::activeModalWidget();
 }
 
 bool KeyHolds::onKeyPress(const QKeyEvent *event)
 {
-    const int key = handleKey(event);
-    // Alt+F4 and its like mean something else, and a dialog has the keyboard to itself.
-    if (key == none || event->modifiers() != Qt::NoModifier || QApplication::activeModalWidget())
-        return false;
+    // From here on another client or another meaning of the key may get the release.
+    if (isModifier(event->key()) || event->modifiers() != Qt::NoModifier)
+        letGo();
+    const bool meant = isMeant(event);
     if (!event->isAutoRepeat())
-        down({Keyboard, event->key()}, key);
-    return true;
+        down({Keyboard, placeOf(event)}, meant ? event->key() - Qt::Key_F1 : none);
+    return meant;
 }
 
 bool KeyHolds::onKeyRelease(const QKeyEvent *event)
 {
-    const bool ours = m_down.count({Keyboard, event->key()}) > 0;
-    if (ours && !event->isAutoRepeat())
-        up({Keyboard, event->key()});
+    const auto held = m_down.find({Keyboard, placeOf(event)});
+    const bool ours = held != m_down.end() && held->second != none;
+    if (held != m_down.end() && !event->isAutoRepeat())
+        up(held->first);
     return ours;
 }
 

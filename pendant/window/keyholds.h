@@ -15,14 +15,15 @@ namespace welmo::pendant {
 /// What holds which handle key down: the mouse, fingers, and the function keys of a keyboard, of
 /// which F1 is the first handle key. Follows the whole application, so that no release is missed;
 /// where one could be, it gives the release itself: when the window loses the operator's hand, a
-/// dialog opens, or the key sets change. What was released that way takes a fresh press, also when
-/// the pendant was started anew meanwhile.
+/// modifier comes down, a dialog opens, or the key sets change. What was released that way takes a
+/// fresh press, also when the pendant was started anew meanwhile. A press with a modifier is none.
 class KeyHolds : public QObject
 {
     Q_OBJECT
 public:
     enum Kind { Mouse, Touch, Keyboard };
-    /// A mouse button, a touch point or a key of the keyboard.
+    /// A mouse button, a touch point, or the scan code of a key of the keyboard: what the key means may
+    /// have changed when it comes up.
     using Source = std::pair<Kind, int>;
 
     explicit KeyHolds(QObject *parent = nullptr);
@@ -30,8 +31,8 @@ public:
     /// From now on these keys are meant; they act while @p window is there and not behind a dialog.
     void follow(tessa::PhysicalKeys *keys, QWidget *window);
 
-    /// @p source came down on the handle key @p key. Nothing when another one holds it already:
-    /// who pressed it decides when it comes up.
+    /// @p source came down on the handle key @p key, or on none. Nothing when another one holds it
+    /// already: who pressed it decides when it comes up.
     void down(Source source, int key);
     void up(Source source);
     /// Every source of that kind comes up.
@@ -44,7 +45,7 @@ public:
 private:
     bool onKeyPress(const QKeyEvent *event);
     bool onKeyRelease(const QKeyEvent *event);
-    int handleKey(const QKeyEvent *event) const;
+    bool isMeant(const QKeyEvent *event) const;
     void forget(int key);
 
     QPointer<tessa::PhysicalKeys> m_keys;

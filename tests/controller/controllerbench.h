@@ -74,12 +74,12 @@ struct ControllerBench
                 controller.tick();
         }
     }
-    /// Time passes on a living pendant with the key of that press held, or with none.
-    void live(int ms, int press)
+    /// Time passes on a living pendant with the keys of these presses held.
+    void live(int ms, const QVector<int> &presses)
     {
         constexpr int beatMs = 25;
-        controller.beat(now, press);
-        for (const qint64 end = now + ms; now < end; controller.beat(now, press))
+        controller.beat(now, presses);
+        for (const qint64 end = now + ms; now < end; controller.beat(now, presses))
             pass(int(qMin<qint64>(beatMs, end - now)));
     }
     /// The values last told of @p path; invalid when there were none.

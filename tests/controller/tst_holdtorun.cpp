@@ -18,8 +18,9 @@ struct Keys : ControllerBench
 {
     int presses = 0;
     bool held = false;
+    QVector<int> others; // presses of keys that move no wire
 
-    void live(int ms) { ControllerBench::live(ms, held ? presses : 0); }
+    void live(int ms) { ControllerBench::live(ms, held ? QVector<int>{presses} + others : others); }
     /// The commands as such.
     int feed(bool down)
     {
@@ -65,6 +66,14 @@ private slots:
                  b.live(0);
              },
              "no key held", 0},
+            // Another key proves nothing for this one; its release may have been refused.
+            {"only another key held",
+             [](Keys &b) {
+                 b.held = false;
+                 b.others = {b.presses + 1};
+                 b.live(200);
+             },
+             "another key held", 0},
             {"welder error", [](Keys &b) { b.faults.set(Fault::WelderError, true); },
              "welder error", 10},
             {"wire stuck", [](Keys &b) { b.faults.set(Fault::WireStuck, true); }, "wire stuck", 10},
@@ -88,6 +97,7 @@ private slots:
             QCOMPARE(bench.journal.entries().last().cause, cause);
             QVERIFY(bench.journal.entries().last().time - lastBeat <= within);
             bench.faults.clear();
+            bench.others.clear();
             bench.live(100);
             QVERIFY(!bench.moves());
             QCOMPARE(bench.back(true), int(WrongState)); // the same press, repeated

@@ -171,7 +171,7 @@ private slots:
             QVERIFY(fault != Fault::DiskFull || bench.told.isEmpty());
             bench.faults.clear();
             QCOMPARE(bench.everything(), before);
-            bench.live(0, 1);
+            bench.live(0, {1});
             QVERIFY(bench.run(command, payload, payloadName).ok());
             QVERIFY(bench.everything() != before);
         }

@@ -61,7 +61,7 @@ void fuzz(const QByteArray &input)
             reply = protocol::toReply(message);
         hear(message);
         client->handlers.pulse();
-        courier.beat(1, 1);
+        courier.beat(1, {1});
         require(broken <= 1, "a session breaks once");
     }
     courier.leave();

@@ -38,7 +38,7 @@ public:
     void open() override { opened = true; }
     void close() override { setUp(false); }
     bool isUp() const override { return up; }
-    void beat(int press) override { beats.append(press != 0); }
+    void beat(const QVector<int> &presses) override { beats.append(!presses.isEmpty()); }
 
     void setUp(bool on)
     {

@@ -24,6 +24,7 @@ struct Key
     bool held = false;
     int press = 0; // the number of its last one
     int started = 0; // the press that wire was started for last
+    qint64 lastProof = 0; // the last beat that named its press
 };
 
 /// A pendant with its keys in front of the real far side, on one clock. What the far side's journal
@@ -46,7 +47,16 @@ struct Scene
     }
     int choose(int count) { return int(random() % quint32(count)); }
     Key &anyKey() { return keys[size_t(choose(2))]; }
-    bool isAnyHeld() const { return keys[0].held || keys[1].held; }
+    QVector<int> held() const
+    {
+        QVector<int> held;
+        for (const Key &key : keys) {
+            if (key.held)
+                held.append(key.press);
+        }
+        std::sort(held.begin(), held.end());
+        return held;
+    }
 
     void press()
     {
@@ -70,14 +80,25 @@ struct Scene
         for (Key &key : keys)
             key.held = false;
     }
+    /// The release of the key that moves the wire gets lost, while the other one is held.
+    void changeKeys()
+    {
+        if (!mover)
+            return;
+        Key &other = mover == &keys[0] ? keys[1] : keys[0];
+        if (!other.held)
+            other.press = ++presses;
+        other.held = true;
+        mover->held = false;
+    }
     /// What was on its way when a session ended: a command, or a beat that may speak for no other.
     void sendOld()
     {
-        farEnd.beat(-1, presses + 1000);
+        farEnd.beat(-1, {presses + 1000});
         farEnd.tick();
         Key key = anyKey();
         key.held = true;
-        ask(key, isAnyHeld() ? session - 1 : session);
+        ask(key, held().isEmpty() ? session : session - 1);
     }
     void ask(const Key &key, int inSession)
     {
@@ -104,9 +125,9 @@ struct Scene
     {
         if (!up)
             return;
-        farEnd.beat(session, isAnyHeld() ? presses : 0);
-        if (isAnyHeld())
-            lastProof = now;
+        farEnd.beat(session, held());
+        for (Key &key : keys)
+            key.lastProof = key.held ? now : key.lastProof;
     }
     /// Time passes on a pendant that works.
     void live(int ms)
@@ -135,15 +156,15 @@ struct Scene
         const QVector<Journal::Entry> entries = journal.entries();
         for (; seen < entries.size(); ++seen) {
             const Event event = entries.at(seen).event;
-            moves = event != Event::WireStops;
-            if (!moves)
+            mover = event == Event::WireStops ? nullptr : &keys[event == Event::WireFeeds ? 0 : 1];
+            if (!mover)
                 continue;
-            Key &key = keys[event == Event::WireFeeds ? 0 : 1];
+            Key &key = *mover;
             complain(!key.held, "started without the key");
             complain(key.started == key.press, "started twice for one press");
             key.started = key.press;
         }
-        complain(moves && now - lastProof > lastProofToStill, "wire moves without proof");
+        complain(mover && now - mover->lastProof > lastProofToStill, "wire moves without proof");
     }
     void complain(bool wrong, const char *what)
     {
@@ -158,6 +179,7 @@ struct Scene
         [this] { release(); },
         [this] { release(); },
         [this] { letGo(); },
+        [this] { changeKeys(); },
         [this] { sendOld(); },
         [this] { kill(); },
         [this] { pass(20 + choose(400)); }, // the pendant hangs
@@ -176,11 +198,10 @@ struct Scene
     welmo::links::EmbeddedServer farEnd{{}, faults, journal, [this] { return now; }};
     int session = 1;
     bool up = false;
-    qint64 lastProof = 0;
     std::array<Key, 2> keys{Key{"wire_feel", "feed"}, Key{"wire_feel_back", "reverse"}};
     int presses = 0;
     int seen = 0;
-    bool moves = false;
+    Key *mover = nullptr; // whose wire moves
     QString fault;
 };
 
@@ -204,7 +225,7 @@ private slots:
                 ++stops[entries.at(i).cause];
         }
         for (const char *cause : {"wire_feel", "wire_feel_back", "no heartbeat", "no key held",
-                                  "pendant lost", "welder error", "wire stuck"})
+                                  "another key held", "pendant lost", "welder error", "wire stuck"})
             QVERIFY2(stops.value(cause) > 20, cause);
     }
 };

@@ -157,7 +157,7 @@ private slots:
         using Step = std::function<void(const Bench &)>;
         const testsupport::Rows<QString, Step> rows{
             {"no more beats", "no heartbeat", [](const Bench &b) { b.hands->now += 100; }},
-            {"beats without a key", "no key held", [](const Bench &b) { b.link->beat(0); }},
+            {"beats without a key", "no key held", [](const Bench &b) { b.link->beat({}); }},
             {"link closed", "pendant lost", [](const Bench &b) { b.link->close(); }},
             {"link broken", "pendant lost",
              [](const Bench &b) { b.faults()->set(Fault::LinkDown, true); }},
@@ -167,7 +167,7 @@ private slots:
             QVERIFY(bench.feedWire().code > 0); // no key is held yet
             for (int beats = 0; beats < 5; ++beats) {
                 bench.hands->now += 50;
-                bench.link->beat(1);
+                bench.link->beat({1});
                 QCOMPARE(bench.feedWire().code, 0);
             }
             QCOMPARE(bench.journal().entries().size(), 1); // it moves on

@@ -30,7 +30,7 @@ struct Scene
 
     Scene()
     {
-        QObject::connect(&beats, &QTimer::timeout, [this] { pendant.link->beat(press); });
+        QObject::connect(&beats, &QTimer::timeout, [this] { pendant.link->beat({press}); });
     }
 
     welmo::links::CellService::Options options()
@@ -54,7 +54,7 @@ struct Scene
     {
         ++press;
         beats.start(beatMs);
-        pendant.link->beat(press);
+        pendant.link->beat({press});
         return pendant.feedWire().code;
     }
     QVector<Journal::Entry> journal() const { return cell.service()->journal().entries(); }

@@ -17,14 +17,6 @@ const QStringList mirroredNodes{QStringLiteral("orbo.project"),
                                 QStringLiteral("orbo.robot.io.signal_detail"),
                                 QStringLiteral("orbo.toolpage")};
 
-bool isAnyHeld(const PhysicalKeys &keys)
-{
-    int key = 0;
-    while (key < keys.count() && !keys.isHeld(key))
-        ++key;
-    return key < keys.count();
-}
-
 } // namespace
 
 Host::Host(const HostOptions &options)
@@ -44,10 +36,8 @@ Host::Host(const HostOptions &options)
     connect(&m_service, &XService::connectedChanged, this, &Host::onConnectedChanged);
     // A press that waited for a busy GUI thread comes before the beat that is due.
     connect(&m_keys, &PhysicalKeys::heldChanged, this, [this](int, bool held) {
-        if (!held)
-            return;
-        ++m_presses;
-        beat();
+        if (held)
+            beat();
     });
     connect(m_helper.themeManager(), &ThemeManager::problem, this, &Host::reportProblem);
     if (!QFileInfo(options.dataFolder).isWritable())
@@ -104,7 +94,7 @@ void Host::onConnectedChanged(bool connected)
 void Host::beat()
 {
     if (m_link)
-        m_link->beat(isAnyHeld(m_keys) ? m_presses : 0);
+        m_link->beat(m_keys.heldPresses());
 }
 
 void Host::reportProblem(const QString &line)

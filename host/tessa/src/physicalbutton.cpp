@@ -1,6 +1,7 @@
 #include "tessa/physicalbutton.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "tessa/host.h"
@@ -17,7 +18,7 @@ void PhysicalKeys::regist(QObject *owner, const Set &set)
     // What is held gets its release from the actions that it was pressed with.
     releaseSet(set.name);
     const size_t keys = size_t(set.firstGroup.size()) + size_t(set.secondGroup.size());
-    Entry entry{set, owner, std::vector<bool>(keys, false)};
+    Entry entry{set, owner, std::vector<int>(keys, 0)};
     if (Entry *same = find(set.name))
         *same = std::move(entry);
     else
@@ -56,7 +57,7 @@ PhysicalKeys::Entry *PhysicalKeys::find(const QString &name)
 std::pair<const PhysicalKeys::Entry *, int> PhysicalKeys::find(int key) const
 {
     for (const Entry &entry : m_entries) {
-        const int count = int(entry.held.size());
+        const int count = int(entry.presses.size());
         if (key >= 0 && key < count)
             return {&entry, key};
         key -= count;
@@ -74,7 +75,7 @@ int PhysicalKeys::count() const
 {
     int sum = 0;
     for (const Entry &entry : m_entries)
-        sum += int(entry.held.size());
+        sum += int(entry.presses.size());
     return sum;
 }
 
@@ -101,13 +102,24 @@ bool PhysicalKeys::isEnabled(int key) const
 bool PhysicalKeys::isHeld(int key) const
 {
     const auto [entry, index] = find(key);
-    return entry && entry->held[size_t(index)];
+    return entry && entry->presses[size_t(index)] > 0;
+}
+
+QVector<int> PhysicalKeys::heldPresses() const
+{
+    QVector<int> presses;
+    for (const Entry &entry : m_entries) {
+        std::copy_if(entry.presses.begin(), entry.presses.end(), std::back_inserter(presses),
+                     [](int press) { return press > 0; });
+    }
+    std::sort(presses.begin(), presses.end());
+    return presses;
 }
 
 void PhysicalKeys::press(int key)
 {
     const auto [entry, index] = find(key);
-    if (entry && entry->set.enabled && !entry->held[size_t(index)])
+    if (entry && entry->set.enabled && entry->presses[size_t(index)] == 0)
         act(key, true);
 }
 
@@ -120,7 +132,7 @@ void PhysicalKeys::release(int key)
 void PhysicalKeys::act(int key, bool down)
 {
     const auto [entry, index] = find(key);
-    entry->held[size_t(index)] = down;
+    entry->presses[size_t(index)] = down ? ++m_presses : 0;
     const auto action = button(key).action; // whoever hears of it may change the sets
     emit heldChanged(key, down);
     if (action)
@@ -131,7 +143,7 @@ void PhysicalKeys::releaseSet(const QString &name)
 {
     int first = 0;
     for (const Entry &entry : m_entries) {
-        const int end = first + int(entry.held.size());
+        const int end = first + int(entry.presses.size());
         if (entry.set.name != name) {
             first = end;
             continue;

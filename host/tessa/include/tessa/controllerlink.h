@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QString>
 #include <QVariant>
+#include <QVector>
 
 namespace tessa {
 
@@ -51,12 +52,12 @@ public:
     /// Takes the link down and leaves it down.
     virtual void close() = 0;
     virtual bool isUp() const = 0;
-    /// Proves to the controller that the pendant is alive. @p press is 0 while no key is held,
-    /// otherwise the number of the last press, another one for each. Given by the GUI thread every
-    /// 25 ms while connected, and when a key goes down, before its command; returns at once, and is
-    /// lost while the link is down. What a key moves stops at most 100 ms after the last beat, and
-    /// when a beat says 0. A link to what moves nothing by keys may do without.
-    virtual void beat(int press) { Q_UNUSED(press) }
+    /// Proves to the controller that the pendant is alive. @p presses are those that hold a key
+    /// now, oldest first; each press has a number of its own. Given by the GUI thread every 25 ms
+    /// while connected, and when a key goes down, before its command; returns at once, and is lost
+    /// while the link is down. What a key moves stops at most 100 ms after the last beat, and when
+    /// a beat lacks its press. A link to what moves nothing by keys may do without.
+    virtual void beat(const QVector<int> &presses) { Q_UNUSED(presses) }
 
 signals:
     /// The session with the controller was set up, or is gone. Delivered on the GUI thread, never

@@ -52,7 +52,6 @@ private:
     ManagerHelper m_helper;
     std::unique_ptr<ControllerLink> m_link;
     QTimer m_heartbeat;
-    int m_presses = 0;
 };
 
 } // namespace tessa

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 #include <functional>
 #include <vector>
 
@@ -50,6 +51,8 @@ public:
     bool startsGroup(int key) const;
     bool isEnabled(int key) const;
     bool isHeld(int key) const;
+    /// The presses that hold a key now, oldest first: each press has a number of its own.
+    QVector<int> heldPresses() const;
 
     /// A key went down. Nothing when it is disabled or held already; a key that is held while
     /// disabled has to be pressed afresh.
@@ -69,7 +72,7 @@ private:
     {
         Set set;
         QPointer<QObject> owner;
-        std::vector<bool> held;
+        std::vector<int> presses; ///< for each key the press that holds it, or 0
     };
 
     std::pair<const Entry *, int> find(int key) const;
@@ -80,6 +83,7 @@ private:
     void remove(QObject *owner);
 
     std::vector<Entry> m_entries;
+    int m_presses = 0;
 };
 
 } // namespace tessa
