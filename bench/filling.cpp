@@ -24,9 +24,7 @@ public:
     /// The widgets in @p form that bear the names of the rows' editors, with the same items.
     RawFields(const welmo::FieldTable &fields, const QWidget *form)
     {
-        for (const auto &row : fields.rows()) {
-            if (!row->editor())
-                continue;
+        for (const auto &row : fields.fields()) {
             const QString name = row->editor()->objectName();
             auto *widget = testsupport::child<QWidget>(form, name);
             add(row->key(), row->editor(), widget);
@@ -131,7 +129,7 @@ QVariant at(const QVariant &file, const QString &key)
 QVariantMap flat(const welmo::FieldTable &fields, const QVariant &file)
 {
     QVariantMap values;
-    for (const auto &row : fields.rows())
+    for (const auto &row : fields.fields())
         values.insert(row->key(), at(file, row->key()));
     return values;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "schema/filesets.h"
 #include "tl/charactercheck.h"
 #include "tl/text.h"
 
@@ -9,21 +10,11 @@ namespace welmo::tl {
 
 namespace {
 
-constexpr int fileCount = 40;
-
 struct FileSet
 {
     QStringList names;
     const char *message; ///< when an argument is no file of the set
 };
-
-FileSet fileSet(const QString &prefix, const char *message)
-{
-    FileSet set{{}, message};
-    for (int number = 1; number <= fileCount; ++number)
-        set.names.append(prefix + QString::number(number));
-    return set;
-}
 
 // What is different between the instructions that name files.
 struct Grammar
@@ -40,20 +31,20 @@ const Grammar &grammarOf(Instruction instruction)
         {Instruction::ArcOn,
          splitArguments,
          Qt::CaseInsensitive,
-         {fileSet(QStringLiteral("arcondata"), messages::arconData),
-          fileSet(QStringLiteral("arcdata"), messages::arcData)}},
+         {{schema::arcOn().fileNames(), messages::arconData},
+          {schema::weld().fileNames(), messages::arcData}}},
         {Instruction::ArcOff,
          splitArguments,
          Qt::CaseInsensitive,
-         {fileSet(QStringLiteral("arcoffdata"), messages::arcoffData)}},
+         {{schema::arcOff().fileNames(), messages::arcoffData}}},
         {Instruction::WeaveOn,
          splitArguments,
          Qt::CaseSensitive,
-         {fileSet(QStringLiteral("weavedata"), messages::weaveData)}},
+         {{schema::weave().fileNames(), messages::weaveData}}},
         {Instruction::SegOn,
          splitMoveArguments,
          Qt::CaseSensitive,
-         {fileSet(QStringLiteral("segdata"), messages::segData)}},
+         {{schema::seg().fileNames(), messages::segData}}},
     };
     static const Grammar none{Instruction::None, splitArguments, Qt::CaseSensitive, {}};
     const auto grammar = std::find_if(grammars.begin(), grammars.end(), [&](const Grammar &g) {

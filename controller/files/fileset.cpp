@@ -1,173 +1,100 @@
 #include "controller/files/fileset.h"
 
-#include <limits>
-
-#include "schema/names.h"
+#include <algorithm>
+#include <map>
 
 namespace welmo::controller {
 
 namespace {
 
-constexpr double maxCurrent = 5000; // ampere, or the wire's speed
-constexpr double maxVoltage = 10000; // volt or percent
-constexpr int maxTime = 1000000; // milliseconds
-constexpr int maxSpeed = 100000; // mm/s
-constexpr int maxLength = 100000; // mm
-constexpr double maxWireSpeed = 100; // m/min
-constexpr double maxAngle = 360; // degrees
-constexpr double maxDouble = std::numeric_limits<double>::max();
+using schema::Range;
+using schema::Stored;
+using schema::Unit;
 
-Fields arcOnFields()
+// The widest that a number counted in this unit can mean.
+Range widest(Unit unit)
 {
-    return {
-        text("name"),
-        text("annotation"),
-        text("mode"),
-        text("current_mode"),
-        text("voltage_mode"),
-        number("current", 0, maxCurrent),
-        number("voltage", 0, maxVoltage),
-        integer("hold_time", 0, maxTime),
-        integer("detect_time", 0, maxTime),
-        integer("confirm_time", 0, maxTime),
-        integer("preflow_time", 0, maxTime),
-        integer("prearc_time", 0, maxTime),
-        number("slow_wire_feed_speed", 0, maxWireSpeed),
-        integer("pre_wirefeed_time", 0, maxTime),
-        integer("ramp_time", 0, maxTime),
-        boolean("re_arcon.enable"),
-        integer("re_arcon.retry_time", 0, 1000),
-        integer("re_arcon.wire_retract_delay_time", 0, maxTime),
-        integer("re_arcon.wire_retract_time", 0, maxTime),
-        number("re_arcon.current_step", 0, maxCurrent),
-        number("re_arcon.voltage_step", 0, maxVoltage),
-        boolean("re_arcon.scratch_on_failure"),
-        boolean("scratch_arcon.enable"),
-        integer("scratch_arcon.distance", 0, maxLength),
-        integer("scratch_arcon.back_speed", 0, maxSpeed),
-        integer("scratch_arcon.step", 0, maxLength),
-        integer("scratch_arcon.offset", 0, maxLength),
-    };
+    switch (unit) {
+    case Unit::None:
+        return {0, 1000};
+    case Unit::ByCurrentMode:
+    case Unit::Ampere:
+        return {0, 5000};
+    case Unit::ByVoltageMode:
+        return {0, 10000};
+    case Unit::Millisecond:
+    case Unit::ByReferenceAndDwell:
+    case Unit::Second:
+        return {0, 1000000};
+    case Unit::ByReference:
+    case Unit::Millimetre:
+    case Unit::MillimetrePerSecond:
+        return {0, 100000};
+    case Unit::MetrePerMinute:
+        return {0, 100};
+    case Unit::Degree:
+        return {-360, 360};
+    }
+    return {};
 }
 
-Fields weldFields()
+// What a pendant offers is never refused.
+Range accepted(const schema::Row &row)
 {
-    return {
-        text("name"),
-        text("annotation"),
-        text("mode"),
-        text("current_mode"),
-        text("voltage_mode"),
-        number("current", 0, maxCurrent),
-        number("voltage", 0, maxVoltage),
-        integer("weld_speed", 0, maxSpeed),
-        integer("ramp_time", 0, maxTime),
-        integer("arc_break_param.detect_time", 0, maxTime),
-        text("arc_break_param.arc_break_option"),
-        integer("arc_break_param.restart_back_distance", 0, maxLength),
-    };
+    const Range wide = widest(row.unit);
+    return {std::min(wide.minimum, row.range.minimum), std::max(wide.maximum, row.range.maximum)};
 }
 
-Fields arcOffFields()
+Field fieldOf(const schema::Row &row, const char *key, Range range)
 {
-    return {
-        text("name"),
-        text("annotation"),
-        text("mode"),
-        text("current_mode"),
-        text("voltage_mode"),
-        number("current", 0, maxCurrent),
-        number("voltage", 0, maxVoltage),
-        integer("hold_time", 0, maxTime),
-        integer("delay_gasoff_time", 0, maxTime),
-        integer("detect_time", 0, maxTime),
-        integer("retract_time", 0, maxTime),
-        integer("wire_stick_detection_time", 0, maxTime),
-        boolean("anti_wire_stick_param.enable"),
-        number("anti_wire_stick_param.current", 0, maxCurrent),
-        number("anti_wire_stick_param.voltage", 0, maxVoltage),
-        integer("anti_wire_stick_param.time", 0, maxTime),
-    };
+    switch (row.stored) {
+    case Stored::Text:
+        return text(key);
+    case Stored::Boolean:
+        return boolean(key);
+    case Stored::Integer:
+        return integer(key, int(range.minimum), int(range.maximum));
+    case Stored::Real:
+        return number(key, range.minimum, range.maximum);
+    case Stored::Integers:
+        return threeIntegers(key, int(range.minimum), int(range.maximum));
+    }
+    return {};
 }
 
-Fields weaveFields()
+Fields generousFieldsOf(const schema::Set &set)
 {
-    return {
-        text("name"),
-        text("annotation"),
-        text("weaving_reference"),
-        text("pattern"),
-        number("weave_length_frequency", 0, maxLength),
-        number("amplitude.left", 0, maxLength),
-        number("amplitude.right", 0, maxLength),
-        text("dwell_type"),
-        threeIntegers("dwell_time", 0, maxTime),
-        number("radius", 0, maxLength),
-        boolean("phase_invert"),
-        text("elevation_type"),
-        number("elevation_angle.left", -maxAngle, maxAngle),
-        number("elevation_angle.right", -maxAngle, maxAngle),
-        number("inclination_angle", -maxAngle, maxAngle),
-    };
+    Fields fields;
+    for (const schema::Row *row : set.rows()) {
+        fields.push_back(fieldOf(*row, row->key, accepted(*row)));
+        if (row->twinKey())
+            fields.push_back(fieldOf(*row, row->twinKey(), accepted(*row)));
+    }
+    return fields;
 }
 
-Fields segmentFields()
+std::map<const schema::FileSet *, Fields> fieldsOfAll()
 {
-    return {
-        text("name"),
-        text("annotation"),
-        text("seg_type"),
-        text("non_welded_speed"),
-        number("welded_distance", 0, maxDouble),
-        number("non_welded_distance", 0, maxDouble),
-    };
+    std::map<const schema::FileSet *, Fields> all;
+    for (const schema::FileSet *set : schema::fileSets())
+        all.emplace(set, generousFieldsOf(*set));
+    return all;
 }
 
 } // namespace
 
-QString FileSet::path() const
+const Fields &fieldsOf(const schema::FileSet &set)
 {
-    return names::arcWeldPrefix + name;
+    static const auto all = fieldsOfAll();
+    return all.at(&set);
 }
 
-bool FileSet::hasFile(const QString &file) const
+Fields strictFieldsOf(const schema::Set &set)
 {
-    const QString digits = file.mid(prefix.size());
-    const int count = digits.toInt();
-    return file.startsWith(prefix) && count >= 1 && count <= fileCount
-        && digits == QString::number(count);
-}
-
-const std::vector<FileSet> &fileSets()
-{
-    static const std::vector<FileSet> sets = {
-        {QStringLiteral("arcon_param"), QStringLiteral("arcondata"), true, arcOnFields()},
-        {QStringLiteral("weld_param"), QStringLiteral("arcdata"), true, weldFields()},
-        {QStringLiteral("arcoff_param"), QStringLiteral("arcoffdata"), true, arcOffFields()},
-        {QStringLiteral("weave_param"), QStringLiteral("weavedata"), false, weaveFields()},
-        {QStringLiteral("seg_param"), QStringLiteral("segdata"), false, segmentFields()},
-    };
-    return sets;
-}
-
-const FileSet &arcOnSet()
-{
-    return fileSets().at(0);
-}
-
-const FileSet &weldSet()
-{
-    return fileSets().at(1);
-}
-
-const FileSet &arcOffSet()
-{
-    return fileSets().at(2);
-}
-
-const FileSet &weaveSet()
-{
-    return fileSets().at(3);
+    Fields fields;
+    for (const schema::Row *row : set.rows())
+        fields.push_back(fieldOf(*row, row->key, row->range));
+    return fields;
 }
 
 } // namespace welmo::controller

@@ -1,7 +1,7 @@
 #include "controller/files/options.h"
 
-#include "controller/core/fields.h"
-#include "schema/names.h"
+#include "controller/files/fileset.h"
+#include "schema/optionsets.h"
 
 namespace welmo::controller {
 
@@ -9,7 +9,6 @@ namespace {
 
 const QString enableKey = QStringLiteral("enable");
 const QString blockKey = QStringLiteral("block");
-constexpr int gasDetectSeconds = 15;
 
 QVariantMap stateOf(const QVariant &anticollision)
 {
@@ -22,8 +21,9 @@ QVariantMap stateOf(const QVariant &anticollision)
 Reply gasDetectTime(const ControllerContext &context)
 {
     Reply reply = context.load(names::runningParam);
-    const QVariant seconds = childAt(reply.value, QStringLiteral("gas_detect_time"));
-    reply.value = seconds.isValid() ? seconds : QVariant(gasDetectSeconds);
+    const schema::Row &row = schema::running().gasDetectTime;
+    const QVariant seconds = childAt(reply.value, QLatin1String(row.key));
+    reply.value = seconds.isValid() ? seconds : row.defaultValue();
     return reply;
 }
 
@@ -50,8 +50,7 @@ Options::Options(ControllerContext &context, Registry &registry)
 
 Reply Options::setRunning(const QVariant &payload)
 {
-    static const Fields fields{integer("test_run_speed", 1, 250), number("wire_feed_speed", 1, 21),
-                               integer("gas_detect_time", 1, 30)};
+    static const Fields fields = strictFieldsOf(schema::running());
     const Reply wanted = checked(payload, fields, Missing::Refused);
     return wanted.ok() ? saveAndTell(names::runningParam, wanted.value) : wanted;
 }
@@ -64,7 +63,7 @@ Reply Options::anticollisionState() const
 
 Reply Options::setAnticollision(const QVariant &payload)
 {
-    static const Fields fields{boolean("enable"), text("signal"), boolean("block")};
+    static const Fields fields = strictFieldsOf(schema::anticollision());
     Reply wanted = checked(payload, fields, Missing::Refused);
     if (!wanted.ok())
         return wanted;
@@ -80,7 +79,7 @@ Reply Options::setAnticollision(const QVariant &payload)
 
 Reply Options::setClampingTorch(const QVariant &payload)
 {
-    static const Fields fields{boolean("enable"), text("signal")};
+    static const Fields fields = strictFieldsOf(schema::clamping());
     const Reply wanted = checked(payload, fields, Missing::Refused);
     return wanted.ok() ? saveAndTell(names::clampingTorchParam, wanted.value) : wanted;
 }

@@ -10,16 +10,16 @@ namespace {
 
 const QString nameKey = QStringLiteral("name");
 
-Reply noSuchFile(const FileSet &set, const QString &file)
+Reply noSuchFile(const schema::FileSet &set, const QString &file)
 {
     return Reply::refused(UnknownKey, QStringLiteral("%1 has no file \"%2\"").arg(set.name, file));
 }
 
 } // namespace
 
-Reply checkedFile(const FileSet &set, const QVariant &payload)
+Reply checkedFile(const schema::FileSet &set, const QVariant &payload)
 {
-    Reply reply = checked(payload, set.fields, Missing::Allowed);
+    Reply reply = checked(payload, fieldsOf(set), Missing::Allowed);
     if (reply.ok() && !set.hasFile(childAt(reply.value, nameKey).toString()))
         return Reply::refused(BadPayload, QStringLiteral("name is no file of ") + set.name);
     return reply;
@@ -28,29 +28,31 @@ Reply checkedFile(const FileSet &set, const QVariant &payload)
 ParameterFiles::ParameterFiles(ControllerContext &context, Registry &registry)
     : m_context(context)
 {
-    for (const FileSet &set : fileSets()) {
+    for (const schema::FileSet *each : schema::fileSets()) {
+        const schema::FileSet &set = *each;
         registry.addEntries(
-            set.path(), [this, &set](const QString &file) { return read(set, file); },
+            set.node(), [this, &set](const QString &file) { return read(set, file); },
             [this, &set](const QString &file, const QVariant &payload) {
                 return write(set, file, payload);
             },
             true);
-        if (set.removable) {
-            registry.addCommand(
-                names::removePrefix + set.name,
-                [this, &set](const Request &request) { return remove(set, request.payload); });
+        if (set.isRemovable) {
+            registry.addCommand(set.removeCommand(), [this, &set](const Request &request) {
+                return remove(set, request.payload);
+            });
         }
     }
 }
 
-Reply ParameterFiles::read(const FileSet &set, const QString &file) const
+Reply ParameterFiles::read(const schema::FileSet &set, const QString &file) const
 {
     if (file.isEmpty())
-        return m_context.loadAll(set.path());
-    return set.hasFile(file) ? m_context.load(set.path(), file) : noSuchFile(set, file);
+        return m_context.loadAll(set.node());
+    return set.hasFile(file) ? m_context.load(set.node(), file) : noSuchFile(set, file);
 }
 
-Reply ParameterFiles::write(const FileSet &set, const QString &file, const QVariant &payload)
+Reply ParameterFiles::write(const schema::FileSet &set, const QString &file,
+                            const QVariant &payload)
 {
     if (!set.hasFile(file))
         return noSuchFile(set, file);
@@ -59,13 +61,13 @@ Reply ParameterFiles::write(const FileSet &set, const QString &file, const QVari
         return content;
     if (childAt(content.value, nameKey).toString() != file)
         return Reply::refused(BadPayload, QStringLiteral("name is not ") + file);
-    Reply reply = m_context.save(set.path(), file, content.value);
+    Reply reply = m_context.save(set.node(), file, content.value);
     if (reply.ok())
-        m_context.notify(set.path(), QVariantMap{{file, content.value}});
+        m_context.notify(set.node(), QVariantMap{{file, content.value}});
     return reply;
 }
 
-Reply ParameterFiles::remove(const FileSet &set, const QVariant &payload)
+Reply ParameterFiles::remove(const schema::FileSet &set, const QVariant &payload)
 {
     if (!payload.canConvert<QStringList>() || payload.userType() == QMetaType::QString)
         return Reply::refused(BadPayload, QStringLiteral("not a list of file names"));
@@ -74,12 +76,12 @@ Reply ParameterFiles::remove(const FileSet &set, const QVariant &payload)
                                        [&set](const QString &file) { return !set.hasFile(file); });
     if (stranger != files.end())
         return noSuchFile(set, *stranger);
-    Reply reply = m_context.remove(set.path(), files);
+    Reply reply = m_context.remove(set.node(), files);
     QVariantMap gone;
     for (const QString &file : files)
         gone.insert(file, {});
     if (reply.ok())
-        m_context.notify(set.path(), gone);
+        m_context.notify(set.node(), gone);
     return reply;
 }
 

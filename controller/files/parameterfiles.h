@@ -8,7 +8,7 @@
 namespace welmo::controller {
 
 /// A whole file, checked: the right children of the right types, and the name of a file of the set.
-Reply checkedFile(const FileSet &set, const QVariant &payload);
+Reply checkedFile(const schema::FileSet &set, const QVariant &payload);
 
 /// The numbered parameter files of every set: read, written and removed.
 class ParameterFiles : public Subsystem
@@ -17,9 +17,9 @@ public:
     ParameterFiles(ControllerContext &context, Registry &registry);
 
 private:
-    Reply read(const FileSet &set, const QString &file) const;
-    Reply write(const FileSet &set, const QString &file, const QVariant &payload);
-    Reply remove(const FileSet &set, const QVariant &payload);
+    Reply read(const schema::FileSet &set, const QString &file) const;
+    Reply write(const schema::FileSet &set, const QString &file, const QVariant &payload);
+    Reply remove(const schema::FileSet &set, const QVariant &payload);
 
     ControllerContext &m_context;
 };

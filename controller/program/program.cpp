@@ -7,6 +7,7 @@
 #include "controller/welding/weld.h"
 #include "controller/welding/wireandgas.h"
 #include "schema/names.h"
+#include "schema/weldmode.h"
 
 using Event = welmo::controller::Journal::Event;
 
@@ -104,10 +105,10 @@ Reply Program::prepareStage()
     if (!mode.ok() || !running.ok())
         return mode.ok() ? running : mode;
     const QString word = childAt(mode.value, QStringLiteral("mode")).toString();
-    const bool tests = word.isEmpty() || word == QLatin1String("test_run");
+    const bool tests = word.isEmpty() || word == QLatin1String(schema::weldmode::testRun);
     const QVariant speed = childAt(running.value, QStringLiteral("test_run_speed"));
     m_stage.weave.reset();
-    m_stage.dry = word != QLatin1String("real");
+    m_stage.dry = word != QLatin1String(schema::weldmode::real);
     m_stage.dryRunSpeed = tests ? (speed.isValid() ? speed.toDouble() : defaultDryRunSpeed) : 0;
     return {};
 }

@@ -178,7 +178,8 @@ std::unique_ptr<ProgramInstruction> makeInstruction(const ProgramLine &line)
 Reply readWeave(const ControllerContext &context, const QString &file, std::optional<Weave> *weave)
 {
     weave->reset();
-    Reply stored = weaveSet().hasFile(file) ? context.load(weaveSet().path(), file) : Reply{};
+    Reply stored =
+        schema::weave().hasFile(file) ? context.load(schema::weave().node(), file) : Reply{};
     if (!stored.ok())
         return stored;
     if (!stored.value.isValid())

@@ -62,15 +62,15 @@ Weld::Weld(ControllerContext &context, Registry &registry, const Welder &welder)
 {
     registry.addCommand(names::enableWeldParam,
                         [this](const Request &request) { return enable(request.payload); });
-    listenTo(arcOnSet(), m_arcOnFile, &Weld::trimStart);
-    listenTo(weldSet(), m_weldFile, &Weld::trimWeld);
-    listenTo(arcOffSet(), m_arcOffFile, &Weld::trimEnd);
+    listenTo(schema::arcOn(), m_arcOnFile, &Weld::trimStart);
+    listenTo(schema::weld(), m_weldFile, &Weld::trimWeld);
+    listenTo(schema::arcOff(), m_arcOffFile, &Weld::trimEnd);
 }
 
-void Weld::listenTo(const FileSet &set, const QString &used,
+void Weld::listenTo(const schema::FileSet &set, const QString &used,
                     void (Weld::*trim)(const QVariantMap &))
 {
-    m_context.listen(set.path(), [this, &used, trim](const QVariant &files) {
+    m_context.listen(set.node(), [this, &used, trim](const QVariant &files) {
         const QVariant saved = files.toMap().value(used);
         if (saved.isValid())
             (this->*trim)(saved.toMap());
@@ -82,10 +82,10 @@ Reply Weld::openSeam(const QString &arcOnFile, const QString &weldFile, bool dry
     Reply refused = dry ? Reply{} : refusal();
     if (!refused.ok())
         return refused;
-    Reply arcOn = load(arcOnSet(), arcOnFile);
+    Reply arcOn = load(schema::arcOn(), arcOnFile);
     if (!arcOn.ok())
         return arcOn;
-    Reply weld = load(weldSet(), weldFile);
+    Reply weld = load(schema::weld(), weldFile);
     if (!weld.ok())
         return weld;
     m_arcOnFile = arcOnFile;
@@ -114,7 +114,7 @@ Reply Weld::refusal() const
 
 Reply Weld::closeSeam(const QString &arcOffFile)
 {
-    Reply arcOff = load(arcOffSet(), arcOffFile);
+    Reply arcOff = load(schema::arcOff(), arcOffFile);
     if (!arcOff.ok())
         return arcOff;
     m_seam.reset();
@@ -208,9 +208,9 @@ QString Weld::fileName() const
     }
 }
 
-Reply Weld::load(const FileSet &set, const QString &file) const
+Reply Weld::load(const schema::FileSet &set, const QString &file) const
 {
-    Reply stored = set.hasFile(file) ? m_context.load(set.path(), file) : Reply{};
+    Reply stored = set.hasFile(file) ? m_context.load(set.node(), file) : Reply{};
     if (!stored.ok() || stored.value.isValid())
         return stored;
     return Reply::refused(OutOfRange, QStringLiteral("there is no file \"%1\"").arg(file));
@@ -220,7 +220,7 @@ Reply Weld::enable(const QVariant &payload)
 {
     if (m_welder.isInError())
         return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
-    Reply wanted = checkedFile(weldSet(), payload);
+    Reply wanted = checkedFile(schema::weld(), payload);
     if (!wanted.ok())
         return wanted;
     m_weldFile = childAt(wanted.value, nameKey).toString();

@@ -52,9 +52,10 @@ public:
     QString fileName() const;
 
 private:
-    Reply load(const FileSet &set, const QString &file) const;
+    Reply load(const schema::FileSet &set, const QString &file) const;
     Reply enable(const QVariant &payload);
-    void listenTo(const FileSet &set, const QString &used, void (Weld::*trim)(const QVariantMap &));
+    void listenTo(const schema::FileSet &set, const QString &used,
+                  void (Weld::*trim)(const QVariantMap &));
     void trimStart(const QVariantMap &file) { m_process.trim(ArcStart::from(file)); }
     void trimWeld(const QVariantMap &file);
     void trimEnd(const QVariantMap &file) { m_process.trim(ArcEnd::from(file)); }

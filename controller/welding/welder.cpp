@@ -1,6 +1,6 @@
 #include "controller/welding/welder.h"
 
-#include "controller/core/fields.h"
+#include "controller/files/fileset.h"
 #include "controller/welding/weldercatalogue.h"
 #include "schema/names.h"
 
@@ -8,42 +8,36 @@ namespace welmo::controller {
 
 namespace {
 
-const QString enableKey = QStringLiteral("enable");
-const QString connectKey = QStringLiteral("connect_to_welder");
-const QString protocolKey = QStringLiteral("protocol");
-const QString makerKey = QStringLiteral("mfr");
-const QString modelKey = QStringLiteral("model");
-const QString ratedCurrentKey = QStringLiteral("current_type");
-
-const Fields &settingFields()
+const schema::WelderSettingSet &rows()
 {
-    static const Fields fields{boolean("enable"), boolean("connect_to_welder"),
-                               text("protocol"),  text("mfr"),
-                               text("model"),     integer("current_type", 1, 5000)};
-    return fields;
+    return schema::welderSetting();
+}
+
+QVariant valueOf(const QVariant &setting, const schema::Row &row)
+{
+    return childAt(setting, QLatin1String(row.key));
 }
 
 QVariantMap firstSetting()
 {
-    const WelderModel &model = firstWelder();
-    return {{enableKey, false},
-            {connectKey, false},
-            {protocolKey, model.protocol},
-            {makerKey, model.maker},
-            {modelKey, model.model},
-            {ratedCurrentKey, ratedCurrents().first()}};
+    QVariantMap setting;
+    for (const schema::Row *row : rows().rows())
+        setting.insert(QLatin1String(row->key), row->defaultValue());
+    return setting;
 }
 
-const WelderModel *modelOf(const QVariant &setting)
+const schema::Welder *welderOf(const QVariant &setting)
 {
-    return findWelder(childAt(setting, protocolKey).toString(),
-                      childAt(setting, makerKey).toString(), childAt(setting, modelKey).toString());
+    return findWelder(valueOf(setting, rows().protocol).toString(),
+                      valueOf(setting, rows().brand).toString(),
+                      valueOf(setting, rows().type).toString());
 }
 
 QVariantMap deviceParamFor(const QVariant &setting)
 {
-    const WelderModel *model = modelOf(setting);
-    return deviceParamOf(model ? *model : firstWelder(), childAt(setting, ratedCurrentKey).toInt());
+    const schema::Welder *welder = welderOf(setting);
+    return deviceParamOf(welder ? *welder : schema::welders().first(),
+                         valueOf(setting, rows().ratedCurrent).toInt());
 }
 
 } // namespace
@@ -71,7 +65,7 @@ Reply Welder::deviceParam() const
 Reply Welder::start()
 {
     Reply present = setting();
-    m_enabled = childAt(present.value, enableKey).toBool();
+    m_enabled = valueOf(present.value, rows().enable).toBool();
     return present;
 }
 
@@ -84,16 +78,16 @@ QString Welder::stateWord() const
 
 Reply Welder::setWelder(const QVariant &payload)
 {
-    Reply wanted = checked(payload, settingFields(), Missing::Refused);
+    Reply wanted = checked(payload, strictFieldsOf(rows()), Missing::Refused);
     if (!wanted.ok())
         return wanted;
-    if (!modelOf(wanted.value)
-        || !ratedCurrents().contains(childAt(wanted.value, ratedCurrentKey).toInt()))
+    const schema::Welder *welder = welderOf(wanted.value);
+    if (!welder || !welder->currents.contains(valueOf(wanted.value, rows().ratedCurrent).toInt()))
         return Reply::refused(OutOfRange, QStringLiteral("there is no such welder"));
     Reply reply = m_context.save(names::welderSetting, {}, wanted.value);
     if (!reply.ok())
         return reply;
-    m_enabled = childAt(wanted.value, enableKey).toBool();
+    m_enabled = valueOf(wanted.value, rows().enable).toBool();
     m_context.notify(names::welderSetting, wanted.value);
     m_context.notify(names::deviceParam, deviceParamFor(wanted.value));
     return reply;

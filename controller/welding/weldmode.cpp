@@ -1,16 +1,14 @@
 #include "controller/welding/weldmode.h"
 
-#include <QStringList>
-
 #include "controller/core/fields.h"
 #include "schema/names.h"
+#include "schema/weldmode.h"
 
 namespace welmo::controller {
 
 namespace {
 
 const QString modeKey = QStringLiteral("mode");
-const QStringList modes{QStringLiteral("test_run"), QStringLiteral("simu"), QStringLiteral("real")};
 
 } // namespace
 
@@ -24,7 +22,8 @@ WeldMode::WeldMode(ControllerContext &context, Registry &registry)
 
 Reply WeldMode::read() const
 {
-    return m_context.load(names::weldMode, {}, QVariantMap{{modeKey, modes.first()}});
+    return m_context.load(names::weldMode, {},
+                          QVariantMap{{modeKey, schema::weldmode::all().first()}});
 }
 
 Reply WeldMode::change(const QVariant &payload)
@@ -33,7 +32,7 @@ Reply WeldMode::change(const QVariant &payload)
     if (!wanted.ok())
         return wanted;
     const QString mode = childAt(wanted.value, modeKey).toString();
-    if (!modes.contains(mode))
+    if (!schema::weldmode::all().contains(mode))
         return Reply::refused(OutOfRange, QStringLiteral("there is no mode ") + mode);
     const QVariantMap value{{modeKey, mode}};
     Reply reply = m_context.save(names::weldMode, {}, value);

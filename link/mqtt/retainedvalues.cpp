@@ -1,8 +1,7 @@
 #include "link/mqtt/retainedvalues.h"
 
 #include "controller/controller.h"
-#include "controller/files/fileset.h"
-#include "schema/names.h"
+#include "schema/filesets.h"
 
 using welmo::controller::Request;
 
@@ -24,9 +23,11 @@ QVariant merged(const QVariant &known, const QVariant &news)
 QVariantMap noEntries(const QString &path)
 {
     QVariantMap none;
-    for (const controller::FileSet &set : controller::fileSets()) {
-        for (int file = 1; set.path() == path && file <= controller::FileSet::fileCount; ++file)
-            none.insert(set.prefix + QString::number(file), {});
+    for (const schema::FileSet *set : schema::fileSets()) {
+        if (set->node() != path)
+            continue;
+        for (const QString &file : set->fileNames())
+            none.insert(file, {});
     }
     return none;
 }

@@ -8,7 +8,7 @@
 
 #include "controller/core/faults.h"
 #include "controller/core/request.h"
-#include "controller/files/fileset.h"
+#include "schema/filesets.h"
 #include "schema/names.h"
 
 namespace welmo::pendant {
@@ -62,8 +62,8 @@ void AnswersPanel::addAction(const QString &text, const QString &name,
 void AnswersPanel::fillRefusals()
 {
     namespace names = welmo::names;
-    for (const controller::FileSet &set : controller::fileSets())
-        m_path->addItem(set.path());
+    for (const schema::FileSet *set : schema::fileSets())
+        m_path->addItem(set->node());
     m_path->addItems({names::setWeldMode, names::setWelder, names::wireFeed, names::gasFlow});
     m_code->addItem(tr("Storage failed (%1)").arg(controller::StorageFailed),
                     controller::StorageFailed);

@@ -1,6 +1,6 @@
 #include "pendant/program/hostproject.h"
 
-#include "controller/files/fileset.h"
+#include "schema/filesets.h"
 #include "schema/names.h"
 #include "tessa/host.h"
 
@@ -23,8 +23,8 @@ void addNames(Names &names, const char *list, const char *type = nullptr)
 // A set that could not be read counts as one that is not set up: nothing is said about its files.
 void addFiles(Names &names)
 {
-    for (const controller::FileSet &set : controller::fileSets()) {
-        for (const QString &file : xservice()->get(nullptr, set.path())->cmobjNames())
+    for (const schema::FileSet *set : schema::fileSets()) {
+        for (const QString &file : xservice()->get(nullptr, set->node())->cmobjNames())
             names.insert(file);
     }
 }

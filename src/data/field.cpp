@@ -2,18 +2,16 @@
 
 #include <QSignalBlocker>
 
+#include "adapter/hostadapter.h"
+#include "data/choices.h"
+#include "data/inputs.h"
 #include "widgets/touchcombo.h"
 
 namespace welmo {
 
-void Field::writeDefault(QObject *sender, kelp::ModuleObject *file) const
+Field &Field::unit(QLabel *label)
 {
-    file->set(sender, m_key, m_default, true);
-}
-
-Field &Field::unit(QLabel *label, const QString &text)
-{
-    label->setText(text);
+    label->setText(schema::symbol(m_row.unit));
     return *this;
 }
 
@@ -29,6 +27,16 @@ void Field::shown() const
         m_whenShown();
 }
 
+const kelp::ModuleObject *Field::nodeIn(const kelp::ModuleObject *file) const
+{
+    return file->r(key());
+}
+
+void FileNameField::prepare()
+{
+    makeTouchable(m_combo);
+}
+
 void FileNameField::store(QObject *sender, kelp::ModuleObject *file) const
 {
     file->set(sender, key(), m_combo->currentText(), true);
@@ -41,34 +49,43 @@ void TextField::store(QObject *sender, kelp::ModuleObject *file) const
 
 bool TextField::show(const kelp::ModuleObject *file)
 {
-    m_edit->setText(file->r(key())->getString(QString()));
+    m_edit->setText(nodeIn(file)->getString(row().defaultValue().toString()));
     return true;
+}
+
+void ChoiceField::prepare()
+{
+    makeTouchable(m_combo);
+    choices::fill(m_combo, m_table);
 }
 
 void ChoiceField::store(QObject *sender, kelp::ModuleObject *file) const
 {
     if (m_combo->currentIndex() >= 0)
         file->set(sender, key(), m_combo->currentData(), true);
-}
-
-void ChoiceField::prepare()
-{
-    makeTouchable(m_combo);
-    m_table.fill(m_combo);
+    else if (host::isMissing(nodeIn(file)))
+        file->set(sender, key(), row().defaultValue(), true);
 }
 
 bool ChoiceField::show(const kelp::ModuleObject *file)
 {
-    const kelp::ModuleObject *node = file->r(key());
-    const QVariant code =
-        m_table.isBoolean() ? QVariant(node->getBool(false)) : node->getString(QString());
+    const kelp::ModuleObject *node = nodeIn(file);
+    const QVariant fallback = row().defaultValue();
+    const QVariant code = m_table.isBoolean() ? QVariant(node->getBool(fallback.toBool()))
+                                              : node->getString(fallback.toString());
     m_combo->setCurrentIndex(m_combo->findData(code));
-    return m_combo->currentIndex() >= 0;
+    return m_combo->currentIndex() >= 0 || host::isMissing(node);
 }
 
-void FileNameField::prepare()
+void SwitchField::store(QObject *sender, kelp::ModuleObject *file) const
 {
-    makeTouchable(m_combo);
+    file->set(sender, key(), m_button->isChecked(), true);
+}
+
+bool SwitchField::show(const kelp::ModuleObject *file)
+{
+    m_button->setChecked(nodeIn(file)->getBool(row().defaultValue().toBool()));
+    return true;
 }
 
 void NameField::prepare()
@@ -78,48 +95,46 @@ void NameField::prepare()
 
 void NameField::store(QObject *sender, kelp::ModuleObject *file) const
 {
-    if (m_combo->currentIndex() >= 0 && m_combo->currentIndex() != m_indexOfUnknown)
+    if (m_combo->currentIndex() >= 0)
         file->set(sender, key(), m_combo->currentText(), true);
 }
 
 bool NameField::show(const kelp::ModuleObject *file)
 {
-    const QString name = file->r(key())->getString(QString());
-    const int index = m_meaningTheFirst.contains(name) ? 0 : m_combo->findText(name);
-    const bool known = index >= 0;
-    if (known || !m_keepPresentItem)
+    const QString name = nodeIn(file)->getString(row().defaultValue().toString());
+    const int index = m_combo->findText(name);
+    if (index >= 0)
         m_combo->setCurrentIndex(index);
-    m_indexOfUnknown = known ? noUnknown : m_combo->currentIndex();
-    return known;
+    return index >= 0 || host::isMissing(nodeIn(file));
 }
 
-NameField &NameField::meaningTheFirst(const QStringList &texts)
+void InputField::prepare()
 {
-    m_meaningTheFirst = texts;
-    return *this;
+    makeTouchable(m_combo);
 }
 
-NameField &NameField::keepPresentItem()
+void InputField::store(QObject *sender, kelp::ModuleObject *file) const
 {
-    m_keepPresentItem = true;
-    return *this;
+    if (m_combo->currentIndex() >= 0)
+        file->set(sender, key(), m_combo->currentText(), true);
 }
 
-void IntegerListField::writeDefault(QObject *sender, kelp::ModuleObject *file) const
+bool InputField::show(const kelp::ModuleObject *file)
 {
-    QVariantList zeros;
-    for (size_t i = 0; i < m_boxes.size(); ++i)
-        zeros.append(0);
-    file->setList(sender, key(), zeros, true);
+    const QString name = nodeIn(file)->getString(row().defaultValue().toString());
+    // What one pendant stored, another may read in its own language.
+    const bool isNone = inputs::noSignalTexts().contains(name);
+    m_combo->setCurrentIndex(isNone ? 0 : m_combo->findText(name));
+    return m_combo->currentIndex() >= 0;
 }
 
-void IntegerListField::prepare()
+void IntegersField::prepare()
 {
     for (QSpinBox *box : m_boxes)
-        box->setRange(int(m_range.minimum), int(m_range.maximum));
+        box->setRange(int(row().range.minimum), int(row().range.maximum));
 }
 
-void IntegerListField::store(QObject *sender, kelp::ModuleObject *file) const
+void IntegersField::store(QObject *sender, kelp::ModuleObject *file) const
 {
     QVariantList values;
     for (const QSpinBox *box : m_boxes)
@@ -127,19 +142,21 @@ void IntegerListField::store(QObject *sender, kelp::ModuleObject *file) const
     file->setList(sender, key(), values, true);
 }
 
-bool IntegerListField::show(const kelp::ModuleObject *file)
+bool IntegersField::show(const kelp::ModuleObject *file)
 {
-    const QVariantList values = file->r(key())->getList();
-    for (size_t i = 0; i < m_boxes.size(); ++i) {
-        const QSignalBlocker blocker(m_boxes[i]);
-        m_boxes[i]->setValue(values.value(int(i)).toInt());
+    const QVariantList values = nodeIn(file)->getList();
+    const QVariantList defaults = row().defaultValue().toList();
+    for (int i = 0; i < int(m_boxes.size()); ++i) {
+        QSpinBox *box = m_boxes[size_t(i)];
+        const QSignalBlocker blocker(box);
+        box->setValue(values.value(i, defaults.at(i)).toInt());
     }
     return true;
 }
 
 void IntegerField::prepare()
 {
-    m_box->setRange(int(m_range.minimum), int(m_range.maximum));
+    m_box->setRange(int(row().range.minimum), int(row().range.maximum));
     m_box->setAccelerated(true);
 }
 
@@ -150,47 +167,30 @@ void IntegerField::store(QObject *sender, kelp::ModuleObject *file) const
 
 bool IntegerField::show(const kelp::ModuleObject *file)
 {
-    m_box->setValue(file->r(key())->getInt(0));
+    m_box->setValue(nodeIn(file)->getInt(row().defaultValue().toInt()));
     return true;
-}
-
-void RealField::writeDefault(QObject *sender, kelp::ModuleObject *file) const
-{
-    Field::writeDefault(sender, file);
-    if (!m_twinKey.isEmpty())
-        file->set(sender, m_twinKey, defaultValue(), true);
 }
 
 void RealField::prepare()
 {
-    m_box->setRange(m_range.minimum, m_range.maximum);
+    m_box->setRange(row().range.minimum, row().range.maximum);
     m_box->setAccelerated(true);
 }
 
 void RealField::store(QObject *sender, kelp::ModuleObject *file) const
 {
     file->set(sender, key(), m_box->value(), true);
-    if (!m_twinKey.isEmpty())
-        file->set(sender, m_twinKey, m_box->value(), true);
+    if (const char *twin = row().twinKey())
+        file->set(sender, QString::fromLatin1(twin), m_box->value(), true);
 }
 
 bool RealField::show(const kelp::ModuleObject *file)
 {
-    const kelp::ModuleObject *node = file->r(key());
-    m_box->setValue(m_readAsInteger ? node->getInt(0) : node->getDouble(0.0));
+    const kelp::ModuleObject *node = nodeIn(file);
+    const QVariant fallback = row().defaultValue();
+    m_box->setValue(m_readAsInteger ? node->getInt(fallback.toInt())
+                                    : node->getDouble(fallback.toDouble()));
     return true;
-}
-
-RealField &RealField::readAsInteger()
-{
-    m_readAsInteger = true;
-    return *this;
-}
-
-RealField &RealField::alsoStoredAs(const QString &key)
-{
-    m_twinKey = key;
-    return *this;
 }
 
 } // namespace welmo

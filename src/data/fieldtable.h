@@ -5,59 +5,57 @@
 #include <vector>
 
 #include "data/field.h"
+#include "schema/fileset.h"
 
 namespace welmo {
 
-/// The fields of one parameter set, in the set's order, bound to the controls of one form. Four
-/// loops over the rows do all the moving between file and form.
+/// The rows of one set, bound to the controls of one form. A row takes only the kind of control
+/// that fits it, and its name through the generated form, so that a wrong one does not compile.
+/// Four loops over the rows do all the moving between file and form.
 class FieldTable
 {
 public:
-    /// @p owner is named as the sender of the values it writes and of what it reports. @p set names
-    /// what it shows in a report where no file has a name.
-    explicit FieldTable(QObject *owner, const QString &set = {})
+    /// @p owner is named as the sender of the values it writes and of what it reports.
+    FieldTable(QObject *owner, const schema::Set &set)
         : m_owner(owner)
         , m_set(set)
     { }
 
-    Field &fileName(const QString &key, QComboBox *combo) { return add<FileNameField>(key, combo); }
-    Field &text(const QString &key, QLineEdit *edit) { return add<TextField>(key, edit); }
-    Field &choice(const QString &key, QComboBox *combo, const ChoiceTable &table,
-                  const QVariant &defaultCode)
+    Field &bind(const schema::FileNameRow &row, QComboBox *combo)
     {
-        return add<ChoiceField>(key, combo, table, defaultCode);
+        return add<FileNameField>(row, combo);
     }
-    Field &integer(const QString &key, QSpinBox *box, Range range, int defaultValue)
+    Field &bind(const schema::TextRow &row, QLineEdit *edit) { return add<TextField>(row, edit); }
+    Field &bind(const schema::ChoiceRow &row, QComboBox *combo)
     {
-        return add<IntegerField>(key, box, range, defaultValue);
+        return add<ChoiceField>(row, combo);
     }
-    /// The default's own type is what the default file holds, often an int.
-    RealField &real(const QString &key, QDoubleSpinBox *box, Range range,
-                    const QVariant &defaultValue)
+    Field &bind(const schema::SwitchRow &row, QAbstractButton *button)
     {
-        return add<RealField>(key, box, range, defaultValue);
+        return add<SwitchField>(row, button);
     }
-    NameField &name(const QString &key, QComboBox *combo, const QString &defaultName)
+    Field &bind(const schema::IntegerRow &row, QSpinBox *box)
     {
-        return add<NameField>(key, combo, defaultName);
+        return add<IntegerField>(row, box);
     }
-    Field &integers(const QString &key, const std::vector<QSpinBox *> &boxes, Range range)
+    Field &bind(const schema::IntegersRow &row, const IntegersField::Boxes &boxes)
     {
-        return add<IntegerListField>(key, boxes, range);
+        return add<IntegersField>(row, boxes);
     }
-    /// A value that only the default file sets: no control shows it and no save touches it.
-    Field &defaultOnly(const QString &key, const QVariant &defaultValue)
+    Field &bind(const schema::RealRow &row, QDoubleSpinBox *box)
     {
-        return add<Field>(key, defaultValue);
+        return add<RealField>(row, box);
     }
-    /// A row of any other kind.
-    template<typename Kind, typename... Arguments>
-    Kind &add(Arguments &&...arguments)
+    Field &bind(const schema::NameRow &row, QComboBox *combo) { return add<NameField>(row, combo); }
+    Field &bind(const schema::InputRow &row, QComboBox *combo)
     {
-        m_rows.push_back(std::make_unique<Kind>(std::forward<Arguments>(arguments)...));
-        return static_cast<Kind &>(*m_rows.back());
+        return add<InputField>(row, combo);
     }
 
+    const schema::Set &set() const { return m_set; }
+    const std::vector<std::unique_ptr<Field>> &fields() const { return m_fields; }
+
+    /// Every row's default, also of the rows that no control shows.
     void writeDefaults(kelp::ModuleObject *file) const;
     void prepare();
     void store(kelp::ModuleObject *file) const;
@@ -65,12 +63,18 @@ public:
     /// bring up to date afterwards. A value that a control cannot show is reported.
     void show(const kelp::ModuleObject *file);
 
-    const std::vector<std::unique_ptr<Field>> &rows() const { return m_rows; }
-
 private:
+    template<typename Kind, typename Row, typename Control>
+    Field &add(const Row &row, Control control)
+    {
+        m_fields.push_back(std::make_unique<Kind>(row, control));
+        return *m_fields.back();
+    }
+    void reportUnknown(const kelp::ModuleObject *file, const Field &field) const;
+
     QObject *m_owner;
-    QString m_set;
-    std::vector<std::unique_ptr<Field>> m_rows;
+    const schema::Set &m_set;
+    std::vector<std::unique_ptr<Field>> m_fields;
 };
 
 } // namespace welmo

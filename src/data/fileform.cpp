@@ -9,17 +9,18 @@
 
 namespace welmo {
 
-FileForm::FileForm(QObject *owner, const ParameterSet &set, QComboBox *combo,
+FileForm::FileForm(QObject *owner, const schema::FileSet &set, QComboBox *combo,
                    std::function<void()> afterShow)
     : m_owner(owner)
     , m_set(set)
     , m_combo(combo)
-    , m_fields(owner)
+    , m_fields(owner, set)
     , m_afterShow(std::move(afterShow))
     , m_shown(set.prefix, nullptr)
 {
     m_overtaken.setSingleShot(true);
-    QObject::connect(&m_overtaken, &QTimer::timeout, &m_overtaken, [this] { takeOver(); });
+    QObject::connect(&m_overtaken, &QTimer::timeout, &m_overtaken,
+                     [this] { reloadKeepingEdits(); });
 }
 
 FileForm::~FileForm()
@@ -75,7 +76,7 @@ void FileForm::show()
 {
     m_fields.show(m_data);
     m_afterShow();
-    settle();
+    markUnedited();
 }
 
 int FileForm::save()
@@ -83,49 +84,49 @@ int FileForm::save()
     const int code =
         parameterfile::handleSaveParam(m_owner, m_set, m_combo, m_data, [this] { store(); });
     if (code == 0)
-        settle();
+        markUnedited();
     return code;
 }
 
 void FileForm::collect(kelp::ModuleObject *values) const
 {
-    for (const auto &row : m_fields.rows()) {
-        if (row->editor() != m_combo)
-            row->store(nullptr, values);
+    for (const auto &field : m_fields.fields()) {
+        if (field->editor() != m_combo)
+            field->store(nullptr, values);
     }
 }
 
 QMap<QString, QVariant> FileForm::edits() const
 {
-    if (!m_isSettled)
+    if (!m_isKnown)
         return {};
     QMap<QString, QVariant> edits;
     kelp::ModuleObject now(m_set.prefix, nullptr);
     collect(&now);
-    for (const auto &row : m_fields.rows()) {
-        const kelp::ModuleObject *node = now.r(row->key()); // missing: nothing is chosen
+    for (const auto &field : m_fields.fields()) {
+        const kelp::ModuleObject *node = now.r(field->key()); // missing: nothing is chosen
         if (!host::isMissing(node)
-            && host::toVariant(node) != host::toVariant(m_shown.r(row->key())))
-            edits.insert(row->key(), host::toVariant(node));
+            && host::toVariant(node) != host::toVariant(m_shown.r(field->key())))
+            edits.insert(field->key(), host::toVariant(node));
     }
     return edits;
 }
 
-void FileForm::settle()
+void FileForm::markUnedited()
 {
     collect(&m_shown);
-    m_isSettled = true;
-    follow();
+    m_isKnown = true;
+    watchFile();
 }
 
-void FileForm::follow()
+void FileForm::watchFile()
 {
-    if (!m_data || (m_data == m_followed && m_following))
+    if (!m_data || (m_data == m_watched && m_watching))
         return;
-    QObject::disconnect(m_following);
-    m_followed = m_data;
+    QObject::disconnect(m_watching);
+    m_watched = m_data;
     m_data->watch(true, true);
-    m_following =
+    m_watching =
         QObject::connect(m_data, &kelp::ModuleObject::changed, &m_overtaken,
                          [this](const QVariant &, const QVariant &, const QObject *sender) {
                              if (sender != m_owner)
@@ -139,10 +140,10 @@ void FileForm::reportLoss(const QObject *sender, const QString &file)
         sender, QCoreApplication::translate("FileForm", "%1: changes were not saved").arg(file));
 }
 
-void FileForm::takeOver()
+void FileForm::reloadKeepingEdits()
 {
     // Of the controller: a save that was refused leaves its values in the local copy.
-    if (m_data != m_followed || !holdsChosenFile() || !arcweld::isConnected() || !get())
+    if (m_data != m_watched || !holdsChosenFile() || !arcweld::isConnected() || !get())
         return;
     const QMap<QString, QVariant> edited = edits();
     kelp::ModuleObject merged(m_data->name(), nullptr);
@@ -154,7 +155,7 @@ void FileForm::takeOver()
     }
     m_fields.show(&merged);
     m_afterShow();
-    settle();
+    markUnedited();
     for (auto value = shown.begin(); value != shown.end(); ++value)
         m_shown.set(nullptr, value.key(), value.value(), true); // still edited
 }

@@ -20,13 +20,13 @@ class FileForm
 {
 public:
     /// @p afterShow brings up to date what depends on the values that were shown.
-    FileForm(QObject *owner, const ParameterSet &set, QComboBox *combo,
+    FileForm(QObject *owner, const schema::FileSet &set, QComboBox *combo,
              std::function<void()> afterShow);
     /// Changes that nobody saved go with the form, which is reported.
     ~FileForm();
 
     FieldTable &fields() { return m_fields; }
-    const ParameterSet &set() const { return m_set; }
+    const schema::FileSet &set() const { return m_set; }
     QComboBox *combo() const { return m_combo; }
     /// The current data object: the default node or the chosen file's local copy. Never null once
     /// useDefaultNode() or get() ran.
@@ -49,7 +49,7 @@ public:
     /// Whether the form holds changes that were not saved.
     bool isEdited() const { return !edits().isEmpty(); }
     /// What the controls hold counts as unchanged: it was shown, saved, or set by the welder.
-    void settle();
+    void markUnedited();
     /// Reads the chosen file and shows it; a failed read leaves the form as it is. Changes of the
     /// file shown before that nobody saved are lost, which is reported.
     void select();
@@ -65,19 +65,19 @@ private:
     QMap<QString, QVariant> edits() const; ///< by key
     /// What the controls hold, except the file's name.
     void collect(kelp::ModuleObject *values) const;
-    void follow();
-    void takeOver();
+    void watchFile();
+    void reloadKeepingEdits();
 
     QObject *m_owner;
-    const ParameterSet &m_set;
+    const schema::FileSet &m_set;
     QComboBox *m_combo;
     FieldTable m_fields;
     std::function<void()> m_afterShow;
     kelp::ModuleObject *m_data = nullptr;
     kelp::ModuleObject m_shown; ///< what the controls held when a file was shown or saved
-    bool m_isSettled = false;
-    kelp::ModuleObject *m_followed = nullptr; ///< the data object whose changes are heard
-    QMetaObject::Connection m_following;
+    bool m_isKnown = false;
+    kelp::ModuleObject *m_watched = nullptr; ///< the data object whose changes are heard
+    QMetaObject::Connection m_watching;
     QTimer m_overtaken; ///< runs once for all that somebody else changes at a time
 };
 

@@ -7,6 +7,8 @@
 #include <kelp/moduleobject.h>
 #include <vu/paths.h>
 
+#include "schema/row.h"
+
 namespace welmo::inputs {
 
 namespace {
@@ -17,14 +19,15 @@ constexpr int digitalInput = 1; // signal_type of an input, as the controller nu
 
 QString noSignal()
 {
-    return QCoreApplication::translate("Inputs", "No signal");
+    return QCoreApplication::translate("Inputs", schema::noSignalSource);
 }
 
 QStringList noSignalTexts()
 {
     QTranslator chinese;
     chinese.load(vu::languagePath(QStringLiteral("welmo_cn"), {}, QStringLiteral("welmo")));
-    return {QStringLiteral("No signal"), chinese.translate("Inputs", "No signal")};
+    return {QString::fromLatin1(schema::noSignalSource),
+            chinese.translate("Inputs", schema::noSignalSource)};
 }
 
 QStringList getDIRange()

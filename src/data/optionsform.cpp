@@ -12,18 +12,15 @@ const QString presentName = QStringLiteral("present");
 
 } // namespace
 
-OptionsForm::OptionsForm(QObject *owner, const QString &name)
+OptionsForm::OptionsForm(QObject *owner, const schema::OptionSet &set)
     : m_owner(owner)
-    , m_name(name)
-    , m_fields(owner, name)
+    , m_set(set)
+    , m_fields(owner, set)
 { }
 
 kelp::ModuleObject *OptionsForm::node(const QString &name) const
 {
-    return m(QStringLiteral("welmo"))
-        ->c(QStringLiteral("welding_options"), true)
-        ->c(m_name, true)
-        ->c(name, true);
+    return m(QStringLiteral("welmo"))->c(m_set.section, true)->c(m_set.name, true)->c(name, true);
 }
 
 void OptionsForm::useDefaultNode()
@@ -38,9 +35,9 @@ void OptionsForm::writeDefaults()
 
 bool OptionsForm::get()
 {
-    const auto answer = xservice()->get(m_owner, arcweld::node(m_name));
+    const auto answer = xservice()->get(m_owner, m_set.node());
     if (arcweld::readFailed(answer)) {
-        report::readFailed(m_owner, m_name);
+        report::readFailed(m_owner, m_set.name);
         return false;
     }
     m_known = true;

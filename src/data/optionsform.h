@@ -1,8 +1,7 @@
 #pragma once
 
-#include <functional>
-
 #include "data/fieldtable.h"
+#include "schema/optionsets.h"
 
 namespace welmo {
 
@@ -11,8 +10,7 @@ namespace welmo {
 class OptionsForm
 {
 public:
-    /// @p name is the set's name on the controller and below "welding_options" in the tree.
-    OptionsForm(QObject *owner, const QString &name);
+    OptionsForm(QObject *owner, const schema::OptionSet &set);
 
     FieldTable &fields() { return m_fields; }
     kelp::ModuleObject *data() const { return m_data; }
@@ -34,7 +32,7 @@ private:
     kelp::ModuleObject *node(const QString &name) const;
 
     QObject *m_owner;
-    QString m_name;
+    const schema::OptionSet &m_set;
     FieldTable m_fields;
     kelp::ModuleObject *m_data = nullptr;
     bool m_known = false;

@@ -22,13 +22,13 @@ kelp::ModuleObject *moduleTree()
     return m(QStringLiteral("welmo"));
 }
 
-kelp::ModuleObject *makeLocalCopy(QObject *sender, const ParameterSet &set, const QString &file)
+kelp::ModuleObject *makeLocalCopy(QObject *sender, const schema::FileSet &set, const QString &file)
 {
     moduleTree()->set(sender, set.localPath(file), QString(), true);
     return moduleTree()->r(set.localPath(file));
 }
 
-kelp::ModuleObject *keepAnswer(QObject *sender, const ParameterSet &set, const QString &file,
+kelp::ModuleObject *keepAnswer(QObject *sender, const schema::FileSet &set, const QString &file,
                                const kelp::ModuleObject *answer)
 {
     kelp::ModuleObject *local = moduleTree()->r(set.localPath(file));
@@ -38,7 +38,7 @@ kelp::ModuleObject *keepAnswer(QObject *sender, const ParameterSet &set, const Q
     return local;
 }
 
-void create(QObject *sender, const ParameterSet &set, const QString &file,
+void create(QObject *sender, const schema::FileSet &set, const QString &file,
             kelp::ModuleObject *&data)
 {
     kelp::ModuleObject *local = makeLocalCopy(sender, set, file);
@@ -53,7 +53,7 @@ void create(QObject *sender, const ParameterSet &set, const QString &file,
 
 } // namespace
 
-Fetch handleGetParam(QObject *sender, const ParameterSet &set, const QComboBox *combo,
+Fetch handleGetParam(QObject *sender, const schema::FileSet &set, const QComboBox *combo,
                      kelp::ModuleObject *&data, const std::function<void()> &useDefault)
 {
     const QString file = combo->currentText();
@@ -73,7 +73,7 @@ Fetch handleGetParam(QObject *sender, const ParameterSet &set, const QComboBox *
     return Fetch::Created;
 }
 
-int handleSaveParam(QObject *sender, const ParameterSet &set, const QComboBox *combo,
+int handleSaveParam(QObject *sender, const schema::FileSet &set, const QComboBox *combo,
                     kelp::ModuleObject *data, const std::function<void()> &store)
 {
     const QString file = combo->currentText();
@@ -84,28 +84,25 @@ int handleSaveParam(QObject *sender, const ParameterSet &set, const QComboBox *c
 }
 
 void handleFileNumChanged(QObject *sender, const QComboBox *combo, kelp::ModuleObject *&data,
-                          const ParameterSet &set, const std::function<void()> &useDefault,
+                          const schema::FileSet &set, const std::function<void()> &useDefault,
                           const std::function<void()> &setForm)
 {
     if (handleGetParam(sender, set, combo, data, useDefault) != Fetch::Failed)
         setForm();
 }
 
-void handleRemoveParam(QObject *sender, const ParameterSet &set, const QList<int> &numbers)
+void handleRemoveParam(QObject *sender, const schema::FileSet &set, const QList<int> &numbers)
 {
-    if (!arcweld::isConnected()) {
-        report::error(sender, ParameterFile::tr("tessa not connected"));
+    if (!report::requireConnection())
         return;
-    }
-    const QString command = arcweld::node(QStringLiteral("remove.%1").arg(set.name));
     const QVariant files = set.fileNames(numbers);
-    if (xservice()->execCommand(sender, command, files)->getInt(0) != 0)
+    if (xservice()->execCommand(sender, set.removeCommand(), files)->getInt(0) != 0)
         report::error(sender, ParameterFile::tr("remove parameter error"));
     else
         report::info(sender, ParameterFile::tr("remove parameter success"));
 }
 
-kelp::ModuleObject *defaultNode(const ParameterSet &set)
+kelp::ModuleObject *defaultNode(const schema::FileSet &set)
 {
     kelp::ModuleObject *node = moduleTree();
     for (const QString &part : set.defaultPath().split(QLatin1Char('.')))

@@ -7,7 +7,7 @@
 
 #include <kelp/moduleobject.h>
 
-#include "data/parameterset.h"
+#include "schema/fileset.h"
 
 namespace welmo {
 
@@ -26,25 +26,25 @@ enum class Fetch {
 /// Reads the file named by @p combo and leaves @p data pointing at its local copy. A file that the
 /// controller answers not to have is created there from the defaults; a read that failed is
 /// reported and leaves @p data alone, since a file that cannot be read may well be there.
-Fetch handleGetParam(QObject *sender, const ParameterSet &set, const QComboBox *combo,
+Fetch handleGetParam(QObject *sender, const schema::FileSet &set, const QComboBox *combo,
                      kelp::ModuleObject *&data, const std::function<void()> &useDefault);
 
 /// Stores the form into @p data and writes it to the controller as the file named by @p combo.
 /// Returns the controller's code, 0 for success. Refused while @p data is not that file's copy (it
 /// could not be read): the values shown are another file's.
-int handleSaveParam(QObject *sender, const ParameterSet &set, const QComboBox *combo,
+int handleSaveParam(QObject *sender, const schema::FileSet &set, const QComboBox *combo,
                     kelp::ModuleObject *data, const std::function<void()> &store);
 
 /// Reads the chosen file and shows it; a failed read leaves the form as it is.
 void handleFileNumChanged(QObject *sender, const QComboBox *combo, kelp::ModuleObject *&data,
-                          const ParameterSet &set, const std::function<void()> &useDefault,
+                          const schema::FileSet &set, const std::function<void()> &useDefault,
                           const std::function<void()> &setForm);
 
 /// Removes the files with these numbers from the controller and reports the outcome.
-void handleRemoveParam(QObject *sender, const ParameterSet &set, const QList<int> &numbers);
+void handleRemoveParam(QObject *sender, const schema::FileSet &set, const QList<int> &numbers);
 
 /// The set's default node, made when missing.
-kelp::ModuleObject *defaultNode(const ParameterSet &set);
+kelp::ModuleObject *defaultNode(const schema::FileSet &set);
 
 } // namespace parameterfile
 

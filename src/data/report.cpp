@@ -4,6 +4,8 @@
 
 #include <tessa/managerhelper.h>
 
+#include "data/arcweldservice.h"
+
 namespace welmo::report {
 
 void error(const QObject *sender, const QString &text)
@@ -19,6 +21,27 @@ void warning(const QObject *sender, const QString &text)
 void info(const QObject *sender, const QString &text)
 {
     tessa::ManagerHelper::instance()->throwLog(sender, QStringLiteral("info"), text);
+}
+
+bool requireConnection()
+{
+    const bool connected = arcweld::isConnected();
+    if (!connected)
+        error(nullptr, notConnected());
+    return connected;
+}
+
+bool requireConnection(const QObject *sender)
+{
+    const bool connected = arcweld::isConnected();
+    if (!connected)
+        error(sender, QCoreApplication::translate("Connection", "tessa is not connected"));
+    return connected;
+}
+
+QString notConnected()
+{
+    return QCoreApplication::translate("Connection", "tessa not connected");
 }
 
 void readFailed(const QObject *sender, const QString &what)

@@ -1,6 +1,7 @@
 #include "data/welderlimits.h"
 
 #include "data/arcweldservice.h"
+#include "schema/names.h"
 
 namespace welmo {
 
@@ -15,12 +16,12 @@ QStringList texts(const kelp::ModuleObject *answer, const QString &key)
 }
 
 // Two numbers, minimum first; anything else counts as not told.
-std::optional<Range> range(const kelp::ModuleObject *answer, const QString &key)
+std::optional<schema::Range> range(const kelp::ModuleObject *answer, const QString &key)
 {
     const QVariantList pair = answer->r(key)->getList();
     bool low = false;
     bool high = false;
-    const Range result{pair.value(0).toDouble(&low), pair.value(1).toDouble(&high)};
+    const schema::Range result{pair.value(0).toDouble(&low), pair.value(1).toDouble(&high)};
     const bool told = pair.size() == 2 && low && high && result.minimum <= result.maximum;
     return told ? std::optional(result) : std::nullopt;
 }
@@ -34,7 +35,7 @@ VoltageRanges ranges(const kelp::ModuleObject *answer, const QString &key)
 
 std::optional<WelderLimits> WelderLimits::read(QObject *sender)
 {
-    const auto answer = xservice()->get(sender, arcweld::node(QStringLiteral("device_param")));
+    const auto answer = xservice()->get(sender, names::deviceParam);
     if (arcweld::readFailed(answer) || answer->cmobjCount() == 0)
         return std::nullopt;
     return WelderLimits{texts(answer.get(), QStringLiteral("work_mode")),

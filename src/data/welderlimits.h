@@ -4,18 +4,21 @@
 #include <QStringList>
 #include <optional>
 
-#include "data/field.h"
+#include "schema/row.h"
 
 namespace welmo {
 
 /// The range of a voltage box in each voltage mode; empty until the welder has told it.
 struct VoltageRanges
 {
-    std::optional<Range> unified;
-    std::optional<Range> separate;
+    std::optional<schema::Range> unified;
+    std::optional<schema::Range> separate;
 
     /// Mode 0 is "Unified", any other is "Separate".
-    const std::optional<Range> &forMode(int mode) const { return mode == 0 ? unified : separate; }
+    const std::optional<schema::Range> &forMode(int mode) const
+    {
+        return mode == 0 ? unified : separate;
+    }
 };
 
 /// What the connected welder offers: its modes, as source texts in its own order, and the voltage

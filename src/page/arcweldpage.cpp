@@ -11,6 +11,7 @@
 
 #include "adapter/hostadapter.h"
 #include "data/arcweldservice.h"
+#include "data/weldersetting.h"
 #include "instructions/tlarcweld.h"
 #include "page/handlekeys.h"
 #include "page/weldmodeindicator.h"
@@ -215,13 +216,7 @@ void ArcWeldPage::loadWelderSetting()
     const auto setting = xservice()->get(this, QStringLiteral("arc_weld.welder_setting"));
     if (welmo::arcweld::readFailed(setting))
         return;
-    mobj()->set(this, QStringLiteral("enable"),
-                setting->r(QStringLiteral("enable"))->getBool(false), true);
-    for (const char *key : {"protocol", "mfr", "model"})
-        mobj()->set(this, QStringLiteral("device_param.%1").arg(key),
-                    setting->r(QString::fromLatin1(key))->getString(QString()), true);
-    mobj()->set(this, QStringLiteral("device_param.current_type"),
-                setting->r(QStringLiteral("current_type"))->getInt(0), true);
+    welmo::weldersetting::keep(this, mobj(), setting);
 }
 
 void ArcWeldPage::updateAvailability()

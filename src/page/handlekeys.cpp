@@ -11,7 +11,7 @@
 #include "adapter/hostadapter.h"
 #include "data/arcweldservice.h"
 #include "data/report.h"
-#include "data/weldmode.h"
+#include "schema/weldmode.h"
 
 const QString HandleKeys::setName = QStringLiteral("welmo_monitor");
 
@@ -155,7 +155,7 @@ void HandleKeys::switchMode(bool down)
     const QString current =
         m(QStringLiteral("welmo.welding_options.weld_mode"))->getString(QString());
     kelp::ModuleObject payload(QStringLiteral("target_mode"), nullptr);
-    payload.set(nullptr, QStringLiteral("mode"), welmo::weldmode::next(current), true);
+    payload.set(nullptr, QStringLiteral("mode"), welmo::schema::weldmode::next(current), true);
     const QString command = welmo::arcweld::node(QStringLiteral("set_weld_mode"));
     if (xservice()->execCommand(nullptr, command, &payload)->getInt(0) != 0)
         welmo::report::error(nullptr, tr("Switching welding operation mode failed!"));

@@ -2,28 +2,27 @@
 
 #include <QPushButton>
 
-#include "data/parameterset.h"
 #include "data/report.h"
+#include "schema/processsets.h"
 #include "ui_monitorpage.h"
 #include "widgets/stylerules.h"
 
-using welmo::ParameterSet;
-namespace sets = welmo::sets;
+namespace schema = welmo::schema;
 
 namespace {
 
 const char *const stepProperty = "step";
 
 // The set that a data name belongs to; the first word that it contains decides.
-const ParameterSet &setOf(const QString &name)
+const schema::FileSet &setOf(const QString &name)
 {
-    static const ParameterSet none;
+    static const schema::FileSet none({}, {}, {}, schema::FileSet::Removal::None);
     if (name.contains(QLatin1String("arcon")))
-        return sets::arcon();
+        return schema::arcOn();
     if (name.contains(QLatin1String("arcdata")))
-        return sets::weld();
+        return schema::weld();
     if (name.contains(QLatin1String("arcoff")))
-        return sets::arcoff();
+        return schema::arcOff();
     return none;
 }
 
@@ -80,7 +79,7 @@ void MonitorPage::followLink()
 // A form that saves the data in use must not have its other values undone by the next trim.
 void MonitorPage::followForms()
 {
-    auto *section = m(QStringLiteral("welmo"))->c(sets::weld().section, true);
+    auto *section = m(QStringLiteral("welmo"))->c(schema::weld().section, true);
     section->watch(true, true);
     m_overtaken.setSingleShot(true);
     connect(&m_overtaken, &QTimer::timeout, this, &MonitorPage::takeOver);

@@ -5,8 +5,11 @@
 #include <array>
 
 #include "data/report.h"
+#include "schema/weldmode.h"
 
 namespace {
+
+namespace weldmode = welmo::schema::weldmode;
 
 struct Mode
 {
@@ -17,11 +20,11 @@ struct Mode
 };
 
 constexpr std::array<Mode, 3> modes{{
-    {"test_run", QT_TRANSLATE_NOOP("WeldModeIndicator", "test run mode"),
+    {weldmode::testRun, QT_TRANSLATE_NOOP("WeldModeIndicator", "test run mode"),
      QT_TRANSLATE_NOOP("WeldModeIndicator", "test run"), "testRun.png"},
-    {"simu", QT_TRANSLATE_NOOP("WeldModeIndicator", "simulation mode"),
+    {weldmode::simulation, QT_TRANSLATE_NOOP("WeldModeIndicator", "simulation mode"),
      QT_TRANSLATE_NOOP("WeldModeIndicator", "simulation"), "simu.png"},
-    {"real", QT_TRANSLATE_NOOP("WeldModeIndicator", "real mode"),
+    {weldmode::real, QT_TRANSLATE_NOOP("WeldModeIndicator", "real mode"),
      QT_TRANSLATE_NOOP("WeldModeIndicator", "real welding"), "realWelding.png"},
 }};
 

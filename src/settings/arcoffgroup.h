@@ -17,7 +17,7 @@ public:
     ~ArcoffGroup() override;
 
 protected:
-    void declareFields(welmo::FieldTable &fields) override;
+    void bindFields(welmo::FieldTable &fields) override;
     void voltageUnitChanged(const QString &unit) override;
     void handleSwitchVoltageMode(int mode) override;
 

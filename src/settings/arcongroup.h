@@ -21,7 +21,7 @@ public slots:
     void onArconLeadTimeEditFinished();
 
 protected:
-    void declareFields(welmo::FieldTable &fields) override;
+    void bindFields(welmo::FieldTable &fields) override;
     void initConnect() override;
     void currentUnitChanged(const QString &unit) override;
     void voltageUnitChanged(const QString &unit) override;

@@ -5,6 +5,8 @@
 
 #include "data/arcweldservice.h"
 #include "data/report.h"
+#include "data/weldersetting.h"
+#include "schema/welders.h"
 #include "ui_devicessettingpage.h"
 #include "widgets/touchcombo.h"
 
@@ -12,26 +14,60 @@ using namespace welmo;
 
 namespace {
 
-const QString enableKey = QStringLiteral("enable");
-const QString connectKey = QStringLiteral("device_param.connect_to_welder");
-// The controller's texts of the chosen welder, in the module's tree and in its own setting.
-const QStringList textKeys{QStringLiteral("protocol"), QStringLiteral("mfr"),
-                           QStringLiteral("model")};
-const QString currentKey = QStringLiteral("current_type");
 // Misspelt in the trees of every pendant in the field, so it stays.
 const QString catalogueKey = QStringLiteral("welder_sertting");
-const QString stateNode = QStringLiteral("arc_weld.welder_state");
+const QString nowhere = QStringLiteral("-"); // no child has this name
 
-QString paramKey(const QString &key)
+QString enableKey()
 {
-    return QStringLiteral("device_param.%1").arg(key);
+    return QString::fromLatin1(schema::welderSetting().enable.key);
+}
+
+QString connectKey()
+{
+    return weldersetting::choiceKey(schema::welderSetting().connectToWelder.key);
+}
+
+QString currentKey()
+{
+    return weldersetting::choiceKey(schema::welderSetting().ratedCurrent.key);
 }
 
 void offer(QComboBox *combo, const QStringList &names)
 {
     combo->clear();
     for (const QString &name : names)
-        combo->addItem(DevicesSettingPage::tr(qPrintable(name)), name);
+        combo->addItem(schema::shownWelderText(name), name);
+}
+
+void offerCurrents(QComboBox *combo, const QVariantList &currents)
+{
+    combo->clear();
+    for (const QVariant &current : currents)
+        combo->addItem(QStringLiteral("%1A").arg(current.toInt()));
+}
+
+QVariantList currentsOf(const schema::Welder &welder)
+{
+    QVariantList currents;
+    for (int current : welder.currents)
+        currents.append(current);
+    return currents;
+}
+
+/// The texts of all welders that are like the first in the members before @p member.
+QStringList firstChoices(QString schema::Welder::*member)
+{
+    const schema::Welder &first = schema::welders().first();
+    QStringList texts;
+    for (const schema::Welder &each : schema::welders()) {
+        const bool isLikeFirst = member == &schema::Welder::protocol
+            || (each.protocol == first.protocol
+                && (member == &schema::Welder::brand || each.brand == first.brand));
+        if (isLikeFirst && !texts.contains(each.*member))
+            texts.append(each.*member);
+    }
+    return texts;
 }
 
 void setWithoutTriggering(EnableButton *button, bool on)
@@ -49,12 +85,16 @@ DevicesSettingPage::DevicesSettingPage(QWidget *parent, QObject *owner)
     setObjectName(name());
     bindMobj(QStringLiteral("welmo.device"));
     ui->setupUi(wgt());
+    const auto &rows = schema::welderSetting();
+    m_choices = {{rows.protocol.key, ui->cbx_protocol},
+                 {rows.brand.key, ui->cbx_brand},
+                 {rows.type.key, ui->cbx_type}};
     initVariant();
     initUI();
     // After onEnableChanged: what is kept is the state that the switch ended up in.
     connect(ui->btn_connectSwitch, &EnableButton::enabled, this,
-            [this] { mobj()->set(this, enableKey, ui->btn_connectSwitch->isChecked(), true); });
-    kelp::ModuleObject *leaf = mobj()->c(enableKey, true);
+            [this] { mobj()->set(this, enableKey(), ui->btn_connectSwitch->isChecked(), true); });
+    kelp::ModuleObject *leaf = mobj()->c(enableKey(), true);
     leaf->watch(true, false);
     connect(leaf, &kelp::ModuleObject::changed, this,
             [this](const QVariant &value) { setSelectionEnabled(!value.toBool()); });
@@ -66,12 +106,10 @@ void DevicesSettingPage::initVariant()
 {
     for (QComboBox *combo : {ui->cbx_protocol, ui->cbx_brand, ui->cbx_type, ui->cbx_current})
         makeTouchable(combo);
-    offer(ui->cbx_protocol, {QStringLiteral("Ethercat")});
-    offer(ui->cbx_brand, {QStringLiteral("Aotai")});
-    offer(ui->cbx_type, {QStringLiteral("RL/RPL"), QStringLiteral("RP/RPH")});
-    offer(ui->cbx_current,
-          {QStringLiteral("350A"), QStringLiteral("500A"), QStringLiteral("630A"),
-           QStringLiteral("800A")});
+    offer(ui->cbx_protocol, firstChoices(&schema::Welder::protocol));
+    offer(ui->cbx_brand, firstChoices(&schema::Welder::brand));
+    offer(ui->cbx_type, firstChoices(&schema::Welder::type));
+    offerCurrents(ui->cbx_current, currentsOf(schema::welders().first()));
 }
 
 void DevicesSettingPage::initUI()
@@ -85,15 +123,15 @@ void DevicesSettingPage::initUI()
 
 void DevicesSettingPage::initWelderSetting()
 {
-    const QVariantList currents{350, 500, 630, 800};
-    for (const char *type : {"RL/RPL", "RP/RPH"})
-        catalogue({QStringLiteral("Ethercat"), QStringLiteral("Aotai")})
-            ->setList(this, QString::fromLatin1(type), currents, true);
+    for (const schema::Welder &each : schema::welders()) {
+        const QStringList path{catalogueKey, each.protocol, each.brand, each.type};
+        mobj()->setList(this, path.join(QLatin1Char('.')), currentsOf(each), true);
+    }
 }
 
 void DevicesSettingPage::initControl()
 {
-    setSelectionEnabled(!mobj()->r(enableKey)->getBool(false));
+    setSelectionEnabled(!mobj()->r(enableKey())->getBool(false));
 }
 
 void DevicesSettingPage::initConnect()
@@ -108,7 +146,7 @@ void DevicesSettingPage::initConnect()
             &DevicesSettingPage::onBrandSelectChanged);
     connect(ui->cbx_type, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &DevicesSettingPage::onTypeSelectChanged);
-    connect(xservice()->watchNode(stateNode), &kelp::ModuleObject::changed, this,
+    connect(xservice()->watchNode(names::welderState), &kelp::ModuleObject::changed, this,
             &DevicesSettingPage::onWelderStateChanged);
 }
 
@@ -120,44 +158,44 @@ void DevicesSettingPage::initPage()
 
 void DevicesSettingPage::loadFromRc()
 {
-    if (!welmo::arcweld::isConnected())
+    if (!arcweld::isConnected())
         return;
-    const auto setting =
-        xservice()->get(this, welmo::arcweld::node(QStringLiteral("welder_setting")));
-    if (welmo::arcweld::readFailed(setting))
+    const auto setting = xservice()->get(this, names::welderSetting);
+    if (arcweld::readFailed(setting))
         return;
-    for (const QString &key : textKeys)
-        mobj()->set(this, paramKey(key), setting->r(key)->getString(QString()), true);
-    mobj()->set(this, paramKey(currentKey), setting->r(currentKey)->getInt(0), true);
-    mobj()->set(this, enableKey, setting->r(enableKey)->getBool(false), true);
+    weldersetting::keep(this, mobj(), setting);
+    // Else the next command would take a machine away that another pendant connected.
+    const QString connect = QString::fromLatin1(schema::welderSetting().connectToWelder.key);
+    if (setting->hasCmobj(connect, false))
+        mobj()->set(this, connectKey(), setting->r(connect)->getBool(false), true);
 }
 
 void DevicesSettingPage::loadFromMobj()
 {
-    const bool on = mobj()->r(enableKey)->getBool(false);
+    const bool on = mobj()->r(enableKey())->getBool(false);
     setWithoutTriggering(ui->btn_connectSwitch, on);
     setSelectionEnabled(!on);
-    setWithoutTriggering(ui->btn_weatherConnectWelder, mobj()->r(connectKey)->getBool(false));
-    const QList<QComboBox *> combos{ui->cbx_protocol, ui->cbx_brand, ui->cbx_type};
-    for (int i = 0; i < combos.size(); ++i) {
-        const int index =
-            combos[i]->findData(mobj()->r(paramKey(textKeys[i]))->getString(QString()));
-        if (index >= 0)
-            combos[i]->setCurrentIndex(index);
+    setWithoutTriggering(ui->btn_weatherConnectWelder, mobj()->r(connectKey())->getBool(false));
+    const auto show = [](QComboBox *combo, int index) {
+        combo->setCurrentIndex(qMax(0, index)); // the first, where the stored one is not offered
+    };
+    for (const Choice &choice : m_choices) {
+        const QString stored =
+            mobj()->r(weldersetting::choiceKey(choice.key))->getString(QString());
+        show(choice.combo, choice.combo->findData(stored));
     }
-    const int current = mobj()->r(paramKey(currentKey))->getInt(0);
-    ui->cbx_current->setCurrentText(QStringLiteral("%1A").arg(current));
+    const QString current = QStringLiteral("%1A").arg(mobj()->r(currentKey())->getInt(0));
+    show(ui->cbx_current, ui->cbx_current->findText(current));
 }
 
 void DevicesSettingPage::storeDeviceParam()
 {
-    mobj()->set(this, enableKey, ui->btn_connectSwitch->isChecked(), true);
-    mobj()->set(this, connectKey, ui->btn_weatherConnectWelder->isChecked(), true);
-    const QList<QComboBox *> combos{ui->cbx_protocol, ui->cbx_brand, ui->cbx_type};
-    for (int i = 0; i < combos.size(); ++i)
-        mobj()->set(this, paramKey(textKeys[i]), combos[i]->currentData().toString(), true);
-    mobj()->set(this, paramKey(currentKey), convertCurrentToInt(ui->cbx_current->currentText()),
-                true);
+    mobj()->set(this, enableKey(), ui->btn_connectSwitch->isChecked(), true);
+    mobj()->set(this, connectKey(), ui->btn_weatherConnectWelder->isChecked(), true);
+    for (const Choice &choice : m_choices)
+        mobj()->set(this, weldersetting::choiceKey(choice.key),
+                    choice.combo->currentData().toString(), true);
+    mobj()->set(this, currentKey(), convertCurrentToInt(ui->cbx_current->currentText()), true);
 }
 
 int DevicesSettingPage::convertCurrentToInt(const QString &text)
@@ -170,9 +208,8 @@ bool DevicesSettingPage::cmdSetWelder()
     storeDeviceParam();
     kelp::ModuleObject payload(QStringLiteral("set_device_param"), nullptr);
     payload.copyFrom(this, mobj()->r(QStringLiteral("device_param")), true, true);
-    payload.set(this, enableKey, mobj()->r(enableKey)->getBool(false), true);
-    const QString command = welmo::arcweld::node(QStringLiteral("set_welder"));
-    return xservice()->execCommand(this, command, &payload)->getInt(0) == 0;
+    payload.set(this, enableKey(), mobj()->r(enableKey())->getBool(false), true);
+    return xservice()->execCommand(nullptr, names::setWelder, &payload)->getInt(0) == 0;
 }
 
 void DevicesSettingPage::putBack(EnableButton *button, const QString &key, bool on)
@@ -183,15 +220,14 @@ void DevicesSettingPage::putBack(EnableButton *button, const QString &key, bool 
 
 void DevicesSettingPage::onEnableChanged(bool on)
 {
-    if (!welmo::arcweld::isConnected()) {
-        report::error(this, tr("tessa not connected"));
-        putBack(ui->btn_connectSwitch, enableKey, !on);
+    if (!report::requireConnection()) {
+        putBack(ui->btn_connectSwitch, enableKey(), !on);
         return;
     }
     const QString action = on ? tr("enable") : tr("disable");
     if (!cmdSetWelder()) {
         report::error(this, QStringLiteral("%1 ").arg(action) + tr("device error"));
-        putBack(ui->btn_connectSwitch, enableKey, !on);
+        putBack(ui->btn_connectSwitch, enableKey(), !on);
         return;
     }
     report::info(this, QStringLiteral("%1 ").arg(action) + tr("device success"));
@@ -200,16 +236,15 @@ void DevicesSettingPage::onEnableChanged(bool on)
 
 void DevicesSettingPage::onWeatherConnectWelderEnableChanged(bool on)
 {
-    if (!welmo::arcweld::isConnected()) {
-        report::error(this, tr("tessa not connected"));
-        putBack(ui->btn_weatherConnectWelder, connectKey, !on);
+    if (!report::requireConnection()) {
+        putBack(ui->btn_weatherConnectWelder, connectKey(), !on);
         return;
     }
     const QString action =
         on ? tr("connect the actual weldMachine") : tr("don't connect the actual weldMachine");
     if (!cmdSetWelder()) {
         report::error(this, action + tr("fail"));
-        putBack(ui->btn_weatherConnectWelder, connectKey, !on);
+        putBack(ui->btn_weatherConnectWelder, connectKey(), !on);
         return;
     }
     report::info(this, action + tr("success"));
@@ -222,52 +257,40 @@ void DevicesSettingPage::setSelectionEnabled(bool on)
         combo->setEnabled(on);
 }
 
-kelp::ModuleObject *DevicesSettingPage::catalogue(const QStringList &choices) const
+// Of what was chosen in the first @p count boxes; looking it up makes nothing.
+const kelp::ModuleObject *DevicesSettingPage::chosen(size_t count) const
 {
-    kelp::ModuleObject *node = mobj()->c(catalogueKey, true);
-    for (const QString &choice : choices)
-        node = node->c(choice, true);
+    const kelp::ModuleObject *node = mobj()->r(catalogueKey);
+    for (size_t i = 0; i < count; ++i) {
+        const QString text = m_choices[i].combo->currentData().toString();
+        node = node->r(text.isEmpty() ? nowhere : text);
+    }
     return node;
 }
 
-void DevicesSettingPage::offerChildren(QComboBox *combo, const QStringList &choices)
+void DevicesSettingPage::onProtocolSelectChanged(int)
 {
-    offer(combo, catalogue(choices)->cmobjNames(false));
+    offer(ui->cbx_brand, chosen(1)->cmobjNames(false));
 }
 
-void DevicesSettingPage::onProtocolSelectChanged(int index)
+void DevicesSettingPage::onBrandSelectChanged(int)
 {
-    if (index >= 0)
-        offerChildren(ui->cbx_brand, {ui->cbx_protocol->currentData().toString()});
+    offer(ui->cbx_type, chosen(2)->cmobjNames(false));
 }
 
-void DevicesSettingPage::onBrandSelectChanged(int index)
+void DevicesSettingPage::onTypeSelectChanged(int)
 {
-    if (index >= 0)
-        offerChildren(
-            ui->cbx_type,
-            {ui->cbx_protocol->currentData().toString(), ui->cbx_brand->currentData().toString()});
-}
-
-void DevicesSettingPage::onTypeSelectChanged(int index)
-{
-    if (index < 0)
-        return;
-    const auto *currents = catalogue({ui->cbx_protocol->currentData().toString(),
-                                      ui->cbx_brand->currentData().toString(),
-                                      ui->cbx_type->currentData().toString()});
-    ui->cbx_current->clear();
-    for (const QVariant &current : currents->getList())
-        ui->cbx_current->addItem(QStringLiteral("%1A").arg(current.toInt()));
+    offerCurrents(ui->cbx_current, chosen(3)->getList());
 }
 
 void DevicesSettingPage::onWelderStateChanged(const QVariant &value)
 {
     kelp::ModuleObject returned(QStringLiteral("return_state"), nullptr);
     returned.importFromVariant(this, value, true, true, false);
+    // Only what is shown: whether welding is enabled, operator and controller's setting decide.
     const QString state = returned.r(QStringLiteral("state"))->getString(QString());
     if (state == QLatin1String("ok"))
-        putBack(ui->btn_connectSwitch, enableKey, true);
+        setWithoutTriggering(ui->btn_connectSwitch, true);
     else if (state == QLatin1String("disabled"))
-        putBack(ui->btn_connectSwitch, enableKey, false);
+        setWithoutTriggering(ui->btn_connectSwitch, false);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "settings/basesubpage.h"
 
@@ -48,8 +49,16 @@ private:
     void putBack(EnableButton *button, const QString &key, bool on);
     void setSelectionEnabled(bool on);
 
-    kelp::ModuleObject *catalogue(const QStringList &choices) const;
-    void offerChildren(QComboBox *combo, const QStringList &choices);
+    const kelp::ModuleObject *chosen(size_t count) const;
+
+    /// A choice of the welder: what it is called in the setting, and its box, whose items carry the
+    /// controller's texts.
+    struct Choice
+    {
+        const char *key;
+        QComboBox *combo;
+    };
 
     std::unique_ptr<Ui::DevicesSettingPage> ui;
+    std::vector<Choice> m_choices; ///< each list depends on the choices before it
 };

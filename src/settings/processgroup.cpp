@@ -1,27 +1,12 @@
 #include "settings/processgroup.h"
 
+#include "data/choices.h"
 #include "data/report.h"
-#include "data/units.h"
+#include "schema/unit.h"
 
-namespace {
+using namespace welmo;
 
-QStringList sourceTexts(const welmo::ChoiceTable &table)
-{
-    QStringList texts;
-    for (const auto &choice : table.choices())
-        texts.append(QString::fromLatin1(choice.text));
-    return texts;
-}
-
-// By its code: a welder may offer its modes in an order of its own, or only one of them.
-bool isItem(const QComboBox *combo, int index, const char *code)
-{
-    return combo->itemData(index).toString() == QLatin1String(code);
-}
-
-} // namespace
-
-void ProcessGroup::setControls(const Controls &controls, const welmo::ParameterSet &set)
+void ProcessGroup::setControls(const Controls &controls, const schema::ProcessSet &set)
 {
     m_controls = controls;
     m_set = &set;
@@ -29,9 +14,10 @@ void ProcessGroup::setControls(const Controls &controls, const welmo::ParameterS
 
 void ProcessGroup::initUI(QObject *owner)
 {
-    m_file = std::make_unique<welmo::FileForm>(owner, *m_set, m_controls.fileNumber,
-                                               [this] { afterShow(); });
-    declareFields(m_file->fields());
+    m_file =
+        std::make_unique<FileForm>(owner, *m_set, m_controls.fileNumber, [this] { afterShow(); });
+    bindSharedFields(m_file->fields());
+    bindFields(m_file->fields());
     m_file->prepare();
     m_fixedVoltage = {m_controls.voltage->minimum(), m_controls.voltage->maximum()};
     applyWelder({});
@@ -45,31 +31,42 @@ void ProcessGroup::initUI(QObject *owner)
     initConnect();
 }
 
-void ProcessGroup::applyWelder(const welmo::WelderLimits &limits)
+void ProcessGroup::bindSharedFields(FieldTable &f)
+{
+    f.bind(m_set->fileName, m_controls.fileNumber);
+    f.bind(m_set->annotation, m_controls.annotation);
+    f.bind(m_set->mode, m_controls.workMode);
+    f.bind(m_set->currentMode, m_controls.currentMode);
+    f.bind(m_set->voltageMode, m_controls.voltageMode);
+    f.bind(m_set->current, m_controls.current);
+    f.bind(m_set->voltage, m_controls.voltage);
+}
+
+void ProcessGroup::applyWelder(const WelderLimits &limits)
 {
     const bool edited = m_file->isEdited();
     m_voltageRanges = limits.voltage;
     m_arcoffVoltageRanges = limits.arcoffVoltage;
-    setupMode(m_controls.currentModeLabel, m_controls.currentMode, welmo::choices::currentModes(),
+    setupMode(m_controls.currentModeLabel, m_controls.currentMode, m_set->currentMode.table,
               limits.currentModes, tr("Current Mode"));
-    setupMode(m_controls.voltageModeLabel, m_controls.voltageMode, welmo::choices::voltageModes(),
+    setupMode(m_controls.voltageModeLabel, m_controls.voltageMode, m_set->voltageMode.table,
               limits.voltageModes, tr("Voltage Mode"));
-    setupMode(m_controls.workModeLabel, m_controls.workMode, welmo::choices::workModes(),
-              limits.workModes, tr("Arc Mode"));
+    setupMode(m_controls.workModeLabel, m_controls.workMode, m_set->mode.table, limits.workModes,
+              tr("Arc Mode"));
     onCurrentModeChanged(m_controls.currentMode->currentIndex());
     onVoltageModeChanged(m_controls.voltageMode->currentIndex());
     if (!edited)
-        m_file->settle();
+        m_file->markUnedited();
 }
 
-void ProcessGroup::setupMode(QLabel *label, QComboBox *combo, const welmo::ChoiceTable &table,
+void ProcessGroup::setupMode(QLabel *label, QComboBox *combo, const schema::ChoiceTable &table,
                              const QStringList &items, const QString &labelText)
 {
     label->setText(labelText);
     // A welder that does not tell its modes restricts nothing.
-    const QStringList unknown = table.refill(combo, items.isEmpty() ? sourceTexts(table) : items);
+    const QStringList unknown = choices::refill(combo, table, items);
     if (!unknown.isEmpty())
-        welmo::report::warning(
+        report::warning(
             this, tr("the welder offers unknown modes: %1").arg(unknown.join(QLatin1String(", "))));
 }
 
@@ -83,16 +80,16 @@ void ProcessGroup::onFoldButtonClicked()
 
 void ProcessGroup::onCurrentModeChanged(int index)
 {
-    const bool ampere = isItem(m_controls.currentMode, index, "current");
-    const QString unit = ampere ? welmo::units::ampere : welmo::units::mmPerSecond;
+    const bool ampere = choices::isItem(m_controls.currentMode, index, schema::codes::current);
+    const QString unit = ampere ? units::ampere : units::mmPerSecond;
     m_controls.currentUnit->setText(unit);
     currentUnitChanged(unit);
 }
 
 void ProcessGroup::onVoltageModeChanged(int index)
 {
-    const bool unified = isItem(m_controls.voltageMode, index, "unified");
-    const QString unit = unified ? welmo::units::percent : welmo::units::volt;
+    const bool unified = choices::isItem(m_controls.voltageMode, index, schema::codes::unified);
+    const QString unit = unified ? units::percent : units::volt;
     handleSwitchVoltageMode(unified ? 0 : 1);
     m_controls.voltageUnit->setText(unit);
     voltageUnitChanged(unit);
@@ -103,10 +100,10 @@ void ProcessGroup::handleSwitchVoltageMode(int mode)
     setVoltageRange(m_voltageRanges, mode);
 }
 
-void ProcessGroup::setVoltageRange(const welmo::VoltageRanges &ranges, int mode)
+void ProcessGroup::setVoltageRange(const VoltageRanges &ranges, int mode)
 {
     // The row's fixed range holds for a welder that does not tell its own.
-    const welmo::Range range = ranges.forMode(mode).value_or(m_fixedVoltage);
+    const Range range = ranges.forMode(mode).value_or(m_fixedVoltage);
     m_controls.voltage->setRange(range.minimum, range.maximum);
 }
 

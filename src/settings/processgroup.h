@@ -6,6 +6,7 @@
 
 #include "data/fileform.h"
 #include "data/welderlimits.h"
+#include "schema/processsets.h"
 
 /// What the arc-start, welding and arc-end groups have in common: a numbered file with its modes,
 /// current and voltage, a fold-out area and the buttons. A group works the same wherever it stands,
@@ -40,12 +41,14 @@ protected:
     struct Controls
     {
         QComboBox *fileNumber;
+        QLineEdit *annotation;
         QLabel *workModeLabel;
         QComboBox *workMode;
         QLabel *currentModeLabel;
         QComboBox *currentMode;
         QLabel *voltageModeLabel;
         QComboBox *voltageMode;
+        QDoubleSpinBox *current;
         QLabel *currentUnit;
         QDoubleSpinBox *voltage;
         QLabel *voltageUnit;
@@ -58,9 +61,9 @@ protected:
     };
 
     /// Called by the derived group once its generated form stands.
-    void setControls(const Controls &controls, const welmo::ParameterSet &set);
-    /// The set's rows.
-    virtual void declareFields(welmo::FieldTable &fields) = 0;
+    void setControls(const Controls &controls, const welmo::schema::ProcessSet &set);
+    /// Binds the rows that the other sets do not have.
+    virtual void bindFields(welmo::FieldTable &fields) = 0;
     /// The group's own connections.
     virtual void initConnect() { }
     /// What else follows the current mode's unit ("A" or "mm/s").
@@ -77,13 +80,14 @@ protected:
     welmo::VoltageRanges m_arcoffVoltageRanges;
 
 private:
+    void bindSharedFields(welmo::FieldTable &fields);
     void afterShow();
-    void setupMode(QLabel *label, QComboBox *combo, const welmo::ChoiceTable &table,
+    void setupMode(QLabel *label, QComboBox *combo, const welmo::schema::ChoiceTable &table,
                    const QStringList &items, const QString &labelText);
 
     Controls m_controls{};
     welmo::Range m_fixedVoltage{};
-    const welmo::ParameterSet *m_set = nullptr;
+    const welmo::schema::ProcessSet *m_set = nullptr;
     std::unique_ptr<welmo::FileForm> m_file;
     bool m_unfolded = false;
 };

@@ -53,7 +53,7 @@ void ProcessGroups::getWelderParamRange()
 void ProcessGroups::selectFile(const QObject *sender)
 {
     if (!welmo::arcweld::isConnected()) {
-        report::warning(m_home, ProcessForm::tr("tessa not connected"));
+        report::warning(m_home, report::notConnected());
         return;
     }
     for (ProcessGroup *group : qAsConst(m_groups)) {
@@ -64,10 +64,8 @@ void ProcessGroups::selectFile(const QObject *sender)
 
 void ProcessGroups::save(const QObject *sender)
 {
-    if (!welmo::arcweld::isConnected()) {
-        report::error(m_home, ProcessForm::tr("tessa is not connected"));
+    if (!report::requireConnection(m_home))
         return;
-    }
     int result = 0;
     for (ProcessGroup *group : qAsConst(m_groups)) {
         if (sender == group->saveButton())

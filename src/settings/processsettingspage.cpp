@@ -8,8 +8,6 @@ using namespace welmo;
 
 namespace {
 
-const QString deviceParamNode = QStringLiteral("arc_weld.device_param");
-
 // Before the groups are listed.
 std::unique_ptr<Ui::ProcessSettingsPage> setUp(QWidget *widget)
 {
@@ -63,7 +61,7 @@ void ProcessSettingsPage::initConnect()
     connect(ui->gbx_weldParam->enableButton(), &QPushButton::clicked, this,
             &ProcessSettingsPage::onEnableButtonClicked);
     // The welder's own parameters change with the device that is chosen.
-    connect(xservice()->watchNode(deviceParamNode), &kelp::ModuleObject::changed, this,
+    connect(xservice()->watchNode(names::deviceParam), &kelp::ModuleObject::changed, this,
             [this] { getWelderParamRange(); });
 }
 
@@ -71,24 +69,24 @@ void ProcessSettingsPage::initPage()
 {
     if (!welmo::arcweld::isConnected())
         return;
-    xservice()->watch(this, deviceParamNode, true);
+    xservice()->watch(this, names::deviceParam, true);
     getWelderParamRange();
     m_groups.reload();
 }
 
 void ProcessSettingsPage::removeArconParam(const QList<int> &numbers)
 {
-    parameterfile::handleRemoveParam(this, sets::arcon(), numbers);
+    parameterfile::handleRemoveParam(this, schema::arcOn(), numbers);
 }
 
 void ProcessSettingsPage::removeWeldParam(const QList<int> &numbers)
 {
-    parameterfile::handleRemoveParam(this, sets::weld(), numbers);
+    parameterfile::handleRemoveParam(this, schema::weld(), numbers);
 }
 
 void ProcessSettingsPage::removeArcoffParam(const QList<int> &numbers)
 {
-    parameterfile::handleRemoveParam(this, sets::arcoff(), numbers);
+    parameterfile::handleRemoveParam(this, schema::arcOff(), numbers);
 }
 
 void ProcessSettingsPage::onParamFileNumberChanged(int)
@@ -108,10 +106,8 @@ void ProcessSettingsPage::onCancelButtonClicked()
 
 void ProcessSettingsPage::onEnableButtonClicked()
 {
-    if (!welmo::arcweld::isConnected()) {
-        report::error(this, tr("tessa is not connected"));
+    if (!report::requireConnection(this))
         return;
-    }
     if (welmo::arcweld::welderState(this) == QLatin1String("error")) {
         report::error(this, tr("welder state error"));
         return;
@@ -121,8 +117,7 @@ void ProcessSettingsPage::onEnableButtonClicked()
         return;
     }
     storeWeldParam();
-    const QString command = welmo::arcweld::node(QStringLiteral("enable_weld_param"));
-    if (xservice()->execCommand(this, command, weld().data())->getInt(0) != 0)
+    if (xservice()->execCommand(nullptr, names::enableWeldParam, weld().data())->getInt(0) != 0)
         report::error(this, tr("enable error"));
     else
         report::info(this, tr("enable succeed"));

@@ -1,12 +1,11 @@
 #include "settings/segparameterwidget.h"
 
 #include <QSignalBlocker>
-#include <limits>
 
 #include "data/arcweldservice.h"
 #include "data/orbodata.h"
 #include "data/report.h"
-#include "data/units.h"
+#include "schema/filesets.h"
 #include "ui_segparameterwidget.h"
 
 using namespace welmo;
@@ -16,8 +15,8 @@ SegParameterWidget::SegParameterWidget(QWidget *parent)
     , ui(std::make_unique<Ui::SegParameterWidget>())
 {
     ui->setupUi(this);
-    m_file = std::make_unique<FileForm>(this, sets::seg(), ui->cbxFileNumber, [] {});
-    declareFields();
+    m_file = std::make_unique<FileForm>(this, schema::seg(), ui->cbxFileNumber, [] {});
+    bindFields();
     connect(ui->cbxFileNumber, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &SegParameterWidget::onCbxFileNumberSelectionChanged);
     connect(ui->btnCancel, &QPushButton::clicked, this, &SegParameterWidget::onBtnCancelClicked);
@@ -26,18 +25,16 @@ SegParameterWidget::SegParameterWidget(QWidget *parent)
 
 SegParameterWidget::~SegParameterWidget() = default;
 
-void SegParameterWidget::declareFields()
+void SegParameterWidget::bindFields()
 {
-    const Range distance{0.1, std::numeric_limits<double>::max()};
+    const auto &set = schema::seg();
     FieldTable &f = m_file->fields();
-    f.fileName("name", ui->cbxFileNumber);
-    f.text("annotation", ui->ledtAnnotation);
-    f.choice("seg_type", ui->cbxSegType, choices::segTypes(), "normal");
-    f.name("non_welded_speed", ui->cbxNonWeldedSpeed, "v5").keepPresentItem();
-    f.real("welded_distance", ui->sbxWeldedDistance, distance, 0.1)
-        .unit(ui->lblWeldedDistanceUnit, units::mm);
-    f.real("non_welded_distance", ui->sbxNonWeldedDistance, distance, 0.1)
-        .unit(ui->lblNonWeldedDistanceUnit, units::mm);
+    f.bind(set.fileName, ui->cbxFileNumber);
+    f.bind(set.annotation, ui->ledtAnnotation);
+    f.bind(set.segType, ui->cbxSegType);
+    f.bind(set.nonWeldedSpeed, ui->cbxNonWeldedSpeed);
+    f.bind(set.weldedDistance, ui->sbxWeldedDistance).unit(ui->lblWeldedDistanceUnit);
+    f.bind(set.nonWeldedDistance, ui->sbxNonWeldedDistance).unit(ui->lblNonWeldedDistanceUnit);
 }
 
 void SegParameterWidget::init()
@@ -100,10 +97,8 @@ void SegParameterWidget::onBtnCancelClicked()
 
 void SegParameterWidget::onBtnSaveClicked()
 {
-    if (!welmo::arcweld::isConnected()) {
-        report::error(this, tr("tessa not connected"));
+    if (!report::requireConnection())
         return;
-    }
     if (saveParam() != 0)
         report::error(this, tr("save parameter fail"));
     else

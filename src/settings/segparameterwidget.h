@@ -41,7 +41,7 @@ public slots:
     void onBtnSaveClicked();
 
 private:
-    void declareFields();
+    void bindFields();
     void initVariant();
     void initUI();
     void initParamValue();

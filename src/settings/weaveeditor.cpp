@@ -3,23 +3,25 @@
 #include <cmath>
 
 #include "data/arcweldservice.h"
+#include "data/choices.h"
 #include "data/report.h"
-#include "data/units.h"
 #include "ui_weaveeditor.h"
 
 using namespace welmo;
 
 namespace {
 
-enum Reference { Length, Period };
-enum Pattern { NoWeaving, TriangularPattern, Sine, Circular, FigureEight };
-enum Elevation { VPattern, TriangularElevation };
-enum DwellType { RobotStay, WeaveStay };
+namespace codes = schema::codes;
 
 // The boxes hold two decimals; counting in hundredths keeps the rules free of rounding.
 qint64 hundredths(double value)
 {
     return std::llround(value * 100);
+}
+
+bool isChosen(const QComboBox *combo, const char *code)
+{
+    return choices::isItem(combo, combo->currentIndex(), code);
 }
 
 } // namespace
@@ -36,49 +38,43 @@ WeaveEditor::~WeaveEditor() = default;
 void WeaveEditor::initUI(QObject *owner, const Home &home)
 {
     m_owner = owner;
-    m_file = std::make_unique<FileForm>(owner, sets::weave(), ui->cbxWeaveFileNumber,
+    m_file = std::make_unique<FileForm>(owner, home.set, ui->cbxWeaveFileNumber,
                                         [this] { applyRules(); });
-    declareFields(m_file->fields(), home);
+    bindFields(m_file->fields(), home.set);
     initControl(home);
     initConnect();
     m_file->start();
 }
 
-void WeaveEditor::declareFields(FieldTable &f, const Home &home)
+void WeaveEditor::bindFields(FieldTable &f, const schema::WeaveSet &set)
 {
-    const Range degrees{-90, 90};
-    f.fileName("name", ui->cbxWeaveFileNumber);
-    f.text("annotation", ui->ledtWeaveAnnotation);
+    f.bind(set.fileName, ui->cbxWeaveFileNumber);
+    f.bind(set.annotation, ui->ledtWeaveAnnotation);
     // Decides the range in which the frequency below is shown.
-    f.choice("weaving_reference", ui->cbxWeaveStandard, choices::weaveReferences(), "cycle")
-        .whenShown([this] { onStandardTypeChanged(ui->cbxWeaveStandard->currentIndex()); });
-    f.choice("pattern", ui->cbxWeaveShape, choices::weavePatterns(), "triangular");
-    f.real("weave_length_frequency", ui->sbxWeaveLength_Frequency, {0.1, 5.0},
-           home.defaultFrequency);
-    f.real("amplitude.left", ui->sbxWeaveAmplitude, {0.1, 100}, 0.1)
-        .alsoStoredAs("amplitude.right")
-        .unit(ui->lblWeaveAmplitudeUnit, units::mm);
-    f.choice("dwell_type", ui->cbxWeaveStayType, choices::weaveDwellTypes(), "robot_stay");
-    f.integers("dwell_time", {ui->sbxWeaveLeftStay, ui->sbxWeaveCenterStay, ui->sbxWeaveRightStay},
-               {0, 10000});
-    f.real("radius", ui->sbxWeaveRadius, {0.1, 100}, 0.1).unit(ui->lblWeaveRadiusUnit, units::mm);
-    f.choice("phase_invert", ui->cbxWeaveWaveformDirection, choices::waveformDirections(), false);
+    f.bind(set.reference, ui->cbxWeaveStandard).whenShown([this] {
+        onStandardTypeChanged(ui->cbxWeaveStandard->currentIndex());
+    });
+    f.bind(set.pattern, ui->cbxWeaveShape);
+    f.bind(set.lengthOrFrequency, ui->sbxWeaveLength_Frequency);
+    f.bind(set.amplitude, ui->sbxWeaveAmplitude).unit(ui->lblWeaveAmplitudeUnit);
+    f.bind(set.dwellType, ui->cbxWeaveStayType);
+    f.bind(set.dwellTime, {ui->sbxWeaveLeftStay, ui->sbxWeaveCenterStay, ui->sbxWeaveRightStay});
+    f.bind(set.radius, ui->sbxWeaveRadius).unit(ui->lblWeaveRadiusUnit);
+    f.bind(set.phaseInvert, ui->cbxWeaveWaveformDirection);
     // Remembers or puts back the angles before the file's own are shown.
-    f.choice("elevation_type", ui->cbxWeaveElevationType, choices::elevationTypes(), "v_pattern")
-        .whenShown([this] { onElevationTypeChanged(ui->cbxWeaveElevationType->currentIndex()); });
-    f.real("elevation_angle.left", ui->sbxWeaveLeftElevation, degrees, 0)
-        .unit(ui->lblWeaveLeftElevationUnit, units::degree);
-    f.real("elevation_angle.right", ui->sbxWeaveRightElevation, degrees, 0)
-        .unit(ui->lblWeaveRightElevationUnit, units::degree);
-    f.real("inclination_angle", ui->sbxWeaveInclination, degrees, 0)
-        .unit(ui->lblWeaveInclinationUnit, units::degree);
+    f.bind(set.elevationType, ui->cbxWeaveElevationType).whenShown([this] {
+        onElevationTypeChanged(ui->cbxWeaveElevationType->currentIndex());
+    });
+    f.bind(set.leftElevation, ui->sbxWeaveLeftElevation).unit(ui->lblWeaveLeftElevationUnit);
+    f.bind(set.rightElevation, ui->sbxWeaveRightElevation).unit(ui->lblWeaveRightElevationUnit);
+    f.bind(set.inclination, ui->sbxWeaveInclination).unit(ui->lblWeaveInclinationUnit);
 }
 
 void WeaveEditor::initControl(const Home &home)
 {
     m_file->prepare();
-    ui->cbxWeaveStandard->setCurrentIndex(Period);
-    ui->cbxWeaveShape->setCurrentIndex(TriangularPattern);
+    ui->cbxWeaveStandard->setCurrentIndex(ui->cbxWeaveStandard->findData(codes::cycle));
+    ui->cbxWeaveShape->setCurrentIndex(ui->cbxWeaveShape->findData(codes::triangular));
     // What this build leaves to the file: shown, not edited.
     for (QWidget *widget : std::initializer_list<QWidget *>{
              ui->cbxWeaveStandard, ui->cbxWeaveShape, ui->cbxWeaveWaveformDirection,
@@ -142,13 +138,13 @@ void WeaveEditor::onStandardTypeChanged(int index)
         return;
     }
     m_standard = index;
-    if (index == Length) {
+    if (choices::isItem(ui->cbxWeaveStandard, index, codes::length)) {
         ui->lblWeaveLength_Frequency->setText(tr("Weave Length"));
         ui->lblWeaveLength_FrequencyUnit->setText(units::mm);
         box->setDecimals(0);
         box->setRange(1, 500);
         box->setSingleStep(1);
-    } else if (index == Period) {
+    } else if (choices::isItem(ui->cbxWeaveStandard, index, codes::cycle)) {
         ui->lblWeaveLength_Frequency->setText(tr("Weave Frequency"));
         ui->lblWeaveLength_FrequencyUnit->setText(units::hertz);
         box->setDecimals(2);
@@ -160,8 +156,8 @@ void WeaveEditor::onStandardTypeChanged(int index)
 
 void WeaveEditor::switchStayTime()
 {
-    const bool distance = ui->cbxWeaveStandard->currentIndex() == Length
-        && ui->cbxWeaveStayType->currentIndex() == WeaveStay;
+    const bool distance = isChosen(ui->cbxWeaveStandard, codes::length)
+        && isChosen(ui->cbxWeaveStayType, codes::weaveStop);
     for (QLabel *label :
          {ui->lblWeaveLeftStayUnit, ui->lblWeaveCenterStayUnit, ui->lblWeaveRightStayUnit})
         label->setText(distance ? units::mm : units::ms);
@@ -169,11 +165,14 @@ void WeaveEditor::switchStayTime()
 
 void WeaveEditor::onPatternChanged(int index)
 {
-    const bool round = index == Circular || index == FigureEight;
+    const auto is = [&](const char *code) {
+        return choices::isItem(ui->cbxWeaveShape, index, code);
+    };
+    const bool round = is(codes::circular) || is(codes::figureEight);
     ui->lblWeaveRadius->setVisible(round);
     ui->sbxWeaveRadius->setVisible(round);
     ui->lblWeaveRadiusUnit->setVisible(round);
-    ui->gbxWeaveStaySetting->setEnabled(index == TriangularPattern || index == Sine);
+    ui->gbxWeaveStaySetting->setEnabled(is(codes::triangular) || is(codes::sine));
 }
 
 void WeaveEditor::onElevationTypeChanged(int index)
@@ -182,7 +181,7 @@ void WeaveEditor::onElevationTypeChanged(int index)
         return;
     QDoubleSpinBox *left = ui->sbxWeaveLeftElevation;
     QDoubleSpinBox *right = ui->sbxWeaveRightElevation;
-    const bool vPattern = index == VPattern;
+    const bool vPattern = choices::isItem(ui->cbxWeaveElevationType, index, codes::vPattern);
     // What is remembered are angles: a "V-Pattern" file that is shown again must not replace them
     // with its zeros.
     const bool angles = left->value() != 0 || right->value() != 0;
@@ -210,14 +209,14 @@ bool WeaveEditor::validateParam()
 {
     const qint64 product = hundredths(ui->sbxWeaveLength_Frequency->value())
         * hundredths(ui->sbxWeaveAmplitude->value());
-    if (ui->cbxWeaveStandard->currentIndex() == Period && product > qint64(50) * 100 * 100) {
+    if (isChosen(ui->cbxWeaveStandard, codes::cycle) && product > qint64(50) * 100 * 100) {
         report::error(m_owner,
                       tr("The frequency multiplied by the amplitude must be less than 50"));
         return false;
     }
     const qint64 sum = hundredths(ui->sbxWeaveLeftElevation->value())
         + hundredths(ui->sbxWeaveRightElevation->value());
-    if (ui->cbxWeaveElevationType->currentIndex() == TriangularElevation
+    if (isChosen(ui->cbxWeaveElevationType, codes::triangular)
         && (sum == 0 || std::abs(sum) == qint64(180) * 100)) {
         report::error(m_owner, tr("The sum of the elevation angles must not be 0, 180, or -180"));
         return false;
@@ -233,10 +232,8 @@ void WeaveEditor::onCancelButtonClicked()
 
 void WeaveEditor::onSaveButtonClicked()
 {
-    if (!welmo::arcweld::isConnected()) {
-        report::error(m_owner, tr("tessa not connected"));
+    if (!report::requireConnection())
         return;
-    }
     if (!validateParam())
         return;
     if (m_file->save() != 0) {

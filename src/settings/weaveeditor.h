@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "data/fileform.h"
+#include "schema/filesets.h"
 
 namespace Ui {
 class WeaveEditor;
@@ -18,9 +19,8 @@ class WeaveEditor : public QWidget
 public:
     struct Home
     {
-        /// What a new file starts with. The two homes differ, and saved programs rely on both; the
-        /// instruction's 0.01 lies below the box's own minimum and is shown as 0.1.
-        double defaultFrequency = 0.1;
+        /// The two homes differ in what a new file starts with.
+        const welmo::schema::WeaveSet &set = welmo::schema::weave();
         bool titlesAndPictures = true;
     };
 
@@ -50,7 +50,7 @@ signals:
     void cancelled();
 
 private:
-    void declareFields(welmo::FieldTable &fields, const Home &home);
+    void bindFields(welmo::FieldTable &fields, const welmo::schema::WeaveSet &set);
     void initControl(const Home &home);
     void initConnect();
     void switchStayTime();

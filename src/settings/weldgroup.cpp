@@ -1,6 +1,6 @@
 #include "settings/weldgroup.h"
 
-#include "data/units.h"
+#include "data/choices.h"
 #include "ui_weldgroup.h"
 
 using namespace welmo;
@@ -10,13 +10,14 @@ WeldGroup::WeldGroup(QWidget *parent)
     , ui(std::make_unique<Ui::WeldGroup>())
 {
     ui->setupUi(this);
-    setControls({ui->cbx_weldingParamFileNumber, ui->lbl_weldWorkMode, ui->cbx_weldWorkMode,
-                 ui->lbl_weldCurrentMode, ui->cbx_weldCurrentMode, ui->lbl_weldVoltageMode,
-                 ui->cbx_weldVoltageMode, ui->lbl_weldCurrentUnit, ui->sbxWeldVoltage,
-                 ui->lbl_weldVoltageUnit, ui->wgt_weldAdvancedParam, ui->btn_weldFold,
-                 ui->btnWeldingSave, ui->btnWeldingCancel, tr("Fold Weld Advanced Parameter"),
+    setControls({ui->cbx_weldingParamFileNumber, ui->ledt_weldAnnotaion, ui->lbl_weldWorkMode,
+                 ui->cbx_weldWorkMode, ui->lbl_weldCurrentMode, ui->cbx_weldCurrentMode,
+                 ui->lbl_weldVoltageMode, ui->cbx_weldVoltageMode, ui->sbxWeldCurrent,
+                 ui->lbl_weldCurrentUnit, ui->sbxWeldVoltage, ui->lbl_weldVoltageUnit,
+                 ui->wgt_weldAdvancedParam, ui->btn_weldFold, ui->btnWeldingSave,
+                 ui->btnWeldingCancel, tr("Fold Weld Advanced Parameter"),
                  tr("Unfold Weld Advanced Parameter")},
-                sets::weld());
+                schema::weld());
 }
 
 WeldGroup::~WeldGroup() = default;
@@ -26,25 +27,16 @@ QPushButton *WeldGroup::enableButton() const
     return ui->btnWeldingEnable;
 }
 
-void WeldGroup::declareFields(FieldTable &f)
+void WeldGroup::bindFields(FieldTable &f)
 {
-    f.fileName("name", ui->cbx_weldingParamFileNumber);
-    f.text("annotation", ui->ledt_weldAnnotaion);
-    f.choice("mode", ui->cbx_weldWorkMode, choices::workModes(), "flat_characteristic");
-    f.choice("current_mode", ui->cbx_weldCurrentMode, choices::currentModes(), "current");
-    f.choice("voltage_mode", ui->cbx_weldVoltageMode, choices::voltageModes(), "unified");
-    f.real("current", ui->sbxWeldCurrent, {0, 2000}, 0);
-    f.real("voltage", ui->sbxWeldVoltage, {0, 200}, 0);
-    f.integer("weld_speed", ui->sbxWeldSpeed, {0, 10000}, 10)
-        .unit(ui->lblWeldSpeedUnit, units::mmPerSecond);
-    f.integer("ramp_time", ui->sbxWeldRampTime, {1, 10000}, 200)
-        .unit(ui->lblWeldRampTimeUnit, units::ms);
-    f.integer("arc_break_param.detect_time", ui->sbxArcBreakDetectionTime, {0, 10000}, 500)
-        .unit(ui->lblArcBreakDetectionTimeUnit, units::ms);
-    f.choice("arc_break_param.arc_break_option", ui->cbxArcBreakOption, choices::arcBreakOptions(),
-             "continue_running");
-    f.integer("arc_break_param.restart_back_distance", ui->sbxReStartBackDistance, {0, 100}, 10)
-        .unit(ui->lblReStartBackDistanceUnit, units::mm);
+    const auto &set = schema::weld();
+    f.bind(set.weldSpeed, ui->sbxWeldSpeed).unit(ui->lblWeldSpeedUnit);
+    f.bind(set.rampTime, ui->sbxWeldRampTime).unit(ui->lblWeldRampTimeUnit);
+    f.bind(set.breakDetectTime, ui->sbxArcBreakDetectionTime)
+        .unit(ui->lblArcBreakDetectionTimeUnit);
+    f.bind(set.arcBreakOption, ui->cbxArcBreakOption);
+    f.bind(set.restartBackDistance, ui->sbxReStartBackDistance)
+        .unit(ui->lblReStartBackDistanceUnit);
 }
 
 void WeldGroup::initConnect()
@@ -61,11 +53,14 @@ void WeldGroup::applyRules()
 
 void WeldGroup::onArcBreakOptionChanged(int index)
 {
-    constexpr int continueRunning = 0;
-    if (index < 0)
+    const auto is = [&](const char *code) {
+        return choices::isItem(ui->cbxArcBreakOption, index, code);
+    };
+    const bool restarts = is(schema::codes::stopAndAlarm) || is(schema::codes::autoArcReignition);
+    if (!restarts && !is(schema::codes::continueRunning))
         return;
     for (QWidget *widget :
          std::initializer_list<QWidget *>{ui->lbl_reStartBackDistance, ui->sbxReStartBackDistance,
                                           ui->lblReStartBackDistanceUnit})
-        widget->setVisible(index != continueRunning);
+        widget->setVisible(restarts);
 }

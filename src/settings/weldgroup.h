@@ -24,7 +24,7 @@ public slots:
     void onArcBreakOptionChanged(int index);
 
 protected:
-    void declareFields(welmo::FieldTable &fields) override;
+    void bindFields(welmo::FieldTable &fields) override;
     void initConnect() override;
     void applyRules() override;
 

@@ -5,15 +5,12 @@
 #include "data/arcweldservice.h"
 #include "data/inputs.h"
 #include "data/report.h"
-#include "data/switchfield.h"
-#include "data/units.h"
 #include "ui_weldingoptionspage.h"
 
 using namespace welmo;
 
 namespace {
 
-const QString anticollisionStateNode = QStringLiteral("arc_weld.anticollision_state");
 constexpr int notRead = -1; // refused here, before the controller is asked
 
 } // namespace
@@ -21,39 +18,33 @@ constexpr int notRead = -1; // refused here, before the controller is asked
 WeldingOptionsPage::WeldingOptionsPage(QWidget *parent, QObject *owner)
     : BaseSubPage(parent, QStringLiteral("welding options"), tr("Welding Options"), owner)
     , ui(std::make_unique<Ui::WeldingOptionsPage>())
-    , m_running(this, QStringLiteral("running_param"))
-    , m_anticollision(this, QStringLiteral("anticollision_param"))
-    , m_clamping(this, QStringLiteral("wire_clamping_torch_param"))
+    , m_running(this, schema::running())
+    , m_anticollision(this, schema::anticollision())
+    , m_clamping(this, schema::clamping())
 {
     setObjectName(name());
     ui->setupUi(wgt());
-    declareFields();
+    bindFields();
     initUI();
 }
 
 WeldingOptionsPage::~WeldingOptionsPage() = default;
 
-void WeldingOptionsPage::declareFields()
+void WeldingOptionsPage::bindFields()
 {
-    m_running.fields()
-        .integer("test_run_speed", ui->sbx_emptyRunningCartSpeed, {1, 250}, 200)
-        .unit(ui->lblEmptyRunningCartSpeedUnit, units::mmPerSecond);
-    // A whole number by default, like every other; the operator's own has decimals.
-    m_running.fields()
-        .real("wire_feed_speed", ui->sbx_wireSpeed, {1.0, 21.0}, 1)
-        .unit(ui->lblWireSpeedUnit, units::metrePerMinute);
-    m_running.fields()
-        .integer("gas_detect_time", ui->sbx_gasDetectionTime, {1, 30}, 15)
-        .unit(ui->lblGasDetectionTimeUnit, units::second);
-    m_anticollision.fields().add<SwitchField>("enable", ui->btn_antiCollisionSwitch);
-    m_anticollision.fields()
-        .name("signal", ui->cbx_DISelection_anti, inputs::noSignal())
-        .meaningTheFirst(inputs::noSignalTexts());
-    m_anticollision.fields().add<SwitchField>("block", ui->btn_antiCollisionShield);
-    m_clamping.fields().choice("enable", ui->cbx_modeSwitch, choices::modeSwitch(), false);
-    m_clamping.fields()
-        .name("signal", ui->cbx_DISelection, inputs::noSignal())
-        .meaningTheFirst(inputs::noSignalTexts());
+    FieldTable &running = m_running.fields();
+    const auto &run = schema::running();
+    running.bind(run.testRunSpeed, ui->sbx_emptyRunningCartSpeed)
+        .unit(ui->lblEmptyRunningCartSpeedUnit);
+    running.bind(run.wireFeedSpeed, ui->sbx_wireSpeed).unit(ui->lblWireSpeedUnit);
+    running.bind(run.gasDetectTime, ui->sbx_gasDetectionTime).unit(ui->lblGasDetectionTimeUnit);
+    FieldTable &anticollision = m_anticollision.fields();
+    anticollision.bind(schema::anticollision().enable, ui->btn_antiCollisionSwitch);
+    anticollision.bind(schema::anticollision().signal, ui->cbx_DISelection_anti);
+    anticollision.bind(schema::anticollision().block, ui->btn_antiCollisionShield);
+    FieldTable &clamping = m_clamping.fields();
+    clamping.bind(schema::clamping().enable, ui->cbx_modeSwitch);
+    clamping.bind(schema::clamping().signal, ui->cbx_DISelection);
 }
 
 void WeldingOptionsPage::initUI()
@@ -93,7 +84,7 @@ void WeldingOptionsPage::initConnect()
             &WeldingOptionsPage::onAnticollisionShieldEnableChanged);
     connect(ui->btn_wireTouchSave, &QPushButton::clicked, this,
             &WeldingOptionsPage::onWireClampingTorchSaveButtonClicked);
-    connect(xservice()->watchNode(anticollisionStateNode), &kelp::ModuleObject::changed, this,
+    connect(xservice()->watchNode(names::anticollisionState), &kelp::ModuleObject::changed, this,
             &WeldingOptionsPage::onAnticollisionShieldFinish);
 }
 
@@ -139,7 +130,7 @@ void WeldingOptionsPage::initPage()
 {
     if (!welmo::arcweld::isConnected())
         return;
-    xservice()->watch(this, anticollisionStateNode, true);
+    xservice()->watch(this, names::anticollisionState, true);
     checkWelderState();
     offerInputs();
     readAll();
@@ -161,9 +152,7 @@ int WeldingOptionsPage::saveRunningParam()
     if (!m_running.isKnown())
         return notRead;
     storeRunningParam();
-    return xservice()
-        ->set(this, welmo::arcweld::node(QStringLiteral("running_param")), m_running.data())
-        ->getInt(0);
+    return xservice()->set(this, names::runningParam, m_running.data())->getInt(0);
 }
 
 int WeldingOptionsPage::cmdAnticollisionParam()
@@ -171,8 +160,7 @@ int WeldingOptionsPage::cmdAnticollisionParam()
     if (!m_anticollision.isKnown())
         return notRead;
     return xservice()
-        ->execCommand(this, welmo::arcweld::node(QStringLiteral("set_anticollision")),
-                      m_anticollision.data())
+        ->execCommand(this, names::setAnticollision, m_anticollision.data())
         ->getInt(0);
 }
 
@@ -180,18 +168,13 @@ int WeldingOptionsPage::cmdWireClampingTorchModeParam()
 {
     if (!m_clamping.isKnown())
         return notRead;
-    return xservice()
-        ->execCommand(this, welmo::arcweld::node(QStringLiteral("set_wire_clamping_torch_mode")),
-                      m_clamping.data())
-        ->getInt(0);
+    return xservice()->execCommand(this, names::setClampingTorchMode, m_clamping.data())->getInt(0);
 }
 
 void WeldingOptionsPage::onRunningParamSaveButtonClicked()
 {
-    if (!welmo::arcweld::isConnected()) {
-        report::error(this, tr("tessa not connected"));
+    if (!report::requireConnection())
         return;
-    }
     const int result = saveRunningParam();
     if (result != 0)
         report::error(this,
@@ -203,8 +186,7 @@ void WeldingOptionsPage::onRunningParamSaveButtonClicked()
 bool WeldingOptionsPage::actOnAnticollision(EnableButton *button, bool on, const QString &error,
                                             const QString &success)
 {
-    if (!welmo::arcweld::isConnected()) {
-        report::error(this, tr("tessa not connected"));
+    if (!report::requireConnection()) {
         setButtonEnabledWithoutTriggeringSlot(button, !on);
         return false;
     }
@@ -241,7 +223,7 @@ void WeldingOptionsPage::onAnticollisionShieldEnableChanged(bool on)
 {
     actOnAnticollision(ui->btn_antiCollisionShield, on, tr("anti-collision device shielding error"),
                        tr("anti-collision device shielding success"));
-    xservice()->watch(this, anticollisionStateNode, true);
+    xservice()->watch(this, names::anticollisionState, true);
 }
 
 void WeldingOptionsPage::onAnticollisionShieldFinish(const QVariant &state)
@@ -260,10 +242,8 @@ void WeldingOptionsPage::setButtonEnabledWithoutTriggeringSlot(EnableButton *but
 
 void WeldingOptionsPage::onWireClampingTorchSaveButtonClicked()
 {
-    if (!welmo::arcweld::isConnected()) {
-        report::error(this, tr("tessa not connected"));
+    if (!report::requireConnection())
         return;
-    }
     storeWireClampingTorchModeParam();
     const QString mode = QStringLiteral("%1 ").arg(ui->cbx_modeSwitch->currentText());
     if (cmdWireClampingTorchModeParam() != 0)

@@ -54,7 +54,7 @@ public slots:
 
 private:
     void initUI();
-    void declareFields();
+    void bindFields();
     void initControl();
     void initConnect();
     void initParamRange();

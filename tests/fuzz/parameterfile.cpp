@@ -100,7 +100,7 @@ void fuzz(const QByteArray &input)
             "showing and saving again changes nothing");
     if (!inTree(*value).contains("name"))
         return;
-    for (const auto &row : form->fields().rows()) {
+    for (const auto &row : form->fields().fields()) {
         const QVariant code = welmo::controller::childAt(*value, row->key());
         const auto *choice = dynamic_cast<welmo::ChoiceField *>(row.get());
         if (choice && code.userType() == QMetaType::QString
@@ -109,7 +109,7 @@ void fuzz(const QByteArray &input)
                     "a code of others is kept", row->key());
     }
     QVariantMap kept = inTree(*value);
-    for (const auto &row : form->fields().rows())
+    for (const auto &row : form->fields().fields())
         kept.remove(row->key().section('.', 0, 0));
     const QVariantMap present = stored.toMap();
     for (auto it = kept.begin(); it != kept.end(); ++it)

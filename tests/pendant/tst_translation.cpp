@@ -16,6 +16,7 @@ private slots:
              QStringList{"pendant", "host", "controller", "link", "tools/tlcheck"}},
             {"resources/language/welmo_cn.ts", QStringList{"src"}},
             {"tl/language/tl_cn.ts", QStringList{"tl"}},
+            {"schema/language/schema_cn.ts", QStringList{"schema"}},
         };
         for (const auto &[shipped, folders] : rows) {
             const QTemporaryDir folder;

@@ -41,10 +41,10 @@ const Rows<Form> forms{
     {"weave",
      Form{make<WeaveFunctionPage>, "weave_param", "weavedata", "cbxWeaveFileNumber",
           "ledtWeaveAnnotation", "btnSave", "btnCancel", "weaveFunction", "",
-          "error: tessa not connected", "error: save parameter error"}},
+          "error: tessa not connected []", "error: save parameter error"}},
     {"seg",
      Form{make<SegParameterPage>, "seg_param", "segdata", "cbxFileNumber", "ledtAnnotation",
-          "btnSave", "btnCancel", "wgtSeg", "", "error: tessa not connected",
+          "btnSave", "btnCancel", "wgtSeg", "", "error: tessa not connected []",
           "error: save parameter fail"}},
 };
 

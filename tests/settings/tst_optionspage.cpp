@@ -95,8 +95,8 @@ private slots:
              "info: Open" + mode + "success|" + torch},
             {"refused", FormHost::Refused, "error: save running parameter error. 7|" + write,
              "error: Open" + mode + "error|" + torch},
-            {"no link", FormHost::LinkDown, "error: tessa not connected",
-             "error: tessa not connected"},
+            {"no link", FormHost::LinkDown, "error: tessa not connected []",
+             "error: tessa not connected []"},
         };
         for (const auto &[name, failure, running, clamping] : rows) {
             Desk desk;
@@ -163,9 +163,9 @@ private slots:
     {
         const QString error = "error: enable anti-collision device ";
         const Rows<FormHost::Failure, bool, QString> rows{
-            {"sensor, no link", FormHost::LinkDown, false, "error: tessa not connected"},
+            {"sensor, no link", FormHost::LinkDown, false, "error: tessa not connected []"},
             {"sensor, refused", FormHost::Refused, false, error + "error|" + setSensor},
-            {"shield, no link", FormHost::LinkDown, true, "error: tessa not connected"},
+            {"shield, no link", FormHost::LinkDown, true, "error: tessa not connected []"},
             {"shield, refused", FormHost::Refused, true, error + "shielding error|" + setSensor},
         };
         for (const auto &[name, failure, shielding, outcome] : rows) {

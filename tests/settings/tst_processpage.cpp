@@ -297,7 +297,7 @@ private slots:
             QVERIFY(desk.host.stored(group->set(), group->file + '1').isValid());
             QVERIFY(desk.host.disconnect());
             (desk.page.*remove)({1});
-            QCOMPARE(desk.outcome(), "error: tessa not connected");
+            QCOMPARE(desk.outcome(), "error: tessa not connected []");
         }
     }
 };

@@ -1,29 +1,32 @@
 #include <QtTest>
 
-#include "controller/files/fileset.h"
-#include "data/parameterset.h"
 #include "tl/fileline.h"
 
 using namespace welmo::tl;
 
-/// A program's file names are those that the pages offer and the controller keeps.
+/// The files that a line can name: the contract's prefixes, written down once more on purpose.
 class tst_FileNames : public QObject
 {
     Q_OBJECT
 private slots:
-    void sameNamesEverywhere()
+    void ofEachArgument_data()
     {
-        const QVector<QStringList> ofLines{
-            fileNames(Instruction::ArcOn, 0), fileNames(Instruction::ArcOn, 1),
-            fileNames(Instruction::ArcOff, 0), weaveFileNames(), fileNames(Instruction::SegOn, 0)};
-        const QVector<const welmo::ParameterSet *> ofPages{
-            &welmo::sets::arcon(), &welmo::sets::weld(), &welmo::sets::arcoff(),
-            &welmo::sets::weave(), &welmo::sets::seg()};
-        for (int i = 0; i < ofLines.size(); ++i) {
-            QCOMPARE(ofLines.at(i), ofPages.at(i)->fileNames());
-            for (const QString &name : ofLines.at(i))
-                QVERIFY(welmo::controller::fileSets().at(size_t(i)).hasFile(name));
-        }
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QString>("prefix");
+        QTest::newRow("ArcOn, first") << fileNames(Instruction::ArcOn, 0) << "arcondata";
+        QTest::newRow("ArcOn, second") << fileNames(Instruction::ArcOn, 1) << "arcdata";
+        QTest::newRow("ArcOff") << fileNames(Instruction::ArcOff, 0) << "arcoffdata";
+        QTest::newRow("WeaveOn, WMoveL") << weaveFileNames() << "weavedata";
+        QTest::newRow("SegOn") << fileNames(Instruction::SegOn, 0) << "segdata";
+    }
+    void ofEachArgument()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(QString, prefix);
+        QCOMPARE(names.size(), 40);
+        QCOMPARE(names.first(), prefix + "1");
+        QCOMPARE(names.at(9), prefix + "10");
+        QCOMPARE(names.last(), prefix + "40");
     }
 };
 

@@ -9,7 +9,7 @@
 #include <sqlite3.h>
 
 #include "controller/core/json.h"
-#include "controller/files/fileset.h"
+#include "schema/filesets.h"
 #include "schema/names.h"
 
 namespace welmo::tlcheck {
@@ -119,8 +119,8 @@ std::optional<tl::ProjectNames> readProject(const QString &folder, QString *prob
     if (lists->empty())
         return failed(QStringLiteral("holds no robot project"));
     tl::ProjectNames names = namesOf(*lists);
-    for (const controller::FileSet &set : controller::fileSets()) {
-        const auto files = readNode(store.get(), set.path());
+    for (const schema::FileSet *set : schema::fileSets()) {
+        const auto files = readNode(store.get(), set->node());
         if (!files)
             return failed(QString::fromUtf8(sqlite3_errmsg(store.get())));
         for (const auto &entry : *files)

@@ -1,18 +1,12 @@
 #include "instructions/forms/weavewidget.h"
 
 #include "data/report.h"
-
-namespace {
-
-// Programs in the field rely on what a file created from an instruction starts with.
-constexpr double instructionFrequency = 0.01;
-
-} // namespace
+#include "schema/filesets.h"
 
 WeaveWidget::WeaveWidget(QWidget *parent)
     : WeaveEditor(parent)
 {
-    initUI(this, Home{instructionFrequency, false});
+    initUI(this, Home{welmo::schema::weaveOfInstruction(), false});
     connect(this, &WeaveEditor::saved, this, [this] {
         setSaveClicked(true);
         emit closeDialog();

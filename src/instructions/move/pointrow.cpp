@@ -7,7 +7,7 @@
 #include <QSignalBlocker>
 #include <cmath>
 
-#include "data/units.h"
+#include "schema/unit.h"
 
 using namespace welmo;
 

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "schema/row.h"
+
+namespace welmo::schema {
+
+/// A set that is a single node, not a row of numbered files.
+class OptionSet : public Set
+{
+public:
+    explicit OptionSet(const QString &name)
+        : Set(QStringLiteral("welding_options"), name)
+    { }
+};
+
+class RunningSet : public OptionSet
+{
+public:
+    RunningSet();
+
+    IntegerRow testRunSpeed{*this, "test_run_speed", 200, {1, 250}, Unit::MillimetrePerSecond};
+    /// A whole number by default; the operator's own has decimals.
+    RealRow wireFeedSpeed{*this, "wire_feed_speed", 1, {1, 21}, Unit::MetrePerMinute};
+    IntegerRow gasDetectTime{*this, "gas_detect_time", 15, {1, 30}, Unit::Second};
+};
+
+class AnticollisionSet : public OptionSet
+{
+public:
+    AnticollisionSet();
+
+    SwitchRow enable{*this, "enable"};
+    InputRow signal{*this, "signal"};
+    SwitchRow block{*this, "block"};
+};
+
+class ClampingSet : public OptionSet
+{
+public:
+    ClampingSet();
+
+    ChoiceRow enable{*this, "enable", choices::modeSwitch(), false};
+    InputRow signal{*this, "signal"};
+};
+
+const RunningSet &running();
+const AnticollisionSet &anticollision();
+const ClampingSet &clamping();
+
+} // namespace welmo::schema

@@ -1,0 +1,167 @@
+#pragma once
+
+#include "schema/choices.h"
+#include "schema/set.h"
+#include "schema/unit.h"
+
+namespace welmo::schema {
+
+/// What a number may be, both ends included.
+struct Range
+{
+    double minimum;
+    double maximum;
+};
+
+/// The type in which a value is stored.
+enum class Stored { Text, Boolean, Integer, Real, Integers };
+
+/// One value of a set: all that is known of it, declared once, as a member of its set. The kind of
+/// the row decides which kind of control a form can bind to it.
+class Row
+{
+public:
+    virtual ~Row() = default;
+    Q_DISABLE_COPY(Row)
+
+    /// Relative to the file or set; a dotted key is a child of a child.
+    const char *const key;
+    const Stored stored;
+    /// Of a number: what the package offers. The controller accepts more.
+    const Range range;
+    const Unit unit;
+
+    /// What a new file holds, and what a missing key reads as. Its own type is written to a new
+    /// file, often an int where a save stores a real number.
+    virtual QVariant defaultValue() const { return m_default; }
+    /// A second key that holds the same value, or null.
+    virtual const char *twinKey() const { return nullptr; }
+    /// False for a value that no form shows and no save touches.
+    virtual bool isEdited() const { return true; }
+
+protected:
+    Row(Set &set, const char *key, Stored stored, const QVariant &defaultValue, Range range = {},
+        Unit unit = Unit::None);
+
+private:
+    QVariant m_default;
+};
+
+/// The file's own name: chosen with the file combo box, so it is only ever stored.
+struct FileNameRow : Row
+{
+    explicit FileNameRow(Set &set)
+        : Row(set, "name", Stored::Text, QStringLiteral("default"))
+    { }
+};
+
+/// Free text, empty by default.
+struct TextRow : Row
+{
+    TextRow(Set &set, const char *key)
+        : Row(set, key, Stored::Text, QString())
+    { }
+};
+
+/// A keyword or a bool out of a table.
+struct ChoiceRow : Row
+{
+    ChoiceRow(Set &set, const char *key, const ChoiceTable &table, const char *defaultCode)
+        : Row(set, key, Stored::Text, QString::fromLatin1(defaultCode))
+        , table(table)
+    { }
+    ChoiceRow(Set &set, const char *key, const ChoiceTable &table, bool defaultState)
+        : Row(set, key, Stored::Boolean, defaultState)
+        , table(table)
+    { }
+    const ChoiceTable &table;
+};
+
+/// A bool that an on/off button shows, false by default.
+struct SwitchRow : Row
+{
+    SwitchRow(Set &set, const char *key)
+        : Row(set, key, Stored::Boolean, false)
+    { }
+};
+
+struct IntegerRow : Row
+{
+    IntegerRow(Set &set, const char *key, int defaultValue, Range range, Unit unit = Unit::None)
+        : Row(set, key, Stored::Integer, defaultValue, range, unit)
+    { }
+};
+
+/// Three integers that the file holds as one list.
+struct IntegersRow : Row
+{
+    static constexpr int count = 3;
+    IntegersRow(Set &set, const char *key, Range range, Unit unit)
+        : Row(set, key, Stored::Integers, QVariantList{0, 0, 0}, range, unit)
+    { }
+};
+
+/// The word of a row whose stored fraction is dropped when it is shown.
+struct ReadAsInteger
+{ };
+inline constexpr ReadAsInteger readAsInteger{};
+/// The word of a row whose number is written to a second key; the first is the one that is shown.
+struct AlsoStoredAs
+{
+    const char *key;
+};
+
+struct RealRow : Row
+{
+    RealRow(Set &set, const char *key, const QVariant &defaultValue, Range range, Unit unit)
+        : Row(set, key, Stored::Real, defaultValue, range, unit)
+    { }
+    RealRow(Set &set, const char *key, const QVariant &defaultValue, Range range, Unit unit,
+            ReadAsInteger)
+        : Row(set, key, Stored::Real, defaultValue, range, unit)
+        , isReadAsInteger(true)
+    { }
+    RealRow(Set &set, const char *key, const QVariant &defaultValue, Range range, Unit unit,
+            AlsoStoredAs twin)
+        : Row(set, key, Stored::Real, defaultValue, range, unit)
+        , m_twinKey(twin.key)
+    { }
+    const char *twinKey() const override { return m_twinKey; }
+
+    const bool isReadAsInteger = false;
+
+private:
+    const char *m_twinKey = nullptr;
+};
+
+/// A name out of those that exist at the moment (speeds), stored as its text.
+struct NameRow : Row
+{
+    NameRow(Set &set, const char *key, const QString &defaultName)
+        : Row(set, key, Stored::Text, defaultName)
+    { }
+};
+
+/// "No signal" as a source text, translated in the context "Inputs".
+extern const char *const noSignalSource;
+
+/// The name of an input. "No signal" is stored as its translation, as the controllers in the field
+/// expect it: the one stored text that follows the language.
+struct InputRow : NameRow
+{
+    InputRow(Set &set, const char *key)
+        : NameRow(set, key, {})
+    { }
+    QVariant defaultValue() const override;
+};
+
+/// A value that only the default file sets: no form shows it and no save touches it.
+struct DefaultOnlyRow : Row
+{
+    DefaultOnlyRow(Set &set, const char *key, bool defaultValue)
+        : Row(set, key, Stored::Boolean, defaultValue)
+    { }
+    bool isEdited() const override { return false; }
+};
+
+} // namespace welmo::schema

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include "schema/names.h"
+
+namespace welmo::schema {
+
+class Row;
+
+/// Values that the controller keeps together. A derived set declares its rows as members; they
+/// enter themselves here, in the order in which they stand.
+class Set
+{
+public:
+    /// @p name is the set's node below "arc_weld."; @p section the branch of the module's tree.
+    Set(const QString &section, const QString &name)
+        : section(section)
+        , name(name)
+    { }
+    virtual ~Set() = default;
+    Q_DISABLE_COPY(Set)
+
+    const QString section;
+    const QString name;
+
+    /// The controller's node.
+    QString node() const { return names::arcWeldPrefix + name; }
+    const std::vector<const Row *> &rows() const { return m_rows; }
+
+private:
+    friend class Row;
+    std::vector<const Row *> m_rows;
+};
+
+} // namespace welmo::schema
