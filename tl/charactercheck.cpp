@@ -1,7 +1,5 @@
 #include "tl/charactercheck.h"
 
-#include <QRegularExpression>
-
 #include "tl/token.h"
 
 using namespace welmo::tl;
@@ -21,17 +19,19 @@ QStringList texts(const Tokens &tokens)
 
 QString CharacterCheck::checkQuotationMarks(const QString &text)
 {
-    static const QRegularExpression quoted(QStringLiteral("\"([^\"]*)\""));
-    const QRegularExpressionMatch match = quoted.match(text);
-    return match.hasMatch() ? match.captured(1) : QString();
+    const int open = text.indexOf(QLatin1Char('"'));
+    const int close = open < 0 ? -1 : text.indexOf(QLatin1Char('"'), open + 1);
+    if (close < 0 || !text.isValidUtf16())
+        return {};
+    return close == open + 1 ? QLatin1String("") : text.mid(open + 1, close - open - 1);
 }
 
 QStringList CharacterCheck::splitTlCommand(const QString &line)
 {
-    return texts(splitArguments(line));
+    return texts(splitArguments(line, 0, line.size()));
 }
 
 QStringList CharacterCheck::splitMoveTlCommand(const QString &line)
 {
-    return texts(splitMoveArguments(line));
+    return texts(splitMoveArguments(line, 0, line.size()));
 }

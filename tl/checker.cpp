@@ -3,93 +3,65 @@
 #include <QCoreApplication>
 #include <algorithm>
 
-#include "tl/charactercheck.h"
-#include "tl/fileline.h"
-#include "tl/pointexpression.h"
-#include "tl/timedline.h"
-#include "tl/wordline.h"
+#include "tl/sequence.h"
 
 namespace welmo::tl {
 
-using Kind = Finding::Kind;
+using FindingKind = Finding::Kind;
 
 namespace {
 
 constexpr int progressStep = 1000; // lines
 
-const char *const noFile = QT_TRANSLATE_NOOP("ProgramCheck", "no file %1 in the project");
-const char *const noPoint = QT_TRANSLATE_NOOP("ProgramCheck", "no point %1 in the project");
-const char *const readAs = QT_TRANSLATE_NOOP("ProgramCheck", "%1 is read as %2");
+constexpr auto noFile = QT_TRANSLATE_NOOP("ProgramCheck", "no file %1 in the project");
+constexpr auto noPoint = QT_TRANSLATE_NOOP("ProgramCheck", "no point %1 in the project");
+constexpr auto noSpeed = QT_TRANSLATE_NOOP("ProgramCheck", "no speed %1 in the project");
+constexpr auto noZone = QT_TRANSLATE_NOOP("ProgramCheck", "no zone %1 in the project");
+constexpr auto noTool = QT_TRANSLATE_NOOP("ProgramCheck", "no tool %1 in the project");
+constexpr auto noWobj = QT_TRANSLATE_NOOP("ProgramCheck", "no work object %1 in the project");
+constexpr auto nearWord =
+    QT_TRANSLATE_NOOP("ProgramCheck", "%1 is no instruction; %2 may be meant");
+constexpr auto notDone = QT_TRANSLATE_NOOP("ProgramCheck", "%1 is not carried out");
+constexpr auto otherWobj =
+    QT_TRANSLATE_NOOP("ProgramCheck", "%1 was taught in %2; the line uses %3");
+constexpr auto otherTool =
+    QT_TRANSLATE_NOOP("ProgramCheck", "%1 was taught with %2; the line uses %3");
+constexpr auto samePoints =
+    QT_TRANSLATE_NOOP("ProgramCheck", "the auxiliary point and the target are the same");
 
-// Two instructions that belong together, and what is said of one that stands alone.
-struct Pair
+Finding ofProblem(const Problem &problem)
 {
-    Instruction on;
-    Instruction off;
-    const char *onAlone;
-    const char *offAlone;
-};
-
-constexpr Pair pairs[] = {
-    {Instruction::ArcOn, Instruction::ArcOff,
-     QT_TRANSLATE_NOOP("ProgramCheck", "ArcOn without ArcOff"),
-     QT_TRANSLATE_NOOP("ProgramCheck", "ArcOff without ArcOn")},
-    {Instruction::WeaveOn, Instruction::WeaveOff,
-     QT_TRANSLATE_NOOP("ProgramCheck", "WeaveOn without WeaveOff"),
-     QT_TRANSLATE_NOOP("ProgramCheck", "WeaveOff without WeaveOn")},
-};
-
-Finding unpaired(int line, int column, const char *detail)
-{
-    return {line, column, Kind::Unpaired, nullptr, detail, {}};
+    const bool isMisread = problem.kind == Problem::Kind::Misread;
+    return {0,
+            problem.column,
+            isMisread ? FindingKind::Misread : FindingKind::Refused,
+            problem.message,
+            problem.detail,
+            problem.names};
 }
 
-// Goes through the lines in the order in which they are written.
-Findings unpairedLines(const QStringList &lines, const Pair &pair)
+Finding doubtful(int column, const char *detail, const QStringList &names)
 {
-    Findings findings;
-    int open = -1;
-    const auto reportOpen = [&] {
-        if (open >= 0)
-            findings.append(unpaired(open, textColumn(lines.at(open)), pair.onAlone));
-    };
-    for (int i = 0; i < lines.size(); ++i) {
-        const Instruction instruction = classify(lines.at(i));
-        if (instruction == pair.on) {
-            reportOpen();
-            open = i;
-        } else if (instruction == pair.off) {
-            if (open < 0)
-                findings.append(unpaired(i, textColumn(lines.at(i)), pair.offAlone));
-            open = -1;
-        }
-    }
-    reportOpen();
-    return findings;
+    return {0, column, FindingKind::Doubtful, nullptr, detail, names};
 }
 
-Findings refusals(const Problems &problems)
+// A name that cannot be one was complained of already.
+bool isName(const Token &token)
 {
-    Findings findings;
-    for (const Problem &problem : problems)
-        findings.append({0, problem.column, Kind::Refused, problem.message, nullptr, {}});
-    return findings;
+    return !token.text.contains(QLatin1Char('"')) && !token.text.contains(QLatin1Char('('));
 }
 
-bool isWord(const QString &name)
+// Only of names that there are: of others there is worse to say.
+void checkTaught(const ParsedLine::Point &point, const QString &taught,
+                 const std::optional<Token> &used, const QSet<QString> &names, const char *detail,
+                 Findings *findings)
 {
-    return !name.contains(QLatin1Char('"')) && !name.contains(QLatin1Char('('));
+    if (used && names.contains(used->text) && !taught.isEmpty() && used->text != taught)
+        findings->append(
+            doubtful(used->column, detail, {point.reading.point.name, taught, used->text}));
 }
 
 } // namespace
-
-/// Where a name of a kind stands in a move, and what is said when there is none.
-struct Checker::Place
-{
-    Names names;
-    const char *message;
-    const char *detail;
-};
 
 Checker::Checker(std::optional<ProjectNames> project)
     : m_project(std::move(project))
@@ -98,21 +70,16 @@ Checker::Checker(std::optional<ProjectNames> project)
 Findings Checker::check(const QStringList &lines, const std::function<void(int)> &progress) const
 {
     Findings findings;
+    Sequence sequence;
     for (int i = 0; i < lines.size(); ++i) {
-        findings += checkLine(lines.at(i), i);
+        const ParsedLine line = parse(lines.at(i));
+        findings += checkLine(line, i);
+        sequence.add(line, i);
         if (progress && (i + 1) % progressStep == 0)
             progress(i + 1);
     }
-    findings += checkPairs(lines);
+    findings += sequence.finish();
     sort(findings);
-    return findings;
-}
-
-Findings Checker::checkPairs(const QStringList &lines)
-{
-    Findings findings;
-    for (const Pair &pair : pairs)
-        findings += unpairedLines(lines, pair);
     return findings;
 }
 
@@ -123,112 +90,113 @@ void Checker::sort(Findings &findings)
     });
 }
 
-Findings Checker::checkLine(const QString &line, int number) const
+Findings Checker::checkLine(const ParsedLine &line, int number) const
 {
     Findings findings;
-    const Instruction instruction = classify(line);
-    switch (instruction) {
-    case Instruction::None:
-        break;
-    case Instruction::WMoveL:
-    case Instruction::WMoveC:
-        findings = checkMove(instruction, line);
-        break;
-    case Instruction::FeedOnWire:
-    case Instruction::FeedBackWire:
-    case Instruction::DetectGas:
-        findings = refusals(parseTimedLine(instruction, line).problems);
-        break;
-    case Instruction::WeaveOff:
-    case Instruction::SegOff:
-        findings = refusals(checkWordLine(instruction, line));
-        break;
-    default:
-        findings = checkFiles(instruction, line);
+    for (const Problem &problem : line.problems)
+        findings.append(ofProblem(problem));
+    checkWord(line, &findings);
+    if (line.instruction) {
+        switch (line.instruction->kind) {
+        case Kind::Files:
+            checkFiles(line, &findings);
+            break;
+        case Kind::Move:
+            checkMove(line, &findings);
+            break;
+        case Kind::Timed:
+        case Kind::Bare:
+            break;
+        }
     }
     for (Finding &finding : findings)
         finding.line = number;
     return findings;
 }
 
-Findings Checker::checkFiles(Instruction instruction, const QString &line) const
+void Checker::checkWord(const ParsedLine &line, Findings *findings) const
 {
-    const FileLine parsed = parseFileLine(instruction, line);
-    Findings findings;
-    for (size_t i = 0; i < parsed.files.size(); ++i) {
-        if (parsed.files[i])
-            findings +=
-                checkFile(*parsed.files[i], parsed.columns[i], fileNames(instruction, int(i)));
+    const QString &word = line.word.text;
+    if (line.instruction) {
+        if (line.instruction->standing == Standing::Unregistered)
+            findings->append(doubtful(line.column(), notDone, {word}));
+        return;
     }
-    return findings + refusals(parsed.problems);
+    const bool isKnown = m_project && m_project->words.contains(word);
+    if (const Instruction *meant = isKnown ? nullptr : meantBy(word))
+        findings->append(doubtful(line.column(), nearWord, {word, meant->text()}));
 }
 
-Findings Checker::checkMove(Instruction instruction, const QString &line) const
+void Checker::checkFiles(const ParsedLine &line, Findings *findings) const
 {
-    static const Place speed{&ProjectNames::speeds, messages::speed,
-                             QT_TRANSLATE_NOOP("ProgramCheck", "no speed %1 in the project")};
-    static const Place zone{&ProjectNames::zones, messages::zone,
-                            QT_TRANSLATE_NOOP("ProgramCheck", "no zone %1 in the project")};
-    static const Place tool{&ProjectNames::tools, messages::tool,
-                            QT_TRANSLATE_NOOP("ProgramCheck", "no tool %1 in the project")};
-    static const Place wobj{&ProjectNames::wobjs, messages::wobj,
-                            QT_TRANSLATE_NOOP("ProgramCheck", "no work object %1 in the project")};
-    const MoveLine move = parseMoveLine(instruction, line);
-    return refusals(move.problems) + checkPoint(move.aux) + checkPoint(move.target)
-        + checkName(move.speed, speed) + checkName(move.zone, zone) + checkName(move.tool, tool)
-        + checkName(move.wobj, wobj) + checkWeave(move.weave);
-}
-
-Findings Checker::checkPoint(const std::optional<Token> &token) const
-{
-    if (!token)
-        return {};
-    Findings findings;
-    const PointExpression point = PointExpression::parse(token->text);
-    if (!readsAsWritten(token->text)) {
-        const QString read = point.format(PointExpression::spellingOf(token->text));
-        findings.append(
-            {0, token->column, Kind::Misread, messages::point, readAs, {token->text, read}});
+    for (size_t i = 0; i < line.files.size(); ++i) {
+        if (line.files[i])
+            checkFile(*line.files[i], line.tokens.at(int(i) + 1).column, findings);
     }
-    if (m_project && !m_project->points.contains(point.name))
-        findings.append({0, token->column, Kind::Unknown, nullptr, noPoint, {point.name}});
-    return findings;
 }
 
-Findings Checker::checkName(const std::optional<Token> &token, const Place &place) const
+void Checker::checkMove(const ParsedLine &line, Findings *findings) const
 {
-    if (!token)
-        return {};
-    if (!isWord(token->text)) // nothing can have such a name
-        return {{0, token->column, Kind::Refused, place.message, nullptr, {}}};
-    if (!m_project || ((*m_project).*(place.names)).contains(token->text))
-        return {};
-    return {{0, token->column, Kind::Unknown, place.message, place.detail, {token->text}}};
+    if (line.isRefused)
+        return;
+    for (const auto &point : {line.aux, line.target}) {
+        if (point)
+            checkPoint(line, *point, findings);
+    }
+    if (line.aux && line.aux->reading.point == line.target->reading.point)
+        findings->append(doubtful(line.target->token.column, samePoints, {}));
+    checkName(line.speed, &ProjectNames::speeds, messages::speed, noSpeed, findings);
+    checkName(line.zone, &ProjectNames::zones, messages::zone, noZone, findings);
+    checkName(line.tool, &ProjectNames::tools, messages::tool, noTool, findings);
+    checkName(line.wobj, &ProjectNames::wobjs, messages::wobj, noWobj, findings);
+    const QString weave = line.weaveFile();
+    if (weaveFileNames().contains(weave))
+        checkFile(weave, line.weave->column, findings);
 }
 
-Findings Checker::checkWeave(const std::optional<Token> &token) const
+void Checker::checkPoint(const ParsedLine &line, const ParsedLine::Point &point,
+                         Findings *findings) const
 {
-    if (!token)
-        return {};
-    const QString name = CharacterCheck::checkQuotationMarks(token->text);
-    if (name == noWeave)
-        return {};
-    const QStringList &files = weaveFileNames();
-    if (!files.contains(name))
-        return {{0, token->column, Kind::Refused, messages::weaveData, nullptr, {}}};
-    return checkFile(name, token->column, files);
+    if (!m_project)
+        return;
+    const QString &name = point.reading.point.name;
+    const auto found = m_project->points.constFind(name);
+    if (found == m_project->points.constEnd()) {
+        findings->append({0, point.token.column, FindingKind::Unknown, nullptr, noPoint, {name}});
+        return;
+    }
+    checkTaught(point, found->tool, line.tool, m_project->tools, otherTool, findings);
+    checkTaught(point, found->wobj, line.wobj, m_project->wobjs, otherWobj, findings);
 }
 
-Findings Checker::checkFile(const QString &file, int column, const QStringList &set) const
+QString Checker::asTaught(const ParsedLine &line) const
 {
-    if (!m_project || m_project->files.contains(file))
+    if (!m_project || !line.target)
         return {};
-    const bool isSetUp = std::any_of(set.begin(), set.end(), [this](const QString &name) {
-        return m_project->files.contains(name);
-    });
-    if (!isSetUp)
+    const auto found = m_project->points.constFind(line.target->reading.point.name);
+    if (found == m_project->points.constEnd())
         return {};
-    return {{0, column, Kind::Unknown, nullptr, noFile, {file}}};
+    QString text = line.text;
+    const auto replace = [&text](const std::optional<Token> &used, const QString &taught) {
+        if (used && !taught.isEmpty())
+            text.replace(used->column - 1, used->text.size(), taught);
+    };
+    replace(line.wobj, found->wobj); // from the right, so that the columns stay true
+    replace(line.tool, found->tool);
+    return text == line.text ? QString() : text;
+}
+
+void Checker::checkName(const std::optional<Token> &token, Names names, const char *message,
+                        const char *detail, Findings *findings) const
+{
+    if (token && isName(*token) && m_project && !((*m_project).*names).contains(token->text))
+        findings->append({0, token->column, FindingKind::Unknown, message, detail, {token->text}});
+}
+
+void Checker::checkFile(const QString &file, int column, Findings *findings) const
+{
+    if (m_project && m_project->knowsFiles && !m_project->files.contains(file))
+        findings->append({0, column, FindingKind::Unknown, nullptr, noFile, {file}});
 }
 
 } // namespace welmo::tl

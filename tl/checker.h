@@ -5,13 +5,15 @@
 #include <optional>
 
 #include "tl/finding.h"
-#include "tl/moveline.h"
+#include "tl/parsedline.h"
 #include "tl/projectnames.h"
 
 namespace welmo::tl {
 
-/// Finds what is wrong in a program, with the same text models that the instruction forms stand on.
-/// Lines of other instructions are not looked at.
+/// Finds what is wrong in a program: what its lines' property forms would say, what the project
+/// does not have, and what cannot be meant. What it calls clean, the virtual controller carries
+/// out. Lines whose word is nobody's here are not looked at, unless the word looks like an
+/// instruction.
 class Checker
 {
 public:
@@ -22,22 +24,24 @@ public:
     Findings check(const QStringList &lines, const std::function<void(int)> &progress = {}) const;
 
     /// What is wrong with one line by itself; @p number goes into the findings.
-    Findings checkLine(const QString &line, int number) const;
-    /// What stands alone of instructions that belong together; needs all lines of the program.
-    static Findings checkPairs(const QStringList &lines);
+    Findings checkLine(const ParsedLine &line, int number) const;
+    /// The line with the tool and the work object with which its target was taught; null when it
+    /// names no others.
+    QString asTaught(const ParsedLine &line) const;
     /// Puts findings in the order of lines and columns.
     static void sort(Findings &findings);
 
 private:
     using Names = QSet<QString> ProjectNames::*;
-    struct Place;
 
-    Findings checkFiles(Instruction instruction, const QString &line) const;
-    Findings checkMove(Instruction instruction, const QString &line) const;
-    Findings checkPoint(const std::optional<Token> &token) const;
-    Findings checkName(const std::optional<Token> &token, const Place &place) const;
-    Findings checkWeave(const std::optional<Token> &token) const;
-    Findings checkFile(const QString &file, int column, const QStringList &set) const;
+    void checkWord(const ParsedLine &line, Findings *findings) const;
+    void checkFiles(const ParsedLine &line, Findings *findings) const;
+    void checkMove(const ParsedLine &line, Findings *findings) const;
+    void checkPoint(const ParsedLine &line, const ParsedLine::Point &point,
+                    Findings *findings) const;
+    void checkName(const std::optional<Token> &token, Names names, const char *message,
+                   const char *detail, Findings *findings) const;
+    void checkFile(const QString &file, int column, Findings *findings) const;
 
     std::optional<ProjectNames> m_project;
 };

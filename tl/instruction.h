@@ -3,13 +3,11 @@
 #include <QString>
 
 #include "tl/problem.h"
-#include "tl/token.h"
 
 namespace welmo::tl {
 
-/// The welding instructions. Any other line is not ours.
-enum class Instruction {
-    None,
+/// The words that the language knows: the package's own, and the host's moves.
+enum class Word {
     ArcOn,
     ArcOff,
     WMoveL,
@@ -21,21 +19,79 @@ enum class Instruction {
     DetectGas,
     SegOn,
     SegOff,
+    MoveJ,
+    MoveL,
+    MoveC, // stays the last one, see wordCount
+};
+constexpr int wordCount = int(Word::MoveC) + 1;
+
+/// What follows a word.
+enum class Kind {
+    Files, ///< names of parameter files in quotes
+    Move, ///< points, speed, zone, tool and what may follow
+    Timed, ///< a time in seconds
+    Bare, ///< nothing
 };
 
-/// The instruction's word; empty for None.
-QString instructionName(Instruction instruction);
+/// Whose instruction it is, and who carries it out.
+enum class Standing {
+    Registered, ///< the package's, in the program editor's menu
+    Unregistered, ///< the package's, with forms, but neither offered nor carried out
+    Host, ///< the host's: the package has no form for it
+};
 
-/// What is said when a line of the instruction has not the right number of arguments.
-const char *commandError(Instruction instruction);
+/// A set of numbered parameter files as lines name them.
+struct FileSet
+{
+    QStringList (*names)(); ///< all that there can be
+    const char *error; ///< source text, when an argument is no file of the set
+};
 
-/// The line's first word. It ends at white space, a comma, a semicolon, a quote or a parenthesis.
-Token firstWord(const QString &line);
+/// All that is declared of an instruction. What belongs to another kind stays empty.
+struct Instruction
+{
+    /// Which text operation takes the arguments apart.
+    enum class Splitter { Blanks, Expressions };
 
-/// Whose line this is, by its first word alone; upper and lower case are different words.
-Instruction classify(const QString &line);
+    Word word;
+    const char *name;
+    Kind kind;
+    Standing standing;
+    const char *syntax; ///< as the program editor shows it
+    const char *commandError; ///< source text, for a wrong number of arguments
 
-/// "The line as a whole is wrong", at the start of the line's text.
-Problem commandProblem(Instruction instruction, const QString &line);
+    int fileCount = 0;
+    FileSet files[2] = {};
+    Splitter splitter = Splitter::Blanks;
+    Qt::CaseSensitivity caseOfFiles = Qt::CaseSensitive;
+
+    int points = 0; ///< auxiliary points included
+    bool mayWeave = false; ///< a weave file may follow the work object
+
+    double shortest = 0; ///< seconds
+    const char *timeError = nullptr; ///< source text
+    const char *timeLabel = nullptr; ///< source text, of the context "TimedInsertWidget"
+
+    QString text() const { return QString::fromLatin1(name); }
+};
+
+/// One row for each word, in the order of the words.
+extern const Instruction instructions[wordCount];
+
+/// The word's row.
+const Instruction &row(Word word);
+/// The row of that word; null for a word of somebody else. Upper and lower case are different
+/// words.
+const Instruction *findInstruction(const QString &word);
+/// The instruction that somebody may have meant by a word that is none: the same but for the case
+/// of the letters or, among the package's, one letter; null when there is none.
+const Instruction *meantBy(const QString &word);
+
+/// The names of the set's 40 files.
+const QStringList &fileNames(const FileSet &set);
+/// The names that the argument @p argument, counted from 0, can have; none beyond the last.
+QStringList fileNames(Word word, int argument);
+/// The names of the 40 weave files, which moves can name as well.
+const QStringList &weaveFileNames();
 
 } // namespace welmo::tl

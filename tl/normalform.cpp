@@ -2,21 +2,15 @@
 
 #include <algorithm>
 
-#include "tl/charactercheck.h"
-#include "tl/fileline.h"
-#include "tl/moveline.h"
-#include "tl/pointexpression.h"
-#include "tl/timedline.h"
-#include "tl/wordline.h"
+#include "tl/lineformat.h"
 
 namespace welmo::tl {
 
 namespace {
 
-// Without white space around it, and with blanks for the tabs between the arguments.
-QString tidied(const QString &line)
+// With blanks for the tabs between the arguments.
+QString withoutTabs(QString text)
 {
-    QString text = line.trimmed();
     bool quoted = false;
     for (QChar &character : text) {
         if (character == QLatin1Char('"'))
@@ -25,11 +19,6 @@ QString tidied(const QString &line)
             character = QLatin1Char(' ');
     }
     return text;
-}
-
-bool isMove(Instruction instruction)
-{
-    return instruction == Instruction::WMoveL || instruction == Instruction::WMoveC;
 }
 
 bool isGap(QStringView gap, int mostCommas)
@@ -41,62 +30,79 @@ bool isGap(QStringView gap, int mostCommas)
 }
 
 // True when there is nothing but the word and its arguments, and no argument is empty.
-bool isComplete(const QString &line, const Tokens &tokens, Instruction instruction)
+bool isComplete(const ParsedLine &line)
 {
-    if (tokens.first().text != instructionName(instruction)
-        || tokens.last().end() != line.size() + 1)
+    const Tokens &tokens = line.tokens;
+    if (tokens.isEmpty() || tokens.first().text != line.instruction->text()
+        || tokens.last().end() != line.codeEnd + 1)
         return false;
     for (int i = 1; i < tokens.size(); ++i) {
         const int start = tokens.at(i - 1).end() - 1;
-        const QStringView gap = QStringView(line).mid(start, tokens.at(i).column - 1 - start);
+        const QStringView gap = QStringView(line.text).mid(start, tokens.at(i).column - 1 - start);
         if (!isGap(gap, i == 1 ? 0 : 1))
             return false;
     }
     return true;
 }
 
-QString normalFiles(Instruction instruction, const QString &line, const Tokens &tokens)
+QString normalFiles(const ParsedLine &line)
 {
-    const FileLine parsed = parseFileLine(instruction, line);
-    if (!parsed.problems.isEmpty())
+    if (!line.problems.isEmpty())
         return {};
     QStringList names;
-    for (const auto &file : parsed.files) {
+    for (const auto &file : line.files) {
         names.append(*file);
-        if (tokens.at(names.size()).text.size() != file->size() + 2) // the quotes, no more
+        if (line.tokens.at(names.size()).text.size() != file->size() + 2) // the quotes, no more
             return {};
     }
-    return formatFileLine(instruction, names);
+    return formatFileLine(line.instruction->word, names);
 }
 
-QString normalTime(Instruction instruction, const QString &line)
+QString normalTime(const ParsedLine &line)
 {
-    const TimedLine parsed = parseTimedLine(instruction, line);
-    if (!parsed.seconds)
+    if (!line.seconds)
         return {};
-    const QString normal = formatTimedLine(instruction, *parsed.seconds);
-    return parseTimedLine(instruction, normal).seconds == parsed.seconds ? normal : QString();
+    const Word word = line.instruction->word;
+    const QString normal = formatTimedLine(word, *line.seconds);
+    return parseAs(word, normal).seconds == line.seconds ? normal : QString();
 }
 
-QString normalMove(Instruction instruction, const QString &line, const Tokens &tokens)
+QString normalMove(const ParsedLine &line)
 {
-    if (!parseMoveLine(instruction, line).problems.isEmpty())
+    if (line.isRefused)
         return {};
-    const int points = instruction == Instruction::WMoveC ? 2 : 1;
     QStringList arguments;
-    for (int i = 1; i < tokens.size(); ++i) {
-        const QString &text = tokens.at(i).text;
-        arguments.append(i <= points ? normalPoint(text) : text);
+    for (const auto &point : {line.aux, line.target}) {
+        if (!point)
+            continue;
+        arguments.append(point->reading.normalForm());
         if (arguments.last().isNull())
             return {};
     }
-    return instructionName(instruction) + QLatin1Char(' ') + arguments.join(QLatin1Char(','));
+    for (int i = arguments.size() + 1; i < line.tokens.size(); ++i)
+        arguments.append(line.tokens.at(i).text);
+    return line.instruction->text() + QLatin1Char(' ') + arguments.join(QLatin1Char(','));
 }
 
-bool keepsPoint(const std::optional<Token> &asked, const std::optional<Token> &got)
+QString normalOf(const ParsedLine &line)
 {
-    return !asked
-        || (got && PointExpression::parse(got->text) == PointExpression::parse(asked->text));
+    switch (line.instruction->kind) {
+    case Kind::Files:
+        return normalFiles(line);
+    case Kind::Move:
+        return normalMove(line);
+    case Kind::Timed:
+        return normalTime(line);
+    case Kind::Bare:
+        return line.isRefused ? QString() : line.code();
+    }
+    return {};
+}
+
+bool keepsPoint(const std::optional<ParsedLine::Point> &asked,
+                const std::optional<ParsedLine::Point> &got)
+{
+    return !asked || (got && got->reading.point == asked->reading.point);
 }
 
 bool keepsName(const std::optional<Token> &asked, const std::optional<Token> &got)
@@ -104,53 +110,50 @@ bool keepsName(const std::optional<Token> &asked, const std::optional<Token> &go
     return !asked || (got && got->text == asked->text);
 }
 
-QString weaveOf(const MoveLine &move)
-{
-    return move.weave ? CharacterCheck::checkQuotationMarks(move.weave->text) : noWeave;
-}
-
-bool keepsMove(const MoveLine &asked, const MoveLine &got)
+bool keepsMove(const ParsedLine &asked, const ParsedLine &got)
 {
     return keepsPoint(asked.aux, got.aux) && keepsPoint(asked.target, got.target)
         && keepsName(asked.speed, got.speed) && keepsName(asked.zone, got.zone)
         && keepsName(asked.tool, got.tool) && keepsName(asked.wobj, got.wobj)
-        && weaveOf(asked) == weaveOf(got);
+        && asked.weaveFile() == got.weaveFile();
 }
 
 } // namespace
 
-QString normalForm(const QString &line)
+QString normalCode(const ParsedLine &line)
 {
-    const Instruction instruction = classify(line);
-    if (instruction == Instruction::None)
+    if (!line.instruction || line.instruction->standing == Standing::Host)
         return {};
-    const QString text = tidied(line);
-    const Tokens tokens = isMove(instruction) ? splitMoveArguments(text) : splitArguments(text);
-    if (tokens.isEmpty() || !isComplete(text, tokens, instruction))
-        return {};
-    switch (instruction) {
-    case Instruction::WMoveL:
-    case Instruction::WMoveC:
-        return normalMove(instruction, text, tokens);
-    case Instruction::FeedOnWire:
-    case Instruction::FeedBackWire:
-    case Instruction::DetectGas:
-        return normalTime(instruction, text);
-    case Instruction::WeaveOff:
-    case Instruction::SegOff:
-        return checkWordLine(instruction, text).isEmpty() ? text : QString();
-    default:
-        return normalFiles(instruction, text, tokens);
-    }
+    const QString code = line.code();
+    if (const QString tidied = withoutTabs(code); tidied != code)
+        return normalCode(parse(tidied));
+    return isComplete(line) ? normalOf(line) : QString();
 }
 
-bool keepsAll(const QString &line, const QString &written)
+QString normalForm(const ParsedLine &line)
 {
-    const Instruction instruction = classify(line);
-    const QString normal = normalForm(line);
-    if (normal.isNull() || !isMove(instruction))
-        return !normal.isNull() && normal == normalForm(written);
-    return keepsMove(parseMoveLine(instruction, normal), parseMoveLine(instruction, written));
+    const QString code = normalCode(line);
+    const QString after = line.after();
+    return code.isNull() ? code
+                         : line.before() + code + (after.trimmed().isEmpty() ? QString() : after);
+}
+
+QString normalForm(const QString &line)
+{
+    return normalForm(parse(line));
+}
+
+bool keepsAll(const ParsedLine &line, const QString &written)
+{
+    const QString normal = normalCode(line);
+    if (normal.isNull())
+        return false;
+    const ParsedLine asked = parse(normal);
+    const ParsedLine got = parse(written);
+    if (!got.instruction || got.instruction != asked.instruction)
+        return false;
+    return asked.instruction->kind == Kind::Move ? keepsMove(asked, got)
+                                                 : normal == normalCode(got);
 }
 
 } // namespace welmo::tl

@@ -1,9 +1,9 @@
 #include "tl/pointexpression.h"
 
-#include <QRegularExpression>
 #include <algorithm>
 
 #include "tl/text.h"
+#include "tl/token.h"
 
 namespace welmo::tl {
 
@@ -33,47 +33,65 @@ QString functionOf(Kind kind, Spelling spelling)
     return spelling == Spelling::Insert ? insertRelTool : propertyRelTool;
 }
 
+bool isReadAsWritten(const QString &text, const QStringList &parts, Kind kind)
+{
+    if (kind == Kind::Plain)
+        return !text.contains(QLatin1Char('('));
+    return text.startsWith(parts.first() + QLatin1Char('('))
+        && text.indexOf(QLatin1Char(')')) == text.size() - 1
+        && parts.size() == 2 + PointExpression::numberCount(kind)
+        && std::all_of(parts.begin() + 2, parts.end(),
+                       [](const QString &number) { return readNumber(number).has_value(); });
+}
+
 } // namespace
 
+// The first call in the text: what the expression "(\w+)\(([^)]+)\)" would find.
 QStringList splitPoint(const QString &text)
 {
-    // Looking back, and no further than the last ")", keeps the time linear on any text.
-    static const QRegularExpression call(QStringLiteral("(?<!\\w)(\\w+)\\(([^)]+)\\)"));
-    const QString head = text.left(text.lastIndexOf(QLatin1Char(')')) + 1);
-    const QRegularExpressionMatch match = call.match(head);
-    if (!match.hasMatch())
-        return {plainFunction, text.trimmed()};
-    QStringList parts{match.captured(1)};
-    const QStringList items = match.captured(2).split(QLatin1Char(','), Qt::SkipEmptyParts);
-    for (const QString &item : items)
-        parts.append(item.trimmed());
-    return parts;
+    const int lastClosing = text.isValidUtf16() ? text.lastIndexOf(QLatin1Char(')')) : -1;
+    for (int start = 0; start < lastClosing;) {
+        int end = start;
+        while (end < lastClosing && isWordCharacter(text.at(end)))
+            ++end;
+        const int close = end > start ? callEnd(text, end, text.size()) : -1;
+        if (close > 0) {
+            QStringList parts{text.mid(start, end - start)};
+            const auto items =
+                text.midRef(end + 1, close - end - 2).split(QLatin1Char(','), Qt::SkipEmptyParts);
+            for (const QStringRef &item : items)
+                parts.append(item.trimmed().toString());
+            return parts;
+        }
+        start = qMax(end, start + 1);
+    }
+    return {plainFunction, text.trimmed()};
 }
 
 int PointExpression::numberCount(Kind kind)
 {
     switch (kind) {
+    case Kind::Plain:
+        return 0;
     case Kind::Offs:
         return 3;
     case Kind::RelTool:
         return 6;
-    default:
-        return 0;
     }
+    return 0;
 }
 
-Spelling PointExpression::spellingOf(const QString &text)
+PointExpression PointExpression::fromParts(const QStringList &parts)
 {
-    return text.contains(insertRelTool + QLatin1Char('(')) ? Spelling::Insert : Spelling::Property;
+    PointExpression point{kindOf(parts.value(0)), parts.value(1), {}};
+    for (int i = 0; i < numberCount(point.kind); ++i)
+        point.numbers.append(readNumber(parts.value(2 + i)).value_or(0));
+    return point;
 }
 
 PointExpression PointExpression::parse(const QString &text)
 {
-    const QStringList parts = splitPoint(text);
-    PointExpression point{kindOf(parts.first()), parts.value(1), {}};
-    for (int i = 0; i < numberCount(point.kind); ++i)
-        point.numbers.append(readNumber(parts.value(2 + i)).value_or(0));
-    return point;
+    return fromParts(splitPoint(text));
 }
 
 QString PointExpression::format(Spelling spelling) const
@@ -92,25 +110,21 @@ bool operator==(const PointExpression &a, const PointExpression &b)
     return a.kind == b.kind && a.name == b.name && a.numbers == b.numbers;
 }
 
-bool readsAsWritten(const QString &text)
+PointReading readPoint(const QString &text)
 {
     const QStringList parts = splitPoint(text);
-    const Kind kind = kindOf(parts.first());
-    if (kind == Kind::Plain)
-        return !text.contains(QLatin1Char('('));
-    return text.startsWith(parts.first() + QLatin1Char('('))
-        && text.indexOf(QLatin1Char(')')) == text.size() - 1
-        && parts.size() == 2 + PointExpression::numberCount(kind)
-        && std::all_of(parts.begin() + 2, parts.end(),
-                       [](const QString &number) { return readNumber(number).has_value(); });
+    PointReading reading{PointExpression::fromParts(parts)};
+    reading.isAsWritten = isReadAsWritten(text, parts, reading.point.kind);
+    if (text.contains(insertRelTool + QLatin1Char('(')))
+        reading.spelling = Spelling::Insert;
+    return reading;
 }
 
-QString normalPoint(const QString &text)
+QString PointReading::normalForm() const
 {
-    if (!readsAsWritten(text))
+    if (!isAsWritten)
         return {};
-    const PointExpression point = PointExpression::parse(text);
-    const QString normal = point.format(PointExpression::spellingOf(text));
+    const QString normal = point.format(spelling);
     return PointExpression::parse(normal) == point ? normal : QString();
 }
 

@@ -28,10 +28,10 @@ struct PointExpression
 
     /// How many numbers a kind has: 0, 3, 6.
     static int numberCount(Kind kind);
-    /// How a text spells a relative tool.
-    static Spelling spellingOf(const QString &text);
-    /// Reads any text. An unknown function reads as the plain point that it names; a number that is
-    /// missing or unreadable reads as 0, and numbers beyond the last are ignored.
+    /// What splitPoint() gave. An unknown function reads as the plain point that it names; a number
+    /// that is missing or unreadable reads as 0, and numbers beyond the last are ignored.
+    static PointExpression fromParts(const QStringList &parts);
+    /// Reads any text in the same way.
     static PointExpression parse(const QString &text);
     /// The argument, without blanks. Numbers that are missing are written as 0, numbers beyond the
     /// last are not written; the name is made safe, see nameText().
@@ -40,12 +40,20 @@ struct PointExpression
 
 bool operator==(const PointExpression &a, const PointExpression &b);
 
-/// True when the text says nothing that PointExpression::parse() does not take over: no unknown
-/// function, and exactly the numbers that the function has.
-bool readsAsWritten(const QString &text);
+/// A point argument as it was read.
+struct PointReading
+{
+    PointExpression point;
+    PointExpression::Spelling spelling = PointExpression::Spelling::Property;
+    /// The text says nothing that was not taken over: no unknown function, and exactly the numbers
+    /// that the function has.
+    bool isAsWritten = false;
 
-/// The same expression in its normal form, spelled as it was; nothing (a null string) when writing
-/// it again would change it, as with a number of more than 6 digits.
-QString normalPoint(const QString &text);
+    /// The same expression in its normal form, spelled as it was; nothing (a null string) when
+    /// writing it again would change it, as with a number of more than 6 digits.
+    QString normalForm() const;
+};
+
+PointReading readPoint(const QString &text);
 
 } // namespace welmo::tl

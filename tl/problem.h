@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 namespace welmo::tl {
@@ -8,28 +9,40 @@ namespace welmo::tl {
 /// One complaint about a line.
 struct Problem
 {
-    const char *message; ///< source text, see shown()
+    enum class Kind {
+        Refused, ///< the instruction's property form refuses the line or one of its arguments
+        Misread, ///< reading takes over something else than what is written
+    };
+
+    const char *message; ///< source text of what the property form says, see shown()
     int column; ///< of what it is about, counted from 1
+    const char *detail = nullptr; ///< more about it, with %1 and so on for @p names; may be null
+    QStringList names;
+    Kind kind = Kind::Refused;
+
+    /// Message and detail in English, whatever translator is installed.
+    QString english() const;
 };
 using Problems = QVector<Problem>;
 
 /// A message's text: translated where a translator is installed, English otherwise.
 QString shown(const char *message);
 
-/// What is said about the arguments of a line. What is said about a whole line stands in the table
-/// of the instructions, see commandError().
+/// What is said about the arguments of a line; what depends on the instruction stands in its row of
+/// the table of instructions.
 namespace messages {
 
-extern const char *const arconData;
-extern const char *const arcData;
-extern const char *const arcoffData;
-extern const char *const weaveData;
-extern const char *const segData;
-extern const char *const speed;
-extern const char *const zone;
-extern const char *const tool;
-extern const char *const wobj;
-extern const char *const point; ///< readable, but as something else than what is written
+constexpr auto arconData = QT_TRANSLATE_NOOP("ProgramLine", "arcondata format error");
+constexpr auto arcData = QT_TRANSLATE_NOOP("ProgramLine", "arcdata format error");
+constexpr auto arcoffData = QT_TRANSLATE_NOOP("ProgramLine", "arcoffdata format error");
+constexpr auto weaveData = QT_TRANSLATE_NOOP("ProgramLine", "weavedata format error");
+constexpr auto segData = QT_TRANSLATE_NOOP("ProgramLine", "segdata format error");
+constexpr auto speed = QT_TRANSLATE_NOOP("ProgramLine", "speed format error");
+constexpr auto zone = QT_TRANSLATE_NOOP("ProgramLine", "zone format error");
+constexpr auto tool = QT_TRANSLATE_NOOP("ProgramLine", "tool format error");
+constexpr auto wobj = QT_TRANSLATE_NOOP("ProgramLine", "wobj format error");
+/// Readable, but as something else than what is written.
+constexpr auto point = QT_TRANSLATE_NOOP("ProgramLine", "point format error");
 
 } // namespace messages
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QSet>
 #include <QString>
 
@@ -8,14 +9,24 @@ namespace welmo::tl {
 /// What a robot project offers to its programs, by name.
 struct ProjectNames
 {
-    QSet<QString> points;
+    /// The tool and the work object with which a point was taught; empty where that is not known.
+    struct Taught
+    {
+        QString tool;
+        QString wobj;
+    };
+
+    QHash<QString, Taught> points;
     QSet<QString> speeds;
     QSet<QString> zones;
     QSet<QString> tools;
     QSet<QString> wobjs;
-    /// The parameter files that the controller holds. A set of which it holds none has not been
-    /// set up yet, so nothing is said about the set's files.
+    /// The parameter files that the controller holds.
     QSet<QString> files;
+    /// False when nobody can tell which files there are; nothing is said about them then.
+    bool knowsFiles = true;
+    /// Instruction words that the host or another package brought.
+    QSet<QString> words;
 };
 
 } // namespace welmo::tl

@@ -19,6 +19,19 @@ bool breaksLine(QChar character)
     }
 }
 
+constexpr int longestName = 80;
+
+// A name may be anything that a line can hold, a megabyte of escape sequences included.
+QString presentable(const QString &name)
+{
+    QString text = name.left(longestName);
+    for (QChar &character : text) {
+        if (!character.isPrint())
+            character = QLatin1Char('?');
+    }
+    return name.size() > longestName ? text + QChar(0x2026) : text;
+}
+
 } // namespace
 
 QString numberText(double value)
@@ -38,6 +51,21 @@ QString nameText(const QString &name)
     QString text = name;
     std::replace_if(text.begin(), text.end(), breaksLine, QLatin1Char('_'));
     return text;
+}
+
+QString filledIn(const QString &pattern, const QStringList &names)
+{
+    const auto name = [&names](int i) { return presentable(names.value(i)); };
+    switch (names.size()) { // all at once: a name may hold "%1"
+    case 0:
+        return pattern;
+    case 1:
+        return pattern.arg(name(0));
+    case 2:
+        return pattern.arg(name(0), name(1));
+    default:
+        return pattern.arg(name(0), name(1), name(2));
+    }
 }
 
 } // namespace welmo::tl

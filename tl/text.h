@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace welmo::tl {
@@ -17,5 +17,9 @@ std::optional<double> readNumber(const QString &text);
 /// the name then most likely names nothing, which is reported when the line is read, whereas left
 /// out it could name something else, and written as it is it could start another instruction.
 QString nameText(const QString &name);
+
+/// @p pattern with its %1, %2 and %3 replaced by @p names, which may hold anything: cut where they
+/// are long, and without characters that do not print.
+QString filledIn(const QString &pattern, const QStringList &names);
 
 } // namespace welmo::tl

@@ -1,64 +1,87 @@
 #include "tl/token.h"
 
-#include <QRegularExpression>
-#include <algorithm>
-
 namespace welmo::tl {
+
+// Both scanners give what the expressions "[ ,]" and "(\w+\([^)]+\)|"[^"]*"|\w+)" would; these
+// refuse a text with half a surrogate pair as a whole, and so it is here.
 
 namespace {
 
-// The matches that start at @p offset or later, and not after @p last.
-Tokens matches(const QRegularExpression &pattern, const QString &line, int offset, int last)
+bool isText(const QString &line, int from, int to)
 {
-    Tokens tokens;
-    auto found = pattern.globalMatch(line, offset);
-    while (found.hasNext()) {
-        const QRegularExpressionMatch match = found.next();
-        if (match.capturedStart() > last)
-            break;
-        tokens.append({match.captured(), match.capturedStart() + 1});
-    }
-    return tokens;
+    return QStringView(line).mid(from, to - from).isValidUtf16();
+}
+
+int indexOf(const QString &line, QChar character, int from, int to)
+{
+    const int index = line.indexOf(character, from);
+    return index < to ? index : -1;
+}
+
+// Where the token ends that starts here; @p from when none does.
+int tokenEnd(const QString &line, int from, int to, int lastClosing)
+{
+    if (line.at(from) == QLatin1Char('"'))
+        return qMax(from, indexOf(line, QLatin1Char('"'), from + 1, to) + 1);
+    int end = from;
+    while (end < to && isWordCharacter(line.at(end)))
+        ++end;
+    if (end == from || end > lastClosing)
+        return end;
+    return qMax(end, callEnd(line, end, to));
 }
 
 } // namespace
 
-Tokens splitArguments(const QString &line)
+bool isWordCharacter(QChar character)
 {
-    static const QRegularExpression separator(QStringLiteral("[ ,]"));
+    const ushort c = character.unicode();
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+int callEnd(const QString &line, int nameEnd, int to)
+{
+    if (nameEnd + 2 >= to || line.at(nameEnd) != QLatin1Char('(')
+        || line.at(nameEnd + 1) == QLatin1Char(')'))
+        return -1;
+    const int closing = indexOf(line, QLatin1Char(')'), nameEnd + 2, to);
+    return closing < 0 ? -1 : closing + 1;
+}
+
+Tokens splitArguments(const QString &line, int from, int to)
+{
     Tokens tokens;
-    int start = 0;
-    const auto add = [&](int end) {
-        if (end > start)
-            tokens.append({line.mid(start, end - start), start + 1});
-        start = end + 1;
-    };
-    auto found = separator.globalMatch(line);
-    while (found.hasNext())
-        add(found.next().capturedStart());
-    add(line.size());
+    const bool cuts = isText(line, from, to);
+    int start = from;
+    for (int i = from; i <= to; ++i) {
+        const bool isEnd = i == to;
+        if (!isEnd && !(cuts && (line.at(i) == QLatin1Char(' ') || line.at(i) == QLatin1Char(','))))
+            continue;
+        if (i > start)
+            tokens.append({line.mid(start, i - start), start + 1});
+        start = i + 1;
+    }
     return tokens;
 }
 
-Tokens splitMoveArguments(const QString &line)
+Tokens splitMoveArguments(const QString &line, int from, int to)
 {
-    static const QRegularExpression all(QStringLiteral("(\\w+\\([^)]+\\)|\\\"[^\\\"]*\\\"|\\w+)"));
-    static const QRegularExpression withoutExpressions(QStringLiteral("(\\\"[^\\\"]*\\\"|\\w+)"));
-    // No expression ends after the last ")". To look for one there all the same would take
-    // quadratic time on a long line of opening parentheses.
-    const int lastClosing = line.lastIndexOf(QLatin1Char(')'));
     Tokens tokens;
-    if (lastClosing >= 0)
-        tokens = matches(all, line, 0, lastClosing);
-    const int rest = tokens.isEmpty() ? 0 : tokens.last().end() - 1;
-    return tokens + matches(withoutExpressions, line, rest, line.size());
-}
-
-int textColumn(const QString &line)
-{
-    const auto first = std::find_if(line.begin(), line.end(),
-                                    [](QChar character) { return !character.isSpace(); });
-    return first == line.end() ? 1 : int(first - line.begin()) + 1;
+    if (!isText(line, from, to))
+        return tokens;
+    // Nobody has to look for the end of an expression where none can end.
+    const int lastClosing = to > from ? line.lastIndexOf(QLatin1Char(')'), to - 1) : -1;
+    bool mayQuote = true; // until a quote was found that has no partner
+    for (int i = from; i < to;) {
+        const bool isQuote = line.at(i) == QLatin1Char('"');
+        const int end = isQuote && !mayQuote ? i : tokenEnd(line, i, to, lastClosing);
+        if (end > i)
+            tokens.append({line.mid(i, end - i), i + 1});
+        else if (isQuote)
+            mayQuote = false;
+        i = qMax(end, i + 1);
+    }
+    return tokens;
 }
 
 } // namespace welmo::tl

@@ -65,7 +65,11 @@ Reply Program::load(const QVariant &payload)
     if (!wanted.ok())
         return wanted;
     m_name = childAt(wanted.value, QStringLiteral("name")).toString();
-    m_lines = readProgram(childAt(wanted.value, QStringLiteral("text")).toString());
+    m_lines.clear();
+    const QStringList lines =
+        childAt(wanted.value, QStringLiteral("text")).toString().split(QLatin1Char('\n'));
+    for (const QString &line : lines)
+        m_lines.push_back(tl::parse(line));
     m_line = 0;
     m_message.clear();
     m_state = State::Idle;
@@ -165,17 +169,19 @@ void Program::stepInstruction()
 
 void Program::beginNext()
 {
-    if (m_next == m_lines.size()) {
-        finish();
-        return;
-    }
-    const ProgramLine &line = m_lines[m_next++];
-    m_line = line.number;
+    while (m_next < m_lines.size() && !m_lines[m_next].hasCode())
+        ++m_next;
+    if (m_next == m_lines.size())
+        return finish();
+    const tl::ParsedLine &line = m_lines[m_next++];
+    m_line = int(m_next);
+    if (!line.instruction)
+        return ignore(line, "is unknown");
+    if (!line.problems.isEmpty())
+        return fail(line.problems.first().english());
     m_instruction = makeInstruction(line);
-    if (!m_instruction) {
-        ignore(line);
-        return;
-    }
+    if (!m_instruction)
+        return ignore(line, "is not carried out");
     const Reply begun = m_instruction->begin(m_stage);
     if (begun.ok())
         stepInstruction();
@@ -193,12 +199,11 @@ void Program::finish()
     end(State::Idle, message);
 }
 
-void Program::ignore(const ProgramLine &line)
+void Program::ignore(const tl::ParsedLine &line, const char *why)
 {
     ++m_ignored;
-    m_message = QStringLiteral("line %1: \"%2\" is unknown and was ignored")
-                    .arg(line.number)
-                    .arg(line.word);
+    m_message = QStringLiteral("line %1: \"%2\" %3 and was ignored")
+                    .arg(QString::number(m_line), line.word.text, QLatin1String(why));
     m_context.record(Event::Message, m_message);
 }
 

@@ -12,9 +12,10 @@ namespace welmo::controller {
 /// paused), "tl_program.pause", "tl_program.stop". The node "tl_program.state" holds {name, state,
 /// line, message}: state is idle, running, paused or error; line counts from 1, 0 for none.
 ///
-/// It knows the welding instructions, MoveJ, MoveL and MoveC; a line that it does not know is
-/// ignored with a message. The weld mode at the start counts: "real" welds, "simu" moves just so
-/// without an arc, "test_run" as well, at the speed of the running parameters.
+/// It knows the language of the program checker and refuses the lines that the checker refuses; a
+/// line whose word is nobody's is ignored with a message. The weld mode at the start counts: "real"
+/// welds, "simu" moves just so without an arc, "test_run" as well, at the speed of the running
+/// parameters.
 class Program : public Subsystem
 {
 public:
@@ -38,7 +39,7 @@ private:
     void stepInstruction();
     void beginNext();
     void finish();
-    void ignore(const ProgramLine &line);
+    void ignore(const tl::ParsedLine &line, const char *why);
     void fail(const QString &reason);
     void end(State state, const QString &message);
     void setState(State state);
@@ -48,7 +49,7 @@ private:
     ControllerContext &m_context;
     ProgramStage m_stage;
     QString m_name;
-    std::vector<ProgramLine> m_lines;
+    std::vector<tl::ParsedLine> m_lines;
     size_t m_next = 0; // of m_lines
     std::unique_ptr<ProgramInstruction> m_instruction;
     State m_state = State::Idle;

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <functional>
-#include <map>
 
 #include "controller/core/controllercontext.h"
 #include "controller/files/fileset.h"
@@ -12,12 +11,6 @@
 namespace welmo::controller {
 
 namespace {
-
-Reply needs(const ProgramLine &line, const char *what)
-{
-    return Reply::refused(BadPayload,
-                          QStringLiteral("%1 needs %2").arg(line.word, QLatin1String(what)));
-}
 
 /// An instruction that is through as soon as it has begun.
 class Switch : public ProgramInstruction
@@ -39,16 +32,14 @@ private:
 class ArcOn : public ProgramInstruction
 {
 public:
-    explicit ArcOn(ProgramLine line)
-        : m_line(std::move(line))
+    ArcOn(QString arcOnFile, QString weldFile)
+        : m_arcOnFile(std::move(arcOnFile))
+        , m_weldFile(std::move(weldFile))
     { }
 
     Reply begin(ProgramStage &stage) override
     {
-        if (m_line.arguments.size() != 2)
-            return needs(m_line, "an arc-start file and a welding file");
-        return stage.weld.openSeam(unquoted(m_line.arguments.first()),
-                                   unquoted(m_line.arguments.last()), stage.dry);
+        return stage.weld.openSeam(m_arcOnFile, m_weldFile, stage.dry);
     }
     std::optional<Reply> step(ProgramStage &stage) override
     {
@@ -56,29 +47,25 @@ public:
     }
 
 private:
-    ProgramLine m_line;
+    QString m_arcOnFile;
+    QString m_weldFile;
 };
 
 class ArcOff : public ProgramInstruction
 {
 public:
-    explicit ArcOff(ProgramLine line)
-        : m_line(std::move(line))
+    explicit ArcOff(QString file)
+        : m_file(std::move(file))
     { }
 
-    Reply begin(ProgramStage &stage) override
-    {
-        if (m_line.arguments.size() != 1)
-            return needs(m_line, "an arc-end file");
-        return stage.weld.closeSeam(unquoted(m_line.arguments.first()));
-    }
+    Reply begin(ProgramStage &stage) override { return stage.weld.closeSeam(m_file); }
     std::optional<Reply> step(ProgramStage &stage) override
     {
         return stage.weld.isWelding() ? std::nullopt : std::make_optional<Reply>();
     }
 
 private:
-    ProgramLine m_line;
+    QString m_file;
 };
 
 /// Wire or gas for a time; a dry run lets the time pass without them.
@@ -87,21 +74,12 @@ class Timed : public ProgramInstruction
 public:
     using Start = std::function<Reply(WireAndGas &)>;
 
-    Timed(ProgramLine line, Start start)
-        : m_line(std::move(line))
+    Timed(double seconds, Start start)
+        : m_left(std::round(seconds * 1000))
         , m_start(std::move(start))
     { }
 
-    Reply begin(ProgramStage &stage) override
-    {
-        constexpr double longest = 3600;
-        bool good = false;
-        const double seconds = m_line.arguments.value(0).toDouble(&good);
-        if (m_line.arguments.size() != 1 || !good || !(seconds >= 0 && seconds <= longest))
-            return needs(m_line, "a time in seconds, up to an hour");
-        m_left = int(std::lround(seconds * 1000));
-        return resume(stage);
-    }
+    Reply begin(ProgramStage &stage) override { return resume(stage); }
     std::optional<Reply> step(ProgramStage &stage) override
     {
         if (!stage.dry && !stage.wireAndGas.runsForProgram())
@@ -118,61 +96,69 @@ public:
     }
 
 private:
-    ProgramLine m_line;
+    double m_left; // ms; a line may ask for more than any integer holds
     Start m_start;
-    int m_left = 0; // ms
 };
 
-std::unique_ptr<ProgramInstruction> makeWire(const ProgramLine &line, WireAndGas::Wire direction)
+std::unique_ptr<ProgramInstruction> makeWire(const tl::ParsedLine &line, WireAndGas::Wire direction)
 {
     return std::make_unique<Timed>(
-        line, [direction](WireAndGas &wire) { return wire.moveByProgram(direction); });
+        *line.seconds, [direction](WireAndGas &wire) { return wire.moveByProgram(direction); });
 }
 
-std::unique_ptr<ProgramInstruction> makeWeaveOn(const ProgramLine &line)
+std::unique_ptr<ProgramInstruction> makeGas(const tl::ParsedLine &line)
 {
-    return std::make_unique<Switch>([line](ProgramStage &stage) {
-        if (line.arguments.size() != 1)
-            return needs(line, "a weave file");
-        return readWeave(stage.context, unquoted(line.arguments.first()), &stage.weave);
+    return std::make_unique<Timed>(*line.seconds,
+                                   [](WireAndGas &gas) { return gas.flowByProgram(); });
+}
+
+std::unique_ptr<ProgramInstruction> makeWeaveOn(const QString &file)
+{
+    return std::make_unique<Switch>(
+        [file](ProgramStage &stage) { return readWeave(stage.context, file, &stage.weave); });
+}
+
+std::unique_ptr<ProgramInstruction> makeWeaveOff()
+{
+    return std::make_unique<Switch>([](ProgramStage &stage) {
+        stage.weave.reset();
+        return Reply{};
     });
-}
-
-using Make = std::function<std::unique_ptr<ProgramInstruction>(const ProgramLine &)>;
-
-const std::map<QString, Make> &makers()
-{
-    using Line = const ProgramLine &;
-    static const std::map<QString, Make> table{
-        {QStringLiteral("ArcOn"), [](Line line) { return std::make_unique<ArcOn>(line); }},
-        {QStringLiteral("ArcOff"), [](Line line) { return std::make_unique<ArcOff>(line); }},
-        {QStringLiteral("WeaveOn"), makeWeaveOn},
-        {QStringLiteral("WeaveOff"),
-         [](Line) {
-             return std::make_unique<Switch>([](ProgramStage &stage) {
-                 stage.weave.reset();
-                 return Reply{};
-             });
-         }},
-        {QStringLiteral("FeedOnWire"),
-         [](Line line) { return makeWire(line, WireAndGas::Wire::Feeding); }},
-        {QStringLiteral("FeedBackWire"),
-         [](Line line) { return makeWire(line, WireAndGas::Wire::Retracting); }},
-        {QStringLiteral("DetectGas"),
-         [](Line line) {
-             return std::make_unique<Timed>(line,
-                                            [](WireAndGas &gas) { return gas.flowByProgram(); });
-         }},
-    };
-    return table;
 }
 
 } // namespace
 
-std::unique_ptr<ProgramInstruction> makeInstruction(const ProgramLine &line)
+std::unique_ptr<ProgramInstruction> makeInstruction(const tl::ParsedLine &line)
 {
-    const auto maker = makers().find(line.word);
-    return maker == makers().end() ? makeMove(line) : maker->second(line);
+    using tl::Word;
+    switch (line.instruction->word) {
+    case Word::ArcOn:
+        return std::make_unique<ArcOn>(*line.files[0], *line.files[1]);
+    case Word::ArcOff:
+        return std::make_unique<ArcOff>(*line.files[0]);
+    case Word::WeaveOn:
+        return makeWeaveOn(*line.files[0]);
+    case Word::WeaveOff:
+        return makeWeaveOff();
+    case Word::FeedOnWire:
+        return makeWire(line, WireAndGas::Wire::Feeding);
+    case Word::FeedBackWire:
+        return makeWire(line, WireAndGas::Wire::Retracting);
+    case Word::DetectGas:
+        return makeGas(line);
+    case Word::MoveJ:
+        return makeMove(line, Way::Joint);
+    case Word::MoveL:
+    case Word::WMoveL:
+        return makeMove(line, Way::Line);
+    case Word::MoveC:
+    case Word::WMoveC:
+        return makeMove(line, Way::Circle);
+    case Word::SegOn:
+    case Word::SegOff:
+        break; // nobody offers them
+    }
+    return nullptr;
 }
 
 Reply readWeave(const ControllerContext &context, const QString &file, std::optional<Weave> *weave)

@@ -3,8 +3,9 @@
 #include <memory>
 #include <optional>
 
-#include "controller/program/programline.h"
+#include "controller/core/request.h"
 #include "controller/welding/weave.h"
+#include "tl/parsedline.h"
 
 namespace welmo::controller {
 
@@ -41,10 +42,12 @@ public:
     virtual Reply resume(ProgramStage &) { return {}; }
 };
 
-/// The instruction that the line asks for; null when its word is none.
-std::unique_ptr<ProgramInstruction> makeInstruction(const ProgramLine &line);
-/// A move, or null when the word is none; part of makeInstruction().
-std::unique_ptr<ProgramInstruction> makeMove(const ProgramLine &line);
+/// What carries out a line that has an instruction and no problems; null for an instruction that is
+/// not carried out.
+std::unique_ptr<ProgramInstruction> makeInstruction(const tl::ParsedLine &line);
+enum class Way { Joint, Line, Circle };
+/// A move; part of makeInstruction().
+std::unique_ptr<ProgramInstruction> makeMove(const tl::ParsedLine &line, Way way);
 
 /// The weave file, or nothing for "no weave".
 Reply readWeave(const ControllerContext &context, const QString &file, std::optional<Weave> *weave);

@@ -82,6 +82,14 @@ Reply ProjectData::speed(const QString &name, double *speed) const
     return *speed > 0 ? Reply{} : Reply::refused(OutOfRange, name + QStringLiteral(" is no speed"));
 }
 
+Reply ProjectData::zone(const QString &name) const
+{
+    Reply variable = item(QStringLiteral("var"), name);
+    if (!variable.ok() || childAt(variable.value, QStringLiteral("type")) == QLatin1String("zone"))
+        return variable;
+    return Reply::refused(OutOfRange, name + QStringLiteral(" is no zone"));
+}
+
 Reply ProjectData::item(const QString &kind, const QString &name) const
 {
     for (const char *list : {".system_list", "._list"}) {

@@ -32,6 +32,8 @@ public:
     Reply point(const QString &name, Frame *frame, QString *workObject) const;
     /// Millimetres a second.
     Reply speed(const QString &name, double *speed) const;
+    /// Only whether there is such a zone: every point is gone to exactly.
+    Reply zone(const QString &name) const;
 
 private:
     Reply item(const QString &kind, const QString &name) const;

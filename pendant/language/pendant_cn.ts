@@ -401,6 +401,14 @@ New: %2</source>
         <source>Back to the form</source>
         <translation>返回表单</translation>
     </message>
+    <message>
+        <source>Use the point&apos;s own</source>
+        <translation>使用该点自己的</translation>
+    </message>
+    <message>
+        <source>This line cannot be inserted: %1.</source>
+        <translation>无法插入此行：%1。</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::HeaderBar</name>
@@ -894,6 +902,17 @@ From: %2</source>
     <message>
         <source>%1: rule %2 has no selector</source>
         <translation>%1：规则 %2 没有选择器</translation>
+    </message>
+</context>
+<context>
+    <name>WrittenLine</name>
+    <message>
+        <source>a name is missing; choose a point, or make one with &quot;New point here&quot;</source>
+        <translation>缺少名称；请选择一个点，或用“在此新建点”创建</translation>
+    </message>
+    <message>
+        <source>it holds a name that no line can hold</source>
+        <translation>其中有程序行无法表示的名称</translation>
     </message>
 </context>
 </TS>

@@ -7,10 +7,9 @@
 #include <QScrollArea>
 
 #include "pendant/program/lineform.h"
+#include "pendant/program/writtenline.h"
 #include "tessa/managerhelper.h"
 #include "tessa/tlmanager.h"
-#include "tl/checker.h"
-#include "tl/instruction.h"
 #include "tl/normalform.h"
 
 namespace welmo::pendant {
@@ -33,34 +32,25 @@ void setTextOrHide(QLabel *label, const QString &text)
     label->setVisible(!text.isEmpty());
 }
 
-// Forms know nothing of how a program is laid out.
-QString indentOf(const QString &line)
-{
-    int length = 0;
-    while (length < line.size() && line.at(length).isSpace())
-        ++length;
-    return line.left(length);
-}
-
-// Why the form's own reader would not take the line again; empty when it would.
-QString refusal(const QString &text)
-{
-    for (const tl::Finding &finding : tl::Checker().checkLine(text, 0)) {
-        if (finding.kind == tl::Finding::Kind::Refused)
-            return finding.text();
-    }
-    return {};
-}
-
 } // namespace
 
-FormPane::FormPane(QWidget *parent)
+FormPane::FormPane(ProgramCheck *check, QWidget *parent)
     : QFrame(parent)
+    , m_check(check)
     , m_area(new QScrollArea)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
+    addTop(layout);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setWidgetResizable(true);
+    layout->addWidget(m_area, 100); // the labels take no more than they need
+    addButtons(layout);
+}
+
+void FormPane::addTop(QVBoxLayout *layout)
+{
     auto *top = new QHBoxLayout;
     top->setSpacing(24);
     m_heading = addLabel(top, "lblCardHeading");
@@ -69,10 +59,17 @@ FormPane::FormPane(QWidget *parent)
     m_syntax = addLabel(top, "lblCaption");
     layout->addLayout(top);
     m_old = addLabel(layout, "lblLineText");
-    m_warning = addLabel(layout, "lblFormWarning");
-    m_area->setFrameShape(QFrame::NoFrame);
-    m_area->setWidgetResizable(true);
-    layout->addWidget(m_area, 100); // the labels take no more than they need
+    auto *warning = new QHBoxLayout;
+    m_warning = addLabel(warning, "lblFormWarning");
+    m_taught = new QPushButton(tr("Use the point's own"));
+    m_taught->setObjectName(QStringLiteral("btnUseTaught"));
+    warning->addWidget(m_taught);
+    layout->addLayout(warning);
+    connect(m_taught, &QPushButton::clicked, this, &FormPane::useTaught);
+}
+
+void FormPane::addButtons(QVBoxLayout *layout)
+{
     auto *buttons = new QHBoxLayout;
     buttons->addStretch(1);
     auto *cancel = new QPushButton(tr("Back"));
@@ -88,7 +85,8 @@ FormPane::FormPane(QWidget *parent)
 
 void FormPane::openInsert(const QString &word, int line)
 {
-    m_before.clear();
+    m_inserts = true;
+    m_before = {};
     const auto *manager = tessa::TlManager::getTlManager();
     const auto create = manager->insertWidgetCreators.value(word);
     auto *form = create ? create(m_area->viewport()) : new LineForm(m_area->viewport());
@@ -99,14 +97,15 @@ void FormPane::openInsert(const QString &word, int line)
 
 void FormPane::openEdit(const QString &text, int line, bool isFaithful)
 {
-    m_before = text.isNull() ? QLatin1String("") : text;
+    m_inserts = false;
+    m_before = tl::parse(text);
     const auto *manager = tessa::TlManager::getTlManager();
-    const QString word = welmo::tl::firstWord(text).text;
+    const QString word = m_before.word.text;
     const auto create = manager->propertyWidgetCreators.value(word);
     auto *form = create ? create(m_area->viewport()) : new LineForm(m_area->viewport());
     setTextOrHide(m_syntax, manager->syntaxTemplates.value(word));
     show(form, tr("Line %1").arg(line + 1), tr("Replace"));
-    fill(text, isFaithful);
+    fill(isFaithful);
 }
 
 void FormPane::show(tessa::BaseContentWidget *form, const QString &heading, const QString &button)
@@ -115,32 +114,45 @@ void FormPane::show(tessa::BaseContentWidget *form, const QString &heading, cons
     m_area->setWidget(form);
     m_heading->setText(heading);
     m_accept->setText(button);
-    setTextOrHide(m_old, m_before);
+    setTextOrHide(m_old, m_before.text);
     warn(QString());
+    m_taught->hide();
     form->setFocus();
 }
 
-// What the form tells in the message log while it reads is why it refused the line.
-void FormPane::fill(const QString &text, bool isFaithful)
+// What the form tells in the message log while it reads.
+QStringList FormPane::read(const QString &text)
 {
-    QStringList reasons;
+    QStringList told;
     auto *helper = tessa::ManagerHelper::instance();
     const auto listening =
         connect(helper, &tessa::ManagerHelper::logThrown, this,
-                [&reasons](const QObject *, const QString &level, const QString &reason) {
+                [&told](const QObject *, const QString &level, const QString &reason) {
                     if (level != QLatin1String("info"))
-                        reasons.append(reason);
+                        told.append(reason);
                 });
     m_form->FillWith(text);
     disconnect(listening);
+    return told;
+}
+
+// A form that shows all of the line has nothing to say about it: what it tells then is about the
+// file that the line names, and stands in the message log.
+void FormPane::fill(bool isFaithful)
+{
     const bool isText = qobject_cast<LineForm *>(m_form);
+    QStringList reasons = read(isText ? m_before.text : m_before.code());
+    const bool isWhole = isText || tl::keepsAll(m_before, m_form->ToString());
     if (!isFaithful)
-        reasons.append(tr("the file holds bytes here that are no text"));
-    else if (reasons.isEmpty() && !isText && welmo::tl::normalForm(text).isNull())
-        reasons.append(tr("it holds more than the form shows"));
-    else if (reasons.isEmpty() && !isText && !welmo::tl::keepsAll(text, m_form->ToString()))
-        reasons.append(tr("the form shows other values"));
+        reasons = QStringList(tr("the file holds bytes here that are no text"));
+    else if (isWhole)
+        reasons.clear();
+    else if (reasons.isEmpty())
+        reasons.append(tl::normalCode(m_before).isNull() ? tr("it holds more than the form shows")
+                                                         : tr("the form shows other values"));
     warn(reasons.join(QStringLiteral("; ")));
+    if (isWhole && isFaithful)
+        offerTaught(m_before.code());
 }
 
 void FormPane::warn(const QString &reason)
@@ -149,39 +161,78 @@ void FormPane::warn(const QString &reason)
                   reason.isEmpty()
                       ? QString()
                       : tr("The form did not take over all of this line: %1.").arg(reason));
-    m_warning->setProperty("reason", reason);
+    m_lost = reason;
+}
+
+void FormPane::offerTaught(const QString &code)
+{
+    const WrittenLine line = readBack(code, m_check);
+    if (line.doubt.isEmpty())
+        return;
+    m_asTaught = line.asTaught;
+    setTextOrHide(m_warning, line.doubt);
+    m_taught->show();
+}
+
+void FormPane::useTaught()
+{
+    m_taught->hide();
+    m_warning->hide();
+    read(m_asTaught);
+}
+
+// Forms know nothing of how a program is laid out.
+QString FormPane::around(const QString &written) const
+{
+    return m_before.before() + written + m_before.after();
 }
 
 void FormPane::onAcceptClicked()
 {
-    const bool agrees = m_before.isNull() ? m_form->CheckInsert() : m_form->CheckReplace();
+    const bool agrees = m_inserts ? m_form->CheckInsert() : m_form->CheckReplace();
     if (!agrees)
         return;
-    const bool isText = qobject_cast<LineForm *>(m_form);
     const QString written = m_form->ToString();
-    const QString text = isText ? written : indentOf(m_before) + written;
-    const QString lost = m_warning->property("reason").toString();
-    const QString refused = isText ? QString() : refusal(written);
-    if (!lost.isEmpty() && text != m_before)
-        ask(text, tr("The form did not take over all of the old line: %1.").arg(lost));
-    else if (!refused.isEmpty())
-        ask(text, tr("The new line could not be read again: %1.").arg(refused));
+    if (!qobject_cast<LineForm *>(m_form))
+        check(written);
+    else if (!m_lost.isEmpty() && written != m_before.text)
+        ask(written, tr("The form did not take over all of the old line: %1.").arg(m_lost));
+    else
+        finish(written);
+}
+
+void FormPane::check(const QString &written)
+{
+    const QString text = around(written);
+    const WrittenLine line = readBack(written, m_check);
+    if (m_inserts && !line.refusal.isEmpty())
+        setTextOrHide(m_warning, tr("This line cannot be inserted: %1.").arg(line.refusal));
+    else if (!m_lost.isEmpty() && text != m_before.text)
+        ask(text, tr("The form did not take over all of the old line: %1.").arg(m_lost));
+    else if (!line.refusal.isEmpty())
+        ask(text, tr("The new line could not be read again: %1.").arg(line.refusal));
+    else if (!line.doubt.isEmpty() && text != m_before.text)
+        ask(text, line.doubt, around(line.asTaught));
     else
         finish(text);
 }
 
-void FormPane::ask(const QString &text, const QString &reason)
+void FormPane::ask(const QString &text, const QString &reason, const QString &asTaught)
 {
     const QString change =
-        m_before.isNull() ? tr("New: %1").arg(text) : tr("Old: %1\nNew: %2").arg(m_before, text);
+        m_inserts ? tr("New: %1").arg(text) : tr("Old: %1\nNew: %2").arg(m_before.text, text);
     auto *box =
         new QMessageBox(QMessageBox::Question, m_heading->text(),
                         reason + QStringLiteral("\n\n") + change, QMessageBox::NoButton, window());
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setTextFormat(Qt::PlainText);
     auto *yes = box->addButton(m_accept->text(), QMessageBox::AcceptRole);
-    box->setEscapeButton(box->addButton(tr("Back to the form"), QMessageBox::RejectRole));
     connect(yes, &QAbstractButton::clicked, this, [this, text] { finish(text); });
+    if (!asTaught.isEmpty()) {
+        auto *own = box->addButton(m_taught->text(), QMessageBox::AcceptRole);
+        connect(own, &QAbstractButton::clicked, this, [this, asTaught] { finish(asTaught); });
+    }
+    box->setEscapeButton(box->addButton(tr("Back to the form"), QMessageBox::RejectRole));
     box->open();
 }
 

@@ -2,9 +2,12 @@
 
 #include <QFrame>
 
+#include "tl/parsedline.h"
+
 class QLabel;
 class QPushButton;
 class QScrollArea;
+class QVBoxLayout;
 
 namespace tessa {
 class BaseContentWidget;
@@ -12,17 +15,20 @@ class BaseContentWidget;
 
 namespace welmo::pendant {
 
+class ProgramCheck;
+
 /// Shows one instruction form: what it is for on top, the form, and the buttons that take it over
 /// or drop it.
 class FormPane : public QFrame
 {
     Q_OBJECT
 public:
-    explicit FormPane(QWidget *parent = nullptr);
+    explicit FormPane(ProgramCheck *check, QWidget *parent = nullptr);
 
     /// Opens the form that inserts an instruction; an empty @p word is a line as text.
     void openInsert(const QString &word, int line);
     /// Opens the form of the line's instruction, or the line as text when nobody has a form for it.
+    /// The form sees the instruction alone: indentation and comment are kept for it.
     /// @p isFaithful is false when the text does not show all that the file holds.
     void openEdit(const QString &text, int line, bool isFaithful);
     bool isOpen() const { return m_form; }
@@ -34,21 +40,33 @@ signals:
 
 private:
     void show(tessa::BaseContentWidget *form, const QString &heading, const QString &button);
-    void fill(const QString &text, bool isFaithful);
+    void addTop(QVBoxLayout *layout);
+    void addButtons(QVBoxLayout *layout);
+    void fill(bool isFaithful);
+    QStringList read(const QString &text);
     void warn(const QString &reason);
+    void offerTaught(const QString &code);
+    void useTaught();
     void onAcceptClicked();
-    void ask(const QString &text, const QString &reason);
+    void check(const QString &written);
+    QString around(const QString &written) const;
+    void ask(const QString &text, const QString &reason, const QString &asTaught = {});
     void finish(const QString &text);
     void close();
 
+    ProgramCheck *m_check;
     QLabel *m_heading;
     QLabel *m_syntax;
     QLabel *m_old;
     QLabel *m_warning;
     QScrollArea *m_area;
+    QPushButton *m_taught;
     QPushButton *m_accept;
     tessa::BaseContentWidget *m_form = nullptr;
-    QString m_before; // null for an insert form
+    bool m_inserts = false;
+    tl::ParsedLine m_before; // empty for an insert form
+    QString m_lost; // what the form did not take over of it
+    QString m_asTaught;
 };
 
 } // namespace welmo::pendant

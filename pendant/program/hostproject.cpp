@@ -3,6 +3,7 @@
 #include "schema/filesets.h"
 #include "schema/names.h"
 #include "tessa/host.h"
+#include "tessa/tlmanager.h"
 
 namespace welmo::pendant {
 
@@ -20,13 +21,30 @@ void addNames(Names &names, const char *list, const char *type = nullptr)
     }
 }
 
-// A set that could not be read counts as one that is not set up: nothing is said about its files.
+void addPoints(QHash<QString, tl::ProjectNames::Taught> &points, const char *list)
+{
+    const auto *node = m(welmo::names::project + QLatin1Char('.') + QLatin1String(list));
+    for (const kelp::ModuleObject *item : node->cmobjs()) {
+        const auto text = [item](const char *key) {
+            return item->r(QString::fromLatin1(key))->getString();
+        };
+        points.insert(text("name"), {text("tool"), text("wobj")});
+    }
+}
+
 void addFiles(Names &names)
 {
     for (const schema::FileSet *set : schema::fileSets()) {
         for (const QString &file : xservice()->get(nullptr, set->node())->cmobjNames())
             names.insert(file);
     }
+}
+
+// What the package brought is in the table; all else is somebody else's.
+void addWords(Names &names)
+{
+    for (const QString &word : tessa::TlManager::getTlManager()->instructionNames)
+        names.insert(word);
 }
 
 } // namespace
@@ -36,7 +54,8 @@ std::optional<tl::ProjectNames> hostProject()
     if (!xservice()->isConnected())
         return {};
     tl::ProjectNames names;
-    addNames(names.points, "point._list");
+    addPoints(names.points, "point.system_list");
+    addPoints(names.points, "point._list");
     for (const char *list : {"var.system_list", "var._list"}) {
         addNames(names.speeds, list, "speed");
         addNames(names.zones, list, "zone");
@@ -46,6 +65,7 @@ std::optional<tl::ProjectNames> hostProject()
     for (const char *list : {"wobj.system_list", "wobj._list"})
         addNames(names.wobjs, list);
     addFiles(names.files);
+    addWords(names.words);
     return names;
 }
 

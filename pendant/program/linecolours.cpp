@@ -1,55 +1,60 @@
 #include "pendant/program/linecolours.h"
 
 #include "tessa/tlmanager.h"
-#include "tl/instruction.h"
+#include "tl/parsedline.h"
 
 namespace welmo::pendant {
 
 namespace {
 
-bool isComment(const QString &rest)
-{
-    return rest.startsWith(QLatin1String("//")) || rest.startsWith(QLatin1Char('#'))
-        || rest.startsWith(QLatin1Char('!'));
-}
-
-const char *wordColor(const QString &word)
+bool isInstruction(const tl::ParsedLine &line)
 {
     const auto *manager = tessa::TlManager::getTlManager();
-    return manager->propertyWidgetCreators.contains(word) ? "topic" : "text";
+    return line.instruction || manager->propertyWidgetCreators.contains(line.word.text);
 }
+
+/// Hands out the line's text from left to right.
+class Cutter
+{
+public:
+    explicit Cutter(const QString &line)
+        : m_line(line)
+    { }
+
+    void take(int to, const char *color)
+    {
+        if (to > m_from)
+            parts.append({m_line.mid(m_from, to - m_from), color});
+        m_from = qMax(m_from, to);
+    }
+
+    QVector<ColouredPart> parts;
+
+private:
+    const QString &m_line;
+    int m_from = 0;
+};
 
 } // namespace
 
-QVector<ColouredPart> colouredParts(const QString &line)
+QVector<ColouredPart> colouredParts(const QString &text)
 {
-    const QString word = welmo::tl::firstWord(line).text;
-    const int start = line.indexOf(word);
-    if (word.isEmpty() || isComment(line.trimmed()))
-        return {{line, isComment(line.trimmed()) ? "ok" : "text"}};
-    const int end = start + word.size();
-    QVector<ColouredPart> parts{{line.left(end), wordColor(word)}};
-    int from = end;
-    const auto take = [&](int to, const char *color) {
-        if (to > from)
-            parts.append({line.mid(from, to - from), color});
-        from = to;
-    };
-    for (int i = end; i < line.size(); ++i) {
+    const tl::ParsedLine line = tl::parse(text);
+    Cutter cutter(text);
+    cutter.take(line.codeStart, line.hasCode() ? "text" : "ok");
+    cutter.take(line.word.end() - 1, isInstruction(line) ? "topic" : "text");
+    for (int i = line.word.end() - 1; i < line.codeEnd; ++i) {
         const int close =
-            line.at(i) == QLatin1Char('"') ? line.indexOf(QLatin1Char('"'), i + 1) : -1;
-        if (close > 0) {
-            take(i, "text");
-            take(close + 1, "warning");
+            text.at(i) == QLatin1Char('"') ? text.indexOf(QLatin1Char('"'), i + 1) : -1;
+        if (close > 0 && close < line.codeEnd) {
+            cutter.take(i, "text");
+            cutter.take(close + 1, "warning");
             i = close;
-        } else if (line.midRef(i, 2) == QLatin1String("//")) {
-            take(i, "text");
-            take(line.size(), "ok");
-            break;
         }
     }
-    take(line.size(), "text");
-    return parts;
+    cutter.take(line.commentStart < 0 ? text.size() : line.commentStart, "text");
+    cutter.take(text.size(), "ok");
+    return cutter.parts;
 }
 
 } // namespace welmo::pendant

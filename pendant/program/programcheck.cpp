@@ -36,18 +36,27 @@ void ProgramCheck::restart()
 {
     m_next = 0;
     m_coming.clear();
+    m_sequence = {};
     m_slices.start(0);
+}
+
+void ProgramCheck::takeProject()
+{
+    if (std::exchange(m_projectIsStale, false))
+        m_checker = tl::Checker(hostProject());
 }
 
 void ProgramCheck::checkSlice()
 {
-    if (std::exchange(m_projectIsStale, false))
-        m_checker = tl::Checker(hostProject());
+    takeProject();
     if (m_next == 0)
         m_lines = m_document->text().lines();
     const int end = std::min(m_next + sliceLines, int(m_lines.size()));
-    for (; m_next < end; ++m_next)
-        m_coming += m_checker.checkLine(m_lines.at(m_next), m_next);
+    for (; m_next < end; ++m_next) {
+        const tl::ParsedLine line = tl::parse(m_lines.at(m_next));
+        m_coming += m_checker.checkLine(line, m_next);
+        m_sequence.add(line, m_next);
+    }
     if (m_next == m_lines.size())
         finish();
 }
@@ -55,7 +64,7 @@ void ProgramCheck::checkSlice()
 void ProgramCheck::finish()
 {
     m_slices.stop();
-    m_coming += tl::Checker::checkPairs(m_lines);
+    m_coming += m_sequence.finish();
     tl::Checker::sort(m_coming);
     m_findings = std::exchange(m_coming, {});
     m_lines.clear();
@@ -63,6 +72,12 @@ void ProgramCheck::finish()
     for (int i = m_findings.size() - 1; i >= 0; --i) // the hash hands out the newest first
         m_byLine.insert(m_findings.at(i).line, i);
     emit checked();
+}
+
+tl::Findings ProgramCheck::findingsOf(const tl::ParsedLine &line)
+{
+    takeProject();
+    return m_checker.checkLine(line, 0);
 }
 
 QString ProgramCheck::textAt(int line) const

@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "tl/checker.h"
+#include "tl/sequence.h"
 
 namespace welmo::pendant {
 
@@ -20,6 +21,10 @@ public:
     /// Looks the project up anew: the controller tells of no file that came into being.
     void refreshProject();
 
+    /// What is wrong with a line that is not, or not yet, in the program.
+    tl::Findings findingsOf(const tl::ParsedLine &line);
+    /// See tl::Checker::asTaught().
+    QString asTaught(const tl::ParsedLine &line) const { return m_checker.asTaught(line); }
     bool isWrong(int line) const { return m_byLine.contains(line); }
     /// One finding a line of text; empty when there is none.
     QString textAt(int line) const;
@@ -33,6 +38,7 @@ signals:
 
 private:
     void restart();
+    void takeProject();
     void checkSlice();
     void finish();
 
@@ -42,6 +48,7 @@ private:
     tl::Checker m_checker;
     QStringList m_lines;
     int m_next = 0; // of m_lines
+    tl::Sequence m_sequence;
     tl::Findings m_coming;
     tl::Findings m_findings;
     QMultiHash<int, int> m_byLine; // positions in m_findings

@@ -32,7 +32,7 @@ ProgramPage::ProgramPage(ProgramDocument *document, tessa::MessageLog *log, cons
     , m_check(new ProgramCheck(document, this))
     , m_run(new ProgramRun(document, this))
     , m_lines(new LinesPane(document, m_check, m_run, this))
-    , m_form(new FormPane(this))
+    , m_form(new FormPane(m_check, this))
     , m_files(new FilesPane(folder, this))
     , m_keeper(new FileKeeper(document, m_run, m_files, this))
 {

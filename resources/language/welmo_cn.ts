@@ -748,21 +748,6 @@
     </message>
 </context>
 <context>
-    <name>TimedInsertWidget</name>
-    <message>
-        <source>Feed Wire Time(s): </source>
-        <translation>送丝时间(s)：</translation>
-    </message>
-    <message>
-        <source>Back Wire Time(s): </source>
-        <translation>退丝时间(s)：</translation>
-    </message>
-    <message>
-        <source>Detect Gas Time(s): </source>
-        <translation>检气时间(s)：</translation>
-    </message>
-</context>
-<context>
     <name>TlArcWeldDefine</name>
     <message>
         <source>Arc On</source>

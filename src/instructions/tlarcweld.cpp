@@ -8,16 +8,61 @@
 #include "instructions/forms/wordwidgets.h"
 #include "instructions/move/moveforms.h"
 
-using welmo::tl::Instruction;
+using namespace welmo::tl;
 
 namespace {
 
 const QString groupKey = QStringLiteral("INS_GROUP_ARCON");
 
+using Create = tessa::BaseContentWidget *(*)(QWidget *parent);
+
 template<typename Widget>
 tessa::BaseContentWidget *create(QWidget *parent)
 {
     return new Widget(parent);
+}
+
+// The forms that have a class of their own.
+struct Forms
+{
+    Word word;
+    Create insert;
+    Create property;
+};
+
+template<typename InsertWidget, typename PropertyWidget>
+constexpr Forms forms(Word word)
+{
+    return {word, &create<InsertWidget>, &create<PropertyWidget>};
+}
+
+constexpr Forms ownForms[] = {
+    forms<ArconInsertWidget, ArconPropertyWidget>(Word::ArcOn),
+    forms<ArcoffInsertWidget, ArcoffPropertyWidget>(Word::ArcOff),
+    forms<WMoveLInsertWidget, WMoveLPropertyWidget>(Word::WMoveL),
+    forms<WMoveCInsertWidget, WMoveCPropertyWidget>(Word::WMoveC),
+    forms<WeaveOnInsertWidget, WeaveOnPropertyWidget>(Word::WeaveOn),
+    forms<WeaveOffInsertWidget, WeaveOffPropertyWidget>(Word::WeaveOff),
+    forms<FeedOnWireInsertWidget, FeedOnWirePropertyWidget>(Word::FeedOnWire),
+    forms<FeedBackWireInsertWidget, FeedBackWirePropertyWidget>(Word::FeedBackWire),
+    forms<DetectGasInsertWidget, DetectGasPropertyWidget>(Word::DetectGas),
+};
+
+// The widgets that serve every instruction of a kind; null where each needs its own.
+template<typename TimedWidget, typename WordWidget>
+std::function<tessa::BaseContentWidget *(QWidget *)> shared(const Instruction &instruction)
+{
+    const Word word = instruction.word;
+    switch (instruction.kind) {
+    case Kind::Timed:
+        return [word](QWidget *parent) { return new TimedWidget(word, parent); };
+    case Kind::Bare:
+        return [word](QWidget *parent) { return new WordWidget(word, parent); };
+    case Kind::Files:
+    case Kind::Move:
+        break;
+    }
+    return {};
 }
 
 } // namespace
@@ -29,36 +74,35 @@ TlArcWeldDefine::TlArcWeldDefine(QObject *parent)
     initArcWeldGroup();
 }
 
-template<typename InsertWidget, typename PropertyWidget>
-void TlArcWeldDefine::add(Instruction instruction, const QString &syntax)
+void TlArcWeldDefine::add(const Instruction &instruction)
 {
-    const QString name = welmo::tl::instructionName(instruction);
-    m_members.append(name);
+    const QString name = instruction.text();
     m_manager->instructionNames.append(name);
     m_manager->sTexts.insert(QStringLiteral("s_") + name, QString());
     m_manager->cTexts.insert(QStringLiteral("c_") + name, QString());
-    m_manager->syntaxTemplates.insert(name, syntax);
+    m_manager->syntaxTemplates.insert(name, QString::fromLatin1(instruction.syntax));
     m_manager->instructionTexts.insert(name, QString());
-    m_manager->insertWidgetCreators.insert(name, &create<InsertWidget>);
-    m_manager->propertyWidgetCreators.insert(name, &create<PropertyWidget>);
+    auto insert = shared<TimedInsertWidget, WordInsertWidget>(instruction);
+    auto property = shared<TimedPropertyWidget, WordPropertyWidget>(instruction);
+    for (const Forms &own : ownForms) {
+        if (own.word == instruction.word) {
+            insert = own.insert;
+            property = own.property;
+        }
+    }
+    m_manager->insertWidgetCreators.insert(name, insert);
+    m_manager->propertyWidgetCreators.insert(name, property);
 }
 
 void TlArcWeldDefine::initArcWeldGroup()
 {
-    add<ArconInsertWidget, ArconPropertyWidget>(Instruction::ArcOn,
-                                                R"(ArcOn "arcondata", "arcdata")");
-    add<ArcoffInsertWidget, ArcoffPropertyWidget>(Instruction::ArcOff, R"(ArcOff "arcoffdata")");
-    add<WMoveLInsertWidget, WMoveLPropertyWidget>(
-        Instruction::WMoveL, R"(WMoveL ToPoint, Speed, Zone, Tool, [Wobj], ["weavedata"])");
-    add<WMoveCInsertWidget, WMoveCPropertyWidget>(
-        Instruction::WMoveC,
-        R"(WMoveC AuxPoint, ToPoint, Speed, Zone, Tool, [Wobj], ["weavedata"])");
-    add<WeaveOnInsertWidget, WeaveOnPropertyWidget>(Instruction::WeaveOn, R"(WeaveOn "weavedata")");
-    add<WeaveOffInsertWidget, WeaveOffPropertyWidget>(Instruction::WeaveOff, "WeaveOff");
-    add<FeedOnWireInsertWidget, FeedOnWirePropertyWidget>(Instruction::FeedOnWire, "FeedOnWire t");
-    add<FeedBackWireInsertWidget, FeedBackWirePropertyWidget>(Instruction::FeedBackWire,
-                                                              "FeedBackWire t");
-    add<DetectGasInsertWidget, DetectGasPropertyWidget>(Instruction::DetectGas, "DetectGas t");
-    m_manager->groupMembers[groupKey].append(m_members);
+    QStringList members;
+    for (const Instruction &instruction : instructions) {
+        if (instruction.standing != Standing::Registered)
+            continue;
+        members.append(instruction.text());
+        add(instruction);
+    }
+    m_manager->groupMembers[groupKey].append(members);
     m_manager->instructionGroups.append({tr("Arc On"), groupKey});
 }

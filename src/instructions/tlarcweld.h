@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
 
 #include <tessa/tlmanager.h>
 
@@ -15,12 +14,12 @@ class TlArcWeldDefine : public QObject
 public:
     explicit TlArcWeldDefine(QObject *parent);
 
-private:
-    /// Enters the group; once, since a second time would append the names again.
+    /// Enters the group; called once by the constructor, since a second time would append the names
+    /// again.
     void initArcWeldGroup();
-    template<typename InsertWidget, typename PropertyWidget>
-    void add(welmo::tl::Instruction instruction, const QString &syntax);
+
+private:
+    void add(const welmo::tl::Instruction &instruction);
 
     tessa::TlManager *m_manager;
-    QStringList m_members;
 };

@@ -1,6 +1,5 @@
 #include <QtTest>
 
-#include "controller/program/programline.h"
 #include "programbench.h"
 #include "support/rows.h"
 
@@ -20,29 +19,6 @@ class tst_Robot : public QObject
 {
     Q_OBJECT
 private slots:
-    void linesAreRead()
-    {
-        const Rows<QString, QStringList> rows{
-            // number|word|arguments
-            {"empty", "", {}},
-            {"words", "WeaveOff\n\n  ArcOff \"a b,c\" ;\r\n", {"1|WeaveOff", "3|ArcOff|\"a b,c\""}},
-            {"call",
-             "WMoveL Offs(p1, 1,-2.5 ,0), v1,fine,\ttool0",
-             {"1|WMoveL|Offs(p1, 1,-2.5 ,0)|v1|fine|tool0"}},
-            {"comments",
-             "// a\n# b\n!c\nWeaveOff // d\nArcOff \"//\"//",
-             {"4|WeaveOff", "5|ArcOff|\"//\""}},
-            {"holes", "F ,a,\n\"x\"", {"1|F||a|", "2||\"x\""}},
-            {"half", "F (a,b\nG a),b", {"1|F|(a,b", "2|G|a)|b"}},
-        };
-        for (const auto &[name, text, expected] : rows) {
-            QStringList lines;
-            for (const ProgramLine &line : readProgram(text))
-                lines.append((QStringList{QString::number(line.number), line.word} + line.arguments)
-                                 .join('|'));
-            QCOMPARE(lines, expected);
-        }
-    }
     void movesGoWhereTheySay()
     {
         const Rows<QString, Vector3d> rows{
@@ -50,7 +26,7 @@ private slots:
             {"circular", "MoveC p7,p8,v200,z5,torch1", {700, 100, 200}},
             {"offset", "MoveL Offs(p3,-10,20.5,30),v200,z5,torch1", {790, -179.5, 230}},
             // The torch at p1 points down: its z is the world's -z, its x the world's -x there.
-            {"tool", "MoveL RelTool(p1,10,0,40),v200,z5,torch1", {790, -200, 460}},
+            {"tool", "MoveL RelTool(p1,10,0,40,0,0,0),v200,z5,torch1", {790, -200, 460}},
             {"in another work object",
              "MoveL Offs(p3,-600,0,0),v200,z5,torch1,fixture1",
              {800, -200, 350}},

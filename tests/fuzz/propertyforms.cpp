@@ -49,12 +49,6 @@ QStringList expected(const welmo::tl::Findings &findings)
     return messages;
 }
 
-bool isTimed(Instruction instruction)
-{
-    return instruction == Instruction::FeedOnWire || instruction == Instruction::FeedBackWire
-        || instruction == Instruction::DetectGas;
-}
-
 } // namespace
 
 /// One line through its instruction's property form, as the program editor opens and replaces it.
@@ -62,7 +56,8 @@ void fuzz(const QByteArray &input)
 {
     static Editor editor;
     const QString line = textOf(input).section('\n', 0, 0);
-    const auto found = editor.forms.constFind(firstWord(line).text);
+    const ParsedLine parsed = parse(line); // the editor hands its code to the form
+    const auto found = editor.forms.constFind(parsed.word.text);
     if (found == editor.forms.constEnd())
         return;
     tessa::BaseContentWidget *form = found->widget;
@@ -70,22 +65,22 @@ void fuzz(const QByteArray &input)
     editor.host.takeMessages();
     editor.host.takeRequests();
 
-    form->FillWith(line);
+    form->FillWith(parsed.code());
     const QStringList said = editor.host.takeErrors();
-    QStringList finds = expected(editor.checker.checkLine(line, 0));
+    QStringList finds = expected(editor.checker.checkLine(parsed, 0));
     std::sort(finds.begin(), finds.end());
     require(said == finds, "form and checker say the same", line + ": " + said.join(", "));
 
     const QString written = form->ToString();
-    require(classify(written) == classify(line), "a form writes its instruction", written);
+    require(parse(written).instruction == parsed.instruction, "a form writes its instruction",
+            written);
     if (!said.isEmpty())
         return;
     form->FillWith(found->start);
     form->FillWith(written);
     require(form->ToString() == written, "what a form writes it reads and writes again", written);
     // A time is shown with two decimals; the editor tells when that is another.
-    const Instruction instruction = classify(line);
-    if (!normalForm(line).isNull())
-        require(keepsAll(line, written) || isTimed(instruction), "nothing is lost silently",
-                line + " / " + written);
+    if (!normalCode(parsed).isNull())
+        require(keepsAll(parsed, written) || parsed.instruction->kind == Kind::Timed,
+                "nothing is lost silently", line + " / " + written);
 }

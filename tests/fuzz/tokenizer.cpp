@@ -2,13 +2,7 @@
 
 #include "fuzz.h"
 #include "tl/charactercheck.h"
-#include "tl/fileline.h"
-#include "tl/moveline.h"
 #include "tl/normalform.h"
-#include "tl/pointexpression.h"
-#include "tl/timedline.h"
-#include "tl/token.h"
-#include "tl/wordline.h"
 
 using namespace welmo::tl;
 
@@ -25,19 +19,37 @@ void checkTokens(const QString &line, const Tokens &tokens)
     }
 }
 
-// Whatever the line's first word is.
-Problems problems(const QString &line)
+// What the expressions find that the scanners stand for.
+QStringList matches(const QRegularExpression &expression, const QString &line)
 {
-    Problems all;
-    for (auto move : {Instruction::WMoveL, Instruction::WMoveC})
-        all += parseMoveLine(move, line).problems;
-    for (auto timed : {Instruction::FeedOnWire, Instruction::FeedBackWire, Instruction::DetectGas})
-        all += parseTimedLine(timed, line).problems;
-    for (auto files :
-         {Instruction::ArcOn, Instruction::ArcOff, Instruction::WeaveOn, Instruction::SegOn})
-        all += parseFileLine(files, line).problems;
-    return all + checkWordLine(Instruction::WeaveOff, line)
-        + checkWordLine(Instruction::SegOff, line);
+    QStringList found;
+    for (auto each = expression.globalMatch(line); each.hasNext();)
+        found.append(each.next().captured());
+    return found;
+}
+
+void checkScanners(const QString &line)
+{
+    static const QRegularExpression move(R"re((\w+\([^)]+\)|\"[^\"]*\"|\w+))re");
+    static const QRegularExpression blanks("[ ,]");
+    static const QRegularExpression quoted("\"([^\"]*)\"");
+    require(CharacterCheck::splitMoveTlCommand(line) == matches(move, line), "a move's tokens",
+            line);
+    require(CharacterCheck::splitTlCommand(line) == line.split(blanks, Qt::SkipEmptyParts),
+            "the tokens between blanks and commas", line);
+    const QString found = CharacterCheck::checkQuotationMarks(line);
+    const auto match = quoted.match(line);
+    require(found == match.captured(1) && found.isNull() != match.hasMatch(), "the quoted text",
+            line);
+}
+
+void checkProblems(const ParsedLine &parsed)
+{
+    for (const Problem &problem : parsed.problems) {
+        require(problem.column >= 1 && problem.column <= qMax(1, parsed.text.size()),
+                "a problem is within its line", parsed.text);
+        require(!problem.english().isEmpty(), "and says something", parsed.text);
+    }
 }
 
 // All that counts in a line of files, or of a word alone.
@@ -46,17 +58,22 @@ QString squeezed(QString line)
     return line.remove(QRegularExpression("[\\s,]+")).toLower();
 }
 
-bool saysTheSame(const QString &line, const QString &normal)
+bool saysTheSame(const ParsedLine &line, const ParsedLine &normal)
 {
-    const Instruction instruction = classify(line);
-    if (normal.startsWith("WMove"))
-        return keepsAll(line, normal);
-    if (const auto seconds = parseTimedLine(instruction, normal).seconds) {
+    switch (line.instruction->kind) {
+    case Kind::Move:
+        return keepsAll(line, normal.code());
+    case Kind::Timed: {
         // A form reads a tab otherwise than a blank; which is why it is made one.
-        const auto before = parseTimedLine(instruction, line.simplified()).seconds;
-        return before && qAbs(*before - *seconds) <= 1e-5 * *before; // six digits are written
+        const auto before = parse(line.text.simplified()).seconds;
+        return before && normal.seconds
+            && qAbs(*before - *normal.seconds) <= 1e-5 * *before; // six digits are written
     }
-    return squeezed(line) == squeezed(normal);
+    case Kind::Files:
+    case Kind::Bare:
+        return squeezed(line.text) == squeezed(normal.text);
+    }
+    return false;
 }
 
 } // namespace
@@ -65,19 +82,24 @@ bool saysTheSame(const QString &line, const QString &normal)
 void fuzz(const QByteArray &input)
 {
     const QString line = textOf(input);
-    checkTokens(line, splitArguments(line));
-    checkTokens(line, splitMoveArguments(line));
-    CharacterCheck::checkQuotationMarks(line);
-    for (const Problem &problem : problems(line))
-        require(problem.column >= 1 && problem.column <= qMax(1, line.size()),
-                "a problem is within its line", line);
-    const PointExpression point = PointExpression::parse(line);
-    if (const QString normal = normalPoint(line); !normal.isNull())
-        require(PointExpression::parse(normal) == point, "a normal point says the same", line);
-    const QString normal = normalForm(line);
+    checkTokens(line, splitArguments(line, 0, line.size()));
+    checkTokens(line, splitMoveArguments(line, 0, line.size()));
+    checkScanners(line);
+    for (const Instruction &instruction : instructions)
+        checkProblems(parseAs(instruction.word, line));
+    const ParsedLine parsed = parse(line);
+    checkProblems(parsed);
+    require(parsed.before() + parsed.code() + parsed.after() == line, "a line keeps its text",
+            line);
+    const PointReading point = readPoint(line);
+    if (const QString normal = point.normalForm(); !normal.isNull())
+        require(readPoint(normal).point == point.point, "a normal point says the same", line);
+    const QString normal = normalForm(parsed);
     if (normal.isNull())
         return;
-    require(normalForm(normal) == normal, "a normal form is final", normal);
-    require(classify(normal) == classify(line), "and of the same instruction", line);
-    require(saysTheSame(line, normal), "and says the same", line);
+    const ParsedLine again = parse(normal);
+    require(normalForm(again) == normal, "a normal form is final", normal);
+    require(again.instruction == parsed.instruction, "and of the same instruction", line);
+    require(again.before() == parsed.before(), "and stands where it stood", line);
+    require(saysTheSame(parsed, again), "and says the same", line);
 }

@@ -97,7 +97,7 @@ private slots:
         };
         TlArcWeldDefine define(nullptr);
         for (const auto &[line, written] : rows) {
-            BaseContentWidget *form = propertyForm(welmo::tl::firstWord(line).text);
+            BaseContentWidget *form = propertyForm(welmo::tl::parse(line).word.text);
             form->FillWith(line);
             QCOMPARE(form->ToString(), written);
         }
@@ -127,14 +127,14 @@ private slots:
         TlArcWeldDefine define(nullptr);
         const welmo::tl::Checker checker(welmo::pendant::hostProject());
         for (const QString &line : qAsConst(lines)) {
-            if (welmo::tl::classify(line) == welmo::tl::Instruction::None)
+            const welmo::tl::ParsedLine parsed = welmo::tl::parse(line);
+            if (!parsed.instruction || parsed.instruction->standing == welmo::tl::Standing::Host)
                 continue;
             m_host->takeMessages();
-            const std::unique_ptr<BaseContentWidget> form(
-                propertyForm(welmo::tl::firstWord(line).text));
-            form->FillWith(line);
+            const std::unique_ptr<BaseContentWidget> form(propertyForm(parsed.word.text));
+            form->FillWith(parsed.code());
             QStringList expected; // "no such point" is a warning, and without words of its own
-            for (const welmo::tl::Finding &finding : checker.checkLine(line, 0)) {
+            for (const welmo::tl::Finding &finding : checker.checkLine(parsed, 0)) {
                 if (finding.message)
                     expected.append(finding.message);
             }

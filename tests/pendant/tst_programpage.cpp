@@ -13,8 +13,9 @@ using testsupport::TestPendant;
 
 namespace {
 
-const QByteArray mixed = "// naht \xC3\xA4\r\nMoveJ p1,v10\n\xFF\xFE bytes\n"
-                         "WMoveL p1,v10,fine,torch1,wobj0 // slow\n  ArcOff \"arcoffdata7\"";
+const QByteArray mixed =
+    "// naht \xC3\xA4\r\nMoveJ p1,v10\n\xFF\xFE bytes\n"
+    "WMoveL p1,v10,fine,torch1,wobj0 ! slow\n  ArcOff \"arcoffdata7\" ; // \xC3\xA4";
 
 } // namespace
 
@@ -48,7 +49,7 @@ private slots:
     {
         keep("mixed.tl", mixed);
         m_program->open("mixed.tl");
-        m_program->choose(4); // its comment would be gone
+        m_program->choose(4); // its last word would be gone
         const QString old = m_program->line(4);
         m_pendant->click("btnEditLine");
         QVERIFY(m_pendant->find("lblFormWarning")->isVisible());
@@ -117,14 +118,14 @@ private slots:
     // The margin says what the checker says, and follows every change.
     void findings()
     {
-        keep("wrong.tl", "WMoveL p9,v10,fine,torch1,wobj0\nMoveJ p9\nArcOff \"arcoffdata1\"\n");
+        keep("wrong.tl", "MoveL p9,v10,fine,torch1,wobj0\nWait 9\nWeaveOff\n");
         m_program->open("wrong.tl");
         auto *count = m_pendant->find<QPushButton>("btnNextFinding");
         QTRY_COMPARE(count->text(), QString("2 findings"));
         const auto *detail = m_pendant->find<QLabel>("lblFinding");
         QCOMPARE(detail->text(), QString("no point p9 in the project"));
         m_pendant->click("btnNextFinding");
-        QCOMPARE(detail->text(), QString("ArcOff without ArcOn"));
+        QCOMPARE(detail->text(), QString("WeaveOff without WeaveOn"));
         m_pendant->click("btnRemoveLine");
         QTRY_COMPARE(count->text(), QString("1 finding"));
         m_pendant->click("btnUndo");
@@ -133,7 +134,7 @@ private slots:
     void aLongProgram()
     {
         const int lines = 100000;
-        keep("long.tl", QByteArray("WMoveL p9,v10,fine,torch1,wobj0\n").repeated(lines));
+        keep("long.tl", QByteArray("MoveL p9,v10,fine,torch1,wobj0\n").repeated(lines));
         m_program->open("long.tl");
         QCOMPARE(m_program->lineCount(), lines);
         m_program->choose(lines);

@@ -1,6 +1,6 @@
 #include <QtTest>
 
-#include "tl/fileline.h"
+#include "tl/instruction.h"
 
 using namespace welmo::tl;
 
@@ -13,11 +13,11 @@ private slots:
     {
         QTest::addColumn<QStringList>("names");
         QTest::addColumn<QString>("prefix");
-        QTest::newRow("ArcOn, first") << fileNames(Instruction::ArcOn, 0) << "arcondata";
-        QTest::newRow("ArcOn, second") << fileNames(Instruction::ArcOn, 1) << "arcdata";
-        QTest::newRow("ArcOff") << fileNames(Instruction::ArcOff, 0) << "arcoffdata";
+        QTest::newRow("ArcOn, first") << fileNames(Word::ArcOn, 0) << "arcondata";
+        QTest::newRow("ArcOn, second") << fileNames(Word::ArcOn, 1) << "arcdata";
+        QTest::newRow("ArcOff") << fileNames(Word::ArcOff, 0) << "arcoffdata";
         QTest::newRow("WeaveOn, WMoveL") << weaveFileNames() << "weavedata";
-        QTest::newRow("SegOn") << fileNames(Instruction::SegOn, 0) << "segdata";
+        QTest::newRow("SegOn") << fileNames(Word::SegOn, 0) << "segdata";
     }
     void ofEachArgument()
     {

@@ -1,10 +1,8 @@
 #include <QtTest>
 
-#include "support/rows.h"
 #include "tl/normalform.h"
 #include "tl/programtext.h"
 
-using testsupport::Rows;
 using welmo::tl::normalForm;
 using welmo::tl::ProgramText;
 
@@ -13,24 +11,30 @@ class tst_ProgramText : public QObject
 {
     Q_OBJECT
 private slots:
+    void bytesStayAsTheyAre_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QStringList>("lines");
+        const auto add = [](const char *name, const QByteArray &bytes, const QStringList &lines) {
+            QTest::newRow(name) << bytes << lines;
+        };
+        add("empty", "", {});
+        add("one end", "\n", {""});
+        add("no last end", "a\nb", {"a", "b"});
+        add("mixed", "a\r\n\r\nb\nc\r\n", {"a", "", "b", "c"});
+        add("lone CR", "a\rb\r\r\nc\r", {"a\rb\r", "c\r"});
+        add("byte order mark", "\xEF\xBB\xBF点\n", {"点"});
+        add("no UTF-8", "\xff.\n", {QString(QChar::ReplacementCharacter) + '.'});
+        add("NUL", QByteArray("a\0b\n", 4), {QString("a") + QChar(0) + 'b'});
+    }
     void bytesStayAsTheyAre()
     {
-        const Rows<QByteArray, QStringList> rows{
-            {"empty", "", QStringList()},
-            {"one end", "\n", QStringList("")},
-            {"no last end", "a\nb", QStringList({"a", "b"})},
-            {"mixed", "a\r\n\r\nb\nc\r\n", QStringList({"a", "", "b", "c"})},
-            {"lone CR", "a\rb\r\r\nc\r", QStringList({"a\rb\r", "c\r"})},
-            {"byte order mark", "\xEF\xBB\xBF点\n", QStringList("点")},
-            {"no UTF-8", "\xff.\n", QStringList(QString(QChar::ReplacementCharacter) + '.')},
-            {"NUL", QByteArray("a\0b\n", 4), QStringList(QString("a") + QChar(0) + 'b')},
-        };
-        for (const auto &[name, bytes, lines] : rows) {
-            const ProgramText program(bytes);
-            QCOMPARE(program.lines(), lines);
-            QCOMPARE(program.lineCount(), lines.size());
-            QCOMPARE(program.toBytes(), bytes);
-        }
+        QFETCH(QByteArray, bytes);
+        QFETCH(QStringList, lines);
+        const ProgramText program(bytes);
+        QCOMPARE(program.lines(), lines);
+        QCOMPARE(program.lineCount(), lines.size());
+        QCOMPARE(program.toBytes(), bytes);
     }
     void edits()
     {
@@ -66,35 +70,30 @@ private slots:
         program.removeLine(0);
         QCOMPARE(program.toBytes(), QByteArray());
     }
-    void normalForms()
+    void normalForms_data()
     {
-        const Rows<QString> rows{
-            {" ArcOn  \"ARCONDATA3\" , \"arcdata40\"\t", R"(ArcOn "arcondata3","arcdata40")"},
-            {"ArcOff\t\"arcoffdata1\"", R"(ArcOff "arcoffdata1")"},
-            {"\tWeaveOff ", "WeaveOff"},
-            {"FeedOnWire 1000000", "FeedOnWire 1e+06"},
-            {"WMoveL p1 ,  v10 fine, tool0", "WMoveL p1,v10,fine,tool0"}, // no work object added
-            {"WMoveC RelTool( p1, 0,0, 10.0,0,0,0 ),Offs(p2,-0,1,2),v10,z1,t,w, \"weavedata1\"",
-             R"(WMoveC RelTool(p1,0,0,10,0,0,0),Offs(p2,0,1,2),v10,z1,t,w,"weavedata1")"},
-            // What would lose something is left alone.
-            {"FeedOnWire 1.2345678", QString()},
-            {"FeedOnWire 0.05", QString()},
-            {"FeedOnWire, 1", QString()},
-            {"FeedOnWire 1,", QString()},
-            {"WeaveOff;", QString()},
-            {R"(ArcOn "arcondata1","arcdata1"; // root)", QString()},
-            {R"(ArcOn x"arcondata1","arcdata1")", QString()},
-            {R"(ArcOn "arcondata1","arcdata1";)", QString()},
-            {"WMoveL p1,,v10,fine,tool0", QString()},
-            {"WMoveL p1,v10,fine,tool0 ! comment", QString()},
-            {"WMoveL 点1,v10,fine,tool0", QString()},
-            {"WMoveL Offs(p1,1,2),v10,fine,tool0", QString()},
-            {"WMoveL Shift(p1,1),v10,fine,tool0", QString()},
-            {"MoveJ  p1", QString()},
+        QTest::addColumn<QString>("expected");
+        const auto add = [](const char *line, const QString &expected) {
+            QTest::newRow(line) << expected;
         };
-        for (const auto &[line, expected] : rows)
-            QCOMPARE(normalForm(line), expected);
+        add(" ArcOn  \"ARCONDATA3\" , \"arcdata40\"\t", R"( ArcOn "arcondata3","arcdata40")");
+        add("ArcOff\t\"arcoffdata1\"", R"(ArcOff "arcoffdata1")");
+        add("\tWeaveOff ", "\tWeaveOff");
+        add("FeedOnWire  2 ; // s", "FeedOnWire 2 ; // s");
+        add("FeedOnWire 1000000", "FeedOnWire 1e+06");
+        add("WMoveL p1 ,  v10 fine, tool0", "WMoveL p1,v10,fine,tool0"); // no work object added
+        add("WMoveC RelTool( p1, 0,0, 10.0,0,0,0 ),Offs(p2,-0,1,2),v10,z1,t,w, \"weavedata1\"//x",
+            R"(WMoveC RelTool(p1,0,0,10,0,0,0),Offs(p2,0,1,2),v10,z1,t,w,"weavedata1"//x)");
+        // What would lose something is left alone.
+        for (const char *line :
+             {"FeedOnWire 1.2345678", "FeedOnWire 0.05", "FeedOnWire, 1", "FeedOnWire 1,",
+              "FeedOnWire 1,5", R"(ArcOn x"arcondata1","arcdata1")", "WMoveL p1,,v10,fine,tool0",
+              "WMoveL p1,v10,fine,tool0 ! comment", "WMoveL 点1,v10,fine,tool0",
+              "WMoveL Offs(p1,1,2),v10,fine,tool0", "WMoveL Shift(p1,1),v10,fine,tool0",
+              "MoveJ  p1, v10,fine,tool0"})
+            add(line, {});
     }
+    void normalForms() { QTEST(normalForm(QString(QTest::currentDataTag())), "expected"); }
 };
 
 QTEST_GUILESS_MAIN(tst_ProgramText)

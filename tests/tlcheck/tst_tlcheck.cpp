@@ -45,13 +45,17 @@ QStringList stateOf(const QString &folder)
 /// The command as it is called: what it prints, how it ends, what it writes and what it must not.
 class tst_Tlcheck : public QObject
 {
-    Q_OBJECT
-private slots:
-    void init()
+    Q_OBJECT private slots : void init()
     {
         m_folder = std::make_unique<QTemporaryDir>();
         QString problem;
-        QVERIFY(Store::open(store(), &problem)->write(welmo::controller::projectSeed()));
+        auto changes = welmo::controller::projectSeed();
+        for (const char *set : {"arcon_param/arcondata1", "weld_param/arcdata1",
+                                "arcoff_param/arcoffdata1", "weave_param/weavedata1"}) {
+            const QStringList parts = QString(set).split('/');
+            changes.append({"arc_weld." + parts.first(), parts.last(), QVariantMap()});
+        }
+        QVERIFY(Store::open(store(), &problem)->write(changes));
     }
     // Good, and in their normal form.
     void examples()
@@ -85,6 +89,7 @@ private slots:
             {"no file", "--no-references", 2, "no file to check"},
             {"unknown option", "--what fillet.tl", 2, "what"},
             {"no project", "--data . fillet.tl", 2, "no project"},
+            {"nobody's folder", "fillet.tl", 0, "checking against the built-in one"},
             {"both ways", "--no-references --data x fillet.tl", 2, "exclude"},
         };
         for (const auto &[name, arguments, status, says] : rows) {
@@ -93,21 +98,21 @@ private slots:
             QVERIFY2(checked.err.contains(says.toUtf8()), checked.err);
             QCOMPARE(checked.err.isEmpty(), says.isEmpty());
             // Whatever else is wrong, files that can be read are checked.
-            QCOMPARE(checked.out.contains("mistakes.tl:4:1: arcon tl command format error\n"),
+            QCOMPARE(checked.out.contains("mistakes.tl:4:1: arcon tl command format error: "),
                      arguments.contains("mistakes"));
         }
     }
     void fixKeepsWhatItDoesNotRewrite()
     {
         const QByteArray before = "\xEF\xBB\xBF// é \xff,  x\r\n"
-                                  "  ArcOn  \"ARCONDATA1\" , \"arcdata1\"\r\n"
+                                  "  ArcOn  \"ARCONDATA1\" , \"arcdata1\" ; // 1,  2\r\n"
                                   "WMoveL Offs(p1,1.23456789,0,0), v10,fine,tool0\n"
                                   "\tWMoveL p1 v10,fine, tool0\n"
                                   "WMoveL p1, v10,fine,tool0,wobj0,\"a\xff\"\n"
                                   "WeaveOff ";
         QByteArray after = before;
-        after.replace("  ArcOn  \"ARCONDATA1\" , ", "ArcOn \"arcondata1\",")
-            .replace("\tWMoveL p1 v10,fine, tool0", "WMoveL p1,v10,fine,tool0")
+        after.replace("ArcOn  \"ARCONDATA1\" , ", "ArcOn \"arcondata1\",")
+            .replace("WMoveL p1 v10,fine, tool0", "WMoveL p1,v10,fine,tool0")
             .replace("WeaveOff ", "WeaveOff");
         const QString file = write("a.tl", before);
         QCOMPARE(tlcheck({"--no-references", "--fix", file}).err, (file + ": 3 lines rewritten\n"));
@@ -119,23 +124,24 @@ private slots:
     // No file may grow here, so that the new one cannot be written.
     void fixIsWholeOrNotAtAll()
     {
-        const QString file = write("a.tl", "WeaveOff \n");
+        const QString file = write("a.tl", "ArcOff  \"arcoffdata9\"\n");
         const QStringList state = stateOf(m_folder->path());
         const Run checked =
             tlcheck({"--no-references", "--fix", file}, "trap '' XFSZ; ulimit -f 0; exec \"$@\"");
         QCOMPARE(checked.status, 2);
         QVERIFY2(checked.err.startsWith(QFile::encodeName("tlcheck: " + file + ": ")), checked.err);
-        QVERIFY(checked.out.contains("weaveoff tl command format error")); // as the file still is
+        QCOMPARE(checked.out, (file + ":1:1: ArcOff without ArcOn\n").toUtf8());
         QCOMPARE(stateOf(m_folder->path()), state);
     }
     void json()
     {
-        const QString file = write("é.tl", "WMoveL p1, \"é\",fine,tool0\n");
+        const QString file = write("é.tl", "MoveL p1,  a(é),fine,tool0\nFeedOnWire  1\n");
         const Run checked = tlcheck({"--no-references", "--json", "--fix", file, "/no/such.tl"});
-        const QString expected = R"({"findings": [{"file": "a.tl", "line": 1, "column": 11,
-                "kind": "refused", "message": "speed format error"}],
+        const QString expected = R"json({"findings": [{"file": "a.tl", "line": 1, "column": 12,
+                "kind": "refused",
+                "message": "speed format error: nothing can have the name a(é)"}],
             "rewritten": [{"file": "a.tl", "lines": 1}],
-            "errors": [{"file": "/no/such.tl", "message": "No such file or directory"}]})";
+            "errors": [{"file": "/no/such.tl", "message": "No such file or directory"}]})json";
         QCOMPARE(checked.status, 2);
         QCOMPARE(QJsonDocument::fromJson(checked.out),
                  QJsonDocument::fromJson(QString(expected).replace("a.tl", file).toUtf8()));
@@ -160,11 +166,11 @@ private slots:
             for (const QString &each : kept)
                 QVERIFY(QFile::copy(data() + '/' + each, folder + '/' + each));
             const QString program =
-                write("a.tl", "WMoveL new,v10,fine,tool0\nWMoveL p1,v10,fine,tool0\n");
+                write("a.tl", "MoveL new,v10,fine,tool0\nMoveL p1,v10,fine,tool0\n");
             const QStringList state = stateOf(folder);
             const Run checked = tlcheck({"--data", folder, program});
             QCOMPARE(checked.err, QByteArray());
-            QCOMPARE(checked.out, (program + ":2:8: no point p1 in the project\n").toUtf8());
+            QCOMPARE(checked.out, (program + ":2:7: no point p1 in the project\n").toUtf8());
             QCOMPARE(stateOf(folder), state);
         }
     }

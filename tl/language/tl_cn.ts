@@ -47,6 +47,58 @@
         <source>no work object %1 in the project</source>
         <translation>项目中没有工件 %1</translation>
     </message>
+    <message>
+        <source>a weld move outside ArcOn and ArcOff welds nothing</source>
+        <translation>ArcOn 与 ArcOff 之外的焊接运动不会焊接</translation>
+    </message>
+    <message>
+        <source>no weld move follows before the weaving ends</source>
+        <translation>摆弧结束前没有焊接运动</translation>
+    </message>
+    <message>
+        <source>%1 is no instruction; %2 may be meant</source>
+        <translation>%1 不是指令；可能是 %2</translation>
+    </message>
+    <message>
+        <source>%1 is not carried out</source>
+        <translation>%1 不会执行</translation>
+    </message>
+    <message>
+        <source>%1 was taught in %2; the line uses %3</source>
+        <translation>%1 在 %2 中示教；本行使用 %3</translation>
+    </message>
+    <message>
+        <source>%1 was taught with %2; the line uses %3</source>
+        <translation>%1 以 %2 示教；本行使用 %3</translation>
+    </message>
+    <message>
+        <source>the auxiliary point and the target are the same</source>
+        <translation>辅助点与目标点相同</translation>
+    </message>
+    <message>
+        <source>the line reads %1</source>
+        <translation>格式为 %1</translation>
+    </message>
+    <message>
+        <source>%1: files are %2 to %3</source>
+        <translation>%1：文件为 %2 至 %3</translation>
+    </message>
+    <message>
+        <source>%1: a file&apos;s name stands in quotes</source>
+        <translation>%1：文件名须加双引号</translation>
+    </message>
+    <message>
+        <source>%1 is no time in seconds</source>
+        <translation>%1 不是以秒为单位的时间</translation>
+    </message>
+    <message>
+        <source>%1: the shortest time is %2 s</source>
+        <translation>%1：最短时间为 %2 s</translation>
+    </message>
+    <message>
+        <source>nothing can have the name %1</source>
+        <translation>%1 不能作为名称</translation>
+    </message>
 </context>
 <context>
     <name>ProgramLine</name>
@@ -145,6 +197,33 @@
     <message>
         <source>point format error</source>
         <translation>点格式错误</translation>
+    </message>
+    <message>
+        <source>movej format error</source>
+        <translation>movej 格式错误</translation>
+    </message>
+    <message>
+        <source>movel format error</source>
+        <translation>movel 格式错误</translation>
+    </message>
+    <message>
+        <source>movec format error</source>
+        <translation>movec 格式错误</translation>
+    </message>
+</context>
+<context>
+    <name>TimedInsertWidget</name>
+    <message>
+        <source>Feed Wire Time(s): </source>
+        <translation>送丝时间(s)：</translation>
+    </message>
+    <message>
+        <source>Back Wire Time(s): </source>
+        <translation>退丝时间(s)：</translation>
+    </message>
+    <message>
+        <source>Detect Gas Time(s): </source>
+        <translation>检气时间(s)：</translation>
     </message>
 </context>
 </TS>

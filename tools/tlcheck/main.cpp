@@ -70,7 +70,11 @@ int main(int argc, char *argv[])
     if (!options.error.isEmpty())
         return complain(options.error);
     std::optional<ProjectNames> project;
-    if (!options.dataFolder.isEmpty()) {
+    if (options.mayBeBuiltIn && !hasProject(options.dataFolder)) {
+        std::fprintf(stderr, "tlcheck: no project in %s; checking against the built-in one\n",
+                     qPrintable(options.dataFolder));
+        project = builtInProject();
+    } else if (!options.dataFolder.isEmpty()) {
         QString problem;
         project = readProject(options.dataFolder, &problem);
         if (!project)

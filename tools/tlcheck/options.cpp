@@ -34,8 +34,10 @@ QString complaintAbout(const Options &options, const QCommandLineParser &parser)
 
 Options parseOptions(const QStringList &arguments)
 {
-    const QCommandLineOption data(
-        "data", "The pendant's data folder, whose project is looked into.", "DIR", pendantFolder());
+    const QCommandLineOption data("data",
+                                  "The pendant's data folder, whose project is looked into; "
+                                  "without one, the built-in project is.",
+                                  "DIR", pendantFolder());
     const QCommandLineOption noReferences("no-references", "Look no names up; needs no project.");
     const QCommandLineOption fix("fix", "Rewrite lines in their normal form, values unchanged.");
     const QCommandLineOption json("json", "Write the findings as one JSON object.");
@@ -56,6 +58,7 @@ Options parseOptions(const QStringList &arguments)
     }
     options.files = parser.positionalArguments();
     options.dataFolder = parser.isSet(noReferences) ? QString() : parser.value(data);
+    options.mayBeBuiltIn = !parser.isSet(noReferences) && !parser.isSet(data);
     options.fix = parser.isSet(fix);
     options.json = parser.isSet(json);
     options.error = complaintAbout(options, parser);

@@ -10,6 +10,7 @@ struct Options
 {
     QStringList files;
     QString dataFolder; ///< the pendant's; empty: no names are looked up
+    bool mayBeBuiltIn = false; ///< no folder was named: the built-in project will do
     bool fix = false;
     bool json = false;
     QString error; ///< one line when the arguments cannot be used

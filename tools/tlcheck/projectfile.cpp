@@ -9,6 +9,7 @@
 #include <sqlite3.h>
 
 #include "controller/core/json.h"
+#include "controller/robot/projectseed.h"
 #include "schema/filesets.h"
 #include "schema/names.h"
 
@@ -81,17 +82,20 @@ QSet<QString> namesIn(const QVariantList &items, const QString &type = {})
     return names;
 }
 
-tl::ProjectNames namesOf(const std::map<QString, QByteArray> &lists)
+using Lists = std::function<QVariantList(const QString &key)>;
+
+tl::ProjectNames namesOf(const Lists &lists)
 {
-    const auto list = [&lists](const char *key) {
-        const auto entry = lists.find(QLatin1String(key));
-        return entry == lists.end()
-            ? QVariantList()
-            : controller::fromJson(entry->second).value_or(QVariant()).toList();
-    };
+    const auto list = [&lists](const char *key) { return lists(QString::fromLatin1(key)); };
     const QVariantList variables = list("var.system_list") + list("var._list");
     tl::ProjectNames names;
-    names.points = namesIn(list("point._list"));
+    for (const QVariant &item : list("point.system_list") + list("point._list")) {
+        const QVariantMap point = item.toMap();
+        const auto text = [&point](const char *key) {
+            return point.value(QLatin1String(key)).toString();
+        };
+        names.points.insert(text("name"), {text("tool"), text("wobj")});
+    }
     names.speeds = namesIn(variables, QStringLiteral("speed"));
     names.zones = namesIn(variables, QStringLiteral("zone"));
     names.tools = namesIn(list("tool.system_list") + list("tool._list"));
@@ -100,6 +104,23 @@ tl::ProjectNames namesOf(const std::map<QString, QByteArray> &lists)
 }
 
 } // namespace
+
+bool hasProject(const QString &folder)
+{
+    return QFile::exists(QDir(folder).filePath(storeName));
+}
+
+tl::ProjectNames builtInProject()
+{
+    QHash<QString, QVariantList> lists;
+    for (const controller::Store::Change &change : controller::projectSeed()) {
+        if (change.path == welmo::names::project)
+            lists.insert(change.key, change.value.toList());
+    }
+    tl::ProjectNames names = namesOf([&lists](const QString &key) { return lists.value(key); });
+    names.knowsFiles = false;
+    return names;
+}
 
 std::optional<tl::ProjectNames> readProject(const QString &folder, QString *problem)
 {
@@ -110,7 +131,7 @@ std::optional<tl::ProjectNames> readProject(const QString &folder, QString *prob
     };
     if (!QFile::exists(file))
         return failed(QStringLiteral("there is no project; start a pendant on the folder once, "
-                                     "or use --no-references"));
+                                     "or leave --data out"));
     const QTemporaryDir scratch;
     const Connection store = connectWithoutTrace(file, scratch.path());
     const auto lists = readNode(store.get(), welmo::names::project);
@@ -118,7 +139,12 @@ std::optional<tl::ProjectNames> readProject(const QString &folder, QString *prob
         return failed(QString::fromUtf8(sqlite3_errmsg(store.get())));
     if (lists->empty())
         return failed(QStringLiteral("holds no robot project"));
-    tl::ProjectNames names = namesOf(*lists);
+    tl::ProjectNames names = namesOf([&lists](const QString &key) {
+        const auto entry = lists->find(key);
+        return entry == lists->end()
+            ? QVariantList()
+            : controller::fromJson(entry->second).value_or(QVariant()).toList();
+    });
     for (const schema::FileSet *set : schema::fileSets()) {
         const auto files = readNode(store.get(), set->node());
         if (!files)

@@ -5,12 +5,12 @@
 
 #include "instructions/forms/formscroller.h"
 #include "settings/arcoffgroup.h"
-#include "tl/fileline.h"
+#include "tl/lineformat.h"
 
 using namespace welmo;
 
 ArcoffPropertyWidget::ArcoffPropertyWidget(QWidget *parent)
-    : PropertyForm(tl::Instruction::ArcOff, parent)
+    : PropertyForm(tl::Word::ArcOff, parent)
     , m_arcoff(new ArcoffGroup)
     , m_groups(this, {m_arcoff})
 {
@@ -29,7 +29,7 @@ FileForm &ArcoffPropertyWidget::arcoff()
 
 void ArcoffPropertyWidget::FillWith(const QString &line)
 {
-    const tl::FileLine parsed = tl::parseFileLine(instruction(), line);
+    const tl::ParsedLine parsed = read(line);
     if (!parsed.files.empty() && parsed.files.front())
         arcoff().combo()->setCurrentText(*parsed.files.front());
     report(parsed.problems);
@@ -37,7 +37,7 @@ void ArcoffPropertyWidget::FillWith(const QString &line)
 
 QString ArcoffPropertyWidget::ToString()
 {
-    return tl::formatFileLine(instruction(), {arcoff().combo()->currentText()});
+    return tl::formatFileLine(word(), {arcoff().combo()->currentText()});
 }
 
 void ArcoffPropertyWidget::onArcOffDataFoldButtonClicked()

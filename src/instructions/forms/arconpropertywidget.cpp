@@ -6,12 +6,12 @@
 #include "instructions/forms/formscroller.h"
 #include "settings/arcongroup.h"
 #include "settings/weldgroup.h"
-#include "tl/fileline.h"
+#include "tl/lineformat.h"
 
 using namespace welmo;
 
 ArconPropertyWidget::ArconPropertyWidget(QWidget *parent)
-    : PropertyForm(tl::Instruction::ArcOn, parent)
+    : PropertyForm(tl::Word::ArcOn, parent)
     , m_arcon(new ArconGroup)
     , m_weld(new WeldGroup)
     , m_groups(this, {m_arcon, m_weld})
@@ -38,7 +38,7 @@ FileForm &ArconPropertyWidget::weld()
 
 void ArconPropertyWidget::FillWith(const QString &line)
 {
-    const tl::FileLine parsed = tl::parseFileLine(instruction(), line);
+    const tl::ParsedLine parsed = read(line);
     const QList<QComboBox *> combos{arcon().combo(), weld().combo()};
     for (size_t i = 0; i < parsed.files.size(); ++i) {
         if (parsed.files[i])
@@ -49,7 +49,7 @@ void ArconPropertyWidget::FillWith(const QString &line)
 
 QString ArconPropertyWidget::ToString()
 {
-    return tl::formatFileLine(instruction(),
+    return tl::formatFileLine(word(),
                               {arcon().combo()->currentText(), weld().combo()->currentText()});
 }
 

@@ -4,13 +4,13 @@
 #include <QFormLayout>
 #include <QLabel>
 
-#include "tl/fileline.h"
+#include "tl/lineformat.h"
 #include "widgets/touchcombo.h"
 
 using namespace welmo::tl;
 
-FileInsertWidget::FileInsertWidget(Instruction instruction, QWidget *parent)
-    : InsertForm(instruction, parent)
+FileInsertWidget::FileInsertWidget(Word word, QWidget *parent)
+    : InsertForm(word, parent)
 {
     auto *layout = new QFormLayout(this);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
@@ -21,7 +21,7 @@ void FileInsertWidget::addFile(const QString &label, const QString &comboName)
     auto *combo = new QComboBox(this);
     combo->setObjectName(comboName);
     welmo::makeTouchable(combo);
-    combo->addItems(fileNames(instruction(), m_combos.size()));
+    combo->addItems(fileNames(word(), m_combos.size()));
     static_cast<QFormLayout *>(layout())->addRow(label, combo);
     m_combos.append(combo);
 }
@@ -31,11 +31,11 @@ QString FileInsertWidget::ToString()
     QStringList files;
     for (const QComboBox *combo : qAsConst(m_combos))
         files.append(combo->currentText());
-    return formatFileLine(instruction(), files);
+    return formatFileLine(word(), files);
 }
 
 ArconInsertWidget::ArconInsertWidget(QWidget *parent)
-    : FileInsertWidget(Instruction::ArcOn, parent)
+    : FileInsertWidget(Word::ArcOn, parent)
 {
     addFile(tr("ArcOn Parameter File Number"), QStringLiteral("cbxArconData"));
     addFile(tr("Weld Parameter File Number"), QStringLiteral("cbxArcData"));
@@ -59,24 +59,24 @@ void ArconInsertWidget::onArcDataSelectChanged(int)
 
 QString ArconInsertWidget::ToString()
 {
-    return formatFileLine(instruction(), {m_arconData, m_arcData});
+    return formatFileLine(word(), {m_arconData, m_arcData});
 }
 
 ArcoffInsertWidget::ArcoffInsertWidget(QWidget *parent)
-    : FileInsertWidget(Instruction::ArcOff, parent)
+    : FileInsertWidget(Word::ArcOff, parent)
 {
     addFile(tr("ArcOff Parameter File Number"), QStringLiteral("cbxArcoffData"));
 }
 
 WeaveOnInsertWidget::WeaveOnInsertWidget(QWidget *parent)
-    : FileInsertWidget(Instruction::WeaveOn, parent)
+    : FileInsertWidget(Word::WeaveOn, parent)
 {
     // Chinese in every language, as on the pendants in the field.
     addFile(QStringLiteral("摆弧参数(weavedata)："), QStringLiteral("cbxWeaveData"));
 }
 
 SegOnInsertWidget::SegOnInsertWidget(QWidget *parent)
-    : FileInsertWidget(Instruction::SegOn, parent)
+    : FileInsertWidget(Word::SegOn, parent)
 {
     addFile(tr("SegData(segdata): "), QStringLiteral("cbxSegFileNumber"));
 }

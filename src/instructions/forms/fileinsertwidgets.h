@@ -12,7 +12,7 @@ class FileInsertWidget : public InsertForm
 {
     Q_OBJECT
 public:
-    FileInsertWidget(welmo::tl::Instruction instruction, QWidget *parent);
+    FileInsertWidget(welmo::tl::Word word, QWidget *parent);
     QString ToString() override;
 
 protected:

@@ -5,20 +5,25 @@
 
 using namespace welmo;
 
-InsertForm::InsertForm(tl::Instruction instruction, QWidget *parent)
+InsertForm::InsertForm(tl::Word word, QWidget *parent)
     : BaseContentWidget(parent)
-    , m_instruction(instruction)
+    , m_word(word)
 {
-    setObjectName(tl::instructionName(instruction) + QStringLiteral("InsertWidget"));
+    setObjectName(tl::row(word).text() + QStringLiteral("InsertWidget"));
     applyStyleRules(this);
 }
 
-PropertyForm::PropertyForm(tl::Instruction instruction, QWidget *parent)
+PropertyForm::PropertyForm(tl::Word word, QWidget *parent)
     : BaseContentWidget(parent)
-    , m_instruction(instruction)
+    , m_word(word)
 {
-    setObjectName(tl::instructionName(instruction) + QStringLiteral("PropertyWidget"));
+    setObjectName(tl::row(word).text() + QStringLiteral("PropertyWidget"));
     applyStyleRules(this);
+}
+
+tl::ParsedLine PropertyForm::read(const QString &line) const
+{
+    return tl::parseAs(m_word, line);
 }
 
 void PropertyForm::report(const tl::Problems &problems)

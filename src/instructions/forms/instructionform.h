@@ -2,7 +2,7 @@
 
 #include <tessa/basecontentwidget.h>
 
-#include "tl/instruction.h"
+#include "tl/parsedline.h"
 
 /// What all insert forms have in common: they write new lines and read none.
 class InsertForm : public tessa::BaseContentWidget
@@ -10,16 +10,16 @@ class InsertForm : public tessa::BaseContentWidget
     Q_OBJECT
 public:
     /// The object name is the instruction's followed by "InsertWidget".
-    InsertForm(welmo::tl::Instruction instruction, QWidget *parent);
+    InsertForm(welmo::tl::Word word, QWidget *parent);
 
     void FillWith(const QString &) override { }
     bool CheckInsert() override { return true; }
 
 protected:
-    welmo::tl::Instruction instruction() const { return m_instruction; }
+    welmo::tl::Word word() const { return m_word; }
 
 private:
-    welmo::tl::Instruction m_instruction;
+    welmo::tl::Word m_word;
 };
 
 /// What all property forms have in common: they read a line and write it anew.
@@ -28,15 +28,17 @@ class PropertyForm : public tessa::BaseContentWidget
     Q_OBJECT
 public:
     /// The object name is the instruction's followed by "PropertyWidget".
-    PropertyForm(welmo::tl::Instruction instruction, QWidget *parent);
+    PropertyForm(welmo::tl::Word word, QWidget *parent);
 
     bool CheckReplace() override { return true; }
 
 protected:
-    welmo::tl::Instruction instruction() const { return m_instruction; }
+    welmo::tl::Word word() const { return m_word; }
+    /// The line as this form reads it: from its first character on, whatever its word.
+    welmo::tl::ParsedLine read(const QString &line) const;
     /// Tells each problem in the message log, with this form as the sender.
     void report(const welmo::tl::Problems &problems);
 
 private:
-    welmo::tl::Instruction m_instruction;
+    welmo::tl::Word m_word;
 };

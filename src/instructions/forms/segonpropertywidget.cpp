@@ -3,12 +3,12 @@
 #include <QVBoxLayout>
 
 #include "settings/segparameterwidget.h"
-#include "tl/fileline.h"
+#include "tl/lineformat.h"
 
 using namespace welmo::tl;
 
 SegOnPropertyWidget::SegOnPropertyWidget(QWidget *parent)
-    : PropertyForm(Instruction::SegOn, parent)
+    : PropertyForm(Word::SegOn, parent)
     , wgtSeg(new SegParameterWidget(this))
 {
     wgtSeg->setObjectName(QStringLiteral("wgtSeg"));
@@ -20,7 +20,7 @@ SegOnPropertyWidget::SegOnPropertyWidget(QWidget *parent)
 
 void SegOnPropertyWidget::FillWith(const QString &line)
 {
-    const FileLine parsed = parseFileLine(instruction(), line);
+    const ParsedLine parsed = read(line);
     if (parsed.names.isEmpty())
         report(parsed.problems);
     else
@@ -29,5 +29,5 @@ void SegOnPropertyWidget::FillWith(const QString &line)
 
 QString SegOnPropertyWidget::ToString()
 {
-    return formatFileLine(instruction(), {wgtSeg->getFileNumber()});
+    return formatFileLine(word(), {wgtSeg->getFileNumber()});
 }

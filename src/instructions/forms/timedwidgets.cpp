@@ -4,26 +4,14 @@
 #include <QFormLayout>
 #include <limits>
 
-#include "tl/timedline.h"
+#include "tl/lineformat.h"
 
 using namespace welmo::tl;
 
 namespace {
 
-QString labelText(Instruction instruction)
-{
-    switch (instruction) {
-    case Instruction::FeedOnWire:
-        return TimedInsertWidget::tr("Feed Wire Time(s): ");
-    case Instruction::FeedBackWire:
-        return TimedInsertWidget::tr("Back Wire Time(s): ");
-    default:
-        return TimedInsertWidget::tr("Detect Gas Time(s): ");
-    }
-}
-
 // Both kinds of form show the same row.
-QDoubleSpinBox *addTimeRow(QWidget *form, Instruction instruction)
+QDoubleSpinBox *addTimeRow(QWidget *form, Word word)
 {
     constexpr double shortest = 0.1;
     auto *box = new QDoubleSpinBox(form);
@@ -34,30 +22,30 @@ QDoubleSpinBox *addTimeRow(QWidget *form, Instruction instruction)
     box->setAccelerated(true);
     auto *layout = new QFormLayout(form);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    layout->addRow(labelText(instruction), box);
+    layout->addRow(TimedInsertWidget::tr(row(word).timeLabel), box);
     return box;
 }
 
 } // namespace
 
-TimedInsertWidget::TimedInsertWidget(Instruction instruction, QWidget *parent)
-    : InsertForm(instruction, parent)
-    , sbxTime(addTimeRow(this, instruction))
+TimedInsertWidget::TimedInsertWidget(Word word, QWidget *parent)
+    : InsertForm(word, parent)
+    , sbxTime(addTimeRow(this, word))
 { }
 
 QString TimedInsertWidget::ToString()
 {
-    return formatTimedLine(instruction(), sbxTime->value());
+    return formatTimedLine(word(), sbxTime->value());
 }
 
-TimedPropertyWidget::TimedPropertyWidget(Instruction instruction, QWidget *parent)
-    : PropertyForm(instruction, parent)
-    , sbxTime(addTimeRow(this, instruction))
+TimedPropertyWidget::TimedPropertyWidget(Word word, QWidget *parent)
+    : PropertyForm(word, parent)
+    , sbxTime(addTimeRow(this, word))
 { }
 
 void TimedPropertyWidget::FillWith(const QString &line)
 {
-    const TimedLine parsed = parseTimedLine(instruction(), line);
+    const ParsedLine parsed = read(line);
     if (parsed.seconds)
         sbxTime->setValue(*parsed.seconds);
     report(parsed.problems);
@@ -65,5 +53,5 @@ void TimedPropertyWidget::FillWith(const QString &line)
 
 QString TimedPropertyWidget::ToString()
 {
-    return formatTimedLine(instruction(), sbxTime->value());
+    return formatTimedLine(word(), sbxTime->value());
 }

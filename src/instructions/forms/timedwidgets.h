@@ -9,7 +9,7 @@ class TimedInsertWidget : public InsertForm
 {
     Q_OBJECT
 public:
-    TimedInsertWidget(welmo::tl::Instruction instruction, QWidget *parent);
+    TimedInsertWidget(welmo::tl::Word word, QWidget *parent);
     QString ToString() override;
 
 private:
@@ -21,7 +21,7 @@ class TimedPropertyWidget : public PropertyForm
 {
     Q_OBJECT
 public:
-    TimedPropertyWidget(welmo::tl::Instruction instruction, QWidget *parent);
+    TimedPropertyWidget(welmo::tl::Word word, QWidget *parent);
     void FillWith(const QString &line) override;
     QString ToString() override;
 
@@ -34,7 +34,7 @@ class FeedOnWireInsertWidget : public TimedInsertWidget
     Q_OBJECT
 public:
     explicit FeedOnWireInsertWidget(QWidget *parent)
-        : TimedInsertWidget(welmo::tl::Instruction::FeedOnWire, parent)
+        : TimedInsertWidget(welmo::tl::Word::FeedOnWire, parent)
     { }
 };
 
@@ -43,7 +43,7 @@ class FeedOnWirePropertyWidget : public TimedPropertyWidget
     Q_OBJECT
 public:
     explicit FeedOnWirePropertyWidget(QWidget *parent)
-        : TimedPropertyWidget(welmo::tl::Instruction::FeedOnWire, parent)
+        : TimedPropertyWidget(welmo::tl::Word::FeedOnWire, parent)
     { }
 };
 
@@ -52,7 +52,7 @@ class FeedBackWireInsertWidget : public TimedInsertWidget
     Q_OBJECT
 public:
     explicit FeedBackWireInsertWidget(QWidget *parent)
-        : TimedInsertWidget(welmo::tl::Instruction::FeedBackWire, parent)
+        : TimedInsertWidget(welmo::tl::Word::FeedBackWire, parent)
     { }
 };
 
@@ -61,7 +61,7 @@ class FeedBackWirePropertyWidget : public TimedPropertyWidget
     Q_OBJECT
 public:
     explicit FeedBackWirePropertyWidget(QWidget *parent)
-        : TimedPropertyWidget(welmo::tl::Instruction::FeedBackWire, parent)
+        : TimedPropertyWidget(welmo::tl::Word::FeedBackWire, parent)
     { }
 };
 
@@ -70,7 +70,7 @@ class DetectGasInsertWidget : public TimedInsertWidget
     Q_OBJECT
 public:
     explicit DetectGasInsertWidget(QWidget *parent)
-        : TimedInsertWidget(welmo::tl::Instruction::DetectGas, parent)
+        : TimedInsertWidget(welmo::tl::Word::DetectGas, parent)
     { }
 };
 
@@ -79,6 +79,6 @@ class DetectGasPropertyWidget : public TimedPropertyWidget
     Q_OBJECT
 public:
     explicit DetectGasPropertyWidget(QWidget *parent)
-        : TimedPropertyWidget(welmo::tl::Instruction::DetectGas, parent)
+        : TimedPropertyWidget(welmo::tl::Word::DetectGas, parent)
     { }
 };

@@ -6,12 +6,12 @@
 
 #include "instructions/forms/formscroller.h"
 #include "instructions/forms/weavewidget.h"
-#include "tl/fileline.h"
+#include "tl/lineformat.h"
 
 using namespace welmo::tl;
 
 WeaveOnPropertyWidget::WeaveOnPropertyWidget(QWidget *parent)
-    : PropertyForm(Instruction::WeaveOn, parent)
+    : PropertyForm(Word::WeaveOn, parent)
     , wgtWeaveData(new WeaveWidget)
 {
     wgtWeaveData->setObjectName(QStringLiteral("wgtWeaveData"));
@@ -26,7 +26,7 @@ WeaveOnPropertyWidget::WeaveOnPropertyWidget(QWidget *parent)
 
 void WeaveOnPropertyWidget::FillWith(const QString &line)
 {
-    const FileLine parsed = parseFileLine(instruction(), line);
+    const ParsedLine parsed = read(line);
     if (parsed.names.isEmpty())
         report(parsed.problems);
     else
@@ -38,5 +38,5 @@ QString WeaveOnPropertyWidget::ToString()
 {
     const QString name = wgtWeaveData->getCurrentFileNum();
     qDebug() << "return weavedata" << name;
-    return formatFileLine(instruction(), {name});
+    return formatFileLine(word(), {name});
 }

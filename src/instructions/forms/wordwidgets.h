@@ -8,7 +8,7 @@ class WordInsertWidget : public InsertForm
     Q_OBJECT
 public:
     using InsertForm::InsertForm;
-    QString ToString() override { return welmo::tl::instructionName(instruction()); }
+    QString ToString() override { return welmo::tl::row(word()).text(); }
 };
 
 /// Property form of an instruction that is a word alone.
@@ -18,7 +18,7 @@ class WordPropertyWidget : public PropertyForm
 public:
     using PropertyForm::PropertyForm;
     void FillWith(const QString &line) override;
-    QString ToString() override { return welmo::tl::instructionName(instruction()); }
+    QString ToString() override { return welmo::tl::row(word()).text(); }
 };
 
 class WeaveOffInsertWidget : public WordInsertWidget
@@ -26,7 +26,7 @@ class WeaveOffInsertWidget : public WordInsertWidget
     Q_OBJECT
 public:
     explicit WeaveOffInsertWidget(QWidget *parent)
-        : WordInsertWidget(welmo::tl::Instruction::WeaveOff, parent)
+        : WordInsertWidget(welmo::tl::Word::WeaveOff, parent)
     { }
 };
 
@@ -35,7 +35,7 @@ class WeaveOffPropertyWidget : public WordPropertyWidget
     Q_OBJECT
 public:
     explicit WeaveOffPropertyWidget(QWidget *parent)
-        : WordPropertyWidget(welmo::tl::Instruction::WeaveOff, parent)
+        : WordPropertyWidget(welmo::tl::Word::WeaveOff, parent)
     { }
 };
 
@@ -44,7 +44,7 @@ class SegOffInsertWidget : public WordInsertWidget
     Q_OBJECT
 public:
     explicit SegOffInsertWidget(QWidget *parent)
-        : WordInsertWidget(welmo::tl::Instruction::SegOff, parent)
+        : WordInsertWidget(welmo::tl::Word::SegOff, parent)
     { }
 };
 
@@ -53,6 +53,6 @@ class SegOffPropertyWidget : public WordPropertyWidget
     Q_OBJECT
 public:
     explicit SegOffPropertyWidget(QWidget *parent)
-        : WordPropertyWidget(welmo::tl::Instruction::SegOff, parent)
+        : WordPropertyWidget(welmo::tl::Word::SegOff, parent)
     { }
 };

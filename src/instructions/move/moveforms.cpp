@@ -6,36 +6,35 @@
 #include "instructions/move/moveinsertwidget.h"
 #include "instructions/move/moveparamwidget.h"
 #include "instructions/move/movepropertypointwidget.h"
-#include "tl/moveline.h"
+#include "tl/lineformat.h"
 
 using namespace welmo;
 
 namespace {
 
-QString moveType(tl::Instruction instruction)
+QString moveType(tl::Word word)
 {
-    return instruction == tl::Instruction::WMoveC ? QStringLiteral("movec")
-                                                  : QStringLiteral("movel");
+    return tl::row(word).points == 2 ? QStringLiteral("movec") : QStringLiteral("movel");
 }
 
 } // namespace
 
-MoveInsertForm::MoveInsertForm(tl::Instruction instruction, QWidget *parent)
-    : InsertForm(instruction, parent)
+MoveInsertForm::MoveInsertForm(tl::Word word, QWidget *parent)
+    : InsertForm(word, parent)
     , m_panel(new MoveInsertWidget(this))
 {
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_panel);
-    m_panel->initialize(moveType(instruction));
+    m_panel->initialize(moveType(word));
 }
 
 QString MoveInsertForm::ToString()
 {
-    return tl::instructionName(instruction()) + QLatin1Char(' ') + m_panel->getParam();
+    return tl::row(word()).text() + QLatin1Char(' ') + m_panel->getParam();
 }
 
-MovePropertyForm::MovePropertyForm(tl::Instruction instruction, QWidget *parent)
-    : PropertyForm(instruction, parent)
+MovePropertyForm::MovePropertyForm(tl::Word word, QWidget *parent)
+    : PropertyForm(word, parent)
     , m_points(new MovePropertyPointWidget(this))
     , m_parameters(new MoveParamWidget(this))
 {
@@ -44,7 +43,7 @@ MovePropertyForm::MovePropertyForm(tl::Instruction instruction, QWidget *parent)
     layout->addWidget(m_points);
     layout->addWidget(m_parameters);
     layout->addStretch();
-    m_points->initialize(moveType(instruction));
+    m_points->initialize(moveType(word));
     connect(m_parameters, &MoveParamWidget::toolChanged, m_points,
             &MovePropertyPointWidget::updateTool);
     connect(m_parameters, &MoveParamWidget::wobjChanged, m_points,
@@ -56,15 +55,15 @@ MovePropertyForm::MovePropertyForm(tl::Instruction instruction, QWidget *parent)
 
 void MovePropertyForm::FillWith(const QString &text)
 {
-    const tl::MoveLine move = tl::parseMoveLine(instruction(), text);
-    if (!move.problems.isEmpty()) {
-        qDebug("part size: %d", move.tokenCount);
+    const tl::ParsedLine move = read(text);
+    if (move.isRefused) {
+        qDebug("part size: %d", move.tokens.size());
         report(move.problems);
         return;
     }
     if (move.aux)
-        m_points->setAuxPoint(move.aux->text);
-    m_points->setTargetPoint(move.target->text);
+        m_points->setAuxPoint(move.aux->token.text);
+    m_points->setTargetPoint(move.target->token.text);
     m_parameters->setSpeedText(move.speed->text);
     m_parameters->setZoneText(move.zone->text);
     m_parameters->setToolText(move.tool->text);
@@ -76,5 +75,5 @@ void MovePropertyForm::FillWith(const QString &text)
 
 QString MovePropertyForm::ToString()
 {
-    return tl::formatMoveLine(instruction(), {m_points->getParam()}, m_parameters->getParam());
+    return tl::formatMoveLine(word(), {m_points->getParam()}, m_parameters->getParam());
 }

@@ -11,7 +11,7 @@ class MoveInsertForm : public InsertForm
 {
     Q_OBJECT
 public:
-    MoveInsertForm(welmo::tl::Instruction instruction, QWidget *parent);
+    MoveInsertForm(welmo::tl::Word word, QWidget *parent);
     QString ToString() override;
 
 private:
@@ -23,7 +23,7 @@ class MovePropertyForm : public PropertyForm
 {
     Q_OBJECT
 public:
-    MovePropertyForm(welmo::tl::Instruction instruction, QWidget *parent);
+    MovePropertyForm(welmo::tl::Word word, QWidget *parent);
     void FillWith(const QString &text) override;
     QString ToString() override;
 
@@ -39,7 +39,7 @@ class WMoveLInsertWidget : public MoveInsertForm
     Q_OBJECT
 public:
     explicit WMoveLInsertWidget(QWidget *parent)
-        : MoveInsertForm(welmo::tl::Instruction::WMoveL, parent)
+        : MoveInsertForm(welmo::tl::Word::WMoveL, parent)
     { }
 };
 
@@ -48,7 +48,7 @@ class WMoveLPropertyWidget : public MovePropertyForm
     Q_OBJECT
 public:
     explicit WMoveLPropertyWidget(QWidget *parent)
-        : MovePropertyForm(welmo::tl::Instruction::WMoveL, parent)
+        : MovePropertyForm(welmo::tl::Word::WMoveL, parent)
     { }
 };
 
@@ -57,7 +57,7 @@ class WMoveCInsertWidget : public MoveInsertForm
     Q_OBJECT
 public:
     explicit WMoveCInsertWidget(QWidget *parent)
-        : MoveInsertForm(welmo::tl::Instruction::WMoveC, parent)
+        : MoveInsertForm(welmo::tl::Word::WMoveC, parent)
     { }
 };
 
@@ -66,6 +66,6 @@ class WMoveCPropertyWidget : public MovePropertyForm
     Q_OBJECT
 public:
     explicit WMoveCPropertyWidget(QWidget *parent)
-        : MovePropertyForm(welmo::tl::Instruction::WMoveC, parent)
+        : MovePropertyForm(welmo::tl::Word::WMoveC, parent)
     { }
 };

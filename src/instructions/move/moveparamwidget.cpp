@@ -7,8 +7,8 @@
 #include "instructions/forms/weavedatadialog.h"
 #include "instructions/move/pointreport.h"
 #include "tl/charactercheck.h"
-#include "tl/fileline.h"
-#include "tl/moveline.h"
+#include "tl/lineformat.h"
+#include "tl/parsedline.h"
 #include "ui_moveparamwidget.h"
 #include "widgets/touchcombo.h"
 

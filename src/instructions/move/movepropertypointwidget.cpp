@@ -14,17 +14,6 @@
 using namespace welmo;
 using tl::PointExpression;
 
-namespace {
-
-// splitPoint() backwards.
-PointExpression expressionOf(const QStringList &parts)
-{
-    return PointExpression::parse(parts.value(0) + QLatin1Char('(')
-                                  + parts.mid(1).join(QLatin1Char(',')) + QLatin1Char(')'));
-}
-
-} // namespace
-
 MovePropertyPointWidget::MovePropertyPointWidget(QWidget *parent)
     : QWidget(parent)
     , m_tabs(new QTabWidget(this))
@@ -94,7 +83,7 @@ void MovePropertyPointWidget::handleSetPoint(QComboBox *combo, const QString &te
     if (!edit->choose(parts.value(1)))
         report::warning(reporterFor(this),
                         tr("There is no point %1 in the project").arg(parts.value(1)));
-    if (!tl::readsAsWritten(text))
+    if (!tl::readPoint(text).isAsWritten)
         report::error(reporterFor(this), tl::shown(tl::messages::point));
     setter(parts);
 }
@@ -115,13 +104,13 @@ void MovePropertyPointWidget::setAuxPoint(const QString &text)
 
 void MovePropertyPointWidget::setTargetOffsAndComplex(const QStringList &parts)
 {
-    m_target->edit()->setKindAndNumbers(expressionOf(parts));
+    m_target->edit()->setKindAndNumbers(PointExpression::fromParts(parts));
 }
 
 void MovePropertyPointWidget::setAuxOffsAndComplex(const QStringList &parts)
 {
     if (m_aux)
-        m_aux->edit()->setKindAndNumbers(expressionOf(parts));
+        m_aux->edit()->setKindAndNumbers(PointExpression::fromParts(parts));
 }
 
 QString MovePropertyPointWidget::getParam() const

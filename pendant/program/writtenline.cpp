@@ -1,0 +1,63 @@
+#include "pendant/program/writtenline.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+
+#include "pendant/program/programcheck.h"
+#include "tl/normalform.h"
+
+namespace welmo::pendant {
+
+using tl::Finding;
+
+namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(WrittenLine)
+};
+
+// An argument without a name leaves its commas behind.
+bool lacksName(const QString &written)
+{
+    const QStringList holes{QStringLiteral(" ,"), QStringLiteral(",,"), QStringLiteral("(,")};
+    return std::any_of(holes.begin(), holes.end(),
+                       [&written](const QString &hole) { return written.contains(hole); })
+        || written.endsWith(QLatin1Char(','));
+}
+
+// What a form cannot have meant. That the project lacks a file or a point is another matter.
+bool refuses(const Finding &finding)
+{
+    return finding.message;
+}
+
+QString refusalOf(const tl::ParsedLine &line, const tl::Findings &findings)
+{
+    if (line.instruction->kind == tl::Kind::Move && lacksName(line.text))
+        return Text::tr("a name is missing; choose a point, or make one with \"New point here\"");
+    const auto refused = std::find_if(findings.begin(), findings.end(), refuses);
+    if (refused != findings.end())
+        return refused->text();
+    return tl::normalCode(line).isNull() ? Text::tr("it holds a name that no line can hold")
+                                         : QString();
+}
+
+} // namespace
+
+WrittenLine readBack(const QString &written, ProgramCheck *check)
+{
+    const tl::ParsedLine line = tl::parse(written);
+    if (!line.instruction || line.instruction->standing == tl::Standing::Host)
+        return {};
+    const tl::Findings findings = check->findingsOf(line);
+    WrittenLine result{refusalOf(line, findings), {}, check->asTaught(line)};
+    for (const Finding &finding : findings) {
+        if (!result.asTaught.isNull() && finding.kind == Finding::Kind::Doubtful)
+            result.doubt +=
+                (result.doubt.isEmpty() ? QString() : QStringLiteral("\n")) + finding.text();
+    }
+    return result;
+}
+
+} // namespace welmo::pendant
