@@ -14,6 +14,21 @@
 using namespace welmo;
 using tl::PointExpression;
 
+namespace {
+
+// The numbers of an unknown function are shown, though the plain point that it reads as has none.
+PointExpression expressionOf(const QStringList &parts)
+{
+    PointExpression expression = PointExpression::fromParts(parts);
+    if (expression.kind == PointExpression::Kind::Plain) {
+        for (const QString &number : parts.mid(2))
+            expression.numbers.append(number.toDouble());
+    }
+    return expression;
+}
+
+} // namespace
+
 MovePropertyPointWidget::MovePropertyPointWidget(QWidget *parent)
     : QWidget(parent)
     , m_tabs(new QTabWidget(this))
@@ -39,6 +54,8 @@ PointGroup *MovePropertyPointWidget::addGroup(const QString &name, const QString
     layout->addWidget(group);
     layout->addStretch();
     connect(group, &PointGroup::pointAdded, this, &MovePropertyPointWidget::setPointlist);
+    connect(group, &PointGroup::toolAndObjectWanted, this,
+            &MovePropertyPointWidget::toolAndObjectWanted);
     m_tabs->insertTab(0, page, title);
     return group;
 }
@@ -80,7 +97,7 @@ void MovePropertyPointWidget::handleSetPoint(QComboBox *combo, const QString &te
     const QStringList parts = splitPoint(text);
     const bool aux = m_aux && combo == m_aux->edit()->combo();
     PointEdit *edit = aux ? m_aux->edit() : m_target->edit();
-    if (!edit->choose(parts.value(1)))
+    if (!edit->choose(parts.value(1)) && !points::find(parts.value(1)))
         report::warning(reporterFor(this),
                         tr("There is no point %1 in the project").arg(parts.value(1)));
     if (!tl::readPoint(text).isAsWritten)
@@ -104,13 +121,13 @@ void MovePropertyPointWidget::setAuxPoint(const QString &text)
 
 void MovePropertyPointWidget::setTargetOffsAndComplex(const QStringList &parts)
 {
-    m_target->edit()->setKindAndNumbers(PointExpression::fromParts(parts));
+    m_target->edit()->setKindAndNumbers(expressionOf(parts));
 }
 
 void MovePropertyPointWidget::setAuxOffsAndComplex(const QStringList &parts)
 {
     if (m_aux)
-        m_aux->edit()->setKindAndNumbers(PointExpression::fromParts(parts));
+        m_aux->edit()->setKindAndNumbers(expressionOf(parts));
 }
 
 QString MovePropertyPointWidget::getParam() const
