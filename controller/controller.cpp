@@ -20,6 +20,7 @@ namespace welmo::controller {
 namespace {
 
 constexpr int journalLength = 200; // of the journal as a node
+constexpr int largestProjectList = 256 * 1024; // some thousand points
 
 } // namespace
 
@@ -33,13 +34,15 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     Weld &weld = add<Weld>(welder);
     WireAndGas &wireAndGas = add<WireAndGas>(welder, weld, m_hold);
     add<Project>();
+    m_registry.setLargest(names::project, largestProjectList);
     Robot &robot = add<Robot>();
     add<Program>(weld, wireAndGas, robot);
     add<WelderState>(welder, weld);
     m_registry.addValue(names::journal, [&journal] {
         return Reply::with(QVariantMap{{QStringLiteral("entries"), journal.recent(journalLength)}});
     });
-    m_registry.addValue(names::audit, [this] { return m_context.audit().recent(journalLength); });
+    m_registry.addEntries(names::audit,
+                          [this](const QString &key) { return m_context.audit().page(key); }, {});
 }
 
 Controller::~Controller() = default;
@@ -57,6 +60,9 @@ Reply Controller::start()
 {
     if (!m_context.audit().start())
         return Reply::refused(StorageFailed, QStringLiteral("the audit journal cannot be read"));
+    m_complaints = m_context.complaints();
+    for (const QString &line : qAsConst(m_complaints))
+        m_context.record(Journal::Event::Alarm, line);
     for (const auto &unit : m_units) {
         if (Reply reply = unit->start(); !reply.ok())
             return reply;

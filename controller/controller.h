@@ -23,6 +23,8 @@ public:
     void setNotify(ControllerContext::Notify notify) { m_context.setNotify(std::move(notify)); }
     /// Writes what every store has to hold, once in its life; comes before everything else.
     Reply start();
+    /// What start() found damaged in the store, a line each; the journal has them as alarms.
+    const QStringList &complaints() const { return m_complaints; }
     Reply handle(const Request &request);
     /// As of Registry::nodes().
     QMap<QString, bool> nodes() const { return m_registry.nodes(); }
@@ -42,6 +44,7 @@ private:
     template<typename T, typename... Args>
     T &add(Args &...others);
 
+    QStringList m_complaints;
     ControllerContext m_context;
     Registry m_registry;
     HoldToRun m_hold;

@@ -1,106 +1,79 @@
 #include "controller/core/audit.h"
 
-#include <algorithm>
+#include <limits>
 
-#include "schema/names.h"
+#include "controller/core/difference.h"
+#include "controller/core/json.h"
 
 namespace welmo::controller {
 
 namespace {
 
-const QString numberKey = QStringLiteral("number");
 const QString timeKey = QStringLiteral("time");
 const QString userKey = QStringLiteral("user");
-const QString clientKey = QStringLiteral("client");
-const QString pathKey = QStringLiteral("path");
-const QString keyKey = QStringLiteral("key");
-const QString revisionKey = QStringLiteral("revision");
+const QString beforeKey = QStringLiteral("before");
 
-QString placeOf(const QString &path, const QString &key)
+QByteArray contentOf(const QVariant &before, const QVariant &after)
 {
-    return path + QLatin1Char('/') + key;
+    const QVariantList changes = difference(before, after);
+    const QByteArray whole = toJson(QVariantMap{{QStringLiteral("changes"), changes}});
+    return whole.size() <= Audit::longestChange
+        ? whole
+        : toJson(QVariantMap{{QStringLiteral("omitted"), whole.size()}});
 }
 
-qint64 numberOf(const QVariantMap &entry)
+QVariantMap toMap(const AuditLog::Record &record)
 {
-    return entry.value(numberKey).toLongLong();
-}
-
-std::vector<QVariantMap> inOrder(const std::map<QString, Store::Entry> &stored)
-{
-    std::vector<QVariantMap> entries;
-    entries.reserve(stored.size());
-    for (const auto &[key, entry] : stored)
-        entries.push_back(entry.value.toMap());
-    std::sort(entries.begin(), entries.end(),
-              [](const QVariantMap &a, const QVariantMap &b) { return numberOf(a) < numberOf(b); });
-    return entries;
+    QVariantMap map = fromJson(record.content).value_or(QVariant()).toMap();
+    map.insert(QStringLiteral("number"), record.number);
+    map.insert(timeKey, record.time);
+    map.insert(userKey, record.user);
+    map.insert(QStringLiteral("client"), record.client);
+    map.insert(QStringLiteral("path"), record.path);
+    map.insert(QStringLiteral("key"), record.key);
+    map.insert(QStringLiteral("revision"), record.revision);
+    return map;
 }
 
 } // namespace
 
-bool Audit::start()
+QString Audit::complaint() const
 {
-    const auto stored = m_store.readAll(names::audit);
-    if (!stored)
-        return false;
-    for (const QVariantMap &entry : inOrder(*stored))
-        note(entry);
-    return true;
+    const qint64 number = m_log.firstBroken();
+    return number == 0
+        ? QString()
+        : QStringLiteral("record %1 of the audit was changed by another hand").arg(number);
 }
 
-QVector<Store::Change> Audit::with(const QVector<Store::Change> &changes)
+bool Audit::write(const QVector<Store::Change> &changes)
 {
-    m_unsettled.clear();
     if (m_author.user.isEmpty())
-        return changes;
-    QVector<Store::Change> all = changes;
-    qint64 number = m_next;
-    for (const Store::Change &change : changes) {
-        const Store::Entry before = m_store.read(change.path, change.key).value_or(Store::Entry{});
-        const QVariantMap entry{{numberKey, number},
-                                {timeKey, m_author.time},
-                                {userKey, m_author.user},
-                                {clientKey, m_author.client},
-                                {pathKey, change.path},
-                                {keyKey, change.key},
-                                {QStringLiteral("old"), before.value},
-                                {QStringLiteral("new"), change.value},
-                                {revisionKey, before.revision + 1}};
-        all.append({names::audit, QString::number(number % capacity), entry});
-        m_unsettled.append(entry);
-        ++number;
-    }
-    return all;
+        return m_store.write(changes);
+    const bool good =
+        m_store.write(changes, [this](const Store::Change &change, const Store::Entry &before) {
+            return note(change, before);
+        });
+    if (!good)
+        m_log.load();
+    return good;
 }
 
-void Audit::settle(bool good)
+bool Audit::note(const Store::Change &change, const Store::Entry &before)
 {
-    for (const QVariantMap &entry : qAsConst(m_unsettled)) {
-        if (good)
-            note(entry);
-    }
-    m_unsettled.clear();
-}
-
-void Audit::note(const QVariantMap &entry)
-{
-    m_next = numberOf(entry) + 1;
-    m_last.insert(placeOf(entry.value(pathKey).toString(), entry.value(keyKey).toString()),
-                  {entry.value(revisionKey).toLongLong(),
-                   {entry.value(userKey).toString(), entry.value(clientKey).toString(),
-                    entry.value(timeKey).toString()}});
+    return m_log.append({0, m_author.time, m_author.user, m_author.client, change.path, change.key,
+                         before.revision + 1, contentOf(before.value, change.value)});
 }
 
 Reply Audit::conflict(const Request &request) const
 {
     if (request.kind != Request::Kind::Set || request.key.isEmpty() || !request.revision)
         return {};
-    const std::optional<Store::Entry> stored = m_store.read(request.path, request.key);
-    if (!stored || stored->revision == *request.revision)
+    const std::optional<qint64> stored = m_store.revision(request.path, request.key);
+    if (!stored || *stored == *request.revision)
         return {}; // a store that cannot be read will say so itself
-    const Last last = m_last.value(placeOf(request.path, request.key));
-    const Author by = last.revision == stored->revision ? last.author : Author{};
+    AuditLog::Record by = m_log.lastOf(request.path, request.key);
+    if (by.revision != *stored)
+        by = {}; // the last one to write gave no name
     if (!by.user.isEmpty() && by.user == request.author.user && by.client == request.author.client)
         return {}; // its own, whose answer got lost
     Reply reply = Reply::refused(Conflict, QStringLiteral("written by somebody else since"));
@@ -108,17 +81,21 @@ Reply Audit::conflict(const Request &request) const
     return reply;
 }
 
-Reply Audit::recent(int count) const
+Reply Audit::page(const QString &key) const
 {
-    const auto stored = m_store.readAll(names::audit);
-    if (!stored)
-        return Reply::refused(StorageFailed, m_store.errorText());
-    const std::vector<QVariantMap> entries = inOrder(*stored);
-    QVariantList list;
-    for (size_t i = entries.size() - std::min(entries.size(), size_t(count)); i < entries.size();
-         ++i)
-        list.append(entries[i]);
-    return Reply::with(QVariantMap{{QStringLiteral("entries"), list}});
+    bool isNumber = false;
+    const qint64 before =
+        key.isEmpty() ? std::numeric_limits<qint64>::max() : key.toLongLong(&isNumber);
+    if (!key.isEmpty() && (!isNumber || before < 1))
+        return Reply::refused(UnknownKey, key + QStringLiteral(": no number of a record"));
+    const QVector<AuditLog::Record> records = m_log.page(before, pageLength, pageBytes);
+    QVariantList entries;
+    for (const AuditLog::Record &record : records)
+        entries.prepend(toMap(record));
+    QVariantMap page{{QStringLiteral("entries"), entries}, {QStringLiteral("seal"), m_log.seal()}};
+    if (!records.isEmpty() && records.last().number > m_log.firstNumber())
+        page.insert(beforeKey, records.last().number);
+    return Reply::with(page);
 }
 
 } // namespace welmo::controller

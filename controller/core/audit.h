@@ -1,52 +1,51 @@
 #pragma once
 
-#include <QHash>
-
+#include "controller/core/auditlog.h"
 #include "controller/core/request.h"
 #include "controller/core/store.h"
 
 namespace welmo::controller {
 
-/// Who wrote what, when, in place of what: kept in the store with each change, all or none of both.
-/// The oldest entries give way. Whoever writes without a name is not kept.
+/// Who changed what, and when: kept in the store with each change, all or none of both. Whoever
+/// writes without a name is not kept.
 class Audit
 {
 public:
-    static constexpr int capacity = 5000;
+    /// A change that is longer, as JSON, is kept without its values.
+    static constexpr int longestChange = 16 * 1024;
+    /// What a page holds at most, unless a single record is longer.
+    static constexpr int pageLength = 200;
+    static constexpr int pageBytes = 128 * 1024;
 
     explicit Audit(Store &store)
         : m_store(store)
+        , m_log(store.database())
     { }
 
-    /// Reads what was kept; comes before everything else. False when that failed.
-    bool start();
+    /// Reads where it stands; comes before everything else. False when that failed.
+    bool start() { return m_log.load(); }
+    /// What shows that somebody else had a hand in it; empty when nothing does.
+    QString complaint() const;
     /// In whose name the store is written to from now on.
     void setAuthor(const Author &author) { m_author = author; }
-    /// The changes, and what is kept of them.
-    QVector<Store::Change> with(const QVector<Store::Change> &changes);
-    /// They are in the store now, or are not.
-    void settle(bool good);
+    /// Writes the changes, and what is kept of them.
+    bool write(const QVector<Store::Change> &changes);
 
     /// Whether the author of the request would write over something newer than what the request was
     /// made from, that somebody else wrote: then a refusal that says who and when.
     Reply conflict(const Request &request) const;
-    /// The newest entries, oldest first: maps of time, user, client, path, key, old, new, revision.
-    Reply recent(int count) const;
+    /// A page of records, oldest first: maps of number, time, user, client, path, key, revision and
+    /// either changes (as of difference()) or omitted (how long they were). The newest ones, or
+    /// with a @p key the ones before that number; "before" is the key for what comes before the
+    /// page, unless that is all.
+    Reply page(const QString &key) const;
 
 private:
-    struct Last
-    {
-        qint64 revision;
-        Author author;
-    };
-
-    void note(const QVariantMap &entry);
+    bool note(const Store::Change &change, const Store::Entry &before);
 
     Store &m_store;
+    AuditLog m_log;
     Author m_author;
-    qint64 m_next = 1;
-    QHash<QString, Last> m_last; // by path and key
-    QVector<QVariantMap> m_unsettled;
 };
 
 } // namespace welmo::controller

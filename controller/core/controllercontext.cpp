@@ -53,9 +53,7 @@ Reply ControllerContext::save(const QVector<Store::Change> &changes)
 {
     if (suffers(Faults::Fault::DiskFull))
         return Reply::refused(StorageFailed, QStringLiteral("the disk is full"));
-    const bool good = m_store.write(m_audit.with(changes));
-    m_audit.settle(good);
-    return outcome(good);
+    return outcome(m_audit.write(changes));
 }
 
 Reply ControllerContext::remove(const QString &path, const QStringList &keys)
@@ -64,6 +62,14 @@ Reply ControllerContext::remove(const QString &path, const QStringList &keys)
     for (const QString &key : keys)
         changes.append({path, key, {}});
     return save(changes);
+}
+
+QStringList ControllerContext::complaints() const
+{
+    QStringList lines = m_store.complaints();
+    if (const QString line = m_audit.complaint(); !line.isEmpty())
+        lines.append(line);
+    return lines;
 }
 
 std::optional<qint64> ControllerContext::revision(const QString &path, const QString &key) const

@@ -39,6 +39,8 @@ public:
     Reply remove(const QString &path, const QStringList &keys);
 
     Audit &audit() { return m_audit; }
+    /// What is damaged in the store, a line each; once audit() has started.
+    QStringList complaints() const;
     /// Of the entry as it is stored now; nothing for what is not stored.
     std::optional<qint64> revision(const QString &path, const QString &key) const;
 

@@ -135,6 +135,25 @@ bool repeatsKey(const QByteArray &json)
     return false;
 }
 
+int sizeOf(const QVariant &value)
+{
+    constexpr int number = 8; // and everything else that is small
+    int size = 2;
+    if (value.userType() == QMetaType::QVariantMap) {
+        const QVariantMap map = value.toMap();
+        for (auto child = map.begin(); child != map.end(); ++child)
+            size += child.key().size() + 4 + sizeOf(*child);
+        return size;
+    }
+    if (value.userType() == QMetaType::QVariantList) {
+        for (const QVariant &item : value.toList())
+            size += 1 + sizeOf(item);
+        return size;
+    }
+    return value.userType() == QMetaType::QString ? size + value.toString().toUtf8().size()
+                                                  : number;
+}
+
 std::optional<QVariant> fromJson(const QByteArray &json)
 {
     const QJsonArray wrapped = QJsonDocument::fromJson(json).array();

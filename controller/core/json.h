@@ -9,6 +9,9 @@ namespace welmo::controller {
 /// @p value as JSON text: numbers, booleans, texts, lists and maps of them, and "nothing".
 QByteArray toJson(const QVariant &value);
 
+/// About how many bytes that text has, without making it.
+int sizeOf(const QVariant &value);
+
 /// The inverse; nothing when the text is no JSON of ours. JSON knows one kind of number: one
 /// without a fraction comes back as an int (as a qlonglong when it does not fit), any other as a
 /// double. A double 3.0 is therefore read as the int 3, which compares equal.

@@ -1,6 +1,7 @@
 #include "controller/core/registry.h"
 
 #include "controller/core/fields.h"
+#include "controller/core/json.h"
 
 namespace welmo::controller {
 
@@ -28,6 +29,11 @@ void Registry::addEntries(const QString &path, const ReadEntry &read, const Writ
                           bool apart)
 {
     m_nodes[path] = {read, write, apart};
+}
+
+void Registry::setLargest(const QString &path, int bytes)
+{
+    m_nodes[path].largest = bytes;
 }
 
 void Registry::addCommand(const QString &path, const Run &run)
@@ -60,8 +66,14 @@ Reply Registry::dispatch(const Request &request) const
 
 Reply Registry::write(const Node &node, const Request &request) const
 {
-    return node.write ? node.write(request.key, request.payload)
-                      : Reply::refused(ReadOnly, request.path);
+    if (!node.write)
+        return Reply::refused(ReadOnly, request.path);
+    if (sizeOf(request.payload) > node.largest) {
+        return Reply::refused(
+            BadPayload,
+            QStringLiteral("%1: more than %2 bytes").arg(request.path).arg(node.largest));
+    }
+    return node.write(request.key, request.payload);
 }
 
 } // namespace welmo::controller

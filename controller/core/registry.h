@@ -12,6 +12,8 @@ namespace welmo::controller {
 class Registry
 {
 public:
+    static constexpr int usualSize = 16 * 1024;
+
     using Read = std::function<Reply()>;
     using Write = std::function<Reply(const QVariant &value)>;
     using ReadEntry = std::function<Reply(const QString &key)>;
@@ -25,6 +27,8 @@ public:
     /// @p apart says that an entry is a value of its own, to be told and read without the others.
     void addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write,
                     bool apart = false);
+    /// How many bytes a value written there may have, as JSON; for who does not say, usualSize.
+    void setLargest(const QString &path, int bytes);
     void addCommand(const QString &path, const Run &run);
 
     /// Every node; true for one whose entries have a value each and know nothing of each other.
@@ -38,6 +42,7 @@ private:
         ReadEntry read;
         WriteEntry write;
         bool apart = false;
+        int largest = usualSize;
     };
 
     Reply write(const Node &node, const Request &request) const;

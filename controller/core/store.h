@@ -9,7 +9,7 @@
 #include <memory>
 #include <optional>
 
-#include "controller/core/database.h"
+#include "controller/core/storefile.h"
 
 namespace welmo::controller {
 
@@ -29,10 +29,21 @@ public:
         QString key;
         QVariant value; ///< invalid: the entry is removed
     };
+    /// Hears of each change within its transaction, with what was there before: without a value,
+    /// when that is damaged. False: nothing of all the changes is written.
+    using Witness = std::function<bool(const Change &change, const Entry &before)>;
 
-    /// Opens or creates the store; null with one line in @p problem, see Database::open().
+    /// Opens or creates the store; null with one line in @p problem, see StoreFile::open().
     static std::unique_ptr<Store> open(const QString &file, QString *problem);
+    /// As of StoreFile::openToRead(); nothing can be written.
+    static std::unique_ptr<Store> openToRead(const QString &file, QString *problem);
     static std::unique_ptr<Store> inMemory();
+
+    /// Another one for each store that was ever made or restored: revisions count within it only.
+    const QString &identity() const { return m_identity; }
+    /// What was found damaged when the store was opened, a line each. Such an entry cannot be read,
+    /// but written anew.
+    const QStringList &complaints() const { return m_complaints; }
 
     /// The entry, which may be "not there"; nothing at all when reading failed.
     std::optional<Entry> read(const QString &path, const QString &key) const;
@@ -41,24 +52,42 @@ public:
     /// Every entry of @p path that is there, by key; nothing at all when reading failed.
     std::optional<std::map<QString, Entry>> readAll(const QString &path) const;
     /// Writes all or none of the changes.
-    bool write(const QVector<Change> &changes);
+    bool write(const QVector<Change> &changes, const Witness &witness = {});
     /// Removes all or none of the entries; one that is not there is no failure.
     bool remove(const QString &path, const QStringList &keys);
     /// Why the last operation failed.
     QString errorText() const { return m_errorText; }
+    /// For tables beside the entries, which change within write().
+    Database &database() { return *m_database; }
 
 private:
-    explicit Store(std::unique_ptr<Database> database);
+    struct Row
+    {
+        bool there = false; // and not removed
+        qint64 revision = 0;
+        qint64 sum = 0;
+    };
+
+    explicit Store(std::unique_ptr<StoreFile> database);
+    static std::unique_ptr<Store> loaded(std::unique_ptr<StoreFile> database, const QString &file,
+                                         QString *problem);
     bool inTransaction(const std::function<bool()> &work);
     bool failed(const QString &text = QString()) const;
-    std::optional<Entry> entryFrom(const Statement &row, int column) const;
+    /// From the columns path, key, value, revision and sum.
+    std::optional<Entry> entryFrom(const Statement &row) const;
+    QString load();
+    bool writeOne(const Change &change, const Witness &witness);
+    bool put(const Change &change, qint64 revision, qint64 sumBefore);
+    std::optional<Row> rowOf(const Change &change) const;
 
-    std::unique_ptr<Database> m_database;
+    std::unique_ptr<StoreFile> m_database;
     mutable Statement m_read;
-    mutable Statement m_readRevision;
     mutable Statement m_readAll;
+    mutable Statement m_readRow;
     Statement m_write;
-    Statement m_remove;
+    QString m_identity;
+    QStringList m_complaints;
+    quint64 m_sum = 0; // of the checksums of all rows
     // By their text: to take it apart costs more than to read it.
     mutable QCache<QByteArray, QVariant> m_values{256};
     mutable QString m_errorText;

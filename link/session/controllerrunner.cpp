@@ -23,6 +23,11 @@ ControllerRunner::ControllerRunner(QString dataFolder, Faults &faults, controlle
 
 ControllerRunner::~ControllerRunner() = default;
 
+QString ControllerRunner::storeIn(const QString &dataFolder)
+{
+    return QDir(dataFolder).filePath(QStringLiteral("controller.db"));
+}
+
 bool ControllerRunner::isReady()
 {
     if (m_controller)
@@ -37,7 +42,7 @@ bool ControllerRunner::isReady()
 QString ControllerRunner::startController()
 {
     QString reason;
-    const QString file = QDir(m_dataFolder).filePath(QStringLiteral("controller.db"));
+    const QString file = storeIn(m_dataFolder);
     auto store = m_dataFolder.isEmpty() ? controller::Store::inMemory()
                                         : controller::Store::open(file, &reason);
     if (!store)
@@ -51,6 +56,8 @@ QString ControllerRunner::startController()
         [this](const QString &path, const QVariant &values) { emit notified(path, values); });
     m_store = std::move(store);
     m_controller = std::move(started);
+    for (const QString &line : m_controller->complaints())
+        emit problem(QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), line));
     return {};
 }
 

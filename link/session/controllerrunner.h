@@ -24,6 +24,9 @@ public:
                      controller::Clock clock, QObject *parent = nullptr);
     ~ControllerRunner() override;
 
+    /// The file of the store in a data folder.
+    static QString storeIn(const QString &dataFolder);
+
     /// Opens the store and starts the controller, unless it runs already; false while that cannot
     /// be done, and problem() has told why.
     bool isReady();

@@ -17,7 +17,7 @@
     </message>
 </context>
 <context>
-    <name>welmo::controller::Database</name>
+    <name>welmo::controller::StoreFile</name>
     <message>
         <source>cannot be opened (%1)</source>
         <translation>无法打开（%1）</translation>
@@ -35,8 +35,8 @@
         <translation>正被其他程序使用</translation>
     </message>
     <message>
-        <source>the folder cannot be written</source>
-        <translation>文件夹不可写</translation>
+        <source>cannot be locked (%1)</source>
+        <translation>无法锁定（%1）</translation>
     </message>
     <message>
         <source>is damaged (%1)</source>
@@ -53,6 +53,22 @@
     <message>
         <source>was written by a newer version (format %1, known is %2)</source>
         <translation>由更新的版本写入（格式 %1，已知格式 %2）</translation>
+    </message>
+    <message>
+        <source>is a copy of a store in use, without what was written last: such a copy is made by controllerd backup</source>
+        <translation>是使用中数据库的副本，缺少最后写入的内容：请用 controllerd backup 制作副本</translation>
+    </message>
+    <message>
+        <source>holds nothing, as a copy does that was made of a store in use</source>
+        <translation>没有内容，可能是使用中数据库的副本</translation>
+    </message>
+    <message>
+        <source>is empty</source>
+        <translation>为空</translation>
+    </message>
+    <message>
+        <source>was written by an earlier version: start a controller on it once</source>
+        <translation>由较早的版本写入：请先用控制器启动一次</translation>
     </message>
     <message>
         <source>is not a controller store (%1)</source>

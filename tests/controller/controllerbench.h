@@ -28,13 +28,15 @@ struct ControllerBench
     };
 
     qint64 now = 1000;
-    std::unique_ptr<welmo::controller::Store> store = welmo::controller::Store::inMemory();
+    std::unique_ptr<welmo::controller::Store> store;
     welmo::controller::Faults faults;
     welmo::controller::Journal journal;
     welmo::controller::Controller controller{*store, faults, journal, [this] { return now; }};
     QVector<Told> told;
 
-    ControllerBench()
+    explicit ControllerBench(
+        std::unique_ptr<welmo::controller::Store> other = welmo::controller::Store::inMemory())
+        : store(std::move(other))
     {
         controller.setNotify([this](const QString &path, const QVariant &values) {
             told.append({path, values});

@@ -109,6 +109,7 @@ private slots:
             }
             store.reset();
             const int operations = disk.operations().size();
+            disk.start();
             store = Store::open(file, &problem);
             QVERIFY2(store, qPrintable(problem));
             QCOMPARE(contentOf(*store), expected);

@@ -257,13 +257,14 @@ private slots:
         QVERIFY(!last.take("time").toString().isEmpty());
         QVERIFY(!last.take("client").toString().isEmpty());
         QCOMPARE(last,
-                 (QVariantMap{{"number", 3},
-                              {"user", "anna"},
-                              {"path", arcOn},
-                              {"key", fileName(1)},
-                              {"revision", 3},
-                              {"old", file(1, 11)},
-                              {"new", file(1, 20)}}));
+                 (QVariantMap{
+                     {"number", 3},
+                     {"user", "anna"},
+                     {"path", arcOn},
+                     {"key", fileName(1)},
+                     {"revision", 3},
+                     {"changes",
+                      QVariantList{QVariantMap{{"at", "current"}, {"old", 11}, {"new", 20}}}}}));
     }
 };
 

@@ -1,6 +1,7 @@
 #include <QCoreApplication>
 #include <cstdio>
 
+#include "controller/core/backup.h"
 #include "link/mqtt/cellservice.h"
 #include "tools/controllerd/options.h"
 #include "tools/controllerd/signals.h"
@@ -14,6 +15,18 @@ void say(const QString &line)
     std::fprintf(stderr, "controllerd: %s\n", qPrintable(line));
 }
 
+/// Backs up or restores; the exit status.
+int copyStore(const controllerd::Options &options)
+{
+    const QString file = welmo::links::ControllerRunner::storeIn(options.dataFolder);
+    const QString problem = options.task == controllerd::Options::Task::BackUp
+        ? welmo::controller::backUp(file, options.backup)
+        : welmo::controller::restore(file, options.backup);
+    if (!problem.isEmpty())
+        say(problem);
+    return problem.isEmpty() ? 0 : couldNotStart;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -25,6 +38,8 @@ int main(int argc, char *argv[])
         return 0;
     }
     QString problem = options.error;
+    if (problem.isEmpty() && options.task != controllerd::Options::Task::Serve)
+        return copyStore(options);
     welmo::links::CellService::Options how{options.cell, options.broker, options.dataFolder, {}};
     if (problem.isEmpty())
         how.roles = welmo::links::Roles::read(options.usersFile, &problem);

@@ -12,16 +12,35 @@ namespace {
 
 constexpr char description[] =
     "The virtual robot controller as a service: one welding cell behind an MQTT 5 broker.\n\n"
+    "With \"backup FILE\" it copies what the folder keeps to a new file, while a cell is at work "
+    "or not; with \"restore FILE\" it puts such a file in place, and what was there aside.\n\n"
     "It ends on SIGTERM or SIGINT. Exit status: 0 ended so, 2 it could not start.";
+
+QString complaintAboutTask(const QStringList &words, Options *options)
+{
+    if (words.isEmpty())
+        return {};
+    const bool backsUp = words.first() == QLatin1String("backup");
+    if (!backsUp && words.first() != QLatin1String("restore"))
+        return QStringLiteral("unexpected argument '%1'").arg(words.first());
+    if (words.size() != 2)
+        return QStringLiteral("%1 needs one file").arg(words.first());
+    options->task = backsUp ? Options::Task::BackUp : Options::Task::Restore;
+    options->backup = words.last();
+    return {};
+}
 
 QString complaintAbout(const QCommandLineParser &parser, Options *options)
 {
-    if (!parser.positionalArguments().isEmpty())
-        return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
-    if (!welmo::links::protocol::isName(options->cell))
-        return QStringLiteral("--cell needs a name of A-Z a-z 0-9 . _ -");
+    if (QString complaint = complaintAboutTask(parser.positionalArguments(), options);
+        !complaint.isEmpty())
+        return complaint;
     if (options->dataFolder.isEmpty() || !QFileInfo(options->dataFolder).isDir())
         return QStringLiteral("--data needs a folder that is there");
+    if (options->task != Options::Task::Serve)
+        return {};
+    if (!welmo::links::protocol::isName(options->cell))
+        return QStringLiteral("--cell needs a name of A-Z a-z 0-9 . _ -");
     QString path;
     const QString complaint =
         welmo::links::parseAddress(parser.value(QStringLiteral("broker")), &options->broker, &path);
@@ -54,6 +73,8 @@ Options parseOptions(const QStringList &arguments)
     parser.setApplicationDescription(description);
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOptions({cell, broker, data, users});
+    parser.addPositionalArgument("backup|restore FILE", "Instead of serving.",
+                                 "[backup FILE | restore FILE]");
 
     Options options;
     if (!parser.parse(arguments)) {

@@ -8,6 +8,10 @@ namespace controllerd {
 
 struct Options
 {
+    enum class Task { Serve, BackUp, Restore };
+
+    Task task = Task::Serve;
+    QString backup; ///< the file to write or to read
     QString cell;
     welmo::links::BrokerAddress broker;
     QString dataFolder;

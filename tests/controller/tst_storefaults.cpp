@@ -1,0 +1,223 @@
+#include <QTemporaryDir>
+#include <QtTest>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include "controller/core/backup.h"
+#include "controllerbench.h"
+#include "support/files.h"
+#include "support/rows.h"
+
+using testsupport::contentOf;
+using testsupport::Rows;
+using testsupport::writeFile;
+using welmo::controller::Store;
+
+namespace {
+
+const QString path = QStringLiteral("a.node");
+
+/// Everything that can be read of it, as one value.
+QVariantMap contentIn(const Store &store)
+{
+    QVariantMap content;
+    for (const QString &node : {path, QString("b.node")}) {
+        const auto entries = store.readAll(node);
+        if (!entries)
+            content.insert(node, store.errorText());
+        else
+            for (const auto &[key, entry] : *entries)
+                content.insert(node + '/' + key, entry.value);
+    }
+    return content;
+}
+
+/// As any other program would.
+void executeIn(const QString &file, const char *sql)
+{
+    sqlite3 *handle = nullptr;
+    if (sqlite3_open(qPrintable(file), &handle) != SQLITE_OK
+        || sqlite3_exec(handle, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+        qFatal("%s: %s", qPrintable(file), sqlite3_errmsg(handle));
+    sqlite3_close(handle);
+}
+
+} // namespace
+
+/// What happens to the files of a store from outside: dead owners, copies, other versions, altered
+/// bytes. It is told, and nothing else than what was written is ever read.
+class tst_StoreFaults : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+    void aLockNeedsALivingHolder()
+    {
+        const QByteArray us = QByteArray::number(::getpid()) + "\ntst_storefaults\n"
+            + QSysInfo::machineHostName().toUtf8() + '\n';
+        const Rows<QByteArray> rows{{"left by a killed program", us},
+                                    {"empty", ""},
+                                    {"somebody's letter", "Dear operator"}};
+        for (const auto &[name, content] : rows) {
+            writeFile(file() + ".lock", content);
+            const auto store = open();
+            QVERIFY2(store, qPrintable(m_problem));
+            QVERIFY(!open() && m_problem.contains("in use"));
+        }
+        QVERIFY(open());
+        QDir().mkdir(file() + ".lock");
+        QVERIFY(!open() && m_problem.contains("directory"));
+    }
+
+    void aCopyOfARunningStoreIsRefused()
+    {
+        const auto owner = open();
+        const QString early = at("early.db");
+        QVERIFY(QFile::copy(file(), early));
+        QVERIFY(owner->write({{path, "a", 1}}));
+        const QString late = at("late.db");
+        QVERIFY(QFile::copy(file(), late));
+        writeFile(at("head.db"), contentOf(file()).left(100) + QByteArray(3996, '\0'));
+        for (const QString &copy : {early, late, at("head.db")}) {
+            const QByteArray before = contentOf(copy);
+            QVERIFY2(!Store::open(copy, &m_problem), qPrintable(copy));
+            QVERIFY(m_problem.startsWith(copy));
+            QCOMPARE(contentOf(copy), before);
+        }
+    }
+
+    void aKilledStoreComesBackEvenIfSomebodyLookedIntoIt()
+    {
+        const auto owner = open(); // lives on: what it leaves is copied
+        QVERIFY(owner->write({{path, "a", 1}}));
+        for (const bool looked : {false, true}) {
+            const QTemporaryDir other;
+            const QString killed = other.filePath("controller.db");
+            for (const char *suffix : {"", "-wal", ".lock"})
+                QVERIFY(QFile::copy(file() + suffix, killed + suffix));
+            if (looked) {
+                QCOMPARE(
+                    std::system(qPrintable("sqlite3 " + killed + " 'SELECT 1 FROM entry' >&2")), 0);
+            }
+            const auto store = Store::open(killed, &m_problem);
+            QVERIFY2(store, qPrintable(m_problem));
+            QCOMPARE(store->read(path, "a")->value, QVariant(1));
+        }
+    }
+
+    void alteredBytesAreNeverServed()
+    {
+        QVector<Store::Change> changes;
+        for (int i = 0; i < 60; ++i)
+            changes.append(
+                {i % 2 ? path : "b.node", QString::number(i), QString(40, 'a' + i % 20)});
+        QVERIFY(open()->write(changes));
+        const QByteArray whole = contentOf(file());
+        const QVariantMap truth = contentIn(*open());
+        int told = 0;
+        for (int position = 0; position < whole.size(); position += 101) {
+            QByteArray altered = whole;
+            altered[position] = char(altered[position] ^ (1 << position % 8));
+            const QTemporaryDir alone;
+            const QString mutant = alone.filePath("controller.db");
+            writeFile(mutant, altered);
+            const auto store = Store::open(mutant, &m_problem);
+            if (store && store->complaints().isEmpty())
+                QCOMPARE(contentIn(*store), truth);
+            else
+                ++told;
+        }
+        QVERIFY(told > 20);
+    }
+
+    void aDamagedEntryIsToldAndCanBeWrittenAnew()
+    {
+        QVERIFY(open()->write({{path, "a", "good"}, {path, "b", "fine"}}));
+        writeFile(file(), contentOf(file()).replace("\"good\"", "\"evil\""));
+        {
+            const auto store = open();
+            QCOMPARE(store->complaints().size(), 1);
+            QVERIFY(store->complaints().first().contains("a of a.node"));
+            QVERIFY(!store->read(path, "a") && store->errorText().contains("a of a.node"));
+            QCOMPARE(store->read(path, "b")->value, QVariant("fine"));
+            QVERIFY(store->write({{path, "a", "new"}}));
+            QCOMPARE(store->read(path, "a")->revision, 2);
+        }
+        QCOMPARE(open()->complaints(), QStringList());
+    }
+
+    void aLostEntryIsTold()
+    {
+        QVERIFY(open()->write({{path, "a", 1}, {path, "b", 2}}));
+        executeIn(file(), "DELETE FROM entry WHERE key = 'a'");
+        QCOMPARE(open()->complaints().size(), 1);
+    }
+
+    void backedUpAtWorkAndRestored()
+    {
+        using welmo::controller::backUp;
+        using welmo::controller::restore;
+        const QString backup = at("backup.db");
+        QString identity;
+        {
+            const auto owner = open();
+            identity = owner->identity();
+            QVERIFY(owner->write({{path, "a", 1}}));
+            QCOMPARE(backUp(file(), backup), QString());
+            QVERIFY(owner->write({{path, "a", 2}}));
+            QVERIFY(backUp(file(), backup).contains("already"));
+            QVERIFY(restore(file(), backup).contains("in use"));
+            QCOMPARE(owner->read(path, "a")->value, QVariant(2));
+        }
+        writeFile(at("bad.db"), contentOf(backup).replace("a.node", "b.node"));
+        QVERIFY(restore(file(), at("bad.db")).startsWith(at("bad.db")));
+        QCOMPARE(restore(file(), backup), QString());
+        const auto store = open();
+        QVERIFY2(store, qPrintable(m_problem));
+        QCOMPARE(store->read(path, "a")->value, QVariant(1));
+        QCOMPARE(store->complaints(), QStringList());
+        QVERIFY(!store->identity().isEmpty() && store->identity() != identity);
+        QCOMPARE(QDir(m_folder->path()).entryList({"*.replaced-*"}).size(), 1);
+        QVERIFY(backUp(at("none.db"), at("other.db")).contains("no store"));
+        QVERIFY(!QFile::exists(at("other.db")));
+    }
+
+    // As the first release left it: two files, one of them written twice, and one removed.
+    void theFirstFormatIsTakenOver()
+    {
+        QVERIFY(QFile::copy(FIXTURES "/format1.db", file()));
+        QFile(file()).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+        for (const bool again : {false, true}) {
+            ControllerBench bench(open());
+            QVERIFY2(bench.store, qPrintable(m_problem));
+            QCOMPARE(bench.controller.complaints(), QStringList());
+            QVERIFY(!bench.store->identity().isEmpty());
+            const auto file = bench.get("arc_weld.arcon_param", "arcondata1");
+            QCOMPARE(file.value, QVariant(QVariantMap{{"name", "arcondata1"}, {"current", 120.5}}));
+            QCOMPARE(*file.revision, 2);
+            QVERIFY(!bench.get("arc_weld.weld_param", "arcdata2").value.isValid());
+            QVERIFY(!bench.get("orbo.project", "point._list").value.toList().isEmpty());
+            const QVariantList audit = bench.get("cell.audit").value.toMap()["entries"].toList();
+            QCOMPARE(audit.size(), 4);
+            const QVariantMap second = audit.at(1).toMap();
+            QCOMPARE(second["user"], QVariant("bert"));
+            QCOMPARE(second["changes"],
+                     QVariant(QVariantList{
+                         QVariantMap{{"at", "current"}, {"old", 100}, {"new", 120.5}}}));
+            if (again)
+                QVERIFY(bench.set("arc_weld.arcon_param", "arcondata1", file.value).ok());
+        }
+    }
+
+private:
+    QString at(const QString &name) const { return m_folder->filePath(name); }
+    QString file() const { return at("controller.db"); }
+    std::unique_ptr<Store> open() { return Store::open(file(), &m_problem); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_problem;
+};
+
+QTEST_GUILESS_MAIN(tst_StoreFaults)
+#include "tst_storefaults.moc"
