@@ -70,8 +70,7 @@ Reply Registry::write(const Node &node, const Request &request) const
         return Reply::refused(ReadOnly, request.path);
     if (sizeOf(request.payload) > node.largest) {
         return Reply::refused(
-            BadPayload,
-            QStringLiteral("%1: more than %2 bytes").arg(request.path).arg(node.largest));
+            TooMuch, QStringLiteral("%1: more than %2 bytes").arg(request.path).arg(node.largest));
     }
     return node.write(request.key, request.payload);
 }

@@ -48,7 +48,8 @@ enum Code {
     NoGas = 10, ///< there is no gas pressure
     Conflict = 11, ///< somebody else has written it since it was read; the value says who and when
     NotInControl = 12, ///< another pendant holds control
-    NotAllowed = 13 ///< the user's role does not reach so far
+    NotAllowed = 13, ///< the user's role does not reach so far
+    TooMuch = 14 ///< larger, or more, than is taken: nothing of it was
 };
 
 /// The answer. With Ok an invalid @c value means: there is no such entry. A read that failed has

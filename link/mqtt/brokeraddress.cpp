@@ -1,5 +1,6 @@
 #include "link/mqtt/brokeraddress.h"
 
+#include <QMessageAuthenticationCode>
 #include <QRegularExpression>
 #include <QUrl>
 
@@ -53,6 +54,13 @@ QString parseAddress(const QString &text, BrokerAddress *address, QString *cell)
         return {};
     return QStringLiteral("%1 is another machine: it is reached by mqtts:// only")
         .arg(address->host);
+}
+
+QString clientIdFor(const BrokerAddress &address, const QString &name)
+{
+    const QByteArray secret = QMessageAuthenticationCode::hash(
+        name.toUtf8(), address.password.toUtf8(), QCryptographicHash::Sha256);
+    return name + '-' + QString::fromLatin1(secret.toHex().left(32));
 }
 
 } // namespace welmo::links

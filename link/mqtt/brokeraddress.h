@@ -25,4 +25,8 @@ struct BrokerAddress
 /// when it would leave this machine without encryption.
 QString parseAddress(const QString &text, BrokerAddress *address, QString *cell);
 
+/// A client id for who is @p name at that broker: the same each time, so that a new connection
+/// takes the place of an earlier one, and nobody who does not know the password can do the same.
+QString clientIdFor(const BrokerAddress &address, const QString &name);
+
 } // namespace welmo::links

@@ -1,6 +1,7 @@
 #include "link/mqtt/cellservice.h"
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QUuid>
 
 #include "schema/names.h"
@@ -14,10 +15,12 @@ namespace welmo::links {
 namespace {
 
 constexpr int echoMs = 2500; // after which our own connection counts as dead
+constexpr int workMs = 5; // at a stretch, for what came in
 
 const QString sessionKey = QStringLiteral("session");
 const QString timeKey = QStringLiteral("time");
 const QString bootKey = QStringLiteral("boot");
+const QString storeKey = QStringLiteral("store");
 const QString userKey = QStringLiteral("user");
 const QString clientKey = QStringLiteral("client");
 const QString mineKey = QStringLiteral("mine");
@@ -28,13 +31,17 @@ CellService::CellService(const Options &options, QObject *parent)
     : QObject(parent)
     , m_options(options)
     , m_topics(options.cell)
+    , m_roles(options.roles)
     , m_boot(QUuid::createUuid().toString(QUuid::Id128))
     , m_station(options.dataFolder, m_faults, m_journal, options.clock, this)
     , m_board([this](const QString &path, const QString &key, const QVariant &value) {
         publish(m_topics.value(path, key), protocol::toValueMessage(value));
     })
     , m_alive(this)
+    , m_work(this)
 {
+    m_work.setSingleShot(true);
+    connect(&m_work, &QTimer::timeout, this, &CellService::workOff);
     m_alive.setTimerType(Qt::PreciseTimer);
     connect(&m_alive, &QTimer::timeout, this, &CellService::showAlive);
     connect(&m_station, &ControllerRunner::problem, this, &CellService::problem);
@@ -45,8 +52,9 @@ CellService::CellService(const Options &options, QObject *parent)
     connect(&m_station, &ControllerRunner::notified, this,
             [this](const QString &path, const QVariant &values) { m_board.update(path, values); });
 
-    // The id is the cell's: a second service of the name takes the connection of the first.
-    MqttClient::Options how{options.address, QStringLiteral("cell-") + options.cell,
+    // A second service of the name takes the connection of the first.
+    MqttClient::Options how{options.address,
+                            clientIdFor(options.address, QStringLiteral("cell-") + options.cell),
                             protocol::toStatusMessage(false)};
     how.will->topic = m_topics.status();
     MqttClient::Handlers handlers;
@@ -55,10 +63,7 @@ CellService::CellService(const Options &options, QObject *parent)
         QMetaObject::invokeMethod(
             this, [this, reason] { onOffline(reason); }, Qt::QueuedConnection);
     };
-    handlers.message = [this](const MqttMessage &message) {
-        QMetaObject::invokeMethod(
-            this, [this, message] { onMessage(message); }, Qt::QueuedConnection);
-    };
+    handlers.message = [this](const MqttMessage &message) { takeIn(message); };
     m_client = std::make_unique<MqttClient>(how, handlers);
 }
 
@@ -116,24 +121,61 @@ void CellService::onOffline(const QString &reason)
     m_reported = reason;
 }
 
-void CellService::onMessage(const MqttMessage &message)
+/// On the client's thread: what is too much never gets to ours.
+void CellService::takeIn(const MqttMessage &message)
+{
+    static const controller::Clock clock = controller::steadyClock();
+    const QString requester = m_topics.requester(message.topic);
+    const QString user = requester.isEmpty() ? m_topics.beater(message.topic) : requester;
+    if (!m_inbox.put(user, message, clock()))
+        ++m_crowded;
+    else if (!m_workWanted.exchange(true))
+        posted([this] { workOff(); })();
+}
+
+void CellService::workOff()
+{
+    QElapsedTimer stretch;
+    stretch.start();
+    m_refused.crowded = m_crowded;
+    while (stretch.elapsed() < workMs) {
+        const std::optional<Inbox::Item> next = m_inbox.take();
+        if (!next && !m_workWanted.exchange(false))
+            return; // nothing came in between the two looks
+        if (next)
+            onMessage(next->message, next->user);
+    }
+    m_workWanted = true;
+    m_work.start(0);
+}
+
+void CellService::onMessage(const MqttMessage &message, const QString &user)
 {
     if (message.topic == m_topics.alive()) {
         m_echo = m_station.now();
         return;
     }
-    const QString requester = m_topics.requester(message.topic);
-    const QString beater = m_topics.beater(message.topic);
     if (!m_station.isReachable())
         return;
     if (message.retained)
         ++m_refused.stale; // a command that was left lying about
-    else if (!requester.isEmpty())
-        onRequest(message, requester);
-    else if (!beater.isEmpty())
-        onBeat(message, beater);
-    else
+    else if (user.isEmpty())
         ++m_refused.malformed;
+    else if (message.topic == m_topics.request(user))
+        onRequest(message, user);
+    else
+        onBeat(message, user);
+}
+
+void CellService::setRoles(const Roles &roles)
+{
+    m_roles = roles;
+    m_pendants.endIf(
+        [&roles](const PendantSession &session) { return roles.of(session.user) == Role::Nobody; });
+    const PendantSession *holder = m_pendants.holder();
+    if (holder && roles.of(holder->user) < Role::Operator)
+        m_pendants.giveControl(*holder);
+    afterSessions();
 }
 
 void CellService::onRequest(const MqttMessage &message, const QString &user)
@@ -186,7 +228,7 @@ std::optional<Reply> CellService::answerTo(PendantSession &session,
 void CellService::welcome(const MqttMessage &message, const QString &user, const QString &client,
                           const QString &greeting)
 {
-    const Role role = m_options.roles.of(user);
+    const Role role = m_roles.of(user);
     if (role == Role::Nobody) {
         ++m_refused.forbidden;
         send(message,
@@ -194,14 +236,22 @@ void CellService::welcome(const MqttMessage &message, const QString &user, const
                             QStringLiteral("the cell knows no user ") + user));
         return;
     }
-    const PendantSession &session = m_pendants.greet(user, client, greeting, m_station.now());
+    const PendantSession *session = m_pendants.greet(user, client, greeting, m_station.now());
+    if (!session) {
+        m_refused.crowded = ++m_crowded;
+        send(message,
+             Reply::refused(controller::TooMuch, QStringLiteral("too many pendants of ") + user));
+        return;
+    }
     if (role >= Role::Operator)
-        m_pendants.takeControl(session);
+        m_pendants.takeControl(*session);
     afterSessions();
     showAlive();
     send(message,
-         Reply::with(
-             QVariantMap{{sessionKey, session.id}, {timeKey, m_station.now()}, {bootKey, m_boot}}));
+         Reply::with(QVariantMap{{sessionKey, session->id},
+                                 {timeKey, m_station.now()},
+                                 {bootKey, m_boot},
+                                 {storeKey, m_station.storeIdentity()}}));
 }
 
 Reply CellService::carryOut(PendantSession &session, const Request &request)
@@ -215,7 +265,7 @@ Reply CellService::carryOut(PendantSession &session, const Request &request)
 
 Reply CellService::permission(const PendantSession &session, const Request &request) const
 {
-    if (!m_options.roles.allows(session.user, request)) {
+    if (!m_roles.allows(session.user, request)) {
         return Reply::refused(controller::NotAllowed,
                               QStringLiteral("%1 is not for %2").arg(request.path, session.user));
     }

@@ -2,8 +2,10 @@
 
 #include <QObject>
 #include <QTimer>
+#include <atomic>
 #include <memory>
 
+#include "link/mqtt/inbox.h"
 #include "link/mqtt/mqttclient.h"
 #include "link/mqtt/pendants.h"
 #include "link/mqtt/retainedvalues.h"
@@ -37,14 +39,17 @@ public:
         int repeated = 0; ///< answered before; the answer was given again
         int strange = 0; ///< of another session
         int forbidden = 0; ///< not for this user
+        int crowded = 0; ///< more than a user's share
 
-        int all() const { return malformed + stale + repeated + strange + forbidden; }
+        int all() const { return malformed + stale + repeated + strange + forbidden + crowded; }
     };
 
     explicit CellService(const Options &options, QObject *parent = nullptr);
     ~CellService() override;
 
     void start();
+    /// From now on; who may no longer do so loses control, or the session.
+    void setRoles(const Roles &roles);
     /// A request from inside the process, in nobody's name; only once it is online.
     controller::Reply handle(const controller::Request &request);
     const Refused &refused() const { return m_refused; }
@@ -60,7 +65,9 @@ signals:
 private:
     void onOnline();
     void onOffline(const QString &reason);
-    void onMessage(const MqttMessage &message);
+    void takeIn(const MqttMessage &message);
+    void workOff();
+    void onMessage(const MqttMessage &message, const QString &user);
     void onRequest(const MqttMessage &message, const QString &user);
     void onBeat(const MqttMessage &message, const QString &user);
     void welcome(const MqttMessage &message, const QString &user, const QString &client,
@@ -85,6 +92,7 @@ private:
 
     const Options m_options;
     const protocol::Topics m_topics;
+    Roles m_roles;
     const QString m_boot;
     controller::Faults m_faults;
     controller::Journal m_journal;
@@ -95,6 +103,10 @@ private:
     Refused m_refused;
     QString m_reported;
     QTimer m_alive;
+    Inbox m_inbox;
+    QTimer m_work; // of no length: the other timers get their turn in between
+    std::atomic<bool> m_workWanted{false};
+    std::atomic<int> m_crowded{0};
     qint64 m_echo = 0; // when our own sign of life came back last
     std::unique_ptr<MqttClient> m_client; // last: its thread ends first
 };

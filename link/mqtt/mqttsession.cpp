@@ -40,7 +40,9 @@ MqttSession::MqttSession(const BrokerAddress &address, const QString &cell, cont
     m_silence.start();
     m_end = protocol::toMessage(protocol::Beat{m_client, 0, 0, {}, true});
     m_end.topic = m_topics.beat(m_user);
-    const MqttClient::Options how{address, m_client, m_end};
+    // Another name than in the topics: who knew it could cut this pendant off.
+    const QString id = QStringLiteral("pendant-") + QUuid::createUuid().toString(QUuid::Id128);
+    const MqttClient::Options how{address, id, m_end};
     m_mqtt = std::make_unique<MqttClient>(
         how,
         MqttClient::Handlers{
@@ -210,11 +212,24 @@ void MqttSession::onGreeting(int session, const Reply &reply)
         return;
     }
     m_boot = values.value(QStringLiteral("boot")).toString();
+    meetStore(values.value(QStringLiteral("store")).toString());
     m_offsetKnown = false;
     hearTime(time);
     m_session = session;
     m_complaint.clear();
     emit greeted(session);
+}
+
+// Revisions count within one life of one store: in another the same number is another content.
+void MqttSession::meetStore(const QString &store)
+{
+    const QString life = store + '/' + m_boot;
+    if (life != m_life)
+        m_revisions.clear();
+    if (!m_store.isEmpty() && store != m_store)
+        emit problem(tr("%1 keeps other data than before").arg(m_cell));
+    m_life = life;
+    m_store = store;
 }
 
 void MqttSession::onAnswer(const std::shared_ptr<PendingCall> &exchange, const Reply &reply)

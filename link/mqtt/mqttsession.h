@@ -60,6 +60,7 @@ private:
     bool send(protocol::Request request, const Pending &pending);
     void breakOff();
     void watch(const QString &path);
+    void meetStore(const QString &store);
     void hearTime(qint64 theirs);
     void complain(const QString &line);
 
@@ -76,6 +77,8 @@ private:
     int m_session = 0; // the link's session that the cell has agreed to; 0: none
     QString m_wireSession;
     QString m_boot;
+    QString m_store; // whose identity the cell told last
+    QString m_life; // of that store, with that boot
     qint64 m_sequence = 0; // never used twice, whatever the session
     qint64 m_beats = 0;
     qint64 m_offset = 0; // the cell's clock is at least so far ahead of ours

@@ -26,17 +26,17 @@ void PendantSession::remember(qint64 sequence, const controller::Reply &reply)
         answered.pop_front();
 }
 
-PendantSession &Pendants::greet(const QString &user, const QString &client, const QString &greeting,
+PendantSession *Pendants::greet(const QString &user, const QString &client, const QString &greeting,
                                 qint64 now)
 {
-    const auto known = std::find_if(m_sessions.begin(), m_sessions.end(), [&](const auto &session) {
-        return session.user == user && session.client == client && session.greeting == greeting;
-    });
+    const auto known = m_sessions.find(m_ids.value(user).value(client));
+    if (known != m_sessions.end() && known->greeting == greeting)
+        return &*known;
+    if (known == m_sessions.end() && m_ids.value(user).size() >= mostOfAUser)
+        return nullptr;
+    const bool keeps = known != m_sessions.end() && known->id == m_holder;
     if (known != m_sessions.end())
-        return *known;
-    const PendantSession *before = holder();
-    const bool keeps = before && before->user == user && before->client == client;
-    endClient(user, client);
+        erase(known);
     PendantSession session;
     session.id = QUuid::createUuid().toString(QUuid::Id128);
     session.user = user;
@@ -45,7 +45,17 @@ PendantSession &Pendants::greet(const QString &user, const QString &client, cons
     session.lastSeen = now;
     if (keeps)
         m_holder = session.id;
-    return *m_sessions.insert(session.id, session);
+    m_ids[user].insert(client, session.id);
+    return &*m_sessions.insert(session.id, session);
+}
+
+Pendants::Sessions::iterator Pendants::erase(Sessions::iterator session)
+{
+    QHash<QString, QString> &clients = m_ids[session->user];
+    clients.remove(session->client);
+    if (clients.isEmpty())
+        m_ids.remove(session->user);
+    return m_sessions.erase(session);
 }
 
 PendantSession *Pendants::find(const QString &id, const QString &user)
@@ -61,9 +71,12 @@ void Pendants::endAll()
 
 void Pendants::endClient(const QString &user, const QString &client)
 {
-    endIf([&](const PendantSession &session) {
-        return session.user == user && session.client == client;
-    });
+    const auto found = m_sessions.find(m_ids.value(user).value(client));
+    if (found == m_sessions.end())
+        return;
+    if (found->id == m_holder)
+        m_holder.clear();
+    erase(found);
 }
 
 void Pendants::endSilent(qint64 now)
@@ -71,15 +84,6 @@ void Pendants::endSilent(qint64 now)
     endIf([&](const PendantSession &session) {
         return now - session.lastSeen > protocol::silentPendantMs;
     });
-}
-
-template<typename Condition>
-void Pendants::endIf(Condition condition)
-{
-    for (auto it = m_sessions.begin(); it != m_sessions.end();)
-        it = condition(*it) ? m_sessions.erase(it) : std::next(it);
-    if (!m_sessions.contains(m_holder))
-        m_holder.clear();
 }
 
 const PendantSession *Pendants::holder() const

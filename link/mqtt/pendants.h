@@ -36,15 +36,25 @@ struct PendantSession
 class Pendants
 {
 public:
+    static constexpr int mostOfAUser = 32;
+
     /// A new session, in place of an earlier one of the same client, whose control it keeps; the
-    /// same one again for the same greeting.
-    PendantSession &greet(const QString &user, const QString &client, const QString &greeting,
+    /// same one again for the same greeting. Null, when the user has too many already.
+    PendantSession *greet(const QString &user, const QString &client, const QString &greeting,
                           qint64 now);
     /// Null for a session that is not, or not this user's.
     PendantSession *find(const QString &id, const QString &user);
     void endAll();
     void endClient(const QString &user, const QString &client);
     void endSilent(qint64 now);
+    template<typename Condition>
+    void endIf(Condition condition)
+    {
+        for (auto it = m_sessions.begin(); it != m_sessions.end();)
+            it = condition(*it) ? erase(it) : std::next(it);
+        if (!m_sessions.contains(m_holder))
+            m_holder.clear();
+    }
     bool isEmpty() const { return m_sessions.isEmpty(); }
 
     /// Null while nobody holds control.
@@ -55,10 +65,12 @@ public:
     void giveControl(const PendantSession &session);
 
 private:
-    template<typename Condition>
-    void endIf(Condition condition);
+    using Sessions = QHash<QString, PendantSession>;
 
-    QHash<QString, PendantSession> m_sessions;
+    Sessions::iterator erase(Sessions::iterator session);
+
+    Sessions m_sessions; // by their id
+    QHash<QString, QHash<QString, QString>> m_ids; // by user and client
     QString m_holder;
 };
 

@@ -271,6 +271,7 @@ std::optional<Request> toRequest(const MqttMessage &message)
     if (!request.hello) {
         request.sequence = numberOf(message, sequenceProperty, &good);
         request.deadline = numberOf(message, deadlineProperty, &good);
+        good = good && isTime(request.deadline);
     }
     request.content.path = reader.text(pathKey);
     request.content.key = reader.text(keyKey);
@@ -332,7 +333,14 @@ MqttMessage toMessage(const Reply &reply)
     put(&map, revisionKey, reply.revision);
     if (reply.value.isValid())
         map.insert(valueKey, reply.value);
-    return {{}, compact(map), 1};
+    MqttMessage message{{}, compact(map), 1};
+    if (message.payload.size() <= longestMessage)
+        return message;
+    return toMessage(
+        Reply::refused(controller::TooMuch,
+                       QStringLiteral("the answer would have %1 bytes, at most %2 are sent")
+                           .arg(message.payload.size())
+                           .arg(longestMessage)));
 }
 
 std::optional<Reply> toReply(const MqttMessage &message)

@@ -61,6 +61,11 @@ QString ControllerRunner::startController()
     return {};
 }
 
+QString ControllerRunner::storeIdentity() const
+{
+    return m_store ? m_store->identity() : QString();
+}
+
 void ControllerRunner::answer(Work deliver, Work drop)
 {
     const int delay = m_faults.delay();

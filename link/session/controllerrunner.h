@@ -34,6 +34,8 @@ public:
     void forgetProblem() { m_reported.clear(); }
     /// Null until it was ready.
     controller::Controller *controller() { return m_controller.get(); }
+    /// Of the store; empty until it was ready.
+    QString storeIdentity() const;
     bool isReachable() const { return !m_faults.isOn(controller::Faults::Fault::LinkDown); }
     qint64 now() const { return m_clock(); }
 

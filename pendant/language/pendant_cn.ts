@@ -85,6 +85,10 @@
 <context>
     <name>welmo::links::MqttSession</name>
     <message>
+        <source>%1 keeps other data than before</source>
+        <translation>%1 中的数据与之前不同</translation>
+    </message>
+    <message>
         <source>%1 was written by somebody else meanwhile</source>
         <translation>%1 期间已被他人写入</translation>
     </message>

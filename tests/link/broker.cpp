@@ -41,14 +41,19 @@ Broker &Broker::shared()
     return one;
 }
 
-void Broker::command(const QStringList &arguments, const QByteArray &input)
+bool Broker::tries(const QStringList &arguments, const QByteArray &input)
 {
     const QString line = QStringLiteral("'%1' '%2'").arg(BROKER_SCRIPT, arguments.join("' '"));
     FILE *script = ::popen(qPrintable(line), "w");
-    if (!script
-        || std::fwrite(input.constData(), 1, size_t(input.size()), script) != size_t(input.size())
-        || ::pclose(script) != 0)
-        qFatal("the broker's script failed: %s", qPrintable(line));
+    return script
+        && std::fwrite(input.constData(), 1, size_t(input.size()), script) == size_t(input.size())
+        && ::pclose(script) == 0;
+}
+
+void Broker::command(const QStringList &arguments, const QByteArray &input)
+{
+    if (!tries(arguments, input))
+        qFatal("the broker's script failed: %s", qPrintable(arguments.join(' ')));
 }
 
 void Broker::start()

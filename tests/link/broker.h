@@ -27,7 +27,9 @@ public:
     QString folder() const { return m_folder.path(); }
     /// Serves encrypted on another port from now on, as the user finds it in as().
     void encrypt(const QString &certificate, const QString &key);
-    /// Runs the shipped script; ends the test when that fails.
+    /// Runs the shipped script; false when that fails.
+    bool tries(const QStringList &arguments, const QByteArray &input = {});
+    /// Likewise, and ends the test when that fails.
     void command(const QStringList &arguments, const QByteArray &input = {});
 
 private:

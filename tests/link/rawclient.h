@@ -9,9 +9,11 @@
 /// A client that sends whatever it is told to.
 struct RawClient
 {
-    RawClient(const welmo::links::BrokerAddress &address, const QString &name)
+    /// With @p id as the client id at the broker, or one of its own.
+    RawClient(const welmo::links::BrokerAddress &address, const QString &name,
+              const QString &id = {})
         : user(name)
-        , m_client({address, "raw-" + user},
+        , m_client({address, id.isEmpty() ? "raw-" + user : id},
                    {[this] {
                         m_client.subscribe(replyTopic(), 1);
                         m_client.subscribe(topics.value("#"), 0);
@@ -28,6 +30,7 @@ struct RawClient
     }
     ~RawClient() { m_client.stop(); }
 
+    bool isOnline() const { return m_client.isOnline(); }
     QString replyTopic() const { return topics.reply(user, "raw-" + user); }
     void publish(const welmo::links::MqttMessage &message) { m_client.publish(message); }
     /// The request as a message that is ready to be sent, and sent again.

@@ -84,6 +84,8 @@ private slots:
              [&](MqttMessage &message) { message.properties[0].second = other.session; }},
             {"answer to somebody else",
              [&](MqttMessage &message) { message.responseTopic = other.replyTopic(); }},
+            {"for ever",
+             [](MqttMessage &message) { message.properties[2].second = "9223372036854775807"; }},
             {"answer nowhere", [](MqttMessage &message) { message.responseTopic.clear(); }},
         };
         for (const auto &[name, spoil] : rows) {
@@ -202,6 +204,25 @@ private slots:
             QVERIFY(message.payload != forged.payload);
     }
 
+    void anAccountIsNotReplacedUnasked()
+    {
+        Broker broker;
+        const QString folder = broker.folder();
+        const Rows<QStringList> rows{{"a user", {"user", folder, "bert", "cell"}},
+                                     {"a cell", {"cell", folder, "cell"}},
+                                     {"a user by a cell", {"cell", folder, "bert"}},
+                                     {"nobody's password", {"password", folder, "carl"}}};
+        for (const auto &[name, arguments] : rows)
+            QVERIFY(!broker.tries(arguments, "other\n"));
+        QVERIFY(RawClient(broker.as("bert"), "bert").isOnline());
+        broker.command({"password", folder, "bert"}, "other\n");
+        broker.stop();
+        broker.start();
+        auto changed = broker.as("bert");
+        changed.password = "other";
+        QVERIFY(RawClient(changed, "bert").isOnline());
+    }
+
     void whoIsUnknownIsNotGreeted()
     {
         auto options = Cell::options(Broker::shared().as("cell"));
@@ -235,6 +256,99 @@ private slots:
         anna.link.reset(); // switched off with control in its hand
         QTRY_COMPARE_WITH_TIMEOUT(holder(bert), "", patient);
         QCOMPARE(bert.run(names::takeControl), 0);
+    }
+
+    void nobodyIsCutOffByAName()
+    {
+        const Cell cell(Cell::options(Broker::shared().as("cell")));
+        QSignalSpy outages(cell.service(), &welmo::links::CellService::problem);
+        Pendant anna(Broker::shared().as("anna"));
+        QVERIFY(anna.comeUp());
+        QSignalSpy flaps(anna.link.get(), &welmo::links::MqttLink::upChanged);
+        const QVariantMap control = anna.call(Kind::Get, names::control).value.toMap();
+        for (const QString &known :
+             {QString("cell"), QString("cell-cell"), control.value("client").toString()}) {
+            RawClient intruder(Broker::shared().as("bert"), "bert", known);
+            QVERIFY(!known.isEmpty() && intruder.greet());
+        }
+        QCOMPARE(outages.size() + flaps.size(), 0);
+        QCOMPARE(anna.get().code, 0);
+    }
+
+    void aSwappedControllerIsNotWrittenOver()
+    {
+        Pendant anna(Broker::shared().as("anna"));
+        Pendant bert(Broker::shared().as("bert"));
+        for (const Pendant *writer : {&anna, &bert}) { // at the same revision in either store
+            const Cell cell(Cell::options(Broker::shared().as("cell")));
+            QVERIFY(writer->comeUp());
+            QCOMPARE(writer->save(1, writer == &anna ? 100 : 900).code, 0);
+            QVERIFY(anna.comeUp());
+            if (writer == &anna)
+                continue;
+            QVERIFY(anna.isTold("other data"));
+            anna.problems->clear();
+            QCOMPARE(anna.save(1, 100).code, int(welmo::controller::Conflict));
+            QVERIFY(anna.isTold("bert"));
+            QCOMPARE(anna.load(1).value, QVariant(file(1, 900)));
+            QCOMPARE(anna.save(1, 100).code, 0);
+        }
+    }
+
+    void aFloodIsTheFloodersOwn()
+    {
+        Scene scene("bert");
+        Pendant anna(Broker::shared().as("anna"));
+        QVERIFY(anna.comeUp());
+        QSignalSpy flaps(anna.link.get(), &welmo::links::MqttLink::upChanged);
+        const MqttMessage hello = scene.raw.message({});
+        for (int i = 0; i < 20000; ++i) {
+            MqttMessage another = hello;
+            another.payload = "{\"kind\":\"hello\",\"key\":\"1\"}";
+            another.responseTopic = scene.raw.topics.reply("bert", QString::number(i));
+            scene.raw.publish(another);
+            if (i % 500 == 0)
+                QCOMPARE(anna.get().code, 0);
+        }
+        QTRY_VERIFY(scene.cell.refused().crowded > 1000);
+        QCOMPARE(anna.get().code, 0);
+        QCOMPARE(flaps.size(), 0);
+    }
+
+    void rolesChangeAtOnce()
+    {
+        using welmo::links::Role;
+        const Cell cell(Cell::options(Broker::shared().as("cell")));
+        Pendant anna(Broker::shared().as("anna"));
+        QVERIFY(anna.comeUp());
+        const Rows<Role, int, QString> rows{
+            {"reads only", Role::Viewer, int(welmo::controller::NotAllowed), ""},
+            {"works", Role::Operator, int(welmo::controller::NotInControl), ""},
+            {"is unknown", Role::Nobody, int(LinkReply::Lost), ""},
+        };
+        QCOMPARE(holder(anna), "anna");
+        for (const auto &[name, role, code, holds] : rows) {
+            QMetaObject::invokeMethod(
+                cell.service(),
+                [&cell, role = role] {
+                    cell.service()->setRoles(welmo::links::Roles({{"anna", role}}));
+                },
+                Qt::BlockingQueuedConnection);
+            QCOMPARE(anna.command("real").code, code);
+            if (code > 0)
+                QCOMPARE(holder(anna), holds);
+        }
+    }
+
+    void anAnswerThatDoesNotFitSaysSo()
+    {
+        using namespace welmo::links::protocol;
+        QVariantList much;
+        for (int i = 0; i < 100; ++i)
+            much.append(QString(60000, 'x'));
+        const auto reply = toReply(toMessage(welmo::controller::Reply::with(much)));
+        QVERIFY(reply);
+        QCOMPARE(reply->code, int(welmo::controller::TooMuch));
     }
 
     void twoEditors()

@@ -27,6 +27,17 @@ int copyStore(const controllerd::Options &options)
     return problem.isEmpty() ? 0 : couldNotStart;
 }
 
+/// The users, and what they may do; a file that cannot be used changes nothing.
+void reread(const QString &usersFile, welmo::links::CellService *service)
+{
+    QString problem;
+    const auto roles = welmo::links::Roles::read(usersFile, &problem);
+    if (problem.isEmpty())
+        service->setRoles(roles);
+    else
+        say(problem);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -52,6 +63,8 @@ int main(int argc, char *argv[])
     QObject::connect(&service, &welmo::links::CellService::problem, &say);
     QObject::connect(&service, &welmo::links::CellService::online,
                      [&options] { say(QStringLiteral("%1 is online").arg(options.cell)); });
+    QObject::connect(&signalled, &controllerd::Signals::rereadWanted,
+                     [&] { reread(options.usersFile, &service); });
     QObject::connect(&signalled, &controllerd::Signals::endWanted, &app, &QCoreApplication::quit);
     service.start();
     return QCoreApplication::exec();

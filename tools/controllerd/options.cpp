@@ -14,7 +14,8 @@ constexpr char description[] =
     "The virtual robot controller as a service: one welding cell behind an MQTT 5 broker.\n\n"
     "With \"backup FILE\" it copies what the folder keeps to a new file, while a cell is at work "
     "or not; with \"restore FILE\" it puts such a file in place, and what was there aside.\n\n"
-    "It ends on SIGTERM or SIGINT. Exit status: 0 ended so, 2 it could not start.";
+    "On SIGHUP it reads the users anew. It ends on SIGTERM or SIGINT. Exit status: 0 ended so, 2 "
+    "it could not start.";
 
 QString complaintAboutTask(const QStringList &words, Options *options)
 {

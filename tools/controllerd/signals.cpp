@@ -13,11 +13,15 @@ int wakeUp()
     return descriptor;
 }
 
+volatile std::sig_atomic_t reread = 0;
+volatile std::sig_atomic_t ended = 0;
+
 } // namespace
 
-// All that a signal handler may do is to write to a descriptor.
-void Signals::handle(int)
+// All that a signal handler may do is to set a flag and to write to a descriptor.
+void Signals::handle(int number)
 {
+    (number == SIGHUP ? reread : ended) = 1;
     eventfd_write(wakeUp(), 1);
 }
 
@@ -27,10 +31,16 @@ Signals::Signals()
     connect(&m_notifier, &QSocketNotifier::activated, this, [this] {
         eventfd_t count = 0;
         eventfd_read(wakeUp(), &count);
-        emit endWanted();
+        if (reread) {
+            reread = 0;
+            emit rereadWanted();
+        }
+        if (ended)
+            emit endWanted();
     });
     std::signal(SIGTERM, &Signals::handle);
     std::signal(SIGINT, &Signals::handle);
+    std::signal(SIGHUP, &Signals::handle);
 }
 
 } // namespace controllerd

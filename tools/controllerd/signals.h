@@ -5,7 +5,7 @@
 
 namespace controllerd {
 
-/// SIGTERM and SIGINT as a signal of the event loop. One in a process.
+/// SIGTERM, SIGINT and SIGHUP as signals of the event loop. One in a process.
 class Signals : public QObject
 {
     Q_OBJECT
@@ -14,6 +14,7 @@ public:
 
 signals:
     void endWanted();
+    void rereadWanted();
 
 private:
     static void handle(int);
