@@ -326,7 +326,9 @@ void CellService::onBeat(const MqttMessage &message, const QString &user)
     session->lastBeat = beat->sequence;
     session->lastSeen = m_station.now();
     // A beat that was long on its way proves nothing of now.
-    if (m_pendants.holdsControl(*session)) {
+    if (!protocol::isCredible(beat->time, m_station.now())) {
+        ++m_refused.stale;
+    } else if (m_pendants.holdsControl(*session)) {
         m_station.controller()->beat(qMin(beat->time, m_station.now()), beat->presses);
         m_station.tick();
     }
@@ -339,7 +341,12 @@ void CellService::showAlive()
     const qint64 now = m_station.now();
     m_pendants.endSilent(now);
     afterSessions();
-    publish(m_topics.alive(), protocol::toMessage(protocol::Alive{m_boot, now, m_refused.all()}));
+    protocol::Alive alive{m_boot, now, m_refused.all()};
+    if (const PendantSession *holder = m_pendants.holder()) {
+        alive.client = holder->client;
+        alive.beat = holder->lastBeat;
+    }
+    publish(m_topics.alive(), protocol::toMessage(alive));
     if (now - m_echo > echoMs) {
         m_echo = now;
         m_client->restart();

@@ -2,6 +2,7 @@
 
 #include <QMutexLocker>
 #include <QUuid>
+#include <algorithm>
 
 #include "link/session/requests.h"
 
@@ -13,6 +14,7 @@ namespace welmo::links {
 
 namespace {
 
+constexpr size_t rememberedBeats = 64; // of the last second and a half
 constexpr int unansweredMs = 2000; // a greeting, until somebody is told
 
 const QString nobody = QStringLiteral("nobody"); // a broker that asks for no user
@@ -100,7 +102,7 @@ void MqttSession::ask(int session, const std::shared_ptr<PendingCall> &exchange,
     protocol::Request request;
     request.session = m_wireSession;
     // The answer has a way to go too: what is begun at the last moment is done for nobody.
-    request.deadline = m_clock() + m_offset + timeoutMs - timeoutMs / 8;
+    request.deadline = m_cellClock.at(m_clock()) + timeoutMs - timeoutMs / 8;
     request.content = toController(asked);
     if (asked.kind == LinkRequest::Kind::Set && hasRevision(asked))
         request.content.revision = m_revisions.value(revisionKey(asked));
@@ -122,7 +124,11 @@ void MqttSession::beat(int session, const QVector<int> &presses)
     const QMutexLocker lock(&m_mutex);
     if (session != m_session)
         return;
-    protocol::Beat beat{m_wireSession, ++m_beats, m_clock() + m_offset, presses};
+    const qint64 now = m_clock();
+    protocol::Beat beat{m_wireSession, ++m_beats, m_cellClock.at(now), presses};
+    m_sent.emplace_back(beat.sequence, now);
+    if (m_sent.size() > rememberedBeats)
+        m_sent.pop_front();
     MqttMessage message = protocol::toMessage(beat);
     message.topic = m_topics.beat(m_user);
     m_mqtt->publish(message);
@@ -213,7 +219,7 @@ void MqttSession::onGreeting(int session, const Reply &reply)
     }
     m_boot = values.value(QStringLiteral("boot")).toString();
     meetStore(values.value(QStringLiteral("store")).toString());
-    m_offsetKnown = false;
+    m_cellClock.forget();
     hearTime(time);
     m_session = session;
     m_complaint.clear();
@@ -272,18 +278,25 @@ void MqttSession::onAlive(const protocol::Alive &alive)
     if (m_session == 0)
         return;
     if (alive.boot == m_boot)
-        hearTime(alive.time);
+        hearTime(alive.time, sentAt(alive));
     else
         breakOff(); // another life of the cell, which knows nothing of our session
 }
 
-// The fastest message tells most about the clock: the slower ones show it earlier than it is.
-void MqttSession::hearTime(qint64 theirs)
+// Whose last beat the cell had got; nothing when that is not ours, or long ago.
+std::optional<qint64> MqttSession::sentAt(const protocol::Alive &alive) const
+{
+    const auto found = std::find_if(m_sent.begin(), m_sent.end(),
+                                    [&](const auto &sent) { return sent.first == alive.beat; });
+    if (alive.client != m_client || found == m_sent.end())
+        return std::nullopt;
+    return found->second;
+}
+
+void MqttSession::hearTime(qint64 theirs, std::optional<qint64> sent)
 {
     m_heard = m_silence.elapsed();
-    const qint64 offset = theirs - m_clock();
-    m_offset = m_offsetKnown ? qMax(m_offset, offset) : offset;
-    m_offsetKnown = true;
+    m_cellClock.hear(theirs, m_clock(), sent);
 }
 
 void MqttSession::onValue(const MqttMessage &message)

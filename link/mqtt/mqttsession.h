@@ -5,10 +5,12 @@
 #include <QMutex>
 #include <QObject>
 #include <QSet>
+#include <deque>
 #include <memory>
 
 #include "controller/core/clock.h"
 #include "link/mqtt/mqttclient.h"
+#include "link/protocol/cellclock.h"
 #include "link/protocol/protocol.h"
 #include "link/session/pendingcall.h"
 
@@ -61,7 +63,8 @@ private:
     void breakOff();
     void watch(const QString &path);
     void meetStore(const QString &store);
-    void hearTime(qint64 theirs);
+    void hearTime(qint64 theirs, std::optional<qint64> sent = {});
+    std::optional<qint64> sentAt(const protocol::Alive &alive) const;
     void complain(const QString &line);
 
     const protocol::Topics m_topics;
@@ -81,8 +84,8 @@ private:
     QString m_life; // of that store, with that boot
     qint64 m_sequence = 0; // never used twice, whatever the session
     qint64 m_beats = 0;
-    qint64 m_offset = 0; // the cell's clock is at least so far ahead of ours
-    bool m_offsetKnown = false;
+    std::deque<std::pair<qint64, qint64>> m_sent; // the last beats, and when they left
+    CellClock m_cellClock;
     qint64 m_heard = 0; // the cell's last sign of life
     qint64 m_asked = 0; // since when a greeting is without an answer; 0: it is not
     QHash<QByteArray, Pending> m_pending;

@@ -33,6 +33,8 @@ const QString endKey = QStringLiteral("end");
 const QString bootKey = QStringLiteral("boot");
 const QString timeKey = QStringLiteral("time");
 const QString refusedKey = QStringLiteral("refused");
+const QString clientKey = QStringLiteral("client");
+const QString beatKey = QStringLiteral("beat");
 const QString presentKey = QStringLiteral("present");
 
 const QString helloWord = QStringLiteral("hello");
@@ -168,6 +170,12 @@ bool isName(const QString &text)
 {
     static const QRegularExpression name(QStringLiteral("^[A-Za-z0-9._-]{1,64}$"));
     return name.match(text).hasMatch();
+}
+
+bool isCredible(qint64 beat, qint64 now)
+{
+    constexpr qint64 rounding = 2; // both clocks show whole milliseconds
+    return beat <= now + rounding;
 }
 
 bool isTime(qint64 ms)
@@ -313,7 +321,11 @@ std::optional<Beat> toBeat(const MqttMessage &message)
 MqttMessage toMessage(const Alive &alive)
 {
     return {{},
-            compact({{bootKey, alive.boot}, {timeKey, alive.time}, {refusedKey, alive.refused}})};
+            compact({{bootKey, alive.boot},
+                     {timeKey, alive.time},
+                     {refusedKey, alive.refused},
+                     {clientKey, alive.client},
+                     {beatKey, alive.beat}})};
 }
 
 std::optional<Alive> toAlive(const MqttMessage &message)
@@ -322,7 +334,8 @@ std::optional<Alive> toAlive(const MqttMessage &message)
     if (!map)
         return std::nullopt;
     Reader reader(*map);
-    const Alive alive{reader.text(bootKey), reader.time(timeKey), reader.integer(refusedKey)};
+    const Alive alive{reader.text(bootKey), reader.time(timeKey), reader.integer(refusedKey),
+                      reader.text(clientKey), reader.number(beatKey)};
     return reader.good() && !alive.boot.isEmpty() ? std::make_optional(alive) : std::nullopt;
 }
 

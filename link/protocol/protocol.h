@@ -30,6 +30,10 @@ bool isName(const QString &text);
 /// True for what can be the time of a cell's clock. Sums and differences of two stay numbers.
 bool isTime(qint64 ms);
 
+/// Whether a beat of that time may have come in at @p now of the cell's clock: one from the future
+/// tells that its pendant has a wrong idea of the time, and proves nothing.
+bool isCredible(qint64 beat, qint64 now);
+
 /// The topics of one cell.
 class Topics
 {
@@ -82,6 +86,8 @@ struct Alive
     QString boot; ///< another one each time that the cell starts
     qint64 time = 0;
     int refused = 0; ///< messages that were no use since then
+    QString client = {}; ///< who holds control; empty for nobody
+    qint64 beat = 0; ///< the sequence of its last beat that came in before this
 };
 
 // Each is one message without its topic; reading gives nothing when the message is not such a one.

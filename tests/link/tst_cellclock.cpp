@@ -1,0 +1,90 @@
+#include <QtTest>
+#include <random>
+
+#include "link/protocol/cellclock.h"
+#include "link/protocol/protocol.h"
+#include "support/rows.h"
+
+namespace {
+
+constexpr double beatMs = 25;
+constexpr double hourMs = 3600e3;
+constexpr double mayBeAhead = 10; // of the 100 ms that are promised, a beat counts 80 and a look 10
+constexpr double mayBeBehind = 30; // or the beats of a living pendant look too old
+constexpr double settlesMs = 1000;
+
+/// A clock that is off by so many millionths, and may be set or stand still.
+struct Drifting
+{
+    double ppm = 0;
+    double shift = 0;
+    qint64 at(double time) const { return qint64(time * (1 + ppm / 1e6) + shift); }
+};
+
+/// A pendant and a cell, a day long, without waiting: beats go one way, the cell's time the other,
+/// each on a way that is sometimes slow.
+struct Day
+{
+    std::mt19937 random{7};
+    Drifting pendant;
+    Drifting cell{0, 5e6};
+    welmo::links::CellClock clock;
+    double disturbed = 0; // the last moment at which a clock jumped
+    double farthestAhead = -1e9;
+    double farthestBehind = -1e9;
+
+    double way() { return 1 + random() % 10 + (random() % 50 == 0 ? 60 : 0); }
+    void live(double time)
+    {
+        const double there = time + way();
+        const double back = there + way();
+        const qint64 claimed = clock.at(pendant.at(time));
+        const qint64 said = cell.at(there);
+        if (welmo::links::protocol::isCredible(claimed, said))
+            farthestAhead = std::max(farthestAhead, double(claimed - cell.at(time)));
+        if (time - disturbed > settlesMs)
+            farthestBehind = std::max(farthestBehind, double(cell.at(time) - claimed));
+        clock.hear(said, pendant.at(back), pendant.at(time));
+    }
+};
+
+} // namespace
+
+/// What a pendant believes of the cell's clock keeps the promise that wire stands still 100 ms
+/// after the last beat, whatever the clocks do.
+class tst_CellClock : public QObject
+{
+    Q_OBJECT
+private slots:
+    void neverAhead()
+    {
+        using Jump = std::function<void(Day &)>;
+        const testsupport::Rows<double, Jump> rows{
+            {"pendant slow", -50.0, {}},
+            {"pendant fast", 50.0, {}},
+            {"pendant very slow", -500.0, {}},
+            {"pendant very fast", 500.0, {}},
+            {"pendant asleep", 500.0, [](Day &day) { day.pendant.shift -= 600e3; }},
+            {"cell asleep", 500.0, [](Day &day) { day.cell.shift -= 600e3; }},
+            {"cell set back", -500.0, [](Day &day) { day.cell.shift -= 5e3; }},
+            {"cell set ahead", 500.0, [](Day &day) { day.cell.shift += 5e3; }},
+        };
+        for (const auto &[name, ppm, jump] : rows) {
+            Day day;
+            day.pendant.ppm = ppm;
+            day.clock.hear(day.cell.at(0), day.pendant.at(5));
+            for (double time = 5; time < 24 * hourMs; time += beatMs) {
+                if (jump && day.disturbed == 0 && time > 3 * hourMs) {
+                    jump(day);
+                    day.disturbed = time;
+                }
+                day.live(time);
+            }
+            QVERIFY2(day.farthestAhead <= mayBeAhead, QByteArray::number(day.farthestAhead));
+            QVERIFY2(day.farthestBehind <= mayBeBehind, QByteArray::number(day.farthestBehind));
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_CellClock)
+#include "tst_cellclock.moc"
