@@ -45,9 +45,13 @@ PendantApp::PendantApp(const Options &options, Connector connector)
     : m_options(options)
     , m_connector(std::move(connector))
 {
+    connect(&m_numbers, &NumberEntry::refused, this, [this](const QString &line) {
+        m_host->helper()->throwLog(this, QStringLiteral("error"), line);
+    });
     connect(&m_keyboard, &KeyboardWatch::disturbed, &m_holds, &KeyHolds::letGo);
-    connect(&m_keyboard, &KeyboardWatch::released, this,
-            [this](int scanCode) { m_holds.up({KeyHolds::Keyboard, scanCode}); });
+    connect(&m_keyboard, &KeyboardWatch::released, this, [this](int scanCode) {
+        m_holds.up({KeyHolds::Keyboard, scanCode});
+    });
 }
 
 PendantApp::~PendantApp()
@@ -62,6 +66,7 @@ void PendantApp::start()
     m_control = std::make_unique<LinkControl>(m_host.get());
     m_window = std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()),
                                                m_control.get(), &m_holds);
+    m_pads.follow(m_window->center());
     loadModule();
     Connection connection = m_connector(m_options);
     addPages(connection.faults);

@@ -6,7 +6,10 @@
 
 #include "pendant/app/connection.h"
 #include "pendant/app/options.h"
+#include "pendant/input/fieldpads.h"
 #include "pendant/input/keyboardwatch.h"
+#include "pendant/input/numberentry.h"
+#include "pendant/input/wheelguard.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/window/keyholds.h"
 
@@ -60,6 +63,9 @@ private:
     ProgramDocument m_program; // stays open over a change of language
     KeyHolds m_holds; // what is down stays so as well
     KeyboardWatch m_keyboard;
+    NumberEntry m_numbers;
+    FieldPads m_pads{&m_numbers};
+    WheelGuard m_wheel;
     std::unique_ptr<PluginLoader> m_loader;
     std::unique_ptr<tessa::Host> m_host;
     std::unique_ptr<LinkControl> m_control;

@@ -705,6 +705,28 @@ From: %2</source>
     </message>
 </context>
 <context>
+    <name>welmo::pendant::NumberEntry</name>
+    <message>
+        <source>%1 is out of range: %2 to %3. It stays %4.</source>
+        <translation>%1 超出范围：%2 至 %3。保持为 %4。</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::NumberPad</name>
+    <message>
+        <source>was %1, %2 to %3</source>
+        <translation>原值 %1，范围 %2 至 %3</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>确认</translation>
+    </message>
+</context>
+<context>
     <name>welmo::pendant::PendantApp</name>
     <message>
         <source>Home</source>
@@ -885,6 +907,17 @@ From: %2</source>
     <message>
         <source>Go on</source>
         <translation>继续</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::TextPad</name>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>确认</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,8 @@
 #include "widgets/stylerules.h"
 
+#include <QLocale>
 #include <QString>
+#include <QWidget>
 
 #include <tessa/managerhelper.h>
 #include <vu/stylesheet.h>
@@ -11,6 +13,10 @@ namespace welmo {
 
 void applyStyleRules(QWidget *top)
 {
+    // The sign in a number must not depend on the language of the environment that a host runs in.
+    QLocale plain = QLocale::c();
+    plain.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::RejectGroupSeparator);
+    top->setLocale(plain);
     auto *theme = host::themeManager();
     setRecursiveWidgetStyleSheet(
         top, theme->genStyleSheet(QStringLiteral(":/welmo/render/sub_page.json")));

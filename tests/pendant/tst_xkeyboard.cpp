@@ -1,7 +1,11 @@
+#include <QDoubleSpinBox>
+#include <QLineEdit>
 #include <QTest>
 #include <QX11Info>
+#include <clocale>
 #include <xcb/xcb.h>
 
+#include "support/locale.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
 #include "support/xserver.h"
@@ -114,6 +118,26 @@ private slots:
             QTRY_COMPARE(desk.wire(), "F.F.");
         }
     }
+    void numbersHaveOneSign()
+    {
+        const QByteArray locale = qgetenv("LC_ALL");
+        if (!std::setlocale(LC_ALL, locale))
+            QSKIP("this machine cannot have " + locale);
+        const Rows<double> rows{
+            {"12,5", 12.5}, {"7.2", 7.2}, {"2,7", 2.7}, {"1500", 2.7}, {"1,5", 1.5}};
+        Desk desk;
+        desk.pendant.openSubPage("Process Setting");
+        auto *box = desk.pendant.find<QDoubleSpinBox>("sbxArconVoltage");
+        for (const auto &[typed, value] : rows) {
+            testsupport::finger::touch(box->findChild<QLineEdit *>());
+            QVERIFY(XServer::tool({"type", "--delay", "0", typed}));
+            desk.key("key", {"Return"});
+            QTRY_COMPARE(box->value(), value);
+            QTRY_COMPARE(box->cleanText(), QString::number(value, 'f', box->decimals()));
+        }
+        QVERIFY2(desk.pendant.lastMessage().startsWith("error: 1500 is out of range: 0 to "),
+                 qPrintable(desk.pendant.lastMessage()));
+    }
     void aPressWithAModifierIsNone()
     {
         Desk desk;
@@ -135,6 +159,7 @@ int main(int argc, char *argv[])
         qCritical("Xvfb does not start");
         return 1;
     }
+    const testsupport::Locale locale;
     QApplication app(argc, argv);
     TestXKeyboard test;
     return QTest::qExec(&test, argc, argv);

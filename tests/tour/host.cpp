@@ -1,3 +1,4 @@
+#include <QLineEdit>
 #include <QTableView>
 #include <QToolButton>
 
@@ -60,6 +61,9 @@ void display(Tour &tour)
             testsupport::finger::touch(button);
             tour.takePicture(prefix + "-package");
         }
+        tour.openSubPage(tour.find("wgtNav")->findChildren<QToolButton *>().at(2)->text());
+        testsupport::finger::touch(tour.find("sbxArconVoltage")->findChild<QLineEdit *>());
+        tour.takePicture(prefix + "-keypad");
         for (const char *page : {"messages", "controller"}) {
             tour.open(page);
             tour.takePicture(prefix + '-' + page);

@@ -1,5 +1,7 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
 
 #include "tour/tour.h"
 
@@ -40,6 +42,21 @@ void processSetting(Tour &tour)
     tour.step("Arc Weld > Process Setting", "process-setting", [&] {
         tour.openSubPage("Process Setting");
         return tour.requireText("lblTitle", "Process Setting");
+    });
+    tour.step("a keypad and a keyboard for touched fields", "process-keyboard", [&] {
+        const auto strike = [&](const QString &keys) {
+            for (auto *key :
+                 tour.find("btnPadEnter")->parentWidget()->findChildren<QPushButton *>())
+                if (!key->text().isEmpty() && keys.contains(key->text()))
+                    testsupport::finger::touch(key);
+        };
+        testsupport::finger::touch(tour.find("sbxArconCurrent")->findChild<QLineEdit *>());
+        strike("9");
+        tour.takePicture("process-keypad");
+        tour.click("btnPadEnter");
+        tour.click("ledt_arconAnnotaion");
+        strike("s");
+        return Tour::require(tour.find<QLineEdit>("ledt_arconAnnotaion")->text(), "s");
     });
     tour.step("arcondata3 is created with the defaults, edited and saved", "process-setting-saved",
               [&] {

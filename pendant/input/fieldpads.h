@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+class QEvent;
+class QLineEdit;
+class QMouseEvent;
+
+namespace welmo::pendant {
+
+class FieldPad;
+class NumberEntry;
+
+/// Opens keys on the screen for the field that is touched: a keypad for a number, a keyboard for a
+/// text. They do not take the focus, and close when the field loses it, when something else is
+/// touched, or with the first stroke of a physical key. Follows the whole application.
+class FieldPads : public QObject
+{
+    Q_OBJECT
+public:
+    explicit FieldPads(NumberEntry *numbers, QObject *parent = nullptr);
+
+    /// The pads of fields in the window of @p area lie within it.
+    void follow(QWidget *area) { m_area = area; }
+
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+    void onReleased(QLineEdit *line, const QMouseEvent *event);
+    void onPressed(const QWidget *widget);
+    void open(QLineEdit *line);
+    FieldPad *makeNumberPad(QWidget *box, QWidget *parent);
+    FieldPad *makeTextPad(QLineEdit *line, QWidget *parent);
+    void close();
+
+    NumberEntry *m_numbers;
+    QPointer<QWidget> m_area;
+    QPointer<FieldPad> m_pad;
+};
+
+} // namespace welmo::pendant
