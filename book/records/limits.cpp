@@ -8,9 +8,13 @@ namespace {
 
 constexpr int msPerSample = 1000 / Course::fullRate;
 
+constexpr double leastHalfWidth = 0.02; // of the mean
+
+// Welds that are all alike would else condemn the next one for a rounding.
 Band threeSigma(double mean, double deviation)
 {
-    return {std::max(0.0, mean - 3 * deviation), mean + 3 * deviation};
+    const double half = std::max(3 * deviation, leastHalfWidth * mean);
+    return {std::max(0.0, mean - half), mean + half};
 }
 
 // Over all samples of all seams, from what each seam's record kept of its own.

@@ -51,8 +51,8 @@ const QVector<BandRow> &bandRows();
 constexpr int fewestToLearnFrom = 10;
 
 /// Mean ± 3 standard deviations over good seams, to be looked at before it is taken: of the samples
-/// for what is held to each sample, of the seams' values for the rest. Nothing from fewer than
-/// fewestToLearnFrom seams.
+/// for what is held to each sample, of the seams' values for the rest; never narrower than ± 2 % of
+/// the mean. Nothing from fewer than fewestToLearnFrom seams.
 std::optional<Limits> learnt(const QString &file, const QVector<Seam> &goodSeams);
 
 /// Why a seam is not green, as kept: "current" and the other bands' names for what left its band,

@@ -33,7 +33,7 @@ void SeamWriter::closed(const Seam &seam)
         Seam kept = seam;
         kept.id = *number;
         if (kept.id ? book.finish(kept) : book.begin(&kept))
-            emit seamWritten(kept);
+            emit seamWritten(kept.id);
         else
             emit failed(book.errorText());
     });

@@ -26,7 +26,7 @@ public:
 signals:
     void seamOpened(const welmo::book::Seam &seam);
     /// The record is in the book, on the disk.
-    void seamWritten(const welmo::book::Seam &seam);
+    void seamWritten(qint64 number);
     void limitLeft(const QString &band, double value, const welmo::book::Seam &seam);
     /// A line: what could not be written, and why.
     void failed(const QString &line);
