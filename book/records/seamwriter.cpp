@@ -5,7 +5,7 @@ namespace welmo::book {
 void SeamWriter::opened(const Seam &seam)
 {
     m_dropped = 0;
-    m_number = std::make_shared<qint64>(0);
+    m_number = QSharedPointer<qint64>::create(0);
     m_thread->post([this, seam, number = m_number](SeamBook &book) {
         Seam kept = seam;
         if (book.begin(&kept))

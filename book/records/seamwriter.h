@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSharedPointer>
 
 #include "book/records/bookthread.h"
 #include "book/records/seamrecorder.h"
@@ -36,7 +37,7 @@ signals:
 private:
     BookThread *m_thread;
     /// The number in the book of the seam that is being written; on the book's thread only.
-    std::shared_ptr<qint64> m_number = std::make_shared<qint64>(0);
+    QSharedPointer<qint64> m_number;
     int m_dropped = 0;
 };
 

@@ -17,11 +17,27 @@ QString defaultDataFolder()
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/welmo";
 }
 
-// Beside the program as built and as installed; else wherever the system looks for libraries.
+const QString noBook = QStringLiteral("none");
+
+// As built and as installed; empty when it is not there.
+QString besideProgram(const QString &library)
+{
+    return QFileInfo(QCoreApplication::applicationDirPath() + "/../lib/welmo/" + library)
+        .canonicalFilePath();
+}
+
+// Beside the program, else wherever the system looks for libraries.
 QString defaultModulePath()
 {
-    const QFileInfo beside(QCoreApplication::applicationDirPath() + "/../lib/welmo/libwelmo.so");
-    return beside.exists() ? beside.canonicalFilePath() : QStringLiteral("libwelmo.so");
+    const QString beside = besideProgram(QStringLiteral("libwelmo.so"));
+    return beside.isEmpty() ? QStringLiteral("libwelmo.so") : beside;
+}
+
+// It is a package of its own, and need not be there.
+QString defaultBookPath()
+{
+    const QString beside = besideProgram(QStringLiteral("libweldbook.so"));
+    return beside.isEmpty() ? noBook : beside;
 }
 
 QString complaintAbout(const QString &controller)
@@ -61,6 +77,8 @@ ParsedOptions parseOptions(const QStringList &arguments)
                                   defaultDataFolder());
     const QCommandLineOption module("module", "The welding package to load.", "PATH",
                                     defaultModulePath());
+    const QCommandLineOption book("book", "The weld book to load beside it, or none.", "PATH",
+                                  defaultBookPath());
     const QCommandLineOption controller(
         "controller",
         "A cell on the network, mqtts://USER@HOST:PORT/CELL, in place of the one in here. mqtt:// "
@@ -70,7 +88,7 @@ ParsedOptions parseOptions(const QStringList &arguments)
     parser.setApplicationDescription("A robot pendant with the arc-welding package.");
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({language, theme, data, module, controller});
+    parser.addOptions({language, theme, data, module, book, controller});
 
     ParsedOptions parsed;
     if (!parser.parse(arguments)) {
@@ -83,6 +101,8 @@ ParsedOptions parseOptions(const QStringList &arguments)
         parsed.help = QStringLiteral("welmo-pendant " WELMO_VERSION "\n");
     parsed.options = {parser.value(language), parser.value(theme), parser.value(data),
                       parser.value(module), parser.value(controller)};
+    if (const QString path = parser.value(book); path != noBook)
+        parsed.options.bookPath = path;
     parsed.error = complaintAbout(parser, parsed.options);
     return parsed;
 }

@@ -14,6 +14,7 @@ struct Options
     QString modulePath; ///< the library that is loaded as the welding package
     /// A cell on the network as links::parseAddress() takes it; empty: one in this process.
     QString controller = {};
+    QString bookPath = {}; ///< the library with the weld book; empty: without one
 };
 
 struct ParsedOptions

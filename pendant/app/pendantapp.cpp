@@ -67,7 +67,7 @@ void PendantApp::start()
     m_window = std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()),
                                                m_control.get(), &m_holds);
     m_pads.follow(m_window->center());
-    loadModule();
+    loadModules();
     Connection connection = m_connector(m_options);
     addPages(connection.faults);
     m_window->show();
@@ -86,6 +86,7 @@ void PendantApp::stop()
     m_host.reset();
     // What the library still has to be deleted must be gone before its code is.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_book.reset();
     m_loader.reset();
 }
 
@@ -118,20 +119,31 @@ void PendantApp::makeHost()
     applyTheme();
 }
 
-void PendantApp::loadModule()
+// Each works without the other; what is missing is told.
+void PendantApp::loadModules()
 {
-    m_loader = std::make_unique<PluginLoader>(m_options.modulePath);
-    if (!m_loader->load()) {
-        auto *page = new PluginErrorPage(m_loader->path(), m_loader->error());
-        m_window->center()->addPage(this, pluginErrorKey, page);
-        addNavEntry(pluginErrorKey, tr("Package"), packageGroup, "widget/plugin_error", -1);
-        m_host->workspace()->report(m_loader->error());
-        return;
-    }
-    pando::ModuleFramework *framework = m_host->helper()->framework();
-    for (const QString &module : m_loader->modules())
-        framework->create(module);
-    framework->start();
+    if (!load(m_loader, m_options.modulePath))
+        showPluginError();
+    if (!m_options.bookPath.isEmpty())
+        load(m_book, m_options.bookPath);
+    m_host->helper()->framework()->start();
+}
+
+bool PendantApp::load(std::unique_ptr<PluginLoader> &loader, const QString &path)
+{
+    loader = std::make_unique<PluginLoader>(path);
+    if (!loader->load())
+        m_host->workspace()->report(loader->error());
+    for (const QString &module : loader->modules())
+        m_host->helper()->framework()->create(module);
+    return !loader->modules().isEmpty();
+}
+
+void PendantApp::showPluginError()
+{
+    auto *page = new PluginErrorPage(m_loader->path(), m_loader->error());
+    m_window->center()->addPage(this, pluginErrorKey, page);
+    addNavEntry(pluginErrorKey, tr("Package"), packageGroup, "widget/plugin_error", -1);
 }
 
 void PendantApp::addPages(controller::Faults *faults)

@@ -53,7 +53,9 @@ signals:
 private:
     void checkTheme(QString *error);
     void makeHost();
-    void loadModule();
+    void loadModules();
+    bool load(std::unique_ptr<PluginLoader> &loader, const QString &path);
+    void showPluginError();
     void addPages(controller::Faults *faults);
     void addProgramPage(tessa::MessageLog *log);
     void changeDisplay(const QString &language, const QString &theme);
@@ -67,6 +69,7 @@ private:
     FieldPads m_pads{&m_numbers};
     WheelGuard m_wheel;
     std::unique_ptr<PluginLoader> m_loader;
+    std::unique_ptr<PluginLoader> m_book;
     std::unique_ptr<tessa::Host> m_host;
     std::unique_ptr<LinkControl> m_control;
     std::unique_ptr<PendantWindow> m_window;

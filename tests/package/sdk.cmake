@@ -8,6 +8,7 @@ endfunction()
 file(REMOVE_RECURSE "${FOLDER}")
 run(${CMAKE_COMMAND} --install "${BUILD}" --component sdk --prefix "${FOLDER}/host")
 file(COPY "${SOURCE}/CMakeLists.txt" "${SOURCE}/cmake" "${SOURCE}/src" "${SOURCE}/resources"
+    "${SOURCE}/schema" "${SOURCE}/tl" "${SOURCE}/book"
     DESTINATION "${FOLDER}/welmo")
 file(COPY "${SOURCE}/tests/host" "${SOURCE}/tests/support" DESTINATION "${FOLDER}/welmo/tests")
 # Unoptimised: what is asked is whether it builds and loads.

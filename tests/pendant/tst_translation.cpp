@@ -17,6 +17,7 @@ private slots:
             {"resources/language/welmo_cn.ts", QStringList{"src"}},
             {"tl/language/tl_cn.ts", QStringList{"tl"}},
             {"schema/language/schema_cn.ts", QStringList{"schema"}},
+            {"book/language/book_cn.ts", QStringList{"book"}},
         };
         for (const auto &[shipped, folders] : rows) {
             const QTemporaryDir folder;

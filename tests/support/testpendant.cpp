@@ -31,6 +31,8 @@ void TestPendant::start()
     welmo::pendant::Options options{m_setup.language, m_setup.theme, m_setup.dataFolder,
                                     m_setup.modulePath};
     options.controller = m_setup.controller;
+    if (m_setup.withBook)
+        options.bookPath = QStringLiteral(WELMO_BOOK);
     m_app = std::make_unique<welmo::pendant::PendantApp>(options, connect);
     m_app->start();
     if (m_setup.connects && !waitConnected())

@@ -24,6 +24,7 @@ struct Setup
     QString theme = QStringLiteral("light");
     QString dataFolder; ///< empty: a folder that goes with the pendant
     QString modulePath; ///< empty: the package as built
+    bool withBook = false; ///< the weld book beside it
     bool keepFiles = false; ///< the controller's files on disk instead of in memory
     QString controller; ///< empty: one in this process
     bool connects = true; ///< false: do not wait for a controller that cannot come up

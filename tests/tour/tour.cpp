@@ -17,6 +17,7 @@ testsupport::Setup onDisk()
 {
     testsupport::Setup setup;
     setup.keepFiles = true;
+    setup.withBook = true;
     return setup;
 }
 

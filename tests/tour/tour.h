@@ -50,6 +50,7 @@ void processConfiguration(Tour &tour);
 void handleKeys(Tour &tour);
 void programEditor(Tour &tour);
 void weld(Tour &tour);
+void weldBook(Tour &tour);
 void display(Tour &tour);
 
 } // namespace tour

@@ -1,0 +1,222 @@
+#include "book/keeper/bookkeeper.h"
+
+#include <QDateTime>
+#include <QDir>
+
+#include <kelp/moduleobject.h>
+#include <tessa/managerhelper.h>
+#include <tessa/xservice.h>
+
+#include "schema/names.h"
+
+namespace welmo::book {
+
+namespace {
+
+constexpr int tickMs = 50; // twice a sample, so that none is late by one
+constexpr int tidyMs = 60 * 1000;
+constexpr qint64 courseAgeMs = 90LL * 24 * 3600 * 1000;
+constexpr qint64 bookBytes = 900LL * 1024 * 1024;
+
+const QString &weldFiles()
+{
+    static const QString path = names::arcWeldPrefix + QStringLiteral("weld_param");
+    return path;
+}
+
+std::optional<double> setValue(const kelp::ModuleObject *file, const char *mode, const char *word,
+                               const char *key)
+{
+    const bool absolute = file->r(QString::fromLatin1(mode))->getString() == QLatin1String(word);
+    const kelp::ModuleObject *leaf = file->r(QString::fromLatin1(key));
+    return absolute && !leaf->isMissing() ? std::optional<double>(leaf->getDouble()) : std::nullopt;
+}
+
+} // namespace
+
+QString bandTitle(const QString &band)
+{
+    static const QHash<QString, const char *> titles{
+        {QStringLiteral("current"), QT_TRANSLATE_NOOP("welmo::book::Bookkeeper", "current")},
+        {QStringLiteral("voltage"), QT_TRANSLATE_NOOP("welmo::book::Bookkeeper", "voltage")},
+        {QStringLiteral("speed"), QT_TRANSLATE_NOOP("welmo::book::Bookkeeper", "speed")},
+        {QStringLiteral("length"), QT_TRANSLATE_NOOP("welmo::book::Bookkeeper", "length")},
+        {QStringLiteral("heat_input"), QT_TRANSLATE_NOOP("welmo::book::Bookkeeper", "heat input")},
+    };
+    const char *title = titles.value(band);
+    return title ? Bookkeeper::tr(title) : band;
+}
+
+Bookkeeper::Bookkeeper(const QString &folder, QObject *parent)
+    : QObject(parent)
+    , m_file(QDir(folder).filePath(QStringLiteral("weldbook.db")))
+    , m_keeping(std::make_unique<BookThread>(m_file, Database::ReadWrite))
+    , m_recorder(nullptr)
+{
+    setObjectName(QStringLiteral("weldbook")); // who speaks in the message log
+    m_writer = std::make_unique<SeamWriter>(m_keeping.get());
+    m_recorder = SeamRecorder(m_writer.get());
+    m_recorder.limitsOf = [this](const QString &file) { return limits(file); };
+    m_recorder.fileInUse = [this](const QString &file) { return fileInUse(file); };
+    connect(m_keeping.get(), &BookThread::problem, this, &Bookkeeper::warn);
+    connect(m_writer.get(), &SeamWriter::failed, this, &Bookkeeper::warn);
+    connect(m_writer.get(), &SeamWriter::seamWritten, this, [this] { emit recordsChanged(); });
+    connect(m_writer.get(), &SeamWriter::limitLeft, this, &Bookkeeper::tellLimitLeft);
+    connect(m_writer.get(), &SeamWriter::samplesDropped, this, [this](int count) {
+        warn(tr("%1 samples of the last seam were dropped, the disk is too slow").arg(count));
+    });
+    // A book that is not there yet cannot be opened to be read.
+    connect(m_keeping.get(), &BookThread::opened, this, [this](int interrupted) {
+        m_reader = std::make_unique<BookThread>(m_file, Database::ReadOnly);
+        if (interrupted > 0)
+            warn(tr("%1 records were closed as interrupted: the recorder had ended")
+                     .arg(interrupted));
+        m_keeping->ask(
+            this, [](SeamBook &book) { return book.allLimits(); },
+            [this](const QVector<Limits> &all) {
+                for (const Limits &one : all)
+                    m_limits.insert(one.file, one);
+                emit limitsChanged();
+                emit recordsChanged(); // now everything can be shown, and judged
+            });
+    });
+    m_ticks.setTimerType(Qt::PreciseTimer);
+    m_ticks.setInterval(tickMs);
+    connect(&m_ticks, &QTimer::timeout, this, &Bookkeeper::tick);
+    connect(&m_tidying, &QTimer::timeout, this, &Bookkeeper::tidyUp);
+    m_tidying.start(tidyMs);
+}
+
+// The record of a seam that is under way is closed as interrupted, and written before this is over.
+Bookkeeper::~Bookkeeper()
+{
+    m_recorder.end(Moment::now());
+    m_reader.reset();
+    m_keeping.reset();
+}
+
+void Bookkeeper::start()
+{
+    follow(names::welderState, [this](const QVariantMap &news) {
+        m_recorder.tellWelder(news, Moment::now());
+        tick();
+    });
+    follow(names::weldMode, [this](const QVariantMap &news) {
+        m_recorder.setMode(news.value(QStringLiteral("mode")).toString());
+    });
+    follow(names::programState, [this](const QVariantMap &news) { m_recorder.tellProgram(news); });
+    follow(weldFiles(), [](const QVariantMap &) {});
+
+    kelp::ModuleObject *connected = xservice()->mobj()->c(QStringLiteral("connected"), true);
+    connected->watch();
+    connect(connected, &kelp::ModuleObject::changed, this,
+            [this](const QVariant &up) { onLink(up.toBool()); });
+    connect(tessa::ManagerHelper::instance()->controllerManager(),
+            &tessa::ControllerManager::rcConnected, this, &Bookkeeper::listen);
+    if (connected->getBool())
+        listen();
+}
+
+template<typename Handler>
+void Bookkeeper::follow(const QString &path, const Handler &handler)
+{
+    connect(xservice()->watchNode(path), &kelp::ModuleObject::changed, this,
+            [this, handler](const QVariant &news) {
+                handler(news.toMap());
+                emit told();
+            });
+}
+
+// A host may tell what is there at the first subscription, or nothing: so it is read as well.
+void Bookkeeper::listen()
+{
+    for (const QString &path :
+         {names::welderState, names::weldMode, names::programState, weldFiles()})
+        xservice()->watch(this, path, true);
+    m_recorder.setMode(read(names::weldMode).value(QStringLiteral("mode")).toString());
+    m_recorder.tellProgram(read(names::programState));
+    m_recorder.tellWelder(read(names::welderState), Moment::now());
+    tick();
+}
+
+QVariantMap Bookkeeper::read(const QString &path)
+{
+    const auto answer = xservice()->get(this, path);
+    return answer && answer->getInt(0) == 0 ? answer->toVariant().toMap() : QVariantMap();
+}
+
+void Bookkeeper::onLink(bool up)
+{
+    m_recorder.tellLink(up, Moment::now());
+    tick();
+}
+
+void Bookkeeper::tick()
+{
+    m_recorder.tick(Moment::now());
+    if (m_recorder.isBusy() != m_ticks.isActive())
+        m_recorder.isBusy() ? m_ticks.start() : m_ticks.stop();
+    emit told();
+}
+
+// While nothing is welded, so that a record never waits for it.
+void Bookkeeper::tidyUp()
+{
+    if (m_recorder.isBusy())
+        return;
+    const qint64 old = QDateTime::currentMSecsSinceEpoch() - courseAgeMs;
+    m_keeping->post([old](SeamBook &book) { book.thin(old, bookBytes); }, BookThread::MayBeDropped);
+}
+
+FileInUse Bookkeeper::fileInUse(const QString &file) const
+{
+    const kelp::ModuleObject *data = xservice()->watchNode(weldFiles())->r(file);
+    FileInUse use;
+    use.current = setValue(data, "current_mode", "current", "current");
+    use.voltage = setValue(data, "voltage_mode", "separate", "voltage");
+    const double speed = data->r(QStringLiteral("weld_speed"))->getDouble();
+    if (speed > 0) // 0 leaves it to the program
+        use.speed = speed;
+    return use;
+}
+
+Limits Bookkeeper::limits(const QString &file) const
+{
+    Limits none;
+    none.file = file;
+    return m_limits.value(file, none);
+}
+
+void Bookkeeper::setLimits(const Limits &limits)
+{
+    m_limits.insert(limits.file, limits);
+    m_keeping->post([this, limits](SeamBook &book) {
+        if (!book.setLimits(limits))
+            QMetaObject::invokeMethod(
+                this, [this, line = book.errorText()] { warn(line); }, Qt::QueuedConnection);
+    });
+    emit limitsChanged();
+}
+
+void Bookkeeper::warn(const QString &line)
+{
+    tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("warning"),
+                                               tr("weld book: %1").arg(line));
+}
+
+void Bookkeeper::tellLimitLeft(const QString &band, double value, const Seam &seam)
+{
+    const QString place = seam.program.isEmpty()
+        ? seam.weldFile
+        : tr("%1 line %2, %3").arg(seam.program).arg(seam.lastLine).arg(seam.weldFile);
+    for (const BandRow &row : bandRows()) {
+        if (row.name == band)
+            tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("error"),
+                                                       tr("%1: %2 %3 %4 is outside its limits")
+                                                           .arg(place, bandTitle(band))
+                                                           .arg(value, 0, 'f', 1)
+                                                           .arg(row.unit));
+    }
+}
+
+} // namespace welmo::book

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QTimer>
+#include <memory>
+
+#include "book/records/bookthread.h"
+#include "book/records/seamrecorder.h"
+#include "book/records/seamwriter.h"
+
+namespace welmo::book {
+
+/// Listens to the controller and fills the book; what the pages show comes from here. GUI thread;
+/// it waits for the disk nowhere.
+class Bookkeeper : public QObject
+{
+    Q_OBJECT
+public:
+    /// The book lies in @p folder, which is made when missing.
+    explicit Bookkeeper(const QString &folder, QObject *parent = nullptr);
+    ~Bookkeeper() override;
+
+    /// Begins to listen, now or as soon as there is a controller.
+    void start();
+
+    QString file() const { return m_file; }
+    /// Asks the book as BookThread::ask() does, on a thread of its own, so that no question waits
+    /// for a record. Before the book is open nothing is answered; recordsChanged() follows.
+    template<typename Work, typename Then>
+    void ask(QObject *context, const Work &work, const Then &then)
+    {
+        if (m_reader)
+            m_reader->ask(context, work, then);
+    }
+    const SeamRecorder &recorder() const { return m_recorder; }
+
+    Limits limits(const QString &file) const;
+    /// In force from the next seam on, and kept.
+    void setLimits(const Limits &limits);
+
+signals:
+    /// There is a new record, or one changed.
+    void recordsChanged();
+    void limitsChanged();
+    /// Something was told that the recorder saw; at most as often as the host tells.
+    void told();
+
+private:
+    void listen();
+    template<typename Handler>
+    void follow(const QString &path, const Handler &handler);
+    QVariantMap read(const QString &path);
+    void onLink(bool up);
+    void tick();
+    void tidyUp();
+    FileInUse fileInUse(const QString &file) const;
+    void warn(const QString &line);
+    void tellLimitLeft(const QString &band, double value, const Seam &seam);
+
+    const QString m_file;
+    // Goes after the threads, whose last jobs speak through it.
+    std::unique_ptr<SeamWriter> m_writer;
+    std::unique_ptr<BookThread> m_keeping;
+    std::unique_ptr<BookThread> m_reader;
+    SeamRecorder m_recorder;
+    QHash<QString, Limits> m_limits;
+    QTimer m_ticks;
+    QTimer m_tidying;
+};
+
+/// The word of a band for the user.
+QString bandTitle(const QString &band);
+
+} // namespace welmo::book

@@ -1,0 +1,446 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN">
+<context>
+    <name>WeldBook</name>
+    <message>
+        <source>Weld Book</source>
+        <translation>焊接记录</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::BookPage</name>
+    <message>
+        <source>Weld Book</source>
+        <translation>焊接记录</translation>
+    </message>
+    <message>
+        <source>Welds</source>
+        <translation>焊缝</translation>
+    </message>
+    <message>
+        <source>Trend</source>
+        <translation>趋势</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::Bookkeeper</name>
+    <message>
+        <source>current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>voltage</source>
+        <translation>电压</translation>
+    </message>
+    <message>
+        <source>speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>length</source>
+        <translation>长度</translation>
+    </message>
+    <message>
+        <source>heat input</source>
+        <translation>热输入</translation>
+    </message>
+    <message>
+        <source>%1 samples of the last seam were dropped, the disk is too slow</source>
+        <translation>上一条焊缝丢失了 %1 个采样，磁盘过慢</translation>
+    </message>
+    <message>
+        <source>%1 records were closed as interrupted: the recorder had ended</source>
+        <translation>%1 条记录按中断结束：记录程序曾退出</translation>
+    </message>
+    <message>
+        <source>weld book: %1</source>
+        <translation>焊接记录：%1</translation>
+    </message>
+    <message>
+        <source>%1 line %2, %3</source>
+        <translation>%1 第 %2 行，%3</translation>
+    </message>
+    <message>
+        <source>%1: %2 %3 %4 is outside its limits</source>
+        <translation>%1：%2 %3 %4 超出限值</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::Database</name>
+    <message>
+        <source>there is no such file</source>
+        <translation>没有此文件</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created</source>
+        <translation>无法创建文件夹</translation>
+    </message>
+    <message>
+        <source>cannot be opened (%1)</source>
+        <translation>无法打开（%1）</translation>
+    </message>
+    <message>
+        <source>is damaged or no weld book (%1)</source>
+        <translation>已损坏或不是焊接记录（%1）</translation>
+    </message>
+    <message>
+        <source>belongs to another program</source>
+        <translation>属于另一个程序</translation>
+    </message>
+    <message>
+        <source>was written by a newer version (format %1, known is %2)</source>
+        <translation>由更新的版本写入（格式 %1，已知 %2）</translation>
+    </message>
+    <message>
+        <source>cannot be written (%1)</source>
+        <translation>无法写入（%1）</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::LimitsPanel</name>
+    <message>
+        <source>at least</source>
+        <translation>下限</translation>
+    </message>
+    <message>
+        <source>at most</source>
+        <translation>上限</translation>
+    </message>
+    <message>
+        <source>The end that is not judged delays the alarm by as much.</source>
+        <translation>结尾不判定的时间会使报警延迟同样的时间。</translation>
+    </message>
+    <message>
+        <source>Not judged at start and end</source>
+        <translation>起始和结尾不判定</translation>
+    </message>
+    <message>
+        <source>Learn from good welds</source>
+        <translation>从合格焊缝学习</translation>
+    </message>
+    <message>
+        <source>No limits</source>
+        <translation>不设限值</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Limits of %1</source>
+        <translation>%1 的限值</translation>
+    </message>
+    <message>
+        <source>Learnt from %1 welds.</source>
+        <translation>从 %1 条焊缝学得。</translation>
+    </message>
+    <message>
+        <source>Set by hand.</source>
+        <translation>手动设定。</translation>
+    </message>
+    <message>
+        <source>This file has no limits.</source>
+        <translation>此文件没有限值。</translation>
+    </message>
+    <message>
+        <source>There are %1 good welds with this file; it takes at least %2.</source>
+        <translation>此文件有 %1 条合格焊缝；至少需要 %2 条。</translation>
+    </message>
+    <message>
+        <source>From %1 good welds: mean ± 3 σ. Nothing is in force before it is saved.</source>
+        <translation>来自 %1 条合格焊缝：平均值 ± 3 σ。保存后才生效。</translation>
+    </message>
+    <message>
+        <source>%1: the lower limit is above the upper one.</source>
+        <translation>%1：下限高于上限。</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::SeamCard</name>
+    <message>
+        <source>set</source>
+        <translation>设定</translation>
+    </message>
+    <message>
+        <source>mean</source>
+        <translation>平均</translation>
+    </message>
+    <message>
+        <source>min … max</source>
+        <translation>最小 … 最大</translation>
+    </message>
+    <message>
+        <source>Current, A</source>
+        <translation>电流，A</translation>
+    </message>
+    <message>
+        <source>Voltage, V</source>
+        <translation>电压，V</translation>
+    </message>
+    <message>
+        <source>Speed, mm/s</source>
+        <translation>速度，mm/s</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1，第 %2 行</translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation>结束</translation>
+    </message>
+    <message>
+        <source>Welding</source>
+        <translation>焊接</translation>
+    </message>
+    <message>
+        <source>Arc start</source>
+        <translation>起弧</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>模式</translation>
+    </message>
+    <message>
+        <source>Arc end</source>
+        <translation>收弧</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>用户</translation>
+    </message>
+    <message>
+        <source>Arc time</source>
+        <translation>燃弧时间</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>长度</translation>
+    </message>
+    <message>
+        <source>Gas time</source>
+        <translation>送气时间</translation>
+    </message>
+    <message>
+        <source>Wire</source>
+        <translation>焊丝</translation>
+    </message>
+    <message>
+        <source>Arc energy</source>
+        <translation>电弧能量</translation>
+    </message>
+    <message>
+        <source>Struck again</source>
+        <translation>再引弧</translation>
+    </message>
+    <message>
+        <source>Heat input</source>
+        <translation>热输入</translation>
+    </message>
+    <message>
+        <source>Touch a weld to see its record.</source>
+        <translation>点按焊缝查看其记录。</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::SeamModel</name>
+    <message>
+        <source>Start</source>
+        <translation>开始</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>Voltage</source>
+        <translation>电压</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>长度</translation>
+    </message>
+    <message>
+        <source>kJ/mm</source>
+        <translation>kJ/mm</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::TrendPage</name>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1，第 %2 行</translation>
+    </message>
+    <message>
+        <source>No weld is running.</source>
+        <translation>当前没有焊接。</translation>
+    </message>
+    <message>
+        <source>No weld is running; the last minute of arc:</source>
+        <translation>当前没有焊接；最近一分钟的电弧：</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::WeldsPage</name>
+    <message>
+        <source>Today</source>
+        <translation>今天</translation>
+    </message>
+    <message>
+        <source>Since yesterday</source>
+        <translation>昨天起</translation>
+    </message>
+    <message>
+        <source>7 days</source>
+        <translation>7 天</translation>
+    </message>
+    <message>
+        <source>All days</source>
+        <translation>所有日期</translation>
+    </message>
+    <message>
+        <source>All verdicts</source>
+        <translation>所有判定</translation>
+    </message>
+    <message>
+        <source>All programs</source>
+        <translation>所有程序</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>所有文件</translation>
+    </message>
+    <message>
+        <source>Lay another over it</source>
+        <translation>叠加另一条</translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation>限值</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>over it: %1</source>
+        <translation>叠加：%1</translation>
+    </message>
+    <message>
+        <source>Touch the other weld</source>
+        <translation>请点按另一条焊缝</translation>
+    </message>
+    <message>
+        <source>%1 welds</source>
+        <translation>%1 条焊缝</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::Words</name>
+    <message>
+        <source>Good</source>
+        <translation>合格</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>注意</translation>
+    </message>
+    <message>
+        <source>Bad</source>
+        <translation>不合格</translation>
+    </message>
+    <message>
+        <source>Not judged</source>
+        <translation>未判定</translation>
+    </message>
+    <message>
+        <source>running</source>
+        <translation>进行中</translation>
+    </message>
+    <message>
+        <source>as programmed</source>
+        <translation>按程序</translation>
+    </message>
+    <message>
+        <source>stopped before its end</source>
+        <translation>提前停止</translation>
+    </message>
+    <message>
+        <source>by an alarm</source>
+        <translation>因报警</translation>
+    </message>
+    <message>
+        <source>link lost, the rest is unknown</source>
+        <translation>连接中断，其余未知</translation>
+    </message>
+    <message>
+        <source>recording was interrupted</source>
+        <translation>记录被中断</translation>
+    </message>
+    <message>
+        <source>welding</source>
+        <translation>焊接</translation>
+    </message>
+    <message>
+        <source>simulation</source>
+        <translation>模拟</translation>
+    </message>
+    <message>
+        <source>test run</source>
+        <translation>试运行</translation>
+    </message>
+    <message>
+        <source>alarm</source>
+        <translation>报警</translation>
+    </message>
+    <message>
+        <source>near its limits</source>
+        <translation>接近限值</translation>
+    </message>
+    <message>
+        <source>arc struck again</source>
+        <translation>再次引弧</translation>
+    </message>
+    <message>
+        <source>interrupted arc</source>
+        <translation>电弧中断</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>not recorded to its end</source>
+        <translation>未完整记录</translation>
+    </message>
+    <message>
+        <source>%1 outside its limits</source>
+        <translation>%1超出限值</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>，</translation>
+    </message>
+    <message>
+        <source>not told</source>
+        <translation>未告知</translation>
+    </message>
+</context>
+</TS>

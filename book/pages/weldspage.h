@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <optional>
+
+#include "book/records/seambook.h"
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QTableView;
+
+namespace welmo::book {
+
+class Bookkeeper;
+class LimitsPanel;
+class SeamCard;
+class SeamModel;
+
+/// The records as a list with filters, and the card of the one that was touched.
+class WeldsPage : public QWidget
+{
+    Q_OBJECT
+public:
+    WeldsPage(Bookkeeper *keeper, QWidget *parent);
+
+    /// Reads the list anew; the chosen record stays chosen.
+    void reload();
+
+signals:
+    /// The user wants to see or change the limits of this welding file.
+    void limitsWanted(const QString &file);
+
+private:
+    QWidget *makeFilters();
+    QComboBox *makeFilter(const QString &name);
+    void makeTable();
+    QWidget *makeActions();
+    Filter filter() const;
+    void fill(QComboBox *combo, const QString &all, const QStringList &names);
+    void showList(const QVector<Seam> &seams, int count);
+    void onChosen();
+    void compare(bool on);
+
+    QPointer<Bookkeeper> m_keeper;
+    QComboBox *m_day;
+    QComboBox *m_program;
+    QComboBox *m_file;
+    QComboBox *m_verdict;
+    QLabel *m_count;
+    QTableView *m_table;
+    SeamModel *m_model;
+    SeamCard *m_card;
+    QPushButton *m_compare;
+    QPushButton *m_limits;
+    std::optional<Seam> m_chosen;
+};
+
+} // namespace welmo::book

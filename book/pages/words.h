@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QColor>
+#include <QCoreApplication>
+#include <QString>
+
+#include "book/records/seam.h"
+
+class QLabel;
+class QWidget;
+
+namespace welmo::book {
+
+/// What the codes in a record are called, and values as they are shown. What was not told is "–".
+class Words
+{
+    Q_DECLARE_TR_FUNCTIONS(welmo::book::Words)
+public:
+    static QString verdict(Verdict verdict);
+    static QString ending(const QString &code);
+    static QString mode(const QString &code);
+    /// Every reason of a record, in words.
+    static QString reasons(const QString &codes);
+    static QString number(const std::optional<double> &value, int decimals,
+                          const QString &unit = {});
+    static QString text(const QString &text);
+    static QString notTold() { return tr("not told"); }
+};
+
+/// A colour of the theme in use.
+QColor themeColor(const char *key);
+QColor verdictColor(Verdict verdict);
+
+/// A label of the kind that the style rules know: "name", "value", "big", "head", "hint".
+QLabel *makeLabel(const QString &text, const char *kind, QWidget *parent);
+/// Sets the property that the style rules select by, and styles the widget anew.
+void setStyleWord(QWidget *widget, const char *name, const QString &word);
+
+} // namespace welmo::book
