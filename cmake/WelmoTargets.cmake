@@ -16,6 +16,9 @@ set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME pendant)
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual)
 add_compile_definitions(QT_DEPRECATED_WARNINGS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+# The product's own code only: tests write names and texts as they come.
+set(product_flags -Wshadow -DQT_NO_CAST_FROM_ASCII)
+add_definitions(${product_flags})
 if(WELMO_WERROR)
     add_compile_options(-Werror)
 endif()

@@ -21,9 +21,10 @@ bool isNumber(const QVariant &value)
     }
 }
 
-Reply wrongType(const Field &field, const char *wanted)
+Reply wrongType(const Field &field, QLatin1String wanted)
 {
-    return Reply::refused(BadPayload, QStringLiteral("%1 is not %2").arg(field.key, wanted));
+    return Reply::refused(BadPayload,
+                          QStringLiteral("%1 is not %2").arg(QLatin1String(field.key), wanted));
 }
 
 Reply checkedNumber(const Field &field, const QVariant &value)
@@ -31,11 +32,12 @@ Reply checkedNumber(const Field &field, const QVariant &value)
     const double number = value.toDouble();
     const bool whole = field.type != Field::Type::Number;
     if (!isNumber(value) || (whole && std::trunc(number) != number))
-        return wrongType(field, whole ? "a whole number" : "a number");
+        return wrongType(field,
+                         whole ? QLatin1String("a whole number") : QLatin1String("a number"));
     if (number < field.lowest || number > field.highest) {
         return Reply::refused(OutOfRange,
                               QStringLiteral("%1: %2 is not within %3 to %4")
-                                  .arg(field.key)
+                                  .arg(QLatin1String(field.key))
                                   .arg(number)
                                   .arg(field.lowest)
                                   .arg(field.highest));
@@ -47,7 +49,7 @@ Reply checkedThree(const Field &field, const QVariant &value)
 {
     QVariantList list = value.toList();
     if (list.size() != 3)
-        return wrongType(field, "a list of three whole numbers");
+        return wrongType(field, QLatin1String("a list of three whole numbers"));
     for (QVariant &item : list) {
         Reply reply = checkedNumber(field, item);
         if (!reply.ok())
@@ -62,10 +64,11 @@ Reply checkedValue(const Field &field, const QVariant &value)
     switch (field.type) {
     case Field::Type::Text:
         return value.userType() == QMetaType::QString ? Reply::with(value)
-                                                      : wrongType(field, "a text");
+                                                      : wrongType(field, QLatin1String("a text"));
     case Field::Type::Boolean:
-        return value.userType() == QMetaType::Bool ? Reply::with(value)
-                                                   : wrongType(field, "true or false");
+        return value.userType() == QMetaType::Bool
+            ? Reply::with(value)
+            : wrongType(field, QLatin1String("true or false"));
     case Field::Type::Number:
     case Field::Type::Integer:
         return checkedNumber(field, value);

@@ -83,16 +83,17 @@ QVariantMap point(int number, const Pose &pose, const QVariantList &joints)
 {
     const QVariantMap coordinate{{QStringLiteral("user"), QStringLiteral("world")},
                                  {QStringLiteral("wobj"), QStringLiteral("wobj0")}};
-    return named(QStringLiteral("p%1").arg(number),
-                 {{QStringLiteral("description"), QString()},
-                  {QStringLiteral("uuid"),
-                   QStringLiteral("00000000-0000-4000-8000-%1").arg(number, 12, 10, QChar('0'))},
-                  {QStringLiteral("cart"), poseMap(pose)},
-                  {QStringLiteral("joint"), QVariantMap{{QStringLiteral("q"), joints}}},
-                  {QStringLiteral("tool"), QStringLiteral("torch1")},
-                  {QStringLiteral("wobj"), QStringLiteral("wobj0")},
-                  {QStringLiteral("related_frame"), QStringLiteral("wobj")},
-                  {QStringLiteral("coordinate"), coordinate}});
+    return named(
+        QStringLiteral("p%1").arg(number),
+        {{QStringLiteral("description"), QString()},
+         {QStringLiteral("uuid"),
+          QStringLiteral("00000000-0000-4000-8000-%1").arg(number, 12, 10, QLatin1Char('0'))},
+         {QStringLiteral("cart"), poseMap(pose)},
+         {QStringLiteral("joint"), QVariantMap{{QStringLiteral("q"), joints}}},
+         {QStringLiteral("tool"), QStringLiteral("torch1")},
+         {QStringLiteral("wobj"), QStringLiteral("wobj0")},
+         {QStringLiteral("related_frame"), QStringLiteral("wobj")},
+         {QStringLiteral("coordinate"), coordinate}});
 }
 
 // A fillet of 400 mm with a way in and out, then a half circle of 100 mm radius.

@@ -21,7 +21,7 @@ const QString nobody = QStringLiteral("nobody"); // a broker that asks for no us
 
 QString revisionKey(const LinkRequest &request)
 {
-    return request.path + '/' + request.key;
+    return request.path + QLatin1Char('/') + request.key;
 }
 
 bool hasRevision(const LinkRequest &request)

@@ -217,7 +217,7 @@ QString Topics::reply(const QString &user, const QString &client) const
 QString Topics::value(const QString &path, const QString &key) const
 {
     const QString topic = m_root + QStringLiteral("value/") + path;
-    return key.isEmpty() ? topic : topic + '/' + key;
+    return key.isEmpty() ? topic : topic + QLatin1Char('/') + key;
 }
 
 QString Topics::below(const QString &topic, const char *branch) const
@@ -247,7 +247,7 @@ QString Topics::replier(const QString &topic, const QString &user) const
 
 std::pair<QString, QString> Topics::valueOf(const QString &topic) const
 {
-    const QStringList parts = below(topic, "value/").split('/');
+    const QStringList parts = below(topic, "value/").split(QLatin1Char('/'));
     return {parts.first(), parts.value(1)};
 }
 

@@ -6,8 +6,8 @@ using tessa::LinkReply;
 
 namespace welmo::links {
 
-PendingCall::PendingCall(tessa::LinkRequest request)
-    : request(std::move(request))
+PendingCall::PendingCall(tessa::LinkRequest asked)
+    : request(std::move(asked))
 { }
 
 LinkReply PendingCall::wait(int timeoutMs)

@@ -12,7 +12,7 @@ namespace welmo::links {
 class PendingCall
 {
 public:
-    explicit PendingCall(tessa::LinkRequest request);
+    explicit PendingCall(tessa::LinkRequest asked);
 
     const tessa::LinkRequest request;
 

@@ -72,7 +72,7 @@ bool isRelease(const Request &request)
 
 bool isAbout(const Row &row, const Request &request)
 {
-    const bool whole = !row.path.endsWith('.');
+    const bool whole = !row.path.endsWith(QLatin1Char('.'));
     return row.kind == request.kind
         && (whole ? request.path == row.path : request.path.startsWith(row.path));
 }
@@ -110,16 +110,17 @@ Roles Roles::read(const QString &file, QString *problem)
     }
     Roles roles;
     for (int number = 1; !opened.atEnd(); ++number) {
-        const QString line = QString::fromUtf8(opened.readLine()).section('#', 0, 0).simplified();
-        const Role role = roleNamed(line.section(' ', 1));
+        const QString line =
+            QString::fromUtf8(opened.readLine()).section(QLatin1Char('#'), 0, 0).simplified();
+        const Role role = roleNamed(line.section(QLatin1Char(' '), 1));
         if (line.isEmpty())
             continue;
-        if (role == Role::Nobody || !protocol::isName(line.section(' ', 0, 0))) {
+        if (role == Role::Nobody || !protocol::isName(line.section(QLatin1Char(' '), 0, 0))) {
             *problem =
                 QStringLiteral("%1:%2: no line such as 'anna operator'").arg(file).arg(number);
             return {};
         }
-        roles.m_users.insert(line.section(' ', 0, 0), role);
+        roles.m_users.insert(line.section(QLatin1Char(' '), 0, 0), role);
     }
     return roles;
 }

@@ -39,7 +39,7 @@ void FaultsPanel::addSwitch(Faults::Fault fault, const QString &text)
     auto *button = new EnableButton(this);
     button->setObjectName(
         QStringLiteral("btnFault_")
-        + QMetaEnum::fromType<Faults::Fault>().valueToKey(static_cast<int>(fault)));
+        + QLatin1String(QMetaEnum::fromType<Faults::Fault>().valueToKey(static_cast<int>(fault))));
     button->setAccessibleName(text);
     connect(button, &EnableButton::enabled, m_faults,
             [faults = m_faults, fault](bool on) { faults->set(fault, on); });

@@ -52,7 +52,7 @@ QLayout *MessagesPage::makeBar(MessageLog *log)
 void MessagesPage::addFilter(QHBoxLayout *bar, const QString &level, const QString &text)
 {
     auto *button = new QPushButton(text, this);
-    button->setObjectName("btnLevel_" + level);
+    button->setObjectName(QStringLiteral("btnLevel_") + level);
     button->setCheckable(true);
     button->setAutoExclusive(true);
     button->setChecked(level.isEmpty());

@@ -20,7 +20,7 @@ QString levelText(const QString &level)
 
 QPixmap levelPicture(const QString &level)
 {
-    return themePixmap("widget/log_" + level);
+    return themePixmap(QStringLiteral("widget/log_") + level);
 }
 
 MessageModel::MessageModel(MessageLog *log, QObject *parent)

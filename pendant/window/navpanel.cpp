@@ -29,7 +29,7 @@ QString pictureOf(const kelp::ModuleObject *entry)
     if (!own.isEmpty())
         return own;
     QString group = entry->r(QStringLiteral("group"))->getString();
-    return "widget/" + group.replace(QLatin1Char('.'), QLatin1Char('_'));
+    return QStringLiteral("widget/") + group.replace(QLatin1Char('.'), QLatin1Char('_'));
 }
 
 } // namespace
@@ -92,7 +92,7 @@ void NavPanel::addEntry(const kelp::ModuleObject *entry)
 {
     const QString page = entry->r(QStringLiteral("nav"))->getString();
     auto *button = new QToolButton(this);
-    button->setObjectName("nav_" + entry->r(QStringLiteral("key"))->getString());
+    button->setObjectName(QStringLiteral("nav_") + entry->r(QStringLiteral("key"))->getString());
     button->setText(entry->r(QStringLiteral("title"))->getString());
     button->setIcon(inkBesideText(pictureOf(entry)));
     button->setIconSize(besideTextSize);

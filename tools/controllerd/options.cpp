@@ -57,21 +57,26 @@ QString complaintAbout(const QCommandLineParser &parser, Options *options)
 
 Options parseOptions(const QStringList &arguments)
 {
-    const QCommandLineOption cell("cell", "The cell's name, and its account at the broker.",
-                                  "NAME");
+    const QCommandLineOption cell(QStringLiteral("cell"),
+                                  QStringLiteral("The cell's name, and its account at the broker."),
+                                  QStringLiteral("NAME"));
     const QCommandLineOption broker(
-        "broker",
-        "The broker: mqtt://HOST:PORT on this machine, mqtts:// elsewhere. The password is taken "
-        "from WELMO_BROKER_PASSWORD, trusted certificates from the file WELMO_BROKER_CA.",
-        "URL", "mqtt://127.0.0.1:1883");
-    const QCommandLineOption data("data", "Folder for everything that is kept.", "DIR");
+        QStringLiteral("broker"),
+        QStringLiteral(
+            "The broker: mqtt://HOST:PORT on this machine, mqtts:// elsewhere. The password "
+            "is taken from WELMO_BROKER_PASSWORD, trusted certificates from the file "
+            "WELMO_BROKER_CA."),
+        QStringLiteral("URL"), QStringLiteral("mqtt://127.0.0.1:1883"));
+    const QCommandLineOption data(QStringLiteral("data"),
+                                  QStringLiteral("Folder for everything that is kept."),
+                                  QStringLiteral("DIR"));
     const QCommandLineOption users(
-        "users",
-        "File of lines 'NAME ROLE', with the roles viewer, operator, programmer, "
-        "administrator; DIR/users unless told. Who is not in it may do nothing.",
-        "FILE");
+        QStringLiteral("users"),
+        QStringLiteral("File of lines 'NAME ROLE', with the roles viewer, operator, programmer, "
+                       "administrator; DIR/users unless told. Who is not in it may do nothing."),
+        QStringLiteral("FILE"));
     QCommandLineParser parser;
-    parser.setApplicationDescription(description);
+    parser.setApplicationDescription(QLatin1String(description));
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOptions({cell, broker, data, users});
     parser.addPositionalArgument("backup|restore FILE", "Instead of serving.",

@@ -58,7 +58,8 @@ ModuleObject *Workspace::bindTree(const QString &key, const QString &templatePat
     QString error;
     std::unique_ptr<TreeFile> file;
     if (persistent) {
-        file = std::make_unique<TreeFile>(QDir(m_dataFolder).filePath(key + ".json"), tree);
+        file = std::make_unique<TreeFile>(
+            QDir(m_dataFolder).filePath(key + QStringLiteral(".json")), tree);
         if (!file->load(&error))
             report(error);
     }

@@ -8,7 +8,7 @@ QString languagePath(const QString &name, LanguageType type, const QString &modu
 {
     const QString folder = type == LanguageType::Compiled
         ? QStringLiteral(":/%1/language").arg(module)
-        : QCoreApplication::applicationDirPath() + "/language";
+        : QCoreApplication::applicationDirPath() + QStringLiteral("/language");
     return QStringLiteral("%1/%2.qm").arg(folder, name);
 }
 

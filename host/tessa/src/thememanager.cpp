@@ -79,7 +79,8 @@ QString ThemeManager::build(const QString &path)
     }
     unknown.removeDuplicates();
     if (!unknown.isEmpty())
-        emit problem(tr("%1: unknown theme tokens: %2").arg(path, unknown.join(", ")));
+        emit problem(
+            tr("%1: unknown theme tokens: %2").arg(path, unknown.join(QLatin1String(", "))));
     return sheet;
 }
 
