@@ -1,0 +1,142 @@
+"""A browser that is lost lets go: the relay of tools/serve between a browser and a screen, on loopback."""
+
+import os
+import signal
+import socket
+import struct
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+import urllib.error
+import urllib.request
+from unittest import mock
+
+import relay
+
+PATIENT = 30.0
+HELLO = b"RFB 003.008\n" + b"\x01" + b"\x01"
+BUTTON = struct.pack(">BBHH", 5, 1, 300, 200)
+BUTTON_UP = struct.pack(">BBHH", 5, 0, 300, 200)
+KEY = struct.pack(">BBxxI", 4, 1, 0xFF0D)
+KEY_UP = struct.pack(">BBxxI", 4, 0, 0xFF0D)
+
+
+class Browser:
+    """The little of a browser that the relay sees."""
+
+    def __init__(self, port):
+        host = f"127.0.0.1:{port}"
+        self.socket = socket.create_connection(("127.0.0.1", port), PATIENT)
+        self.socket.sendall(
+            f"GET / HTTP/1.1\r\nHost: {host}\r\nOrigin: http://{host}\r\nUpgrade: websocket\r\n"
+            "Connection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
+            "Sec-WebSocket-Key: AAAAAAAAAAAAAAAAAAAAAA==\r\n\r\n".encode()
+        )
+        answer = b""
+        while not answer.endswith(b"\r\n\r\n"):
+            answer += self.socket.recv(1)
+
+    def send(self, data):
+        """One binary frame; a mask is required, and one of zeros changes nothing."""
+        self.socket.sendall(bytes([0x82, 0x80 | len(data)]) + bytes(4) + data)
+
+
+def browse(port, held):
+    """Stays connected with something held; in a process of its own, which can be killed."""
+    browser = Browser(port)
+    browser.send(HELLO + held)
+    while True:
+        time.sleep(0.1)
+        browser.send(held)
+
+
+class RelayTest(unittest.TestCase):
+    def setUp(self):
+        folder = self.enterContext(tempfile.TemporaryDirectory())
+        self.screens = socket.socket(socket.AF_UNIX)
+        self.addCleanup(self.screens.close)
+        self.screens.bind(os.path.join(folder, "vnc.sock"))
+        self.screens.listen()
+        self.screens.settimeout(PATIENT)
+        self.server = relay.open_server(os.path.join(folder, "vnc.sock"))
+        self.addCleanup(self.server.server_close)
+        self.addCleanup(self.server.shutdown)
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+
+    def browser(self):
+        browser = Browser(self.server.server_port)
+        self.addCleanup(browser.socket.close)
+        return browser
+
+    def accept(self):
+        screen, _ = self.screens.accept()
+        self.addCleanup(screen.close)
+        screen.settimeout(PATIENT)
+        return screen
+
+    def assert_comes(self, screen, data):
+        self.assertEqual(screen.recv(len(data), socket.MSG_WAITALL), data)
+
+    def assert_let_go(self, screen, held, release):
+        """What comes is the same press over and over, then the release, then the end."""
+        rest = b""
+        while data := screen.recv(65536):
+            rest += data
+        presses = len(rest) // len(held) - 1
+        self.assertEqual(rest, presses * held + release)
+
+    def test_browser_that_is_lost(self):
+        for how in (signal.SIGKILL, signal.SIGSTOP):
+            for held, release in ((BUTTON, BUTTON_UP), (KEY, KEY_UP)):
+                with self.subTest(how=how.name, held=held):
+                    arguments = [sys.executable, __file__, str(self.server.server_port), held.hex()]
+                    browser = subprocess.Popen(arguments)
+                    self.addCleanup(browser.wait)
+                    self.addCleanup(browser.kill)
+                    screen = self.accept()
+                    self.assert_comes(screen, HELLO + held)
+                    browser.send_signal(how)
+                    self.assert_let_go(screen, held, release)
+
+    def test_silence(self):
+        """A browser that speaks once a second at most keeps holding; then it is silent for longer."""
+        clock = self.enterContext(mock.patch("relay.time")).monotonic
+        clock.return_value = 0.0
+        browser = self.browser()
+        browser.send(HELLO + BUTTON)
+        screen = self.accept()
+        self.assert_comes(screen, HELLO + BUTTON)
+        for _ in range(3):
+            clock.return_value += 0.9
+            browser.send(BUTTON)
+            self.assert_comes(screen, BUTTON)
+        clock.side_effect = iter(range(100, 10000, 100)).__next__
+        self.assert_let_go(screen, BUTTON, BUTTON_UP)
+
+    def test_nothing_held(self):
+        """Who lifted the finger in time may be silent, and no second release comes."""
+        browser = self.browser()
+        browser.send(HELLO + BUTTON + BUTTON_UP)
+        screen = self.accept()
+        self.assert_comes(screen, HELLO + BUTTON + BUTTON_UP)
+        browser.socket.close()
+        self.assertEqual(screen.recv(1), b"")
+
+    def test_page_from_elsewhere(self):
+        request = urllib.request.Request(
+            f"http://127.0.0.1:{self.server.server_port}/",
+            headers={"Origin": "http://elsewhere", "Upgrade": "websocket", "Connection": "Upgrade"},
+        )
+        with self.assertRaises(urllib.error.HTTPError) as refusal:
+            urllib.request.build_opener(urllib.request.ProxyHandler({})).open(request, timeout=PATIENT)
+        self.assertEqual(refusal.exception.code, 403)
+        refusal.exception.close()
+
+
+if __name__ == "__main__":
+    if len(sys.argv) == 3:
+        browse(int(sys.argv[1]), bytes.fromhex(sys.argv[2]))
+    unittest.main()
