@@ -10,10 +10,10 @@ QString ChoiceTable::Choice::shown() const
     return QCoreApplication::translate("Choices", text);
 }
 
-const ChoiceTable::Choice *ChoiceTable::withText(const QString &sourceText) const
+const ChoiceTable::Choice *ChoiceTable::withText(const QString &text) const
 {
     const auto choice = std::find_if(m_choices.begin(), m_choices.end(), [&](const Choice &each) {
-        return sourceText == QLatin1String(each.text);
+        return text == QLatin1String(each.text) || text == each.shown();
     });
     return choice == m_choices.end() ? nullptr : &*choice;
 }

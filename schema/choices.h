@@ -32,8 +32,8 @@ public:
     { }
 
     const std::vector<Choice> &choices() const { return m_choices; }
-    /// The choice with this source text; null when there is none.
-    const Choice *withText(const QString &sourceText) const;
+    /// The choice with this source or shown text; null when there is none.
+    const Choice *withText(const QString &text) const;
     /// Whether a bool is stored rather than a keyword.
     bool isBoolean() const { return m_choices.front().code.userType() == QMetaType::Bool; }
 

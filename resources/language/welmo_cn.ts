@@ -338,12 +338,36 @@
         <source>%1: the value &quot;%2&quot; of &quot;%3&quot; is not offered here and is kept</source>
         <translation>%1：“%3”的值“%2”不在此处的选项中，保持不变</translation>
     </message>
+    <message>
+        <source>%1: the value &quot;%2&quot; of &quot;%3&quot; is not offered here; a save stores what is shown</source>
+        <translation>%1：“%3”的值“%2”在此不可选，保存时将存入所显示的值</translation>
+    </message>
+    <message>
+        <source>%1: of &quot;%2&quot;, %3 is stored and %4 is shown</source>
+        <translation>%1：“%2”存储的是 %3，显示的是 %4</translation>
+    </message>
 </context>
 <context>
     <name>FileForm</name>
     <message>
         <source>%1: changes were not saved</source>
         <translation>%1：更改未保存</translation>
+    </message>
+    <message>
+        <source>%1 is not saved: it was not read, and what is shown is not its content</source>
+        <translation>%1 未保存：该文件未能读取，显示的不是其内容</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; was changed elsewhere to %3 and is being edited here; another save replaces it</source>
+        <translation>%1：“%2”已在别处改为 %3，而此处正在编辑；再次保存将覆盖它</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>未读取</translation>
+    </message>
+    <message>
+        <source>not read: no link</source>
+        <translation>未读取：无连接</translation>
     </message>
 </context>
 <context>
@@ -513,10 +537,6 @@
 <context>
     <name>ParameterFile</name>
     <message>
-        <source>save parameter error</source>
-        <translation>保存参数失败</translation>
-    </message>
-    <message>
         <source>%1: read parameter error</source>
         <translation>%1：读取参数失败</translation>
     </message>
@@ -527,6 +547,10 @@
     <message>
         <source>remove parameter success</source>
         <translation>删除参数成功</translation>
+    </message>
+    <message>
+        <source>%1: could not be created</source>
+        <translation>%1：无法创建</translation>
     </message>
 </context>
 <context>

@@ -7,6 +7,17 @@ bool isConnected()
     return host::serviceTree()->r(QStringLiteral("connected"))->getBool(false);
 }
 
+void onConnected(QObject *context, const std::function<void()> &action)
+{
+    kelp::ModuleObject *leaf = host::serviceTree()->c(QStringLiteral("connected"), true);
+    leaf->watch(true, false);
+    QObject::connect(leaf, &kelp::ModuleObject::changed, context,
+                     [action](const QVariant &connected) {
+                         if (connected.toBool() && isConnected())
+                             action();
+                     });
+}
+
 QString welderState(QObject *sender)
 {
     const auto answer = xservice()->get(sender, node(QStringLiteral("welder_state")));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 #include <tessa/xservice.h>
 
@@ -11,6 +12,9 @@ namespace welmo::arcweld {
 
 /// Whether the controller link is up; every save, enable and file change asks first.
 bool isConnected();
+
+/// Runs @p action each time the link has come up, as long as @p context lives.
+void onConnected(QObject *context, const std::function<void()> &action);
 
 /// The controller's name for one of the arc-welding service's nodes or commands.
 inline QString node(const QString &name)

@@ -32,6 +32,15 @@ const kelp::ModuleObject *Field::nodeIn(const kelp::ModuleObject *file) const
     return file->r(key());
 }
 
+QVariantList Field::cutNumber(const QVariant &stored, double shown)
+{
+    bool isNumber = false;
+    const double number = stored.toDouble(&isNumber);
+    const double tolerance = 1e-9 * qMax(1.0, qAbs(number));
+    const bool same = !isNumber || qAbs(number - shown) <= tolerance;
+    return same ? QVariantList() : QVariantList{number, shown};
+}
+
 void FileNameField::prepare()
 {
     makeTouchable(m_combo);
@@ -63,8 +72,6 @@ void ChoiceField::store(QObject *sender, kelp::ModuleObject *file) const
 {
     if (m_combo->currentIndex() >= 0)
         file->set(sender, key(), m_combo->currentData(), true);
-    else if (host::isMissing(nodeIn(file)))
-        file->set(sender, key(), row().defaultValue(), true);
 }
 
 bool ChoiceField::show(const kelp::ModuleObject *file)
@@ -128,7 +135,23 @@ bool InputField::show(const kelp::ModuleObject *file)
     return m_combo->currentIndex() >= 0;
 }
 
-void IntegersField::prepare()
+QList<QWidget *> IntegersField::editors() const
+{
+    return {m_boxes.begin(), m_boxes.end()};
+}
+
+QVariantList IntegersField::cut(const kelp::ModuleObject *file) const
+{
+    const QVariantList stored = nodeIn(file)->getList();
+    for (int i = 0; i < qMin(stored.size(), int(m_boxes.size())); ++i) {
+        const QVariantList cut = cutNumber(stored.at(i), m_boxes[size_t(i)]->value());
+        if (!cut.isEmpty())
+            return cut;
+    }
+    return {};
+}
+
+void IntegersField::applyRange()
 {
     for (QSpinBox *box : m_boxes)
         box->setRange(int(row().range.minimum), int(row().range.maximum));
@@ -154,7 +177,12 @@ bool IntegersField::show(const kelp::ModuleObject *file)
     return true;
 }
 
-void IntegerField::prepare()
+QVariantList IntegerField::cut(const kelp::ModuleObject *file) const
+{
+    return cutNumber(host::toVariant(nodeIn(file)), m_box->value());
+}
+
+void IntegerField::applyRange()
 {
     m_box->setRange(int(row().range.minimum), int(row().range.maximum));
     m_box->setAccelerated(true);
@@ -171,7 +199,12 @@ bool IntegerField::show(const kelp::ModuleObject *file)
     return true;
 }
 
-void RealField::prepare()
+QVariantList RealField::cut(const kelp::ModuleObject *file) const
+{
+    return cutNumber(host::toVariant(nodeIn(file)), m_box->value());
+}
+
+void RealField::applyRange()
 {
     m_box->setRange(row().range.minimum, row().range.maximum);
     m_box->setAccelerated(true);

@@ -30,13 +30,19 @@ public:
     const schema::Row &row() const { return m_row; }
     QString key() const { return QString::fromLatin1(m_row.key); }
     virtual QWidget *editor() const = 0;
+    /// All of them, where there are several.
+    virtual QList<QWidget *> editors() const { return {editor()}; }
 
-    /// Gives the control its range and its items.
+    /// Gives the control its items.
     virtual void prepare() { }
+    /// Gives the control the row's range.
+    virtual void applyRange() { }
     /// Control to file.
     virtual void store(QObject *sender, kelp::ModuleObject *file) const = 0;
     /// File to control. False when the control cannot show the stored value.
     virtual bool show(const kelp::ModuleObject *file) = 0;
+    /// Of a number: what is stored and what the control made of it, where the two differ.
+    virtual QVariantList cut(const kelp::ModuleObject *) const { return {}; }
 
     /// The label behind the control shows the row's unit.
     Field &unit(QLabel *label);
@@ -47,6 +53,8 @@ public:
 
 protected:
     const kelp::ModuleObject *nodeIn(const kelp::ModuleObject *file) const;
+    /// As cut(), for one number.
+    static QVariantList cutNumber(const QVariant &stored, double shown);
 
 private:
     const schema::Row &m_row;
@@ -164,10 +172,12 @@ public:
         , m_boxes(boxes)
     { }
     QWidget *editor() const override { return m_boxes.front(); }
+    QList<QWidget *> editors() const override;
     const Boxes &boxes() const { return m_boxes; }
-    void prepare() override;
+    void applyRange() override;
     void store(QObject *sender, kelp::ModuleObject *file) const override;
     bool show(const kelp::ModuleObject *file) override;
+    QVariantList cut(const kelp::ModuleObject *file) const override;
 
 private:
     Boxes m_boxes;
@@ -181,9 +191,10 @@ public:
         , m_box(box)
     { }
     QWidget *editor() const override { return m_box; }
-    void prepare() override;
+    void applyRange() override;
     void store(QObject *sender, kelp::ModuleObject *file) const override;
     bool show(const kelp::ModuleObject *file) override;
+    QVariantList cut(const kelp::ModuleObject *file) const override;
 
 private:
     QSpinBox *m_box;
@@ -198,9 +209,10 @@ public:
         , m_readAsInteger(row.isReadAsInteger)
     { }
     QWidget *editor() const override { return m_box; }
-    void prepare() override;
+    void applyRange() override;
     void store(QObject *sender, kelp::ModuleObject *file) const override;
     bool show(const kelp::ModuleObject *file) override;
+    QVariantList cut(const kelp::ModuleObject *file) const override;
 
 private:
     QDoubleSpinBox *m_box;

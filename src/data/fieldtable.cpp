@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QSignalBlocker>
 
+#include "adapter/hostadapter.h"
 #include "data/report.h"
 
 namespace welmo {
@@ -20,13 +21,46 @@ void writeDefault(QObject *sender, kelp::ModuleObject *file, const char *key, co
 
 } // namespace
 
-void FieldTable::reportUnknown(const kelp::ModuleObject *file, const Field &field) const
+QString FieldTable::nameOf(const kelp::ModuleObject *file) const
 {
-    const QString text = QCoreApplication::translate(
-        "FieldTable", "%1: the value \"%2\" of \"%3\" is not offered here and is kept");
-    const bool isFile = dynamic_cast<const schema::FileSet *>(&m_set);
+    return dynamic_cast<const schema::FileSet *>(&m_set) ? file->name() : m_set.name;
+}
+
+void FieldTable::tellOnce(QHash<const Field *, QString> &told, const Field &field,
+                          const QString &text)
+{
+    if (told.value(&field) == text)
+        return;
+    told.insert(&field, text);
+    report::warning(m_owner, text);
+}
+
+void FieldTable::reportUnknown(const kelp::ModuleObject *file, const Field &field)
+{
+    const bool isReplaced = dynamic_cast<const NameField *>(&field);
+    const QString text = isReplaced
+        ? QCoreApplication::translate("FieldTable",
+                                      "%1: the value \"%2\" of \"%3\" is not offered here; a save "
+                                      "stores what is shown")
+        : QCoreApplication::translate(
+            "FieldTable", "%1: the value \"%2\" of \"%3\" is not offered here and is kept");
     const QString value = file->r(field.key())->getString(QString());
-    report::warning(m_owner, text.arg(isFile ? file->name() : m_set.name, value, field.key()));
+    tellOnce(m_unknown, field, text.arg(nameOf(file), value, field.key()));
+}
+
+void FieldTable::reportCuts(const kelp::ModuleObject *file)
+{
+    const QString text =
+        QCoreApplication::translate("FieldTable", "%1: of \"%2\", %3 is stored and %4 is shown");
+    for (const auto &field : m_fields) {
+        const QVariantList cut = field->cut(file);
+        // A default that its own box cannot show was nobody's choice.
+        if (cut.isEmpty() || cut[0] == field->row().defaultValue())
+            m_cuts.remove(field.get());
+        else
+            tellOnce(m_cuts, *field,
+                     text.arg(nameOf(file), field->key(), cut[0].toString(), cut[1].toString()));
+    }
 }
 
 void FieldTable::writeDefaults(kelp::ModuleObject *file) const
@@ -42,19 +76,31 @@ void FieldTable::prepare()
 {
     for (const auto &field : m_fields)
         field->prepare();
+    applyRanges();
+}
+
+void FieldTable::applyRanges()
+{
+    for (const auto &field : m_fields)
+        field->applyRange();
 }
 
 void FieldTable::store(kelp::ModuleObject *file) const
 {
-    for (const auto &field : m_fields)
+    for (const auto &field : m_fields) {
         field->store(m_owner, file);
+        if (host::isMissing(file->r(field->key()))) // nothing is chosen, and nothing was stored
+            writeDefault(m_owner, file, field->row().key, field->row().defaultValue());
+    }
 }
 
 void FieldTable::show(const kelp::ModuleObject *file)
 {
     for (const auto &field : m_fields) {
         const QSignalBlocker blocker(field->editor());
-        if (!field->show(file))
+        if (field->show(file))
+            m_unknown.remove(field.get());
+        else
             reportUnknown(file, *field);
         field->shown();
     }

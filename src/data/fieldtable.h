@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -58,10 +59,14 @@ public:
     /// Every row's default, also of the rows that no control shows.
     void writeDefaults(kelp::ModuleObject *file) const;
     void prepare();
+    /// Gives the numbers the rows' ranges again.
+    void applyRanges();
     void store(kelp::ModuleObject *file) const;
     /// Fills the controls with their signals blocked; what depends on the values is the caller's to
     /// bring up to date afterwards. A value that a control cannot show is reported.
     void show(const kelp::ModuleObject *file);
+    /// Tells the numbers of which the controls show something else, once as long as that lasts.
+    void reportCuts(const kelp::ModuleObject *file);
 
 private:
     template<typename Kind, typename Row, typename Control>
@@ -70,11 +75,16 @@ private:
         m_fields.push_back(std::make_unique<Kind>(row, control));
         return *m_fields.back();
     }
-    void reportUnknown(const kelp::ModuleObject *file, const Field &field) const;
+    void reportUnknown(const kelp::ModuleObject *file, const Field &field);
+    QString nameOf(const kelp::ModuleObject *file) const;
+    /// Nothing is told twice of a field until something else was shown in it.
+    void tellOnce(QHash<const Field *, QString> &told, const Field &field, const QString &text);
 
     QObject *m_owner;
     const schema::Set &m_set;
     std::vector<std::unique_ptr<Field>> m_fields;
+    QHash<const Field *, QString> m_unknown; ///< what was told
+    QHash<const Field *, QString> m_cuts;
 };
 
 } // namespace welmo

@@ -1,5 +1,6 @@
 #include "data/fileform.h"
 
+#include <QBoxLayout>
 #include <QCoreApplication>
 #include <QSignalBlocker>
 #include <utility>
@@ -8,6 +9,17 @@
 #include "data/report.h"
 
 namespace welmo {
+
+namespace {
+
+const QString nameKey = QStringLiteral("name");
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(FileForm)
+};
+
+} // namespace
 
 FileForm::FileForm(QObject *owner, const schema::FileSet &set, QComboBox *combo,
                    std::function<void()> afterShow)
@@ -19,16 +31,19 @@ FileForm::FileForm(QObject *owner, const schema::FileSet &set, QComboBox *combo,
     , m_afterShow(std::move(afterShow))
     , m_shown(set.prefix, nullptr)
 {
-    m_overtaken.setSingleShot(true);
-    QObject::connect(&m_overtaken, &QTimer::timeout, &m_overtaken,
-                     [this] { reloadKeepingEdits(); });
+    QObject::connect(xservice()->watchNode(set.node()), &kelp::ModuleObject::changed, &m_guard,
+                     [this](const QVariant &files) { onFilesChanged(files); });
+    QObject::connect(combo, qOverload<int>(&QComboBox::currentIndexChanged), &m_guard,
+                     [this] { showWhetherHeld(); });
+    arcweld::onConnected(&m_guard, [this] { onConnected(); });
 }
 
 FileForm::~FileForm()
 {
     const bool isHostThere = !host::isMissing(m(QStringLiteral("welmo")));
-    if (m_controls && isHostThere && isEdited() && holdsChosenFile())
-        reportLoss(nullptr, m_data->name()); // the owner is going as well
+    const QString edited = m_controls && isHostThere ? editedFile() : QString();
+    if (!edited.isEmpty())
+        reportLoss(nullptr, edited); // the owner is going as well
 }
 
 void FileForm::prepare()
@@ -37,6 +52,15 @@ void FileForm::prepare()
     m_combo->clear();
     m_combo->addItems(m_set.fileNames());
     m_fields.prepare();
+}
+
+void FileForm::addHint(QWidget *form)
+{
+    m_hint = new QLabel(form);
+    m_hint->setObjectName(QStringLiteral("lblNotRead"));
+    m_hint->hide();
+    if (auto *layout = qobject_cast<QBoxLayout *>(form->layout()))
+        layout->insertWidget(0, m_hint);
 }
 
 void FileForm::useDefaultNode()
@@ -58,14 +82,20 @@ void FileForm::useFreshDefaults()
 
 bool FileForm::holdsChosenFile() const
 {
-    return m_data->name() == m_combo->currentText();
+    return m_data && m_data->name() == m_combo->currentText();
 }
 
 bool FileForm::get()
 {
-    return parameterfile::handleGetParam(m_owner, m_set, m_combo, m_data,
-                                         [this] { useFreshDefaults(); })
-        != parameterfile::Fetch::Failed;
+    watchFile();
+    const auto fetch = parameterfile::handleGetParam(m_owner, m_set, m_combo, m_data,
+                                                     [this] { useFreshDefaults(); });
+    if (fetch == parameterfile::Fetch::Failed) {
+        showWhetherHeld();
+        return false;
+    }
+    m_read = host::toVariant(m_data);
+    return true;
 }
 
 void FileForm::store()
@@ -75,18 +105,43 @@ void FileForm::store()
 
 void FileForm::show()
 {
+    setGrey(false);
     m_fields.show(m_data);
     m_afterShow();
     markUnedited();
+    if (holdsChosenFile())
+        m_fields.reportCuts(m_data);
+    showWhetherHeld();
 }
 
 int FileForm::save()
 {
     const int code =
         parameterfile::handleSaveParam(m_owner, m_set, m_combo, m_data, [this] { store(); });
-    if (code == 0)
+    if (code == 0) {
+        m_read = host::toVariant(m_data);
         markUnedited();
+    }
     return code;
+}
+
+bool FileForm::maySave()
+{
+    const QString file = m_combo->currentText();
+    if (!holdsChosenFile()) {
+        report::error(m_owner,
+                      Text::tr("%1 is not saved: it was not read, and what is shown is not "
+                               "its content")
+                          .arg(file));
+        return false;
+    }
+    const auto theirs = xservice()->get(m_owner, m_set.node(), file);
+    const bool isRead = !arcweld::readFailed(theirs) && theirs->hasCmobj(nameKey, false);
+    if (!isRead || host::toVariant(theirs.get()) == m_read)
+        return true; // else the save itself tells what is wrong
+    const QStringList overlap = reloadKeepingEdits(host::toVariant(theirs.get()));
+    reportOverlap(overlap);
+    return overlap.isEmpty();
 }
 
 void FileForm::collect(kelp::ModuleObject *values) const
@@ -97,11 +152,11 @@ void FileForm::collect(kelp::ModuleObject *values) const
     }
 }
 
-QMap<QString, QVariant> FileForm::edits() const
+FileForm::Values FileForm::edits() const
 {
     if (!m_isKnown)
         return {};
-    QMap<QString, QVariant> edits;
+    Values edits;
     kelp::ModuleObject now(m_set.prefix, nullptr);
     collect(&now);
     for (const auto &field : m_fields.fields()) {
@@ -115,63 +170,125 @@ QMap<QString, QVariant> FileForm::edits() const
 
 void FileForm::markUnedited()
 {
-    collect(&m_shown);
+    kelp::ModuleObject now(m_set.prefix, nullptr);
+    collect(&now);
+    m_shown.copyFrom(nullptr, &now, true, true);
     m_isKnown = true;
-    watchFile();
 }
 
 void FileForm::watchFile()
 {
-    if (!m_data || (m_data == m_watched && m_watching))
-        return;
-    QObject::disconnect(m_watching);
-    m_watched = m_data;
-    m_data->watch(true, true);
-    m_watching =
-        QObject::connect(m_data, &kelp::ModuleObject::changed, &m_overtaken,
-                         [this](const QVariant &, const QVariant &, const QObject *sender) {
-                             if (sender != m_owner)
-                                 m_overtaken.start(0);
-                         });
+    if (arcweld::isConnected())
+        xservice()->watch(m_owner, m_set.node(), true);
+}
+
+QString FileForm::editedFile() const
+{
+    const bool isFile = m_data && m_data != parameterfile::defaultNode(m_set);
+    return isFile && isEdited() ? m_data->name() : QString();
 }
 
 void FileForm::reportLoss(const QObject *sender, const QString &file)
 {
-    report::warning(
-        sender, QCoreApplication::translate("FileForm", "%1: changes were not saved").arg(file));
+    report::warning(sender, Text::tr("%1: changes were not saved").arg(file));
 }
 
-void FileForm::reloadKeepingEdits()
+void FileForm::onFilesChanged(const QVariant &files)
 {
-    // Of the controller: a save that was refused leaves its values in the local copy.
-    if (m_data != m_watched || !holdsChosenFile() || !arcweld::isConnected() || !get())
-        return;
-    const QMap<QString, QVariant> edited = edits();
+    const QVariant theirs = files.toMap().value(m_combo->currentText());
+    const bool isFile = theirs.toMap().contains(nameKey); // else it was removed
+    if (isFile && holdsChosenFile() && theirs != m_read)
+        reportOverlap(reloadKeepingEdits(theirs));
+}
+
+void FileForm::onConnected()
+{
+    watchFile();
+    if (m_data && !holdsChosenFile())
+        select();
+}
+
+QStringList FileForm::reloadKeepingEdits(const QVariant &theirs)
+{
+    const Values edited = edits();
+    Values before;
+    QStringList overlap;
+    m_read = theirs;
+    kelp::ModuleObject answer(m_data->name(), nullptr);
+    answer.importFromVariant(nullptr, theirs, true, true, false);
+    m_data->copyFrom(m_owner, &answer, true, true);
     kelp::ModuleObject merged(m_data->name(), nullptr);
     merged.copyFrom(nullptr, m_data, true, true);
-    QMap<QString, QVariant> shown;
     for (auto edit = edited.begin(); edit != edited.end(); ++edit) {
-        shown.insert(edit.key(), host::toVariant(m_shown.r(edit.key())));
+        const QVariant present = host::toVariant(m_data->r(edit.key()));
+        const bool isChanged = present != host::toVariant(m_shown.r(edit.key()));
+        if (isChanged && present != edit.value())
+            overlap.append(edit.key());
+        before.insert(edit.key(), present);
         merged.set(nullptr, edit.key(), edit.value(), true);
     }
+    setGrey(false);
     m_fields.show(&merged);
     m_afterShow();
     markUnedited();
-    for (auto value = shown.begin(); value != shown.end(); ++value)
+    for (auto value = before.begin(); value != before.end(); ++value)
         m_shown.set(nullptr, value.key(), value.value(), true); // still edited
+    return overlap;
+}
+
+void FileForm::reportOverlap(const QStringList &keys)
+{
+    for (const QString &key : keys)
+        report::warning(m_owner,
+                        Text::tr("%1: \"%2\" was changed elsewhere to %3 and is being edited here; "
+                                 "another save replaces it")
+                            .arg(m_data->name(), key, m_data->r(key)->getString(QString())));
+}
+
+void FileForm::showWhetherHeld()
+{
+    const bool held = holdsChosenFile();
+    setGrey(!held);
+    if (!m_hint)
+        return;
+    m_hint->setText(arcweld::isConnected() ? Text::tr("not read") : Text::tr("not read: no link"));
+    m_hint->setVisible(!held);
+}
+
+void FileForm::setGrey(bool grey)
+{
+    if (!grey) {
+        for (auto each = m_enabled.begin(); each != m_enabled.end(); ++each)
+            each.key()->setEnabled(each.value());
+        m_enabled.clear();
+        return;
+    }
+    for (const auto &field : m_fields.fields()) {
+        for (QWidget *editor : field->editors()) {
+            if (editor == m_combo || m_enabled.contains(editor))
+                continue;
+            m_enabled.insert(editor, editor->isEnabledTo(editor->parentWidget()));
+            editor->setEnabled(false);
+        }
+    }
 }
 
 void FileForm::select()
 {
-    const bool isFile = m_data && m_data != parameterfile::defaultNode(m_set);
-    const QString edited = isFile && isEdited() ? m_data->name() : QString();
-    const auto showOther = [&] {
-        if (!edited.isEmpty() && edited != m_data->name())
+    watchFile();
+    const QString edited = editedFile();
+    bool isRead = false;
+    const auto showRead = [&] {
+        isRead = true;
+        m_read = host::toVariant(m_data);
+        if (!edited.isEmpty())
             reportLoss(m_owner, edited);
         show();
     };
     parameterfile::handleFileNumChanged(
-        m_owner, m_combo, m_data, m_set, [this] { useFreshDefaults(); }, showOther);
+        m_owner, m_combo, m_data, m_set, [this] { useFreshDefaults(); }, showRead);
+    if (!isRead)
+        showWhetherHeld();
 }
 
 bool FileForm::choose(const QString &name)
@@ -181,15 +298,19 @@ bool FileForm::choose(const QString &name)
         return false;
     const QSignalBlocker blocker(m_combo);
     m_combo->setCurrentIndex(index);
+    showWhetherHeld();
     return true;
 }
 
 void FileForm::start()
 {
+    const QString edited = editedFile();
     writeDefaults();
     useDefaultNode();
     if (arcweld::isConnected())
         get();
+    if (!edited.isEmpty())
+        reportLoss(m_owner, edited);
     show();
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLabel>
 #include <QMap>
 #include <QPointer>
-#include <QTimer>
 #include <functional>
 
 #include "data/fieldtable.h"
@@ -14,9 +14,9 @@ namespace welmo {
 /// One parameter set as one form edits it: the file combo box, the field table, and the current
 /// data object between them. Thin: the moving is FieldTable's, the fetching parameterfile's.
 ///
-/// The local copy of a file is one for all forms. When another form, or the monitor, changes it,
-/// this one reads the file and shows it, except in fields that were edited here: a save must not
-/// undo what was saved elsewhere.
+/// What anybody writes into the chosen file is shown here too, except in fields that are being
+/// edited: a save must not undo what was saved elsewhere. A file that could not be read is read
+/// when the link has come up; until then the controls are grey.
 class FileForm
 {
 public:
@@ -37,22 +37,29 @@ public:
     /// another file's, or the defaults.
     bool holdsChosenFile() const;
 
-    /// Offers the set's file names and gives every control its range, items and unit.
+    /// Offers the set's file names and gives every control its range and items.
     void prepare();
+    /// Puts the line that says "not read" on top of @p form, whose layout goes from top to bottom.
+    void addHint(QWidget *form);
     void useDefaultNode();
     void writeDefaults();
     /// Reads the chosen file; false when the controller could not be read.
     bool get();
     void store();
     void show();
-    /// The controller's code, 0 for success.
+    /// Stores and writes what the form holds, whatever that is. The controller's code, 0 for
+    /// success.
     int save();
+    /// For a button: false, and the reason told, when the values shown are not the chosen file's,
+    /// or when another wrote into a field that is edited here. Other news of the file is taken
+    /// over.
+    bool maySave();
     /// Whether the form holds changes that were not saved.
     bool isEdited() const { return !edits().isEmpty(); }
     /// What the controls hold counts as unchanged: it was shown, saved, or set by the welder.
     void markUnedited();
-    /// Reads the chosen file and shows it; a failed read leaves the form as it is. Changes of the
-    /// file shown before that nobody saved are lost, which is reported.
+    /// Reads the chosen file and shows it; a failed read leaves the form as it is. Changes that
+    /// nobody saved are lost, which is reported.
     void select();
     /// Puts the combo box on the file @p name without its signals; false, and nothing changed, when
     /// the set has no such file (the case counts).
@@ -61,13 +68,23 @@ public:
     void start();
 
 private:
+    using Values = QMap<QString, QVariant>; ///< by key
+
     void useFreshDefaults();
+    Values edits() const;
+    QString editedFile() const; ///< empty when nothing would be lost
     static void reportLoss(const QObject *sender, const QString &file);
-    QMap<QString, QVariant> edits() const; ///< by key
     /// What the controls hold, except the file's name.
     void collect(kelp::ModuleObject *values) const;
     void watchFile();
-    void reloadKeepingEdits();
+    void onFilesChanged(const QVariant &files);
+    void onConnected();
+    /// Shows @p theirs, what the controller has, except in fields that are edited here. The keys of
+    /// those that were changed there as well.
+    QStringList reloadKeepingEdits(const QVariant &theirs);
+    void reportOverlap(const QStringList &keys);
+    void showWhetherHeld();
+    void setGrey(bool grey);
 
     QObject *m_owner;
     const schema::FileSet &m_set;
@@ -78,9 +95,10 @@ private:
     kelp::ModuleObject *m_data = nullptr;
     kelp::ModuleObject m_shown; ///< what the controls held when a file was shown or saved
     bool m_isKnown = false;
-    kelp::ModuleObject *m_watched = nullptr; ///< the data object whose changes are heard
-    QMetaObject::Connection m_watching;
-    QTimer m_overtaken; ///< runs once for all that somebody else changes at a time
+    QVariant m_read; ///< the file as the controller had it last
+    QLabel *m_hint = nullptr;
+    QHash<QWidget *, bool> m_enabled; ///< of the controls that are grey now, whether they were
+    QObject m_guard; ///< the connections go with the form
 };
 
 } // namespace welmo

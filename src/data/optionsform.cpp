@@ -50,6 +50,13 @@ bool OptionsForm::get()
     return true;
 }
 
+std::unique_ptr<kelp::ModuleObject> OptionsForm::payload() const
+{
+    auto payload = std::make_unique<kelp::ModuleObject>(m_set.name, nullptr);
+    payload->copyFrom(m_owner, m_data, true, true);
+    return payload;
+}
+
 void OptionsForm::useDefault()
 {
     useDefaultNode();

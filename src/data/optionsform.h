@@ -25,6 +25,8 @@ public:
     bool isKnown() const { return m_known; }
     /// Takes the defaults over as the present values.
     void useDefault();
+    /// What is sent: the present values, under the set's name.
+    std::unique_ptr<kelp::ModuleObject> payload() const;
     void store() { m_fields.store(m_data); }
     void show() { m_fields.show(m_data); }
 

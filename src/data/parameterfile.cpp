@@ -10,7 +10,6 @@ namespace welmo::parameterfile {
 namespace {
 
 const QString nameKey = QStringLiteral("name");
-constexpr int notThatFile = -1;
 
 struct ParameterFile
 {
@@ -41,17 +40,20 @@ kelp::ModuleObject *keepAnswer(QObject *sender, const schema::FileSet &set, cons
     return local;
 }
 
-void create(QObject *sender, const schema::FileSet &set, const QString &file,
+// False when the controller did not take the file.
+bool create(QObject *sender, const schema::FileSet &set, const QString &file,
             kelp::ModuleObject *&data)
 {
     kelp::ModuleObject *local = makeLocalCopy(sender, set, file);
     local->copyFrom(sender, data, true, true);
     data = local;
     data->set(sender, nameKey, file, true);
-    if (xservice()->set(sender, set.node(), file, data)->getInt(0) != 0)
-        report::error(sender, ParameterFile::tr("save parameter error"));
+    const bool taken = xservice()->set(sender, set.node(), file, data)->getInt(0) == 0;
+    if (!taken)
+        report::error(sender, ParameterFile::tr("%1: could not be created").arg(file));
     // The controller side was brought up with this second copy of the node onto itself.
     data->copyFrom(sender, moduleTree()->r(set.localPath(file)), true, true);
+    return taken;
 }
 
 } // namespace
@@ -71,17 +73,18 @@ Fetch handleGetParam(QObject *sender, const schema::FileSet &set, const QComboBo
         data = keepAnswer(sender, set, file, answer.get());
         return Fetch::Read;
     }
+    kelp::ModuleObject *before = data;
     useDefault();
-    create(sender, set, file, data);
-    return Fetch::Created;
+    if (create(sender, set, file, data))
+        return Fetch::Created;
+    data = before; // what the controller does not have is not shown either
+    return Fetch::Failed;
 }
 
 int handleSaveParam(QObject *sender, const schema::FileSet &set, const QComboBox *combo,
                     kelp::ModuleObject *data, const std::function<void()> &store)
 {
     const QString file = combo->currentText();
-    if (data->name() != file)
-        return notThatFile;
     store();
     return xservice()->set(sender, set.node(), file, data)->getInt(0);
 }
@@ -99,7 +102,7 @@ void handleRemoveParam(QObject *sender, const schema::FileSet &set, const QList<
     if (!report::requireConnection())
         return;
     const QVariant files = set.fileNames(numbers);
-    if (xservice()->execCommand(sender, set.removeCommand(), files)->getInt(0) != 0)
+    if (xservice()->execCommand(nullptr, set.removeCommand(), files)->getInt(0) != 0)
         report::error(sender, ParameterFile::tr("remove parameter error"));
     else
         report::info(sender, ParameterFile::tr("remove parameter success"));

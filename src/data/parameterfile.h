@@ -20,7 +20,7 @@ namespace parameterfile {
 enum class Fetch {
     Read, ///< the controller's file was copied to the local copy
     Created, ///< the controller had no such file; it was created there from the defaults
-    Failed ///< the controller could not be read; nothing was changed or created
+    Failed ///< the controller could not be read, or did not take the new file; nothing changed
 };
 
 /// Reads the file named by @p combo and leaves @p data pointing at its local copy. A file that the
@@ -30,8 +30,7 @@ Fetch handleGetParam(QObject *sender, const schema::FileSet &set, const QComboBo
                      kelp::ModuleObject *&data, const std::function<void()> &useDefault);
 
 /// Stores the form into @p data and writes it to the controller as the file named by @p combo.
-/// Returns the controller's code, 0 for success. Refused while @p data is not that file's copy (it
-/// could not be read): the values shown are another file's.
+/// Returns the controller's code, 0 for success. Whose copy @p data is does not matter here.
 int handleSaveParam(QObject *sender, const schema::FileSet &set, const QComboBox *combo,
                     kelp::ModuleObject *data, const std::function<void()> &store);
 

@@ -44,6 +44,6 @@ void ArcoffGroup::voltageUnitChanged(const QString &unit)
 void ArcoffGroup::handleSwitchVoltageMode(int mode)
 {
     // The general range clamps once on the way; the arc-end range is the one that stays.
-    setVoltageRange(m_voltageRanges, mode);
+    ProcessGroup::handleSwitchVoltageMode(mode);
     setVoltageRange(m_arcoffVoltageRanges, mode);
 }

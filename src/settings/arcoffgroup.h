@@ -16,10 +16,11 @@ public:
     explicit ArcoffGroup(QWidget *parent = nullptr);
     ~ArcoffGroup() override;
 
+    void handleSwitchVoltageMode(int mode) override;
+
 protected:
     void bindFields(welmo::FieldTable &fields) override;
     void voltageUnitChanged(const QString &unit) override;
-    void handleSwitchVoltageMode(int mode) override;
 
 private:
     std::unique_ptr<Ui::ArcoffGroup> ui;

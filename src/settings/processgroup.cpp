@@ -19,6 +19,7 @@ void ProcessGroup::initUI(QObject *owner)
     bindSharedFields(m_file->fields());
     bindFields(m_file->fields());
     m_file->prepare();
+    m_file->addHint(this);
     m_fixedVoltage = {m_controls.voltage->minimum(), m_controls.voltage->maximum()};
     applyWelder({});
     m_controls.advanced->setVisible(false);
@@ -47,20 +48,51 @@ void ProcessGroup::applyWelder(const WelderLimits &limits)
     const bool edited = m_file->isEdited();
     m_voltageRanges = limits.voltage;
     m_arcoffVoltageRanges = limits.arcoffVoltage;
-    setupMode(m_controls.currentModeLabel, m_controls.currentMode, m_set->currentMode.table,
-              limits.currentModes, tr("Current Mode"));
-    setupMode(m_controls.voltageModeLabel, m_controls.voltageMode, m_set->voltageMode.table,
-              limits.voltageModes, tr("Voltage Mode"));
-    setupMode(m_controls.workModeLabel, m_controls.workMode, m_set->mode.table, limits.workModes,
-              tr("Arc Mode"));
+    offerModes(limits);
     onCurrentModeChanged(m_controls.currentMode->currentIndex());
     onVoltageModeChanged(m_controls.voltageMode->currentIndex());
     if (!edited)
         m_file->markUnedited();
 }
 
-void ProcessGroup::setupMode(QLabel *label, QComboBox *combo, const schema::ChoiceTable &table,
-                             const QStringList &items, const QString &labelText)
+void ProcessGroup::offerModes(const WelderLimits &limits)
+{
+    offerModes(m_controls.currentModeLabel, m_controls.currentMode, m_set->currentMode.table,
+               limits.currentModes, tr("Current Mode"));
+    offerModes(m_controls.voltageModeLabel, m_controls.voltageMode, m_set->voltageMode.table,
+               limits.voltageModes, tr("Voltage Mode"));
+    offerModes(m_controls.workModeLabel, m_controls.workMode, m_set->mode.table, limits.workModes,
+               tr("Arc Mode"));
+}
+
+void ProcessGroup::initVariant()
+{
+    offerModes(WelderLimits{});
+}
+
+void ProcessGroup::initParamRange()
+{
+    m_file->fields().applyRanges();
+}
+
+bool ProcessGroup::setupMode(QLabel *label, QComboBox *combo, const QStringList &items,
+                             const QString &labelText)
+{
+    const std::pair<QComboBox *, const schema::ChoiceTable &> modes[]{
+        {m_controls.workMode, m_set->mode.table},
+        {m_controls.currentMode, m_set->currentMode.table},
+        {m_controls.voltageMode, m_set->voltageMode.table}};
+    for (const auto &[box, table] : modes) {
+        if (box == combo) {
+            offerModes(label, combo, table, items, labelText);
+            return true;
+        }
+    }
+    return false;
+}
+
+void ProcessGroup::offerModes(QLabel *label, QComboBox *combo, const schema::ChoiceTable &table,
+                              const QStringList &items, const QString &labelText)
 {
     label->setText(labelText);
     // A welder that does not tell its modes restricts nothing.
@@ -92,12 +124,12 @@ void ProcessGroup::onVoltageModeChanged(int index)
     const QString unit = unified ? units::percent : units::volt;
     handleSwitchVoltageMode(unified ? 0 : 1);
     m_controls.voltageUnit->setText(unit);
-    voltageUnitChanged(unit);
 }
 
 void ProcessGroup::handleSwitchVoltageMode(int mode)
 {
     setVoltageRange(m_voltageRanges, mode);
+    voltageUnitChanged(mode == 0 ? units::percent : units::volt);
 }
 
 void ProcessGroup::setVoltageRange(const VoltageRanges &ranges, int mode)

@@ -27,6 +27,21 @@ public:
     QPushButton *saveButton() const { return m_controls.save; }
     QPushButton *cancelButton() const { return m_controls.cancel; }
     bool isUnfolded() const { return m_unfolded; }
+    const QComboBox *currentMode() const { return m_controls.currentMode; }
+    const QComboBox *voltageMode() const { return m_controls.voltageMode; }
+    const QDoubleSpinBox *voltage() const { return m_controls.voltage; }
+
+    /// Offers every mode, as before a welder has told its own.
+    void initVariant();
+    /// Gives the numbers their fixed ranges again.
+    void initParamRange();
+    /// Offers these source or shown texts in one of the mode boxes, under this label; false for a
+    /// box of others.
+    bool setupMode(QLabel *label, QComboBox *combo, const QStringList &items,
+                   const QString &labelText);
+    /// Sets the voltage box's range for the mode (0: unified), which clamps its value, and the
+    /// units that follow it.
+    virtual void handleSwitchVoltageMode(int mode);
 
     /// Offers the welder's modes and takes over its voltage ranges; the user's choices stay.
     void applyWelder(const welmo::WelderLimits &limits);
@@ -72,9 +87,6 @@ protected:
     virtual void voltageUnitChanged(const QString &) { }
     /// Brings up to date what depends on the values just shown.
     virtual void applyRules() { }
-    /// Sets the voltage box's range for the mode (0: unified), which clamps its value.
-    virtual void handleSwitchVoltageMode(int mode);
-
     void setVoltageRange(const welmo::VoltageRanges &ranges, int mode);
     welmo::VoltageRanges m_voltageRanges;
     welmo::VoltageRanges m_arcoffVoltageRanges;
@@ -82,8 +94,9 @@ protected:
 private:
     void bindSharedFields(welmo::FieldTable &fields);
     void afterShow();
-    void setupMode(QLabel *label, QComboBox *combo, const welmo::schema::ChoiceTable &table,
-                   const QStringList &items, const QString &labelText);
+    void offerModes(QLabel *label, QComboBox *combo, const welmo::schema::ChoiceTable &table,
+                    const QStringList &items, const QString &labelText);
+    void offerModes(const welmo::WelderLimits &limits);
 
     Controls m_controls{};
     welmo::Range m_fixedVoltage{};

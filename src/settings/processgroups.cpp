@@ -30,13 +30,59 @@ void ProcessGroups::getParamFromTessa()
 
 void ProcessGroups::reload()
 {
-    QList<ProcessGroup *> read;
+    for (ProcessGroup *group : qAsConst(m_groups))
+        group->file().select();
+}
+
+void ProcessGroups::initVariant()
+{
+    for (ProcessGroup *group : qAsConst(m_groups))
+        group->initVariant();
+}
+
+void ProcessGroups::initParamRange()
+{
+    for (ProcessGroup *group : qAsConst(m_groups))
+        group->initParamRange();
+}
+
+void ProcessGroups::initParamValue()
+{
+    for (ProcessGroup *group : qAsConst(m_groups))
+        group->file().start();
+}
+
+void ProcessGroups::setupMode(QLabel *label, QComboBox *combo, const QStringList &items,
+                              const QString &labelText)
+{
     for (ProcessGroup *group : qAsConst(m_groups)) {
-        if (group->file().get())
-            read.append(group);
+        if (group->setupMode(label, combo, items, labelText))
+            return;
     }
-    for (ProcessGroup *group : qAsConst(read))
-        group->file().show();
+}
+
+void ProcessGroups::changeCurrentMode(const QObject *sender, int index)
+{
+    for (ProcessGroup *group : qAsConst(m_groups)) {
+        if (sender == group->currentMode())
+            group->onCurrentModeChanged(index);
+    }
+}
+
+void ProcessGroups::changeVoltageMode(const QObject *sender, int index)
+{
+    for (ProcessGroup *group : qAsConst(m_groups)) {
+        if (sender == group->voltageMode())
+            group->onVoltageModeChanged(index);
+    }
+}
+
+void ProcessGroups::switchVoltageMode(const QDoubleSpinBox *box, int mode)
+{
+    for (ProcessGroup *group : qAsConst(m_groups)) {
+        if (box == group->voltage())
+            group->handleSwitchVoltageMode(mode);
+    }
 }
 
 void ProcessGroups::getWelderParamRange()
@@ -68,8 +114,11 @@ void ProcessGroups::save(const QObject *sender)
         return;
     int result = 0;
     for (ProcessGroup *group : qAsConst(m_groups)) {
-        if (sender == group->saveButton())
-            result = group->file().save();
+        if (sender != group->saveButton())
+            continue;
+        if (!group->file().maySave())
+            return;
+        result = group->file().save();
     }
     if (result != 0)
         report::error(m_home, ProcessForm::tr("save parameter error"));

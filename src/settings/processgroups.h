@@ -3,6 +3,7 @@
 #include <QList>
 #include <QObject>
 
+#include "data/arcweldservice.h"
 #include "settings/processgroup.h"
 
 /// The process groups of one home, a page or an instruction's form, and what the home's buttons do
@@ -30,6 +31,16 @@ public:
     /// Takes over the modes and voltage ranges of the connected welder.
     void getWelderParamRange();
 
+    // What the homes pass on: to the group that has the sender or the box, or to each of them.
+    void initVariant();
+    void initParamRange();
+    void initParamValue();
+    void setupMode(QLabel *label, QComboBox *combo, const QStringList &items,
+                   const QString &labelText);
+    void changeCurrentMode(const QObject *sender, int index);
+    void changeVoltageMode(const QObject *sender, int index);
+    void switchVoltageMode(const QDoubleSpinBox *box, int mode);
+
     /// A file combo box changed: its group reads and shows the file.
     void selectFile(const QObject *sender);
     /// Saves the group whose button it is, and tells the outcome. A sender that is no save button
@@ -41,11 +52,14 @@ public:
 private:
     QObject *m_home;
     QList<ProcessGroup *> m_groups;
+    QObject m_guard; ///< the connection goes with the groups
 };
 
 template<typename Home>
 void ProcessGroups::initUI(Home *home)
 {
+    // Before the groups read their files: the modes decide what of them can be shown.
+    welmo::arcweld::onConnected(&m_guard, [this] { getWelderParamRange(); });
     for (ProcessGroup *group : qAsConst(m_groups)) {
         group->initUI(home);
         QObject::connect(group->file().combo(), qOverload<int>(&QComboBox::currentIndexChanged),
@@ -56,6 +70,5 @@ void ProcessGroups::initUI(Home *home)
                          &Home::onCancelButtonClicked);
     }
     getWelderParamRange();
-    for (ProcessGroup *group : qAsConst(m_groups))
-        group->file().start();
+    initParamValue();
 }

@@ -104,6 +104,31 @@ void ProcessSettingsPage::onCancelButtonClicked()
     m_groups.cancel(sender());
 }
 
+void ProcessSettingsPage::onArconLeadTimeEditFinished()
+{
+    ui->gbx_arconParam->onArconLeadTimeEditFinished();
+}
+
+void ProcessSettingsPage::onArcBreakOptionChanged(int index)
+{
+    ui->gbx_weldParam->onArcBreakOptionChanged(index);
+}
+
+void ProcessSettingsPage::onArconFoldButtonClicked()
+{
+    ui->gbx_arconParam->onFoldButtonClicked();
+}
+
+void ProcessSettingsPage::onWeldFoldButtonClicked()
+{
+    ui->gbx_weldParam->onFoldButtonClicked();
+}
+
+void ProcessSettingsPage::onArcoffFoldButtonClicked()
+{
+    ui->gbx_arcoffParam->onFoldButtonClicked();
+}
+
 void ProcessSettingsPage::onEnableButtonClicked()
 {
     if (!report::requireConnection(this))

@@ -25,6 +25,19 @@ public:
     /// Takes over the modes and voltage ranges of the connected welder.
     void getWelderParamRange() { m_groups.getWelderParamRange(); }
 
+    void initVariant() { m_groups.initVariant(); }
+    void initParamRange() { m_groups.initParamRange(); }
+    void initParamValue() { m_groups.initParamValue(); }
+    void setupMode(QLabel *label, QComboBox *combo, const QStringList &items,
+                   const QString &labelText)
+    {
+        m_groups.setupMode(label, combo, items, labelText);
+    }
+    void handleSwitchVoltageMode(QDoubleSpinBox *box, int mode)
+    {
+        m_groups.switchVoltageMode(box, mode);
+    }
+
     void useArconDefaultNode() { arcon().useDefaultNode(); }
     void useWeldDefaultNode() { weld().useDefaultNode(); }
     void useArcoffDefaultNode() { arcoff().useDefaultNode(); }
@@ -58,8 +71,16 @@ public slots:
     /// nothing and is still told of success; other parts of the pendant rely on that answer.
     void onSaveButtonClicked();
     void onCancelButtonClicked();
+    // Of the mode boxes: the sender decides the group.
+    void onCurrentModeChanged(int index) { m_groups.changeCurrentMode(sender(), index); }
+    void onVoltageModeChanged(int index) { m_groups.changeVoltageMode(sender(), index); }
+    void onArconLeadTimeEditFinished();
+    void onArcBreakOptionChanged(int index);
     /// Sends the edited welding values to the welder without saving them to the file.
     void onEnableButtonClicked();
+    void onArconFoldButtonClicked();
+    void onWeldFoldButtonClicked();
+    void onArcoffFoldButtonClicked();
 
 private:
     void initUI();

@@ -17,6 +17,7 @@ SegParameterWidget::SegParameterWidget(QWidget *parent)
     ui->setupUi(this);
     m_file = std::make_unique<FileForm>(this, schema::seg(), ui->cbxFileNumber, [] {});
     bindFields();
+    m_file->addHint(this);
     connect(ui->cbxFileNumber, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &SegParameterWidget::onCbxFileNumberSelectionChanged);
     connect(ui->btnCancel, &QPushButton::clicked, this, &SegParameterWidget::onBtnCancelClicked);
@@ -98,6 +99,8 @@ void SegParameterWidget::onBtnCancelClicked()
 void SegParameterWidget::onBtnSaveClicked()
 {
     if (!report::requireConnection())
+        return;
+    if (!m_file->maySave())
         return;
     if (saveParam() != 0)
         report::error(this, tr("save parameter fail"));

@@ -43,7 +43,7 @@ void WeaveEditor::initUI(QObject *owner, const Home &home)
     bindFields(m_file->fields(), home.set);
     initControl(home);
     initConnect();
-    m_file->start();
+    initParamValue();
 }
 
 void WeaveEditor::bindFields(FieldTable &f, const schema::WeaveSet &set)
@@ -63,6 +63,7 @@ void WeaveEditor::bindFields(FieldTable &f, const schema::WeaveSet &set)
     f.bind(set.phaseInvert, ui->cbxWeaveWaveformDirection);
     // Remembers or puts back the angles before the file's own are shown.
     f.bind(set.elevationType, ui->cbxWeaveElevationType).whenShown([this] {
+        forgetOtherAngles();
         onElevationTypeChanged(ui->cbxWeaveElevationType->currentIndex());
     });
     f.bind(set.leftElevation, ui->sbxWeaveLeftElevation).unit(ui->lblWeaveLeftElevationUnit);
@@ -73,6 +74,7 @@ void WeaveEditor::bindFields(FieldTable &f, const schema::WeaveSet &set)
 void WeaveEditor::initControl(const Home &home)
 {
     m_file->prepare();
+    m_file->addHint(this);
     ui->cbxWeaveStandard->setCurrentIndex(ui->cbxWeaveStandard->findData(codes::cycle));
     ui->cbxWeaveShape->setCurrentIndex(ui->cbxWeaveShape->findData(codes::triangular));
     // What this build leaves to the file: shown, not edited.
@@ -200,6 +202,20 @@ void WeaveEditor::onElevationTypeChanged(int index)
     }
 }
 
+// The angles of one file must not be put back into the next.
+void WeaveEditor::forgetOtherAngles()
+{
+    const QString file = m_file->data()->name();
+    if (file == m_anglesOf)
+        return;
+    m_anglesOf = file;
+    m_leftElevation = 0;
+    m_rightElevation = 0;
+    ui->sbxWeaveLeftElevation->setValue(0);
+    ui->sbxWeaveRightElevation->setValue(0);
+    m_vPattern = true;
+}
+
 void WeaveEditor::onStayTypeChanged(int)
 {
     switchStayTime();
@@ -235,6 +251,8 @@ void WeaveEditor::onSaveButtonClicked()
     if (!report::requireConnection())
         return;
     if (!validateParam())
+        return;
+    if (!m_file->maySave())
         return;
     if (m_file->save() != 0) {
         report::error(m_owner, tr("save parameter error"));

@@ -31,6 +31,13 @@ public:
     void initUI(QObject *owner, const Home &home);
 
     welmo::FileForm &file() { return *m_file; }
+    void initParamDefault() { m_file->writeDefaults(); }
+    void useWeaveDefaultNode() { m_file->useDefaultNode(); }
+    void initParamValue() { m_file->start(); }
+    void getWeaveParam() { m_file->get(); }
+    void setWeaveParam() { m_file->show(); }
+    void storeWeaveParam() { m_file->store(); }
+    int saveWeaveParam() { return m_file->save(); }
     /// True when the form may be saved; otherwise the reason has been reported.
     bool validateParam();
 
@@ -40,6 +47,8 @@ public slots:
     void onPatternChanged(int index);
     void onElevationTypeChanged(int index);
     void onStayTypeChanged(int index);
+    /// The unit of the stays, which follows reference and stay type.
+    void switchStayTime();
     void onCancelButtonClicked();
     void onSaveButtonClicked();
 
@@ -53,7 +62,7 @@ private:
     void bindFields(welmo::FieldTable &fields, const welmo::schema::WeaveSet &set);
     void initControl(const Home &home);
     void initConnect();
-    void switchStayTime();
+    void forgetOtherAngles();
     void applyRules();
     void hideTitlesAndPictures();
 
@@ -63,5 +72,6 @@ private:
     double m_leftElevation = 0; ///< what the boxes held before "V-Pattern" set them to 0
     double m_rightElevation = 0;
     bool m_vPattern = true;
+    QString m_anglesOf; ///< the file whose angles are remembered
     int m_standard = -1; ///< that the length or frequency box is set up for
 };

@@ -3,7 +3,6 @@
 #include <QVBoxLayout>
 
 #include "data/arcweldservice.h"
-#include "settings/weaveeditor.h"
 
 WeaveFunctionPage::WeaveFunctionPage(QWidget *parent, QObject *owner)
     : BaseSubPage(parent, QStringLiteral("weaveFunction"), tr("Weave Function"), owner)
@@ -20,39 +19,4 @@ void WeaveFunctionPage::initPage()
 {
     if (welmo::arcweld::isConnected())
         m_editor->file().select();
-}
-
-void WeaveFunctionPage::initParamDefault()
-{
-    m_editor->file().writeDefaults();
-}
-
-void WeaveFunctionPage::useWeaveDefaultNode()
-{
-    m_editor->file().useDefaultNode();
-}
-
-void WeaveFunctionPage::getWeaveParam()
-{
-    m_editor->file().get();
-}
-
-void WeaveFunctionPage::setWeaveParam()
-{
-    m_editor->file().show();
-}
-
-void WeaveFunctionPage::storeWeaveParam()
-{
-    m_editor->file().store();
-}
-
-int WeaveFunctionPage::saveWeaveParam()
-{
-    return m_editor->file().save();
-}
-
-bool WeaveFunctionPage::validateParam()
-{
-    return m_editor->validateParam();
 }

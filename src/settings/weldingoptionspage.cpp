@@ -65,11 +65,12 @@ void WeldingOptionsPage::initControl()
 
 void WeldingOptionsPage::offerInputs()
 {
+    const QStringList inputs = getDIRange();
     for (QComboBox *combo : {ui->cbx_DISelection_anti, ui->cbx_DISelection}) {
         const QSignalBlocker blocker(combo);
         const QString present = combo->currentText();
         combo->clear();
-        combo->addItems(inputs::getDIRange());
+        combo->addItems(inputs);
         combo->setCurrentIndex(combo->findText(present));
     }
 }
@@ -84,6 +85,8 @@ void WeldingOptionsPage::initConnect()
             &WeldingOptionsPage::onAnticollisionShieldEnableChanged);
     connect(ui->btn_wireTouchSave, &QPushButton::clicked, this,
             &WeldingOptionsPage::onWireClampingTorchSaveButtonClicked);
+    connect(xservice()->watchNode(names::welderState), &kelp::ModuleObject::changed, this,
+            &WeldingOptionsPage::onWelderStateChanged);
     connect(xservice()->watchNode(names::anticollisionState), &kelp::ModuleObject::changed, this,
             &WeldingOptionsPage::onAnticollisionShieldFinish);
 }
@@ -96,9 +99,24 @@ void WeldingOptionsPage::initParamRange()
 
 void WeldingOptionsPage::checkWelderState()
 {
+    if (arcweld::isConnected())
+        showWelderState(arcweld::welderState(this));
+    else
+        ui->lblWelderHint->hide();
+}
+
+void WeldingOptionsPage::showWelderState(const QString &state)
+{
     // The settings can be edited all the same; the operator should know why nothing moves.
-    ui->lblWelderHint->setVisible(welmo::arcweld::isConnected()
-                                  && welmo::arcweld::welderState(this) != QLatin1String("ok"));
+    ui->lblWelderHint->setVisible(state != QLatin1String("ok"));
+}
+
+void WeldingOptionsPage::onWelderStateChanged(const QVariant &value)
+{
+    kelp::ModuleObject returned(QStringLiteral("return_state"), nullptr);
+    returned.importFromVariant(this, value, true, true, false);
+    if (returned.hasCmobj(QStringLiteral("state"), false))
+        showWelderState(returned.r(QStringLiteral("state"))->getString(QString()));
 }
 
 void WeldingOptionsPage::initParamValue()
@@ -152,7 +170,7 @@ int WeldingOptionsPage::saveRunningParam()
     if (!m_running.isKnown())
         return notRead;
     storeRunningParam();
-    return xservice()->set(this, names::runningParam, m_running.data())->getInt(0);
+    return xservice()->set(this, names::runningParam, m_running.payload().get())->getInt(0);
 }
 
 int WeldingOptionsPage::cmdAnticollisionParam()
@@ -160,7 +178,7 @@ int WeldingOptionsPage::cmdAnticollisionParam()
     if (!m_anticollision.isKnown())
         return notRead;
     return xservice()
-        ->execCommand(this, names::setAnticollision, m_anticollision.data())
+        ->execCommand(nullptr, names::setAnticollision, m_anticollision.payload().get())
         ->getInt(0);
 }
 
@@ -168,7 +186,9 @@ int WeldingOptionsPage::cmdWireClampingTorchModeParam()
 {
     if (!m_clamping.isKnown())
         return notRead;
-    return xservice()->execCommand(this, names::setClampingTorchMode, m_clamping.data())->getInt(0);
+    return xservice()
+        ->execCommand(nullptr, names::setClampingTorchMode, m_clamping.payload().get())
+        ->getInt(0);
 }
 
 void WeldingOptionsPage::onRunningParamSaveButtonClicked()
@@ -208,8 +228,10 @@ void WeldingOptionsPage::onAnticollisionEnableChanged(bool on)
                             tr("anti-collision device success")))
         return;
     lockByAnticollision(on);
-    if (!on)
-        setButtonEnabledWithoutTriggeringSlot(ui->btn_antiCollisionShield, false);
+    if (on)
+        return;
+    setButtonEnabledWithoutTriggeringSlot(ui->btn_antiCollisionShield, false);
+    storeAnticollisionParam(); // else the next "on" carries a shield that nobody asked for
 }
 
 void WeldingOptionsPage::lockByAnticollision(bool on)

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "data/inputs.h"
 #include "data/optionsform.h"
 #include "settings/basesubpage.h"
 
@@ -44,6 +45,16 @@ public:
     void useDefaultRunningParam() { m_running.useDefault(); }
     void useDefaultAnticollisionParam() { m_anticollision.useDefault(); }
     void useDefaultWireClampingTorchModeParam() { m_clamping.useDefault(); }
+    /// Takes a set's defaults over, where the controller has none.
+    void handleDefaultParam(welmo::OptionsForm &set) { set.useDefault(); }
+
+    QStringList getDIRange() const { return welmo::inputs::getDIRange(); }
+    static bool ioCompare(const QString &a, const QString &b)
+    {
+        return welmo::inputs::ioCompare(a, b);
+    }
+    /// Shows a state without running the button's handler.
+    void setButtonEnabledWithoutTriggeringSlot(EnableButton *button, bool on);
 
 public slots:
     void onRunningParamSaveButtonClicked();
@@ -51,6 +62,7 @@ public slots:
     void onAnticollisionShieldEnableChanged(bool on);
     void onAnticollisionShieldFinish(const QVariant &state);
     void onWireClampingTorchSaveButtonClicked();
+    void onWelderStateChanged(const QVariant &value);
 
 private:
     void initUI();
@@ -62,6 +74,7 @@ private:
     void offerInputs();
     void readAll();
     void checkWelderState();
+    void showWelderState(const QString &state);
 
     int saveRunningParam();
     int cmdAnticollisionParam();
@@ -69,7 +82,6 @@ private:
     /// The two on/off buttons act alike: send at once, put back what was refused.
     bool actOnAnticollision(EnableButton *button, bool on, const QString &error,
                             const QString &success);
-    void setButtonEnabledWithoutTriggeringSlot(EnableButton *button, bool on);
     void lockByAnticollision(bool on);
 
     std::unique_ptr<Ui::WeldingOptionsPage> ui;

@@ -158,6 +158,34 @@ private slots:
                  "info: disable anti-collision device success|" + setSensor);
         QVERIFY(!desk.shield->isChecked() && !desk.shield->isEnabled());
         QVERIFY(desk.input->isEnabled());
+        // The next "on" carries no shield that nobody asked for.
+        QCOMPARE(desk.page.anticollision().data()->r("block")->getBool(true), false);
+        desk.sensor->setChecked(true);
+        QCOMPARE(desk.host.link()->lastPayload.toMap()["block"], QVariant(false));
+        QCOMPARE(desk.outcome().last(), setSensor);
+    }
+    void theHintFollowsTheWelder()
+    {
+        Desk desk;
+        const auto *hint = child(desk.page.wgt(), "lblWelderHint");
+        xservice()->watch(this, "arc_weld.welder_state", true); // the arc-weld page does, for all
+        for (const auto &[state, shown] :
+             {std::pair{"ok", false}, {"error", true}, {"ok", false}}) {
+            desk.host.notify("arc_weld.welder_state", QVariantMap{{"state", state}});
+            QCOMPARE(!hint->isHidden(), shown);
+        }
+        desk.host.notify("arc_weld.welder_state", QVariantMap{{"current", 120}});
+        QVERIFY(hint->isHidden());
+    }
+    void anInputThatIsGoneIsToldOnce()
+    {
+        Desk desk;
+        desk.host.link()->answers["get arc_weld.anticollision_param"] =
+            QVariantMap{{"signal", "DI9_9"}};
+        desk.page.initPage();
+        QVERIFY(desk.outcome().join('|').contains("DI9_9"));
+        desk.page.initPage();
+        QVERIFY(!desk.outcome().join('|').contains("DI9_9"));
     }
     void aSwitchThatWasRefusedIsPutBack()
     {

@@ -123,7 +123,7 @@ private slots:
                                 "arc_weld.arcoff_param arcoffdata1"};
         QStringList created{readDevice};
         for (const QString &file : files)
-            created << "get " + file << "set " + file;
+            created << "watch " + file.section(' ', 0, 0) << "get " + file << "set " + file;
         QCOMPARE(host.takeRequests(), created);
         page.initPage();
         QCOMPARE(host.takeRequests(),
@@ -153,6 +153,25 @@ private slots:
             desk.choose(3);
             QCOMPARE(desk.shownVoltage(), QString("%1 of 0..200 %").arg(group.separateMaximum));
         }
+    }
+    // Other parts of a pendant reach the page by these names.
+    void slotsByName()
+    {
+        Desk desk(weld);
+        for (const char *slot : {"onCurrentModeChanged", "onVoltageModeChanged",
+                                 "onArcBreakOptionChanged", "onParamFileNumberChanged"})
+            QVERIFY2(QMetaObject::invokeMethod(&desk.page, slot, Q_ARG(int, 1)), slot);
+        for (const char *slot : {"onArconLeadTimeEditFinished", "onSaveButtonClicked",
+                                 "onCancelButtonClicked", "onEnableButtonClicked"})
+            QVERIFY2(QMetaObject::invokeMethod(&desk.page, slot), slot);
+        QVERIFY(!desk.find("sbxReStartBackDistance")->isHidden()); // option 1 does that
+        desk.page.handleSwitchVoltageMode(desk.voltage, 1);
+        QCOMPARE(desk.voltage->maximum(), 35.0);
+        desk.page.setupMode(desk.find<QLabel>("lbl_weldWorkMode"), desk.combo("cbx_weldWorkMode"),
+                            {"Job", "Pulse"}, "Work");
+        QCOMPARE(desk.combo("cbx_weldWorkMode")->itemData(1), QVariant("pulse"));
+        desk.page.initVariant();
+        QCOMPARE(desk.combo("cbx_weldWorkMode")->count(), 12);
     }
     void withoutTheWeldersRangesTheFixedOnesHold()
     {
@@ -237,6 +256,9 @@ private slots:
                                      "lblReStartBackDistanceUnit"})
                 QCOMPARE(desk.find(name)->isHidden(), !shown);
         }
+        desk.page.onArcBreakOptionChanged(0);
+        desk.page.onArcBreakOptionChanged(3); // nothing that is offered
+        QVERIFY(desk.find("sbxReStartBackDistance")->isHidden());
         QVERIFY(desk.find("sbxRetryOffset")->isHidden()
                 && desk.find("lbl_retryOffset")->isHidden());
     }
@@ -253,6 +275,8 @@ private slots:
         };
         for (const auto &[fault, outcome] : rows) {
             Desk desk(weld);
+            const ProcessSettingsPage another(desk.host.window(), desk.host.window());
+            desk.outcome();
             const QVariant before = desk.host.stored("arc_weld.weld_param", "arcdata1");
             if (fault == "no link")
                 QVERIFY(desk.host.disconnect());
@@ -270,6 +294,12 @@ private slots:
             QCOMPARE(desk.outcome(), outcome);
             if (outcome.endsWith(command))
                 QCOMPARE(desk.host.link()->lastPayload.toMap()["current"], QVariant(180.0));
+            if (fault == "works") { // refilled as it was stored, whoever else shows the file
+                desk.current->setValue(99);
+                QCoreApplication::processEvents();
+                desk.press("btnWeldingCancel");
+                QCOMPARE(desk.current->value(), 180.0);
+            }
             QVERIFY(desk.host.mend());
             QCOMPARE(desk.host.stored("arc_weld.weld_param", "arcdata1"), before);
             QCOMPARE(m("welmo.process_setting.weld_param.default.current")->getInt(-1), 0);

@@ -53,6 +53,16 @@ QString ArconPropertyWidget::ToString()
                               {arcon().combo()->currentText(), weld().combo()->currentText()});
 }
 
+void ArconPropertyWidget::onArconLeadTimeEditFinished()
+{
+    m_arcon->onArconLeadTimeEditFinished();
+}
+
+void ArconPropertyWidget::onArcBreakOptionChanged(int index)
+{
+    m_weld->onArcBreakOptionChanged(index);
+}
+
 void ArconPropertyWidget::onArcOnDataFoldButtonClicked()
 {
     m_arcon->onFoldButtonClicked();

@@ -17,6 +17,19 @@ public:
     void FillWith(const QString &line) override;
     QString ToString() override;
 
+    void initVariant() { m_groups.initVariant(); }
+    void initParamRange() { m_groups.initParamRange(); }
+    void initParamValue() { m_groups.initParamValue(); }
+    void setupMode(QLabel *label, QComboBox *combo, const QStringList &items,
+                   const QString &labelText)
+    {
+        m_groups.setupMode(label, combo, items, labelText);
+    }
+    void handleSwitchVoltageMode(QDoubleSpinBox *box, int mode)
+    {
+        m_groups.switchVoltageMode(box, mode);
+    }
+
     void useArconDefaultNode() { arcon().useDefaultNode(); }
     void useWeldDefaultNode() { weld().useDefaultNode(); }
     void useDefaultNode() { m_groups.useDefaultNode(); }
@@ -38,6 +51,11 @@ public slots:
     void onParamFileNumberChanged(int) { m_groups.selectFile(sender()); }
     void onSaveButtonClicked() { m_groups.save(sender()); }
     void onCancelButtonClicked() { m_groups.cancel(sender()); }
+    // Of the mode boxes: the sender decides the group.
+    void onCurrentModeChanged(int index) { m_groups.changeCurrentMode(sender(), index); }
+    void onVoltageModeChanged(int index) { m_groups.changeVoltageMode(sender(), index); }
+    void onArconLeadTimeEditFinished();
+    void onArcBreakOptionChanged(int index);
     void onArcOnDataFoldButtonClicked();
     void onArcDataFoldButtonClicked();
     /// Coming to a tab toggles the fold of the other tab's group; the programmers at the pendants
