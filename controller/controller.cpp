@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "controller/core/alarms.h"
 #include "controller/core/json.h"
 #include "controller/files/options.h"
 #include "controller/files/parameterfiles.h"
+#include "controller/program/cellstate.h"
 #include "controller/program/program.h"
 #include "controller/robot/project.h"
 #include "controller/robot/robot.h"
@@ -27,17 +29,19 @@ constexpr int largestProjectList = 256 * 1024; // some thousand points
 Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clock &clock)
     : m_context(store, faults, journal, clock)
 {
+    auto &alarms = add<Alarms>();
     add<ParameterFiles>();
     add<Options>();
     add<WeldMode>();
     const Welder &welder = add<Welder>();
-    Weld &weld = add<Weld>(welder);
+    Weld &weld = add<Weld>(welder, alarms);
     WireAndGas &wireAndGas = add<WireAndGas>(welder, weld, m_hold);
     add<Project>();
     m_registry.setLargest(names::project, largestProjectList);
     Robot &robot = add<Robot>();
-    add<Program>(weld, wireAndGas, robot);
+    const Program &program = add<Program>(weld, wireAndGas, robot, alarms, m_surroundings);
     add<WelderState>(welder, weld);
+    add<CellState>(program, weld, welder, alarms, m_surroundings);
     m_registry.addValue(names::journal, [&journal] {
         return Reply::with(QVariantMap{{QStringLiteral("entries"), journal.recent(journalLength)}});
     });
@@ -115,6 +119,7 @@ void Controller::beat(qint64 time, const QVector<int> &presses)
 {
     tick(); // a beat does not make up for the ones before it
     m_hold.beat(time, presses);
+    m_surroundings.pendant.beat(time);
     tick();
 }
 

@@ -6,6 +6,7 @@
 #include "controller/core/controllercontext.h"
 #include "controller/core/registry.h"
 #include "controller/core/subsystem.h"
+#include "controller/robot/cellswitches.h"
 #include "controller/welding/holdtorun.h"
 
 namespace welmo::controller {
@@ -48,6 +49,7 @@ private:
     ControllerContext m_context;
     Registry m_registry;
     HoldToRun m_hold;
+    Surroundings m_surroundings;
     std::vector<std::unique_ptr<Subsystem>> m_units;
 };
 

@@ -34,6 +34,10 @@ inline const QString welderStateRate = QStringLiteral("arc_weld.welder_state_rat
 inline const QString journal = QStringLiteral("cell.journal");
 
 inline const QString audit = QStringLiteral("cell.audit");
+inline const QString alarms = QStringLiteral("cell.alarms");
+inline const QString acknowledgeAlarms = QStringLiteral("cell.alarms.acknowledge");
+inline const QString cellState = QStringLiteral("cell.state");
+inline const QString switchCell = QStringLiteral("cell.switch");
 inline const QString control = QStringLiteral("cell.control");
 inline const QString takeControl = QStringLiteral("cell.control.take");
 inline const QString giveControl = QStringLiteral("cell.control.give");

@@ -1,6 +1,7 @@
 #include "controller/program/program.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "controller/core/fields.h"
 #include "controller/robot/robot.h"
@@ -15,6 +16,7 @@ namespace welmo::controller {
 
 namespace {
 
+const QString endKey = QStringLiteral("end");
 constexpr double defaultDryRunSpeed = 200; // mm/s
 constexpr qint64 longestCatchUp = 5000; // ms; a computer that slept goes on where it was
 
@@ -26,9 +28,12 @@ Reply wrongState(const char *text)
 } // namespace
 
 Program::Program(ControllerContext &context, Registry &registry, Weld &weld, WireAndGas &wireAndGas,
-                 Robot &robot)
+                 Robot &robot, Alarms &alarms, const Surroundings &surroundings)
     : m_context(context)
     , m_stage{context, weld, wireAndGas, robot}
+    , m_alarms(alarms)
+    , m_surroundings(surroundings)
+    , m_result(result({}))
     , m_told(stateMap())
 {
     registry.addValue(names::programState, [this] { return Reply::with(stateMap()); });
@@ -70,8 +75,12 @@ Reply Program::load(const QVariant &payload)
         childAt(wanted.value, QStringLiteral("text")).toString().split(QLatin1Char('\n'));
     for (const QString &line : lines)
         m_lines.push_back(tl::parse(line));
+    m_seams = int(std::count_if(m_lines.begin(), m_lines.end(), [](const tl::ParsedLine &line) {
+        return line.word.text == QLatin1String("ArcOn");
+    }));
     m_line = 0;
     m_message.clear();
+    m_result = result({});
     m_state = State::Idle;
     return {};
 }
@@ -80,7 +89,16 @@ Reply Program::run()
 {
     if (m_state == State::Running)
         return wrongState("the program runs");
+    if (const Reason why = hindrance(); !why.isEmpty())
+        return refusedFor(WrongState, why, why.code);
     return m_state == State::Paused ? resume() : runFromTop();
+}
+
+Reason Program::hindrance() const
+{
+    if (!m_surroundings.switches.power)
+        return {QStringLiteral("no_power")};
+    return m_surroundings.switches.fault ? Reason{QStringLiteral("cell_fault")} : Reason{};
 }
 
 Reply Program::runFromTop()
@@ -93,10 +111,14 @@ Reply Program::runFromTop()
     if (!reply.ok())
         return reply;
     m_stage.weld.abandon();
+    m_stage.weld.resetTally();
+    m_stage.seamLength = 0;
+    m_alarms.forgetRun();
     m_next = 0;
     m_line = 0;
     m_ignored = 0;
     m_message.clear();
+    m_result = result({});
     m_instruction.reset();
     setState(State::Running);
     return {};
@@ -108,11 +130,13 @@ Reply Program::prepareStage()
     Reply running = m_context.load(names::runningParam);
     if (!mode.ok() || !running.ok())
         return mode.ok() ? running : mode;
-    const QString word = childAt(mode.value, QStringLiteral("mode")).toString();
-    const bool tests = word.isEmpty() || word == QLatin1String(schema::weldmode::testRun);
+    m_mode = childAt(mode.value, QStringLiteral("mode")).toString();
+    const bool real = m_mode == QLatin1String(schema::weldmode::real);
+    const bool tests = !real && m_mode != QLatin1String(schema::weldmode::simulation);
     const QVariant speed = childAt(running.value, QStringLiteral("test_run_speed"));
     m_stage.weave.reset();
-    m_stage.dry = word != QLatin1String(schema::weldmode::real);
+    m_stage.dry = !real;
+    m_stage.arc = real ? Weld::Arc::Real : tests ? Weld::Arc::None : Weld::Arc::Simulated;
     m_stage.dryRunSpeed = tests ? (speed.isValid() ? speed.toDouble() : defaultDryRunSpeed) : 0;
     return {};
 }
@@ -140,16 +164,22 @@ Reply Program::pause()
 
 Reply Program::stop()
 {
-    end(State::Idle, m_state == State::Idle ? m_message : QStringLiteral("stopped"));
+    if (m_state == State::Idle) // whatever else goes on has to stop as well
+        end(State::Idle, m_result.value(endKey).toString(), m_message);
+    else
+        end(State::Idle, QStringLiteral("stopped"), QStringLiteral("stopped"));
     return {};
 }
 
 void Program::step()
 {
-    if (m_stage.robot.takeStop())
+    const Reason hindered = hindrance();
+    if (m_stage.robot.takeStop() || pauseIfAlone())
         pause();
+    else if (!hindered.isEmpty())
+        fail(hindered, hindered.code);
     else if (!m_stage.weld.alarm().isEmpty())
-        fail(m_stage.weld.alarm());
+        endFor(m_stage.weld.alarm().code); // which was raised where it came up
     else if (m_instruction)
         stepInstruction();
     else
@@ -164,7 +194,7 @@ void Program::stepInstruction()
         return;
     m_instruction.reset();
     if (!ended->ok())
-        fail(ended->text);
+        fail(*ended);
 }
 
 void Program::beginNext()
@@ -175,10 +205,12 @@ void Program::beginNext()
         return finish();
     const tl::ParsedLine &line = m_lines[m_next++];
     m_line = int(m_next);
+    m_alarms.setPlace(m_name, m_line);
     if (!line.instruction)
         return ignore(line, "is unknown");
     if (!line.problems.isEmpty())
-        return fail(line.problems.first().english());
+        return fail({QStringLiteral("bad_arguments"), {line.word.text}},
+                    line.problems.first().english());
     m_instruction = makeInstruction(line);
     if (!m_instruction)
         return ignore(line, "is not carried out");
@@ -186,7 +218,7 @@ void Program::beginNext()
     if (begun.ok())
         stepInstruction();
     else
-        fail(begun.text);
+        fail(begun);
 }
 
 void Program::finish()
@@ -196,30 +228,55 @@ void Program::finish()
         message += QStringLiteral(", lines ignored: %1").arg(m_ignored);
     if (m_stage.weld.isWelding())
         message += QStringLiteral(", the arc was still on");
-    end(State::Idle, message);
+    end(State::Idle, QStringLiteral("finished"), message);
 }
 
 void Program::ignore(const tl::ParsedLine &line, const char *why)
 {
-    ++m_ignored;
+    if (++m_ignored == 1) // one stands for all of them
+        m_alarms.raise({QStringLiteral("line_ignored"), {line.word.text}});
     m_message = QStringLiteral("line %1: \"%2\" %3 and was ignored")
                     .arg(QString::number(m_line), line.word.text, QLatin1String(why));
     m_context.record(Event::Message, m_message);
 }
 
-void Program::fail(const QString &reason)
+// In manual mode somebody stands beside the robot, who could not stop it any more.
+bool Program::pauseIfAlone()
 {
-    end(State::Error, QStringLiteral("line %1: %2").arg(m_line).arg(reason));
+    const bool alone =
+        !m_surroundings.switches.automatic && m_surroundings.pendant.isGone(m_context.now());
+    if (alone)
+        m_alarms.raise({QStringLiteral("pendant_lost")});
+    return alone;
+}
+
+void Program::fail(const Reply &reply)
+{
+    fail(reasonOf(reply), reply.text);
+}
+
+void Program::fail(const Reason &reason, const QString &text)
+{
+    m_alarms.raise(reason);
+    endFor(text);
+}
+
+void Program::endFor(const QString &text)
+{
+    end(State::Error, QStringLiteral("failed"),
+        QStringLiteral("line %1: %2").arg(m_line).arg(text));
     m_context.record(Event::Alarm, m_message);
 }
 
-void Program::end(State state, const QString &message)
+void Program::end(State state, const QString &word, const QString &message)
 {
+    m_result = result(word);
     m_stage.weld.abandon();
     m_stage.wireAndGas.stopProgram();
     m_stage.robot.yield();
     m_instruction.reset();
     m_message = message;
+    m_alarms.setPlace({}, 0);
     if (state == State::Idle)
         m_line = 0;
     if (state != m_state)
@@ -239,7 +296,29 @@ QVariantMap Program::stateMap() const
     return {{QStringLiteral("name"), m_name},
             {QStringLiteral("state"), words.at(static_cast<int>(m_state))},
             {QStringLiteral("line"), m_line},
-            {QStringLiteral("message"), m_message}};
+            {QStringLiteral("message"), m_message},
+            {QStringLiteral("result"), m_result}};
+}
+
+QVariantMap Program::result(const QString &end) const
+{
+    QVariantList faults = m_alarms.ofRun();
+    faults.erase(std::remove_if(faults.begin(), faults.end(),
+                                [](const QVariant &fault) {
+                                    return childAt(fault, QStringLiteral("code"))
+                                        == QLatin1String("line_ignored");
+                                }),
+                 faults.end());
+    const Weld &weld = m_stage.weld;
+    return {{endKey, end},
+            {QStringLiteral("faults"), faults},
+            {QStringLiteral("seams"), weld.tally().seams},
+            {QStringLiteral("seams_of"), m_seams},
+            {QStringLiteral("welded"), std::round(weld.tally().welded * 10) / 10},
+            {QStringLiteral("length"), std::round(m_stage.seamLength * 10) / 10},
+            {QStringLiteral("ignored"), m_ignored},
+            {QStringLiteral("arc_on"), weld.isWelding()},
+            {QStringLiteral("mode"), m_mode}};
 }
 
 void Program::tell()

@@ -39,7 +39,7 @@ public:
 
     Reply begin(ProgramStage &stage) override
     {
-        return stage.weld.openSeam(m_arcOnFile, m_weldFile, stage.dry);
+        return stage.weld.openSeam(m_arcOnFile, m_weldFile, stage.arc);
     }
     std::optional<Reply> step(ProgramStage &stage) override
     {
@@ -83,7 +83,8 @@ public:
     std::optional<Reply> step(ProgramStage &stage) override
     {
         if (!stage.dry && !stage.wireAndGas.runsForProgram())
-            return Reply::refused(WrongState, QStringLiteral("it was stopped"));
+            return refusedFor(WrongState, {QStringLiteral("wire_stopped")},
+                              QStringLiteral("it was stopped"));
         if (--m_left > 0)
             return {};
         stage.wireAndGas.stopProgram();
@@ -169,7 +170,8 @@ Reply readWeave(const ControllerContext &context, const QString &file, std::opti
     if (!stored.ok())
         return stored;
     if (!stored.value.isValid())
-        return Reply::refused(OutOfRange, QStringLiteral("there is no file \"%1\"").arg(file));
+        return refusedFor(OutOfRange, {QStringLiteral("no_file"), {file}},
+                          QStringLiteral("there is no file \"%1\"").arg(file));
     *weave = Weave(stored.value.toMap());
     return {};
 }

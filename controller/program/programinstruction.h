@@ -5,13 +5,13 @@
 
 #include "controller/core/request.h"
 #include "controller/welding/weave.h"
+#include "controller/welding/weld.h"
 #include "tl/parsedline.h"
 
 namespace welmo::controller {
 
 class ControllerContext;
 class Robot;
-class Weld;
 class WireAndGas;
 
 /// What the lines of a running program work with, and leave for those after them.
@@ -21,10 +21,12 @@ struct ProgramStage
     Weld &weld;
     WireAndGas &wireAndGas;
     Robot &robot;
-    bool dry = true; ///< moves without arc, wire and gas
+    bool dry = true; ///< moves without wire and gas
+    Weld::Arc arc = Weld::Arc::None;
     double dryRunSpeed = 0; ///< of every move, in mm/s; 0: as the program says
     std::optional<Weave> weave = {}; ///< for the moves to come
     double speed = 0; ///< of the torch in the present millisecond, mm/s
+    double seamLength = 0; ///< of the moves along seams so far, mm
 };
 
 /// A line of a program that is being carried out, a millisecond at a time.

@@ -50,6 +50,8 @@ Reply Move::begin(ProgramStage &stage)
         reply = project.zone(m_line.zone->text);
     if (reply.ok())
         reply = plan(stage);
+    if (reply.ok() && stage.weld.hasSeam())
+        stage.seamLength += m_path->length();
     if (!reply.ok() || !m_welds)
         return reply;
     m_weave = stage.weave;
@@ -78,8 +80,8 @@ Reply Move::plan(const ProgramStage &stage)
     else if (end)
         m_path = ProgramPath::joint(present, *end, tool);
     if (!m_path || !m_path->isPossible(present))
-        return Reply::refused(
-            OutOfRange, QStringLiteral("the robot does not get to ") + m_line.target->token.text);
+        return refusedFor(OutOfRange, {QStringLiteral("out_of_reach"), {m_line.target->token.text}},
+                          QStringLiteral("the robot does not get to ") + m_line.target->token.text);
     return {};
 }
 
@@ -150,7 +152,8 @@ Reply Move::place(ProgramStage &stage)
     const double aside = m_weave && !atEnd ? m_weave->aside(m_gone, m_ms) : 0;
     const auto joints = m_path->at(m_gone, stage.robot.joints(), aside);
     if (!joints)
-        return Reply::refused(OutOfRange, QStringLiteral("the robot does not get there"));
+        return refusedFor(OutOfRange, {QStringLiteral("out_of_reach"), {m_line.target->token.text}},
+                          QStringLiteral("the robot does not get there"));
     stage.robot.place(*joints);
     return {};
 }

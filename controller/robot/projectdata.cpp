@@ -1,6 +1,7 @@
 #include "controller/robot/projectdata.h"
 
 #include "controller/core/fields.h"
+#include "controller/core/reason.h"
 #include "schema/names.h"
 
 namespace welmo::controller {
@@ -79,7 +80,10 @@ Reply ProjectData::speed(const QString &name, double *speed) const
     if (!variable.ok())
         return variable;
     *speed = childAt(variable.value, QStringLiteral("value.linear")).toDouble();
-    return *speed > 0 ? Reply{} : Reply::refused(OutOfRange, name + QStringLiteral(" is no speed"));
+    return *speed > 0
+        ? Reply{}
+        : refusedFor(OutOfRange, {QStringLiteral("no_item"), {QStringLiteral("speed"), name}},
+                     name + QStringLiteral(" is no speed"));
 }
 
 Reply ProjectData::zone(const QString &name) const
@@ -102,7 +106,8 @@ Reply ProjectData::item(const QString &kind, const QString &name) const
                 return Reply::with(entry);
         }
     }
-    return Reply::refused(OutOfRange, QStringLiteral("there is no %1 %2").arg(kind, name));
+    return refusedFor(OutOfRange, {QStringLiteral("no_item"), {kind, name}},
+                      QStringLiteral("there is no %1 %2").arg(kind, name));
 }
 
 } // namespace welmo::controller

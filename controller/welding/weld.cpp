@@ -1,5 +1,7 @@
 #include "controller/welding/weld.h"
 
+#include <cmath>
+
 #include "controller/core/fields.h"
 #include "controller/files/parameterfiles.h"
 #include "controller/welding/welder.h"
@@ -35,30 +37,37 @@ QString wordFor(Phase phase)
     return {};
 }
 
-QString textFor(Trouble trouble)
+Reason reasonFor(Trouble trouble)
 {
     switch (trouble) {
     case Trouble::None:
         return {};
     case Trouble::NoGas:
-        return QStringLiteral("there is no gas");
+        return {QStringLiteral("no_gas")};
     case Trouble::NoCurrent: // a file as it comes into being
-        return QStringLiteral("the arc does not strike at the arc-start file's 0 A");
+        return {QStringLiteral("no_current")};
     case Trouble::NoArc:
-        return QStringLiteral("the arc does not strike");
+        return {QStringLiteral("no_arc")};
     case Trouble::ArcLost:
-        return QStringLiteral("the arc broke");
+        return {QStringLiteral("arc_lost")};
     case Trouble::WireSticks:
-        return QStringLiteral("the wire sticks");
+        return {QStringLiteral("wire_sticks")};
     }
     return {};
 }
 
+Reply noFile(const QString &file)
+{
+    return refusedFor(OutOfRange, {QStringLiteral("no_file"), {file}},
+                      QStringLiteral("there is no file \"%1\"").arg(file));
+}
+
 } // namespace
 
-Weld::Weld(ControllerContext &context, Registry &registry, const Welder &welder)
+Weld::Weld(ControllerContext &context, Registry &registry, const Welder &welder, Alarms &alarms)
     : m_context(context)
     , m_welder(welder)
+    , m_alarms(alarms)
 {
     registry.addCommand(names::enableWeldParam,
                         [this](const Request &request) { return enable(request.payload); });
@@ -77,9 +86,9 @@ void Weld::listenTo(const schema::FileSet &set, const QString &used,
     });
 }
 
-Reply Weld::openSeam(const QString &arcOnFile, const QString &weldFile, bool dry)
+Reply Weld::openSeam(const QString &arcOnFile, const QString &weldFile, Arc arc)
 {
-    Reply refused = dry ? Reply{} : refusal();
+    Reply refused = arc == Arc::Real ? refusal() : Reply{};
     if (!refused.ok())
         return refused;
     Reply arcOn = load(schema::arcOn(), arcOnFile);
@@ -91,10 +100,11 @@ Reply Weld::openSeam(const QString &arcOnFile, const QString &weldFile, bool dry
     m_arcOnFile = arcOnFile;
     m_weldFile = weldFile;
     m_arcOffFile.clear();
-    m_alarm.clear();
+    m_alarm = {};
+    m_counted = false;
     m_seam = ArcWeld::from(weld.value.toMap());
-    m_dry = dry;
-    if (!dry)
+    m_arc = arc;
+    if (arc != Arc::None)
         m_process.start(ArcStart::from(arcOn.value.toMap()), *m_seam);
     note();
     return {};
@@ -103,12 +113,18 @@ Reply Weld::openSeam(const QString &arcOnFile, const QString &weldFile, bool dry
 Reply Weld::refusal() const
 {
     if (m_welder.isInError())
-        return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
+        return refusedFor(WrongState, {QStringLiteral("welder_error")},
+                          QStringLiteral("the welder reports an error"));
     if (!m_welder.isEnabled())
-        return Reply::refused(WrongState, QStringLiteral("the welder is not enabled"));
+        return refusedFor(WrongState, {QStringLiteral("welder_disabled")},
+                          QStringLiteral("the welder is not enabled"));
+    if (!m_welder.isConnected())
+        return refusedFor(WrongState, {QStringLiteral("welder_not_connected")},
+                          QStringLiteral("no actual welder is connected"));
     // Nobody freed it since the last weld.
     if (m_process.trouble() == Trouble::WireSticks && m_context.suffers(Fault::WireSticks))
-        return Reply::refused(WireStuck, textFor(Trouble::WireSticks));
+        return refusedFor(WireStuck, reasonFor(Trouble::WireSticks),
+                          QStringLiteral("the wire sticks"));
     return {};
 }
 
@@ -128,45 +144,82 @@ Reply Weld::closeSeam(const QString &arcOffFile)
 void Weld::abandon()
 {
     m_seam.reset();
-    m_alarm.clear();
+    m_alarm = {};
     m_process.interrupt();
     note();
 }
 
 void Weld::resume()
 {
-    if (!m_seam || m_dry)
+    if (!m_seam || m_arc == Arc::None)
         return;
-    m_alarm.clear();
+    m_alarm = {};
     m_process.resume();
     note();
+}
+
+void Weld::returned()
+{
+    m_alarms.raise({QStringLiteral("arc_restruck"), {distance()}}, m_weldFile);
+    m_process.returned();
 }
 
 void Weld::advance(double speed)
 {
     m_torchSpeed = speed;
-    if (m_welder.isInError() && isBusy()) {
+    const QString file = fileName();
+    if (m_arc == Arc::Real && m_welder.isInError() && isBusy()) {
         m_process.halt();
-        raise(QStringLiteral("the welder reports an error"));
+        raise({QStringLiteral("welder_error")}, file);
     }
     const Trouble before = m_process.trouble();
+    const double distanceBefore = m_process.arc().distance();
     m_process.step(conditions(), speed);
-    if (m_process.trouble() != before)
-        raise(textFor(m_process.trouble()));
+    count(distanceBefore);
+    if (m_process.trouble() == Trouble::ArcLost && before != Trouble::ArcLost)
+        raise(arcLoss(), file);
+    else if (m_process.trouble() != before && m_process.trouble() != Trouble::None)
+        raise(reasonFor(m_process.trouble()), file);
     note();
 }
 
+void Weld::count(double distanceBefore)
+{
+    if (!isBusy())
+        return;
+    m_tally.welded += m_process.arc().distance() - distanceBefore;
+    if (m_process.phase() == Phase::Welding && !std::exchange(m_counted, true))
+        ++m_tally.seams;
+}
+
+// To a tenth of a millimetre, as it is told.
+double Weld::distance() const
+{
+    return std::round(m_process.arc().distance() * 10) / 10;
+}
+
+Reason Weld::arcLoss() const
+{
+    if (m_context.suffers(Fault::WireStuck))
+        return {QStringLiteral("wire_stuck"), {distance()}};
+    return {QStringLiteral("arc_lost"), {distance()}};
+}
+
+// What is only simulated goes well.
 WeldProcess::Conditions Weld::conditions() const
 {
+    if (m_arc == Arc::Simulated)
+        return {};
     const bool burns = !m_context.suffers(Fault::ArcBreaks) && !m_context.suffers(Fault::WireStuck);
     return {!m_context.suffers(Fault::NoGas), !m_context.suffers(Fault::NoArc), burns,
             m_context.suffers(Fault::WireSticks)};
 }
 
-void Weld::raise(const QString &alarm)
+void Weld::raise(const Reason &alarm, const QString &file)
 {
     m_alarm = alarm;
-    m_context.record(Event::Alarm, alarm);
+    m_alarms.raise(alarm, file);
+    m_context.record(Event::Alarm, alarm.code);
 }
 
 void Weld::note()
@@ -175,8 +228,10 @@ void Weld::note()
         m_noted = m_process.phase();
         m_context.record(Event::Weld, phaseWord());
     }
-    if (m_process.isArcMissing() && !m_notedMissing)
+    if (m_process.isArcMissing() && !m_notedMissing) {
         m_context.record(Event::Message, QStringLiteral("the arc broke, the torch moves on"));
+        m_alarms.raise(arcLoss(), m_weldFile);
+    }
     m_notedMissing = m_process.isArcMissing();
 }
 
@@ -213,7 +268,7 @@ Reply Weld::load(const schema::FileSet &set, const QString &file) const
     Reply stored = set.hasFile(file) ? m_context.load(set.node(), file) : Reply{};
     if (!stored.ok() || stored.value.isValid())
         return stored;
-    return Reply::refused(OutOfRange, QStringLiteral("there is no file \"%1\"").arg(file));
+    return noFile(file);
 }
 
 Reply Weld::enable(const QVariant &payload)

@@ -3,9 +3,7 @@
 #include <cmath>
 #include <optional>
 
-#include "controller/core/controllercontext.h"
-#include "controller/core/registry.h"
-#include "controller/core/subsystem.h"
+#include "controller/core/alarms.h"
 #include "controller/files/fileset.h"
 #include "controller/welding/weldprocess.h"
 
@@ -18,12 +16,21 @@ class Welder;
 class Weld : public Subsystem
 {
 public:
-    Weld(ControllerContext &context, Registry &registry, const Welder &welder);
+    /// How the arc of a seam is had: not at all, as readings only, or really.
+    enum class Arc { None, Simulated, Real };
+    /// What came of the seams since it was last reset.
+    struct Tally
+    {
+        int seams = 0; ///< that were begun to be welded
+        double welded = 0; ///< mm
+    };
+
+    Weld(ControllerContext &context, Registry &registry, const Welder &welder, Alarms &alarms);
 
     bool isBusy() const override { return m_process.phase() != WeldProcess::Phase::Idle; }
 
-    /// Loads both files and, unless the run is dry, starts the arc.
-    Reply openSeam(const QString &arcOnFile, const QString &weldFile, bool dry);
+    /// Loads both files and starts the arc, if there is to be one.
+    Reply openSeam(const QString &arcOnFile, const QString &weldFile, Arc arc);
     /// Ends the arc as the file says; it may burn on for a while to fill the crater.
     Reply closeSeam(const QString &arcOffFile);
     /// The arc goes out at once; resume() strikes it again where a seam is open.
@@ -34,7 +41,7 @@ public:
     /// One millisecond with the torch at @p speed mm/s.
     void advance(double speed);
     /// The torch went back to where the arc is struck again.
-    void returned() { m_process.returned(); }
+    void returned();
 
     const WeldProcess &process() const { return m_process; }
     /// True while wire and power are the weld's own.
@@ -44,8 +51,11 @@ public:
     /// What the open seam is welded with, mm/s; 0 when its file leaves that to the program.
     double seamSpeed() const { return m_seam ? m_seam->speed : 0; }
     double torchSpeed() const { return isWelding() ? std::abs(m_torchSpeed) : 0; }
+    bool hasSeam() const { return m_seam.has_value(); }
     /// Why the last weld ended before its time; empty when it did not.
-    const QString &alarm() const { return m_alarm; }
+    const Reason &alarm() const { return m_alarm; }
+    const Tally &tally() const { return m_tally; }
+    void resetTally() { m_tally = {}; }
     /// The phase in the contract's words.
     QString phaseWord() const;
     /// The file in use in the present phase, or last.
@@ -60,18 +70,24 @@ private:
     void trimWeld(const QVariantMap &file);
     void trimEnd(const QVariantMap &file) { m_process.trim(ArcEnd::from(file)); }
     Reply refusal() const;
-    void raise(const QString &alarm);
+    void raise(const Reason &alarm, const QString &file);
+    void count(double distanceBefore);
     void note();
     WeldProcess::Conditions conditions() const;
+    double distance() const;
+    Reason arcLoss() const;
 
     ControllerContext &m_context;
     const Welder &m_welder;
+    Alarms &m_alarms;
     WeldProcess m_process;
     std::optional<ArcWeld> m_seam; // open, with an arc unless the run is dry
-    bool m_dry = false;
+    Arc m_arc = Arc::None;
     QString m_arcOnFile, m_weldFile, m_arcOffFile;
     double m_torchSpeed = 0;
-    QString m_alarm;
+    Reason m_alarm;
+    Tally m_tally;
+    bool m_counted = false; // the open seam, in the tally
     WeldProcess::Phase m_noted = WeldProcess::Phase::Idle;
     bool m_notedMissing = false;
 };

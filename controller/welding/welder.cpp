@@ -66,6 +66,7 @@ Reply Welder::start()
 {
     Reply present = setting();
     m_enabled = valueOf(present.value, rows().enable).toBool();
+    m_connected = valueOf(present.value, rows().connectToWelder).toBool();
     return present;
 }
 
@@ -88,6 +89,7 @@ Reply Welder::setWelder(const QVariant &payload)
     if (!reply.ok())
         return reply;
     m_enabled = valueOf(wanted.value, rows().enable).toBool();
+    m_connected = valueOf(wanted.value, rows().connectToWelder).toBool();
     m_context.notify(names::welderSetting, wanted.value);
     m_context.notify(names::deviceParam, deviceParamFor(wanted.value));
     return reply;

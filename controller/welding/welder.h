@@ -15,6 +15,8 @@ public:
     Reply start() override;
     bool isInError() const { return m_context.suffers(Faults::Fault::WelderError); }
     bool isEnabled() const { return m_enabled; }
+    /// To the actual welding machine; without it there is no arc.
+    bool isConnected() const { return m_connected; }
     /// "ok", "disabled" or "error", the contract's words.
     QString stateWord() const;
 
@@ -25,6 +27,7 @@ private:
 
     ControllerContext &m_context;
     bool m_enabled = false;
+    bool m_connected = false;
 };
 
 } // namespace welmo::controller

@@ -20,6 +20,15 @@ WeldMode::WeldMode(ControllerContext &context, Registry &registry)
                         [this](const Request &request) { return change(request.payload); });
 }
 
+Reply WeldMode::start()
+{
+    const QString first = schema::weldmode::all().first();
+    Reply kept = m_context.load(names::weldMode);
+    if (!kept.ok() || !kept.value.isValid() || childAt(kept.value, modeKey) == first)
+        return kept;
+    return m_context.save(names::weldMode, {}, QVariantMap{{modeKey, first}});
+}
+
 Reply WeldMode::read() const
 {
     return m_context.load(names::weldMode, {},

@@ -157,6 +157,10 @@ void WeldProcess::confirm(const Conditions &conditions)
 
 void WeldProcess::weldOn(const Conditions &conditions)
 {
+    if (m_weld.setpoint.current <= 0) {
+        stopWith(Trouble::NoCurrent, m_start.preFlow);
+        return;
+    }
     if (conditions.burns) {
         // The power is still on: where the wire touches again, the arc is back.
         if (!m_arc.isBurning())

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "controller/core/fields.h"
+#include "controller/core/reason.h"
 #include "controller/files/options.h"
 #include "controller/welding/weld.h"
 #include "controller/welding/welder.h"
@@ -99,7 +100,8 @@ Reply WireAndGas::moveByProgram(Wire direction)
 Reply WireAndGas::mayMove() const
 {
     if (m_welder.isInError())
-        return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
+        return refusedFor(WrongState, {QStringLiteral("welder_error")},
+                          QStringLiteral("the welder reports an error"));
     if (m_weld.isWelding())
         return Reply::refused(WrongState, QStringLiteral("a weld needs the wire"));
     if (m_context.suffers(Fault::WireStuck))
@@ -155,7 +157,8 @@ Reply WireAndGas::testGas()
 Reply WireAndGas::startGas(qint64 end, const QString &cause)
 {
     if (m_welder.isInError())
-        return Reply::refused(WrongState, QStringLiteral("the welder reports an error"));
+        return refusedFor(WrongState, {QStringLiteral("welder_error")},
+                          QStringLiteral("the welder reports an error"));
     if (m_context.suffers(Fault::NoGas))
         return Reply::refused(NoGas, QStringLiteral("there is no gas"));
     if (m_gasEnd == 0)

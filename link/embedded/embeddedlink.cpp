@@ -33,6 +33,11 @@ EmbeddedLink::~EmbeddedLink()
     m_thread.wait();
 }
 
+void EmbeddedLink::setRole(Role role)
+{
+    m_farEnd->setRole(role);
+}
+
 void EmbeddedLink::greet(int session)
 {
     post([farEnd = m_farEnd, session] { farEnd->greet(session); });

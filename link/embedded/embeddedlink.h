@@ -5,6 +5,7 @@
 #include "controller/core/clock.h"
 #include "controller/core/faults.h"
 #include "controller/core/journal.h"
+#include "link/session/roles.h"
 #include "link/session/sessionlink.h"
 
 namespace welmo::links {
@@ -29,6 +30,8 @@ public:
 
     /// The switches of what can go wrong; owned by the link.
     controller::Faults *faults() { return &m_faults; }
+    /// What the pendant's user may have carried out; everything, until this is called. Any thread.
+    void setRole(Role role);
     /// What the machine did; owned by the link.
     const controller::Journal &journal() const { return m_journal; }
 

@@ -87,7 +87,11 @@ void EmbeddedServer::takeBeat()
 
 LinkReply EmbeddedServer::carryOut(const LinkRequest &request)
 {
-    const controller::Reply reply = m_station.controller()->handle(toController(request));
+    const controller::Request wanted = toController(request);
+    // A request that nobody is named for is for the controller to refuse.
+    if (needOf(wanted).role > m_role)
+        return {controller::NotAllowed, {}};
+    const controller::Reply reply = m_station.controller()->handle(wanted);
     if (request.kind == LinkRequest::Kind::Watch && reply.ok())
         m_watched.insert(request.path);
     return {reply.code, reply.value};

@@ -3,11 +3,13 @@
 #include <QMutex>
 #include <QObject>
 #include <QSet>
+#include <atomic>
 #include <memory>
 #include <optional>
 
 #include "link/session/controllerrunner.h"
 #include "link/session/pendingcall.h"
+#include "link/session/roles.h"
 
 namespace welmo::links {
 
@@ -29,6 +31,8 @@ public:
     void ask(int session, const std::shared_ptr<PendingCall> &exchange);
     /// The session is over.
     void leave();
+    /// What the user of the pendant may have carried out. Any thread.
+    void setRole(Role role) { m_role = role; }
     /// Carries out what has become due; by itself while something goes on.
     void tick() { m_station.tick(); }
 
@@ -58,6 +62,7 @@ private:
     ControllerRunner m_station;
     int m_session = 0;
     QSet<QString> m_watched;
+    std::atomic<Role> m_role{Role::Administrator};
     QMutex m_beatMutex;
     std::optional<Beat> m_beat; // not looked at yet
 };

@@ -32,6 +32,8 @@ const QVector<Row> &table()
 
         {Kind::Command, names::takeControl, {Role::Operator}},
         {Kind::Command, names::giveControl, {Role::Operator}},
+        {Kind::Command, names::acknowledgeAlarms, {Role::Operator}},
+        {Kind::Command, names::switchCell, {Role::Operator, true}},
         {Kind::Command, names::wireFeed, {Role::Operator, true}},
         {Kind::Command, names::gasFlow, {Role::Operator, true}},
         {Kind::Command, names::setWeldMode, {Role::Operator, true}},

@@ -21,7 +21,7 @@ private slots:
         const Rows<QString, double, bool> rows{
             // seconds for the 100 mm of the seam; whether it welds
             {"real, at the file's speed", "real", 5.0, true},
-            {"simulated, at the same", "simu", 5.0, false},
+            {"simulated, at the same", "simu", 5.0, true},
             {"test run, at its own", "test_run", 0.8, false},
         };
         for (const auto &[name, mode, seconds, welds] : rows) {
@@ -133,6 +133,84 @@ private slots:
         QVERIFY(bench.isAt(end));
         QCOMPARE(bench.state("state"), QVariant("idle"));
         QCOMPARE(bench.state("message"), QVariant("stopped"));
+    }
+    void theEndIsASum()
+    {
+        ProgramBench bench;
+        QVERIFY(bench.go(QStringList{"Wait 1"} + seam + QStringList{"Wait 2", "Wait 3"}).ok());
+        QVERIFY(bench.passUntilPhase("welding"));
+        bench.pass(2000);
+        bench.faults.set(Faults::Fault::ArcBreaks, true);
+        bench.finish();
+        const QVariantMap sum = bench.state("result").toMap();
+        QCOMPARE(sum["end"], QVariant("finished"));
+        const QVariantList faults = sum["faults"].toList();
+        QCOMPARE(faults.size(), 1);
+        QCOMPARE(childAt(faults[0], "line"), QVariant(4));
+        const double lostAt = childAt(faults[0], "arguments").toList()[0].toDouble();
+        QVERIFY(lostAt > 35 && lostAt < 45);
+        QCOMPARE(sum["welded"].toDouble(), lostAt);
+        QCOMPARE(sum["length"].toDouble(), 100.0);
+        QCOMPARE(sum["seams"].toInt() * 10 + sum["seams_of"].toInt(), 11);
+        QCOMPARE(sum["ignored"], QVariant(3));
+        const auto alarms = [&bench] { return bench.get("cell.alarms", "entries").value.toList(); };
+        QCOMPARE(alarms().size(), 2); // one for all ignored lines
+
+        Controller again(*bench.store, bench.faults, bench.journal, [&bench] { return bench.now; });
+        QVERIFY(again.start().ok());
+        const auto kept = [&again] {
+            return again.handle({Request::Kind::Get, "cell.alarms", "entries", {}}).value.toList();
+        };
+        QCOMPARE(kept(), alarms());
+        const QVariantMap first{{"id", childAt(kept()[0], "id")}};
+        again.handle({Request::Kind::Command, "cell.alarms.acknowledge", {}, first});
+        QCOMPARE(childAt(kept()[0], "open"), QVariant(false));
+        QCOMPARE(childAt(kept()[1], "open"), QVariant(true));
+    }
+    void whatAWeldNeeds()
+    {
+        const QString noCurrent = "current";
+        const Rows<std::function<void(ProgramBench &)>, QString> rows{
+            {"power",
+             [](auto &b) {
+                 b.run("cell.switch", QVariantMap{{"power", false}});
+             },
+             "no_power"},
+            {"cell",
+             [](auto &b) {
+                 b.run("cell.switch", QVariantMap{{"fault", true}});
+             },
+             "cell_fault"},
+            {"the pendant",
+             [](auto &b) {
+                 b.controller.beat(b.now, {});
+                 b.pass(1100);
+             },
+             "pendant_lost"},
+            {"current",
+             [&](auto &b) { b.save("weld_param", with(ProgramBench::weld(), noCurrent, 0.0)); },
+             "no_current"},
+        };
+        for (const auto &[name, lose, code] : rows) {
+            ProgramBench bench;
+            QVERIFY(bench.goWelding(1000));
+            lose(bench);
+            bench.pass(100);
+            QVERIFY(bench.state("state") != "running");
+            QCOMPARE(bench.weldState("current"), QVariant(0.0));
+            const QVariantList alarms = bench.get("cell.alarms", "entries").value.toList();
+            QCOMPARE(childAt(alarms.last(), "code").toString(), code);
+            if (code == "no_power" || code == "cell_fault") {
+                const Reply refused = bench.run("tl_program.run");
+                QCOMPARE(refused.code, int(WrongState));
+                QCOMPARE(childAt(refused.value, "reason").toString(), code);
+            }
+        }
+        ProgramBench unconnected;
+        unconnected.run(
+            "arc_weld.set_welder",
+            with(ProgramBench::welder("RL/RPL", 350, true), "connect_to_welder", false));
+        QCOMPARE(unconnected.endOf(seam), QString("line 2: no actual welder is connected"));
     }
     void commandsInTheWrongState()
     {

@@ -98,21 +98,23 @@ private slots:
     }
     void faults()
     {
-        const Rows<Fault, QString, const char *, QString> rows{
-            // the phase in which it comes
-            {"no arc", Fault::NoArc, "pre_flow", alarm, "line 2: the arc does not strike"},
-            {"no gas", Fault::NoGas, "welding", alarm, "line 3: there is no gas"},
-            {"arc breaks", Fault::ArcBreaks, "welding", alarm, "line 3: the arc broke"},
-            {"wire stuck", Fault::WireStuck, "welding", alarm, "line 3: the arc broke"},
-            {"run on", Fault::ArcBreaks, "welding", runOn, "finished"},
-            {"cannot be struck again", Fault::ArcBreaks, "welding", again,
-             "line 3: the arc does not strike"},
-            {"welder error", Fault::WelderError, "welding", alarm,
-             "line 3: the welder reports an error"},
+        const Rows<Fault, QString, const char *, QString, QString> rows{
+            // the phase in which it comes; the message; the first alarm, with its file
+            {"no arc", Fault::NoArc, "pre_flow", alarm, "line 2: no_arc", "no_arc arcondata1"},
+            {"no gas", Fault::NoGas, "welding", alarm, "line 3: no_gas", "no_gas arcdata1"},
+            {"arc breaks", Fault::ArcBreaks, "welding", alarm, "line 3: arc_lost",
+             "arc_lost arcdata1"},
+            {"wire stuck", Fault::WireStuck, "welding", alarm, "line 3: wire_stuck",
+             "wire_stuck arcdata1"},
+            {"run on", Fault::ArcBreaks, "welding", runOn, "finished", "arc_lost arcdata1"},
+            {"cannot be struck again", Fault::ArcBreaks, "welding", again, "line 3: no_arc",
+             "arc_restruck arcdata1"},
+            {"welder error", Fault::WelderError, "welding", alarm, "line 3: welder_error",
+             "welder_error arcdata1"},
             {"welder error at first", Fault::WelderError, "idle", alarm,
-             "line 2: the welder reports an error"},
+             "line 2: the welder reports an error", "welder_error "},
         };
-        for (const auto &[name, fault, phase, option, message] : rows) {
+        for (const auto &[name, fault, phase, option, message, first] : rows) {
             ProgramBench bench;
             bench.save("weld_param", ProgramBench::weld(option));
             bench.go(seam);
@@ -123,6 +125,11 @@ private slots:
             const bool finished = message == "finished";
             QCOMPARE(bench.state("state"), QVariant(finished ? "idle" : "error"));
             QCOMPARE(bench.events().contains(Event::Alarm), !finished);
+            const QVariantMap raised =
+                bench.get("cell.alarms", "entries").value.toList()[0].toMap();
+            QCOMPARE(raised["code"].toString() + ' ' + raised["file"].toString(), first);
+            QCOMPARE(raised["line"].toInt(), message == "finished" ? 3 : message.mid(5, 1).toInt());
+            QCOMPARE(bench.get("cell.state", "state").value, QVariant(finished ? "idle" : "fault"));
             bench.pass(2000);
             QCOMPARE(bench.weldState("phase"), QVariant("idle"));
             QCOMPARE(bench.weldState("current"), QVariant(0.0));
@@ -154,7 +161,7 @@ private slots:
     {
         ProgramBench bench;
         bench.faults.set(Fault::WireSticks, true);
-        QCOMPARE(bench.endOf(seam), QString("line 4: the wire sticks"));
+        QCOMPARE(bench.endOf(seam), QString("line 4: wire_sticks"));
         QCOMPARE(bench.endOf(seam), QString("line 2: the wire sticks"));
         bench.faults.clear();
         QCOMPARE(bench.endOf(seam), QString("finished"));

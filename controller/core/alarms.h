@@ -1,0 +1,49 @@
+#pragma once
+
+#include <vector>
+
+#include "controller/core/controllercontext.h"
+#include "controller/core/reason.h"
+#include "controller/core/registry.h"
+#include "controller/core/subsystem.h"
+
+namespace welmo::controller {
+
+/// What ended or harmed a weld, kept in the store until long after it was acknowledged.
+///
+/// The node "cell.alarms" holds {entries}, oldest first: {id, code, arguments, time, program, line,
+/// file, open}. The time is UTC, ISO 8601; line counts from 1, 0 for none. The command
+/// "cell.alarms.acknowledge" takes {id}, or nothing for all of them.
+class Alarms : public Subsystem
+{
+public:
+    static constexpr size_t capacity = 50; ///< the oldest give way
+
+    Alarms(ControllerContext &context, Registry &registry);
+
+    Reply start() override;
+
+    /// Where in a program what comes next happens.
+    void setPlace(const QString &program, int line);
+    /// @p file is the parameter file in use, if that matters.
+    void raise(const Reason &reason, const QString &file = {});
+
+    bool anyOpen() const;
+    /// What was raised since forgetRun(), as {code, arguments, line}.
+    const QVariantList &ofRun() const { return m_ofRun; }
+    void forgetRun() { m_ofRun.clear(); }
+
+private:
+    Reply acknowledge(const QVariant &payload);
+    QVariantMap node() const;
+    void keep(const std::vector<QVariantMap> &changed);
+
+    ControllerContext &m_context;
+    std::vector<QVariantMap> m_entries;
+    QVariantList m_ofRun;
+    QString m_program;
+    int m_line = 0;
+    int m_nextId = 1;
+};
+
+} // namespace welmo::controller

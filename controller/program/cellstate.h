@@ -1,0 +1,40 @@
+#pragma once
+
+#include "controller/core/alarms.h"
+#include "controller/robot/cellswitches.h"
+
+namespace welmo::controller {
+
+class Program;
+class Weld;
+class Welder;
+
+/// The cell as a whole. The node "cell.state" holds {state, power, automatic, fault}: state is
+/// idle, running, welding or fault; a program that failed is one until its alarms are acknowledged
+/// or another one runs. The command "cell.switch" takes any of {power, automatic, fault}: what a
+/// key switch, the power and the safety circuit are at a cell that is not simulated.
+class CellState : public Subsystem
+{
+public:
+    CellState(ControllerContext &context, Registry &registry, const Program &program,
+              const Weld &weld, const Welder &welder, const Alarms &alarms,
+              Surroundings &surroundings);
+
+    Reply start() override;
+    void tick() override;
+
+private:
+    QVariantMap node() const;
+    QString word() const;
+    Reply turn(const QVariant &payload);
+
+    ControllerContext &m_context;
+    const Program &m_program;
+    const Weld &m_weld;
+    const Welder &m_welder;
+    const Alarms &m_alarms;
+    CellSwitches &m_switches;
+    QString m_told;
+};
+
+} // namespace welmo::controller

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QVariantMap>
+
+namespace welmo::pendant {
+
+/// What came of a run, in words: how it ended, what went wrong, how much of it was welded.
+QString runResultText(const QVariantMap &result);
+
+} // namespace welmo::pendant

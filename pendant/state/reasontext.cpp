@@ -1,0 +1,77 @@
+#include "pendant/state/reasontext.h"
+
+#include <QCoreApplication>
+#include <QHash>
+
+namespace welmo::pendant {
+
+namespace {
+
+// Texts of the class Reasons, with the arguments in the order in which the controller tells them.
+const QHash<QString, const char *> &texts()
+{
+    static const QHash<QString, const char *> table{
+        {"arc_lost", QT_TRANSLATE_NOOP("Reasons", "arc lost at %1 mm")},
+        {"arc_restruck", QT_TRANSLATE_NOOP("Reasons", "arc lost at %1 mm and struck again")},
+        {"wire_stuck", QT_TRANSLATE_NOOP("Reasons", "the wire does not move")},
+        {"wire_sticks", QT_TRANSLATE_NOOP("Reasons", "the wire sticks in the seam")},
+        {"wire_stopped", QT_TRANSLATE_NOOP("Reasons", "wire or gas was stopped")},
+        {"no_gas", QT_TRANSLATE_NOOP("Reasons", "no gas")},
+        {"no_arc", QT_TRANSLATE_NOOP("Reasons", "the arc does not strike")},
+        {"no_current", QT_TRANSLATE_NOOP("Reasons", "the file says 0 A, so there is no arc")},
+        {"welder_error", QT_TRANSLATE_NOOP("Reasons", "the welder reports an error")},
+        {"welder_disabled", QT_TRANSLATE_NOOP("Reasons", "the welder is not enabled")},
+        {"welder_not_connected",
+         QT_TRANSLATE_NOOP("Reasons", "the actual welding machine is not connected")},
+        {"line_ignored", QT_TRANSLATE_NOOP("Reasons", "\"%1\" is unknown and was ignored")},
+        {"bad_arguments", QT_TRANSLATE_NOOP("Reasons", "%1: the arguments are not right")},
+        {"no_file", QT_TRANSLATE_NOOP("Reasons", "there is no file \"%1\"")},
+        {"no_item", QT_TRANSLATE_NOOP("Reasons", "the project has no \"%2\" (%1)")},
+        {"no_point", QT_TRANSLATE_NOOP("Reasons", "%1 is no point")},
+        {"out_of_reach", QT_TRANSLATE_NOOP("Reasons", "the robot does not reach %1")},
+        {"no_power", QT_TRANSLATE_NOOP("Reasons", "the power is off")},
+        {"cell_fault", QT_TRANSLATE_NOOP("Reasons", "the cell is in a fault")},
+        {"pendant_lost",
+         QT_TRANSLATE_NOOP("Reasons", "the pendant was gone for a second, so the run was paused")},
+        {"storage_failed", QT_TRANSLATE_NOOP("Reasons", "the controller cannot keep data")},
+        {"refused", QT_TRANSLATE_NOOP("Reasons", "the controller refuses: %1")},
+    };
+    return table;
+}
+
+} // namespace
+
+QString reasonText(const QString &code, const QVariantList &arguments)
+{
+    const char *source = texts().value(code);
+    QString text = source ? QCoreApplication::translate("Reasons", source) : code;
+    for (int i = 0; i < arguments.size(); ++i)
+        text.replace(QStringLiteral("%%1").arg(i + 1), arguments.at(i).toString());
+    return text;
+}
+
+QString codeText(int code)
+{
+    if (code < 0)
+        return QCoreApplication::translate("Reasons", "the controller was not reached");
+    switch (code) {
+    case 7:
+        return QCoreApplication::translate("Reasons", "not in its present state (7)");
+    case 12:
+        return QCoreApplication::translate("Reasons", "another pendant holds control (12)");
+    case 13:
+        return QCoreApplication::translate("Reasons", "the user may not do that (13)");
+    default:
+        return QCoreApplication::translate("Reasons", "code %1").arg(code);
+    }
+}
+
+QString reasonText(const QString &code, const QVariantList &arguments, int line)
+{
+    const QString text = reasonText(code, arguments);
+    return line > 0
+        ? QCoreApplication::translate("Reasons", "line %1, %2").arg(QString::number(line), text)
+        : text;
+}
+
+} // namespace welmo::pendant

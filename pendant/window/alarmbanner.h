@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QPushButton;
+
+namespace welmo::pendant {
+
+class AlarmList;
+class Cell;
+
+/// What went wrong, on every page under the header until it is acknowledged; while the link is lost
+/// in the middle of a run, that.
+class AlarmBanner : public QFrame
+{
+    Q_OBJECT
+public:
+    AlarmBanner(AlarmList *alarms, Cell *cell, QWidget *parent = nullptr);
+
+signals:
+    /// Counted from 1.
+    void lineWanted(const QString &program, int line);
+
+private:
+    QPushButton *addButton(const QString &name, const QString &text);
+    void refresh();
+    void showLost();
+    void showAlarms();
+
+    AlarmList *m_alarms;
+    Cell *m_cell;
+    QLabel *m_text;
+    QPushButton *m_line;
+    QPushButton *m_acknowledge;
+};
+
+} // namespace welmo::pendant
