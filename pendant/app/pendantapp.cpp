@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include "link/embedded/embeddedlink.h"
+#include "link/mqtt/brokeraddress.h"
 #include "pando/frame.h"
 #include "pendant/app/pluginloader.h"
 #include "pendant/app/preferences.h"
@@ -11,6 +13,8 @@
 #include "pendant/pages/messagespage.h"
 #include "pendant/pages/pluginerrorpage.h"
 #include "pendant/program/programpage.h"
+#include "pendant/state/alarms.h"
+#include "pendant/state/cell.h"
 #include "pendant/state/linkcontrol.h"
 #include "pendant/state/navigation.h"
 #include "pendant/theme/appearance.h"
@@ -30,6 +34,17 @@ static void useResources()
 namespace welmo::pendant {
 
 namespace {
+
+// USER@CELL of a cell on the network.
+QString placeOf(const QString &controller)
+{
+    links::BrokerAddress address;
+    QString cell;
+    if (controller.isEmpty())
+        return {};
+    links::parseAddress(controller, &address, &cell);
+    return address.user.isEmpty() ? cell : address.user + QLatin1Char('@') + cell;
+}
 
 kelp::ModuleObject *navEntries(tessa::Host *host)
 {
@@ -64,14 +79,19 @@ void PendantApp::start()
     useResources();
     makeHost();
     m_control = std::make_unique<LinkControl>(m_host.get());
-    m_window = std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()),
-                                               m_control.get(), &m_holds);
+    m_cell = std::make_unique<Cell>(m_host.get());
+    m_alarms = std::make_unique<AlarmList>(m_host->service(), m_host->helper());
+    const WindowState state{m_control.get(), m_cell.get(), m_alarms.get(),
+                            placeOf(m_options.controller)};
+    m_window =
+        std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()), state, &m_holds);
     m_pads.follow(m_window->center());
     loadModules();
     Connection connection = m_connector(m_options);
     addPages(connection.faults);
     m_window->show();
     m_window->setFocus();
+    bindLevel(dynamic_cast<links::EmbeddedLink *>(connection.link.get()));
     m_host->setLink(std::move(connection.link));
     emit started();
 }
@@ -82,6 +102,8 @@ void PendantApp::stop()
         return;
     m_host->stopModules();
     m_window.reset();
+    m_alarms.reset();
+    m_cell.reset();
     m_control.reset();
     m_host.reset();
     // What the library still has to be deleted must be gone before its code is.
@@ -160,13 +182,16 @@ void PendantApp::addPages(controller::Faults *faults)
     m_window->center()->addPage(this, homeKey, home);
     addProgramPage(log);
     m_window->center()->addPage(this, messagesKey, new MessagesPage(log));
-    m_window->center()->addPage(this, controllerKey, new ControllerPage(m_control.get(), faults));
+    m_window->center()->addPage(
+        this, controllerKey,
+        new ControllerPage(m_control.get(), m_cell.get(), m_host->helper()->status(), faults));
     addNavEntry(homeKey, tr("Home"), mainGroup, "widget/home", 0);
     addNavEntry(programKey, tr("Program"), mainGroup, "widget/program", 1);
     addNavEntry(messagesKey, tr("Messages"), systemGroup, "widget/messages", -1);
     addNavEntry(controllerKey, tr("Controller"), systemGroup, "widget/controller", -1);
     connect(home, &HomePage::pageWanted, m_window.get(), &PendantWindow::showPage);
     connect(home, &HomePage::displayChosen, this, &PendantApp::changeDisplay, Qt::QueuedConnection);
+    followMessages(log);
     m_window->showPage(m_loader->modules().isEmpty() ? pluginErrorKey : homeKey);
 }
 
@@ -175,12 +200,41 @@ void PendantApp::addProgramPage(tessa::MessageLog *log)
     const QString folder = QDir(m_options.dataFolder).filePath(QStringLiteral("programs"));
     auto *page = new ProgramPage(&m_program, log, folder);
     m_window->center()->addPage(this, programKey, page);
+    connect(m_window.get(), &PendantWindow::lineWanted, page,
+            [this, page](const QString &, int line) {
+                m_window->showPage(programKey);
+                page->showLine(line - 1);
+            });
     m_window->setCloseGuard([this, page] {
         if (page->mayGo([this] { m_window->close(); }))
             return true;
         m_window->showPage(programKey);
         return false;
     });
+}
+
+// Who works at a controller in here may do there what the level says, as a user of a cell on the
+// network may.
+void PendantApp::bindLevel(links::EmbeddedLink *link)
+{
+    if (!link)
+        return;
+    tessa::ControllerStatus *status = m_host->helper()->status();
+    const auto tell = [this, link, status] {
+        m_level = status->level();
+        link->setRole(static_cast<links::Role>(static_cast<int>(m_level)
+                                               + static_cast<int>(links::Role::Viewer)));
+    };
+    status->setLevel(m_level);
+    connect(status, &tessa::ControllerStatus::levelChanged, link, tell);
+    tell();
+}
+
+void PendantApp::followMessages(tessa::MessageLog *log)
+{
+    const auto show = [this, log] { m_window->setCount(messagesKey, log->unseenErrors()); };
+    connect(log, &tessa::MessageLog::unseenChanged, m_window.get(), show);
+    show();
 }
 
 void PendantApp::changeDisplay(const QString &language, const QString &theme)

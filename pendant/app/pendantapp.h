@@ -12,6 +12,11 @@
 #include "pendant/input/wheelguard.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/window/keyholds.h"
+#include "tessa/controllerstatus.h"
+
+namespace welmo::links {
+class EmbeddedLink;
+}
 
 namespace tessa {
 class Host;
@@ -20,6 +25,8 @@ class MessageLog;
 
 namespace welmo::pendant {
 
+class AlarmList;
+class Cell;
 class LinkControl;
 class PendantWindow;
 class PluginLoader;
@@ -58,11 +65,14 @@ private:
     void showPluginError();
     void addPages(controller::Faults *faults);
     void addProgramPage(tessa::MessageLog *log);
+    void bindLevel(links::EmbeddedLink *link);
+    void followMessages(tessa::MessageLog *log);
     void changeDisplay(const QString &language, const QString &theme);
 
     Options m_options;
     Connector m_connector;
     ProgramDocument m_program; // stays open over a change of language
+    tessa::ControllerStatus::Level m_level = tessa::ControllerStatus::Level::Administrator;
     KeyHolds m_holds; // what is down stays so as well
     KeyboardWatch m_keyboard;
     NumberEntry m_numbers;
@@ -72,6 +82,8 @@ private:
     std::unique_ptr<PluginLoader> m_book;
     std::unique_ptr<tessa::Host> m_host;
     std::unique_ptr<LinkControl> m_control;
+    std::unique_ptr<Cell> m_cell;
+    std::unique_ptr<AlarmList> m_alarms;
     std::unique_ptr<PendantWindow> m_window;
 };
 

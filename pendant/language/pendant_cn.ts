@@ -17,6 +17,258 @@
     </message>
 </context>
 <context>
+    <name>Levels</name>
+    <message>
+        <source>Viewer</source>
+        <translation>访客</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>操作员</translation>
+    </message>
+    <message>
+        <source>Programmer</source>
+        <translation>编程员</translation>
+    </message>
+    <message>
+        <source>Administrator</source>
+        <translation>管理员</translation>
+    </message>
+</context>
+<context>
+    <name>Reasons</name>
+    <message>
+        <source>Controller</source>
+        <translation>控制器</translation>
+    </message>
+    <message>
+        <source>arc lost at %1 mm</source>
+        <translation>在 %1 mm 处断弧</translation>
+    </message>
+    <message>
+        <source>arc lost at %1 mm and struck again</source>
+        <translation>在 %1 mm 处断弧后重新起弧</translation>
+    </message>
+    <message>
+        <source>the wire does not move</source>
+        <translation>焊丝不动</translation>
+    </message>
+    <message>
+        <source>the wire sticks in the seam</source>
+        <translation>焊丝粘在焊缝中</translation>
+    </message>
+    <message>
+        <source>wire or gas was stopped</source>
+        <translation>送丝或送气被停止</translation>
+    </message>
+    <message>
+        <source>no gas</source>
+        <translation>无保护气</translation>
+    </message>
+    <message>
+        <source>the arc does not strike</source>
+        <translation>无法起弧</translation>
+    </message>
+    <message>
+        <source>the file says 0 A, so there is no arc</source>
+        <translation>文件中电流为 0 A，因此没有电弧</translation>
+    </message>
+    <message>
+        <source>the welder reports an error</source>
+        <translation>焊机报错</translation>
+    </message>
+    <message>
+        <source>the welder is not enabled</source>
+        <translation>焊机未启用</translation>
+    </message>
+    <message>
+        <source>the actual welding machine is not connected</source>
+        <translation>未连接实际焊机</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is unknown and was ignored</source>
+        <translation>“%1”未知，已忽略</translation>
+    </message>
+    <message>
+        <source>%1: the arguments are not right</source>
+        <translation>%1：参数不正确</translation>
+    </message>
+    <message>
+        <source>there is no file &quot;%1&quot;</source>
+        <translation>没有文件“%1”</translation>
+    </message>
+    <message>
+        <source>the project has no &quot;%2&quot; (%1)</source>
+        <translation>工程中没有“%2”（%1）</translation>
+    </message>
+    <message>
+        <source>%1 is no point</source>
+        <translation>%1 不是点</translation>
+    </message>
+    <message>
+        <source>the robot does not reach %1</source>
+        <translation>机器人无法到达 %1</translation>
+    </message>
+    <message>
+        <source>the power is off</source>
+        <translation>电源已关闭</translation>
+    </message>
+    <message>
+        <source>the cell is in a fault</source>
+        <translation>单元处于故障状态</translation>
+    </message>
+    <message>
+        <source>the pendant was gone for a second, so the run was paused</source>
+        <translation>示教器失联一秒，运行已暂停</translation>
+    </message>
+    <message>
+        <source>the controller cannot keep data</source>
+        <translation>控制器无法保存数据</translation>
+    </message>
+    <message>
+        <source>the controller refuses: %1</source>
+        <translation>控制器拒绝：%1</translation>
+    </message>
+    <message>
+        <source>the controller was not reached</source>
+        <translation>无法连接控制器</translation>
+    </message>
+    <message>
+        <source>not in its present state (7)</source>
+        <translation>当前状态下不允许 (7)</translation>
+    </message>
+    <message>
+        <source>another pendant holds control (12)</source>
+        <translation>另一示教器持有控制权 (12)</translation>
+    </message>
+    <message>
+        <source>the user may not do that (13)</source>
+        <translation>用户无此权限 (13)</translation>
+    </message>
+    <message>
+        <source>code %1</source>
+        <translation>代码 %1</translation>
+    </message>
+    <message>
+        <source>line %1, %2</source>
+        <translation>第 %1 行，%2</translation>
+    </message>
+</context>
+<context>
+    <name>RunResult</name>
+    <message>
+        <source>, %1</source>
+        <translation>，%1</translation>
+    </message>
+    <message>
+        <source>1 line ignored</source>
+        <translation>忽略 1 行</translation>
+    </message>
+    <message>
+        <source>%1 lines ignored</source>
+        <translation>忽略 %1 行</translation>
+    </message>
+    <message>
+        <source>the arc was still on</source>
+        <translation>电弧仍未熄灭</translation>
+    </message>
+    <message>
+        <source>; </source>
+        <translation>；</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>stopped by a fault</source>
+        <translation>因故障停止</translation>
+    </message>
+    <message>
+        <source>finished</source>
+        <translation>已完成</translation>
+    </message>
+    <message>
+        <source>1 fault: %1</source>
+        <translation>1 个故障：%1</translation>
+    </message>
+    <message>
+        <source>%1 faults, the first: %2</source>
+        <translation>%1 个故障，首个：%2</translation>
+    </message>
+    <message>
+        <source>simulated, no arc</source>
+        <translation>仿真，无电弧</translation>
+    </message>
+    <message>
+        <source>test run, no arc</source>
+        <translation>试运行，无电弧</translation>
+    </message>
+    <message>
+        <source>%1 of %2 seams, %3 of %4 mm</source>
+        <translation>焊缝 %1/%2，%3/%4 mm</translation>
+    </message>
+</context>
+<context>
+    <name>WrittenLine</name>
+    <message>
+        <source>a name is missing; choose a point, or make one with &quot;New point here&quot;</source>
+        <translation>缺少名称；请选择一个点，或用“在此新建点”创建</translation>
+    </message>
+    <message>
+        <source>it holds a name that no line can hold</source>
+        <translation>其中有程序行无法表示的名称</translation>
+    </message>
+</context>
+<context>
+    <name>kelp::TreeFile</name>
+    <message>
+        <source>%1: is not a JSON object</source>
+        <translation>%1：不是 JSON 对象</translation>
+    </message>
+</context>
+<context>
+    <name>tessa::Host</name>
+    <message>
+        <source>%1: the data folder cannot be written</source>
+        <translation>%1：数据文件夹不可写</translation>
+    </message>
+</context>
+<context>
+    <name>tessa::MessageLog</name>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>级别</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>消息</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>来源</translation>
+    </message>
+</context>
+<context>
+    <name>tessa::ThemeManager</name>
+    <message>
+        <source>%1: is not a list of style rules</source>
+        <translation>%1：不是样式规则列表</translation>
+    </message>
+    <message>
+        <source>%1: unknown theme tokens: %2</source>
+        <translation>%1：未知的主题标记：%2</translation>
+    </message>
+    <message>
+        <source>%1: rule %2 has no selector</source>
+        <translation>%1：规则 %2 没有选择器</translation>
+    </message>
+</context>
+<context>
     <name>welmo::controller::StoreFile</name>
     <message>
         <source>cannot be opened (%1)</source>
@@ -76,10 +328,10 @@
     </message>
 </context>
 <context>
-    <name>kelp::TreeFile</name>
+    <name>welmo::links::ControllerRunner</name>
     <message>
-        <source>%1: is not a JSON object</source>
-        <translation>%1：不是 JSON 对象</translation>
+        <source>%1: the project data cannot be kept (%2)</source>
+        <translation>%1：无法保存工程数据（%2）</translation>
     </message>
 </context>
 <context>
@@ -137,10 +389,33 @@
     </message>
 </context>
 <context>
-    <name>welmo::links::ControllerRunner</name>
+    <name>welmo::pendant::AlarmBanner</name>
     <message>
-        <source>%1: the project data cannot be kept (%2)</source>
-        <translation>%1：无法保存工程数据（%2）</translation>
+        <source>Show line</source>
+        <translation>显示行</translation>
+    </message>
+    <message>
+        <source>Acknowledge</source>
+        <translation>确认</translation>
+    </message>
+    <message>
+        <source>Link lost %1: the robot may still weld, use the emergency stop</source>
+        <translation>%1 连接中断：机器人可能仍在焊接，请使用急停</translation>
+    </message>
+    <message>
+        <source>%1  %2</source>
+        <translation>%1  %2</translation>
+    </message>
+    <message>
+        <source>%1, and %2 more</source>
+        <translation>%1，另有 %2 条</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::AlarmList</name>
+    <message>
+        <source>The controller did not take the acknowledgement (%1)</source>
+        <translation>控制器未接受确认（%1）</translation>
     </message>
 </context>
 <context>
@@ -184,6 +459,88 @@
     <message>
         <source>Out of range (%1)</source>
         <translation>超出范围（%1）</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::Cell</name>
+    <message>
+        <source>Real mode: the next run strikes an arc</source>
+        <translation>真实模式：下次运行将起弧</translation>
+    </message>
+    <message>
+        <source>State unknown</source>
+        <translation>状态未知</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>空闲</translation>
+    </message>
+    <message>
+        <source>Running</source>
+        <translation>运行中</translation>
+    </message>
+    <message>
+        <source>Welding</source>
+        <translation>焊接中</translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation>故障</translation>
+    </message>
+    <message>
+        <source>Real welding</source>
+        <translation>真实焊接</translation>
+    </message>
+    <message>
+        <source>Simulation</source>
+        <translation>仿真</translation>
+    </message>
+    <message>
+        <source>Test run</source>
+        <translation>试运行</translation>
+    </message>
+    <message>
+        <source>The cell&apos;s switches could not be turned</source>
+        <translation>无法切换单元开关</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::CellPanel</name>
+    <message>
+        <source>The cell</source>
+        <translation>单元</translation>
+    </message>
+    <message>
+        <source>Operating mode</source>
+        <translation>操作模式</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>手动</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>电源</translation>
+    </message>
+    <message>
+        <source>Power off</source>
+        <translation>断电</translation>
+    </message>
+    <message>
+        <source>Power on</source>
+        <translation>上电</translation>
+    </message>
+    <message>
+        <source>User level</source>
+        <translation>用户级别</translation>
+    </message>
+    <message>
+        <source>Emergency stop pressed</source>
+        <translation>急停已按下</translation>
     </message>
 </context>
 <context>
@@ -441,64 +798,12 @@ New: %2</source>
         <translation>单元状态</translation>
     </message>
     <message>
-        <source>Idle</source>
-        <translation>空闲</translation>
-    </message>
-    <message>
-        <source>Running</source>
-        <translation>运行中</translation>
-    </message>
-    <message>
-        <source>Fault</source>
-        <translation>故障</translation>
-    </message>
-    <message>
-        <source>Operating mode</source>
-        <translation>操作模式</translation>
-    </message>
-    <message>
-        <source>Manual</source>
-        <translation>手动</translation>
-    </message>
-    <message>
-        <source>Automatic</source>
-        <translation>自动</translation>
-    </message>
-    <message>
-        <source>Power</source>
-        <translation>电源</translation>
-    </message>
-    <message>
-        <source>Power off</source>
-        <translation>断电</translation>
-    </message>
-    <message>
-        <source>Power on</source>
-        <translation>上电</translation>
-    </message>
-    <message>
-        <source>User level</source>
-        <translation>用户级别</translation>
-    </message>
-    <message>
-        <source>Viewer</source>
-        <translation>访客</translation>
-    </message>
-    <message>
-        <source>Operator</source>
-        <translation>操作员</translation>
-    </message>
-    <message>
-        <source>Programmer</source>
-        <translation>编程员</translation>
-    </message>
-    <message>
-        <source>Administrator</source>
-        <translation>管理员</translation>
-    </message>
-    <message>
         <source>Link to the controller</source>
         <translation>与控制器的连接</translation>
+    </message>
+    <message>
+        <source>Weld mode</source>
+        <translation>焊接模式</translation>
     </message>
 </context>
 <context>
@@ -858,20 +1163,12 @@ From: %2</source>
         <translation>就绪（%1）</translation>
     </message>
     <message>
-        <source>Ready (stopped)</source>
-        <translation>就绪（已停止）</translation>
-    </message>
-    <message>
         <source>%1 runs, line %2</source>
         <translation>%1 正在运行，第 %2 行</translation>
     </message>
     <message>
         <source>%1 is paused in line %2</source>
         <translation>%1 已暂停在第 %2 行</translation>
-    </message>
-    <message>
-        <source>%1 stopped, %2</source>
-        <translation>%1 已停止，%2</translation>
     </message>
     <message>
         <source>The controller did not start the program (%1)</source>
@@ -888,6 +1185,10 @@ From: %2</source>
     <message>
         <source>The controller did not stop the program (%1)</source>
         <translation>控制器未停止程序（%1）</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
     </message>
 </context>
 <context>
@@ -918,54 +1219,6 @@ From: %2</source>
     <message>
         <source>Enter</source>
         <translation>确认</translation>
-    </message>
-</context>
-<context>
-    <name>tessa::Host</name>
-    <message>
-        <source>%1: the data folder cannot be written</source>
-        <translation>%1：数据文件夹不可写</translation>
-    </message>
-</context>
-<context>
-    <name>tessa::MessageLog</name>
-    <message>
-        <source>Time</source>
-        <translation>时间</translation>
-    </message>
-    <message>
-        <source>Level</source>
-        <translation>级别</translation>
-    </message>
-    <message>
-        <source>Message</source>
-        <translation>消息</translation>
-    </message>
-</context>
-<context>
-    <name>tessa::ThemeManager</name>
-    <message>
-        <source>%1: is not a list of style rules</source>
-        <translation>%1：不是样式规则列表</translation>
-    </message>
-    <message>
-        <source>%1: unknown theme tokens: %2</source>
-        <translation>%1：未知的主题标记：%2</translation>
-    </message>
-    <message>
-        <source>%1: rule %2 has no selector</source>
-        <translation>%1：规则 %2 没有选择器</translation>
-    </message>
-</context>
-<context>
-    <name>WrittenLine</name>
-    <message>
-        <source>a name is missing; choose a point, or make one with &quot;New point here&quot;</source>
-        <translation>缺少名称；请选择一个点，或用“在此新建点”创建</translation>
-    </message>
-    <message>
-        <source>it holds a name that no line can hold</source>
-        <translation>其中有程序行无法表示的名称</translation>
     </message>
 </context>
 </TS>

@@ -4,6 +4,7 @@
 #include <QLabel>
 
 #include "pendant/pages/answerspanel.h"
+#include "pendant/pages/cellpanel.h"
 #include "pendant/pages/controlpanel.h"
 #include "pendant/pages/faultspanel.h"
 #include "pendant/state/linkbadge.h"
@@ -13,7 +14,8 @@
 
 namespace welmo::pendant {
 
-ControllerPage::ControllerPage(LinkControl *link, controller::Faults *faults, QWidget *parent)
+ControllerPage::ControllerPage(LinkControl *link, Cell *cell, tessa::ControllerStatus *status,
+                               controller::Faults *faults, QWidget *parent)
     : HostPage(tr("Controller"), parent)
 {
     auto *row = new QHBoxLayout;
@@ -21,6 +23,7 @@ ControllerPage::ControllerPage(LinkControl *link, controller::Faults *faults, QW
     row->setSpacing(body()->spacing());
     right->setSpacing(body()->spacing());
     right->addWidget(makeLink(link));
+    right->addWidget(new CellPanel(status, cell, faults != nullptr, this));
     if (faults) {
         row->addWidget(new FaultsPanel(faults, this), 1);
         right->addWidget(new AnswersPanel(faults, this));

@@ -6,8 +6,13 @@ namespace welmo::controller {
 class Faults;
 }
 
+namespace tessa {
+class ControllerStatus;
+}
+
 namespace welmo::pendant {
 
+class Cell;
 class LinkControl;
 
 /// The controller seen from the pendant: the link, and what can be made to go wrong.
@@ -16,7 +21,8 @@ class ControllerPage : public HostPage
     Q_OBJECT
 public:
     /// @p faults is null for a controller elsewhere, which others may work too.
-    ControllerPage(LinkControl *link, controller::Faults *faults, QWidget *parent = nullptr);
+    ControllerPage(LinkControl *link, Cell *cell, tessa::ControllerStatus *status,
+                   controller::Faults *faults, QWidget *parent = nullptr);
 
 private:
     QWidget *makeLink(LinkControl *link);

@@ -17,6 +17,7 @@ using tessa::MessageLog;
 
 MessagesPage::MessagesPage(MessageLog *log, QWidget *parent)
     : HostPage(tr("Messages"), parent)
+    , m_log(log)
     , m_model(new MessageModel(log, this))
     , m_table(makeTable())
     , m_detail(new QLabel(this))
@@ -28,6 +29,7 @@ MessagesPage::MessagesPage(MessageLog *log, QWidget *parent)
     body()->addLayout(makeBar(log));
     body()->addWidget(m_table, 1);
     body()->addWidget(m_detail);
+    connect(log, &MessageLog::unseenChanged, this, &MessagesPage::onUnseen);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MessagesPage::showDetail);
     connect(m_model, &QAbstractItemModel::modelReset, this, &MessagesPage::showDetail);
@@ -81,9 +83,23 @@ QTableView *MessagesPage::makeTable()
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->horizontalHeader()->setSectionResizeMode(MessageLog::Text, QHeaderView::Stretch);
-    table->setColumnWidth(MessageLog::Time, 110);
-    table->setColumnWidth(MessageLog::Level, 140);
+    table->setColumnWidth(MessageLog::Time, 190);
+    table->setColumnWidth(MessageLog::Level, 130);
+    table->setColumnWidth(MessageLog::Sender, 170);
     return table;
+}
+
+void MessagesPage::showEvent(QShowEvent *event)
+{
+    HostPage::showEvent(event);
+    m_log->markSeen();
+}
+
+// What comes while the page is open is looked at.
+void MessagesPage::onUnseen()
+{
+    if (isVisible())
+        m_log->markSeen();
 }
 
 void MessagesPage::showDetail()

@@ -20,12 +20,17 @@ class MessagesPage : public HostPage
 public:
     explicit MessagesPage(tessa::MessageLog *log, QWidget *parent = nullptr);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
+    void onUnseen();
     QLayout *makeBar(tessa::MessageLog *log);
     void addFilter(QHBoxLayout *bar, const QString &level, const QString &text);
     QTableView *makeTable();
     void showDetail();
 
+    tessa::MessageLog *m_log;
     MessageModel *m_model;
     QTableView *m_table;
     QLabel *m_detail;

@@ -30,7 +30,8 @@ void ProblemsPanel::refresh()
     const QString host = QString::fromLatin1(tessa::Host::staticMetaObject.className());
     QStringList lines;
     for (const auto &entry : m_log->entries()) {
-        if (entry.sender == host && !lines.contains(entry.text) && lines.size() < shownLines)
+        if (!entry.old && entry.sender == host && !lines.contains(entry.text)
+            && lines.size() < shownLines)
             lines.append(entry.text);
     }
     m_lines->setText(lines.join(QLatin1Char('\n')));

@@ -146,6 +146,14 @@ void ProgramPage::makeRoom()
     m_state->setVisible(m_top->isVisibleTo(this));
 }
 
+void ProgramPage::showLine(int line)
+{
+    if (m_panes->currentWidget() == m_form)
+        return; // what is being edited comes first
+    showPane(m_lines);
+    m_lines->setLine(line);
+}
+
 bool ProgramPage::mayGo(const std::function<void()> &goOn)
 {
     return m_keeper->mayGo(goOn);

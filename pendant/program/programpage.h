@@ -34,6 +34,8 @@ public:
 
     /// See FileKeeper::mayGo().
     bool mayGo(const std::function<void()> &goOn);
+    /// Chooses the line, unless one is being edited.
+    void showLine(int line);
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -1,6 +1,8 @@
 #include "pendant/program/programrun.h"
 
 #include "pendant/program/programdocument.h"
+#include "pendant/program/runresult.h"
+#include "pendant/state/reasontext.h"
 #include "schema/names.h"
 #include "tessa/managerhelper.h"
 
@@ -33,6 +35,7 @@ ProgramRun::ProgramRun(ProgramDocument *document, QObject *parent)
             &tessa::ControllerManager::rcConnected, this, &ProgramRun::reload);
     connect(xservice(), &XService::connectedChanged, this, [this](bool connected) {
         if (!connected) {
+            m_wasUnderWay = isUnderWay();
             m_state = State::Unknown;
             emit changed();
         }
@@ -62,8 +65,11 @@ void ProgramRun::follow(const QVariant &values)
     take("name", m_name);
     take("line", m_line);
     take("message", m_message);
-    if (!word.isEmpty())
+    take("result", m_result);
+    if (!word.isEmpty()) {
         m_state = stateNamed(word);
+        m_wasUnderWay = false;
+    }
     emit changed();
 }
 
@@ -80,15 +86,15 @@ QString ProgramRun::text() const
     case State::Unknown:
         return tr("No connection to the controller");
     case State::Idle:
-        if (m_message == QLatin1String("stopped"))
-            return tr("Ready (stopped)");
-        return m_message.isEmpty() ? tr("Ready") : tr("Ready (%1)").arg(m_message);
+        return m_result.value(QStringLiteral("end")).toString().isEmpty()
+            ? tr("Ready")
+            : tr("Ready (%1)").arg(runResultText(m_result));
     case State::Running:
         return tr("%1 runs, line %2").arg(m_name).arg(m_line);
     case State::Paused:
         return tr("%1 is paused in line %2").arg(m_name).arg(m_line);
     case State::Failed:
-        return tr("%1 stopped, %2").arg(m_name, m_message);
+        return tr("%1: %2").arg(m_name, runResultText(m_result));
     }
     return {};
 }
@@ -119,10 +125,14 @@ void ProgramRun::stop()
 
 bool ProgramRun::send(const QString &command, const QVariant &value, const QString &failure)
 {
-    const int code = xservice()->execCommand(this, command, value)->getInt(0);
+    const auto answer = xservice()->execCommand(this, command, value);
+    const int code = answer->getInt(0);
+    const QString reason = answer->r(QStringLiteral("reason"))->getString();
+    const QString why = reason.isEmpty()
+        ? codeText(code)
+        : reasonText(reason, answer->toVariant().toMap().value("arguments").toList());
     if (code != 0)
-        tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("error"),
-                                                   failure.arg(code));
+        tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("error"), failure.arg(why));
     return code == 0;
 }
 

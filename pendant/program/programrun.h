@@ -17,8 +17,12 @@ public:
     explicit ProgramRun(ProgramDocument *document, QObject *parent = nullptr);
 
     State state() const { return m_state; }
-    /// True while the controller goes through a program, also through a paused one.
-    bool isUnderWay() const { return m_state == State::Running || m_state == State::Paused; }
+    /// True while the controller goes through a program, also through a paused one; and when the
+    /// link was lost then, until it is known again.
+    bool isUnderWay() const
+    {
+        return m_state == State::Running || m_state == State::Paused || m_wasUnderWay;
+    }
     /// The line that the controller is at, or failed at; -1 when it is in none, or in a program
     /// that is not the one shown.
     int line() const;
@@ -42,7 +46,9 @@ private:
     State m_state = State::Unknown;
     QString m_name;
     QString m_message;
+    QVariantMap m_result;
     int m_line = 0; // counted from 1, 0 for none
+    bool m_wasUnderWay = false; // when the link was lost
 };
 
 } // namespace welmo::pendant

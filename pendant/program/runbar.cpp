@@ -33,7 +33,7 @@ void RunBar::refresh()
     m_start->setEnabled(m_startable && isThere && state != State::Running
                         && m_document->rowCount() > 0);
     m_pause->setEnabled(state == State::Running);
-    m_stop->setEnabled(isThere); // never refused, whatever this pendant thinks is going on
+    m_stop->setEnabled(isThere || m_run->isUnderWay()); // also where nobody knows any more
 }
 
 } // namespace welmo::pendant

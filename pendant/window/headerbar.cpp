@@ -1,10 +1,10 @@
 #include "pendant/window/headerbar.h"
 
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListView>
 
+#include "pendant/state/cell.h"
+#include "pendant/state/leveltext.h"
 #include "pendant/state/linkbadge.h"
 #include "pendant/state/linkcontrol.h"
 #include "pendant/theme/look.h"
@@ -15,46 +15,29 @@ namespace welmo::pendant {
 
 using tessa::ControllerStatus;
 
-namespace {
-
-// The combo's rows stand in the order of the enumeration.
-template<typename Value>
-void bind(QComboBox *combo, ControllerStatus *status, void (ControllerStatus::*set)(Value))
-{
-    QObject::connect(combo, qOverload<int>(&QComboBox::activated), status,
-                     [status, set](int row) { (status->*set)(static_cast<Value>(row)); });
-}
-
-template<typename Value>
-void choose(QComboBox *combo, Value value)
-{
-    combo->setCurrentIndex(static_cast<int>(value));
-}
-
-} // namespace
-
-HeaderBar::HeaderBar(ControllerStatus *status, LinkControl *link, QWidget *parent)
+HeaderBar::HeaderBar(ControllerStatus *status, Cell *cell, LinkControl *link, const QString &place,
+                     QWidget *parent)
     : QWidget(parent)
     , m_status(status)
+    , m_cell(cell)
     , m_link(link)
+    , m_place(place)
 {
     setObjectName(QStringLiteral("pndHeader"));
     setAttribute(Qt::WA_StyledBackground);
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(20, 8, 12, 8);
+    layout->setContentsMargins(20, 4, 12, 4);
     layout->setSpacing(10);
-    auto *cell = new QLabel(tr("Welding cell"), this);
-    cell->setObjectName(QStringLiteral("lblCell"));
-    layout->addWidget(cell);
+    auto *name = new QLabel(tr("Welding cell"), this);
+    name->setObjectName(QStringLiteral("lblCell"));
+    layout->addWidget(name);
+    m_user = new QLabel(this);
+    m_user->setObjectName(QStringLiteral("lblUser"));
+    m_user->setTextFormat(Qt::PlainText);
+    layout->addWidget(m_user);
     layout->addStretch(1);
-    m_state = addSelector(QStringLiteral("cbxState"), tr("State of the cell"),
-                          {tr("Idle"), tr("Running"), tr("Fault")});
-    m_mode = addSelector(QStringLiteral("cbxMode"), tr("Operating mode"),
-                         {tr("Manual"), tr("Automatic")});
-    m_power =
-        addSelector(QStringLiteral("cbxPower"), tr("Power"), {tr("Power off"), tr("Power on")});
-    m_level = addSelector(QStringLiteral("cbxLevel"), tr("User level"),
-                          {tr("Viewer"), tr("Operator"), tr("Programmer"), tr("Administrator")});
+    m_mode = addChip(QStringLiteral("lblMode"), tr("Weld mode"));
+    m_state = addChip(QStringLiteral("lblState"), tr("State of the cell"));
     layout->addSpacing(8);
     auto *badge = new LinkBadge(link, this);
     badge->setFixedWidth(LinkBadge::fixedWidth);
@@ -65,41 +48,30 @@ HeaderBar::HeaderBar(ControllerStatus *status, LinkControl *link, QWidget *paren
     layout->addWidget(m_switch);
     connect(m_switch, &EnableButton::enabled, link, &LinkControl::setWanted);
     connect(link, &LinkControl::changed, this, &HeaderBar::refresh);
-    followStatus();
+    connect(cell, &Cell::changed, this, &HeaderBar::refresh);
+    connect(status, &ControllerStatus::levelChanged, this, &HeaderBar::refresh);
     refresh();
 }
 
-QComboBox *HeaderBar::addSelector(const QString &name, const QString &tip, const QStringList &texts)
+QLabel *HeaderBar::addChip(const QString &name, const QString &tip)
 {
-    auto *combo = new QComboBox(this);
-    combo->setObjectName(name);
-    combo->setToolTip(tip);
-    combo->setAccessibleName(tip);
-    combo->setView(new QListView(combo));
-    combo->addItems(texts);
-    layout()->addWidget(combo);
-    return combo;
-}
-
-void HeaderBar::followStatus()
-{
-    bind(m_state, m_status, &ControllerStatus::setState);
-    bind(m_mode, m_status, &ControllerStatus::setMode);
-    bind(m_power, m_status, &ControllerStatus::setPower);
-    bind(m_level, m_status, &ControllerStatus::setLevel);
-    for (auto signal : {&ControllerStatus::stateChanged, &ControllerStatus::modeChanged,
-                        &ControllerStatus::powerChanged, &ControllerStatus::levelChanged})
-        connect(m_status, signal, this, &HeaderBar::refresh);
+    auto *chip = new QLabel(this);
+    chip->setObjectName(name);
+    chip->setToolTip(tip);
+    chip->setMinimumWidth(128); // wide enough for every word, so that nothing moves
+    chip->setAlignment(Qt::AlignCenter);
+    layout()->addWidget(chip);
+    return chip;
 }
 
 void HeaderBar::refresh()
 {
-    choose(m_state, m_status->state());
-    choose(m_mode, m_status->mode());
-    choose(m_power, m_status->power());
-    choose(m_level, m_status->level());
-    const bool fault = m_status->state() == ControllerStatus::State::Fault;
-    setStyleWord(m_state, "alarm", fault ? QStringLiteral("on") : QStringLiteral("off"));
+    m_user->setText(m_place.isEmpty() ? levelText(m_status->level()) : m_place);
+    m_mode->setText(m_cell->modeText());
+    m_mode->setVisible(!m_cell->mode().isEmpty());
+    setStyleWord(m_mode, "mode", m_cell->mode());
+    m_state->setText(m_cell->text());
+    setStyleWord(m_state, "cell", m_cell->word());
     const QSignalBlocker blocker(m_switch);
     m_switch->setChecked(m_link->isWanted());
 }

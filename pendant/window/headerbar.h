@@ -3,7 +3,7 @@
 #include <QWidget>
 
 class EnableButton;
-class QComboBox;
+class QLabel;
 
 namespace tessa {
 class ControllerStatus;
@@ -11,27 +11,31 @@ class ControllerStatus;
 
 namespace welmo::pendant {
 
+class Cell;
 class LinkControl;
 
-/// The strip above everything: the cell's name, what decides over the pages' availability, and the
-/// link to the controller.
+/// The strip above everything: which cell, who works it, what it does, in which weld mode, and the
+/// link to it.
 class HeaderBar : public QWidget
 {
     Q_OBJECT
 public:
-    HeaderBar(tessa::ControllerStatus *status, LinkControl *link, QWidget *parent = nullptr);
+    /// @p place is the cell and the user of a networked cell; empty for the one in here, whose user
+    /// is the level.
+    HeaderBar(tessa::ControllerStatus *status, Cell *cell, LinkControl *link, const QString &place,
+              QWidget *parent = nullptr);
 
 private:
-    QComboBox *addSelector(const QString &name, const QString &tip, const QStringList &texts);
-    void followStatus();
+    QLabel *addChip(const QString &name, const QString &tip);
     void refresh();
 
     tessa::ControllerStatus *m_status;
+    Cell *m_cell;
     LinkControl *m_link;
-    QComboBox *m_state;
-    QComboBox *m_mode;
-    QComboBox *m_power;
-    QComboBox *m_level;
+    QString m_place;
+    QLabel *m_user;
+    QLabel *m_mode;
+    QLabel *m_state;
     EnableButton *m_switch;
 };
 

@@ -25,17 +25,25 @@ MessageLine::MessageLine(MessageLog *log, QWidget *parent)
     m_text->setObjectName(QStringLiteral("lblLastMessage"));
     m_text->setTextFormat(Qt::PlainText);
     m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    connect(log, &MessageLog::appended, this, &MessageLine::show);
-    connect(log, &QAbstractItemModel::modelReset, this, &MessageLine::showNewest);
-    showNewest();
+    connect(log, &MessageLog::appended, this, &MessageLine::refresh);
+    connect(log, &MessageLog::unseenChanged, this, &MessageLine::refresh);
+    connect(log, &QAbstractItemModel::modelReset, this, &MessageLine::refresh);
+    refresh();
 }
 
-void MessageLine::showNewest()
+// A later success must not hide an error.
+void MessageLine::refresh()
 {
-    if (m_log->entries().isEmpty())
-        show(QString(), QString());
-    else
-        show(m_log->entries().first().level, m_log->entries().first().text);
+    const auto &entries = m_log->entries();
+    const MessageLog::Entry *entry = m_log->unseenError();
+    if (!entry && !entries.isEmpty() && !entries.first().old)
+        entry = &entries.first();
+    show(entry ? entry->level : QString(), entry ? entry->text : QString());
+}
+
+void MessageLine::mouseReleaseEvent(QMouseEvent *)
+{
+    emit touched();
 }
 
 void MessageLine::show(const QString &level, const QString &text)

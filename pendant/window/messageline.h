@@ -10,7 +10,8 @@ class MessageLog;
 
 namespace welmo::pendant {
 
-/// The newest message in one line: the level as picture and colour, a long text cut with dots.
+/// The newest message in one line, or an error that nobody has looked at yet: the level as picture
+/// and colour, a long text cut with dots.
 class MessageLine : public QFrame
 {
     Q_OBJECT
@@ -20,12 +21,16 @@ public:
     /// The message in full.
     QString text() const { return m_full; }
 
+signals:
+    void touched();
+
 protected:
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void refresh();
     void show(const QString &level, const QString &text);
-    void showNewest();
     void elide();
 
     tessa::MessageLog *m_log;

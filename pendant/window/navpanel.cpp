@@ -105,6 +105,25 @@ void NavPanel::addEntry(const kelp::ModuleObject *entry)
     });
     m_layout->addWidget(button);
     m_buttons.insert(page, button);
+    m_titles.insert(page, button->text());
+    showCount(page);
+}
+
+void NavPanel::setCount(const QString &key, int count)
+{
+    m_counts.insert(key, count);
+    showCount(key);
+}
+
+void NavPanel::showCount(const QString &key)
+{
+    QToolButton *button = m_buttons.value(key);
+    if (!button)
+        return;
+    const int count = m_counts.value(key);
+    const QString title = m_titles.value(key);
+    button->setText(count > 0 ? QStringLiteral("%1 (%2)").arg(title).arg(count) : title);
+    setStyleWord(button, "counts", count > 0 ? QStringLiteral("yes") : QString());
 }
 
 void NavPanel::setCurrent(const QString &key)

@@ -22,6 +22,8 @@ public:
 
     /// Marks the entry of the page @p key; marks none when no entry leads there.
     void setCurrent(const QString &key);
+    /// Shows a number beside the entry of the page @p key; 0 shows none.
+    void setCount(const QString &key, int count);
 
 signals:
     /// The entry of the page @p key was pressed.
@@ -32,10 +34,13 @@ private:
     void scheduleRebuild();
     void addGroup(const QString &group, const QList<kelp::ModuleObject *> &entries);
     void addEntry(const kelp::ModuleObject *entry);
+    void showCount(const QString &key);
 
     kelp::ModuleObject *m_entries;
     QVBoxLayout *m_layout;
     QHash<QString, QToolButton *> m_buttons;
+    QHash<QString, QString> m_titles;
+    QHash<QString, int> m_counts;
     QString m_current;
     bool m_stale = false;
 };

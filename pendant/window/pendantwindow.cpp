@@ -1,10 +1,15 @@
 #include "pendant/window/pendantwindow.h"
 
 #include <QCloseEvent>
+#include <QLabel>
 #include <QVBoxLayout>
 
 #include "pando/frame.h"
+#include "pendant/state/cell.h"
 #include "pendant/state/linkbadge.h"
+#include "pendant/state/navigation.h"
+#include "pendant/theme/look.h"
+#include "pendant/window/alarmbanner.h"
 #include "pendant/window/headerbar.h"
 #include "pendant/window/keycolumn.h"
 #include "pendant/window/keyholds.h"
@@ -24,8 +29,8 @@ const QString stretchItem = QStringLiteral("orbo.body.statuspage.wgtStrech2");
 
 } // namespace
 
-PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link,
-                             KeyHolds *holds)
+PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries,
+                             const WindowState &state, KeyHolds *holds)
 {
     tessa::ManagerHelper *helper = host->helper();
     setObjectName(QStringLiteral("pndWindow"));
@@ -39,9 +44,13 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, Lin
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(new HeaderBar(helper->status(), link, this));
+    layout->addWidget(new HeaderBar(helper->status(), state.cell, state.link, state.place, this));
+    layout->addWidget(makeStrip(state.cell));
+    auto *banner = new AlarmBanner(state.alarms, state.cell, this);
+    connect(banner, &AlarmBanner::lineWanted, this, &PendantWindow::lineWanted);
+    layout->addWidget(banner);
     layout->addWidget(makeBody(host->keys(), holds, entries), 1);
-    layout->addWidget(makeStatus(helper, link));
+    layout->addWidget(makeStatus(helper, state));
     pando::frame() = {m_center, m_side, m_status};
 }
 
@@ -74,21 +83,51 @@ QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
     return row;
 }
 
-QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, LinkControl *link)
+// Seen from afar: in this colour the next run strikes an arc.
+QWidget *PendantWindow::makeStrip(Cell *cell)
+{
+    auto *strip = new QFrame(this);
+    strip->setObjectName(QStringLiteral("pndModeStrip"));
+    strip->setFixedHeight(6);
+    const auto follow = [strip, cell] { setStyleWord(strip, "mode", cell->mode()); };
+    connect(cell, &Cell::changed, strip, follow);
+    follow();
+    return strip;
+}
+
+QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, const WindowState &state)
 {
     m_status = new pando::StatusBar(this);
     m_status->setObjectName(QStringLiteral("pndStatus"));
     m_status->setFixedHeight(48);
     m_status->layout()->setContentsMargins(20, 0, 20, 0);
     m_status->layout()->setSpacing(20);
-    m_status->addItem(this, QStringLiteral("pendant.message"),
-                      new MessageLine(helper->log(), m_status), 1);
+    auto *message = new MessageLine(helper->log(), m_status);
+    connect(message, &MessageLine::touched, this, [this] { showPage(messagesKey); });
+    m_status->addItem(this, QStringLiteral("pendant.message"), message, 1);
     // The message takes what is left, so that items before the stretch do not move with it.
     m_status->addItem(this, stretchItem, new QWidget(m_status));
-    auto *badge = new LinkBadge(link, m_status);
+    addModeText(state.cell);
+    auto *badge = new LinkBadge(state.link, m_status);
     badge->setFixedWidth(LinkBadge::fixedWidth);
     m_status->addItem(this, QStringLiteral("pendant.link"), badge);
     return m_status;
+}
+
+// The package shows the weld mode as a picture; this says it, beside it.
+void PendantWindow::addModeText(Cell *cell)
+{
+    auto *label = new QLabel(m_status);
+    label->setObjectName(QStringLiteral("lblModeText"));
+    const auto follow = [label, cell] { label->setText(cell->modeText()); };
+    connect(cell, &Cell::changed, label, follow);
+    follow();
+    m_status->addItem(this, QStringLiteral("pendant.mode"), label);
+}
+
+void PendantWindow::setCount(const QString &key, int count)
+{
+    m_nav->setCount(key, count);
 }
 
 bool PendantWindow::showPage(const QString &key)

@@ -19,18 +19,29 @@ class PhysicalKeys;
 
 namespace welmo::pendant {
 
+class AlarmList;
+class Cell;
 class KeyHolds;
 class LinkControl;
 class NavPanel;
 
-/// The pendant's screen: header, navigation, centre area, right side bar, physical keys, status
-/// bar. It offers these places to modules as the frame in use.
+/// What the window shows of the controller; everything outlives the window.
+struct WindowState
+{
+    LinkControl *link;
+    Cell *cell;
+    AlarmList *alarms;
+    QString place; ///< see HeaderBar
+};
+
+/// The pendant's screen: header, alarms, navigation, centre area, right side bar, physical keys,
+/// status bar. It offers these places to modules as the frame in use.
 class PendantWindow : public QWidget
 {
     Q_OBJECT
 public:
     /// @p entries is the node of the navigation entries; @p holds outlives the window.
-    PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, LinkControl *link,
+    PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, const WindowState &state,
                   KeyHolds *holds);
     ~PendantWindow() override;
 
@@ -41,12 +52,21 @@ public:
     /// Asked before the window closes; it stays open when the answer is false.
     void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
 
+    /// Shows beside the entry of the page @p key how much there is to look at; 0 shows nothing.
+    void setCount(const QString &key, int count);
+
+signals:
+    /// Somebody wants to see line @p line, from 1, of that program.
+    void lineWanted(const QString &program, int line);
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
     QWidget *makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds, kelp::ModuleObject *entries);
-    QWidget *makeStatus(tessa::ManagerHelper *helper, LinkControl *link);
+    QWidget *makeStrip(Cell *cell);
+    QWidget *makeStatus(tessa::ManagerHelper *helper, const WindowState &state);
+    void addModeText(Cell *cell);
 
     NavPanel *m_nav = nullptr;
     pando::CenterWidget *m_center = nullptr;

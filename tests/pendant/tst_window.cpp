@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QTableView>
 #include <QTest>
+#include <functional>
 
 #include "pendant/window/messageline.h"
 #include "support/rows.h"
@@ -17,20 +18,66 @@ class TestWindow : public QObject
 {
     Q_OBJECT
 private slots:
-    void availabilityFollowsHeader()
+    void availabilityFollowsTheCell()
     {
-        const Rows<QString, QString> rows{{"cbxState", "Fault", "Running"},
-                                          {"cbxMode", "Automatic", "Manual"},
-                                          {"cbxPower", "Power off", "Power on"}};
         TestPendant pendant;
         pendant.open("arcweldpackage");
         const auto *box = pendant.find("gbx_weldSelection");
-        for (const auto &[selector, unavailable, available] : rows) {
-            pendant.choose(selector, unavailable);
-            QVERIFY(!box->isEnabled());
-            pendant.choose(selector, available);
-            QVERIFY(box->isEnabled());
+        pendant.open("controller");
+        const auto choose = [&](const QString &combo, const QString &text) {
+            return [&, combo, text] { pendant.choose(combo, text); };
+        };
+        const auto press = [&] { pendant.click("btnCellFault"); };
+        const Rows<std::function<void()>, std::function<void()>> rows{
+            {"fault", press, press},
+            {"mode", choose("cbxMode", "Automatic"), choose("cbxMode", "Manual")},
+            {"power", choose("cbxPower", "Power off"), choose("cbxPower", "Power on")}};
+        for (const auto &[name, take, give] : rows) {
+            take();
+            QTRY_VERIFY(!box->isEnabled());
+            give();
+            QTRY_VERIFY(box->isEnabled());
         }
+    }
+    void headerTellsTheCell()
+    {
+        TestPendant pendant;
+        const auto text = [&](const char *name) { return pendant.find<QLabel>(name)->text(); };
+        QTRY_COMPARE(text("lblState"), QString("Idle"));
+        QTRY_COMPARE(text("lblMode"), QString("Test run"));
+        QCOMPARE(text("lblUser"), QString("Administrator"));
+        pendant.faults()->set(Faults::Fault::WelderError, true);
+        QTRY_COMPARE(text("lblState"), QString("Fault"));
+        auto *service = pendant.host()->service();
+        service->execCommand(nullptr, "arc_weld.set_weld_mode", QVariantMap{{"mode", "real"}});
+        QTRY_COMPARE(text("lblModeText"), QString("Real welding"));
+        QCOMPARE(pendant.find("pndModeStrip")->property("mode").toString(), QString("real"));
+        const QVariantMap viewers{{"mode", "simu"}};
+        pendant.open("controller");
+        pendant.choose("cbxLevel", "Viewer"); // who may look, and stop
+        QCOMPARE(service->execCommand(nullptr, "arc_weld.set_weld_mode", viewers)->getInt(), 13);
+        QCOMPARE(service->execCommand(nullptr, "tl_program.stop")->getInt(), 0);
+    }
+    void anErrorStaysUntilLookedAt()
+    {
+        TestPendant pendant;
+        const auto *line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
+        const auto *entry = pendant.find<QAbstractButton>("nav_messages");
+        const int before = pendant.host()->helper()->log()->unseenErrors();
+        pendant.host()->helper()->throwLog(nullptr, "error", "broken");
+        pendant.host()->helper()->throwLog(nullptr, "info", "fine");
+        QCOMPARE(line->text(), QString("broken"));
+        pendant.restart();
+        line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
+        entry = pendant.find<QAbstractButton>("nav_messages");
+        QCOMPARE(line->text(), QString("broken"));
+        QCOMPARE(entry->text(), QString("Messages (%1)").arg(before + 1));
+        QTest::mouseClick(pendant.find("lblLastMessage"), Qt::LeftButton);
+        QCOMPARE(entry->text(), QString("Messages"));
+        QVERIFY(line->text() != "broken");
+        pendant.open("home");
+        QCOMPARE(pendant.find<QTableView>("tblMessages")->model()->index(1, 2).data(),
+                 QVariant("broken"));
     }
     // A link that is lost is not a link that was switched off: it comes back by itself.
     void controllerGone()

@@ -92,6 +92,7 @@ void processConfiguration(Tour &tour)
         tour.openSubPage("Device Setting");
         tour.chooseCode("cbx_type", "RP/RPH");
         tour.choose("cbx_current", "500A");
+        tour.click("btn_weatherConnectWelder");
         tour.click("btn_connectSwitch");
         tour.requireStored("welder_setting", {}, "current_type", "500");
         return tour.requireMessage("info: enable device success");

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
 
 #include "pando/frame.h"
 #include "support/programtouch.h"
@@ -93,7 +94,39 @@ void weld(Tour &tour)
         tour.click("btnProgramStop");
         Tour::await("out", [&] { return current(tour) == 0; });
         tour.strike(Qt::Key_F6);
-        return tour.requireText("lblRunState", "Ready (stopped)");
+        const QString sum = tour.find<QLabel>("lblRunState")->text();
+        return Tour::require(sum.left(sum.indexOf(" seams")), "Ready (stopped; 1 of 1");
+    });
+}
+
+void alarm(Tour &tour)
+{
+    using Fault = welmo::controller::Faults::Fault;
+    const auto text = [&tour] { return tour.find<QLabel>("lblAlarm")->text(); };
+    tour.step("the arc breaks off, and every page says so", "alarm", [&] {
+        tour.click("btnProgramRun");
+        Tour::await("welding", [&] { return current(tour) > 160; });
+        tour.faults()->set(Fault::ArcBreaks, true);
+        Tour::await("told", [&] { return text().contains("fillet.tl, line 7, arc lost at "); });
+        tour.open("home");
+        return Tour::require(tour.find("pndAlarm")->isVisible() ? "seen" : "hidden", "seen");
+    });
+    tour.step("Show line leads to the line, the run stops", "alarm-line", [&] {
+        tour.click("btnAlarmLine");
+        tour.click("btnProgramStop");
+        const QString sum = tour.find<QLabel>("lblRunState")->text();
+        tour.faults()->clear();
+        return Tour::require(sum.left(sum.indexOf(", arc")), "Ready (stopped, 1 fault: line 7");
+    });
+    tour.step("acknowledged, it is in the log", "alarm-log", [&] {
+        tour.click("btnAlarmAcknowledge");
+        Tour::await("gone", [&] { return !tour.find("pndAlarm")->isVisible(); });
+        tour.open("messages");
+        const auto &log = tour.messages();
+        const bool isThere = std::any_of(log.begin(), log.end(), [](const auto &entry) {
+            return entry.text.contains("line 7, arc lost at ");
+        });
+        return Tour::require(isThere ? "logged" : "missing", "logged");
     });
 }
 

@@ -41,6 +41,7 @@ Host::Host(const HostOptions &options)
             beat();
     });
     connect(m_helper.themeManager(), &ThemeManager::problem, this, &Host::reportProblem);
+    m_helper.log()->keepIn(options.dataFolder + QStringLiteral("/messages.jsonl"));
     if (!QFileInfo(options.dataFolder).isWritable())
         reportProblem(tr("%1: the data folder cannot be written").arg(options.dataFolder));
     QString error;
