@@ -6,6 +6,7 @@
 #include "controller/core/controllercontext.h"
 #include "controller/core/registry.h"
 #include "controller/core/subsystem.h"
+#include "controller/files/examplefiles.h"
 #include "controller/robot/cellswitches.h"
 #include "controller/welding/holdtorun.h"
 
@@ -26,6 +27,8 @@ public:
     Reply start();
     /// What start() found damaged in the store, a line each; the journal has them as alarms.
     const QStringList &complaints() const { return m_complaints; }
+    /// As addExampleFiles(); comes before start().
+    Reply fillWithExample() { return addExampleFiles(m_context); }
     Reply handle(const Request &request);
     /// As of Registry::nodes().
     QMap<QString, bool> nodes() const { return m_registry.nodes(); }
@@ -35,8 +38,8 @@ public:
     bool isBusy() const;
     int paceMs() const;
 
-    /// A pendant was alive at @p time of the clock, with the keys of these presses held; see HoldToRun.
-    /// Wanted every 25 ms: what is held stops at most 100 ms after the last one.
+    /// A pendant was alive at @p time of the clock, with the keys of these presses held; see
+    /// HoldToRun. Wanted every 25 ms: what is held stops at most 100 ms after the last one.
     void beat(qint64 time, const QVector<int> &presses);
     /// The session with the pendant is over: what is held stops now.
     void losePendant();

@@ -15,13 +15,13 @@ public:
         QVariant code; ///< what is stored: a keyword or a bool
         const char *text; ///< source text, translated in the context "Choices"
 
-        Choice(const char *keyword, const char *text)
+        Choice(const char *keyword, const char *sourceText)
             : code(QString::fromLatin1(keyword))
-            , text(text)
+            , text(sourceText)
         { }
-        Choice(bool state, const char *text)
+        Choice(bool state, const char *sourceText)
             : code(state)
-            , text(text)
+            , text(sourceText)
         { }
         /// The text in the language of the pendant.
         QString shown() const;

@@ -21,6 +21,7 @@ EmbeddedLink::EmbeddedLink(const Options &options, QObject *parent)
         [this](int, const QString &path, const QVariant &values) { take(path, values); },
         Qt::DirectConnection);
     connect(m_farEnd, &EmbeddedServer::problem, this, &ControllerLink::problem);
+    m_farEnd->setExample(options.example);
     connect(&m_thread, &QThread::finished, m_farEnd, &QObject::deleteLater);
     m_thread.setObjectName(QStringLiteral("controller"));
     m_farEnd->moveToThread(&m_thread);

@@ -22,6 +22,7 @@ public:
     struct Options
     {
         QString dataFolder; ///< holds controller.db; empty: everything is in memory
+        bool example = false; ///< a controller without parameter files gets those of the examples
         controller::Clock clock = controller::steadyClock(); ///< called on both threads
     };
 

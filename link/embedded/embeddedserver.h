@@ -29,6 +29,8 @@ public:
     void greet(int session);
     /// Carries out the request and settles the exchange; not when the caller gave up before.
     void ask(int session, const std::shared_ptr<PendingCall> &exchange);
+    /// See ControllerRunner::setExample().
+    void setExample(bool wanted) { m_station.setExample(wanted); }
     /// The session is over.
     void leave();
     /// What the user of the pendant may have carried out. Any thread.

@@ -48,7 +48,10 @@ QString ControllerRunner::startController()
     if (!store)
         return reason;
     auto started = std::make_unique<controller::Controller>(*store, m_faults, m_journal, m_clock);
-    if (const controller::Reply reply = started->start(); !reply.ok()) {
+    controller::Reply reply = m_example ? started->fillWithExample() : controller::Reply{};
+    if (reply.ok())
+        reply = started->start();
+    if (!reply.ok()) {
         return tr("%1: the project data cannot be kept (%2)")
             .arg(QDir::toNativeSeparators(file), reply.text);
     }

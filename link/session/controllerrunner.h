@@ -27,6 +27,8 @@ public:
     /// The file of the store in a data folder.
     static QString storeIn(const QString &dataFolder);
 
+    /// A controller without parameter files gets those of the examples; before it is ready.
+    void setExample(bool wanted) { m_example = wanted; }
     /// Opens the store and starts the controller, unless it runs already; false while that cannot
     /// be done, and problem() has told why.
     bool isReady();
@@ -74,6 +76,7 @@ private:
     controller::Clock m_clock;
     std::unique_ptr<controller::Store> m_store;
     std::unique_ptr<controller::Controller> m_controller;
+    bool m_example = false;
     QString m_reported;
     std::vector<Answer> m_late;
     Work m_beforeTick;

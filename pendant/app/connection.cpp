@@ -12,6 +12,7 @@ Connection connectEmbedded(const Options &options)
 {
     links::EmbeddedLink::Options how;
     how.dataFolder = options.dataFolder;
+    how.example = !options.isEmpty;
     auto link = std::make_unique<links::EmbeddedLink>(how);
     controller::Faults *faults = link->faults();
     return {std::move(link), faults};

@@ -56,7 +56,7 @@ QString complaintAbout(const QCommandLineParser &parser, const Options &options)
         return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
     for (const QString &name : parser.optionNames()) {
         if (parser.value(name).isEmpty() && name != QLatin1String("help")
-            && name != QLatin1String("version"))
+            && name != QLatin1String("version") && name != QLatin1String("empty"))
             return QStringLiteral("--%1 needs a value").arg(name);
     }
     if (!options.language.isEmpty() && !knownLanguages().contains(options.language))
@@ -68,6 +68,11 @@ QString complaintAbout(const QCommandLineParser &parser, const Options &options)
 }
 
 } // namespace
+
+QString pendantVersion()
+{
+    return QStringLiteral(WELMO_VERSION);
+}
 
 ParsedOptions parseOptions(const QStringList &arguments)
 {
@@ -84,11 +89,13 @@ ParsedOptions parseOptions(const QStringList &arguments)
         "A cell on the network, mqtts://USER@HOST:PORT/CELL, in place of the one in here. mqtt:// "
         "reaches this machine only; the password is taken from WELMO_BROKER_PASSWORD.",
         "URL");
+    const QCommandLineOption empty(
+        "empty", "A new controller starts without the parameter files of the example.");
     QCommandLineParser parser;
     parser.setApplicationDescription("A robot pendant with the arc-welding package.");
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({language, theme, data, module, book, controller});
+    parser.addOptions({language, theme, data, module, book, controller, empty});
 
     ParsedOptions parsed;
     if (!parser.parse(arguments)) {
@@ -99,8 +106,8 @@ ParsedOptions parseOptions(const QStringList &arguments)
         parsed.help = parser.helpText();
     else if (parser.isSet(version))
         parsed.help = QStringLiteral("welmo-pendant " WELMO_VERSION "\n");
-    parsed.options = {parser.value(language), parser.value(theme), parser.value(data),
-                      parser.value(module), parser.value(controller)};
+    parsed.options = {parser.value(language), parser.value(theme),      parser.value(data),
+                      parser.value(module),   parser.value(controller), parser.isSet(empty)};
     if (const QString path = parser.value(book); path != noBook)
         parsed.options.bookPath = path;
     parsed.error = complaintAbout(parser, parsed.options);

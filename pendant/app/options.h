@@ -14,6 +14,7 @@ struct Options
     QString modulePath; ///< the library that is loaded as the welding package
     /// A cell on the network as links::parseAddress() takes it; empty: one in this process.
     QString controller = {};
+    bool isEmpty = false; ///< a controller in this process starts without the example's files
     QString bookPath = {}; ///< the library with the weld book; empty: without one
 };
 
@@ -23,6 +24,9 @@ struct ParsedOptions
     QString error; ///< one line when the arguments cannot be used
     QString help; ///< what to print when the help or the version was asked for
 };
+
+/// Of this program.
+QString pendantVersion();
 
 /// @p arguments includes the program's name. Paths that were not given get their defaults.
 ParsedOptions parseOptions(const QStringList &arguments);

@@ -20,6 +20,8 @@
 #include "pendant/theme/appearance.h"
 #include "pendant/theme/look.h"
 #include "pendant/window/pendantwindow.h"
+#include "schema/names.h"
+#include "schema/weldmode.h"
 #include "tessa/host.h"
 #include "vu/xnav.h"
 #include "vu/xtheme.h"
@@ -170,7 +172,10 @@ void PendantApp::showPluginError()
 
 void PendantApp::addPages(controller::Faults *faults)
 {
-    HomePage::Facts facts{m_options.language, m_options.theme, m_options.dataFolder, {}, {}};
+    HomePage::Facts facts{
+        m_options.language, m_options.theme, m_options.dataFolder, {}, {}, {}, {}};
+    facts.version = pendantVersion();
+    facts.hasExample = faults != nullptr;
     const QList<kelp::ModuleObject *> entries = navEntries(m_host.get())->cmobjs();
     if (!m_loader->modules().isEmpty() && !entries.isEmpty()) {
         facts.firstPage = entries.first()->r("nav")->getString();
@@ -189,6 +194,7 @@ void PendantApp::addPages(controller::Faults *faults)
     addNavEntry(programKey, tr("Program"), mainGroup, "widget/program", 1);
     addNavEntry(messagesKey, tr("Messages"), systemGroup, "widget/messages", -1);
     addNavEntry(controllerKey, tr("Controller"), systemGroup, "widget/controller", -1);
+    connect(home, &HomePage::exampleWanted, this, &PendantApp::weldExample);
     connect(home, &HomePage::pageWanted, m_window.get(), &PendantWindow::showPage);
     connect(home, &HomePage::displayChosen, this, &PendantApp::changeDisplay, Qt::QueuedConnection);
     followMessages(log);
@@ -199,6 +205,7 @@ void PendantApp::addProgramPage(tessa::MessageLog *log)
 {
     const QString folder = QDir(m_options.dataFolder).filePath(QStringLiteral("programs"));
     auto *page = new ProgramPage(&m_program, log, folder);
+    m_programPage = page;
     m_window->center()->addPage(this, programKey, page);
     connect(m_window.get(), &PendantWindow::lineWanted, page,
             [this, page](const QString &, int line) {
@@ -211,6 +218,20 @@ void PendantApp::addProgramPage(tessa::MessageLog *log)
         m_window->showPage(programKey);
         return false;
     });
+}
+
+// One press from a fresh start to an arc, with what it says about it.
+void PendantApp::weldExample()
+{
+    const QVariantMap real{{QStringLiteral("mode"), QLatin1String(schema::weldmode::real)}};
+    m_host->service()->execCommand(this, names::setWeldMode, real);
+    m_window->showPage(programKey);
+    if (m_window->side()->switchTo(QStringLiteral("welmo.page")))
+        m_window->side()->show();
+    m_programPage->runExample(QStringLiteral("fillet.tl"));
+    m_host->helper()->throwLog(
+        m_programPage, QStringLiteral("info"),
+        tr("The example runs: one bead of 400 mm, the arc in the monitor; Stop ends it"));
 }
 
 // Who works at a controller in here may do there what the level says, as a user of a cell on the

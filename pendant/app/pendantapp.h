@@ -30,6 +30,7 @@ class Cell;
 class LinkControl;
 class PendantWindow;
 class PluginLoader;
+class ProgramPage;
 
 /// Everything of a running pendant, put together here and nowhere else. One at a time; it can be
 /// started and stopped as often as one likes within a process.
@@ -65,6 +66,7 @@ private:
     void showPluginError();
     void addPages(controller::Faults *faults);
     void addProgramPage(tessa::MessageLog *log);
+    void weldExample();
     void bindLevel(links::EmbeddedLink *link);
     void followMessages(tessa::MessageLog *log);
     void changeDisplay(const QString &language, const QString &theme);
@@ -85,6 +87,7 @@ private:
     std::unique_ptr<Cell> m_cell;
     std::unique_ptr<AlarmList> m_alarms;
     std::unique_ptr<PendantWindow> m_window;
+    ProgramPage *m_programPage = nullptr; // in the window
 };
 
 } // namespace welmo::pendant

@@ -880,6 +880,14 @@ New: %2</source>
         <source>The pages start anew: save first.</source>
         <translation>各页面将重新启动，请先保存。</translation>
     </message>
+    <message>
+        <source>Weld the example</source>
+        <translation>焊接示例</translation>
+    </message>
+    <message>
+        <source>Version %1, no licence chosen</source>
+        <translation>版本 %1，未选择许可证</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::LineForm</name>
@@ -1056,6 +1064,10 @@ From: %2</source>
     <message>
         <source>Program</source>
         <translation>程序</translation>
+    </message>
+    <message>
+        <source>The example runs: one bead of 400 mm, the arc in the monitor; Stop ends it</source>
+        <translation>示例正在运行：一道 400 mm 焊缝，电弧见监控；按“停止”结束</translation>
     </message>
 </context>
 <context>

@@ -44,7 +44,7 @@ HomePage::HomePage(const Facts &facts, tessa::MessageLog *log, LinkControl *link
     right->addWidget(makeDisplay(facts));
     right->addStretch(1);
     columns->addLayout(right, 2);
-    auto *introduction = makeIntroduction();
+    auto *introduction = makeIntroduction(facts.hasExample);
     auto *problems = new ProblemsPanel(log, this);
     body()->addWidget(introduction);
     body()->addWidget(problems);
@@ -56,7 +56,7 @@ HomePage::HomePage(const Facts &facts, tessa::MessageLog *log, LinkControl *link
     body()->addStretch(1);
 }
 
-QWidget *HomePage::makeIntroduction()
+QWidget *HomePage::makeIntroduction(bool hasExample)
 {
     auto *card = new Card(QString(), this);
     auto *name = card->addText(tr("Arc welding on a robot pendant"));
@@ -64,6 +64,12 @@ QWidget *HomePage::makeIntroduction()
     card->addText(tr("The pendant holds the welding package; the controller, the robot and the "
                      "welder behind it are simulated. Everything here can be tried: nothing moves "
                      "and no wire burns."));
+    if (!hasExample)
+        return card;
+    auto *weld = new QPushButton(tr("Weld the example"), card);
+    weld->setObjectName(QStringLiteral("btnWeldExample"));
+    connect(weld, &QPushButton::clicked, this, &HomePage::exampleWanted);
+    card->body()->addWidget(weld, 0, Qt::AlignLeft);
     return card;
 }
 
@@ -114,6 +120,8 @@ QWidget *HomePage::makeLink(const Facts &facts, LinkControl *link)
     auto *folder = card->addText(facts.dataFolder);
     folder->setObjectName(QStringLiteral("lblDataFolder"));
     folder->setTextFormat(Qt::PlainText);
+    auto *version = card->addText(tr("Version %1, no licence chosen").arg(facts.version));
+    version->setObjectName(QStringLiteral("lblVersion"));
     return card;
 }
 

@@ -25,6 +25,8 @@ public:
         QString dataFolder;
         QString firstPage; ///< page key that "open" leads to, empty when there is none
         QString firstTitle;
+        QString version;
+        bool hasExample = false; ///< the controller is simulated in here, so nothing can burn
     };
 
     HomePage(const Facts &facts, tessa::MessageLog *log, LinkControl *link,
@@ -32,11 +34,13 @@ public:
 
 signals:
     void pageWanted(const QString &key);
+    /// The example program is to be welded.
+    void exampleWanted();
     /// The operator chose another language or theme.
     void displayChosen(const QString &language, const QString &theme);
 
 private:
-    QWidget *makeIntroduction();
+    QWidget *makeIntroduction(bool hasExample);
     QWidget *makeSteps(const Facts &facts);
     QWidget *makeLink(const Facts &facts, LinkControl *link);
     QWidget *makeDisplay(const Facts &facts);

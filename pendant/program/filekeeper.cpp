@@ -84,6 +84,11 @@ void FileKeeper::open(const QString &file)
     emit done();
 }
 
+void FileKeeper::openExample(const QString &name)
+{
+    open(QStringLiteral(":/pendant/examples/") + name);
+}
+
 void FileKeeper::save(const QString &file)
 {
     QString problem;

@@ -26,6 +26,8 @@ public:
     /// True when nothing would be lost. Otherwise asks the operator, and calls @p goOn once there
     /// is nothing to lose any more.
     bool mayGo(const std::function<void()> &goOn);
+    /// Opens a program that came with the pendant; what was changed before is lost.
+    void openExample(const QString &name);
 
 signals:
     void paneWanted();

@@ -146,6 +146,16 @@ void ProgramPage::makeRoom()
     m_state->setVisible(m_top->isVisibleTo(this));
 }
 
+void ProgramPage::runExample(const QString &name)
+{
+    const auto run = [this, name] {
+        m_keeper->openExample(name);
+        m_run->start();
+    };
+    if (!m_run->isUnderWay() && mayGo(run))
+        run();
+}
+
 void ProgramPage::showLine(int line)
 {
     if (m_panes->currentWidget() == m_form)

@@ -34,6 +34,8 @@ public:
 
     /// See FileKeeper::mayGo().
     bool mayGo(const std::function<void()> &goOn);
+    /// Opens the example and runs it, once nothing would be lost by that.
+    void runExample(const QString &name);
     /// Chooses the line, unless one is being edited.
     void showLine(int line);
 

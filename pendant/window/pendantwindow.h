@@ -46,6 +46,7 @@ public:
     ~PendantWindow() override;
 
     pando::CenterWidget *center() { return m_center; }
+    pando::ExpandSideBar *side() { return m_side; }
     /// Shows the page @p key and marks its entry; false when there is no such page.
     bool showPage(const QString &key);
 

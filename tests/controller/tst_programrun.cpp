@@ -134,6 +134,37 @@ private slots:
         QCOMPARE(bench.state("state"), QVariant("idle"));
         QCOMPARE(bench.state("message"), QVariant("stopped"));
     }
+    // A new controller can weld; one that somebody has files on is left as it is.
+    void exampleFiles()
+    {
+        const auto filled = [](Store &store) {
+            static Faults faults;
+            static Journal journal;
+            Controller controller(store, faults, journal, [] { return 0; });
+            controller.fillWithExample();
+            controller.start();
+            const auto get = [&](const char *path, const char *key) {
+                return controller.handle({Request::Kind::Get, path, key, {}}).value;
+            };
+            int files = 0;
+            for (const char *set : {"arcon", "arcdata", "arcoff"}) {
+                for (int number = 1; number <= 3; ++number) {
+                    const QByteArray prefix(set == QByteArray("arcdata") ? "weld" : set);
+                    const QByteArray name = set + QByteArray(prefix == "weld" ? "" : "data");
+                    const QVariant file =
+                        get("arc_weld." + prefix + "_param", name + QByteArray::number(number));
+                    files += childAt(file, "current").toDouble() > 0 ? 1 : 0;
+                }
+            }
+            return files * 10 + get("arc_weld.welder_setting", "enable").toInt()
+                + get("arc_weld.welder_setting", "connect_to_welder").toInt();
+        };
+        QCOMPARE(filled(*Store::inMemory()), 92);
+        const auto used = Store::inMemory();
+        QVERIFY(
+            used->write({{"arc_weld.weld_param", "arcdata7", QVariantMap{{"name", "arcdata7"}}}}));
+        QCOMPARE(filled(*used), 0);
+    }
     void theEndIsASum()
     {
         ProgramBench bench;

@@ -22,6 +22,7 @@ void TestPendant::start()
             return welmo::pendant::connectTo(options);
         welmo::links::EmbeddedLink::Options how;
         how.clock = m_setup.clock;
+        how.example = m_setup.example;
         if (m_setup.keepFiles)
             how.dataFolder = options.dataFolder;
         auto link = std::make_unique<welmo::links::EmbeddedLink>(how);

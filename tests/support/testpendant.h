@@ -27,6 +27,7 @@ struct Setup
     bool withBook = false; ///< the weld book beside it
     bool keepFiles = false; ///< the controller's files on disk instead of in memory
     QString controller; ///< empty: one in this process
+    bool example = false; ///< with the parameter files of the example
     bool connects = true; ///< false: do not wait for a controller that cannot come up
     welmo::controller::Clock clock = welmo::controller::steadyClock(); ///< the controller's
 };

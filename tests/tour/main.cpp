@@ -13,6 +13,7 @@ constexpr void (*walk[])(tour::Tour &) = {
     tour::linkDown,   tour::hostPages,      tour::processConfiguration,
     tour::handleKeys, tour::programEditor,  tour::weld,
     tour::weldBook,   tour::alarm,          tour::display,
+    tour::example,
 };
 
 } // namespace

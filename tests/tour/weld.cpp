@@ -1,6 +1,7 @@
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
 #include <algorithm>
@@ -96,6 +97,24 @@ void weld(Tour &tour)
         tour.strike(Qt::Key_F6);
         const QString sum = tour.find<QLabel>("lblRunState")->text();
         return Tour::require(sum.left(sum.indexOf(" seams")), "Ready (stopped; 1 of 1");
+    });
+}
+
+void example(Tour &tour)
+{
+    const QTemporaryDir folder;
+    tour.step("a fresh pendant welds its example at one press", "example", [&] {
+        testsupport::Setup fresh;
+        fresh.dataFolder = folder.path();
+        fresh.example = fresh.keepFiles = true;
+        tour.restart(fresh);
+        tour.click("btnWeldExample");
+        Tour::await("welding", [&] { return current(tour) > 120; });
+        return tour.requireText("lblState", "Welding");
+    });
+    tour.step("and is stopped", [&] {
+        tour.click("btnProgramStop");
+        return Tour::await("out", [&] { return current(tour) == 0; });
     });
 }
 
