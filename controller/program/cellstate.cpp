@@ -11,6 +11,7 @@ namespace {
 
 const QString powerKey = QStringLiteral("power");
 const QString automaticKey = QStringLiteral("automatic");
+const QString checksKey = QStringLiteral("checks");
 const QString faultKey = QStringLiteral("fault");
 
 void take(const QVariant &payload, const QString &key, bool *value)
@@ -40,6 +41,7 @@ CellState::CellState(ControllerContext &context, Registry &registry, const Progr
 Reply CellState::start()
 {
     m_told = word();
+    m_toldChecks = checks();
     return {};
 }
 
@@ -48,7 +50,20 @@ QVariantMap CellState::node() const
     return {{QStringLiteral("state"), word()},
             {powerKey, m_switches.power},
             {automaticKey, m_switches.automatic},
-            {faultKey, m_switches.fault}};
+            {faultKey, m_switches.fault},
+            {checksKey, checks()}};
+}
+
+QVariantMap CellState::checks() const
+{
+    using Fault = Faults::Fault;
+    const auto isWell = [this](Fault fault) { return !m_context.suffers(fault); };
+    return {{QStringLiteral("gas"), isWell(Fault::NoGas)},
+            {QStringLiteral("wire_moves"), isWell(Fault::WireStuck)},
+            {QStringLiteral("wire_free"), isWell(Fault::WireSticks)},
+            {QStringLiteral("strikes"), isWell(Fault::NoArc)},
+            {QStringLiteral("burns"), isWell(Fault::ArcBreaks)},
+            {QStringLiteral("storage"), isWell(Fault::DiskFull)}};
 }
 
 QString CellState::word() const
@@ -77,10 +92,13 @@ Reply CellState::turn(const QVariant &payload)
 void CellState::tick()
 {
     const QString now = word();
-    if (now == m_told)
+    const QVariantMap seen = checks();
+    if (now == m_told && seen == m_toldChecks)
         return;
     m_told = now;
-    m_context.notify(names::cellState, QVariantMap{{QStringLiteral("state"), now}});
+    m_toldChecks = seen;
+    m_context.notify(names::cellState,
+                     QVariantMap{{QStringLiteral("state"), now}, {checksKey, seen}});
 }
 
 } // namespace welmo::controller

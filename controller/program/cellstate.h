@@ -9,10 +9,12 @@ class Program;
 class Weld;
 class Welder;
 
-/// The cell as a whole. The node "cell.state" holds {state, power, automatic, fault}: state is
-/// idle, running, welding or fault; a program that failed is one until its alarms are acknowledged
-/// or another one runs. The command "cell.switch" takes any of {power, automatic, fault}: what a
-/// key switch, the power and the safety circuit are at a cell that is not simulated.
+/// The cell as a whole. The node "cell.state" holds {state, power, automatic, fault, checks}: state
+/// is idle, running, welding or fault; a program that failed is one until its alarms are
+/// acknowledged or another one runs. The command "cell.switch" takes any of {power, automatic,
+/// fault}: what a key switch, the power and the safety circuit are at a cell that is not simulated.
+/// The checks are what its sensors see: {gas, wire_moves, wire_free, strikes, burns, storage}, true
+/// where all is well.
 class CellState : public Subsystem
 {
 public:
@@ -26,6 +28,7 @@ public:
 private:
     QVariantMap node() const;
     QString word() const;
+    QVariantMap checks() const;
     Reply turn(const QVariant &payload);
 
     ControllerContext &m_context;
@@ -35,6 +38,7 @@ private:
     const Alarms &m_alarms;
     CellSwitches &m_switches;
     QString m_told;
+    QVariantMap m_toldChecks;
 };
 
 } // namespace welmo::controller

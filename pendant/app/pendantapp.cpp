@@ -12,6 +12,8 @@
 #include "pendant/pages/homepage.h"
 #include "pendant/pages/messagespage.h"
 #include "pendant/pages/pluginerrorpage.h"
+#include "pendant/program/arccheckpage.h"
+#include "pendant/program/arcchecks.h"
 #include "pendant/program/programpage.h"
 #include "pendant/state/alarms.h"
 #include "pendant/state/cell.h"
@@ -197,6 +199,7 @@ void PendantApp::addPages(controller::Faults *faults)
     connect(home, &HomePage::exampleWanted, this, &PendantApp::weldExample);
     connect(home, &HomePage::pageWanted, m_window.get(), &PendantWindow::showPage);
     connect(home, &HomePage::displayChosen, this, &PendantApp::changeDisplay, Qt::QueuedConnection);
+    addArcCheckPage(facts.firstPage);
     followMessages(log);
     m_window->showPage(m_loader->modules().isEmpty() ? pluginErrorKey : homeKey);
 }
@@ -218,6 +221,16 @@ void PendantApp::addProgramPage(tessa::MessageLog *log)
         m_window->showPage(programKey);
         return false;
     });
+}
+
+void PendantApp::addArcCheckPage(const QString &packageKey)
+{
+    auto *page = new ArcCheckPage(&m_program, m_cell.get());
+    m_window->center()->addPage(this, arcCheckKey, page);
+    connect(page, &ArcCheckPage::pageWanted, m_window.get(),
+            [this, packageKey](const QString &key) {
+                m_window->showPage(key == packagePage ? packageKey : key);
+            });
 }
 
 // One press from a fresh start to an arc, with what it says about it.

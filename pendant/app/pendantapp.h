@@ -66,6 +66,7 @@ private:
     void showPluginError();
     void addPages(controller::Faults *faults);
     void addProgramPage(tessa::MessageLog *log);
+    void addArcCheckPage(const QString &packageKey);
     void weldExample();
     void bindLevel(links::EmbeddedLink *link);
     void followMessages(tessa::MessageLog *log);

@@ -2,6 +2,185 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>ArcChecks</name>
+    <message>
+        <source>Link to the controller</source>
+        <translation>与控制器的连接</translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation>已连接</translation>
+    </message>
+    <message>
+        <source>down</source>
+        <translation>已断开</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>未知</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>电源</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>开</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>关</translation>
+    </message>
+    <message>
+        <source>Emergency stop</source>
+        <translation>急停</translation>
+    </message>
+    <message>
+        <source>released</source>
+        <translation>已松开</translation>
+    </message>
+    <message>
+        <source>pressed</source>
+        <translation>已按下</translation>
+    </message>
+    <message>
+        <source>Weld mode</source>
+        <translation>焊接模式</translation>
+    </message>
+    <message>
+        <source>Welder</source>
+        <translation>焊机</translation>
+    </message>
+    <message>
+        <source>enabled</source>
+        <translation>已启用</translation>
+    </message>
+    <message>
+        <source>not enabled</source>
+        <translation>未启用</translation>
+    </message>
+    <message>
+        <source>Actual welding machine</source>
+        <translation>实际焊机</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>未连接</translation>
+    </message>
+    <message>
+        <source>Welder&apos;s own state</source>
+        <translation>焊机状态</translation>
+    </message>
+    <message>
+        <source>no error</source>
+        <translation>无错误</translation>
+    </message>
+    <message>
+        <source>error</source>
+        <translation>报错</translation>
+    </message>
+    <message>
+        <source>Gas</source>
+        <translation>保护气</translation>
+    </message>
+    <message>
+        <source>there is pressure</source>
+        <translation>有气压</translation>
+    </message>
+    <message>
+        <source>no gas</source>
+        <translation>无保护气</translation>
+    </message>
+    <message>
+        <source>Wire</source>
+        <translation>焊丝</translation>
+    </message>
+    <message>
+        <source>moves</source>
+        <translation>可送丝</translation>
+    </message>
+    <message>
+        <source>does not move</source>
+        <translation>不动</translation>
+    </message>
+    <message>
+        <source>End of the wire</source>
+        <translation>焊丝末端</translation>
+    </message>
+    <message>
+        <source>free</source>
+        <translation>自由</translation>
+    </message>
+    <message>
+        <source>sticks at the end</source>
+        <translation>粘丝</translation>
+    </message>
+    <message>
+        <source>Ignition</source>
+        <translation>起弧</translation>
+    </message>
+    <message>
+        <source>strikes</source>
+        <translation>可起弧</translation>
+    </message>
+    <message>
+        <source>does not strike</source>
+        <translation>无法起弧</translation>
+    </message>
+    <message>
+        <source>Arc</source>
+        <translation>电弧</translation>
+    </message>
+    <message>
+        <source>stays</source>
+        <translation>稳定</translation>
+    </message>
+    <message>
+        <source>breaks off</source>
+        <translation>断弧</translation>
+    </message>
+    <message>
+        <source>Controller&apos;s disk</source>
+        <translation>控制器磁盘</translation>
+    </message>
+    <message>
+        <source>has room</source>
+        <translation>有空间</translation>
+    </message>
+    <message>
+        <source>full</source>
+        <translation>已满</translation>
+    </message>
+    <message>
+        <source>ArcOn in %1</source>
+        <translation>%1 中的 ArcOn</translation>
+    </message>
+    <message>
+        <source>no seam begins</source>
+        <translation>没有焊缝起点</translation>
+    </message>
+    <message>
+        <source>there</source>
+        <translation>存在</translation>
+    </message>
+    <message>
+        <source>Arc-start file</source>
+        <translation>起弧文件</translation>
+    </message>
+    <message>
+        <source>Welding file</source>
+        <translation>焊接文件</translation>
+    </message>
+    <message>
+        <source>%1: %2 A of %3 A</source>
+        <translation>%1：%2 A / %3 A</translation>
+    </message>
+    <message>
+        <source>there is no %1</source>
+        <translation>没有 %1</translation>
+    </message>
+</context>
+<context>
     <name>JsonFile</name>
     <message>
         <source>%1:%2:%3: not valid JSON: %4</source>
@@ -410,6 +589,10 @@
         <source>%1, and %2 more</source>
         <translation>%1，另有 %2 条</translation>
     </message>
+    <message>
+        <source>Why?</source>
+        <translation>为什么？</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::AlarmList</name>
@@ -459,6 +642,17 @@
     <message>
         <source>Out of range (%1)</source>
         <translation>超出范围（%1）</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::ArcCheckPage</name>
+    <message>
+        <source>Why is there no arc?</source>
+        <translation>为什么没有电弧？</translation>
+    </message>
+    <message>
+        <source>Go there</source>
+        <translation>前往</translation>
     </message>
 </context>
 <context>
@@ -887,6 +1081,10 @@ New: %2</source>
     <message>
         <source>Version %1, no licence chosen</source>
         <translation>版本 %1，未选择许可证</translation>
+    </message>
+    <message>
+        <source>Why is there no arc?</source>
+        <translation>为什么没有电弧？</translation>
     </message>
 </context>
 <context>

@@ -10,6 +10,7 @@
 
 #include "pendant/pages/problemspanel.h"
 #include "pendant/state/linkbadge.h"
+#include "pendant/state/navigation.h"
 #include "pendant/theme/appearance.h"
 
 namespace welmo::pendant {
@@ -64,12 +65,18 @@ QWidget *HomePage::makeIntroduction(bool hasExample)
     card->addText(tr("The pendant holds the welding package; the controller, the robot and the "
                      "welder behind it are simulated. Everything here can be tried: nothing moves "
                      "and no wire burns."));
-    if (!hasExample)
-        return card;
     auto *weld = new QPushButton(tr("Weld the example"), card);
+    weld->setVisible(hasExample);
     weld->setObjectName(QStringLiteral("btnWeldExample"));
     connect(weld, &QPushButton::clicked, this, &HomePage::exampleWanted);
-    card->body()->addWidget(weld, 0, Qt::AlignLeft);
+    auto *why = new QPushButton(tr("Why is there no arc?"), card);
+    why->setObjectName(QStringLiteral("btnWhyNoArc"));
+    connect(why, &QPushButton::clicked, this, [this] { emit pageWanted(arcCheckKey); });
+    auto *row = new QHBoxLayout;
+    row->addWidget(weld);
+    row->addWidget(why);
+    row->addStretch(1);
+    card->body()->addLayout(row);
     return card;
 }
 

@@ -9,6 +9,7 @@ inline const QString homeKey = QStringLiteral("pendant.home");
 inline const QString programKey = QStringLiteral("pendant.program");
 inline const QString messagesKey = QStringLiteral("pendant.messages");
 inline const QString controllerKey = QStringLiteral("pendant.controller");
+inline const QString arcCheckKey = QStringLiteral("pendant.arccheck");
 inline const QString pluginErrorKey = QStringLiteral("pendant.plugin_error");
 
 // Groups of the navigation.

@@ -24,11 +24,13 @@ AlarmBanner::AlarmBanner(AlarmList *alarms, Cell *cell, QWidget *parent)
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
     m_line = addButton(QStringLiteral("btnAlarmLine"), tr("Show line"));
+    m_why = addButton(QStringLiteral("btnAlarmWhy"), tr("Why?"));
     m_acknowledge = addButton(QStringLiteral("btnAlarmAcknowledge"), tr("Acknowledge"));
     connect(m_line, &QPushButton::clicked, this, [this] {
         const Alarm newest = m_alarms->open().value(m_alarms->open().size() - 1);
         emit lineWanted(newest.program, newest.line);
     });
+    connect(m_why, &QPushButton::clicked, this, &AlarmBanner::reasonWanted);
     connect(m_acknowledge, &QPushButton::clicked, alarms, &AlarmList::acknowledgeAll);
     connect(alarms, &AlarmList::changed, this, &AlarmBanner::refresh);
     connect(cell, &Cell::changed, this, &AlarmBanner::refresh);

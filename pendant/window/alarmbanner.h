@@ -21,6 +21,7 @@ public:
 signals:
     /// Counted from 1.
     void lineWanted(const QString &program, int line);
+    void reasonWanted();
 
 private:
     QPushButton *addButton(const QString &name, const QString &text);
@@ -32,6 +33,7 @@ private:
     Cell *m_cell;
     QLabel *m_text;
     QPushButton *m_line;
+    QPushButton *m_why;
     QPushButton *m_acknowledge;
 };
 

@@ -48,6 +48,7 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries,
     layout->addWidget(makeStrip(state.cell));
     auto *banner = new AlarmBanner(state.alarms, state.cell, this);
     connect(banner, &AlarmBanner::lineWanted, this, &PendantWindow::lineWanted);
+    connect(banner, &AlarmBanner::reasonWanted, this, [this] { showPage(arcCheckKey); });
     layout->addWidget(banner);
     layout->addWidget(makeBody(host->keys(), holds, entries), 1);
     layout->addWidget(makeStatus(helper, state));

@@ -130,6 +130,11 @@ void alarm(Tour &tour)
         tour.open("home");
         return Tour::require(tour.find("pndAlarm")->isVisible() ? "seen" : "hidden", "seen");
     });
+    tour.step("Why? leads to the list, where the arc is red", "why-no-arc", [&] {
+        tour.click("btnAlarmWhy");
+        const QVariant verdict = tour.find("lblCheck_burns")->property("verdict");
+        return Tour::require(verdict.toString(), "bad");
+    });
     tour.step("Show line leads to the line, the run stops", "alarm-line", [&] {
         tour.click("btnAlarmLine");
         tour.click("btnProgramStop");

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QHash>
+#include <QTimer>
+
+#include "pendant/pages/hostpage.h"
+
+class QGridLayout;
+class QPushButton;
+
+namespace welmo::pendant {
+
+class Cell;
+class ProgramDocument;
+struct ArcCheck;
+
+/// Why is there no arc? Everything that one needs, green or red, with the way to where it is put
+/// right. Looked at anew while it is shown.
+class ArcCheckPage : public HostPage
+{
+    Q_OBJECT
+public:
+    ArcCheckPage(const ProgramDocument *program, const Cell *cell, QWidget *parent = nullptr);
+
+signals:
+    void pageWanted(const QString &key);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    struct Row
+    {
+        QLabel *text;
+        QLabel *value;
+    };
+    void addRow(const ArcCheck &check, QGridLayout *grid);
+    void refresh();
+
+    const ProgramDocument *m_program;
+    const Cell *m_cell;
+    QHash<QString, Row> m_rows;
+    QTimer m_looks;
+};
+
+} // namespace welmo::pendant

@@ -1,0 +1,149 @@
+#include "pendant/program/arcchecks.h"
+
+#include <QCoreApplication>
+
+#include "pendant/program/programdocument.h"
+#include "pendant/state/cell.h"
+#include "pendant/state/navigation.h"
+#include "schema/filesets.h"
+#include "schema/welders.h"
+#include "schema/weldmode.h"
+#include "tessa/xservice.h"
+#include "tl/fileline.h"
+#include "tl/instruction.h"
+
+namespace welmo::pendant {
+
+namespace {
+
+using Verdict = ArcCheck::Verdict;
+
+class Examination
+{
+    Q_DECLARE_TR_FUNCTIONS(ArcChecks)
+public:
+    Examination(const ProgramDocument &program, const Cell &cell, XService *service)
+        : m_program(program)
+        , m_cell(cell)
+        , m_service(service)
+        , m_isUp(service->isConnected())
+    { }
+
+    QVector<ArcCheck> run()
+    {
+        m_checks.append({QStringLiteral("link"), tr("Link to the controller"),
+                         m_isUp ? tr("connected") : tr("down"), verdict(m_isUp), controllerKey});
+        lookAtCell();
+        lookAtWelder();
+        lookAtSensors();
+        lookAtProgram();
+        return m_checks;
+    }
+
+private:
+    static Verdict verdict(bool good) { return good ? Verdict::Good : Verdict::Bad; }
+    // What the controller would have to say is unknown without it.
+    void add(const QString &id, const QString &text, const QString &good, const QString &bad,
+             bool isGood, const QString &page)
+    {
+        m_checks.append({id, text,
+                         !m_isUp      ? tr("unknown")
+                             : isGood ? good
+                                      : bad,
+                         m_isUp ? verdict(isGood) : Verdict::Unknown, page});
+    }
+    void lookAtCell()
+    {
+        const QVariantMap switches = m_cell.switches();
+        add(QStringLiteral("power"), tr("Power"), tr("on"), tr("off"),
+            switches.value(QStringLiteral("power")).toBool(), controllerKey);
+        add(QStringLiteral("stop"), tr("Emergency stop"), tr("released"), tr("pressed"),
+            !switches.value(QStringLiteral("fault")).toBool(), controllerKey);
+        add(QStringLiteral("mode"), tr("Weld mode"), m_cell.modeText(), m_cell.modeText(),
+            m_cell.mode() == QLatin1String(schema::weldmode::real), packagePage);
+    }
+    void lookAtWelder()
+    {
+        const schema::WelderSettingSet &rows = schema::welderSetting();
+        const auto setting = m_service->get(nullptr, names::welderSetting);
+        const auto state = m_service->get(nullptr, names::welderState);
+        m_ratedCurrent = setting->r(QLatin1String(rows.ratedCurrent.key))->getDouble();
+        add(QStringLiteral("enabled"), tr("Welder"), tr("enabled"), tr("not enabled"),
+            setting->r(QLatin1String(rows.enable.key))->getBool(), packagePage);
+        add(QStringLiteral("connected"), tr("Actual welding machine"), tr("connected"),
+            tr("not connected"), setting->r(QLatin1String(rows.connectToWelder.key))->getBool(),
+            packagePage);
+        const QString word = state->r(QStringLiteral("state"))->getString();
+        add(QStringLiteral("welder"), tr("Welder's own state"), tr("no error"), tr("error"),
+            word != QLatin1String("error"), controllerKey);
+    }
+    void lookAtSensors()
+    {
+        const QVariantMap checks = m_cell.switches().value(QStringLiteral("checks")).toMap();
+        const auto sensor = [&](const char *id, const QString &text, const QString &good,
+                                const QString &bad) {
+            add(QLatin1String(id), text, good, bad, checks.value(QLatin1String(id), true).toBool(),
+                controllerKey);
+        };
+        sensor("gas", tr("Gas"), tr("there is pressure"), tr("no gas"));
+        sensor("wire_moves", tr("Wire"), tr("moves"), tr("does not move"));
+        sensor("wire_free", tr("End of the wire"), tr("free"), tr("sticks at the end"));
+        sensor("strikes", tr("Ignition"), tr("strikes"), tr("does not strike"));
+        sensor("burns", tr("Arc"), tr("stays"), tr("breaks off"));
+        sensor("storage", tr("Controller's disk"), tr("has room"), tr("full"));
+    }
+    void lookAtProgram()
+    {
+        const QStringList files = firstSeam();
+        m_checks.append({QStringLiteral("program"), tr("ArcOn in %1").arg(m_program.title()),
+                         files.isEmpty() ? tr("no seam begins") : tr("there"),
+                         verdict(!files.isEmpty()), programKey});
+        lookAtFile(QStringLiteral("start_file"), tr("Arc-start file"), schema::arcOn(),
+                   files.value(0));
+        lookAtFile(QStringLiteral("weld_file"), tr("Welding file"), schema::weld(), files.value(1));
+    }
+    QStringList firstSeam() const
+    {
+        for (int row = 0; row < m_program.rowCount(); ++row) {
+            const QString line = m_program.line(row);
+            if (tl::classify(line) == tl::Instruction::ArcOn)
+                return tl::parseFileLine(tl::Instruction::ArcOn, line).names;
+        }
+        return {};
+    }
+    void lookAtFile(const QString &id, const QString &text, const schema::ProcessSet &set,
+                    const QString &file)
+    {
+        if (file.isEmpty() || !m_isUp) {
+            m_checks.append({id, text, tr("unknown"), Verdict::Unknown, packagePage});
+            return;
+        }
+        const auto answer = m_service->get(nullptr, set.node(), file);
+        const bool exists = answer->r(QStringLiteral("name"))->getString() == file;
+        const double current = answer->r(QLatin1String(set.current.key))->getDouble();
+        const bool inAmperes = answer->r(QLatin1String(set.currentMode.key))->getString()
+            != QLatin1String(schema::codes::wireFeed);
+        const bool fits = current > 0 && (current <= m_ratedCurrent || !inAmperes);
+        const QString value = exists
+            ? tr("%1: %2 A of %3 A")
+                  .arg(file, QString::number(current), QString::number(m_ratedCurrent))
+            : tr("there is no %1").arg(file);
+        add(id, text, value, value, exists && fits, packagePage);
+    }
+
+    const ProgramDocument &m_program;
+    const Cell &m_cell;
+    XService *m_service;
+    bool m_isUp;
+    double m_ratedCurrent = 0;
+    QVector<ArcCheck> m_checks;
+};
+
+} // namespace
+
+QVector<ArcCheck> arcChecks(const ProgramDocument &program, const Cell &cell, XService *service)
+{
+    return Examination(program, cell, service).run();
+}
+
+} // namespace welmo::pendant
