@@ -14,9 +14,10 @@ public:
 
     enum class Removal { Offered, None };
 
-    FileSet(const QString &section, const QString &name, const QString &prefix, Removal removal)
-        : Set(section, name)
-        , prefix(prefix)
+    FileSet(const QString &branch, const QString &setName, const QString &filePrefix,
+            Removal removal)
+        : Set(branch, setName)
+        , prefix(filePrefix)
         , isRemovable(removal == Removal::Offered)
     { }
 

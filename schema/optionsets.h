@@ -8,8 +8,8 @@ namespace welmo::schema {
 class OptionSet : public Set
 {
 public:
-    explicit OptionSet(const QString &name)
-        : Set(QStringLiteral("welding_options"), name)
+    explicit OptionSet(const QString &setName)
+        : Set(QStringLiteral("welding_options"), setName)
     { }
 };
 

@@ -8,8 +8,8 @@ namespace welmo::schema {
 class ProcessSet : public FileSet
 {
 public:
-    ProcessSet(const QString &name, const QString &prefix, double maximumVoltage)
-        : FileSet(QStringLiteral("process_setting"), name, prefix, Removal::Offered)
+    ProcessSet(const QString &setName, const QString &filePrefix, double maximumVoltage)
+        : FileSet(QStringLiteral("process_setting"), setName, filePrefix, Removal::Offered)
         , voltage(*this, "voltage", 0, {0, maximumVoltage}, Unit::ByVoltageMode)
     { }
 

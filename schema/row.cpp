@@ -6,12 +6,12 @@ namespace welmo::schema {
 
 const char *const noSignalSource = QT_TRANSLATE_NOOP("Inputs", "No signal");
 
-Row::Row(Set &set, const char *key, Stored stored, const QVariant &defaultValue, Range range,
-         Unit unit)
-    : key(key)
-    , stored(stored)
-    , range(range)
-    , unit(unit)
+Row::Row(Set &set, const char *rowKey, Stored type, const QVariant &defaultValue, Range limits,
+         Unit rowUnit)
+    : key(rowKey)
+    , stored(type)
+    , range(limits)
+    , unit(rowUnit)
     , m_default(defaultValue)
 {
     set.m_rows.push_back(this);

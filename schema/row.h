@@ -40,8 +40,8 @@ public:
     virtual bool isEdited() const { return true; }
 
 protected:
-    Row(Set &set, const char *key, Stored stored, const QVariant &defaultValue, Range range = {},
-        Unit unit = Unit::None);
+    Row(Set &set, const char *rowKey, Stored type, const QVariant &defaultValue, Range limits = {},
+        Unit rowUnit = Unit::None);
 
 private:
     QVariant m_default;
@@ -58,21 +58,21 @@ struct FileNameRow : Row
 /// Free text, empty by default.
 struct TextRow : Row
 {
-    TextRow(Set &set, const char *key)
-        : Row(set, key, Stored::Text, QString())
+    TextRow(Set &set, const char *rowKey)
+        : Row(set, rowKey, Stored::Text, QString())
     { }
 };
 
 /// A keyword or a bool out of a table.
 struct ChoiceRow : Row
 {
-    ChoiceRow(Set &set, const char *key, const ChoiceTable &table, const char *defaultCode)
-        : Row(set, key, Stored::Text, QString::fromLatin1(defaultCode))
-        , table(table)
+    ChoiceRow(Set &set, const char *rowKey, const ChoiceTable &offered, const char *defaultCode)
+        : Row(set, rowKey, Stored::Text, QString::fromLatin1(defaultCode))
+        , table(offered)
     { }
-    ChoiceRow(Set &set, const char *key, const ChoiceTable &table, bool defaultState)
-        : Row(set, key, Stored::Boolean, defaultState)
-        , table(table)
+    ChoiceRow(Set &set, const char *rowKey, const ChoiceTable &offered, bool defaultState)
+        : Row(set, rowKey, Stored::Boolean, defaultState)
+        , table(offered)
     { }
     const ChoiceTable &table;
 };
@@ -80,15 +80,16 @@ struct ChoiceRow : Row
 /// A bool that an on/off button shows, false by default.
 struct SwitchRow : Row
 {
-    SwitchRow(Set &set, const char *key)
-        : Row(set, key, Stored::Boolean, false)
+    SwitchRow(Set &set, const char *rowKey)
+        : Row(set, rowKey, Stored::Boolean, false)
     { }
 };
 
 struct IntegerRow : Row
 {
-    IntegerRow(Set &set, const char *key, int defaultValue, Range range, Unit unit = Unit::None)
-        : Row(set, key, Stored::Integer, defaultValue, range, unit)
+    IntegerRow(Set &set, const char *rowKey, int defaultValue, Range limits,
+               Unit rowUnit = Unit::None)
+        : Row(set, rowKey, Stored::Integer, defaultValue, limits, rowUnit)
     { }
 };
 
@@ -96,8 +97,8 @@ struct IntegerRow : Row
 struct IntegersRow : Row
 {
     static constexpr int count = 3;
-    IntegersRow(Set &set, const char *key, Range range, Unit unit)
-        : Row(set, key, Stored::Integers, QVariantList{0, 0, 0}, range, unit)
+    IntegersRow(Set &set, const char *rowKey, Range limits, Unit rowUnit)
+        : Row(set, rowKey, Stored::Integers, QVariantList{0, 0, 0}, limits, rowUnit)
     { }
 };
 
@@ -113,17 +114,17 @@ struct AlsoStoredAs
 
 struct RealRow : Row
 {
-    RealRow(Set &set, const char *key, const QVariant &defaultValue, Range range, Unit unit)
-        : Row(set, key, Stored::Real, defaultValue, range, unit)
+    RealRow(Set &set, const char *rowKey, const QVariant &defaultValue, Range limits, Unit rowUnit)
+        : Row(set, rowKey, Stored::Real, defaultValue, limits, rowUnit)
     { }
-    RealRow(Set &set, const char *key, const QVariant &defaultValue, Range range, Unit unit,
+    RealRow(Set &set, const char *rowKey, const QVariant &defaultValue, Range limits, Unit rowUnit,
             ReadAsInteger)
-        : Row(set, key, Stored::Real, defaultValue, range, unit)
+        : Row(set, rowKey, Stored::Real, defaultValue, limits, rowUnit)
         , isReadAsInteger(true)
     { }
-    RealRow(Set &set, const char *key, const QVariant &defaultValue, Range range, Unit unit,
+    RealRow(Set &set, const char *rowKey, const QVariant &defaultValue, Range limits, Unit rowUnit,
             AlsoStoredAs twin)
-        : Row(set, key, Stored::Real, defaultValue, range, unit)
+        : Row(set, rowKey, Stored::Real, defaultValue, limits, rowUnit)
         , m_twinKey(twin.key)
     { }
     const char *twinKey() const override { return m_twinKey; }
@@ -137,8 +138,8 @@ private:
 /// A name out of those that exist at the moment (speeds), stored as its text.
 struct NameRow : Row
 {
-    NameRow(Set &set, const char *key, const QString &defaultName)
-        : Row(set, key, Stored::Text, defaultName)
+    NameRow(Set &set, const char *rowKey, const QString &defaultName)
+        : Row(set, rowKey, Stored::Text, defaultName)
     { }
 };
 
@@ -149,8 +150,8 @@ extern const char *const noSignalSource;
 /// expect it: the one stored text that follows the language.
 struct InputRow : NameRow
 {
-    InputRow(Set &set, const char *key)
-        : NameRow(set, key, {})
+    InputRow(Set &set, const char *rowKey)
+        : NameRow(set, rowKey, {})
     { }
     QVariant defaultValue() const override;
 };
@@ -158,8 +159,8 @@ struct InputRow : NameRow
 /// A value that only the default file sets: no form shows it and no save touches it.
 struct DefaultOnlyRow : Row
 {
-    DefaultOnlyRow(Set &set, const char *key, bool defaultValue)
-        : Row(set, key, Stored::Boolean, defaultValue)
+    DefaultOnlyRow(Set &set, const char *rowKey, bool defaultValue)
+        : Row(set, rowKey, Stored::Boolean, defaultValue)
     { }
     bool isEdited() const override { return false; }
 };

@@ -14,10 +14,10 @@ class Row;
 class Set
 {
 public:
-    /// @p name is the set's node below "arc_weld."; @p section the branch of the module's tree.
-    Set(const QString &section, const QString &name)
-        : section(section)
-        , name(name)
+    /// @p setName is the set's node below "arc_weld."; @p branch the branch of the module's tree.
+    Set(const QString &branch, const QString &setName)
+        : section(branch)
+        , name(setName)
     { }
     virtual ~Set() = default;
     Q_DISABLE_COPY(Set)

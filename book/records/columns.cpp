@@ -76,7 +76,7 @@ void addSpread(std::vector<Column> &columns, const char *name, Spread Seam::*mem
                                                                {"stddev", &Spread::deviation}};
     for (const auto &[word, part] : parts) {
         double Spread::*const value = part;
-        columns.push_back({QStringLiteral("%1_%2").arg(name, word), QString::fromLatin1(unit),
+        columns.push_back({QStringLiteral("%1_%2").arg(QLatin1String(name), QLatin1String(word)), QString::fromLatin1(unit),
                            QStringLiteral("REAL"),
                            [member, value](const Seam &seam) { return seam.*member.*value; },
                            [member, value](Seam &seam, const QVariant &number) {

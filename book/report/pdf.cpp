@@ -79,8 +79,8 @@ QString seamHtml(const Seam &seam)
         html += QStringLiteral("<tr>");
         for (const int i : {row, row + half}) {
             if (i < values.size())
-                html += cell(values[i].name) + cell(shown(values[i].value), "number")
-                    + cell(values[i].unit);
+                html += cell(values[i].name)
+                    + cell(shown(values[i].value), QStringLiteral("number")) + cell(values[i].unit);
         }
         html += QStringLiteral("</tr>");
     }
@@ -94,15 +94,17 @@ QString dayHtml(const QDate &day, const QVector<Seam> &seams)
     for (const Seam &seam : seams) {
         const QString verdict = verdictWord(seam.verdict);
         ++counts[static_cast<int>(seam.verdict)];
-        rows += QStringLiteral("<tr>") + cell(seam.startedAt().time().toString("HH:mm:ss"))
+        rows += QStringLiteral("<tr>")
+            + cell(seam.startedAt().time().toString(QStringLiteral("HH:mm:ss")))
             + cell(verdict, verdict)
             + cell(shown(seam.program.isEmpty() ? QVariant() : seam.program))
-            + cell(QString::number(seam.line), "number") + cell(seam.weldFile)
-            + cell(QString::number(seam.current.mean, 'f', 0), "number")
-            + cell(QString::number(seam.voltage.mean, 'f', 1), "number")
-            + cell(QString::number(seam.arcTime, 'f', 1), "number")
-            + cell(QString::number(seam.length, 'f', 0), "number")
-            + cell(shown(seam.heatInput ? QVariant(*seam.heatInput) : QVariant()), "number")
+            + cell(QString::number(seam.line), QStringLiteral("number")) + cell(seam.weldFile)
+            + cell(QString::number(seam.current.mean, 'f', 0), QStringLiteral("number"))
+            + cell(QString::number(seam.voltage.mean, 'f', 1), QStringLiteral("number"))
+            + cell(QString::number(seam.arcTime, 'f', 1), QStringLiteral("number"))
+            + cell(QString::number(seam.length, 'f', 0), QStringLiteral("number"))
+            + cell(shown(seam.heatInput ? QVariant(*seam.heatInput) : QVariant()),
+                   QStringLiteral("number"))
             + cell(seam.ended) + QStringLiteral("</tr>");
     }
     QString html = QStringLiteral("<h1>Welds of %1</h1><p>%2 welds")

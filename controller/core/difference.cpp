@@ -8,7 +8,7 @@ namespace {
 
 QString below(const QString &place, const QString &child)
 {
-    return place.isEmpty() ? child : place + '.' + child;
+    return place.isEmpty() ? child : place + QLatin1Char('.') + child;
 }
 
 void collect(const QString &place, const QVariant &before, const QVariant &after,

@@ -60,7 +60,7 @@ QString clientIdFor(const BrokerAddress &address, const QString &name)
 {
     const QByteArray secret = QMessageAuthenticationCode::hash(
         name.toUtf8(), address.password.toUtf8(), QCryptographicHash::Sha256);
-    return name + '-' + QString::fromLatin1(secret.toHex().left(32));
+    return name + QLatin1Char('-') + QString::fromLatin1(secret.toHex().left(32));
 }
 
 } // namespace welmo::links

@@ -229,7 +229,7 @@ void MqttSession::onGreeting(int session, const Reply &reply)
 // Revisions count within one life of one store: in another the same number is another content.
 void MqttSession::meetStore(const QString &store)
 {
-    const QString life = store + '/' + m_boot;
+    const QString life = store + QLatin1Char('/') + m_boot;
     if (life != m_life)
         m_revisions.clear();
     if (!m_store.isEmpty() && store != m_store)

@@ -14,7 +14,8 @@ namespace {
 
 QString defaultDataFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/welmo";
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+        + QStringLiteral("/welmo");
 }
 
 const QString noBook = QStringLiteral("none");
@@ -22,7 +23,8 @@ const QString noBook = QStringLiteral("none");
 // As built and as installed; empty when it is not there.
 QString besideProgram(const QString &library)
 {
-    return QFileInfo(QCoreApplication::applicationDirPath() + "/../lib/welmo/" + library)
+    return QFileInfo(QCoreApplication::applicationDirPath() + QStringLiteral("/../lib/welmo/")
+                     + library)
         .canonicalFilePath();
 }
 
@@ -76,23 +78,34 @@ QString pendantVersion()
 
 ParsedOptions parseOptions(const QStringList &arguments)
 {
-    const QCommandLineOption language("language", "Language of all texts: en or zh_CN.", "NAME");
-    const QCommandLineOption theme("theme", "Colours: light, dark or a theme file.", "THEME");
-    const QCommandLineOption data("data", "Folder for everything that is kept.", "DIR",
-                                  defaultDataFolder());
-    const QCommandLineOption module("module", "The welding package to load.", "PATH",
-                                    defaultModulePath());
-    const QCommandLineOption book("book", "The weld book to load beside it, or none.", "PATH",
-                                  defaultBookPath());
+    const QCommandLineOption language(QStringLiteral("language"),
+                                      QStringLiteral("Language of all texts: en or zh_CN."),
+                                      QStringLiteral("NAME"));
+    const QCommandLineOption theme(QStringLiteral("theme"),
+                                   QStringLiteral("Colours: light, dark or a theme file."),
+                                   QStringLiteral("THEME"));
+    const QCommandLineOption data(QStringLiteral("data"),
+                                  QStringLiteral("Folder for everything that is kept."),
+                                  QStringLiteral("DIR"), defaultDataFolder());
+    const QCommandLineOption module(QStringLiteral("module"),
+                                    QStringLiteral("The welding package to load."),
+                                    QStringLiteral("PATH"), defaultModulePath());
+    const QCommandLineOption book(QStringLiteral("book"),
+                                  QStringLiteral("The weld book to load beside it, or none."),
+                                  QStringLiteral("PATH"), defaultBookPath());
     const QCommandLineOption controller(
-        "controller",
-        "A cell on the network, mqtts://USER@HOST:PORT/CELL, in place of the one in here. mqtt:// "
-        "reaches this machine only; the password is taken from WELMO_BROKER_PASSWORD.",
-        "URL");
+        QStringLiteral("controller"),
+        QStringLiteral(
+            "A cell on the network, mqtts://USER@HOST:PORT/CELL, in place of the one in here. "
+            "mqtt:// "
+            "reaches this machine only; the password is taken from WELMO_BROKER_PASSWORD."),
+        QStringLiteral("URL"));
     const QCommandLineOption empty(
-        "empty", "A new controller starts without the parameter files of the example.");
+        QStringLiteral("empty"),
+        QStringLiteral("A new controller starts without the parameter files of the example."));
     QCommandLineParser parser;
-    parser.setApplicationDescription("A robot pendant with the arc-welding package.");
+    parser.setApplicationDescription(
+        QStringLiteral("A robot pendant with the arc-welding package."));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({language, theme, data, module, book, controller, empty});

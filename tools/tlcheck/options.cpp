@@ -34,18 +34,25 @@ QString complaintAbout(const Options &options, const QCommandLineParser &parser)
 
 Options parseOptions(const QStringList &arguments)
 {
-    const QCommandLineOption data("data",
-                                  "The pendant's data folder, whose project is looked into; "
-                                  "without one, the built-in project is.",
-                                  "DIR", pendantFolder());
-    const QCommandLineOption noReferences("no-references", "Look no names up; needs no project.");
-    const QCommandLineOption fix("fix", "Rewrite lines in their normal form, values unchanged.");
-    const QCommandLineOption json("json", "Write the findings as one JSON object.");
+    const QCommandLineOption data(
+        QStringLiteral("data"),
+        QStringLiteral("The pendant's data folder, whose project is looked into; "
+                       "without one, the built-in project is."),
+        QStringLiteral("DIR"), pendantFolder());
+    const QCommandLineOption noReferences(QStringLiteral("no-references"),
+                                          QStringLiteral("Look no names up; needs no project."));
+    const QCommandLineOption fix(
+        QStringLiteral("fix"),
+        QStringLiteral("Rewrite lines in their normal form, values unchanged."));
+    const QCommandLineOption json(QStringLiteral("json"),
+                                  QStringLiteral("Write the findings as one JSON object."));
     QCommandLineParser parser;
-    parser.setApplicationDescription(description);
+    parser.setApplicationDescription(QLatin1String(description));
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOptions({data, noReferences, fix, json});
-    parser.addPositionalArgument("FILE", "A program, as UTF-8 text.", "FILE...");
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 QStringLiteral("A program, as UTF-8 text."),
+                                 QStringLiteral("FILE..."));
 
     Options options;
     if (!parser.parse(arguments)) {

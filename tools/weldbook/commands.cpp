@@ -34,24 +34,33 @@ struct Call
 void setUp(QCommandLineParser *parser)
 {
     parser->setApplicationDescription(
-        "What was welded, out of the book in a pendant's data folder.\n\n"
-        "  list            one line for each weld, newest first\n"
-        "  show ID         all that is known of one weld\n"
-        "  export          the records as a table\n"
-        "  report ID       a page on one weld, as PDF\n"
-        "  report          the welds of the day --from, as PDF\n"
-        "  verify          reads everything, and says what is damaged");
+        QStringLiteral("What was welded, out of the book in a pendant's data folder.\n\n"
+                       "  list            one line for each weld, newest first\n"
+                       "  show ID         all that is known of one weld\n"
+                       "  export          the records as a table\n"
+                       "  report ID       a page on one weld, as PDF\n"
+                       "  report          the welds of the day --from, as PDF\n"
+                       "  verify          reads everything, and says what is damaged"));
     parser->addHelpOption();
-    parser->addPositionalArgument("command", "list, show, export, report or verify");
+    parser->addPositionalArgument(QStringLiteral("command"),
+                                  QStringLiteral("list, show, export, report or verify"));
     parser->addOptions({
-        {"data", "The pendant's data folder.", "DIR"},
-        {"from", "Welds that began on this day or later.", "YYYY-MM-DD"},
-        {"until", "Welds that began on this day or before.", "YYYY-MM-DD"},
-        {"program", "Welds of this program.", "NAME"},
-        {"file", "Welds with this welding file.", "NAME"},
-        {"verdict", "Welds found green, amber, red or none.", "WORD"},
-        {"format", "csv (unless told) or json.", "FORMAT", "csv"},
-        {"output", "Where to write; the terminal unless told.", "FILE"},
+        {QStringLiteral("data"), QStringLiteral("The pendant's data folder."),
+         QStringLiteral("DIR")},
+        {QStringLiteral("from"), QStringLiteral("Welds that began on this day or later."),
+         QStringLiteral("YYYY-MM-DD")},
+        {QStringLiteral("until"), QStringLiteral("Welds that began on this day or before."),
+         QStringLiteral("YYYY-MM-DD")},
+        {QStringLiteral("program"), QStringLiteral("Welds of this program."),
+         QStringLiteral("NAME")},
+        {QStringLiteral("file"), QStringLiteral("Welds with this welding file."),
+         QStringLiteral("NAME")},
+        {QStringLiteral("verdict"), QStringLiteral("Welds found green, amber, red or none."),
+         QStringLiteral("WORD")},
+        {QStringLiteral("format"), QStringLiteral("csv (unless told) or json."),
+         QStringLiteral("FORMAT"), QStringLiteral("csv")},
+        {QStringLiteral("output"), QStringLiteral("Where to write; the terminal unless told."),
+         QStringLiteral("FILE")},
     });
 }
 
@@ -190,8 +199,9 @@ struct Command
 };
 
 constexpr Command commands[] = {
-    {"list", list, 1},     {"show", show, 2},     {"export", exportTable, 1},
-    {"report", report, 2}, {"verify", verify, 1},
+    {QStringLiteral("list"), list, 1},          {QStringLiteral("show"), show, 2},
+    {QStringLiteral("export"), exportTable, 1}, {QStringLiteral("report"), report, 2},
+    {QStringLiteral("verify"), verify, 1},
 };
 
 int open(const Command &command, Call &call)
@@ -210,8 +220,9 @@ int open(const Command &command, Call &call)
 int run(Call &call)
 {
     const QString word = call.words.value(0);
-    const auto *command = std::find_if(std::begin(commands), std::end(commands),
-                                       [&](const Command &one) { return word == one.name; });
+    const auto *command =
+        std::find_if(std::begin(commands), std::end(commands),
+                     [&](const Command &one) { return word == QLatin1String(one.name); });
     if (command == std::end(commands))
         return call.complain(word.isEmpty()
                                  ? QStringLiteral("list, show, export, report or verify?")
