@@ -169,7 +169,8 @@ void PendantApp::showPluginError()
 {
     auto *page = new PluginErrorPage(m_loader->path(), m_loader->error());
     m_window->center()->addPage(this, pluginErrorKey, page);
-    addNavEntry(pluginErrorKey, tr("Package"), packageGroup, "widget/plugin_error", -1);
+    addNavEntry(pluginErrorKey, tr("Package"), packageGroup, QStringLiteral("widget/plugin_error"),
+                -1);
 }
 
 void PendantApp::addPages(controller::Faults *faults)
@@ -180,8 +181,8 @@ void PendantApp::addPages(controller::Faults *faults)
     facts.hasExample = faults != nullptr;
     const QList<kelp::ModuleObject *> entries = navEntries(m_host.get())->cmobjs();
     if (!m_loader->modules().isEmpty() && !entries.isEmpty()) {
-        facts.firstPage = entries.first()->r("nav")->getString();
-        facts.firstTitle = entries.first()->r("title")->getString();
+        facts.firstPage = entries.first()->r(QStringLiteral("nav"))->getString();
+        facts.firstTitle = entries.first()->r(QStringLiteral("title"))->getString();
     }
 
     tessa::MessageLog *log = m_host->helper()->log();
@@ -192,10 +193,11 @@ void PendantApp::addPages(controller::Faults *faults)
     m_window->center()->addPage(
         this, controllerKey,
         new ControllerPage(m_control.get(), m_cell.get(), m_host->helper()->status(), faults));
-    addNavEntry(homeKey, tr("Home"), mainGroup, "widget/home", 0);
-    addNavEntry(programKey, tr("Program"), mainGroup, "widget/program", 1);
-    addNavEntry(messagesKey, tr("Messages"), systemGroup, "widget/messages", -1);
-    addNavEntry(controllerKey, tr("Controller"), systemGroup, "widget/controller", -1);
+    addNavEntry(homeKey, tr("Home"), mainGroup, QStringLiteral("widget/home"), 0);
+    addNavEntry(programKey, tr("Program"), mainGroup, QStringLiteral("widget/program"), 1);
+    addNavEntry(messagesKey, tr("Messages"), systemGroup, QStringLiteral("widget/messages"), -1);
+    addNavEntry(controllerKey, tr("Controller"), systemGroup, QStringLiteral("widget/controller"),
+                -1);
     connect(home, &HomePage::exampleWanted, this, &PendantApp::weldExample);
     connect(home, &HomePage::pageWanted, m_window.get(), &PendantWindow::showPage);
     connect(home, &HomePage::displayChosen, this, &PendantApp::changeDisplay, Qt::QueuedConnection);

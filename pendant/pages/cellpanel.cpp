@@ -38,9 +38,9 @@ CellPanel::CellPanel(ControllerStatus *status, Cell *cell, bool hasLevel, QWidge
     grid->addWidget(m_fault, row, 1, Qt::AlignRight);
     body()->addLayout(grid);
     connect(m_mode, qOverload<int>(&QComboBox::activated), cell,
-            [cell](int row) { cell->turn(QStringLiteral("automatic"), row == 1); });
+            [cell](int index) { cell->turn(QStringLiteral("automatic"), index == 1); });
     connect(m_power, qOverload<int>(&QComboBox::activated), cell,
-            [cell](int row) { cell->turn(QStringLiteral("power"), row == 1); });
+            [cell](int index) { cell->turn(QStringLiteral("power"), index == 1); });
     connect(m_fault, &EnableButton::enabled, cell,
             [cell](bool on) { cell->turn(QStringLiteral("fault"), on); });
     connect(cell, &Cell::changed, this, &CellPanel::refresh);

@@ -63,11 +63,11 @@ void ArcCheckPage::addRow(const ArcCheck &check, QGridLayout *grid)
     const int row = grid->rowCount();
     auto *text = new QLabel(check.text, this);
     auto *value = new QLabel(this);
-    value->setObjectName("lblCheck_" + check.id);
+    value->setObjectName(QStringLiteral("lblCheck_") + check.id);
     value->setTextFormat(Qt::PlainText);
     value->setWordWrap(true);
     auto *button = new QPushButton(tr("Go there"), this);
-    button->setObjectName("btnCheck_" + check.id);
+    button->setObjectName(QStringLiteral("btnCheck_") + check.id);
     button->setAccessibleName(check.text);
     connect(button, &QPushButton::clicked, this,
             [this, page = check.page] { emit pageWanted(page); });

@@ -9,8 +9,7 @@
 #include "schema/welders.h"
 #include "schema/weldmode.h"
 #include "tessa/xservice.h"
-#include "tl/fileline.h"
-#include "tl/instruction.h"
+#include "tl/parsedline.h"
 
 namespace welmo::pendant {
 
@@ -105,9 +104,9 @@ private:
     QStringList firstSeam() const
     {
         for (int row = 0; row < m_program.rowCount(); ++row) {
-            const QString line = m_program.line(row);
-            if (tl::classify(line) == tl::Instruction::ArcOn)
-                return tl::parseFileLine(tl::Instruction::ArcOn, line).names;
+            const tl::ParsedLine line = tl::parse(m_program.line(row));
+            if (line.is(tl::Word::ArcOn))
+                return line.names;
         }
         return {};
     }

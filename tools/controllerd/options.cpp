@@ -79,8 +79,9 @@ Options parseOptions(const QStringList &arguments)
     parser.setApplicationDescription(QLatin1String(description));
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOptions({cell, broker, data, users});
-    parser.addPositionalArgument("backup|restore FILE", "Instead of serving.",
-                                 "[backup FILE | restore FILE]");
+    parser.addPositionalArgument(QStringLiteral("backup|restore FILE"),
+                                 QStringLiteral("Instead of serving."),
+                                 QStringLiteral("[backup FILE | restore FILE]"));
 
     Options options;
     if (!parser.parse(arguments)) {
