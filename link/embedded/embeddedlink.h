@@ -22,8 +22,8 @@ public:
     struct Options
     {
         QString dataFolder; ///< holds controller.db; empty: everything is in memory
-        bool example = false; ///< a controller without parameter files gets those of the examples
         controller::Clock clock = controller::steadyClock(); ///< called on both threads
+        bool example = false; ///< a controller without parameter files gets those of the examples
     };
 
     explicit EmbeddedLink(const Options &options, QObject *parent = nullptr);

@@ -697,6 +697,10 @@
         <source>The cell&apos;s switches could not be turned</source>
         <translation>无法切换单元开关</translation>
     </message>
+    <message>
+        <source>Cell</source>
+        <translation>单元</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::CellPanel</name>

@@ -83,9 +83,9 @@ QTableView *MessagesPage::makeTable()
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->horizontalHeader()->setSectionResizeMode(MessageLog::Text, QHeaderView::Stretch);
-    table->setColumnWidth(MessageLog::Time, 190);
+    table->setColumnWidth(MessageLog::Time, 220);
     table->setColumnWidth(MessageLog::Level, 130);
-    table->setColumnWidth(MessageLog::Sender, 170);
+    table->setColumnWidth(MessageLog::Sender, 160);
     return table;
 }
 

@@ -48,7 +48,7 @@ private:
     }
     QString faultsText() const
     {
-        const QVariantList faults = m_result.value(QStringLiteral("faults")).toList();
+        const QVariantList faults = itemsOf(m_result.value(QStringLiteral("faults")));
         if (faults.isEmpty())
             return {};
         const QVariantMap first = faults.first().toMap();

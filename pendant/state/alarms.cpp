@@ -60,20 +60,22 @@ void AlarmList::reload()
     m_service->watch(this, names::alarms, true);
     const auto answer = m_service->get(this, names::alarms);
     if (answer->getInt(0) == 0)
-        take(answer->toVariant().toMap().value(entriesKey).toList());
+        take(itemsOf(answer->toVariant().toMap().value(entriesKey)));
 }
 
 void AlarmList::take(const QVariantList &entries)
 {
     const bool isFirst = m_logged < 0;
     m_all.clear();
-    for (const QVariant &entry : entries) {
+    for (const QVariant &entry : entries)
         m_all.append(alarmFrom(entry.toMap()));
-        if (!isFirst && m_all.last().id > m_logged)
-            log(m_all.last());
-        m_logged = std::max(m_logged, m_all.last().id);
+    std::sort(m_all.begin(), m_all.end(),
+              [](const Alarm &a, const Alarm &b) { return a.id < b.id; });
+    for (const Alarm &alarm : qAsConst(m_all)) {
+        if (!isFirst && alarm.id > m_logged)
+            log(alarm);
     }
-    m_logged = std::max(m_logged, 0);
+    m_logged = std::max(m_logged, m_all.isEmpty() ? 0 : m_all.last().id);
     emit changed();
 }
 

@@ -22,6 +22,7 @@ Cell::Cell(tessa::Host *host, QObject *parent)
     : QObject(parent)
     , m_host(host)
 {
+    setObjectName(tr("Cell"));
     XService *service = host->service();
     connect(service->watchNode(names::cellState), &kelp::ModuleObject::changed, this,
             [this](const QVariant &values) { take(values.toMap()); });

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QVariantMap>
 
 namespace welmo::pendant {
 
@@ -57,6 +58,11 @@ QString reasonText(const QString &code, const QVariantList &arguments)
     for (int i = 0; i < arguments.size(); ++i)
         text.replace(QStringLiteral("%%1").arg(i + 1), arguments.at(i).toString());
     return text;
+}
+
+QVariantList itemsOf(const QVariant &list)
+{
+    return list.userType() == QMetaType::QVariantMap ? list.toMap().values() : list.toList();
 }
 
 QString codeText(int code)

@@ -167,6 +167,8 @@ private slots:
             Bench bench;
             const QVariantList before = bench.everything();
             bench.faults.set(fault, true);
+            bench.controller.tick(); // which tells of the fault itself
+            bench.told.clear();
             QCOMPARE(bench.run(command, payload, payloadName).code, code);
             QVERIFY(fault != Fault::DiskFull || bench.told.isEmpty());
             bench.faults.clear();

@@ -1,7 +1,6 @@
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
 #include <algorithm>
@@ -102,11 +101,9 @@ void weld(Tour &tour)
 
 void example(Tour &tour)
 {
-    const QTemporaryDir folder;
     tour.step("a fresh pendant welds its example at one press", "example", [&] {
         testsupport::Setup fresh;
-        fresh.dataFolder = folder.path();
-        fresh.example = fresh.keepFiles = true;
+        fresh.example = true;
         tour.restart(fresh);
         tour.click("btnWeldExample");
         Tour::await("welding", [&] { return current(tour) > 120; });
