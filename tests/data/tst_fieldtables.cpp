@@ -210,6 +210,16 @@ QStringList leaves(const kelp::ModuleObject *node, const QString &path = {})
     return keys;
 }
 
+QString onlyInOne(const QStringList &a, const QStringList &b)
+{
+    QStringList keys;
+    for (const QString &key : a + b) {
+        if (!a.contains(key) || !b.contains(key))
+            keys.append(key);
+    }
+    return keys.join(' ');
+}
+
 } // namespace
 
 /// Every row of every set, in both languages: what is stored is the same in both.
@@ -389,11 +399,11 @@ private slots:
         keys.sort();
         kelp::ModuleObject fresh("default");
         show(fresh);
-        QCOMPARE(leaves(&fresh), keys);
+        QCOMPARE(onlyInOne(leaves(&fresh), keys), QString());
         kelp::ModuleObject stored("file");
         m_fields->store(&stored);
         keys.removeOne("re_arcon.scratch_on_failure"); // no save touches what no control shows
-        QCOMPARE(leaves(&stored), keys);
+        QCOMPARE(onlyInOne(leaves(&stored), keys), QString());
     }
 };
 
