@@ -67,6 +67,7 @@ PendantApp::PendantApp(const Options &options, Connector connector)
     connect(&m_numbers, &NumberEntry::refused, this, [this](const QString &line) {
         m_host->helper()->throwLog(this, QStringLiteral("error"), line);
     });
+    connect(&m_proofs, &ViewerProofs::missing, &m_holds, &KeyHolds::letGo);
     connect(&m_keyboard, &KeyboardWatch::disturbed, &m_holds, &KeyHolds::letGo);
     connect(&m_keyboard, &KeyboardWatch::released, this, [this](int scanCode) {
         m_holds.up({KeyHolds::Keyboard, scanCode});

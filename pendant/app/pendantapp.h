@@ -9,6 +9,7 @@
 #include "pendant/input/fieldpads.h"
 #include "pendant/input/keyboardwatch.h"
 #include "pendant/input/numberentry.h"
+#include "pendant/input/viewerproofs.h"
 #include "pendant/input/wheelguard.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/window/keyholds.h"
@@ -81,6 +82,7 @@ private:
     NumberEntry m_numbers;
     FieldPads m_pads{&m_numbers};
     WheelGuard m_wheel;
+    ViewerProofs m_proofs;
     std::unique_ptr<PluginLoader> m_loader;
     std::unique_ptr<PluginLoader> m_book;
     std::unique_ptr<tessa::Host> m_host;

@@ -3,8 +3,11 @@
 #include <QTest>
 #include <QX11Info>
 #include <clocale>
+#include <fcntl.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
 
+#include "pendant/input/viewerproofs.h"
 #include "support/locale.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
@@ -137,6 +140,30 @@ private slots:
         }
         QVERIFY2(desk.pendant.lastMessage().startsWith("error: 1500 is out of range: 0 to "),
                  qPrintable(desk.pendant.lastMessage()));
+    }
+    // The program that carries a viewer's hand to this window stands still.
+    void aHangingRelayHoldsNothing()
+    {
+        int ends[2];
+        QVERIFY(pipe2(ends, O_NONBLOCK) == 0);
+        qputenv(welmo::pendant::ViewerProofs::variable, QByteArray::number(ends[0]));
+        QTimer proofs;
+        connect(&proofs, &QTimer::timeout, [&] { QCOMPARE(write(ends[1], ".", 1), ssize_t(1)); });
+        proofs.start(50);
+        Desk desk;
+        qunsetenv(welmo::pendant::ViewerProofs::variable);
+        desk.down("F1");
+        QTRY_COMPARE(desk.wire(), "F");
+        proofs.stop();
+        QTRY_COMPARE(desk.wire(), "F.");
+        desk.up("F1");
+        proofs.start();
+        QTRY_VERIFY([&] {
+            desk.key("key", {"F1"});
+            return desk.wire() == "F.F.";
+        }());
+        close(ends[0]);
+        close(ends[1]);
     }
     void aPressWithAModifierIsNone()
     {

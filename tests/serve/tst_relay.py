@@ -1,5 +1,6 @@
 """A browser that is lost lets go: the relay of tools/serve between a browser and a screen, on loopback."""
 
+import http.client
 import os
 import signal
 import socket
@@ -10,8 +11,6 @@ import tempfile
 import threading
 import time
 import unittest
-import urllib.error
-import urllib.request
 from unittest import mock
 
 import relay
@@ -27,11 +26,12 @@ KEY_UP = struct.pack(">BBxxI", 4, 0, 0xFF0D)
 class Browser:
     """The little of a browser that the relay sees."""
 
-    def __init__(self, port):
+    def __init__(self, port, token):
         host = f"127.0.0.1:{port}"
         self.socket = socket.create_connection(("127.0.0.1", port), PATIENT)
         self.socket.sendall(
             f"GET / HTTP/1.1\r\nHost: {host}\r\nOrigin: http://{host}\r\nUpgrade: websocket\r\n"
+            f"Cookie: {relay.COOKIE}={token}\r\n"
             "Connection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
             "Sec-WebSocket-Key: AAAAAAAAAAAAAAAAAAAAAA==\r\n\r\n".encode()
         )
@@ -44,9 +44,9 @@ class Browser:
         self.socket.sendall(bytes([0x82, 0x80 | len(data)]) + bytes(4) + data)
 
 
-def browse(port, held):
+def browse(port, token, held):
     """Stays connected with something held; in a process of its own, which can be killed."""
-    browser = Browser(port)
+    browser = Browser(port, token)
     browser.send(HELLO + held)
     while True:
         time.sleep(0.1)
@@ -61,13 +61,14 @@ class RelayTest(unittest.TestCase):
         self.screens.bind(os.path.join(folder, "vnc.sock"))
         self.screens.listen()
         self.screens.settimeout(PATIENT)
-        self.server = relay.open_server(os.path.join(folder, "vnc.sock"))
+        self.proofs = threading.Semaphore(0)
+        self.server = relay.open_server(os.path.join(folder, "vnc.sock"), self.proofs.release)
         self.addCleanup(self.server.server_close)
         self.addCleanup(self.server.shutdown)
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
 
     def browser(self):
-        browser = Browser(self.server.server_port)
+        browser = Browser(self.server.server_port, self.server.token)
         self.addCleanup(browser.socket.close)
         return browser
 
@@ -92,7 +93,8 @@ class RelayTest(unittest.TestCase):
         for how in (signal.SIGKILL, signal.SIGSTOP):
             for held, release in ((BUTTON, BUTTON_UP), (KEY, KEY_UP)):
                 with self.subTest(how=how.name, held=held):
-                    arguments = [sys.executable, __file__, str(self.server.server_port), held.hex()]
+                    arguments = [sys.executable, __file__, str(self.server.server_port)]
+                    arguments += [self.server.token, held.hex()]
                     browser = subprocess.Popen(arguments)
                     self.addCleanup(browser.wait)
                     self.addCleanup(browser.kill)
@@ -125,18 +127,45 @@ class RelayTest(unittest.TestCase):
         browser.socket.close()
         self.assertEqual(screen.recv(1), b"")
 
-    def test_page_from_elsewhere(self):
-        request = urllib.request.Request(
-            f"http://127.0.0.1:{self.server.server_port}/",
-            headers={"Origin": "http://elsewhere", "Upgrade": "websocket", "Connection": "Upgrade"},
-        )
-        with self.assertRaises(urllib.error.HTTPError) as refusal:
-            urllib.request.build_opener(urllib.request.ProxyHandler({})).open(request, timeout=PATIENT)
-        self.assertEqual(refusal.exception.code, 403)
-        refusal.exception.close()
+    def ask(self, path="/", **headers):
+        """The status of the answer, and the cookie that came with it."""
+        port = self.server.server_port
+        connection = http.client.HTTPConnection("127.0.0.1", port, timeout=PATIENT)
+        self.addCleanup(connection.close)
+        cookie = f"{relay.COOKIE}={self.server.token}"
+        connection.request("GET", path, headers={"Cookie": cookie, **headers})
+        answer = connection.getresponse()
+        return answer.status, (answer.getheader("Set-Cookie") or "").split(";")[0]
+
+    def test_who_may_look(self):
+        """This machine by name, with the token of the address that was printed, from our own page."""
+        cookie = f"{relay.COOKIE}={self.server.token}"
+        upgrade = {"Upgrade": "websocket", "Connection": "Upgrade"}
+        printed = "/" + self.server.address().rpartition("/")[2]
+        self.assertEqual(self.ask(), (200, ""))
+        self.assertEqual(self.ask(Host="localhost:8080"), (200, ""))
+        self.assertEqual(self.ask(printed, Cookie=""), (303, cookie))
+        self.assertEqual(self.ask(printed + "x", Cookie=""), (403, ""))
+        self.assertEqual(self.ask(Cookie=""), (403, ""))
+        self.assertEqual(self.ask(Host="elsewhere"), (403, ""))
+        self.assertEqual(self.ask(Origin="http://elsewhere", **upgrade), (403, ""))
+
+    def test_message_beyond_reason(self):
+        """A clipboard of two gigabytes is announced, and ends the connection."""
+        browser = self.browser()
+        browser.send(HELLO + struct.pack(">BxxxI", 6, 2**31 - 1))
+        screen = self.accept()
+        self.assertEqual(screen.recv(1), b"")
+
+    def test_proofs(self):
+        """The pendant hears of a relay that looks after a viewer, though nobody moves."""
+        self.browser().send(HELLO)
+        self.assert_comes(self.accept(), HELLO)
+        for _ in range(10):
+            self.assertTrue(self.proofs.acquire(timeout=PATIENT))
 
 
 if __name__ == "__main__":
-    if len(sys.argv) == 3:
-        browse(int(sys.argv[1]), bytes.fromhex(sys.argv[2]))
+    if len(sys.argv) == 4:
+        browse(int(sys.argv[1]), sys.argv[2], bytes.fromhex(sys.argv[3]))
     unittest.main()

@@ -1,16 +1,20 @@
 """Serves the page, and carries its WebSocket to the X server's VNC socket."""
 
+import hmac
+import http.cookies
 import os
+import secrets
 import select
 import socket
+import threading
 import time
 from http.server import SimpleHTTPRequestHandler, ThreadingHTTPServer
-from urllib.parse import urlsplit
+from urllib.parse import parse_qs, urlsplit
 
 from websockify.websocket import WebSocket, WebSocketWantReadError
 from websockify.websocketserver import WebSocketRequestHandlerMixIn
 
-from rfb import ViewerStream
+from rfb import LONGEST, ViewerStream
 
 PAGE = os.path.join(os.path.dirname(__file__), "page")
 NOVNC = "/usr/share/novnc"
@@ -22,9 +26,80 @@ SILENCE_LIMIT = 1.0
 SEND_LIMIT = 2.0
 FIRST_PORT = 6080
 
+# The names of this machine to itself. A page that lets its own name point here sends that name.
+LOOPBACK_NAMES = ("127.0.0.1", "localhost")
+COOKIE = "welmo-token"
+
+# A browser opens about six connections at once; one that says nothing may not keep a place.
+MOST_CONNECTIONS = 64
+MOST_VIEWERS = 4
+REQUEST_LIMIT = 3.0
+# While a viewer holds something, the pendant hears so often that the relay still looks after it.
+PROOF_PACE = 0.1
+
+
+class Server(ThreadingHTTPServer):
+    """Serves a limited number of connections; those beyond are closed unheard."""
+
+    def __init__(self, port, vnc_socket, prove):
+        super().__init__(("127.0.0.1", port), Handler)
+        self.vnc_socket = vnc_socket
+        self.prove = prove
+        self.token = secrets.token_urlsafe(16)
+        self.viewers = threading.BoundedSemaphore(MOST_VIEWERS)
+        self._places = threading.BoundedSemaphore(MOST_CONNECTIONS)
+
+    def address(self):
+        return f"http://127.0.0.1:{self.server_port}/?token={self.token}"
+
+    def process_request(self, request, client_address):
+        if not self._places.acquire(blocking=False):
+            self.shutdown_request(request)
+            return
+        super().process_request(request, client_address)
+
+    def process_request_thread(self, request, client_address):
+        try:
+            super().process_request_thread(request, client_address)
+        finally:
+            self._places.release()
+
 
 class Handler(WebSocketRequestHandlerMixIn, SimpleHTTPRequestHandler):
     SocketClass = WebSocket
+    timeout = REQUEST_LIMIT
+
+    def parse_request(self):
+        return super().parse_request() and self.is_welcome()
+
+    def is_welcome(self):
+        """Whether the request names this machine and knows the token; answers it otherwise."""
+        # With any port: a tunnel from another machine has one of its own.
+        if self.headers.get("Host", "").split(":")[0] not in LOOPBACK_NAMES:
+            self.send_error(403, "Not the name of this machine")
+            return False
+        url = urlsplit(self.path)
+        if self.is_token(parse_qs(url.query).get("token", [""])[0]):
+            self.hand_out_cookie(url.path)
+            return False
+        cookies = http.cookies.SimpleCookie(self.headers.get("Cookie", ""))
+        if COOKIE in cookies and self.is_token(cookies[COOKIE].value):
+            return True
+        self.send_error(403, "Open the address that was printed at the start")
+        return False
+
+    def is_token(self, text):
+        return hmac.compare_digest(text.encode(), self.server.token.encode())
+
+    def hand_out_cookie(self, path):
+        """The token leaves the address, so that no history or screenshot keeps it."""
+        self.send_response(303)
+        self.send_header("Location", path)
+        self.send_header(
+            "Set-Cookie", f"{COOKIE}={self.server.token}; HttpOnly; SameSite=Strict; Path=/"
+        )
+        self.send_header("Content-Length", "0")
+        self.end_headers()
 
     def translate_path(self, path):
         self.directory = NOVNC if path.startswith(("/core/", "/vendor/")) else PAGE
@@ -45,24 +120,33 @@ class Handler(WebSocketRequestHandlerMixIn, SimpleHTTPRequestHandler):
         super().handle_upgrade()
 
     def handle_websocket(self):
+        if not self.server.viewers.acquire(blocking=False):
+            return
+        try:
+            self.view()
+        finally:
+            self.server.viewers.release()
+
+    def view(self):
         self.request.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
         self.request.settimeout(SEND_LIMIT)
         viewer = ViewerStream()
         with socket.socket(socket.AF_UNIX) as screen:
             try:
                 screen.connect(self.server.vnc_socket)
-                carry(self.request, screen, viewer)
+                carry(self.request, screen, viewer, self.server.prove)
             except (OSError, ValueError):
                 pass  # However a connection ends, what follows is the same.
             finally:
                 let_go(screen, viewer)
 
 
-def carry(browser, screen, viewer):
+def carry(browser, screen, viewer, prove):
     """Carries both directions until one side ends, or the browser holds and is silent."""
     last_heard = time.monotonic()
     while True:
-        ready, _, _ = select.select([browser, screen], [], [], SILENCE_LIMIT / 4)
+        ready, _, _ = select.select([browser, screen], [], [], PROOF_PACE)
+        prove()
         if browser in ready:
             data = receive(browser)
             if data is None:
@@ -88,7 +172,9 @@ def receive(browser):
                 return None
             data += message
     except WebSocketWantReadError:
-        pass
+        # websockify keeps what is not whole yet, however much a browser announces.
+        if len(browser._recv_buffer) + len(browser._partial_msg) > 2 * LONGEST:
+            raise ValueError("a message beyond reason") from None
     return data
 
 
@@ -104,13 +190,14 @@ def let_go(screen, viewer):
         pass  # The X server is gone, and its pendant with it.
 
 
-def open_server(vnc_socket):
-    """A server on the first free port of the loopback address."""
+def open_server(vnc_socket, prove):
+    """A server on the first free port of the loopback address.
+
+    It calls prove() again and again while a viewer is looked after.
+    """
     for port in range(FIRST_PORT, FIRST_PORT + 100):
         try:
-            server = ThreadingHTTPServer(("127.0.0.1", port), Handler)
+            return Server(port, vnc_socket, prove)
         except OSError:
             continue
-        server.vnc_socket = vnc_socket
-        return server
     raise OSError(f"no free port between {FIRST_PORT} and {FIRST_PORT + 99}")

@@ -24,6 +24,10 @@ LENGTHS = {
 }
 
 
+# The longest message that a viewer has a reason to send: a clipboard of text.
+LONGEST = 256 * 1024
+
+
 class ViewerStream:
     """Cuts what a viewer sends into whole messages and follows its buttons and keys."""
 
@@ -61,7 +65,11 @@ class ViewerStream:
         if self._pending[0] not in LENGTHS:
             raise ValueError(f"unknown viewer message {self._pending[0]}")
         needed, length = LENGTHS[self._pending[0]]
-        return length(self._pending) if len(self._pending) >= needed else 0
+        if len(self._pending) < needed:
+            return 0
+        if length(self._pending) > LONGEST:
+            raise ValueError("a viewer message beyond reason")
+        return length(self._pending)
 
     def _follow(self, message):
         if self._handshake:

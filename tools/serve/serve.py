@@ -46,6 +46,8 @@ def start_screen(folder, stack):
     command = ["Xvnc", "-displayfd", str(write_end), "-geometry", "1280x800", "-depth", "24"]
     command += ["-dpi", "96", "-nolisten", "tcp", "-SecurityTypes", "None", "-AlwaysShared"]
     command += ["-rfbport", "-1", "-rfbunixpath", vnc_socket(folder), "-AcceptSetDesktopSize=0"]
+    # Only the relay reaches the socket, and it would be the one that is shut out.
+    command += ["-UseBlacklist=0"]
     with open(log, "wb") as output:
         screen = start(command, pass_fds=[write_end], stdout=output, stderr=output)
     stack.callback(stop, screen)
@@ -68,18 +70,28 @@ def program_environment(folder, display):
     return environment
 
 
+def prove(pipe):
+    """Tells the pendant that its viewers are looked after; a full pipe holds enough of it."""
+    with contextlib.suppress(OSError):
+        os.write(pipe, b".")
+
+
 def serve(program):
     with contextlib.ExitStack() as stack:
         folder = stack.enter_context(tempfile.TemporaryDirectory(prefix="welmo-"))
         display = start_screen(folder, stack)
-        server = open_server(vnc_socket(folder))
+        proofs, prover = os.pipe2(os.O_NONBLOCK | os.O_CLOEXEC)
+        server = open_server(vnc_socket(folder), lambda: prove(prover))
         threading.Thread(target=server.serve_forever, daemon=True).start()
         stack.callback(server.shutdown)
-        child = start(program, env=program_environment(folder, display))
+        environment = program_environment(folder, display)
+        environment["WELMO_VIEWER_PROOFS"] = str(proofs)
+        child = start(program, env=environment, pass_fds=[proofs])
+        os.close(proofs)
         stack.callback(stop, child)
         # A second Ctrl-C must not interrupt the cleaning up.
         stack.callback(lambda: [signal.signal(number, signal.SIG_IGN) for number in SIGNALS])
-        print(f"==> the pendant is at http://127.0.0.1:{server.server_port}/", flush=True)
+        print(f"==> the pendant is at {server.address()}", flush=True)
         print("==> Ctrl-C stops it", flush=True)
         status = child.wait()
         return status if status >= 0 else 128 - status

@@ -1,0 +1,36 @@
+#include "pendant/input/viewerproofs.h"
+
+namespace welmo::pendant {
+
+namespace {
+
+constexpr int lookMs = 50;
+constexpr int silenceMs = 400;
+
+} // namespace
+
+ViewerProofs::ViewerProofs(QObject *parent)
+    : QObject(parent)
+{
+    bool given = false;
+    const int pipe = qEnvironmentVariableIntValue(variable, &given);
+    if (!given || !m_pipe.open(pipe, QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return;
+    m_silence.start();
+    m_looks.setInterval(lookMs);
+    connect(&m_looks, &QTimer::timeout, this, &ViewerProofs::look);
+    m_looks.start();
+}
+
+// Read here and not when something comes in: a busy user interface must not take its own delay for
+// silence.
+void ViewerProofs::look()
+{
+    char bytes[256];
+    if (m_pipe.read(bytes, sizeof bytes) > 0)
+        m_silence.restart();
+    else if (m_silence.hasExpired(silenceMs))
+        emit missing();
+}
+
+} // namespace welmo::pendant
