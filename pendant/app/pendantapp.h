@@ -12,6 +12,7 @@
 #include "pendant/input/viewerproofs.h"
 #include "pendant/input/wheelguard.h"
 #include "pendant/program/programdocument.h"
+#include "pendant/window/dialogshade.h"
 #include "pendant/window/keyholds.h"
 #include "tessa/controllerstatus.h"
 
@@ -82,6 +83,7 @@ private:
     NumberEntry m_numbers;
     FieldPads m_pads{&m_numbers};
     WheelGuard m_wheel;
+    DialogShade m_shade;
     ViewerProofs m_proofs;
     std::unique_ptr<PluginLoader> m_loader;
     std::unique_ptr<PluginLoader> m_book;

@@ -2,6 +2,7 @@
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 
@@ -113,6 +114,21 @@ private slots:
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QVERIFY(!pad);
         }
+    }
+    void aMessageBoxDimsThePage()
+    {
+        TestPendant pendant;
+        const auto lightness = [&] {
+            return pendant.window()->grab().toImage().pixelColor(600, 740).lightness();
+        };
+        const int before = lightness();
+        QMessageBox box(QMessageBox::Warning, "title", "question", QMessageBox::Ok,
+                        pendant.window());
+        box.open();
+        QVERIFY(lightness() < before / 2);
+        QCOMPARE(box.iconPixmap().isNull(), false);
+        box.close();
+        QCOMPARE(lightness(), before);
     }
     void theWheel()
     {
