@@ -2,6 +2,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QMutex>
+#include <QTimer>
 #include <cstdio>
 #include <sys/resource.h>
 
@@ -67,8 +68,11 @@ template<typename Condition>
 bool waitFor(Condition condition, int timeoutMs = limitMs)
 {
     const QDeadlineTimer deadline(timeoutMs);
+    // With a limit of time the call would not wait at all: a timer ends it instead.
+    QTimer wake;
+    wake.start(5);
     while (!condition() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 10);
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     return condition();
 }
 

@@ -71,25 +71,29 @@ Statement &Statement::bind(int index, const QString &text)
 
 Statement &Statement::bind(int index, const QByteArray &utf8)
 {
-    sqlite3_bind_text(m_handle, index, utf8.constData(), utf8.size(), SQLITE_TRANSIENT);
-    return *this;
+    return bound(
+        sqlite3_bind_text(m_handle, index, utf8.constData(), utf8.size(), SQLITE_TRANSIENT));
 }
 
 Statement &Statement::bind(int index, qint64 number)
 {
-    sqlite3_bind_int64(m_handle, index, number);
-    return *this;
+    return bound(sqlite3_bind_int64(m_handle, index, number));
 }
 
 Statement &Statement::bindNull(int index)
 {
-    sqlite3_bind_null(m_handle, index);
+    return bound(sqlite3_bind_null(m_handle, index));
+}
+
+Statement &Statement::bound(int result)
+{
+    m_incomplete = m_incomplete || result != SQLITE_OK;
     return *this;
 }
 
 int Statement::step()
 {
-    return m_handle ? sqlite3_step(m_handle) : SQLITE_ERROR;
+    return m_handle && !m_incomplete ? sqlite3_step(m_handle) : SQLITE_ERROR;
 }
 
 bool Statement::run()
@@ -102,6 +106,7 @@ bool Statement::run()
 void Statement::reset()
 {
     sqlite3_reset(m_handle);
+    m_incomplete = false;
 }
 
 bool Statement::isNull(int column) const

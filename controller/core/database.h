@@ -59,7 +59,10 @@ public:
     QString text(int column) const { return QString::fromUtf8(utf8(column)); }
 
 private:
+    Statement &bound(int result);
+
     sqlite3_stmt *m_handle = nullptr;
+    bool m_incomplete = false; // a place could not be filled: it must not run with what was there
 };
 
 } // namespace welmo::controller

@@ -98,7 +98,8 @@ Reply CellService::handle(const Request &request)
 void CellService::onOnline()
 {
     m_reported.clear();
-    m_echo = m_station.now();
+    m_shown = m_station.now();
+    m_echo = m_shown;
     m_client->subscribe(m_topics.request(QStringLiteral("+")), 1);
     m_client->subscribe(m_topics.beat(QStringLiteral("+")), 0);
     m_client->subscribe(m_topics.alive(), 0);
@@ -124,6 +125,10 @@ void CellService::onOffline(const QString &reason)
 /// On the client's thread: what is too much never gets to ours.
 void CellService::takeIn(const MqttMessage &message)
 {
+    if (message.topic == m_topics.alive()) {
+        m_echo = m_options.clock();
+        return;
+    }
     static const controller::Clock clock = controller::steadyClock();
     const QString requester = m_topics.requester(message.topic);
     const QString user = requester.isEmpty() ? m_topics.beater(message.topic) : requester;
@@ -151,10 +156,6 @@ void CellService::workOff()
 
 void CellService::onMessage(const MqttMessage &message, const QString &user)
 {
-    if (message.topic == m_topics.alive()) {
-        m_echo = m_station.now();
-        return;
-    }
     if (!m_station.isReachable())
         return;
     if (message.retained)
@@ -347,7 +348,8 @@ void CellService::showAlive()
         alive.beat = holder->lastBeat;
     }
     publish(m_topics.alive(), protocol::toMessage(alive));
-    if (now - m_echo > echoMs) {
+    // While this thread was held up nothing was sent, and nothing could come back.
+    if (std::exchange(m_shown, now) - m_echo > echoMs) {
         m_echo = now;
         m_client->restart();
     }

@@ -28,7 +28,7 @@ public:
         BrokerAddress address;
         QString dataFolder; ///< holds controller.db; empty: everything is in memory
         Roles roles;
-        controller::Clock clock = controller::steadyClock();
+        controller::Clock clock = controller::steadyClock(); ///< called on two threads
     };
 
     /// What came in and was not carried out, by reason.
@@ -107,7 +107,8 @@ private:
     QTimer m_work; // of no length: the other timers get their turn in between
     std::atomic<bool> m_workWanted{false};
     std::atomic<int> m_crowded{0};
-    qint64 m_echo = 0; // when our own sign of life came back last
+    std::atomic<qint64> m_echo{0}; // when our own sign of life came back last
+    qint64 m_shown = 0; // when it was sent last
     std::unique_ptr<MqttClient> m_client; // last: its thread ends first
 };
 

@@ -1,6 +1,7 @@
 #include "link/mqtt/mqttclient.h"
 
 #include <QElapsedTimer>
+#include <QRandomGenerator>
 #include <algorithm>
 #include <array>
 #include <mosquitto.h>
@@ -17,7 +18,8 @@ namespace {
 
 constexpr int keepAliveSeconds = 5; // the least the library takes
 constexpr int answerMs = 2000; // for the broker to take us
-constexpr int restMs = 200; // before the next attempt
+constexpr int restMs = 200; // before the next attempt, longer after each that came to nothing
+constexpr int longestRestMs = 1500;
 constexpr int idleMs = 500; // for keep-alive and for a broker that does not answer
 
 void useLibrary()
@@ -41,6 +43,7 @@ struct MqttClient::Callbacks
             return;
         }
         client.m_online = true;
+        client.m_rest = restMs;
         client.m_handlers.online();
     }
 
@@ -64,6 +67,7 @@ void MqttClient::Closer::operator()(mosquitto *handle) const
 MqttClient::MqttClient(Options options, Handlers handlers)
     : m_options(std::move(options))
     , m_handlers(std::move(handlers))
+    , m_rest(restMs)
     , m_wake(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))
 {
     useLibrary();
@@ -155,8 +159,11 @@ void MqttClient::run()
 
 void MqttClient::rest()
 {
+    // Never all of a hall at the same moment.
+    const int rest = QRandomGenerator::global()->bounded(m_rest / 2, m_rest + 1);
+    m_rest = std::min(m_rest * 3 / 2, longestRestMs);
     std::unique_lock lock(m_mutex);
-    m_ended.wait_for(lock, std::chrono::milliseconds(restMs), [this] { return m_ending.load(); });
+    m_ended.wait_for(lock, std::chrono::milliseconds(rest), [this] { return m_ending.load(); });
 }
 
 // What the library has still to send goes with its handle: each connection has a new one.

@@ -32,6 +32,30 @@ QVariantMap contentIn(const Store &store)
     return content;
 }
 
+// SQLite's memory, of which one request is refused.
+sqlite3_mem_methods s_memory;
+int s_requests = 0;
+int s_refused = -1;
+
+void *allocate(int size)
+{
+    return s_requests++ == s_refused ? nullptr : s_memory.xMalloc(size);
+}
+
+void *reallocate(void *block, int size)
+{
+    return s_requests++ == s_refused ? nullptr : s_memory.xRealloc(block, size);
+}
+
+void countMemoryRequests()
+{
+    sqlite3_config(SQLITE_CONFIG_GETMALLOC, &s_memory);
+    sqlite3_mem_methods counting = s_memory;
+    counting.xMalloc = allocate;
+    counting.xRealloc = reallocate;
+    sqlite3_config(SQLITE_CONFIG_MALLOC, &counting);
+}
+
 /// As any other program would.
 void executeIn(const QString &file, const char *sql)
 {
@@ -50,6 +74,7 @@ class tst_StoreFaults : public QObject
 {
     Q_OBJECT
 private slots:
+    void initTestCase() { countMemoryRequests(); }
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
     void aLockNeedsALivingHolder()
@@ -152,6 +177,35 @@ private slots:
         QVERIFY(open()->write({{path, "a", 1}, {path, "b", 2}}));
         executeIn(file(), "DELETE FROM entry WHERE key = 'a'");
         QCOMPARE(open()->complaints().size(), 1);
+    }
+
+    // In a start, a save and a load, once at each request for memory.
+    void memoryRunsOutOnce()
+    {
+        QVERIFY(open()->write({{path, "a", 0}}));
+        int known = 0;
+        for (int refused = 0;; ++refused) {
+            s_requests = 0;
+            s_refused = refused;
+            bool written = false;
+            if (const auto store = open()) {
+                written = store->write({{path, "a", refused + 1}});
+                if (const auto entry = store->read(path, "a"); entry && written)
+                    QCOMPARE(entry->value, QVariant(refused + 1));
+            }
+            const bool reached = s_requests > refused;
+            s_refused = -1;
+            const auto store = open();
+            QVERIFY2(store, qPrintable(m_problem));
+            QCOMPARE(store->complaints(), QStringList());
+            const int stored = store->read(path, "a")->value.toInt();
+            QVERIFY(stored == refused + 1 || (!written && stored == known));
+            known = stored;
+            if (!reached) {
+                QVERIFY(refused > 300);
+                return;
+            }
+        }
     }
 
     void backedUpAtWorkAndRestored()

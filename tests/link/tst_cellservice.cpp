@@ -315,6 +315,24 @@ private slots:
         QCOMPARE(flaps.size(), 0);
     }
 
+    void aCellThatWasHeldUpKeepsItsConnection()
+    {
+        const auto turned = std::make_shared<std::atomic<qint64>>(0);
+        const welmo::controller::Clock steady = welmo::controller::steadyClock();
+        auto options = Cell::options(Broker::shared().as("cell"));
+        options.clock = [turned, steady] { return steady() + *turned; };
+        const Cell cell(options);
+        RawClient raw(Broker::shared().as("anna"), "anna");
+        QVERIFY(raw.greet());
+        QSignalSpy outages(cell.service(), &welmo::links::CellService::problem);
+        *turned = 3000;
+        for (int times = 0; times < 200; ++times) {
+            raw.deadline += 3000;
+            QCOMPARE(raw.ask({get, modeNode}).code, 0);
+        }
+        QCOMPARE(outages.size(), 0);
+    }
+
     void rolesChangeAtOnce()
     {
         using welmo::links::Role;
