@@ -199,9 +199,8 @@ struct Command
 };
 
 constexpr Command commands[] = {
-    {QStringLiteral("list"), list, 1},          {QStringLiteral("show"), show, 2},
-    {QStringLiteral("export"), exportTable, 1}, {QStringLiteral("report"), report, 2},
-    {QStringLiteral("verify"), verify, 1},
+    {"list", list, 1},     {"show", show, 2},     {"export", exportTable, 1},
+    {"report", report, 2}, {"verify", verify, 1},
 };
 
 int open(const Command &command, Call &call)
