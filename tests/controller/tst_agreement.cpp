@@ -1,0 +1,149 @@
+#include <QDirIterator>
+#include <QRandomGenerator>
+#include <QtTest>
+
+#include "programbench.h"
+#include "tl/checker.h"
+#include "tl/parse.h"
+
+using namespace welmo;
+using tl::Finding;
+
+namespace {
+
+/// A controller with one file of each set, and the names in its project.
+struct Cell : ProgramBench
+{
+    Cell() { save("weave_param", {{"name", "weavedata1"}}); }
+
+    tl::ProjectNames names()
+    {
+        tl::ProjectNames names;
+        for (const char *part : {"system_list", "_list"}) {
+            for (const QVariant &point : list("point", part))
+                names.points.insert(point.toMap().value("name").toString(), {});
+            for (const QVariant &item : list("var", part)) {
+                const QVariantMap variable = item.toMap();
+                auto &set = variable.value("type") == "zone" ? names.zones : names.speeds;
+                set.insert(variable.value("name").toString());
+            }
+            for (const QVariant &tool : list("tool", part))
+                names.tools.insert(tool.toMap().value("name").toString());
+            for (const QVariant &wobj : list("wobj", part))
+                names.wobjs.insert(wobj.toMap().value("name").toString());
+        }
+        names.files = {"arcondata1", "arcdata1", "arcoffdata1", "weavedata1"};
+        return names;
+    }
+    QVariantList list(const char *kind, const char *part)
+    {
+        return get("orbo.project", QString("%1.%2").arg(kind, part)).value.toList();
+    }
+    /// Whether the controller takes the line: neither an end with a reason nor left out.
+    bool takes(const QString &line)
+    {
+        go({line}, "simu");
+        pass(20);
+        const QString message = state("message").toString();
+        run("tl_program.stop");
+        const bool wasLeftOut = message.contains("ignored");
+        // Where the robot can go is no matter of the language.
+        return !wasLeftOut
+            && (!message.startsWith("line 1: ") || message.contains("does not get to"));
+    }
+};
+
+/// Pieces of lines, right and nearly right.
+QString randomLine(QRandomGenerator &random)
+{
+    static const QStringList lines{"ArcOn \"arcondata1\",\"arcdata1\"",
+                                   "ArcOff \"arcoffdata1\"",
+                                   "WMoveL Offs(p3,0,10,0),v50,fine,torch1,wobj0,\"weavedata1\"",
+                                   "WMoveC p7,p8,v50,z1,torch1,wobj0",
+                                   "MoveL p3,v200,fine,torch1",
+                                   "MoveJ p1,v200,z5,torch1",
+                                   "WeaveOn \"weavedata1\"",
+                                   "WeaveOff",
+                                   "FeedOnWire 1.5",
+                                   "FeedBackWire 0.05",
+                                   "DetectGas 4000",
+                                   "SegOn \"segdata1\"",
+                                   "SegOff",
+                                   "Weaveoff"};
+    static const QStringList pieces{" ",
+                                    "  ",
+                                    ",",
+                                    ", ",
+                                    "\t",
+                                    ";",
+                                    " // x",
+                                    "//",
+                                    "\"",
+                                    "#",
+                                    "!",
+                                    "(",
+                                    ")",
+                                    "1",
+                                    "0.05",
+                                    "A",
+                                    "p9",
+                                    ",wobj9",
+                                    "RelTool(p1,0,0,5,0,0,0)"};
+    QString line = lines.at(random.bounded(lines.size()));
+    if (random.bounded(4) == 0)
+        line = line.toUpper();
+    for (int i = random.bounded(3); i > 0; --i) {
+        const int at = random.bounded(line.size() + 1);
+        if (random.bounded(2))
+            line.insert(at, pieces.at(random.bounded(pieces.size())));
+        else
+            line.remove(at, 1);
+    }
+    return line;
+}
+
+} // namespace
+
+/// What the program checker calls clean the controller carries out, and the other way round.
+class tst_Agreement : public QObject
+{
+    Q_OBJECT
+private slots:
+    void everyLine()
+    {
+        Cell cell;
+        const tl::Checker checker(cell.names());
+        QStringList lines;
+        QDirIterator files(SOURCES "/examples", {"*.tl"});
+        QDirIterator corpus(SOURCES "/tests/fuzz/corpus", QDir::Files,
+                            QDirIterator::Subdirectories);
+        for (QDirIterator *each : {&files, &corpus}) {
+            while (each->hasNext()) {
+                QFile file(each->next());
+                QVERIFY(file.open(QIODevice::ReadOnly));
+                lines += QString::fromUtf8(file.readAll()).split('\n');
+            }
+        }
+        QRandomGenerator random(1313);
+        for (int i = 0; i < 600; ++i)
+            lines.append(randomLine(random));
+        int clean = 0;
+        for (const QString &line : qAsConst(lines)) {
+            const tl::ParsedLine parsed = tl::parse(line);
+            if (parsed.hasCode() && !parsed.instruction)
+                continue; // nobody's: left out with a message, and told only if it looks like one
+            bool isClean = true;
+            for (const Finding &finding : checker.checkLine(parsed, 0))
+                isClean = isClean
+                    && (finding.kind == Finding::Kind::Doubtful
+                        && parsed.instruction->standing != tl::Standing::Unregistered);
+            clean += isClean;
+            QVERIFY2(cell.takes(line) == isClean,
+                     qPrintable(line + ": " + cell.state("message").toString()));
+        }
+        QVERIFY(clean > 200 && clean < lines.size() - 100);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Agreement)
+#include "tst_agreement.moc"
