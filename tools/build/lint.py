@@ -15,6 +15,7 @@ from concurrent.futures import ThreadPoolExecutor
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 BUILD = os.path.join(ROOT, "build", "dev")
 DATABASE = os.path.join(ROOT, "build", "lint")
+EMPTY = os.path.join(DATABASE, "empty")
 FOLDERS = "bench|controller|host|link|pendant|schema|src|tests|tl|tools"
 # The linters take some ten seconds for a source, and CI has minutes.
 MOST_SOURCES = 40
@@ -58,6 +59,8 @@ def write_database():
     for entry in entries:
         entry["command"] = PRECOMPILED.sub("", entry["command"])
     os.makedirs(DATABASE, exist_ok=True)
+    with open(EMPTY, "wb"):
+        pass
     with open(os.path.join(DATABASE, "compile_commands.json"), "w", encoding="utf-8") as file:
         json.dump(entries, file)
     return {os.path.relpath(entry["file"], ROOT): entry for entry in entries}
@@ -73,7 +76,7 @@ def alone(header, commands):
     entry = commands[near[0]]
     words = shlex.split(entry["command"])
     flags = words[: words.index("-o")]
-    return [*flags, "-fsyntax-only", "-include", os.path.join(ROOT, header), "-x", "c++", os.devnull]
+    return [*flags, "-fsyntax-only", "-include", os.path.join(ROOT, header), "-x", "c++", EMPTY]
 
 
 def run_each(what, commands):
