@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <algorithm>
 
+#include "tl/parse.h"
 #include "tl/sequence.h"
 
 namespace welmo::tl {

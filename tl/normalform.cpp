@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tl/lineformat.h"
+#include "tl/parse.h"
 
 namespace welmo::tl {
 

@@ -60,13 +60,6 @@ struct ParsedLine
     QString weaveFile() const;
 };
 
-/// Reads any line.
-ParsedLine parse(const QString &line);
-
-/// Reads a line as the instruction's property form does: all of the text is code, and its first
-/// word is not looked at.
-ParsedLine parseAs(Word word, const QString &text);
-
 /// The weave combo's entry for "no weave".
 inline const QString noWeave = QStringLiteral("NULL");
 

@@ -9,6 +9,7 @@
 #include "controller/welding/wireandgas.h"
 #include "schema/names.h"
 #include "schema/weldmode.h"
+#include "tl/parse.h"
 
 using Event = welmo::controller::Journal::Event;
 

@@ -9,7 +9,7 @@
 #include "schema/welders.h"
 #include "schema/weldmode.h"
 #include "tessa/xservice.h"
-#include "tl/parsedline.h"
+#include "tl/parse.h"
 
 namespace welmo::pendant {
 

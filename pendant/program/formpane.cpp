@@ -11,6 +11,7 @@
 #include "tessa/managerhelper.h"
 #include "tessa/tlmanager.h"
 #include "tl/normalform.h"
+#include "tl/parse.h"
 
 namespace welmo::pendant {
 

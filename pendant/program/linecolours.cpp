@@ -1,7 +1,7 @@
 #include "pendant/program/linecolours.h"
 
 #include "tessa/tlmanager.h"
-#include "tl/parsedline.h"
+#include "tl/parse.h"
 
 namespace welmo::pendant {
 

@@ -5,6 +5,7 @@
 #include "pendant/program/hostproject.h"
 #include "pendant/program/programdocument.h"
 #include "tessa/managerhelper.h"
+#include "tl/parse.h"
 
 namespace welmo::pendant {
 

@@ -5,6 +5,7 @@
 
 #include "pendant/program/programcheck.h"
 #include "tl/normalform.h"
+#include "tl/parse.h"
 
 namespace welmo::pendant {
 

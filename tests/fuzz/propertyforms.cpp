@@ -8,6 +8,7 @@
 #include "tessa/basecontentwidget.h"
 #include "tl/checker.h"
 #include "tl/normalform.h"
+#include "tl/parse.h"
 
 using namespace welmo::tl;
 

@@ -3,6 +3,7 @@
 #include "fuzz.h"
 #include "tl/charactercheck.h"
 #include "tl/normalform.h"
+#include "tl/parse.h"
 
 using namespace welmo::tl;
 

@@ -12,6 +12,7 @@
 #include "support/formhost.h"
 #include "support/rows.h"
 #include "tl/checker.h"
+#include "tl/parse.h"
 
 using tessa::BaseContentWidget;
 using tessa::TlManager;

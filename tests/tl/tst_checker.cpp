@@ -1,6 +1,7 @@
 #include <QtTest>
 
 #include "tl/checker.h"
+#include "tl/parse.h"
 
 using namespace welmo::tl;
 

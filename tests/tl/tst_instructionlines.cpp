@@ -4,6 +4,7 @@
 #include "tl/charactercheck.h"
 #include "tl/lineformat.h"
 #include "tl/normalform.h"
+#include "tl/parse.h"
 
 using namespace welmo::tl;
 using PointKind = PointExpression::Kind;

@@ -1,6 +1,7 @@
 #include "instructions/forms/instructionform.h"
 
 #include "data/report.h"
+#include "tl/parse.h"
 #include "widgets/stylerules.h"
 
 using namespace welmo;
