@@ -43,7 +43,7 @@ FileForm::~FileForm()
     const bool isHostThere = !host::isMissing(m(QStringLiteral("welmo")));
     const QString edited = m_controls && isHostThere ? editedFile() : QString();
     if (!edited.isEmpty())
-        reportLoss(nullptr, edited); // the owner is going as well
+        reportLoss(m_owner, edited);
 }
 
 void FileForm::prepare()

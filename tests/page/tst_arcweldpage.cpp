@@ -131,8 +131,10 @@ private slots:
                 QVERIFY(requests.contains(QString("watch arc_weld.") + watched));
             const QStringList inOrder{"get arc_weld.weld_mode", "get arc_weld.welder_setting",
                                       "get arc_weld.weave_param weavedata1"};
-            QCOMPARE(requests.filter("get arc_weld.").filter(QRegularExpression("(?<!_state)$")),
-                     inOrder);
+            QStringList reads =
+                requests.filter("get arc_weld.").filter(QRegularExpression("(?<!_state)$"));
+            reads.removeDuplicates(); // where a form hears of the link before the page does
+            QCOMPARE(reads, inOrder);
             QVERIFY(desk.host.disconnect());
             desk.host.takeRequests();
         }

@@ -61,7 +61,8 @@ private slots:
         desk.pendant.click("btnTakeControl");
         QVERIFY(text().startsWith("This pendant"));
     }
-    void aRefusedSaveKeepsTheEdit()
+    // The one who edits decides, in full knowledge.
+    void whatAnotherPendantSavedIsTold()
     {
         using Kind = tessa::LinkRequest::Kind;
         const QString set = "arc_weld.weld_param";
@@ -78,11 +79,12 @@ private slots:
         QCOMPARE(desk.other.call({Kind::Set, set, file, theirs}, patient).code, 0);
         auto *current = desk.pendant.find<QDoubleSpinBox>("sbxWeldCurrent");
         current->setValue(222);
-        desk.pendant.click("btnWeldingSave");
-        QTRY_VERIFY(desk.messages().contains("arcdata1 was saved by anna at "));
-        QVERIFY(desk.messages().contains("save parameter error|"));
+        const QString told = "arcdata1: \"current\" was changed elsewhere to 111";
+        QTRY_VERIFY_WITH_TIMEOUT(desk.messages().contains(told), patient);
         QCOMPARE(current->value(), 222.0);
         QCOMPARE(stored()["current"].toDouble(), 111.0);
+        desk.pendant.click("btnWeldingSave");
+        QTRY_COMPARE_WITH_TIMEOUT(stored()["current"].toDouble(), 222.0, patient);
     }
     void theWindowLivesOnWhileTheCellIsSilent()
     {

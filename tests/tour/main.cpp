@@ -12,7 +12,7 @@ constexpr void (*walk[])(tour::Tour &) = {
     tour::firstStart, tour::processSetting, tour::restart,
     tour::linkDown,   tour::hostPages,      tour::processConfiguration,
     tour::handleKeys, tour::programEditor,  tour::weld,
-    tour::weldBook,   tour::alarm,          tour::display,
+    tour::alarm,      tour::weldBook,       tour::display,
     tour::example,
 };
 
