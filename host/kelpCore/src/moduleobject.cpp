@@ -7,6 +7,8 @@
 #include <limits>
 #include <utility>
 
+#include "kelp/habits.h"
+
 namespace kelp {
 
 namespace {
@@ -73,6 +75,12 @@ bool sameList(const QVariantList &a, const QVariantList &b)
 }
 
 } // namespace
+
+Habits &habits()
+{
+    static Habits ofThisHost;
+    return ofThisHost;
+}
 
 bool sameValue(const QVariant &a, const QVariant &b)
 {
@@ -170,6 +178,46 @@ bool ModuleObject::hasCmobj(const QString &name, bool recursive) const
     return m_byName.contains(name) || (recursive && cmobjNames(true).contains(name));
 }
 
+QString ModuleObject::name() const
+{
+    return m_name;
+}
+
+ModuleObject *ModuleObject::pmobj() const
+{
+    return m_parentNode;
+}
+
+bool ModuleObject::isMissing() const
+{
+    return false;
+}
+
+ModuleObject *ModuleObject::rmobj(const QString &path) const
+{
+    return r(path);
+}
+
+ModuleObject *ModuleObject::cmobj(const QString &name, bool create)
+{
+    return c(name, create);
+}
+
+int ModuleObject::cmobjCount() const
+{
+    return m_children.size();
+}
+
+const QVariant &ModuleObject::value() const
+{
+    return m_value;
+}
+
+void ModuleObject::observeSubtree(bool on)
+{
+    m_observed = on;
+}
+
 QString ModuleObject::getString(const QString &fallback) const
 {
     return m_value.isValid() && m_value.canConvert<QString>() ? m_value.toString() : fallback;
@@ -183,7 +231,8 @@ int ModuleObject::getInt(int fallback) const
         return fallback;
     constexpr double lowest = std::numeric_limits<int>::min();
     constexpr double highest = std::numeric_limits<int>::max();
-    return static_cast<int>(qBound(lowest, std::trunc(number), highest));
+    const double whole = habits().roundsIntegers ? std::round(number) : std::trunc(number);
+    return static_cast<int>(qBound(lowest, whole, highest));
 }
 
 double ModuleObject::getDouble(double fallback) const
@@ -237,10 +286,9 @@ void ModuleObject::assign(QObject *sender, const QVariant &value, bool notify)
     const bool same = sameValue(m_value, value);
     // 1 and 1.0 are equal, but the stored type is the writer's.
     const QVariant old = std::exchange(m_value, value);
-    if (same)
-        return;
-    touch();
-    if (notify)
+    if (!same)
+        touch();
+    if (notify && (!same || habits().repeatsChanges))
         announce(sender, old);
 }
 
@@ -355,6 +403,11 @@ bool ModuleObject::removeChild(const QString &name)
     return true;
 }
 
+QString ModuleObject::generateId(const ModuleObject *node)
+{
+    return generateId(node, QStringLiteral("p"));
+}
+
 QString ModuleObject::generateId(const ModuleObject *node, const QString &prefix)
 {
     int number = 1;
@@ -378,6 +431,11 @@ void ModuleObject::notifyWhole(const QVariant &value, const QVariant &old, QObje
 EmptyModuleObject::EmptyModuleObject()
     : ModuleObject(QString())
 { }
+
+bool EmptyModuleObject::isMissing() const
+{
+    return true;
+}
 
 EmptyModuleObject *EmptyModuleObject::instance()
 {

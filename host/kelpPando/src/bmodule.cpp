@@ -1,5 +1,8 @@
 #include "pando/bmodule.h"
 
+#include <algorithm>
+
+#include "kelp/habits.h"
 #include "kelp/workspace.h"
 
 namespace pando {
@@ -11,7 +14,36 @@ BModule::BModule(QObject *parent)
 
 BModule::~BModule()
 {
+    if (kelp::habits().deletesLastFirst)
+        std::reverse(m_submodules.begin(), m_submodules.end());
     qDeleteAll(m_submodules);
+}
+
+// Each step is nothing until a module makes something of it.
+void BModule::init() { }
+void BModule::afterInit() { }
+void BModule::setup() { }
+void BModule::afterSetup() { }
+void BModule::render() { }
+void BModule::afterRender() { }
+void BModule::idle() { }
+void BModule::afterIdle() { }
+void BModule::beforeDetach() { }
+void BModule::detach() { }
+
+QString BModule::name() const
+{
+    return {};
+}
+
+kelp::ModuleObject *BModule::mobj() const
+{
+    return m_mobj;
+}
+
+const QList<BModule *> &BModule::submodules() const
+{
+    return m_submodules;
 }
 
 void BModule::bindMobj(const QString &key)

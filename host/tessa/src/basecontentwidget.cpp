@@ -1,3 +1,27 @@
 #include "tessa/basecontentwidget.h"
 
-// The class is inline; this file gives its meta-object a home.
+namespace tessa {
+
+QJsonValue BaseContentWidget::ToJsonValue()
+{
+    return QJsonValue(QJsonValue::Null);
+}
+
+bool BaseContentWidget::CheckInsert()
+{
+    return true;
+}
+
+bool BaseContentWidget::CheckReplace()
+{
+    return CheckInsert();
+}
+
+void BaseContentWidget::RefreshProgramData() { }
+
+QString BaseContentWidget::GetLabel()
+{
+    return {};
+}
+
+} // namespace tessa

@@ -11,6 +11,18 @@ BasePage::BasePage(const QString &name, const QString &title, QObject *owner)
     , m_title(title)
 { }
 
+QString BasePage::name() const
+{
+    return m_name;
+}
+
+QString BasePage::title() const
+{
+    return m_title;
+}
+
+void BasePage::updateAvailability() { }
+
 bool BasePage::isAvailable() const
 {
     const ControllerStatus *status = ManagerHelper::instance()->status();

@@ -24,6 +24,7 @@ Host::Host(const HostOptions &options)
     , m_helper(&m_service)
 {
     s_current = this;
+    kelp::habits() = options.habits;
     m_service.setMirrored(mirroredNodes);
     kelp::ModuleObject *handle = m_workspace.root()->set(this, QStringLiteral("orbo.handle"), {});
     handle->set(this, QStringLiteral("max_jog_speed"), 100);
@@ -58,6 +59,7 @@ Host::~Host()
     m_service.setLink(nullptr);
     m_link.reset();
     s_current = nullptr;
+    kelp::habits() = {};
 }
 
 void Host::stopModules()

@@ -43,6 +43,21 @@ ManagerHelper *ManagerHelper::instance()
     return host ? host->helper() : nullptr;
 }
 
+void ManagerHelper::registQrcAlias(const QString &name)
+{
+    m_theme.addAlias(name);
+}
+
+ThemeManager *ManagerHelper::themeManager()
+{
+    return &m_theme;
+}
+
+ControllerManager *ManagerHelper::controllerManager()
+{
+    return &m_controller;
+}
+
 void ManagerHelper::throwLog(const QObject *sender, const QString &level, const QString &text)
 {
     m_log.append(sender, level, text);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "kelp/habits.h"
 #include "tessa/host.h"
 
 using tessa::LinkReply;
@@ -141,13 +142,23 @@ void XService::watch(QObject *, const QString &path, bool notify)
     const bool first = notify && !entry.wanted;
     entry.wanted = notify;
     QVariant value;
-    if (first && isConnected() && subscribe(path, &value))
-        deliver(entry, value, true);
+    if (!first || !isConnected() || !subscribe(path, &value))
+        return;
+    deliver(entry, value, true);
+    if (kelp::habits().firstWatchFires) // as all news, through the event loop
+        QMetaObject::invokeMethod(
+            &entry.node, [&entry, value] { entry.node.notifyWhole(value, {}, nullptr); },
+            Qt::QueuedConnection);
 }
 
 kelp::ModuleObject *XService::watchNode(const QString &path)
 {
     return &subscription(path).node;
+}
+
+kelp::ModuleObject *XService::mobj()
+{
+    return &m_tree;
 }
 
 bool XService::isConnected() const
@@ -175,13 +186,14 @@ bool XService::subscribe(const QString &path, QVariant *value)
 
 void XService::deliver(Subscription &entry, const QVariant &values, bool silent)
 {
-    const bool fire = !silent && differs(values, entry.last);
+    const kelp::Habits &habits = kelp::habits();
+    const bool fire = !silent && (habits.repeatsChanges || differs(values, entry.last));
     const bool whole = values.userType() != QMetaType::QVariantMap;
     const QVariant before = std::exchange(entry.last, merged(entry.last, values));
     entry.node.importFromVariant(this, values, false, true, whole);
     entry.filled = true;
     if (fire)
-        entry.node.notifyWhole(values, before, this);
+        entry.node.notifyWhole(habits.tellsWholeNodes ? entry.last : values, before, this);
 }
 
 void XService::onNotified(const QString &path, const QVariant &values)
@@ -240,7 +252,10 @@ void XService::setConnected(bool connected)
     // The value counts from now on, the signal follows through the event loop: a call that fails
     // must not run its caller's slots.
     m_tree.set(this, connectedKey, connected, false);
-    QMetaObject::invokeMethod(this, &XService::announceConnected, Qt::QueuedConnection);
+    if (kelp::habits().tellsInsideCalls)
+        announceConnected();
+    else
+        QMetaObject::invokeMethod(this, &XService::announceConnected, Qt::QueuedConnection);
 }
 
 void XService::announceConnected()

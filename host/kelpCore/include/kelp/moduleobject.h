@@ -18,6 +18,8 @@ bool sameValue(const QVariant &a, const QVariant &b);
 /// Paths are dotted ("device.enable"). A child belongs to its parent node and goes with it. Lookups
 /// never return null: what is missing is the EmptyModuleObject, which reads as empty and ignores
 /// every write. GUI thread only.
+///
+/// Nothing here is inline: what a package needs of a host, it imports.
 class ModuleObject : public QObject
 {
     Q_OBJECT
@@ -27,18 +29,18 @@ public:
     explicit ModuleObject(const QString &name, QObject *parent = nullptr);
     ~ModuleObject() override;
 
-    QString name() const { return m_name; }
+    QString name() const;
     /// The node that holds this one, null for a root.
-    ModuleObject *pmobj() const { return m_parentNode; }
+    ModuleObject *pmobj() const;
     /// True for the node that stands for "there is none".
-    virtual bool isMissing() const { return false; }
+    virtual bool isMissing() const;
 
     /// The node at the dotted @p path below this one; an empty path is this node.
     ModuleObject *r(const QString &path) const;
-    ModuleObject *rmobj(const QString &path) const { return r(path); }
+    ModuleObject *rmobj(const QString &path) const;
     /// The direct child @p name; with @p create it is made when missing.
     ModuleObject *c(const QString &name, bool create = false);
-    ModuleObject *cmobj(const QString &name, bool create = false) { return c(name, create); }
+    ModuleObject *cmobj(const QString &name, bool create = false);
     ModuleObject *cmobj(int index) const;
     /// The node at the dotted @p path below this one, with all that is missing on the way made.
     ModuleObject *make(const QString &path);
@@ -46,7 +48,7 @@ public:
     /// The children in their order; with @p recursive also everything below them, depth first.
     QList<ModuleObject *> cmobjs(bool recursive = false) const;
     QStringList cmobjNames(bool recursive = false) const;
-    int cmobjCount() const { return m_children.size(); }
+    int cmobjCount() const;
     bool hasCmobj(const QString &name, bool recursive = false) const;
 
     /// The leaf's value converted, or @p fallback when there is none or it cannot be converted.
@@ -56,7 +58,7 @@ public:
     double getDouble(double fallback = 0.0) const;
     bool getBool(bool fallback = false) const;
     QVariantList getList() const;
-    const QVariant &value() const { return m_value; }
+    const QVariant &value() const;
 
     /// Creates or replaces the leaf at the dotted @p key below this node (empty: this node) and
     /// returns it; children that stood there go. A map or a list of maps becomes children, as with
@@ -86,8 +88,8 @@ public:
     bool removeChild(const QString &name);
 
     /// A name that no child of @p node has: "p1", "p2", … in counting order.
-    static QString generateId(const ModuleObject *node,
-                              const QString &prefix = QStringLiteral("p"));
+    static QString generateId(const ModuleObject *node);
+    static QString generateId(const ModuleObject *node, const QString &prefix);
 
     /// Switches changed() on or off for this node; with @p recursive also for what lies below it
     /// (the values are then those of the changed descendant).
@@ -96,7 +98,7 @@ public:
     /// which a controller node's notification, a map, reaches its receivers.
     void notifyWhole(const QVariant &value, const QVariant &old, QObject *sender);
     /// Switches touched() on or off.
-    void observeSubtree(bool on) { m_observed = on; }
+    void observeSubtree(bool on);
 
 signals:
     void changed(const QVariant &value, const QVariant &old, QObject *sender);
@@ -127,7 +129,7 @@ class EmptyModuleObject : public ModuleObject
     Q_OBJECT
 public:
     static EmptyModuleObject *instance();
-    bool isMissing() const override { return true; }
+    bool isMissing() const override;
 
 private:
     EmptyModuleObject();

@@ -19,21 +19,21 @@ public:
     explicit BModule(QObject *parent = nullptr);
     ~BModule() override;
 
-    virtual QString name() const { return {}; }
+    virtual QString name() const;
 
-    virtual void init() { }
-    virtual void afterInit() { }
-    virtual void setup() { }
-    virtual void afterSetup() { }
-    virtual void render() { }
-    virtual void afterRender() { }
-    virtual void idle() { }
-    virtual void afterIdle() { }
-    virtual void beforeDetach() { }
-    virtual void detach() { }
+    virtual void init();
+    virtual void afterInit();
+    virtual void setup();
+    virtual void afterSetup();
+    virtual void render();
+    virtual void afterRender();
+    virtual void idle();
+    virtual void afterIdle();
+    virtual void beforeDetach();
+    virtual void detach();
 
     /// The root of the bound tree; the empty node before anything was bound.
-    kelp::ModuleObject *mobj() const { return m_mobj; }
+    kelp::ModuleObject *mobj() const;
     /// Binds the existing tree at the dotted path @p key, made when missing.
     void bindMobj(const QString &key);
     /// Binds the tree @p key, created from the JSON template where no saved tree exists; with
@@ -44,7 +44,7 @@ public:
     /// up on the steps already done as soon as the step that adds it is over, or at once when this
     /// module has been through all of them.
     void addSubmodule(BModule *module);
-    const QList<BModule *> &submodules() const { return m_submodules; }
+    const QList<BModule *> &submodules() const;
 
 private:
     friend class ModuleFramework;

@@ -23,13 +23,13 @@ public:
     virtual void FillWith(const QString &line) = 0;
     /// The program line that the form's fields describe.
     virtual QString ToString() = 0;
-    virtual QJsonValue ToJsonValue() { return QJsonValue(QJsonValue::Null); }
+    virtual QJsonValue ToJsonValue();
     /// Asked before an insert form's line is inserted.
-    virtual bool CheckInsert() { return true; }
+    virtual bool CheckInsert();
     /// Asked before a property form's line replaces the old one.
-    virtual bool CheckReplace() { return CheckInsert(); }
-    virtual void RefreshProgramData() { }
-    virtual QString GetLabel() { return {}; }
+    virtual bool CheckReplace();
+    virtual void RefreshProgramData();
+    virtual QString GetLabel();
 };
 
 } // namespace tessa

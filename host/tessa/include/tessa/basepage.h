@@ -17,12 +17,12 @@ public:
     /// @p owner is the QObject parent until the page is handed to the host as a sub-module.
     BasePage(const QString &name, const QString &title, QObject *owner);
 
-    QString name() const override { return m_name; }
-    QString title() const { return m_title; }
+    QString name() const override;
+    QString title() const;
 
     bool isAvailable() const;
     /// Called when one of the followed conditions changed; the base does nothing.
-    virtual void updateAvailability() { }
+    virtual void updateAvailability();
 
 protected:
     /// Which conditions make the host call updateAvailability() when they change.

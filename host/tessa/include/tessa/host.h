@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <memory>
 
+#include "kelp/habits.h"
 #include "kelp/workspace.h"
 #include "tessa/managerhelper.h"
 #include "tessa/physicalbutton.h"
@@ -17,6 +18,7 @@ struct HostOptions
     QString dataFolder; ///< where the host keeps its trees and logs
     QString language = QStringLiteral("en");
     QString themeFile = QStringLiteral(":/tessa/theme/light.json");
+    kelp::Habits habits{}; ///< other than the defaults only to try a package out
 };
 
 /// One running host: everything that modules reach through the four libraries' functions. Exactly

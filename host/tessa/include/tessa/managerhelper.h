@@ -31,10 +31,10 @@ public:
     bool execMsgOk(const QString &title, const QString &text, const QString &button);
 
     /// Makes the compiled-in resources under ":/<name>/" addressable for icons and themes.
-    void registQrcAlias(const QString &name) { m_theme.addAlias(name); }
+    void registQrcAlias(const QString &name);
 
-    ThemeManager *themeManager() { return &m_theme; }
-    ControllerManager *controllerManager() { return &m_controller; }
+    ThemeManager *themeManager();
+    ControllerManager *controllerManager();
     ControllerStatus *status() { return &m_status; }
     MessageLog *log() { return &m_log; }
     pando::ModuleFramework *framework() { return &m_framework; }

@@ -58,7 +58,7 @@ public:
     void setMirrored(const QStringList &paths) { m_mirrored = paths; }
 
     /// The service's own tree; its leaf "connected" says whether the controller can be reached.
-    kelp::ModuleObject *mobj() { return &m_tree; }
+    kelp::ModuleObject *mobj();
     bool isConnected() const;
 
 signals:
