@@ -1,18 +1,21 @@
 #include <QFile>
 #include <QLibrary>
 #include <QRegularExpression>
+#include <QSet>
 #include <QtTest>
 #include <cstdio>
+#include <cstdlib>
+#include <cxxabi.h>
 
 namespace {
 
 // The one of this build, or another that is to be held to the same.
 const QString module = qEnvironmentVariable("WELMO_MODULE", WELMO_MODULE);
 
-QStringList readElf(const QString &option, const QString &pattern)
+QStringList readElf(const QString &option, const QString &pattern, const QString &file = module)
 {
     // By the shell: unlike QProcess, popen() works under emulation as well.
-    const QString command = QStringLiteral(READELF " --wide %1 '%2'").arg(option, module);
+    const QString command = QStringLiteral(READELF " --wide %1 '%2'").arg(option, file);
     FILE *pipe = ::popen(qPrintable(command), "r");
     QFile output;
     const bool opened = pipe && output.open(pipe, QIODevice::ReadOnly);
@@ -26,6 +29,15 @@ QStringList readElf(const QString &option, const QString &pattern)
         found.append(matches.next().captured(1));
     found.sort();
     return found;
+}
+
+QString readable(const QString &symbol)
+{
+    int status = 0;
+    char *text = abi::__cxa_demangle(qPrintable(symbol), nullptr, nullptr, &status);
+    const QString name = status == 0 ? QString::fromLatin1(text) : symbol;
+    ::free(text);
+    return name;
 }
 
 } // namespace
@@ -55,6 +67,29 @@ private slots:
         QLibrary library(module);
         library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
         QVERIFY2(library.load(), qPrintable(library.errorString()));
+    }
+    // Another host has these, or a way to them: what is new here is a new demand on every host.
+    void itAsksOfTheHostOnlyWhatIsListed()
+    {
+        QFile file(IMPORTS);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QStringList listed = QString::fromUtf8(file.readAll()).split('\n');
+        const QStringList wanted = readElf("--dyn-syms", R"( UND (\S+)$)");
+        QSet<QString> offered;
+        for (const QString &library : QString(HOST_LIBRARIES).split(' ')) {
+            for (const QString &symbol : readElf("--dyn-syms", R"( \d+ (\S+)$)", library))
+                offered.insert(symbol);
+        }
+        QStringList others;
+        for (const QString &symbol : wanted) {
+            const QString name = readable(symbol);
+            const bool isType = name.startsWith("typeinfo") || name.startsWith("vtable");
+            const bool isHosts = offered.contains(symbol) && !(SANITIZED && isType);
+            if (isHosts && !listed.contains(name))
+                others.append(name);
+        }
+        QVERIFY(wanted.size() > 100 && offered.size() > 100);
+        QCOMPARE(others.join('\n'), QString());
     }
     void itExportsNothing()
     {
