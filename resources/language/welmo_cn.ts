@@ -475,6 +475,14 @@
         <source>save succeed</source>
         <translation>保存成功</translation>
     </message>
+    <message>
+        <source>no weld data in use</source>
+        <translation>没有正在使用的焊接数据</translation>
+    </message>
+    <message>
+        <source>%1: %2 %4 is stored, %3 %4 is shown</source>
+        <translation>%1：存储值为 %2 %4，显示为 %3 %4</translation>
+    </message>
 </context>
 <context>
     <name>MoveInsertWidget</name>
@@ -1091,6 +1099,21 @@
     <message>
         <source>Arc Weld</source>
         <translation>弧焊</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::TaughtNotice</name>
+    <message>
+        <source>Use the point&apos;s own</source>
+        <translation>使用该点自身的</translation>
+    </message>
+    <message>
+        <source>%1 was taught in %2; the line uses %3</source>
+        <translation>%1 在 %2 中示教；该行使用 %3</translation>
+    </message>
+    <message>
+        <source>%1 was taught with %2; the line uses %3</source>
+        <translation>%1 用 %2 示教；该行使用 %3</translation>
     </message>
 </context>
 </TS>

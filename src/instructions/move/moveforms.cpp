@@ -49,6 +49,8 @@ MovePropertyForm::MovePropertyForm(tl::Instruction instruction, QWidget *parent)
             &MovePropertyPointWidget::updateTool);
     connect(m_parameters, &MoveParamWidget::wobjChanged, m_points,
             &MovePropertyPointWidget::updateWobj);
+    connect(m_points, &MovePropertyPointWidget::toolAndObjectWanted, m_parameters,
+            &MoveParamWidget::useTaught);
     // From here on the robot is moved with what the form shows, not with what is active elsewhere.
     m_points->updateTool(m_parameters->tool());
     m_points->updateWobj(m_parameters->wobj());

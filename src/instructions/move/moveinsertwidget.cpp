@@ -6,6 +6,7 @@
 #include "instructions/move/moveparamwidget.h"
 #include "instructions/move/pointreport.h"
 #include "instructions/move/pointrobot.h"
+#include "instructions/move/taughtnotice.h"
 
 using namespace welmo;
 using tl::PointExpression;
@@ -41,7 +42,21 @@ QGroupBox *MoveInsertWidget::makeBox(const QString &title, PointEdit *edit)
     auto *box = new QGroupBox(title, this);
     auto *layout = new QVBoxLayout(box);
     layout->addWidget(edit);
+    addNotice(box, edit);
     return box;
+}
+
+void MoveInsertWidget::addNotice(QGroupBox *box, const PointEdit *edit)
+{
+    auto *notice = new TaughtNotice(box);
+    box->layout()->addWidget(notice);
+    const auto compare = [this, notice, edit] {
+        notice->compare(edit->pointName(), m_parameters->tool(), m_parameters->wobj());
+    };
+    connect(edit, &PointEdit::pointChanged, notice, compare);
+    connect(m_parameters, &MoveParamWidget::toolChanged, notice, compare);
+    connect(m_parameters, &MoveParamWidget::wobjChanged, notice, compare);
+    connect(notice, &TaughtNotice::ownWanted, m_parameters, &MoveParamWidget::useTaught);
 }
 
 void MoveInsertWidget::initialize(const QString &type)

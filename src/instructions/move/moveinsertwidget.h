@@ -44,6 +44,7 @@ public slots:
 
 private:
     QGroupBox *makeBox(const QString &title, PointEdit *edit);
+    void addNotice(QGroupBox *box, const PointEdit *edit);
 
     PointEdit *m_aux;
     PointEdit *m_target;

@@ -104,6 +104,14 @@ void MoveParamWidget::chooseActive()
     selectIfListed(ui->cbxWobj, OrboData::getCurrentWobj());
 }
 
+void MoveParamWidget::useTaught(const QString &tool, const QString &workObject)
+{
+    if (!tool.isEmpty())
+        setToolText(tool);
+    if (!workObject.isEmpty())
+        setWobj(workObject);
+}
+
 QString MoveParamWidget::tool() const
 {
     return ui->cbxTool->currentText();

@@ -32,6 +32,8 @@ public:
     /// Selects the tool and the work object that are active on the pendant, as far as they are
     /// listed.
     void chooseActive();
+    /// Selects what a point was taught with; an empty name leaves the choice as it is.
+    void useTaught(const QString &tool, const QString &workObject);
 
     QString tool() const;
     QString wobj() const;

@@ -16,11 +16,17 @@ using tl::PointExpression;
 
 namespace {
 
-// splitPoint() backwards.
+// splitPoint() backwards. The numbers of an unknown function are shown, though the plain point that
+// it reads as has none.
 PointExpression expressionOf(const QStringList &parts)
 {
-    return PointExpression::parse(parts.value(0) + QLatin1Char('(')
-                                  + parts.mid(1).join(QLatin1Char(',')) + QLatin1Char(')'));
+    PointExpression expression = PointExpression::parse(
+        parts.value(0) + QLatin1Char('(') + parts.mid(1).join(QLatin1Char(',')) + QLatin1Char(')'));
+    if (expression.kind == PointExpression::Kind::Plain) {
+        for (const QString &number : parts.mid(2))
+            expression.numbers.append(number.toDouble());
+    }
+    return expression;
 }
 
 } // namespace
@@ -50,6 +56,8 @@ PointGroup *MovePropertyPointWidget::addGroup(const QString &name, const QString
     layout->addWidget(group);
     layout->addStretch();
     connect(group, &PointGroup::pointAdded, this, &MovePropertyPointWidget::setPointlist);
+    connect(group, &PointGroup::toolAndObjectWanted, this,
+            &MovePropertyPointWidget::toolAndObjectWanted);
     m_tabs->insertTab(0, page, title);
     return group;
 }
@@ -91,7 +99,7 @@ void MovePropertyPointWidget::handleSetPoint(QComboBox *combo, const QString &te
     const QStringList parts = splitPoint(text);
     const bool aux = m_aux && combo == m_aux->edit()->combo();
     PointEdit *edit = aux ? m_aux->edit() : m_target->edit();
-    if (!edit->choose(parts.value(1)))
+    if (!edit->choose(parts.value(1)) && !points::find(parts.value(1)))
         report::warning(reporterFor(this),
                         tr("There is no point %1 in the project").arg(parts.value(1)));
     if (!tl::readsAsWritten(text))

@@ -29,8 +29,8 @@ public:
     /// The function's name ("default" without one), the point's name, then the numbers.
     static QStringList splitPoint(const QString &text);
     /// Chooses the point that @p text names, in @p combo, and hands the parts of the text to
-    /// @p setter. A point that the project lacks is chosen nevertheless, and warned of: the line
-    /// keeps it.
+    /// @p setter. A point that the list lacks is chosen nevertheless, since the line keeps it, and
+    /// warned of unless it is a built-in one.
     void handleSetPoint(QComboBox *combo, const QString &text, const Setter &setter);
     /// Show one point argument of a line.
     void setTargetPoint(const QString &text);
@@ -69,6 +69,10 @@ public slots:
         aux(&PointGroup::moveToComplex, welmo::robot::Motion::Linear);
     }
     void stopMove() { m_target->stopMove(); }
+
+signals:
+    /// The line shall use these: a point was taught with them.
+    void toolAndObjectWanted(const QString &tool, const QString &workObject);
 
 private:
     PointGroup *addGroup(const QString &name, const QString &title);

@@ -7,6 +7,12 @@
 
 using namespace welmo;
 
+namespace {
+
+constexpr int unknownRole = Qt::UserRole + 1; // true: the project lacks the point
+
+} // namespace
+
 PointEdit::PointEdit(QWidget *parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::PointEdit>())
@@ -57,13 +63,17 @@ QString PointEdit::pointName() const
 
 bool PointEdit::choose(const QString &name)
 {
+    const int unknown = ui->cbxPoint->findData(true, unknownRole); // of an earlier line
     int index = ui->cbxPoint->findData(name);
-    const bool known = index >= 0;
-    if (!known) {
+    const bool known = index >= 0 && index != unknown;
+    if (index < 0) {
         index = ui->cbxPoint->count();
         ui->cbxPoint->addItem(name, name);
+        ui->cbxPoint->setItemData(index, true, unknownRole);
     }
     ui->cbxPoint->setCurrentIndex(index);
+    if (unknown >= 0 && unknown != index)
+        ui->cbxPoint->removeItem(unknown);
     return known;
 }
 

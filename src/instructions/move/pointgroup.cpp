@@ -8,6 +8,7 @@
 #include "data/report.h"
 #include "instructions/move/pointedit.h"
 #include "instructions/move/pointreport.h"
+#include "instructions/move/taughtnotice.h"
 #include "ui_pointgroup.h"
 
 using namespace welmo;
@@ -16,8 +17,10 @@ using robot::Motion;
 PointGroup::PointGroup(QWidget *parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::PointGroup>())
+    , m_taught(new TaughtNotice(this))
 {
     ui->setupUi(this);
+    ui->verticalLayout->insertWidget(1, m_taught);
     initConnect();
     showPoint();
 }
@@ -29,6 +32,7 @@ void PointGroup::initConnect()
     connect(ui->wgtPoint, &PointEdit::pointChanged, this, &PointGroup::showPoint);
     connect(ui->wgtPoint, &PointEdit::edited, this, &PointGroup::forgetComplex);
     connect(ui->wgtPoint, &PointEdit::newPointWanted, this, &PointGroup::saveLocation);
+    connect(m_taught, &TaughtNotice::ownWanted, this, &PointGroup::toolAndObjectWanted);
     connect(ui->wgtPosition, &PointRow::edited, this,
             [this] { ui->wgtPosition->setTitle(tr("Edited")); });
     const auto on = [this](QPushButton *button, const auto &action) {
@@ -62,6 +66,24 @@ void PointGroup::showPoint()
         ui->wgtPosition->clear();
     }
     forgetComplex();
+    compareWithPoint();
+}
+
+void PointGroup::setTool(const QString &tool)
+{
+    m_tool = tool;
+    compareWithPoint();
+}
+
+void PointGroup::setWorkObject(const QString &workObject)
+{
+    m_workObject = workObject;
+    compareWithPoint();
+}
+
+void PointGroup::compareWithPoint()
+{
+    m_taught->compare(ui->wgtPoint->pointName(), m_tool, m_workObject);
 }
 
 void PointGroup::forgetComplex()
@@ -121,20 +143,20 @@ void PointGroup::computeComplex()
 void PointGroup::moveToPoint(Motion motion)
 {
     if (ui->btnPointMoveJ->isEnabledTo(this))
-        move({ui->wgtPosition->values(), m_positionFrame}, motion);
+        move(ui->wgtPosition->values(), m_positionFrame, motion);
 }
 
 void PointGroup::moveToComplex(Motion motion)
 {
     if (ui->btnComplexMoveJ->isEnabledTo(this))
-        move({ui->wgtComplex->values(), m_complexFrame}, motion);
+        move(ui->wgtComplex->values(), m_complexFrame, motion);
 }
 
-void PointGroup::move(const points::Point &goal, Motion motion)
+void PointGroup::move(const PoseValues &pose, const PoseFrame &frame, Motion motion)
 {
     if (!welmo::arcweld::isConnected())
-        report::error(reporterFor(this), tr("tessa not connected"));
-    else if (!robot::moveTo(goal.pose, goal.frame, m_tool, motion))
+        report::error(nullptr, tr("tessa not connected"));
+    else if (!robot::moveTo(pose, frame, m_tool, motion))
         report::error(reporterFor(this), tr("move to point fail"));
 }
 

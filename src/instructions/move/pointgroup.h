@@ -9,6 +9,9 @@ namespace Ui {
 class PointGroup;
 }
 class PointEdit;
+namespace welmo {
+class TaughtNotice;
+}
 
 /// One point of a move in a property form: what the line says of it, where that is, and the robot
 /// brought there. WMoveC has two of them.
@@ -21,8 +24,8 @@ public:
 
     PointEdit *edit() const;
     /// The names with which the position is read, and the tool whose tip is moved: the line's own.
-    void setTool(const QString &tool) { m_tool = tool; }
-    void setWorkObject(const QString &workObject) { m_workObject = workObject; }
+    void setTool(const QString &tool);
+    void setWorkObject(const QString &workObject);
 
     /// Asks first, then shows where the robot is. Without an answer nothing changes but the log.
     void updateLocation();
@@ -41,13 +44,18 @@ public:
 signals:
     /// The project has another point; the lists are to be read again.
     void pointAdded();
+    /// The line shall use this tool and this work object.
+    void toolAndObjectWanted(const QString &tool, const QString &workObject);
 
 private:
     void initConnect();
     void showPoint();
-    void move(const welmo::points::Point &goal, welmo::robot::Motion motion);
+    void compareWithPoint();
+    void move(const welmo::PoseValues &pose, const welmo::PoseFrame &frame,
+              welmo::robot::Motion motion);
 
     std::unique_ptr<Ui::PointGroup> ui;
+    welmo::TaughtNotice *m_taught;
     QString m_tool;
     QString m_workObject;
     welmo::PoseFrame m_positionFrame; ///< where the boxes of the position are measured

@@ -113,12 +113,15 @@ std::optional<Point> find(const QString &name)
     const kelp::ModuleObject *entry = entryNamed(QStringLiteral("point"), name);
     if (!entry)
         return {};
-    const auto word = [entry](const char *path) {
+    const auto word = [entry](const char *path, const QString &otherwise) {
         const QString text = entry->r(QString::fromLatin1(path))->getString(QString());
-        return text.isEmpty() ? PoseFrame::none : text;
+        return text.isEmpty() ? otherwise : text;
     };
+    const auto frame = [&word](const char *path) { return word(path, PoseFrame::none); };
     return Point{readPose(entry->r(QStringLiteral("cart.pose.frame"))),
-                 {word("coordinate.user"), word("coordinate.wobj")}};
+                 {frame("coordinate.user"), frame("coordinate.wobj")},
+                 word("tool", {}),
+                 word("wobj", {})};
 }
 
 PoseFrame frameOf(const QString &workObject)

@@ -12,7 +12,9 @@ namespace welmo::points {
 struct Point
 {
     PoseValues pose{};
-    PoseFrame frame;
+    PoseFrame frame{};
+    QString tool{}; ///< it was taught with this one; empty when that is not known
+    QString workObject{}; ///< and in this one
 };
 
 /// Where the robot is, seen with a tool in a work object.

@@ -79,7 +79,7 @@ QString addPointHere(QObject *sender, const QString &tool, const QString &workOb
                      const QString &wished)
 {
     if (!arcweld::isConnected()) {
-        report::error(sender, PointRobot::tr("tessa not connected"));
+        report::error(nullptr, PointRobot::tr("tessa not connected"));
         return {};
     }
     const auto here = position(tool, workObject);

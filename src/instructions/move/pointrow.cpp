@@ -3,7 +3,6 @@
 #include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QSignalBlocker>
 #include <cmath>
 
@@ -31,15 +30,6 @@ QDoubleSpinBox *makeBox(QWidget *parent)
     box->setValue(0);
     box->setAlignment(Qt::AlignRight);
     return box;
-}
-
-QLineEdit *makeReadout(QWidget *parent)
-{
-    auto *edit = new QLineEdit(parent);
-    edit->setReadOnly(true);
-    edit->setFocusPolicy(Qt::NoFocus);
-    edit->setAlignment(Qt::AlignRight);
-    return edit;
 }
 
 } // namespace
@@ -108,7 +98,8 @@ void PointRow::setValues(const PoseValues &values)
 {
     for (int i = 0; i < cellCount; ++i) {
         const QSignalBlocker blocker(m_boxes[i]);
-        m_boxes[i]->setValue(qMax(values[i], -farthest));
+        const double shown = std::round(values[i] * scale) / scale + 0.0; // no signed zero
+        m_boxes[i]->setValue(qMax(shown, -farthest));
     }
     m_values = values;
 }
@@ -123,26 +114,11 @@ void PointRow::clear()
 }
 
 PointReadout::PointReadout(QWidget *parent)
-    : PointCells(parent)
+    : PointRow(parent)
 {
-    for (int i = 0; i < cellCount; ++i) {
-        m_boxes[i] = makeReadout(this);
-        addCell(i, m_boxes[i]);
+    for (QDoubleSpinBox *box : m_boxes) {
+        box->setReadOnly(true);
+        box->setFocusPolicy(Qt::NoFocus);
     }
-}
-
-void PointReadout::setValues(const PoseValues &values)
-{
-    for (int i = 0; i < cellCount; ++i) {
-        const double shown = std::round(values[i] * scale) / scale + 0.0; // no signed zero
-        m_boxes[i]->setText(QString::number(shown, 'f', decimals));
-    }
-    m_values = values;
-}
-
-void PointReadout::clear()
-{
-    for (QLineEdit *edit : m_boxes)
-        edit->clear();
-    m_values = {};
+    PointRow::clear();
 }

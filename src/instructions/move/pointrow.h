@@ -8,7 +8,6 @@
 class QDoubleSpinBox;
 class QGridLayout;
 class QLabel;
-class QLineEdit;
 
 /// A title and six cells side by side for a pose or for offsets: x, y, z in millimetres, a, b, c in
 /// degrees. Rows one above the other have their cells aligned.
@@ -55,21 +54,14 @@ signals:
     /// Somebody edited a box.
     void edited();
 
-private:
+protected:
     std::array<QDoubleSpinBox *, 6> m_boxes;
 };
 
 /// Values that are only shown.
-class PointReadout : public PointCells
+class PointReadout : public PointRow
 {
     Q_OBJECT
 public:
     explicit PointReadout(QWidget *parent = nullptr);
-
-    void setValues(const welmo::PoseValues &values);
-    /// Shows nothing.
-    void clear();
-
-private:
-    std::array<QLineEdit *, 6> m_boxes;
 };

@@ -2,7 +2,7 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QJsonObject>
-#include <QLineEdit>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -62,6 +62,12 @@ void whenAsked(const std::function<void(QMessageBox *)> &act)
     });
 }
 
+// Whoever lacks the link says so without a name.
+QString by(const QString &said, const QString &form)
+{
+    return " [" + (said == "tessa not connected" ? QString() : form) + ']';
+}
+
 void agree(QMessageBox *box)
 {
     QCOMPARE(box->text(), "Determine the refresh point?");
@@ -109,8 +115,8 @@ struct Desk
     {
         QStringList texts;
         for (const QString &axis : axes)
-            texts.append(child<QLineEdit>(child(group, "wgtComplex"), axis)->text());
-        return texts.join(' ').trimmed();
+            texts.append(box("wgtComplex", axis)->text());
+        return texts.join(' ').remove(QStringLiteral("–")).trimmed();
     }
     /// One of the items of the last command that was sent.
     QVariant sent(const QString &path) { return at(host.link()->lastPayload, path); }
@@ -312,7 +318,7 @@ private slots:
             else
                 desk.button(request == stopCommand ? "btnStop" : "btnPointMoveJ")->click();
             QCOMPARE(desk.host.takeMessages(),
-                     QStringList("error: " + said + " [WMoveCPropertyWidget]"));
+                     QStringList("error: " + said + by(said, "WMoveCPropertyWidget")));
             QCOMPARE(desk.position(), poseOfP7);
             QCOMPARE(desk.form->ToString(), line);
             // What can be moved to is still the point, in the point's own frame.
@@ -335,6 +341,54 @@ private slots:
         QCOMPARE(desk.host.takeRequests(), QStringList());
         desk.panel->setPointlist();
         QCOMPARE(desk.panel->getParam(), "p6,Offs(p99,1,2,3)");
+        auto *points = child<QComboBox>(desk.group, "cbxPoint");
+        const int count = points->count();
+        desk.fill("p6,p98"); // whose name takes the other's place
+        QCOMPARE(points->count(), count);
+        QCOMPARE(desk.panel->getParam(), "p6,p98");
+        desk.host.takeMessages();
+        m("orbo.project.point.system_list")->c("home", true)->set(nullptr, "name", "home");
+        desk.fill("p6,home");
+        QCOMPARE(desk.host.takeMessages(), QStringList());
+    }
+    void anUnknownFunctionIsAPlainPointWithItsNumbers()
+    {
+        Desk desk(false, "p6,Foo(p7,1,2,3)");
+        QVERIFY(child<QAbstractButton>(desk.group, "rbtnPlain")->isChecked());
+        QCOMPARE(desk.box("wgtOffsets", "sbxZ")->value(), 3.0);
+        QVERIFY(desk.box("wgtComplex", "sbxX")->isReadOnly());
+        QCOMPARE(desk.panel->getParam(), "p6,p7");
+    }
+    // p7 and p6 were taught with torch1 in wobj0.
+    void aPointTaughtElsewhereIsTold()
+    {
+        const QString objects = "%1 was taught in wobj0; the line uses fixture1";
+        const QString tools = "%1 was taught with torch1; the line uses tool0";
+        const Rows<QString, QString> rows{
+            {"the same", "torch1,wobj0", ""},
+            {"another object", "torch1,fixture1", objects},
+            {"another tool", "tool0,wobj0", tools},
+            {"both", "tool0,fixture1", objects + '\n' + tools},
+        };
+        for (const auto &[name, with, said] : rows) {
+            Desk desk;
+            WMoveLInsertWidget insert(desk.host.window());
+            desk.fill("p6,p7", with);
+            for (const char *combo : {"cbxTool", "cbxWobj"})
+                child<QComboBox>(&insert, combo)
+                    ->setCurrentText(child<QComboBox>(desk.form.get(), combo)->currentText());
+            for (const QWidget *form :
+                 {static_cast<QWidget *>(desk.group),
+                  static_cast<QWidget *>(child(&insert, "wgtTarget")->parentWidget())}) {
+                const QString point = child<QComboBox>(form, "cbxPoint")->currentText();
+                auto *label = child<QLabel>(form, "lblTaught");
+                QCOMPARE(label->text(), QString(said).replace("%1", point));
+                QCOMPARE(label->parentWidget()->isHidden(), said.isEmpty());
+            }
+            child<QPushButton>(desk.group, "btnTaught")->click();
+            QCOMPARE(desk.form->ToString(), "WMoveC p6,p7,v20,z5,torch1,wobj0");
+            QVERIFY(child<QLabel>(desk.group, "lblTaught")->parentWidget()->isHidden());
+        }
     }
     void aNewPointIsStoredWholeAndChosen()
     {
@@ -426,7 +480,7 @@ private slots:
             desk.host.spoil(failure, request);
             desk.newPoint("wgtTarget");
             QCOMPARE(desk.host.takeMessages(),
-                     QStringList("error: " + said + " [" + desk.form->objectName() + ']'));
+                     QStringList("error: " + said + by(said, desk.form->objectName())));
             QCOMPARE(desk.form->ToString(), before);
             QCOMPARE(shown->toVariant(), copy);
             QVERIFY(desk.host.mend());
