@@ -1,6 +1,9 @@
 #include "page/monitorpage.h"
 
 #include <QPushButton>
+#include <utility>
+
+#include <tessa/managerhelper.h>
 
 #include "data/report.h"
 #include "schema/processsets.h"
@@ -12,6 +15,8 @@ namespace schema = welmo::schema;
 namespace {
 
 const char *const stepProperty = "step";
+const QString stateNode = QStringLiteral("arc_weld.welder_state");
+constexpr double tolerance = 1e-9; // of a number that was stored and read
 
 // The set that a data name belongs to; the first word that it contains decides.
 const schema::FileSet &setOf(const QString &name)
@@ -41,8 +46,6 @@ MonitorPage::MonitorPage(QWidget *parent, QObject *owner)
         button->setProperty(stepProperty, step);
         connect(button, &QPushButton::clicked, this, slot);
     };
-    connect(xservice()->watchNode(QStringLiteral("arc_weld.welder_state")),
-            &kelp::ModuleObject::changed, this, &MonitorPage::onWelderStateChanged);
     steps(ui->btnCurrentSub10, -10, &MonitorPage::onChangeCurrentClicked);
     steps(ui->btnCurrentSub1, -1, &MonitorPage::onChangeCurrentClicked);
     steps(ui->btnCurrentAdd1, 1, &MonitorPage::onChangeCurrentClicked);
@@ -53,6 +56,8 @@ MonitorPage::MonitorPage(QWidget *parent, QObject *owner)
     steps(ui->btnVoltageAdd10, 10, &MonitorPage::onChangeVoltageClicked);
     connect(ui->btnSave, &QPushButton::clicked, this, &MonitorPage::onSaveClicked);
     connect(ui->ledtWeldingName, &QLineEdit::textChanged, this, &MonitorPage::onWeldingNameChanged);
+    ui->ledtWeldingName->setPlaceholderText(tr("no weld data in use"));
+    followController();
     followLink();
     followForms();
 }
@@ -60,6 +65,29 @@ MonitorPage::MonitorPage(QWidget *parent, QObject *owner)
 MonitorPage::~MonitorPage()
 {
     delete m_wgt;
+}
+
+void MonitorPage::followController()
+{
+    // As long as there are widgets: a host may end its frame before its modules.
+    connect(xservice()->watchNode(stateNode), &kelp::ModuleObject::changed, m_wgt,
+            [this](const QVariant &value) { onWelderStateChanged(value); });
+    connect(welmo::host::controllerManager(), &tessa::ControllerManager::rcConnected, m_wgt,
+            [this] { reload(); });
+}
+
+void MonitorPage::reload()
+{
+    m_isLoaded = true;
+    const QString name = ui->ledtWeldingName->text();
+    const auto state = xservice()->get(this, stateNode);
+    if (welmo::arcweld::readFailed(state))
+        welmo::report::readFailed(this, stateNode);
+    else
+        onWelderStateChanged(welmo::host::toVariant(state.get()));
+    const bool isShown = name == ui->ledtWeldingName->text(); // another one was read just now
+    if (isShown && !name.isEmpty() && !takeOver())
+        welmo::report::readFailed(this, name);
 }
 
 // What was told last may not hold any more.
@@ -71,7 +99,7 @@ void MonitorPage::followLink()
     };
     kelp::ModuleObject *leaf = welmo::host::serviceTree()->c(QStringLiteral("connected"), true);
     leaf->watch(true, false);
-    connect(leaf, &kelp::ModuleObject::changed, this,
+    connect(leaf, &kelp::ModuleObject::changed, m_wgt,
             [show](const QVariant &value) { show(value.toBool()); });
     show(welmo::arcweld::isConnected());
 }
@@ -81,12 +109,18 @@ void MonitorPage::followForms()
 {
     auto *section = m(QStringLiteral("welmo"))->c(schema::weld().section, true);
     section->watch(true, true);
-    m_overtaken.setSingleShot(true);
-    connect(&m_overtaken, &QTimer::timeout, this, &MonitorPage::takeOver);
-    connect(section, &kelp::ModuleObject::changed, this,
-            [this](const QVariant &, const QVariant &, const QObject *sender) {
-                if (sender != this && m_data)
-                    m_overtaken.start(0);
+    const auto look = [this] {
+        m_isOvertaken = false;
+        const kelp::ModuleObject *local = localCopy();
+        const bool isThere = m_data && !welmo::host::isMissing(local);
+        if (isThere && welmo::host::toVariant(local) != welmo::host::toVariant(m_data.get()))
+            takeOver();
+    };
+    connect(section, &kelp::ModuleObject::changed, m_wgt,
+            [this, look](const QVariant &, const QVariant &, const QObject *sender) {
+                if (sender == this || !m_data || std::exchange(m_isOvertaken, true))
+                    return;
+                QMetaObject::invokeMethod(m_wgt, look, Qt::QueuedConnection);
             });
 }
 
@@ -96,26 +130,28 @@ kelp::ModuleObject *MonitorPage::localCopy() const
     return m(QStringLiteral("welmo"))->r(setOf(file).localPath(file));
 }
 
-void MonitorPage::takeOver()
+bool MonitorPage::takeOver()
 {
-    const kelp::ModuleObject *local = localCopy();
-    if (!m_data || welmo::host::isMissing(local)
-        || welmo::host::toVariant(local) == welmo::host::toVariant(m_data.get()))
-        return;
     const double current = ui->sbxCurrent->value();
     const double voltage = ui->sbxVoltage->value();
     const bool currentIsTrimmed = current != m_shownCurrent;
     const bool voltageIsTrimmed = voltage != m_shownVoltage;
-    onWeldingNameChanged();
+    if (!fetch())
+        return false;
+    showData();
     if (currentIsTrimmed)
         ui->sbxCurrent->setValue(current);
     if (voltageIsTrimmed)
         ui->sbxVoltage->setValue(voltage);
+    return true;
 }
 
 void MonitorPage::render()
 {
     welmo::applyStyleRules(m_wgt);
+    // A link that was up before the page listened is not told again.
+    if (!m_isLoaded && welmo::arcweld::isConnected())
+        reload();
 }
 
 void MonitorPage::onWelderStateChanged(const QVariant &value)
@@ -155,11 +191,10 @@ void MonitorPage::onChangeVoltageClicked()
 
 void MonitorPage::step(QDoubleSpinBox *box)
 {
-    if (!welmo::arcweld::isConnected()) {
+    if (!welmo::arcweld::isConnected())
         welmo::report::error(this, tr("tessa is not connected"));
-        return;
-    }
-    box->setValue(box->value() + sender()->property(stepProperty).toInt());
+    else if (const QObject *button = sender())
+        box->setValue(box->value() + button->property(stepProperty).toInt());
 }
 
 QString MonitorPage::node() const
@@ -169,27 +204,51 @@ QString MonitorPage::node() const
 
 void MonitorPage::onWeldingNameChanged()
 {
-    m_data = xservice()->get(this, node(), ui->ledtWeldingName->text());
-    if (welmo::arcweld::readFailed(m_data))
-        m_data.reset();
-    const auto shown = [this](const char *key) {
-        return m_data ? m_data->r(QString::fromLatin1(key))->getDouble(0.0) : 0.0;
-    };
-    ui->sbxCurrent->setValue(shown("current"));
-    ui->sbxVoltage->setValue(shown("voltage"));
-    m_shownCurrent = ui->sbxCurrent->value();
-    m_shownVoltage = ui->sbxVoltage->value();
+    m_told.clear();
+    if (!fetch())
+        welmo::report::readFailed(this, ui->ledtWeldingName->text());
+    showData();
+}
+
+// What could not be read must not be saved: the rest of the file would be lost. A name of no set is
+// the controller's to judge.
+bool MonitorPage::fetch()
+{
+    const QString name = ui->ledtWeldingName->text();
+    m_data = xservice()->get(this, node(), name);
+    return !welmo::arcweld::readFailed(m_data) || setOf(name).name.isEmpty();
+}
+
+void MonitorPage::showData()
+{
+    show(QStringLiteral("current"), ui->sbxCurrent, &m_shownCurrent);
+    show(QStringLiteral("voltage"), ui->sbxVoltage, &m_shownVoltage);
+}
+
+void MonitorPage::show(const QString &key, QDoubleSpinBox *box, double *shown)
+{
+    const double stored = m_data->r(key)->getDouble(0.0);
+    box->setValue(stored);
+    *shown = box->value();
+    const auto number = [](double value) { return QString::number(value, 'g', 10); };
+    const QString line = tr("%1: %2 %4 is stored, %3 %4 is shown")
+                             .arg(ui->ledtWeldingName->text(), number(stored), number(*shown),
+                                  box->suffix().trimmed());
+    if (qAbs(stored - *shown) < tolerance || line == m_told)
+        return;
+    m_told = line;
+    welmo::report::warning(this, line);
 }
 
 void MonitorPage::onSaveClicked()
 {
-    // Without the rest of the file, writing these two values would drop it.
-    if (!m_data) {
+    // Read anew: what another pendant saved and nobody trims here is not undone.
+    if (!takeOver()) {
         welmo::report::error(this, tr("save error"));
         return;
     }
-    take(QStringLiteral("current"), ui->sbxCurrent);
-    take(QStringLiteral("voltage"), ui->sbxVoltage);
+    m_data->set(this, QStringLiteral("current"), ui->sbxCurrent->value(), true);
+    m_data->set(this, QStringLiteral("voltage"), ui->sbxVoltage->value(), true);
     const auto answer = xservice()->set(this, node(), ui->ledtWeldingName->text(), m_data.get());
     if (answer->getInt(0) != 0) {
         welmo::report::error(this, tr("save error"));
@@ -200,12 +259,4 @@ void MonitorPage::onSaveClicked()
     m_shownVoltage = ui->sbxVoltage->value();
     if (kelp::ModuleObject *local = localCopy(); !welmo::host::isMissing(local))
         local->copyFrom(this, m_data.get(), true, true); // for the forms that show it
-}
-
-// A box at its end may stand for a stored value beyond it, which nobody has touched.
-void MonitorPage::take(const QString &key, const QDoubleSpinBox *box)
-{
-    const double shown = box->value();
-    if (shown < box->maximum() || m_data->r(key)->getDouble(0.0) < shown)
-        m_data->set(this, key, shown, true);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QPointer>
-#include <QTimer>
 #include <QVariant>
 #include <memory>
 
@@ -37,11 +36,17 @@ public slots:
     void onWelderStateChanged(const QVariant &value);
 
 private:
+    void followController();
     void followLink();
     void followForms();
-    void takeOver();
+    /// Takes the welder's state and the data in use as the controller has them.
+    void reload();
+    /// Reads the data again, except what is being trimmed; false when it could not be read.
+    bool takeOver();
+    bool fetch();
+    void showData();
+    void show(const QString &key, QDoubleSpinBox *box, double *shown);
     void step(QDoubleSpinBox *box);
-    void take(const QString &key, const QDoubleSpinBox *box);
     QString node() const;
     /// The forms' copy of the data in use; missing while no form has read it.
     kelp::ModuleObject *localCopy() const;
@@ -50,6 +55,8 @@ private:
     std::unique_ptr<Ui::MonitorPage> ui;
     double m_shownCurrent = 0; ///< as read or saved: what differs is trimmed
     double m_shownVoltage = 0;
-    QTimer m_overtaken; ///< runs once for all that a form changes at a time
-    welmo::host::Answer m_data; ///< the welding data last read; null when it could not be read
+    bool m_isOvertaken = false; ///< a form changed the data; one look for all that it changes
+    bool m_isLoaded = false; ///< the controller was there since the page was made
+    QString m_told; ///< what was said last of a value that a box cannot show
+    welmo::host::Answer m_data; ///< the welding data last read
 };
