@@ -119,11 +119,12 @@ function(welmo_translation variable)
     set(${variable} "${qm}" PARENT_SCOPE)
 endfunction()
 
-# welmo_test(tst_name LABEL unit SOURCES a.cpp LINK x): one QtTest executable, run offscreen. A second
+# welmo_test(tst_name LABEL unit SOURCES a.cpp LINK x): one QtTest executable, run offscreen. With NASTY it
+# runs once more, as tst_name_nasty, on a host that decides otherwise wherever one may. A second
 # label "process" is for tests that start programs by QProcess: they stay out of emulated runs, because
 # the emulator lacks the system call behind it (clone with a file descriptor of the process).
 function(welmo_test name)
-    cmake_parse_arguments(ARG "" "TIMEOUT" "LABEL;SOURCES;LINK;ARGUMENTS" ${ARGN})
+    cmake_parse_arguments(ARG "NASTY" "TIMEOUT" "LABEL;SOURCES;LINK;ARGUMENTS" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT ${WELMO_TEST_TIMEOUT})
     endif()
@@ -140,4 +141,10 @@ function(welmo_test name)
     set_tests_properties(${name} PROPERTIES
         LABELS "${ARG_LABEL}" TIMEOUT ${ARG_TIMEOUT}
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+    if(ARG_NASTY)
+        add_test(NAME ${name}_nasty COMMAND ${name} ${ARG_ARGUMENTS})
+        set_tests_properties(${name}_nasty PROPERTIES
+            LABELS "${ARG_LABEL}" TIMEOUT ${ARG_TIMEOUT}
+            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;WELMO_HOST=nasty")
+    endif()
 endfunction()

@@ -14,6 +14,7 @@ FileForm::FileForm(QObject *owner, const schema::FileSet &set, QComboBox *combo,
     : m_owner(owner)
     , m_set(set)
     , m_combo(combo)
+    , m_controls(combo)
     , m_fields(owner, set)
     , m_afterShow(std::move(afterShow))
     , m_shown(set.prefix, nullptr)
@@ -26,7 +27,7 @@ FileForm::FileForm(QObject *owner, const schema::FileSet &set, QComboBox *combo,
 FileForm::~FileForm()
 {
     const bool isHostThere = !host::isMissing(m(QStringLiteral("welmo")));
-    if (isHostThere && isEdited() && holdsChosenFile())
+    if (m_controls && isHostThere && isEdited() && holdsChosenFile())
         reportLoss(nullptr, m_data->name()); // the owner is going as well
 }
 

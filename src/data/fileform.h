@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QMap>
+#include <QPointer>
 #include <QTimer>
 #include <functional>
 
@@ -71,6 +72,7 @@ private:
     QObject *m_owner;
     const schema::FileSet &m_set;
     QComboBox *m_combo;
+    QPointer<QComboBox> m_controls; ///< null once the widgets are gone, which may be before this
     FieldTable m_fields;
     std::function<void()> m_afterShow;
     kelp::ModuleObject *m_data = nullptr;

@@ -34,7 +34,10 @@ kelp::ModuleObject *keepAnswer(QObject *sender, const schema::FileSet &set, cons
     kelp::ModuleObject *local = moduleTree()->r(set.localPath(file));
     if (host::isMissing(local))
         local = makeLocalCopy(sender, set, file);
-    local->copyFrom(sender, answer, true, true);
+    // Nothing new is no news: a host may tell a write of equal values too, and two forms that
+    // follow the file would go on reading it because of each other.
+    if (host::toVariant(local) != host::toVariant(answer))
+        local->copyFrom(sender, answer, true, true);
     return local;
 }
 

@@ -170,10 +170,8 @@ void ArcWeldPage::init()
     registerArcButton();
     followEnableLeaf();
     autoUpdate(true, true, true, false);
-    connect(welmo::host::controllerManager(), &tessa::ControllerManager::rcConnected, this, [this] {
-        loadFromRC();
-        m_currentPage->initPage();
-    });
+    connect(welmo::host::controllerManager(), &tessa::ControllerManager::rcConnected, this,
+            &ArcWeldPage::reload);
     TlArcWeldDefine instructions(this); // what it enters stays in the TL manager
 }
 
@@ -181,12 +179,30 @@ void ArcWeldPage::render()
 {
     welmo::applyStyleRules(m_wgt);
 
-    m_modeIndicator = new WeldModeIndicator;
-    welmo::host::statusBar(this)->addBeforeItem(this, QStringLiteral("welmo.labelArcMode"),
-                                                QStringLiteral("orbo.body.statuspage.wgtStrech2"),
-                                                m_modeIndicator);
+    addModeIndicator();
     auto *node = xservice()->watchNode(QStringLiteral("arc_weld.weld_mode"));
     connect(node, &kelp::ModuleObject::changed, this, &ArcWeldPage::onWeldModeChanged);
+    // A link that was up before the page listened is not told again.
+    if (!m_isLoaded && welmo::arcweld::isConnected())
+        reload();
+}
+
+void ArcWeldPage::addModeIndicator()
+{
+    m_modeIndicator = new WeldModeIndicator; // kept, though not seen, where there is no status bar
+    if (pando::StatusBar *bar = welmo::host::statusBar(this)) {
+        bar->addBeforeItem(this, QStringLiteral("welmo.labelArcMode"),
+                           QStringLiteral("orbo.body.statuspage.wgtStrech2"), m_modeIndicator);
+    }
+    if (m_isLoaded)
+        m_modeIndicator->showPicture(mobj()->r(weldModeKey)->getString(QString()));
+}
+
+void ArcWeldPage::reload()
+{
+    m_isLoaded = true;
+    loadFromRC();
+    m_currentPage->initPage();
 }
 
 void ArcWeldPage::onWeldModeChanged(const QVariant &value)
@@ -195,7 +211,8 @@ void ArcWeldPage::onWeldModeChanged(const QVariant &value)
     state.importFromVariant(this, value, true, true, false);
     const QString mode = state.r(QStringLiteral("mode"))->getString(QString());
     mobj()->set(this, weldModeKey, mode, true);
-    m_modeIndicator->announce(mode);
+    if (m_modeIndicator)
+        m_modeIndicator->announce(mode);
 }
 
 void ArcWeldPage::loadFromRC()
@@ -204,7 +221,8 @@ void ArcWeldPage::loadFromRC()
     if (!welmo::arcweld::readFailed(answer)) {
         const QString mode = answer->r(QStringLiteral("mode"))->getString(QString());
         mobj()->set(this, weldModeKey, mode, true);
-        m_modeIndicator->showPicture(mode);
+        if (m_modeIndicator) // the link may come up before render()
+            m_modeIndicator->showPicture(mode);
     }
     loadWelderSetting();
     xservice()->watch(this, QStringLiteral("arc_weld.weld_mode"), true);

@@ -61,6 +61,8 @@ private:
     void leave(SubPageCfg &entry);
     void paintIcon(const SubPageCfg &entry, const QString &ink);
     void followEnableLeaf();
+    void reload();
+    void addModeIndicator();
     void onWeldModeChanged(const QVariant &value);
     void loadWelderSetting();
 
@@ -71,4 +73,5 @@ private:
     BaseSubPage *m_currentPage = nullptr;
     HandleKeys *m_keys;
     QPointer<WeldModeIndicator> m_modeIndicator;
+    bool m_isLoaded = false; ///< the controller was there since init()
 };

@@ -36,11 +36,16 @@ public:
 
 /// What a form needs around it, without a window: a host, a frame, and a controller in memory. Up
 /// and connected when the constructor is through, unless told otherwise.
+///
+/// Run with WELMO_HOST=nasty it is a host that decides otherwise wherever one may.
 class FormHost
 {
 public:
     enum Link { Connected, Down };
     explicit FormHost(Link link = Connected, const QString &language = QStringLiteral("en"));
+    ~FormHost();
+
+    static bool isNasty();
 
     /// Takes the link up or down, and waits until the host knows.
     bool connect();
