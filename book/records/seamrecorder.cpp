@@ -61,6 +61,8 @@ void SeamRecorder::tellWelder(const QVariantMap &news, const Moment &now)
     m_phase = news.value(phaseKey, m_phase).toString();
     const QString fileBefore = m_file;
     m_file = news.value(QStringLiteral("welding_name"), m_file).toString();
+    m_seamProgram = news.value(QStringLiteral("program"), m_seamProgram).toString();
+    m_seamLine = news.value(QStringLiteral("line"), m_seamLine).toInt();
 
     const bool begins = isUnderWay() && (!m_open || (m_quietSince >= 0 && !m_wasPaused));
     if (begins && (!m_open || m_tellsPhase)) {
@@ -171,11 +173,7 @@ void SeamRecorder::open(const Moment &now)
     m_seam.user = m_user;
     m_seam.mode = m_mode;
     m_seam.efficiency = m_efficiency;
-    const QString state = m_program.value(QStringLiteral("state")).toString();
-    if (state == QLatin1String("running") || state == paused) {
-        m_seam.program = m_program.value(QStringLiteral("name")).toString();
-        m_seam.line = m_seam.lastLine = m_program.value(QStringLiteral("line")).toInt();
-    }
+    takePlace();
     m_judge = Judge();
     m_start = now;
     m_firstSample = m_quietSince = -1;
@@ -186,6 +184,21 @@ void SeamRecorder::open(const Moment &now)
     m_unsent.clear();
     m_open = true;
     m_sink->opened(m_seam);
+}
+
+// The welder's own words come first: the program's may be heard later than the arc they belong to.
+void SeamRecorder::takePlace()
+{
+    const QString state = m_program.value(QStringLiteral("state")).toString();
+    const bool runs = state == QLatin1String("running") || state == paused;
+    if (m_seamLine > 0) {
+        m_seam.program = m_seamProgram;
+        m_seam.line = m_seamLine;
+    } else if (runs) {
+        m_seam.program = m_program.value(QStringLiteral("name")).toString();
+        m_seam.line = m_program.value(QStringLiteral("line")).toInt();
+    }
+    m_seam.lastLine = m_seam.line;
 }
 
 void SeamRecorder::tick(const Moment &now)

@@ -88,6 +88,7 @@ private:
     void followPhase(const QString &phase);
     void followFile(const QString &file);
     void open(const Moment &now);
+    void takePlace();
     void close(const QString &how, const Moment &now);
     void settle(const Moment &now);
     void takeSample();
@@ -98,6 +99,8 @@ private:
 
     SeamSink *m_sink; // not owned
     QString m_cell, m_user, m_mode;
+    QString m_seamProgram; ///< of the seam, where the welder tells it
+    int m_seamLine = 0;
     double m_efficiency = usualEfficiency;
 
     // As told last.

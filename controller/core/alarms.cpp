@@ -39,23 +39,17 @@ Reply Alarms::start()
     return stored;
 }
 
-void Alarms::setPlace(const QString &program, int line)
-{
-    m_program = program;
-    m_line = line;
-}
-
 void Alarms::raise(const Reason &reason, const QString &file)
 {
     const QVariantMap what{{QStringLiteral("code"), reason.code},
                            {QStringLiteral("arguments"), reason.arguments},
-                           {QStringLiteral("line"), m_line}};
+                           {QStringLiteral("line"), m_place.line}};
     m_ofRun.append(what);
     QVariantMap entry = what;
     entry.insert(idKey, m_nextId++);
     entry.insert(QStringLiteral("time"),
                  QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs));
-    entry.insert(QStringLiteral("program"), m_program);
+    entry.insert(QStringLiteral("program"), m_place.program);
     entry.insert(QStringLiteral("file"), file);
     entry.insert(openKey, true);
     m_entries.push_back(entry);

@@ -9,6 +9,13 @@
 
 namespace welmo::controller {
 
+/// A line of a program, counted from 1; 0 and no name while none is carried out.
+struct ProgramPlace
+{
+    QString program;
+    int line = 0;
+};
+
 /// What ended or harmed a weld, kept in the store until long after it was acknowledged.
 ///
 /// The node "cell.alarms" holds {entries}, oldest first: {id, code, arguments, time, program, line,
@@ -24,7 +31,8 @@ public:
     Reply start() override;
 
     /// Where in a program what comes next happens.
-    void setPlace(const QString &program, int line);
+    void setPlace(const ProgramPlace &place) { m_place = place; }
+    const ProgramPlace &place() const { return m_place; }
     /// @p file is the parameter file in use, if that matters.
     void raise(const Reason &reason, const QString &file = {});
 
@@ -41,8 +49,7 @@ private:
     ControllerContext &m_context;
     std::vector<QVariantMap> m_entries;
     QVariantList m_ofRun;
-    QString m_program;
-    int m_line = 0;
+    ProgramPlace m_place;
     int m_nextId = 1;
 };
 

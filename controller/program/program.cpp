@@ -206,7 +206,7 @@ void Program::beginNext()
         return finish();
     const tl::ParsedLine &line = m_lines[m_next++];
     m_line = int(m_next);
-    m_alarms.setPlace(m_name, m_line);
+    m_alarms.setPlace({m_name, m_line});
     if (!line.instruction)
         return ignore(line, "is unknown");
     if (!line.problems.isEmpty())
@@ -277,7 +277,7 @@ void Program::end(State state, const QString &word, const QString &message)
     m_stage.robot.yield();
     m_instruction.reset();
     m_message = message;
-    m_alarms.setPlace({}, 0);
+    m_alarms.setPlace({});
     if (state == State::Idle)
         m_line = 0;
     if (state != m_state)

@@ -103,6 +103,7 @@ Reply Weld::openSeam(const QString &arcOnFile, const QString &weldFile, Arc arc)
     m_alarm = {};
     m_counted = false;
     m_seam = ArcWeld::from(weld.value.toMap());
+    m_seamPlace = m_alarms.place();
     m_arc = arc;
     if (arc != Arc::None)
         m_process.start(ArcStart::from(arcOn.value.toMap()), *m_seam);

@@ -51,6 +51,8 @@ public:
     /// What the open seam is welded with, mm/s; 0 when its file leaves that to the program.
     double seamSpeed() const { return m_seam ? m_seam->speed : 0; }
     double torchSpeed() const { return isWelding() ? std::abs(m_torchSpeed) : 0; }
+    /// The line that opened the seam, also after its end.
+    const ProgramPlace &seamPlace() const { return m_seamPlace; }
     bool hasSeam() const { return m_seam.has_value(); }
     /// Why the last weld ended before its time; empty when it did not.
     const Reason &alarm() const { return m_alarm; }
@@ -82,6 +84,7 @@ private:
     Alarms &m_alarms;
     WeldProcess m_process;
     std::optional<ArcWeld> m_seam; // open, with an arc unless the run is dry
+    ProgramPlace m_seamPlace;
     Arc m_arc = Arc::None;
     QString m_arcOnFile, m_weldFile, m_arcOffFile;
     double m_torchSpeed = 0;

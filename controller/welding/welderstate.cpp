@@ -12,9 +12,11 @@ namespace welmo::controller {
 
 namespace {
 
-// In the order of the readings.
+// In the order of the readings. Program and line of the seam are told here with the phase: of two
+// nodes that change together a pendant may hear either first.
 const QVector<QString> wordKeys{QStringLiteral("state"), QStringLiteral("phase"),
-                                QStringLiteral("welding_name")};
+                                QStringLiteral("welding_name"), QStringLiteral("program"),
+                                QStringLiteral("line")};
 const QVector<QString> numberKeys{
     QStringLiteral("current"),          QStringLiteral("voltage"),
     QStringLiteral("welding_speed"),    QStringLiteral("welding_time"),
@@ -110,7 +112,8 @@ void WelderState::completePair(QVariantMap &news) const
 
 WelderState::Words WelderState::words() const
 {
-    return {m_welder.stateWord(), m_weld.phaseWord(), m_weld.fileName()};
+    const ProgramPlace &place = m_weld.seamPlace();
+    return {m_welder.stateWord(), m_weld.phaseWord(), m_weld.fileName(), place.program, place.line};
 }
 
 WelderState::Numbers WelderState::numbers() const

@@ -30,7 +30,7 @@ public:
     int paceMs() const override { return 1000 / m_rate; }
 
 private:
-    using Words = std::array<QString, 3>;
+    using Words = std::array<QVariant, 5>;
     using Numbers = std::array<double, 6>;
 
     Words words() const;

@@ -50,6 +50,14 @@ private slots:
         QVERIFY(!seam.wire);
         QCOMPARE(shop.course.size(), 44);
     }
+    void theWelderKnowsItsLine()
+    {
+        Workshop shop;
+        shop.recorder.tellProgram({{"name", "vgroove.tl"}, {"state", "running"}, {"line", 5}});
+        shop.tell({{"phase", "idle"}, {"program", "vgroove.tl"}, {"line", 6}});
+        shop.weld(1000);
+        QCOMPARE(shop.seams.first().line, 6);
+    }
     void endingsAndTroubles_data()
     {
         QTest::addColumn<std::function<void(Workshop &)>>("act");

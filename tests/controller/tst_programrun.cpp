@@ -44,6 +44,7 @@ private slots:
                      welds ? phases : QVariantList());
             QVERIFY(qAbs(bench.weldState("welding_distance").toDouble() - (welds ? 100 : 0)) < 0.2);
             QCOMPARE(bench.weldState("welding_wire_used").toDouble() > 0, welds);
+            QCOMPARE(bench.weldState("line").toInt(), 2);
             QVERIFY(!bench.controller.isBusy());
         }
     }
