@@ -8,93 +8,9 @@
 #include <utility>
 
 #include "kelp/habits.h"
+#include "values.h"
 
 namespace kelp {
-
-namespace {
-
-bool isNumber(const QVariant &value)
-{
-    switch (static_cast<QMetaType::Type>(value.userType())) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool isListOfMaps(const QVariant &value)
-{
-    if (value.userType() != QMetaType::QVariantList)
-        return false;
-    const QVariantList list = value.toList();
-    return !list.isEmpty() && std::all_of(list.begin(), list.end(), [](const QVariant &item) {
-        return item.userType() == QMetaType::QVariantMap;
-    });
-}
-
-using Entries = QVector<QPair<QString, QVariant>>;
-
-// A map's entries by key; a list's in its order, named by their "id", else by their position.
-Entries entriesOf(const QVariant &variant)
-{
-    Entries entries;
-    if (variant.userType() == QMetaType::QVariantMap) {
-        const QVariantMap map = variant.toMap();
-        for (auto it = map.begin(); it != map.end(); ++it)
-            entries.append({it.key(), it.value()});
-        return entries;
-    }
-    const QVariantList list = variant.toList();
-    for (int i = 0; i < list.size(); ++i)
-        entries.append({list.at(i).toMap().value(QStringLiteral("id"), i).toString(), list.at(i)});
-    return entries;
-}
-
-bool hasEntries(const QVariant &variant)
-{
-    return variant.userType() == QMetaType::QVariantMap || isListOfMaps(variant);
-}
-
-bool sameMap(const QVariantMap &a, const QVariantMap &b)
-{
-    return a.keys() == b.keys()
-        && std::equal(
-               a.begin(), a.end(), b.begin(),
-               [](const QVariant &left, const QVariant &right) { return sameValue(left, right); });
-}
-
-bool sameList(const QVariantList &a, const QVariantList &b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameValue);
-}
-
-} // namespace
-
-Habits &habits()
-{
-    static Habits ofThisHost;
-    return ofThisHost;
-}
-
-bool sameValue(const QVariant &a, const QVariant &b)
-{
-    if (a.userType() != b.userType())
-        return isNumber(a) && isNumber(b) && a.toDouble() == b.toDouble();
-    switch (static_cast<QMetaType::Type>(a.userType())) {
-    case QMetaType::QVariantMap:
-        return sameMap(a.toMap(), b.toMap());
-    case QMetaType::QVariantList:
-        return sameList(a.toList(), b.toList());
-    default:
-        return a == b;
-    }
-}
 
 ModuleObject::ModuleObject(const QString &name, QObject *parent)
     : QObject(parent)
