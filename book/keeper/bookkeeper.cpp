@@ -13,10 +13,18 @@ namespace welmo::book {
 
 namespace {
 
+const QString entriesKey = QStringLiteral("entries");
+
 constexpr int tickMs = 50; // twice a sample, so that none is late by one
 constexpr int tidyMs = 60 * 1000;
 constexpr qint64 courseAgeMs = 90LL * 24 * 3600 * 1000;
 constexpr qint64 bookBytes = 900LL * 1024 * 1024;
+
+// A list that was read is kept as children.
+QVariantList itemsOf(const QVariant &list)
+{
+    return list.userType() == QMetaType::QVariantMap ? list.toMap().values() : list.toList();
+}
 
 const QString &weldFiles()
 {
@@ -105,6 +113,10 @@ void Bookkeeper::start()
         m_recorder.setMode(news.value(QStringLiteral("mode")).toString());
     });
     follow(names::programState, [this](const QVariantMap &news) { m_recorder.tellProgram(news); });
+    follow(names::alarms, [this](const QVariantMap &news) {
+        if (news.contains(entriesKey))
+            m_recorder.tellAlarms(news.value(entriesKey).toList());
+    });
     follow(weldFiles(), [](const QVariantMap &) {});
 
     kelp::ModuleObject *connected = xservice()->mobj()->c(QStringLiteral("connected"), true);
@@ -131,10 +143,11 @@ void Bookkeeper::follow(const QString &path, const Handler &handler)
 void Bookkeeper::listen()
 {
     for (const QString &path :
-         {names::welderState, names::weldMode, names::programState, weldFiles()})
+         {names::welderState, names::weldMode, names::programState, names::alarms, weldFiles()})
         xservice()->watch(this, path, true);
     m_recorder.setMode(read(names::weldMode).value(QStringLiteral("mode")).toString());
     m_recorder.tellProgram(read(names::programState));
+    m_recorder.tellAlarms(itemsOf(read(names::alarms).value(entriesKey)));
     m_recorder.tellWelder(read(names::welderState), Moment::now());
     tick();
 }

@@ -7,6 +7,7 @@
 
 #include "book/pages/courseplot.h"
 #include "book/pages/words.h"
+#include "book/report/tables.h"
 
 namespace welmo::book {
 
@@ -143,7 +144,7 @@ void SeamCard::showSeam(const Seam &seam, const Course &course, const Limits &li
     setStyleWord(m_verdict, "verdict", words[static_cast<int>(seam.verdict)]);
     QStringList why{seam.startedAt().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))};
     why += Words::reasons(seam.reason);
-    why += seam.alarm;
+    why += alarmText(seam);
     why.removeAll(QString());
     m_reason->setText(why.join(QStringLiteral("  ·  ")));
     for (const Fact &fact : m_facts)

@@ -76,8 +76,8 @@ void addSpread(std::vector<Column> &columns, const char *name, Spread Seam::*mem
                                                                {"stddev", &Spread::deviation}};
     for (const auto &[word, part] : parts) {
         double Spread::*const value = part;
-        columns.push_back({QStringLiteral("%1_%2").arg(QLatin1String(name), QLatin1String(word)), QString::fromLatin1(unit),
-                           QStringLiteral("REAL"),
+        columns.push_back({QStringLiteral("%1_%2").arg(QLatin1String(name), QLatin1String(word)),
+                           QString::fromLatin1(unit), QStringLiteral("REAL"),
                            [member, value](const Seam &seam) { return seam.*member.*value; },
                            [member, value](Seam &seam, const QVariant &number) {
                                seam.*member.*value = number.toDouble();
@@ -123,6 +123,7 @@ std::vector<Column> makeColumns()
         column("restrikes", &Seam::restrikes),
         column("interruptions", &Seam::interruptions),
         column("alarm", &Seam::alarm),
+        column("alarm_arguments", &Seam::alarmArguments),
         column("verdict", &Seam::verdict),
         column("reason", &Seam::reason),
     };

@@ -56,7 +56,8 @@ struct Seam
     double efficiency = 0; ///< thermal efficiency, heat input : arc energy
     int restrikes = 0;
     int interruptions = 0;
-    QString alarm;
+    QString alarm; ///< the controller's code for it; without arguments, its own words
+    QString alarmArguments; ///< of the code, a JSON list
     Verdict verdict = Verdict::None;
     QString reason; ///< words of reason::, separated by blanks
 

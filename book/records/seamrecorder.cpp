@@ -1,6 +1,7 @@
 #include "book/records/seamrecorder.h"
 
 #include <QDateTime>
+#include <QJsonDocument>
 #include <chrono>
 #include <cmath>
 
@@ -63,6 +64,7 @@ void SeamRecorder::tellWelder(const QVariantMap &news, const Moment &now)
     m_file = news.value(QStringLiteral("welding_name"), m_file).toString();
     m_seamProgram = news.value(QStringLiteral("program"), m_seamProgram).toString();
     m_seamLine = news.value(QStringLiteral("line"), m_seamLine).toInt();
+    m_user = news.value(QStringLiteral("user"), m_user).toString();
 
     const bool begins = isUnderWay() && (!m_open || (m_quietSince >= 0 && !m_wasPaused));
     if (begins && (!m_open || m_tellsPhase)) {
@@ -151,8 +153,28 @@ void SeamRecorder::tellProgram(const QVariantMap &news)
         m_wasPaused = true;
         ++m_seam.interruptions;
     }
-    if (state == errorState)
+    m_failed = m_failed || state == errorState;
+    if (state == errorState && m_seam.alarmArguments.isEmpty())
         m_seam.alarm = m_program.value(QStringLiteral("message")).toString();
+}
+
+void SeamRecorder::tellAlarms(const QVariantList &entries)
+{
+    const qint64 known = m_lastAlarm;
+    for (const QVariant &entry : entries) {
+        const QVariantMap alarm = entry.toMap();
+        const qint64 id = alarm.value(QStringLiteral("id")).toLongLong();
+        if (id <= m_lastAlarm)
+            continue;
+        m_lastAlarm = id;
+        if (!m_open || known < 0)
+            continue;
+        m_seam.alarm = alarm.value(QStringLiteral("code")).toString();
+        m_seam.alarmArguments = QString::fromUtf8(
+            QJsonDocument::fromVariant(alarm.value(QStringLiteral("arguments")).toList())
+                .toJson(QJsonDocument::Compact));
+    }
+    m_lastAlarm = std::max(m_lastAlarm, qint64(0));
 }
 
 void SeamRecorder::tellLink(bool up, const Moment &now)
@@ -177,7 +199,7 @@ void SeamRecorder::open(const Moment &now)
     m_judge = Judge();
     m_start = now;
     m_firstSample = m_quietSince = -1;
-    m_sawEnd = m_wasPaused = m_gap = false;
+    m_sawEnd = m_wasPaused = m_gap = m_failed = false;
     m_samples = m_burning = 0;
     m_energy = m_travelled = 0;
     m_current = m_voltage = m_speed = {};
@@ -262,7 +284,7 @@ void SeamRecorder::settle(const Moment &now)
 
 QString SeamRecorder::howItEnded() const
 {
-    if (!m_seam.alarm.isEmpty() || m_state == errorState)
+    if (m_failed || m_state == errorState)
         return ending::alarm;
     return m_sawEnd || !m_tellsPhase ? ending::regular : ending::stopped;
 }

@@ -62,7 +62,6 @@ public:
     std::function<Limits(const QString &file)> limitsOf;
 
     void setCell(const QString &cell) { m_cell = cell; }
-    void setUser(const QString &user) { m_user = user; }
     void setEfficiency(double factor) { m_efficiency = factor; }
     void setMode(const QString &mode) { m_mode = mode; }
 
@@ -70,6 +69,8 @@ public:
     void tellWelder(const QVariantMap &news, const Moment &now);
     /// News of the program under way: any of name, state, line, message.
     void tellProgram(const QVariantMap &news);
+    /// Every alarm that is kept, as {id, code, arguments, …}; one is news when its id is.
+    void tellAlarms(const QVariantList &entries);
     void tellLink(bool up, const Moment &now);
     /// What is open is closed as interrupted: the recorder ends.
     void end(const Moment &now) { close(ending::interrupted, now); }
@@ -107,6 +108,7 @@ private:
     Sample m_actual;
     QString m_phase, m_state, m_file;
     QVariantMap m_program;
+    qint64 m_lastAlarm = -1; ///< its id; -1 before the first look
     double m_distance = 0;
     double m_wire = 0;
     bool m_tellsPhase = false;
@@ -122,6 +124,7 @@ private:
     qint64 m_quietSince = -1; ///< since when it is not under way; -1 while it is
     bool m_sawEnd = false;
     bool m_wasPaused = false;
+    bool m_failed = false; ///< its program says so
     bool m_gap = false; ///< the arc is out within the seam
     int m_samples = 0;
     int m_burning = 0;

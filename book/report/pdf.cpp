@@ -64,7 +64,7 @@ QString seamHtml(const Seam &seam)
                        .arg(seam.id)
                        .arg(verdictWord(seam.verdict), pictureName)
                        .arg(pictureSize.width());
-    const QString trouble = QStringList{seam.reason, seam.alarm}.join(QStringLiteral("  "));
+    const QString trouble = QStringList{seam.reason, alarmText(seam)}.join(QStringLiteral("  "));
     html += QStringLiteral("<p class=\"%1\">%2</p><table>")
                 .arg(verdictWord(seam.verdict), trouble.toHtmlEscaped());
     QVector<ReportValue> values = reportValues(seam);

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "book/records/columns.h"
+#include "schema/reasons.h"
 
 namespace welmo::book {
 
@@ -105,6 +106,13 @@ QString verdictWord(Verdict verdict)
 {
     const char *const words[] = {"none", "green", "amber", "red"};
     return QString::fromLatin1(words[static_cast<int>(verdict)]);
+}
+
+QString alarmText(const Seam &seam)
+{
+    const QByteArray arguments = seam.alarmArguments.toUtf8();
+    return schema::reasonText(seam.alarm,
+                              QJsonDocument::fromJson(arguments).array().toVariantList());
 }
 
 QVector<ReportValue> reportValues(const Seam &seam)

@@ -18,6 +18,8 @@ struct ReportValue
 
 /// Number, times in ISO 8601 with their zone, then every value of the record.
 QVector<ReportValue> reportValues(const Seam &seam);
+/// What the controller said, in the language in use; empty where it said nothing.
+QString alarmText(const Seam &seam);
 /// "none", "green", "amber" or "red".
 QString verdictWord(Verdict verdict);
 

@@ -4,6 +4,7 @@
 #include "pendant/program/runresult.h"
 #include "pendant/state/reasontext.h"
 #include "schema/names.h"
+#include "schema/reasons.h"
 #include "tessa/managerhelper.h"
 
 namespace welmo::pendant {
@@ -130,8 +131,8 @@ bool ProgramRun::send(const QString &command, const QVariant &value, const QStri
     const QString reason = answer->r(QStringLiteral("reason"))->getString();
     const QString why = reason.isEmpty()
         ? codeText(code)
-        : reasonText(reason,
-                     answer->toVariant().toMap().value(QStringLiteral("arguments")).toList());
+        : schema::reasonText(
+            reason, answer->toVariant().toMap().value(QStringLiteral("arguments")).toList());
     if (code != 0)
         tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("error"), failure.arg(why));
     return code == 0;

@@ -1,64 +1,13 @@
 #include "pendant/state/reasontext.h"
 
 #include <QCoreApplication>
-#include <QHash>
 #include <QVariantMap>
+
+#include "schema/reasons.h"
 
 namespace welmo::pendant {
 
-namespace {
-
-// Texts of the class Reasons, with the arguments in the order in which the controller tells them.
-const QHash<QString, const char *> &texts()
-{
-    static const QHash<QString, const char *> table{
-        {QStringLiteral("arc_lost"), QT_TRANSLATE_NOOP("Reasons", "arc lost at %1 mm")},
-        {QStringLiteral("arc_restruck"),
-         QT_TRANSLATE_NOOP("Reasons", "arc lost at %1 mm and struck again")},
-        {QStringLiteral("wire_stuck"), QT_TRANSLATE_NOOP("Reasons", "the wire does not move")},
-        {QStringLiteral("wire_sticks"),
-         QT_TRANSLATE_NOOP("Reasons", "the wire sticks in the seam")},
-        {QStringLiteral("wire_stopped"), QT_TRANSLATE_NOOP("Reasons", "wire or gas was stopped")},
-        {QStringLiteral("no_gas"), QT_TRANSLATE_NOOP("Reasons", "no gas")},
-        {QStringLiteral("no_arc"), QT_TRANSLATE_NOOP("Reasons", "the arc does not strike")},
-        {QStringLiteral("no_current"),
-         QT_TRANSLATE_NOOP("Reasons", "the file says 0 A, so there is no arc")},
-        {QStringLiteral("welder_error"),
-         QT_TRANSLATE_NOOP("Reasons", "the welder reports an error")},
-        {QStringLiteral("welder_disabled"),
-         QT_TRANSLATE_NOOP("Reasons", "the welder is not enabled")},
-        {QStringLiteral("welder_not_connected"),
-         QT_TRANSLATE_NOOP("Reasons", "the actual welding machine is not connected")},
-        {QStringLiteral("line_ignored"),
-         QT_TRANSLATE_NOOP("Reasons", "\"%1\" is unknown and was ignored")},
-        {QStringLiteral("bad_arguments"),
-         QT_TRANSLATE_NOOP("Reasons", "%1: the arguments are not right")},
-        {QStringLiteral("no_file"), QT_TRANSLATE_NOOP("Reasons", "there is no file \"%1\"")},
-        {QStringLiteral("no_item"), QT_TRANSLATE_NOOP("Reasons", "the project has no \"%2\" (%1)")},
-        {QStringLiteral("no_point"), QT_TRANSLATE_NOOP("Reasons", "%1 is no point")},
-        {QStringLiteral("out_of_reach"),
-         QT_TRANSLATE_NOOP("Reasons", "the robot does not reach %1")},
-        {QStringLiteral("no_power"), QT_TRANSLATE_NOOP("Reasons", "the power is off")},
-        {QStringLiteral("cell_fault"), QT_TRANSLATE_NOOP("Reasons", "the cell is in a fault")},
-        {QStringLiteral("pendant_lost"),
-         QT_TRANSLATE_NOOP("Reasons", "the pendant was gone for a second, so the run was paused")},
-        {QStringLiteral("storage_failed"),
-         QT_TRANSLATE_NOOP("Reasons", "the controller cannot keep data")},
-        {QStringLiteral("refused"), QT_TRANSLATE_NOOP("Reasons", "the controller refuses: %1")},
-    };
-    return table;
-}
-
-} // namespace
-
-QString reasonText(const QString &code, const QVariantList &arguments)
-{
-    const char *source = texts().value(code);
-    QString text = source ? QCoreApplication::translate("Reasons", source) : code;
-    for (int i = 0; i < arguments.size(); ++i)
-        text.replace(QStringLiteral("%%1").arg(i + 1), arguments.at(i).toString());
-    return text;
-}
+using schema::reasonText;
 
 QVariantList itemsOf(const QVariant &list)
 {

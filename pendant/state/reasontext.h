@@ -5,9 +5,6 @@
 
 namespace welmo::pendant {
 
-/// The controller's reason in the operator's language; of an unknown code, the code itself.
-QString reasonText(const QString &code, const QVariantList &arguments);
-
 /// What went wrong where: "line 7, arc lost at 98.9 mm"; a line of 0 is none.
 QString reasonText(const QString &code, const QVariantList &arguments, int line);
 

@@ -162,4 +162,95 @@
         <translation>RP/RPH</translation>
     </message>
 </context>
+<context>
+    <name>Reasons</name>
+    <message>
+        <source>arc lost at %1 mm</source>
+        <translation>在 %1 mm 处断弧</translation>
+    </message>
+    <message>
+        <source>arc lost at %1 mm and struck again</source>
+        <translation>在 %1 mm 处断弧后重新起弧</translation>
+    </message>
+    <message>
+        <source>the wire does not move</source>
+        <translation>焊丝不动</translation>
+    </message>
+    <message>
+        <source>the wire sticks in the seam</source>
+        <translation>焊丝粘在焊缝中</translation>
+    </message>
+    <message>
+        <source>wire or gas was stopped</source>
+        <translation>送丝或送气被停止</translation>
+    </message>
+    <message>
+        <source>no gas</source>
+        <translation>无保护气</translation>
+    </message>
+    <message>
+        <source>the arc does not strike</source>
+        <translation>无法起弧</translation>
+    </message>
+    <message>
+        <source>the file says 0 A, so there is no arc</source>
+        <translation>文件中电流为 0 A，因此没有电弧</translation>
+    </message>
+    <message>
+        <source>the welder reports an error</source>
+        <translation>焊机报错</translation>
+    </message>
+    <message>
+        <source>the welder is not enabled</source>
+        <translation>焊机未启用</translation>
+    </message>
+    <message>
+        <source>the actual welding machine is not connected</source>
+        <translation>未连接实际焊机</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is unknown and was ignored</source>
+        <translation>“%1”未知，已忽略</translation>
+    </message>
+    <message>
+        <source>%1: the arguments are not right</source>
+        <translation>%1：参数不正确</translation>
+    </message>
+    <message>
+        <source>there is no file &quot;%1&quot;</source>
+        <translation>没有文件“%1”</translation>
+    </message>
+    <message>
+        <source>the project has no &quot;%2&quot; (%1)</source>
+        <translation>工程中没有“%2”（%1）</translation>
+    </message>
+    <message>
+        <source>%1 is no point</source>
+        <translation>%1 不是点</translation>
+    </message>
+    <message>
+        <source>the robot does not reach %1</source>
+        <translation>机器人无法到达 %1</translation>
+    </message>
+    <message>
+        <source>the power is off</source>
+        <translation>电源已关闭</translation>
+    </message>
+    <message>
+        <source>the cell is in a fault</source>
+        <translation>单元处于故障状态</translation>
+    </message>
+    <message>
+        <source>the pendant was gone for a second, so the run was paused</source>
+        <translation>示教器失联一秒，运行已暂停</translation>
+    </message>
+    <message>
+        <source>the controller cannot keep data</source>
+        <translation>控制器无法保存数据</translation>
+    </message>
+    <message>
+        <source>the controller refuses: %1</source>
+        <translation>控制器拒绝：%1</translation>
+    </message>
+</context>
 </TS>

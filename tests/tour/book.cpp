@@ -60,7 +60,7 @@ void weldBook(Tour &tour)
         Tour::await("listed", [&] { return cell(tour, 0, 0) == "✗"; });
         touchRow(tour, 0);
         const auto *reason = tour.find<QLabel>("lblReason");
-        return Tour::await("told", [&] { return reason->text().contains("line 7: arc_lost"); });
+        return Tour::await("told", [&] { return reason->text().contains("arc lost at "); });
     });
 }
 

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+#include <QVariantList>
+
+namespace welmo::schema {
+
+/// The controller's reason, as of an alarm, in the language of the pendant; of an unknown code, the
+/// code itself.
+QString reasonText(const QString &code, const QVariantList &arguments);
+
+} // namespace welmo::schema
