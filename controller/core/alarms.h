@@ -14,6 +14,7 @@ struct ProgramPlace
 {
     QString program;
     int line = 0;
+    QString user = {}; ///< who had it carried out
 };
 
 /// What ended or harmed a weld, kept in the store until long after it was acknowledged.

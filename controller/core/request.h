@@ -6,7 +6,8 @@
 
 namespace welmo::controller {
 
-/// Who is behind a request. Nobody, for the pendant of a controller in the same process.
+/// Who is behind a request. Of a pendant in the same process, which nobody signs in to, the user is
+/// the level that it is set to.
 struct Author
 {
     QString user = {};

@@ -40,7 +40,8 @@ Program::Program(ControllerContext &context, Registry &registry, Weld &weld, Wir
     registry.addValue(names::programState, [this] { return Reply::with(stateMap()); });
     registry.addCommand(names::loadProgram,
                         [this](const Request &request) { return load(request.payload); });
-    registry.addCommand(names::runProgram, [this](const Request &) { return run(); });
+    registry.addCommand(names::runProgram,
+                        [this](const Request &request) { return run(request.author.user); });
     registry.addCommand(names::pauseProgram, [this](const Request &) { return pause(); });
     registry.addCommand(names::stopProgram, [this](const Request &) { return stop(); });
 }
@@ -86,13 +87,16 @@ Reply Program::load(const QVariant &payload)
     return {};
 }
 
-Reply Program::run()
+Reply Program::run(const QString &user)
 {
     if (m_state == State::Running)
         return wrongState("the program runs");
     if (const Reason why = hindrance(); !why.isEmpty())
         return refusedFor(WrongState, why, why.code);
-    return m_state == State::Paused ? resume() : runFromTop();
+    Reply reply = m_state == State::Paused ? resume() : runFromTop();
+    if (reply.ok())
+        m_user = user;
+    return reply;
 }
 
 Reason Program::hindrance() const
@@ -206,7 +210,7 @@ void Program::beginNext()
         return finish();
     const tl::ParsedLine &line = m_lines[m_next++];
     m_line = int(m_next);
-    m_alarms.setPlace({m_name, m_line});
+    m_alarms.setPlace({m_name, m_line, m_user});
     if (!line.instruction)
         return ignore(line, "is unknown");
     if (!line.problems.isEmpty())

@@ -41,7 +41,7 @@ private:
     enum class State { Idle, Running, Paused, Error };
 
     Reply load(const QVariant &payload);
-    Reply run();
+    Reply run(const QString &user);
     Reply runFromTop();
     Reply resume();
     Reply pause();
@@ -68,6 +68,7 @@ private:
     Alarms &m_alarms;
     const Surroundings &m_surroundings;
     QString m_name;
+    QString m_user; ///< who had it run
     std::vector<tl::ParsedLine> m_lines;
     size_t m_next = 0; // of m_lines
     std::unique_ptr<ProgramInstruction> m_instruction;

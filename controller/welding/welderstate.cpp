@@ -12,11 +12,11 @@ namespace welmo::controller {
 
 namespace {
 
-// In the order of the readings. Program and line of the seam are told here with the phase: of two
-// nodes that change together a pendant may hear either first.
-const QVector<QString> wordKeys{QStringLiteral("state"), QStringLiteral("phase"),
+// In the order of the readings. Program, line and user of the seam are told here with the phase: of
+// two nodes that change together a pendant may hear either first.
+const QVector<QString> wordKeys{QStringLiteral("state"),        QStringLiteral("phase"),
                                 QStringLiteral("welding_name"), QStringLiteral("program"),
-                                QStringLiteral("line")};
+                                QStringLiteral("line"),         QStringLiteral("user")};
 const QVector<QString> numberKeys{
     QStringLiteral("current"),          QStringLiteral("voltage"),
     QStringLiteral("welding_speed"),    QStringLiteral("welding_time"),
@@ -113,7 +113,8 @@ void WelderState::completePair(QVariantMap &news) const
 WelderState::Words WelderState::words() const
 {
     const ProgramPlace &place = m_weld.seamPlace();
-    return {m_welder.stateWord(), m_weld.phaseWord(), m_weld.fileName(), place.program, place.line};
+    return {m_welder.stateWord(), m_weld.phaseWord(), m_weld.fileName(),
+            place.program,        place.line,         place.user};
 }
 
 WelderState::Numbers WelderState::numbers() const

@@ -12,7 +12,8 @@ namespace welmo::controller {
 class Weld;
 class Welder;
 
-/// The node "arc_weld.welder_state": {state, phase, welding_name, current A, voltage V,
+/// The node "arc_weld.welder_state": {state, phase, welding_name, program, line and user of the
+/// seam, current A, voltage V,
 /// welding_speed mm/s, welding_time min, welding_distance mm, welding_wire_used m}.
 ///
 /// Told when something changed: words at once, numbers at the rate of the node
@@ -30,7 +31,7 @@ public:
     int paceMs() const override { return 1000 / m_rate; }
 
 private:
-    using Words = std::array<QVariant, 5>;
+    using Words = std::array<QVariant, 6>;
     using Numbers = std::array<double, 6>;
 
     Words words() const;

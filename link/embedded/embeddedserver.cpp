@@ -87,9 +87,11 @@ void EmbeddedServer::takeBeat()
 
 LinkReply EmbeddedServer::carryOut(const LinkRequest &request)
 {
-    const controller::Request wanted = toController(request);
+    const Role role = m_role;
+    controller::Request wanted = toController(request);
+    wanted.author = {roleName(role), QStringLiteral("embedded"), timeOfDay()};
     // A request that nobody is named for is for the controller to refuse.
-    if (needOf(wanted).role > m_role)
+    if (needOf(wanted).role > role)
         return {controller::NotAllowed, {}};
     const controller::Reply reply = m_station.controller()->handle(wanted);
     if (request.kind == LinkRequest::Kind::Watch && reply.ok())

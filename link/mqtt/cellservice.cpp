@@ -1,9 +1,9 @@
 #include "link/mqtt/cellservice.h"
 
-#include <QDateTime>
 #include <QElapsedTimer>
 #include <QUuid>
 
+#include "link/session/requests.h"
 #include "schema/names.h"
 
 namespace names = welmo::names;
@@ -287,9 +287,7 @@ Reply CellService::carryOutPermitted(PendantSession &session, const Request &req
         return Reply::with(control(&session));
     if (request.path != names::takeControl && request.path != names::giveControl) {
         Request signedOne = request;
-        signedOne.author = {
-            session.user, session.client,
-            QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"))};
+        signedOne.author = {session.user, session.client, timeOfDay()};
         return m_station.controller()->handle(signedOne);
     }
     if (request.path == names::giveControl)

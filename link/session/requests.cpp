@@ -1,5 +1,7 @@
 #include "link/session/requests.h"
 
+#include <QDateTime>
+
 using tessa::LinkRequest;
 using welmo::controller::Request;
 
@@ -27,6 +29,11 @@ Request::Kind kindOf(LinkRequest::Kind kind)
 Request toController(const LinkRequest &request)
 {
     return {kindOf(request.kind), request.path, request.key, request.payload};
+}
+
+QString timeOfDay()
+{
+    return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
 }
 
 } // namespace welmo::links

@@ -7,5 +7,7 @@ namespace welmo::links {
 
 /// A host's question in the controller's words.
 controller::Request toController(const tessa::LinkRequest &request);
+/// Now, as the audit keeps it.
+QString timeOfDay();
 
 } // namespace welmo::links

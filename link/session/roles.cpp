@@ -79,14 +79,24 @@ bool isAbout(const Row &row, const Request &request)
         && (whole ? request.path == row.path : request.path.startsWith(row.path));
 }
 
+const QStringList &words()
+{
+    static const QStringList list{QStringLiteral("viewer"), QStringLiteral("operator"),
+                                  QStringLiteral("programmer"), QStringLiteral("administrator")};
+    return list;
+}
+
 Role roleNamed(const QString &word)
 {
-    static const QStringList words{QStringLiteral("viewer"), QStringLiteral("operator"),
-                                   QStringLiteral("programmer"), QStringLiteral("administrator")};
-    return static_cast<Role>(words.indexOf(word) + 1);
+    return static_cast<Role>(words().indexOf(word) + 1);
 }
 
 } // namespace
+
+QString roleName(Role role)
+{
+    return words().value(static_cast<int>(role) - 1);
+}
 
 Need needOf(const Request &request)
 {

@@ -10,6 +10,9 @@ namespace welmo::links {
 /// What a user may do at a cell; each may do what the ones before may.
 enum class Role { Nobody, Viewer, Operator, Programmer, Administrator };
 
+/// As in the file of users: "operator".
+QString roleName(Role role);
+
 /// What a request takes.
 struct Need
 {

@@ -73,7 +73,9 @@ struct ProgramBench : ControllerBench
         const QVariantMap program{{"name", "test"}, {"text", lines.join('\n')}};
         const welmo::controller::Reply loaded = run("tl_program.load", program);
         told.clear();
-        return loaded.ok() ? run("tl_program.run") : loaded;
+        return loaded.ok()
+            ? controller.handle({Kind::Command, "tl_program.run", {}, {}, {}, {"anna"}})
+            : loaded;
     }
     QVariant state(const char *key) { return get("tl_program.state", key).value; }
     QVariant weldState(const char *key) { return get("arc_weld.welder_state", key).value; }

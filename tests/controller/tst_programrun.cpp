@@ -45,6 +45,7 @@ private slots:
             QVERIFY(qAbs(bench.weldState("welding_distance").toDouble() - (welds ? 100 : 0)) < 0.2);
             QCOMPARE(bench.weldState("welding_wire_used").toDouble() > 0, welds);
             QCOMPARE(bench.weldState("line").toInt(), 2);
+            QCOMPARE(bench.weldState("user").toString(), QString("anna"));
             QVERIFY(!bench.controller.isBusy());
         }
     }

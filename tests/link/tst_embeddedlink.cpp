@@ -31,6 +31,21 @@ private slots:
         farEnd.greet(2);
         QVERIFY(greeted.count() == 1 && problems.count() == 2);
     }
+    void whoChangedWhatIsKeptByLevel()
+    {
+        using welmo::links::Role;
+        const QTemporaryDir folder;
+        const Up<Bench> bench(folder.path());
+        bench.link->setRole(Role::Operator);
+        QCOMPARE(bench.save(1, 111).code, 0);
+        bench.link->setRole(Role::Administrator);
+        const LinkReply audit = bench.call(Kind::Get, QStringLiteral("cell.audit"));
+        const QVariantList entries = audit.value.toMap().value("entries").toList();
+        QCOMPARE(entries.size(), 1);
+        const QVariantMap entry = entries.first().toMap();
+        QCOMPARE(entry.value("user").toString() + ' ' + entry.value("key").toString(),
+                 "operator " + fileName(1));
+    }
     void endsCleanly()
     {
         const QTemporaryDir folder;
