@@ -75,15 +75,15 @@ void LimitsPanel::addBand(QGridLayout *grid, const BandRow &row)
     QString title = bandTitle(row.name);
     title[0] = title[0].toUpper();
     grid->addWidget(new QLabel(title, this), line, 0);
-    const auto add = [&](int column, const char *end) {
-        auto *box = addBox(grid, line, column, QStringLiteral("sbx_%1_%2").arg(row.name, end));
+    const auto add = [&](int column, const QString &name) {
+        auto *box = addBox(grid, line, column, name.arg(row.name));
         box->setRange(unset, most);
         box->setDecimals(row.name == QLatin1String("heat_input") ? 3 : 1);
         box->setSpecialValueText(QStringLiteral("–"));
         return box;
     };
-    QDoubleSpinBox *low = add(1, "low");
-    m_bands.push_back({&row, low, add(2, "high")});
+    QDoubleSpinBox *low = add(1, QStringLiteral("sbx_%1_low"));
+    m_bands.push_back({&row, low, add(2, QStringLiteral("sbx_%1_high"))});
     grid->addWidget(makeLabel(row.unit, "name", this), line, 3);
 }
 
@@ -122,7 +122,8 @@ QWidget *LimitsPanel::makeButtons()
     });
     row->addStretch(1);
     add(tr("Cancel"), "btnLimitsCancel", &LimitsPanel::done);
-    add(tr("Save"), "btnLimitsSave", &LimitsPanel::save)->setProperty("func", "operation");
+    add(tr("Save"), "btnLimitsSave", &LimitsPanel::save)
+        ->setProperty("func", QStringLiteral("operation"));
     return bar;
 }
 

@@ -216,7 +216,9 @@ void WeldsPage::onChosen()
         [this, seam, over](const Course &course) {
             if (over)
                 m_card->showOver(
-                    course, tr("over it: %1").arg(seam.startedAt().toString("MM-dd HH:mm:ss")));
+                    course,
+                    tr("over it: %1")
+                        .arg(seam.startedAt().toString(QStringLiteral("MM-dd HH:mm:ss"))));
             else if (m_keeper)
                 m_card->showSeam(seam, course, m_keeper->limits(seam.weldFile));
         });

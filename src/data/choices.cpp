@@ -31,6 +31,11 @@ QStringList refill(QComboBox *combo, const schema::ChoiceTable &table,
     return unknown;
 }
 
+void choose(QComboBox *combo, const char *code)
+{
+    combo->setCurrentIndex(combo->findData(QString::fromLatin1(code)));
+}
+
 bool isItem(const QComboBox *combo, int index, const char *code)
 {
     return combo->itemData(index).toString() == QLatin1String(code);

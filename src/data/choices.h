@@ -18,6 +18,9 @@ void fill(QComboBox *combo, const schema::ChoiceTable &table);
 QStringList refill(QComboBox *combo, const schema::ChoiceTable &table,
                    const QStringList &sourceTexts);
 
+/// Chooses the item that stands for @p code; none when there is no such item.
+void choose(QComboBox *combo, const char *code);
+
 /// Whether the item at @p index stands for @p code; no item stands for nothing.
 bool isItem(const QComboBox *combo, int index, const char *code);
 

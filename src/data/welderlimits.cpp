@@ -28,7 +28,8 @@ std::optional<schema::Range> range(const kelp::ModuleObject *answer, const QStri
 
 VoltageRanges ranges(const kelp::ModuleObject *answer, const QString &key)
 {
-    return {range(answer, key + ".unified"), range(answer, key + ".separate")};
+    return {range(answer, key + QLatin1String(".unified")),
+            range(answer, key + QLatin1String(".separate"))};
 }
 
 } // namespace

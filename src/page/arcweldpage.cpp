@@ -40,10 +40,10 @@ ArcWeldPage::ArcWeldPage(QWidget *parent, QObject *owner)
     bindMobj(QStringLiteral("welmo"));
     ui->setupUi(m_wgt);
     m_wgt->setAttribute(Qt::WA_StyledBackground);
-    addSubPage<DevicesSettingPage>(tr("Device Setting"), "ArconDeviceSetting");
-    addSubPage<WeldingOptionsPage>(tr("Welding Options"), "ArconWeldingOptions");
-    addSubPage<ProcessSettingsPage>(tr("Process Setting"), "ArconProcessSetting");
-    addSubPage<WeaveFunctionPage>(tr("Weave Function"), "ArconWeaveFunction");
+    addSubPage<DevicesSettingPage>(tr("Device Setting"), QStringLiteral("ArconDeviceSetting"));
+    addSubPage<WeldingOptionsPage>(tr("Welding Options"), QStringLiteral("ArconWeldingOptions"));
+    addSubPage<ProcessSettingsPage>(tr("Process Setting"), QStringLiteral("ArconProcessSetting"));
+    addSubPage<WeaveFunctionPage>(tr("Weave Function"), QStringLiteral("ArconWeaveFunction"));
     for (SubPageCfg &entry : m_entries)
         createButton(entry);
     if (!m_entries.isEmpty())

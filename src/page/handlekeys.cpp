@@ -59,20 +59,23 @@ void HandleKeys::registerArcButton()
                         std::function<void(bool)> action) {
         auto *theme = welmo::host::themeManager();
         const QString group = QStringLiteral("handle");
-        return tessa::PhysicalButton{label, theme->getIcon(group, picture + "Unpressed"),
-                                     theme->getIcon(group, picture + "Pressed"), std::move(action)};
+        return tessa::PhysicalButton{
+            label, theme->getIcon(group, picture + QLatin1String("Unpressed")),
+            theme->getIcon(group, picture + QLatin1String("Pressed")), std::move(action)};
     };
     const QList<tessa::PhysicalButton> first{
-        key(tr("Wire feed"), "feedWire", [=](bool down) { moveWire(feed, down); }),
-        key(tr("Air supply"), "gas", [=](bool down) { supplyGas(down); }),
-        key(tr("Jog V+"), "jogV+",
+        key(tr("Wire feed"), QStringLiteral("feedWire"), [=](bool down) { moveWire(feed, down); }),
+        key(tr("Air supply"), QStringLiteral("gas"), [=](bool down) { supplyGas(down); }),
+        key(tr("Jog V+"), QStringLiteral("jogV+"),
             [=](bool down) { jog(m_jogUp, &HandleKeys::onJogVAddTimeOut, down); }),
-        key(tr("Mode switching"), "switchMode", [=](bool down) { switchMode(down); }),
+        key(tr("Mode switching"), QStringLiteral("switchMode"),
+            [=](bool down) { switchMode(down); }),
     };
     const QList<tessa::PhysicalButton> second{
-        key(tr("Pull back wire"), "pullWire", [=](bool down) { moveWire(back, down); }),
-        key(tr("Monitor"), "monitor", [=](bool down) { toggleMonitor(down); }),
-        key(tr("Jog V-"), "jogV-",
+        key(tr("Pull back wire"), QStringLiteral("pullWire"),
+            [=](bool down) { moveWire(back, down); }),
+        key(tr("Monitor"), QStringLiteral("monitor"), [=](bool down) { toggleMonitor(down); }),
+        key(tr("Jog V-"), QStringLiteral("jogV-"),
             [=](bool down) { jog(m_jogDown, &HandleKeys::onJogVMinusTimeOut, down); }),
     };
     registerPhysicalButtons(m_page, setName, first, second, {QString()});

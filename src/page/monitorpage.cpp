@@ -42,7 +42,7 @@ MonitorPage::MonitorPage(QWidget *parent, QObject *owner)
     ui->setupUi(m_wgt);
     using Slot = void (MonitorPage::*)();
     const auto steps = [this](QPushButton *button, int step, Slot slot) {
-        button->setProperty("func", "humble");
+        button->setProperty("func", QStringLiteral("humble"));
         button->setProperty(stepProperty, step);
         connect(button, &QPushButton::clicked, this, slot);
     };

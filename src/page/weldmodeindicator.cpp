@@ -44,7 +44,8 @@ void WeldModeIndicator::showPicture(const QString &code)
     const Mode *mode = findMode(code);
     if (!mode)
         return;
-    const QPixmap picture(QStringLiteral(":/welmo/images/handle/%1").arg(mode->picture));
+    const QPixmap picture(
+        QStringLiteral(":/welmo/images/handle/%1").arg(QLatin1String(mode->picture)));
     setPixmap(picture.scaledToHeight(pictureHeight, Qt::SmoothTransformation));
     setAccessibleName(tr(mode->labelText));
     setToolTip(tr(mode->labelText));

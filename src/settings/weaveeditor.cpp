@@ -75,8 +75,8 @@ void WeaveEditor::initControl(const Home &home)
 {
     m_file->prepare();
     m_file->addHint(this);
-    ui->cbxWeaveStandard->setCurrentIndex(ui->cbxWeaveStandard->findData(codes::cycle));
-    ui->cbxWeaveShape->setCurrentIndex(ui->cbxWeaveShape->findData(codes::triangular));
+    choices::choose(ui->cbxWeaveStandard, codes::cycle);
+    choices::choose(ui->cbxWeaveShape, codes::triangular);
     // What this build leaves to the file: shown, not edited.
     for (QWidget *widget : std::initializer_list<QWidget *>{
              ui->cbxWeaveStandard, ui->cbxWeaveShape, ui->cbxWeaveWaveformDirection,
@@ -98,7 +98,7 @@ void WeaveEditor::hideTitlesAndPictures()
     for (QGroupBox *box :
          {ui->gbxWeaveSetting, ui->gbxWeaveAngleSetting, ui->gbxWeaveStaySetting}) {
         box->setTitle(QString());
-        box->setProperty("func", "untitled"); // the style keeps no room for a title
+        box->setProperty("func", QStringLiteral("untitled")); // the style keeps no room for a title
     }
     ui->wgtPreview->hide();
 }

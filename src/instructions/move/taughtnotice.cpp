@@ -16,7 +16,7 @@ TaughtNotice::TaughtNotice(QWidget *parent)
     m_text->setWordWrap(true);
     auto *button = new QPushButton(tr("Use the point's own"), this);
     button->setObjectName(QStringLiteral("btnTaught"));
-    button->setProperty("func", "touch");
+    button->setProperty("func", QStringLiteral("touch"));
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text, 1);
