@@ -223,6 +223,24 @@ private slots:
         QVERIFY(RawClient(changed, "bert").isOnline());
     }
 
+    void aReaderHearsEveryCellAndAsksNone()
+    {
+        Broker broker;
+        broker.command({"reader", broker.folder(), "hall"}, "llah\n");
+        broker.stop();
+        broker.start();
+        auto options = Cell::options(broker.as("cell"));
+        options.roles = welmo::links::Roles(
+            {{"anna", welmo::links::Role::Viewer}, {"hall", welmo::links::Role::Administrator}});
+        const Cell cell(options);
+        RawClient anna(broker.as("anna"), "anna");
+        RawClient hall(broker.as("hall"), "hall");
+        QVERIFY(anna.greet());
+        QTRY_VERIFY(hall.got.contains({hall.topics.value(modeNode), {}}));
+        QVERIFY(!hall.exchange(hall.message({}), 300));
+        QVERIFY(anna.exchange(anna.next({get, modeNode})));
+    }
+
     void whoIsUnknownIsNotGreeted()
     {
         auto options = Cell::options(Broker::shared().as("cell"));
