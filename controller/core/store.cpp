@@ -195,13 +195,8 @@ bool Store::remove(const QString &path, const QStringList &keys)
 
 bool Store::inTransaction(const std::function<bool()> &work)
 {
-    if (!m_database->execute("BEGIN IMMEDIATE"))
-        return failed();
-    if (work() && m_database->execute("COMMIT"))
-        return true;
-    failed();
-    m_database->execute("ROLLBACK");
-    return false;
+    Transaction transaction(*m_database);
+    return (transaction.hasBegun() && work() && transaction.commit()) || failed();
 }
 
 bool Store::failed(const QString &text) const
