@@ -30,6 +30,7 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     : m_context(store, faults, journal, clock)
 {
     auto &alarms = add<Alarms>();
+    m_alarms = &alarms;
     add<ParameterFiles>();
     add<Options>();
     add<WeldMode>();
@@ -65,13 +66,22 @@ Reply Controller::start()
     if (!m_context.audit().start())
         return Reply::refused(StorageFailed, QStringLiteral("the audit journal cannot be read"));
     m_complaints = m_context.complaints();
-    for (const QString &line : qAsConst(m_complaints))
-        m_context.record(Journal::Event::Alarm, line);
     for (const auto &unit : m_units) {
         if (Reply reply = unit->start(); !reply.ok())
             return reply;
     }
+    tellComplaints();
     return {};
+}
+
+void Controller::tellComplaints()
+{
+    for (const QString &line : qAsConst(m_complaints)) {
+        m_context.record(Journal::Event::Alarm, line);
+        const Reason reason{QStringLiteral("storage_damaged"), {line}};
+        if (!m_alarms->isOpen(reason)) // from an earlier start
+            m_alarms->raise(reason);
+    }
 }
 
 Reply Controller::handle(const Request &request)

@@ -12,6 +12,8 @@
 
 namespace welmo::controller {
 
+class Alarms;
+
 /// The virtual robot controller: answers requests, and tells what changed. A state machine without
 /// a thread, a timer or a connection; who owns it calls handle() and tick() from one thread.
 class Controller
@@ -25,7 +27,7 @@ public:
     void setNotify(ControllerContext::Notify notify) { m_context.setNotify(std::move(notify)); }
     /// Writes what every store has to hold, once in its life; comes before everything else.
     Reply start();
-    /// What start() found damaged in the store, a line each; the journal has them as alarms.
+    /// What start() found damaged in the store, a line each; each one is an alarm, too.
     const QStringList &complaints() const { return m_complaints; }
     /// As addExampleFiles(); comes before start().
     Reply fillWithExample() { return addExampleFiles(m_context); }
@@ -47,6 +49,7 @@ public:
 private:
     template<typename T, typename... Args>
     T &add(Args &...others);
+    void tellComplaints();
 
     QStringList m_complaints;
     ControllerContext m_context;
@@ -54,6 +57,7 @@ private:
     HoldToRun m_hold;
     Surroundings m_surroundings;
     std::vector<std::unique_ptr<Subsystem>> m_units;
+    Alarms *m_alarms; // one of the units
 };
 
 } // namespace welmo::controller

@@ -41,6 +41,8 @@ const QHash<QString, const char *> &texts()
         {QStringLiteral("cell_fault"), QT_TRANSLATE_NOOP("Reasons", "the cell is in a fault")},
         {QStringLiteral("pendant_lost"),
          QT_TRANSLATE_NOOP("Reasons", "the pendant was gone for a second, so the run was paused")},
+        {QStringLiteral("storage_damaged"),
+         QT_TRANSLATE_NOOP("Reasons", "stored data are damaged: %1")},
         {QStringLiteral("storage_failed"),
          QT_TRANSLATE_NOOP("Reasons", "the controller cannot keep data")},
         {QStringLiteral("refused"), QT_TRANSLATE_NOOP("Reasons", "the controller refuses: %1")},

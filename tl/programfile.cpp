@@ -10,6 +10,20 @@ namespace {
 
 constexpr qint64 largestProgram = qint64(64) * 1024 * 1024; // bytes; a device never ends
 
+// The first line above longestLine, counted from 1; 0 when there is none.
+int tooLongLine(const QByteArray &bytes)
+{
+    int start = 0;
+    for (int line = 1; start < bytes.size(); ++line) {
+        const int found = bytes.indexOf('\n', start);
+        const int end = found < 0 ? bytes.size() : found;
+        if (end - start > longestLine)
+            return line;
+        start = end + 1;
+    }
+    return 0;
+}
+
 } // namespace
 
 std::optional<QByteArray> readProgram(const QString &name, QString *problem)
@@ -24,6 +38,11 @@ std::optional<QByteArray> readProgram(const QString &name, QString *problem)
         *problem = file.errorString();
     else if (bytes.size() > largestProgram)
         *problem = QStringLiteral("is too large for a program");
+    else if (const int line = tooLongLine(bytes))
+        *problem =
+            QStringLiteral("line %1 has more than the %2 bytes that a line of a program may have")
+                .arg(line)
+                .arg(longestLine);
     else
         return bytes;
     return {};

@@ -6,7 +6,10 @@
 
 namespace welmo::tl {
 
-/// The file's bytes, or nothing with the reason in @p problem.
+constexpr int longestLine = 64 * 1024; ///< bytes; far above what anybody writes
+
+/// The file's bytes, or nothing with the reason in @p problem: also for a line above longestLine,
+/// which no screen could show in good time.
 std::optional<QByteArray> readProgram(const QString &name, QString *problem);
 
 /// Replaces the file as a whole; if that fails it is as it was, with the reason in @p problem.

@@ -12,6 +12,8 @@ namespace {
 
 const QString idKey = QStringLiteral("id");
 const QString openKey = QStringLiteral("open");
+const QString codeKey = QStringLiteral("code");
+const QString argumentsKey = QStringLiteral("arguments");
 
 QString storeKey(const QVariantMap &entry)
 {
@@ -41,8 +43,8 @@ Reply Alarms::start()
 
 void Alarms::raise(const Reason &reason, const QString &file)
 {
-    const QVariantMap what{{QStringLiteral("code"), reason.code},
-                           {QStringLiteral("arguments"), reason.arguments},
+    const QVariantMap what{{codeKey, reason.code},
+                           {argumentsKey, reason.arguments},
                            {QStringLiteral("line"), m_place.line}};
     m_ofRun.append(what);
     QVariantMap entry = what;
@@ -60,6 +62,14 @@ bool Alarms::anyOpen() const
 {
     return std::any_of(m_entries.begin(), m_entries.end(),
                        [](const QVariantMap &entry) { return entry.value(openKey).toBool(); });
+}
+
+bool Alarms::isOpen(const Reason &reason) const
+{
+    return std::any_of(m_entries.begin(), m_entries.end(), [&reason](const QVariantMap &entry) {
+        return entry.value(openKey).toBool() && entry.value(codeKey) == reason.code
+            && entry.value(argumentsKey).toList() == reason.arguments;
+    });
 }
 
 Reply Alarms::acknowledge(const QVariant &payload)

@@ -38,6 +38,7 @@ public:
     void raise(const Reason &reason, const QString &file = {});
 
     bool anyOpen() const;
+    bool isOpen(const Reason &reason) const;
     /// What was raised since forgetRun(), as {code, arguments, line}.
     const QVariantList &ofRun() const { return m_ofRun; }
     void forgetRun() { m_ofRun.clear(); }

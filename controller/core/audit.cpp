@@ -12,11 +12,12 @@ namespace {
 const QString timeKey = QStringLiteral("time");
 const QString userKey = QStringLiteral("user");
 const QString beforeKey = QStringLiteral("before");
+const QString changesKey = QStringLiteral("changes");
 
 QByteArray contentOf(const QVariant &before, const QVariant &after)
 {
     const QVariantList changes = difference(before, after);
-    const QByteArray whole = toJson(QVariantMap{{QStringLiteral("changes"), changes}});
+    const QByteArray whole = toJson(QVariantMap{{changesKey, changes}});
     return whole.size() <= Audit::longestChange
         ? whole
         : toJson(QVariantMap{{QStringLiteral("omitted"), whole.size()}});
@@ -62,6 +63,16 @@ bool Audit::note(const Store::Change &change, const Store::Entry &before)
 {
     return m_log.append({0, m_author.time, m_author.user, m_author.client, change.path, change.key,
                          before.revision + 1, contentOf(before.value, change.value)});
+}
+
+QVariant Audit::valueOf(const QString &path, const QString &key) const
+{
+    QVariant value;
+    for (const AuditLog::Record &record : m_log.historyOf(path, key)) {
+        const QVariantMap content = fromJson(record.content).value_or(QVariant()).toMap();
+        value = applied(value, content.value(changesKey).toList());
+    }
+    return value;
 }
 
 Reply Audit::conflict(const Request &request) const

@@ -31,6 +31,9 @@ public:
     /// Writes the changes, and what is kept of them.
     bool write(const QVector<Store::Change> &changes);
 
+    /// What the records say that the entry holds now; invalid when they do not say.
+    QVariant valueOf(const QString &path, const QString &key) const;
+
     /// Whether the author of the request would write over something newer than what the request was
     /// made from, that somebody else wrote: then a refusal that says who and when.
     Reply conflict(const Request &request) const;

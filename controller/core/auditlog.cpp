@@ -12,6 +12,8 @@ constexpr char insertSql[] = "INSERT INTO audit (" COLUMNS ", seal)"
                              " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9)";
 constexpr char lastSql[] = "SELECT " COLUMNS " FROM audit WHERE path = ?1 AND key = ?2"
                            " ORDER BY number DESC LIMIT 1";
+constexpr char historySql[] = "SELECT " COLUMNS " FROM audit WHERE path = ?1 AND key = ?2"
+                              " ORDER BY number";
 constexpr char pageSql[] = "SELECT " COLUMNS " FROM audit WHERE number < ?1 ORDER BY number DESC";
 constexpr char allSql[] = "SELECT " COLUMNS ", seal FROM audit ORDER BY number";
 #undef COLUMNS
@@ -118,6 +120,16 @@ AuditLog::Record AuditLog::lastOf(const QString &path, const QString &key) const
     const Record record = there ? recordFrom(m_last) : Record{};
     m_last.reset();
     return record;
+}
+
+QVector<AuditLog::Record> AuditLog::historyOf(const QString &path, const QString &key) const
+{
+    QVector<Record> records;
+    Statement history(m_database, historySql);
+    history.bind(1, path).bind(2, key);
+    while (history.step() == SQLITE_ROW)
+        records.append(recordFrom(history));
+    return records;
 }
 
 QVector<AuditLog::Record> AuditLog::page(qint64 before, int count, int bytes) const

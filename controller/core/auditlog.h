@@ -36,6 +36,8 @@ public:
     bool append(Record record);
     /// The newest record about an entry; its number is 0 when there is none.
     Record lastOf(const QString &path, const QString &key) const;
+    /// Every record about an entry, oldest first.
+    QVector<Record> historyOf(const QString &path, const QString &key) const;
     /// The newest records with a number below @p before, newest first: at most @p count, and no
     /// more contents than @p bytes, but at least one.
     QVector<Record> page(qint64 before, int count, int bytes) const;

@@ -31,7 +31,7 @@ public:
 
     /// The stored value, or @p fallback when there is none.
     Reply load(const QString &path, const QString &key = {}, const QVariant &fallback = {}) const;
-    /// A map of everything stored under @p path, by key.
+    /// A map of everything stored under @p path, by key, without what is damaged.
     Reply loadAll(const QString &path) const;
     Reply save(const QString &path, const QString &key, const QVariant &value);
     /// All or none.

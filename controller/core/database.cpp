@@ -54,6 +54,33 @@ bool Database::setAbout(const char *name, const QString &value)
     return Statement(*this, setAboutSql).bind(1, QByteArray(name)).bind(2, value).run();
 }
 
+void Database::rollBack()
+{
+    if (sqlite3_get_autocommit(m_handle) == 0)
+        execute("ROLLBACK");
+}
+
+Transaction::Transaction(Database &database)
+    : m_database(database)
+{
+    database.rollBack(); // of one whose end could not be carried out
+    m_isOpen = database.execute("BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction()
+{
+    if (m_isOpen)
+        m_database.rollBack();
+}
+
+bool Transaction::commit()
+{
+    if (!m_database.execute("COMMIT"))
+        return false;
+    m_isOpen = false;
+    return true;
+}
+
 Statement::Statement(const Database &database, const char *sql)
 {
     sqlite3_prepare_v2(database.handle(), sql, -1, &m_handle, nullptr);

@@ -19,6 +19,8 @@ public:
     QString readText(const char *sql);
     /// What the store says about itself, by name; empty for what it does not.
     QString about(const char *name);
+    /// Undoes what was begun and not committed.
+    void rollBack();
     bool setAbout(const char *name, const QString &value);
     /// What the last failed operation said.
     QString errorText() const;
@@ -30,6 +32,23 @@ protected:
     void close();
 
     sqlite3 *m_handle = nullptr;
+};
+
+/// Changes that count together; undone, whatever the reason, unless they were committed.
+class Transaction
+{
+public:
+    explicit Transaction(Database &database);
+    ~Transaction();
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+
+    bool hasBegun() const { return m_isOpen; }
+    bool commit();
+
+private:
+    Database &m_database;
+    bool m_isOpen;
 };
 
 /// A prepared statement, used again and again; it must not outlive its database.

@@ -9,4 +9,8 @@ namespace welmo::controller {
 /// in one of the two is left out there.
 QVariantList difference(const QVariant &before, const QVariant &after);
 
+/// The inverse: what comes of @p before by these changes; nonsense for other changes than those of
+/// difference(), or keys with points in them.
+QVariant applied(const QVariant &before, const QVariantList &changes);
+
 } // namespace welmo::controller

@@ -30,7 +30,7 @@ bool isGood(const Statement &row)
 
 QString complaintAbout(const Statement &row)
 {
-    return QStringLiteral("%1 of %2 is damaged: write it anew, or restore a backup")
+    return QStringLiteral("%1 of %2 is damaged: write it anew, or mend it with controllerd repair")
         .arg(row.text(1), row.text(0));
 }
 
@@ -84,8 +84,10 @@ QString Store::load()
     int result = all.step();
     for (; result == SQLITE_ROW; result = all.step()) {
         m_sum += static_cast<quint64>(all.number(4));
-        if (!isGood(all))
-            m_complaints.append(complaintAbout(all));
+        if (isGood(all))
+            continue;
+        m_complaints.append(complaintAbout(all));
+        m_damaged.append({all.text(0), all.text(1)});
     }
     if (result != SQLITE_DONE)
         return QStringLiteral("cannot be read (%1)").arg(m_database->errorText());
@@ -132,18 +134,22 @@ std::optional<Store::Row> Store::rowOf(const Change &change) const
 std::optional<std::map<QString, Store::Entry>> Store::readAll(const QString &path) const
 {
     std::map<QString, Entry> entries;
-    bool good = true;
     int result = m_readAll.bind(1, path).step();
-    for (; good && result == SQLITE_ROW; result = m_readAll.step()) {
-        const std::optional<Entry> entry = entryFrom(m_readAll);
-        good = entry.has_value();
-        if (good)
+    for (; result == SQLITE_ROW; result = m_readAll.step()) {
+        if (const std::optional<Entry> entry = entryFrom(m_readAll))
             entries.emplace(m_readAll.text(1), *entry);
     }
-    if (good && result != SQLITE_DONE)
-        good = failed();
+    const bool good = result == SQLITE_DONE || failed();
     m_readAll.reset();
     return good ? std::make_optional(entries) : std::nullopt;
+}
+
+bool Store::wasStored(const Change &entry) const
+{
+    const std::optional<Row> row = rowOf(entry);
+    return row
+        && checksum(entry.path.toUtf8(), entry.key.toUtf8(), toJson(entry.value), row->revision)
+        == row->sum;
 }
 
 bool Store::write(const QVector<Change> &changes, const Witness &witness)
@@ -195,13 +201,8 @@ bool Store::remove(const QString &path, const QStringList &keys)
 
 bool Store::inTransaction(const std::function<bool()> &work)
 {
-    if (!m_database->execute("BEGIN IMMEDIATE"))
-        return failed();
-    if (work() && m_database->execute("COMMIT"))
-        return true;
-    failed();
-    m_database->execute("ROLLBACK");
-    return false;
+    Transaction transaction(*m_database);
+    return (transaction.hasBegun() && work() && transaction.commit()) || failed();
 }
 
 bool Store::failed(const QString &text) const

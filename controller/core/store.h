@@ -41,16 +41,26 @@ public:
 
     /// Another one for each store that was ever made or restored: revisions count within it only.
     const QString &identity() const { return m_identity; }
-    /// What was found damaged when the store was opened, a line each. Such an entry cannot be read,
-    /// but written anew.
+    /// Where an entry stands.
+    struct Place
+    {
+        QString path;
+        QString key;
+    };
+    /// What was found damaged when the store was opened, a line each.
     const QStringList &complaints() const { return m_complaints; }
+    /// The damaged entries among it: they cannot be read, but written anew.
+    const QVector<Place> &damaged() const { return m_damaged; }
 
     /// The entry, which may be "not there"; nothing at all when reading failed.
     std::optional<Entry> read(const QString &path, const QString &key) const;
     /// The entry's revision, without taking its value apart; nothing at all when reading failed.
     std::optional<qint64> revision(const QString &path, const QString &key) const;
-    /// Every entry of @p path that is there, by key; nothing at all when reading failed.
+    /// Every entry of @p path that is there and not damaged, by key; nothing at all when reading
+    /// failed.
     std::optional<std::map<QString, Entry>> readAll(const QString &path) const;
+    /// Whether this value is what a damaged entry held, as far as its checksum can tell.
+    bool wasStored(const Change &entry) const;
     /// Writes all or none of the changes.
     bool write(const QVector<Change> &changes, const Witness &witness = {});
     /// Removes all or none of the entries; one that is not there is no failure.
@@ -87,6 +97,7 @@ private:
     Statement m_write;
     QString m_identity;
     QStringList m_complaints;
+    QVector<Place> m_damaged;
     quint64 m_sum = 0; // of the checksums of all rows
     // By their text: to take it apart costs more than to read it.
     mutable QCache<QByteArray, QVariant> m_values{256};

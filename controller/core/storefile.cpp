@@ -170,6 +170,7 @@ bool StoreFile::markOpen()
 // A mark that stays needs a log that stays.
 void StoreFile::markClosed()
 {
+    rollBack(); // or the mark would be undone with what was left open
     if (!setAbout(storeformat::openName, QStringLiteral("0")))
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }

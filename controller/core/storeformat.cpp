@@ -45,12 +45,8 @@ bool stamp(Database &database)
 
 bool inTransaction(Database &database, const std::function<bool()> &work)
 {
-    if (!database.execute("BEGIN IMMEDIATE"))
-        return false;
-    if (work() && database.execute("COMMIT"))
-        return true;
-    database.execute("ROLLBACK");
-    return false;
+    Transaction transaction(database);
+    return transaction.hasBegun() && work() && transaction.commit();
 }
 
 bool addChecksums(Database &database)

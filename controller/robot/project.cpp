@@ -59,10 +59,9 @@ Reply Project::start()
 {
     QVector<Store::Change> missing;
     for (const Store::Change &item : projectSeed()) {
-        Reply present = m_context.load(item.path, item.key);
-        if (!present.ok())
-            return present;
-        if (!present.value.isValid())
+        // What is damaged is refused to who asks for it, and keeps nobody from the rest.
+        const Reply present = m_context.load(item.path, item.key);
+        if (present.ok() && !present.value.isValid())
             missing.append(item);
     }
     return missing.isEmpty() ? Reply{} : m_context.save(missing);
@@ -70,6 +69,8 @@ Reply Project::start()
 
 Reply Project::readLists(const QString &key) const
 {
+    if (isList(key))
+        return m_context.load(names::project, key);
     Reply stored = m_context.loadAll(names::project);
     if (!stored.ok())
         return stored;

@@ -64,10 +64,10 @@ Reply Welder::deviceParam() const
 
 Reply Welder::start()
 {
-    Reply present = setting();
-    m_enabled = valueOf(present.value, rows().enable).toBool();
-    m_connected = valueOf(present.value, rows().connectToWelder).toBool();
-    return present;
+    const QVariant present = setting().value; // nothing, when it is damaged: then it is off
+    m_enabled = valueOf(present, rows().enable).toBool();
+    m_connected = valueOf(present, rows().connectToWelder).toBool();
+    return {};
 }
 
 QString Welder::stateWord() const

@@ -23,9 +23,9 @@ WeldMode::WeldMode(ControllerContext &context, Registry &registry)
 Reply WeldMode::start()
 {
     const QString first = schema::weldmode::all().first();
-    Reply kept = m_context.load(names::weldMode);
-    if (!kept.ok() || !kept.value.isValid() || childAt(kept.value, modeKey) == first)
-        return kept;
+    const QVariant kept = m_context.load(names::weldMode).value; // nothing, when it is damaged
+    if (!kept.isValid() || childAt(kept, modeKey) == first)
+        return {};
     return m_context.save(names::weldMode, {}, QVariantMap{{modeKey, first}});
 }
 

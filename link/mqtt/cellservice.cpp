@@ -95,6 +95,13 @@ Reply CellService::handle(const Request &request)
     return m_station.controller()->handle(request);
 }
 
+void CellService::tick()
+{
+    m_station.tick();
+    if (m_alive.isActive() && m_station.now() - m_shown >= m_alive.interval())
+        showAlive();
+}
+
 void CellService::onOnline()
 {
     m_reported.clear();
@@ -129,10 +136,9 @@ void CellService::takeIn(const MqttMessage &message)
         m_echo = m_options.clock();
         return;
     }
-    static const controller::Clock clock = controller::steadyClock();
     const QString requester = m_topics.requester(message.topic);
     const QString user = requester.isEmpty() ? m_topics.beater(message.topic) : requester;
-    if (!m_inbox.put(user, message, clock()))
+    if (!m_inbox.put(user, message, m_options.clock()))
         ++m_crowded;
     else if (!m_workWanted.exchange(true))
         posted([this] { workOff(); })();

@@ -52,6 +52,8 @@ public:
     void setRoles(const Roles &roles);
     /// A request from inside the process, in nobody's name; only once it is online.
     controller::Reply handle(const controller::Request &request);
+    /// Carries out what has become due; by itself as time goes on.
+    void tick();
     const Refused &refused() const { return m_refused; }
     controller::Faults *faults() { return &m_faults; }
     const controller::Journal &journal() const { return m_journal; }

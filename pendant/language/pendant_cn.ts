@@ -757,6 +757,14 @@
         <translation>另存为</translation>
     </message>
     <message>
+        <source>Replace it</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>%1 was changed by somebody else since it was opened here.</source>
+        <translation>%1 在此处打开后已被他人修改。</translation>
+    </message>
+    <message>
         <source>%1 saved</source>
         <translation>%1 已保存</translation>
     </message>

@@ -66,6 +66,8 @@ void FileKeeper::startSave()
 {
     if (m_document->fileName().isEmpty())
         startSaveAs();
+    else if (m_document->isChangedElsewhere())
+        askToReplace();
     else
         save(m_document->fileName());
 }
@@ -124,23 +126,42 @@ bool FileKeeper::mayGo(const std::function<void()> &goOn)
     return false;
 }
 
-void FileKeeper::ask()
+QMessageBox *FileKeeper::newQuestion(const QString &text)
 {
-    m_question = new QMessageBox(QMessageBox::Question, tr("Program"),
-                                 tr("%1 has changes that are not saved.").arg(m_document->title()),
-                                 QMessageBox::NoButton, m_pane->window());
+    m_question = new QMessageBox(QMessageBox::Question, tr("Program"), text, QMessageBox::NoButton,
+                                 m_pane->window());
     m_question->setAttribute(Qt::WA_DeleteOnClose);
     m_question->setTextFormat(Qt::PlainText);
-    auto *save = m_question->addButton(tr("Save"), QMessageBox::AcceptRole);
-    auto *drop = m_question->addButton(tr("Drop the changes"), QMessageBox::DestructiveRole);
-    m_question->setEscapeButton(m_question->addButton(tr("Back"), QMessageBox::RejectRole));
-    m_question->setDefaultButton(save);
+    connect(m_question, &QMessageBox::rejected, this, [this] { m_goOn = nullptr; });
+    return m_question;
+}
+
+void FileKeeper::ask()
+{
+    auto *box = newQuestion(tr("%1 has changes that are not saved.").arg(m_document->title()));
+    auto *save = box->addButton(tr("Save"), QMessageBox::AcceptRole);
+    auto *drop = box->addButton(tr("Drop the changes"), QMessageBox::DestructiveRole);
+    box->setEscapeButton(box->addButton(tr("Back"), QMessageBox::RejectRole));
+    box->setDefaultButton(save);
     save->setObjectName(QStringLiteral("btnSaveChanges"));
     drop->setObjectName(QStringLiteral("btnDropChanges"));
     connect(save, &QAbstractButton::clicked, this, &FileKeeper::startSave);
     connect(drop, &QAbstractButton::clicked, this, &FileKeeper::discard);
-    connect(m_question, &QMessageBox::rejected, this, [this] { m_goOn = nullptr; });
-    m_question->open();
+    box->open();
+}
+
+void FileKeeper::askToReplace()
+{
+    auto *box = newQuestion(
+        tr("%1 was changed by somebody else since it was opened here.").arg(m_document->title()));
+    auto *other = box->addButton(tr("Save as"), QMessageBox::AcceptRole);
+    auto *replace = box->addButton(tr("Replace it"), QMessageBox::DestructiveRole);
+    auto *back = box->addButton(tr("Back"), QMessageBox::RejectRole);
+    box->setEscapeButton(back);
+    box->setDefaultButton(back);
+    connect(other, &QAbstractButton::clicked, this, &FileKeeper::startSaveAs);
+    connect(replace, &QAbstractButton::clicked, this, [this] { save(m_document->fileName()); });
+    box->open();
 }
 
 // The changes stay in the program until something takes its place.

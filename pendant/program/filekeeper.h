@@ -42,7 +42,9 @@ private:
     void open(const QString &file);
     void save(const QString &file);
     void cancel();
+    QMessageBox *newQuestion(const QString &text);
     void ask();
+    void askToReplace();
     void discard();
     void refresh();
     void complain(const QString &file, const QString &problem);

@@ -1,5 +1,6 @@
 #include "pendant/program/programdocument.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
 
 #include "tl/programfile.h"
@@ -11,6 +12,11 @@ using welmo::tl::ProgramText;
 namespace {
 
 constexpr int undoLimit = 100; // each step of a long program holds a list of its lines
+
+QByteArray digest(const QByteArray &bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+}
 
 } // namespace
 
@@ -164,13 +170,23 @@ bool ProgramDocument::open(const QString &file, QString *problem)
         return false;
     const bool cameWithUs = file.startsWith(QLatin1Char(':'));
     start(ProgramText(*bytes), cameWithUs ? QString() : file, QFileInfo(file).fileName());
+    m_onDisk = digest(*bytes);
     return true;
+}
+
+bool ProgramDocument::isChangedElsewhere() const
+{
+    QString problem;
+    const std::optional<QByteArray> bytes = tl::readProgram(m_fileName, &problem);
+    return bytes ? digest(*bytes) != m_onDisk : QFileInfo::exists(m_fileName);
 }
 
 bool ProgramDocument::save(const QString &file, QString *problem)
 {
-    if (!tl::writeProgram(file, m_text.toBytes(), problem))
+    const QByteArray bytes = m_text.toBytes();
+    if (!tl::writeProgram(file, bytes, problem))
         return false;
+    m_onDisk = digest(bytes);
     m_fileName = file;
     m_undo.setClean();
     emit titleChanged();

@@ -39,6 +39,8 @@ public:
     /// Shows the file instead, or, with the reason in @p problem, leaves everything as it was. A
     /// file that came with the pendant opens as a program that was never saved, under its name.
     bool open(const QString &file, QString *problem);
+    /// Somebody else wrote the program's file since it was opened or saved here.
+    bool isChangedElsewhere() const;
     /// Writes the file whole, or, with the reason in @p problem, leaves it as it was.
     bool save(const QString &file, QString *problem);
 
@@ -66,6 +68,7 @@ private:
     bool m_isSent = false;
     QString m_fileName;
     QString m_name; // of a program without a file
+    QByteArray m_onDisk; // what tells the file's content, as it was opened or saved
 };
 
 } // namespace welmo::pendant

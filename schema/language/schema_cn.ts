@@ -249,6 +249,10 @@
         <translation>控制器无法保存数据</translation>
     </message>
     <message>
+        <source>stored data are damaged: %1</source>
+        <translation>存储的数据已损坏：%1</translation>
+    </message>
+    <message>
         <source>the controller refuses: %1</source>
         <translation>控制器拒绝：%1</translation>
     </message>

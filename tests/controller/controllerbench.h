@@ -33,6 +33,7 @@ struct ControllerBench
     welmo::controller::Journal journal;
     welmo::controller::Controller controller{*store, faults, journal, [this] { return now; }};
     QVector<Told> told;
+    bool started;
 
     explicit ControllerBench(
         std::unique_ptr<welmo::controller::Store> other = welmo::controller::Store::inMemory())
@@ -41,7 +42,7 @@ struct ControllerBench
         controller.setNotify([this](const QString &path, const QVariant &values) {
             told.append({path, values});
         });
-        controller.start();
+        started = controller.start().ok();
     }
 
     /// A choice of the welder, as a pendant makes it.

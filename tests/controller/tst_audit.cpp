@@ -68,8 +68,10 @@ private slots:
              "x",
              {QVariantMap{{"at", ""}, {"old", QVariantMap()}, {"new", "x"}}}},
         };
-        for (const auto &[name, old, now, expected] : rows)
+        for (const auto &[name, old, now, expected] : rows) {
             QCOMPARE(welmo::controller::difference(old, now), expected);
+            QCOMPARE(welmo::controller::applied(old, expected), now);
+        }
     }
 
     // A taught point adds what one point is, however many there are.

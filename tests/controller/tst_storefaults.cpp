@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "controller/core/backup.h"
+#include "controller/core/repair.h"
 #include "controllerbench.h"
 #include "support/files.h"
 #include "support/rows.h"
@@ -11,7 +12,9 @@
 using testsupport::contentOf;
 using testsupport::Rows;
 using testsupport::writeFile;
+using welmo::controller::Request;
 using welmo::controller::Store;
+using Kind = Request::Kind;
 
 namespace {
 
@@ -170,6 +173,54 @@ private slots:
             QCOMPARE(store->read(path, "a")->revision, 2);
         }
         QCOMPARE(open()->complaints(), QStringList());
+    }
+
+    // Of a whole controller: the rest works, the damage is told, and can be mended.
+    void aDamagedEntryHarmsNothingElse()
+    {
+        const QString node = "arc_weld.arcon_param";
+        const auto arcOn = [](int n, const QString &text) {
+            return QVariantMap{{"name", QString("arcondata%1").arg(n)}, {"annotation", text}};
+        };
+        const QString backup = at("backup.db");
+        {
+            ControllerBench bench(open());
+            for (const auto &[n, text] :
+                 {std::pair(1, "first"), {1, "marked one"}, {2, "marked two"}, {3, "fine"}}) {
+                Request write{Kind::Set, node, QString("arcondata%1").arg(n), arcOn(n, text)};
+                if (n == 1)
+                    write.author = {"anna", "pendant", "2026-11-20 08:00:00"};
+                QVERIFY(bench.controller.handle(write).ok());
+            }
+            QCOMPARE(welmo::controller::backUp(file(), backup), QString());
+        }
+        QByteArray content = contentOf(file());
+        for (const char *value : {"two\",\"name", "{\"mode\":\"test_run", "\"tool\":\"tool0"})
+            content.replace(value, QByteArray(value).replace('o', '0'));
+        const int entry = content.indexOf("{\"annotation\":\"marked one");
+        QVERIFY(entry > 0);
+        writeFile(file(), content.replace(entry + 15, 6, "MARKED"));
+        {
+            ControllerBench bench(open());
+            QVERIFY2(bench.started, "a damaged entry keeps the rest from coming up");
+            QCOMPARE(bench.get("arc_weld.arcon_param").value.toMap().keys(),
+                     QStringList("arcondata3"));
+            QCOMPARE(bench.get("arc_weld.arcon_param", "arcondata1").code,
+                     int(welmo::controller::StorageFailed));
+            const QVariantList alarms = bench.get("cell.alarms").value.toMap()["entries"].toList();
+            QCOMPARE(alarms.size(), bench.controller.complaints().size());
+            QVERIFY(alarms.size() >= 2);
+            QCOMPARE(alarms.first().toMap()["code"], QVariant("storage_damaged"));
+        }
+        QStringList lines;
+        QVERIFY(!welmo::controller::repair(file(), {}, &lines)); // of the second nobody knows
+        QVERIFY(lines.filter("arcondata1").first().contains("by the audit"));
+        QVERIFY(lines.filter("arcondata2").first().contains("stays damaged"));
+        QVERIFY(welmo::controller::repair(file(), backup, &lines));
+        ControllerBench bench(open());
+        QCOMPARE(bench.controller.complaints(), QStringList());
+        QCOMPARE(bench.get("arc_weld.arcon_param", "arcondata1").value, arcOn(1, "marked one"));
+        QCOMPARE(bench.get("arc_weld.arcon_param", "arcondata2").value, arcOn(2, "marked two"));
     }
 
     void aLostEntryIsTold()

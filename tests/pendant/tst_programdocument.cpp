@@ -53,12 +53,17 @@ private slots:
     }
     void whatCannotBeRead()
     {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("long.tl");
+        testsupport::writeFile(file, "WeaveOff\n" + QByteArray(30 * 1024 * 1024, 'x') + "\n");
         ProgramDocument document;
         QString problem;
         document.insertLine(0, "WeaveOff");
         document.setSent();
         QVERIFY(!document.open("/nowhere/missing.tl", &problem));
         QVERIFY(!problem.isEmpty());
+        QVERIFY(!document.open(file, &problem));
+        QVERIFY2(problem.startsWith("line 2 "), qPrintable(problem));
         QCOMPARE(document.line(0), "WeaveOff");
         QVERIFY(document.isSent());
         document.setLine(0, "WeaveOff ");

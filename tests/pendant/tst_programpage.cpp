@@ -101,6 +101,24 @@ private slots:
         QTRY_VERIFY(!m_pendant->window()->isVisible());
         QCOMPARE(kept("New program.tl"), "WeaveOff\n");
     }
+    void whatSomebodyElseWroteIsNotReplacedUnasked()
+    {
+        keep("mixed.tl", mixed);
+        m_program->open("mixed.tl");
+        for (const bool replaced : {false, true}) {
+            m_program->choose(1);
+            m_pendant->click("btnRemoveLine");
+            keep("mixed.tl", "WeaveOff\n");
+            m_pendant->click("btnSaveProgram");
+            QVERIFY(m_program->isAsked());
+            m_program->answer(replaced ? "Replace it" : "Back");
+            QCOMPARE(kept("mixed.tl") != "WeaveOff\n", replaced);
+        }
+        m_program->choose(1);
+        m_pendant->click("btnRemoveLine");
+        m_pendant->click("btnSaveProgram");
+        QVERIFY(!m_program->isAsked()); // it is our own by now
+    }
     void whatCannotBeSavedStays()
     {
         m_program->insert("WeaveOff");

@@ -29,6 +29,13 @@ class Browser:
     def __init__(self, port, token):
         host = f"127.0.0.1:{port}"
         self.socket = socket.create_connection(("127.0.0.1", port), PATIENT)
+        try:
+            self.greet(host, token)
+        except OSError:
+            self.socket.close()
+            raise
+
+    def greet(self, host, token):
         self.socket.sendall(
             f"GET / HTTP/1.1\r\nHost: {host}\r\nOrigin: http://{host}\r\nUpgrade: websocket\r\n"
             f"Cookie: {relay.COOKIE}={token}\r\n"
@@ -37,7 +44,10 @@ class Browser:
         )
         answer = b""
         while not answer.endswith(b"\r\n\r\n"):
-            answer += self.socket.recv(1)
+            byte = self.socket.recv(1)
+            if not byte:
+                raise ConnectionError("closed unheard")
+            answer += byte
 
     def send(self, data):
         """One binary frame; a mask is required, and one of zeros changes nothing."""
@@ -62,13 +72,17 @@ class RelayTest(unittest.TestCase):
         self.screens.listen()
         self.screens.settimeout(PATIENT)
         self.proofs = threading.Semaphore(0)
-        self.server = relay.open_server(os.path.join(folder, "vnc.sock"), self.proofs.release)
+        self.announced = []
+        socket_path = os.path.join(folder, "vnc.sock")
+        self.server = relay.open_server(
+            socket_path, self.proofs.release, self.announced.append
+        )
         self.addCleanup(self.server.server_close)
         self.addCleanup(self.server.shutdown)
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
 
     def browser(self):
-        browser = Browser(self.server.server_port, self.server.token)
+        browser = Browser(self.server.server_port, self.server.cookie)
         self.addCleanup(browser.socket.close)
         return browser
 
@@ -94,7 +108,7 @@ class RelayTest(unittest.TestCase):
             for held, release in ((BUTTON, BUTTON_UP), (KEY, KEY_UP)):
                 with self.subTest(how=how.name, held=held):
                     arguments = [sys.executable, __file__, str(self.server.server_port)]
-                    arguments += [self.server.token, held.hex()]
+                    arguments += [self.server.cookie, held.hex()]
                     browser = subprocess.Popen(arguments)
                     self.addCleanup(browser.wait)
                     self.addCleanup(browser.kill)
@@ -132,23 +146,53 @@ class RelayTest(unittest.TestCase):
         port = self.server.server_port
         connection = http.client.HTTPConnection("127.0.0.1", port, timeout=PATIENT)
         self.addCleanup(connection.close)
-        cookie = f"{relay.COOKIE}={self.server.token}"
+        cookie = f"{relay.COOKIE}={self.server.cookie}"
         connection.request("GET", path, headers={"Cookie": cookie, **headers})
         answer = connection.getresponse()
         return answer.status, (answer.getheader("Set-Cookie") or "").split(";")[0]
 
     def test_who_may_look(self):
         """This machine by name, with the token of the address that was printed, from our own page."""
-        cookie = f"{relay.COOKIE}={self.server.token}"
+        cookie = f"{relay.COOKIE}={self.server.cookie}"
         upgrade = {"Upgrade": "websocket", "Connection": "Upgrade"}
         printed = "/" + self.server.address().rpartition("/")[2]
         self.assertEqual(self.ask(), (200, ""))
         self.assertEqual(self.ask(Host="localhost:8080"), (200, ""))
-        self.assertEqual(self.ask(printed, Cookie=""), (303, cookie))
         self.assertEqual(self.ask(printed + "x", Cookie=""), (403, ""))
+        self.assertEqual(self.ask(printed, Cookie=""), (303, cookie))
+        self.assertEqual(self.ask(printed, Cookie=""), (403, ""))  # it works once
+        self.assertEqual(self.ask(printed), (200, ""))
+        following = "/" + self.announced.pop().rpartition("/")[2]
+        self.assertEqual(self.ask(following, Cookie=""), (303, cookie))
         self.assertEqual(self.ask(Cookie=""), (403, ""))
         self.assertEqual(self.ask(Host="elsewhere"), (403, ""))
         self.assertEqual(self.ask(Origin="http://elsewhere", **upgrade), (403, ""))
+
+    def test_crowd_goes_away(self):
+        """Who says nothing, or breaks off, keeps nobody out for long."""
+        self.enterContext(mock.patch.object(relay.Handler, "timeout", 0.2))
+        port = self.server.server_port
+        for _ in range(3 * relay.MOST_CONNECTIONS):
+            idle = socket.create_connection(("127.0.0.1", port), PATIENT)
+            self.addCleanup(idle.close)
+        for _ in range(2 * relay.MOST_VIEWERS):
+            browser = self.patient_browser()
+            browser.send(HELLO)
+            screen = self.accept()
+            self.assert_comes(screen, HELLO)
+            linger = struct.pack("ii", 1, 0)
+            browser.socket.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, linger)
+            browser.socket.close()  # with a reset
+            screen.close()
+
+    def patient_browser(self):
+        """A browser that tries again until it is heard."""
+        end = time.monotonic() + PATIENT
+        while True:
+            try:
+                return self.browser()
+            except OSError:
+                self.assertLess(time.monotonic(), end, "nobody is heard any more")
 
     def test_message_beyond_reason(self):
         """A clipboard of two gigabytes is announced, and ends the connection."""

@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "controller/core/backup.h"
+#include "controller/core/repair.h"
 #include "link/mqtt/cellservice.h"
 #include "tools/controllerd/options.h"
 #include "tools/controllerd/signals.h"
@@ -15,10 +16,17 @@ void say(const QString &line)
     std::fprintf(stderr, "controllerd: %s\n", qPrintable(line));
 }
 
-/// Backs up or restores; the exit status.
-int copyStore(const controllerd::Options &options)
+/// Backs up, restores or repairs; the exit status.
+int tendStore(const controllerd::Options &options)
 {
     const QString file = welmo::links::ControllerRunner::storeIn(options.dataFolder);
+    if (options.task == controllerd::Options::Task::Repair) {
+        QStringList lines;
+        const bool good = welmo::controller::repair(file, options.backup, &lines);
+        for (const QString &line : qAsConst(lines))
+            say(line);
+        return good ? 0 : couldNotStart;
+    }
     const QString problem = options.task == controllerd::Options::Task::BackUp
         ? welmo::controller::backUp(file, options.backup)
         : welmo::controller::restore(file, options.backup);
@@ -50,7 +58,7 @@ int main(int argc, char *argv[])
     }
     QString problem = options.error;
     if (problem.isEmpty() && options.task != controllerd::Options::Task::Serve)
-        return copyStore(options);
+        return tendStore(options);
     welmo::links::CellService::Options how{options.cell, options.broker, options.dataFolder, {}};
     if (problem.isEmpty())
         how.roles = welmo::links::Roles::read(options.usersFile, &problem);

@@ -13,21 +13,26 @@ namespace {
 constexpr char description[] =
     "The virtual robot controller as a service: one welding cell behind an MQTT 5 broker.\n\n"
     "With \"backup FILE\" it copies what the folder keeps to a new file, while a cell is at work "
-    "or not; with \"restore FILE\" it puts such a file in place, and what was there aside.\n\n"
+    "or not; with \"restore FILE\" it puts such a file in place, and what was there aside. With "
+    "\"repair\" it writes damaged entries anew, from the audit or from such a FILE.\n\n"
     "On SIGHUP it reads the users anew. It ends on SIGTERM or SIGINT. Exit status: 0 ended so, 2 "
-    "it could not start.";
+    "it could not do what it was told.";
 
 QString complaintAboutTask(const QStringList &words, Options *options)
 {
     if (words.isEmpty())
         return {};
-    const bool backsUp = words.first() == QLatin1String("backup");
-    if (!backsUp && words.first() != QLatin1String("restore"))
+    static const QHash<QString, Options::Task> tasks{
+        {QStringLiteral("backup"), Options::Task::BackUp},
+        {QStringLiteral("restore"), Options::Task::Restore},
+        {QStringLiteral("repair"), Options::Task::Repair}};
+    const auto task = tasks.constFind(words.first());
+    if (task == tasks.constEnd())
         return QStringLiteral("unexpected argument '%1'").arg(words.first());
-    if (words.size() != 2)
+    if (words.size() > 2 || (words.size() == 1 && *task != Options::Task::Repair))
         return QStringLiteral("%1 needs one file").arg(words.first());
-    options->task = backsUp ? Options::Task::BackUp : Options::Task::Restore;
-    options->backup = words.last();
+    options->task = *task;
+    options->backup = words.value(1);
     return {};
 }
 
@@ -79,9 +84,9 @@ Options parseOptions(const QStringList &arguments)
     parser.setApplicationDescription(QLatin1String(description));
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOptions({cell, broker, data, users});
-    parser.addPositionalArgument(QStringLiteral("backup|restore FILE"),
+    parser.addPositionalArgument(QStringLiteral("backup|restore|repair FILE"),
                                  QStringLiteral("Instead of serving."),
-                                 QStringLiteral("[backup FILE | restore FILE]"));
+                                 QStringLiteral("[backup FILE | restore FILE | repair [FILE]]"));
 
     Options options;
     if (!parser.parse(arguments)) {

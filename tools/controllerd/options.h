@@ -8,10 +8,10 @@ namespace controllerd {
 
 struct Options
 {
-    enum class Task { Serve, BackUp, Restore };
+    enum class Task { Serve, BackUp, Restore, Repair };
 
     Task task = Task::Serve;
-    QString backup; ///< the file to write or to read
+    QString backup; ///< the file to write or to read; for a repair it may be empty
     QString cell;
     welmo::links::BrokerAddress broker;
     QString dataFolder;

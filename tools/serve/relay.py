@@ -41,16 +41,30 @@ PROOF_PACE = 0.1
 class Server(ThreadingHTTPServer):
     """Serves a limited number of connections; those beyond are closed unheard."""
 
-    def __init__(self, port, vnc_socket, prove):
+    request_queue_size = MOST_CONNECTIONS
+
+    def __init__(self, port, vnc_socket, prove, announce):
         super().__init__(("127.0.0.1", port), Handler)
         self.vnc_socket = vnc_socket
         self.prove = prove
-        self.token = secrets.token_urlsafe(16)
+        self.cookie = secrets.token_urlsafe(16)
+        self._announce = announce
+        self._token = secrets.token_urlsafe(16)
+        self._redeeming = threading.Lock()
         self.viewers = threading.BoundedSemaphore(MOST_VIEWERS)
         self._places = threading.BoundedSemaphore(MOST_CONNECTIONS)
 
     def address(self):
-        return f"http://127.0.0.1:{self.server_port}/?token={self.token}"
+        return f"http://127.0.0.1:{self.server_port}/?token={self._token}"
+
+    def redeem(self, token):
+        """Whether this is the token of the address; then there is another address from now on."""
+        with self._redeeming:
+            if not same(token, self._token):
+                return False
+            self._token = secrets.token_urlsafe(16)
+        self._announce(self.address())
+        return True
 
     def process_request(self, request, client_address):
         if not self._places.acquire(blocking=False):
@@ -79,24 +93,21 @@ class Handler(WebSocketRequestHandlerMixIn, SimpleHTTPRequestHandler):
             self.send_error(403, "Not the name of this machine")
             return False
         url = urlsplit(self.path)
-        if self.is_token(parse_qs(url.query).get("token", [""])[0]):
+        if self.server.redeem(parse_qs(url.query).get("token", [""])[0]):
             self.hand_out_cookie(url.path)
             return False
         cookies = http.cookies.SimpleCookie(self.headers.get("Cookie", ""))
-        if COOKIE in cookies and self.is_token(cookies[COOKIE].value):
+        if COOKIE in cookies and same(cookies[COOKIE].value, self.server.cookie):
             return True
-        self.send_error(403, "Open the address that was printed at the start")
+        self.send_error(403, "Open the address that was printed last; each one works once")
         return False
-
-    def is_token(self, text):
-        return hmac.compare_digest(text.encode(), self.server.token.encode())
 
     def hand_out_cookie(self, path):
         """The token leaves the address, so that no history or screenshot keeps it."""
         self.send_response(303)
         self.send_header("Location", path)
         self.send_header(
-            "Set-Cookie", f"{COOKIE}={self.server.token}; HttpOnly; SameSite=Strict; Path=/"
+            "Set-Cookie", f"{COOKIE}={self.server.cookie}; HttpOnly; SameSite=Strict; Path=/"
         )
         self.send_header("Content-Length", "0")
         self.end_headers()
@@ -139,6 +150,10 @@ class Handler(WebSocketRequestHandlerMixIn, SimpleHTTPRequestHandler):
                 pass  # However a connection ends, what follows is the same.
             finally:
                 let_go(screen, viewer)
+
+
+def same(one, other):
+    return hmac.compare_digest(one.encode(), other.encode())
 
 
 def carry(browser, screen, viewer, prove):
@@ -190,14 +205,15 @@ def let_go(screen, viewer):
         pass  # The X server is gone, and its pendant with it.
 
 
-def open_server(vnc_socket, prove):
+def open_server(vnc_socket, prove, announce):
     """A server on the first free port of the loopback address.
 
-    It calls prove() again and again while a viewer is looked after.
+    It calls prove() again and again while a viewer is looked after, and announce() with the next
+    address once a browser has used the one before.
     """
     for port in range(FIRST_PORT, FIRST_PORT + 100):
         try:
-            return Server(port, vnc_socket, prove)
+            return Server(port, vnc_socket, prove, announce)
         except OSError:
             continue
     raise OSError(f"no free port between {FIRST_PORT} and {FIRST_PORT + 99}")

@@ -76,12 +76,16 @@ def prove(pipe):
         os.write(pipe, b".")
 
 
+def announce_next(address):
+    print(f"==> for another browser: {address}", flush=True)
+
+
 def serve(program):
     with contextlib.ExitStack() as stack:
         folder = stack.enter_context(tempfile.TemporaryDirectory(prefix="welmo-"))
         display = start_screen(folder, stack)
         proofs, prover = os.pipe2(os.O_NONBLOCK | os.O_CLOEXEC)
-        server = open_server(vnc_socket(folder), lambda: prove(prover))
+        server = open_server(vnc_socket(folder), lambda: prove(prover), announce_next)
         threading.Thread(target=server.serve_forever, daemon=True).start()
         stack.callback(server.shutdown)
         environment = program_environment(folder, display)

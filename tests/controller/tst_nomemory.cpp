@@ -1,0 +1,148 @@
+#include <QTemporaryDir>
+#include <QtTest>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "controllerbench.h"
+
+using welmo::controller::Store;
+
+// glibc's own, which the functions below stand in front of, for Qt, SQLite and C++ alike.
+extern "C" {
+void *__libc_malloc(size_t size);
+void *__libc_calloc(size_t count, size_t size);
+void *__libc_realloc(void *block, size_t size);
+}
+
+namespace {
+
+constexpr long nobody = -1;
+long s_left = nobody; // requests until one is refused
+
+bool isRefused()
+{
+    return s_left != nobody && s_left-- == 0;
+}
+
+} // namespace
+
+extern "C" {
+
+void *malloc(size_t size)
+{
+    return isRefused() ? nullptr : __libc_malloc(size);
+}
+
+void *calloc(size_t count, size_t size)
+{
+    return isRefused() ? nullptr : __libc_calloc(count, size);
+}
+
+void *realloc(void *block, size_t size)
+{
+    return isRefused() ? nullptr : __libc_realloc(block, size);
+}
+}
+
+namespace {
+
+enum Outcome { Succeeded, Refused, Ended };
+
+const char node[] = "arc_weld.arcon_param";
+const QString name = QStringLiteral("arcondata1");
+
+QVariantMap fileWith(int current)
+{
+    return {{"name", name}, {"current", current}};
+}
+
+/// Does it while the request for memory with the number @p refused fails.
+Outcome actHere(const QString &file, const QByteArray &phase, int current, long refused)
+{
+    s_left = phase.contains("start") ? refused : nobody;
+    QString problem;
+    auto store = Store::open(file, &problem);
+    if (!store)
+        return Refused;
+    ControllerBench bench(std::move(store));
+    if (!phase.contains("start"))
+        s_left = refused;
+    bool good = bench.started;
+    if (phase == "save")
+        good = bench.set(node, name, fileWith(current)).ok();
+    if (phase == "load") {
+        const auto reply = bench.get(node, name);
+        good = reply.ok();
+        if (good && reply.value.toMap()["current"] != current - 1)
+            ::abort();
+    }
+    s_left = nobody;
+    return good ? Succeeded : Refused;
+}
+
+/// In a process of its own, which may end over it.
+Outcome act(const QString &file, const QByteArray &phase, int current, long refused)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        std::set_terminate([] { ::_exit(Ended); });
+        [&]() noexcept { ::_exit(actHere(file, phase, current, refused)); }();
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? Outcome(WEXITSTATUS(status)) : Outcome(-WTERMSIG(status));
+}
+
+} // namespace
+
+/// Memory runs out once, at each of the first thousand requests of a start, a save and a load: it
+/// works, is refused, or the process ends in order; the store is whole, and nothing acknowledged is
+/// lost. WELMO_SOAK tries each request, otherwise it is one in thirteen.
+class tst_NoMemory : public QObject
+{
+    Q_OBJECT
+private slots:
+    void runsOutOnce_data()
+    {
+        QTest::addColumn<QByteArray>("phase");
+        for (const char *phase : {"first start", "start", "save", "load"})
+            QTest::newRow(phase) << QByteArray(phase);
+    }
+    void runsOutOnce()
+    {
+        QFETCH(const QByteArray, phase);
+        const bool isFirst = phase == "first start";
+        const int step = qEnvironmentVariableIsSet("WELMO_SOAK") ? 1 : 13;
+        // Not on a disk: this is not about power cuts, and waits for none.
+        const QTemporaryDir folder((QDir("/dev/shm").exists() ? "/dev/shm" : QDir::tempPath())
+                                   + "/nomemory-XXXXXX");
+        const QString file = folder.filePath("controller.db");
+        int current = 1;
+        int counts[3] = {};
+        QVERIFY(isFirst || act(file, "save", current, nobody) == Succeeded);
+        for (long refused = 0; refused < 1000; refused += step) {
+            const Outcome outcome = act(file, phase, current + 1, refused);
+            const QByteArray where = QByteArray::number(int(refused)) + ": ";
+            QVERIFY2(outcome >= 0, where + QByteArray::number(outcome));
+            ++counts[outcome];
+            QString problem;
+            auto store = Store::open(file, &problem);
+            QVERIFY2(store, qPrintable(where + problem));
+            QCOMPARE(store->complaints(), QStringList());
+            const int stored = store->read(node, name)->value.toMap()["current"].toInt();
+            const bool mayBeNew = phase == "save" && stored == current + 1;
+            QVERIFY2(isFirst || mayBeNew || (stored == current && !(phase == "save" && !outcome)),
+                     where + QByteArray::number(stored));
+            current = isFirst ? current : stored;
+            store.reset();
+            if (isFirst)
+                QVERIFY(QFile::remove(file));
+        }
+        qInfo("%d refused, %d ended, %d went on", counts[Refused], counts[Ended],
+              counts[Succeeded]);
+        QVERIFY(counts[Refused] + counts[Ended] > 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_NoMemory)
+#include "tst_nomemory.moc"

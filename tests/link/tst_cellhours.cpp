@@ -1,0 +1,249 @@
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <malloc.h>
+#include <random>
+
+#include "linkwords.h"
+#include "schema/names.h"
+#include "simulatedcell.h"
+
+using welmo::controller::Journal;
+using welmo::controller::Reply;
+using RequestKind = welmo::controller::Request::Kind;
+namespace names = welmo::names;
+
+namespace {
+
+constexpr int beatMs = 25;
+constexpr qint64 hourMs = qint64(3600) * 1000;
+// What a cell may hold at most, with everything that users may lay in its way.
+constexpr qint64 ceiling = qint64(24) * 1024 * 1024;
+constexpr qint64 largestStore = qint64(8) * 1024 * 1024;
+
+const QString wireFeed = QStringLiteral("arc_weld.wire_feed");
+const QString seam = QStringLiteral("MoveL p3,v1000,fine,torch1,wobj0\n"
+                                    "ArcOn \"arcondata1\",\"arcdata1\"\n"
+                                    "WMoveL Offs(p3,0,100,0),v50,fine,torch1\n"
+                                    "ArcOff \"arcoffdata1\"\n");
+
+/// Bytes on the heap of the whole process; nothing a sanitizer could tell.
+qint64 heapInUse()
+{
+    const auto info = ::mallinfo2();
+    return qint64(info.uordblks) + qint64(info.hblkhd);
+}
+
+/// A cell that is started anew now and then, and a pendant that comes, works and goes.
+class Plant
+{
+public:
+    explicit Plant(quint32 seed)
+        : m_random(seed)
+        , m_before(heapInUse())
+    { }
+
+    void liveFor(int hours)
+    {
+        start();
+        while (fault.isEmpty() && m_now < hours * hourMs) {
+            visit();
+            leave();
+            pass(choose(20 * 60) * 1000);
+            check(isStill(), "wire moves with nobody there");
+            if (choose(20) == 0)
+                start();
+        }
+        check(QFileInfo(storeFile()).size() < largestStore, "the store grows");
+    }
+    QString story() const
+    {
+        return QStringLiteral("%1 h, %2 visits, %3 starts, %4 writes, %5 runs; %6 KB held at most, "
+                              "the store has %7 KB")
+            .arg(m_now / hourMs)
+            .arg(m_visits)
+            .arg(m_starts)
+            .arg(m_writes)
+            .arg(m_runs)
+            .arg(most / 1024)
+            .arg(QFileInfo(storeFile()).size() / 1024);
+    }
+
+    QString fault;
+    qint64 most = 0; // bytes that the cell held
+
+private:
+    int choose(int count) { return int(m_random() % quint32(count)); }
+    QString storeFile() const { return m_folder.filePath(QStringLiteral("controller.db")); }
+    void check(bool good, const char *what)
+    {
+        most = qMax(most, heapInUse() - m_before);
+        if (fault.isEmpty() && !good)
+            fault = QStringLiteral("%1 ms: %2").arg(m_now).arg(QLatin1String(what));
+        if (fault.isEmpty() && most > ceiling)
+            fault = QStringLiteral("%1 ms: %2 bytes are held").arg(m_now).arg(most);
+    }
+
+    void start()
+    {
+        m_cell.reset();
+        m_cell = std::make_unique<SimulatedCell>(m_folder.path());
+        m_cell->now = m_now;
+        ++m_starts;
+    }
+    void pass(qint64 ms, const QVector<int> *presses = nullptr)
+    {
+        const qint64 end = m_now + ms;
+        while (m_now < end) {
+            m_now = qMin(end, m_now + (presses ? beatMs : 500));
+            m_cell->now = m_now;
+            if (presses)
+                m_cell->deliver(m_pendant.beat(*presses, m_now));
+            m_cell->service->tick();
+            SimulatedCell::takeSent();
+        }
+    }
+    void live(qint64 ms, const QVector<int> &presses = {}) { pass(ms, &presses); }
+    Reply ask(const welmo::controller::Request &request)
+    {
+        const auto reply =
+            m_pendant.answerIn(m_cell->deliver(m_pendant.request(request, m_now + 1000)));
+        check(reply.has_value(), "no answer");
+        return reply.value_or(Reply::refused(-1, {}));
+    }
+    bool isStill() const
+    {
+        const auto entries = m_cell->service->journal().entries();
+        for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+            if (entry->event <= Journal::Event::WireStops)
+                return entry->event == Journal::Event::WireStops;
+        }
+        return true;
+    }
+
+    void visit()
+    {
+        m_pendant = SimulatedPendant{QStringLiteral("pendant%1").arg(choose(4))};
+        const auto welcome =
+            m_pendant.answerIn(m_cell->deliver(m_pendant.hello(QString::number(++m_visits))));
+        check(welcome && welcome->ok(), "not greeted");
+        if (!fault.isEmpty())
+            return;
+        m_pendant.session = welcome->value.toMap().value("session").toString();
+        for (auto known = m_current.begin(); known != m_current.end(); ++known)
+            check(currentIn(known.key()) == *known, "what was acknowledged is gone");
+        for (int jobs = 1 + choose(4); jobs > 0; --jobs) {
+            live(choose(120) * 1000);
+            m_jobs[size_t(choose(int(m_jobs.size())))]();
+        }
+    }
+    double currentIn(int number)
+    {
+        return ask({RequestKind::Get, arcOn, fileName(number)})
+            .value.toMap()
+            .value("current")
+            .toDouble();
+    }
+    void write()
+    {
+        for (int count = choose(30); count > 0; --count) {
+            const int number = 1 + choose(40);
+            const int current = 1 + choose(400);
+            QVariantMap content = file(number, current);
+            content["annotation"] = QString(choose(2000), QChar('a' + choose(26)));
+            check(ask({RequestKind::Set, arcOn, fileName(number), content}).ok(), "not written");
+            m_current[number] = current;
+            ++m_writes;
+        }
+    }
+    void feed()
+    {
+        const QVector<int> presses{++m_presses};
+        live(beatMs, presses);
+        const Reply reply =
+            ask({RequestKind::Command, wireFeed, "wire_feel", QVariantMap{{"feed", true}}});
+        check(reply.ok() != isStill(), "wire does not do as it is told");
+        live(choose(3000), presses);
+        if (choose(2) == 0)
+            return; // whatever comes next finds the wire moving
+        live(4 * beatMs);
+        check(isStill(), "wire moves without a key");
+    }
+    void run()
+    {
+        const QVariantMap program{{"name", "seam"}, {"text", seam}};
+        if (!ask({RequestKind::Command, names::loadProgram, {}, program}).ok())
+            return; // one is paused
+        m_runs += ask({RequestKind::Command, names::runProgram}).ok() ? 1 : 0;
+        live(choose(40) * 1000);
+        ask({RequestKind::Command, names::stopProgram});
+    }
+    /// More than there is room for, all at once.
+    void flood()
+    {
+        welmo::links::MqttMessage large = m_pendant.request({RequestKind::Get, arcOn}, m_now + 100);
+        large.payload = QByteArray(200 * 1024, ' ') + large.payload;
+        for (int i = 0; i < 1000; ++i)
+            mail::client()->handlers.message(large);
+        check(true, "");
+        while (QCoreApplication::processEvents(), !SimulatedCell::takeSent().isEmpty()) { }
+        live(5000); // the share fills up again
+    }
+    void leave()
+    {
+        switch (choose(4)) {
+        case 0: // switched off
+            m_cell->deliver(m_pendant.end());
+            check(isStill(), "wire moves after the end");
+            break;
+        case 1: // gone without a word, with a key held or not
+            pass(500);
+            break;
+        case 2: // the broker
+            mail::client()->handlers.offline(QStringLiteral("gone"));
+            QCoreApplication::processEvents();
+            check(isStill(), "wire moves without a broker");
+            mail::client()->handlers.online();
+            QCoreApplication::processEvents();
+            break;
+        default: // the cell
+            start();
+        }
+    }
+
+    std::mt19937 m_random;
+    const QTemporaryDir m_folder;
+    const qint64 m_before;
+    const std::vector<std::function<void()>> m_jobs{[this] { write(); }, [this] { write(); },
+                                                    [this] { feed(); },  [this] { feed(); },
+                                                    [this] { run(); },   [this] { flood(); }};
+    qint64 m_now = 1000;
+    std::unique_ptr<SimulatedCell> m_cell;
+    SimulatedPendant m_pendant;
+    QMap<int, double> m_current; // what was acknowledged, by file
+    int m_visits = 0;
+    int m_starts = 0;
+    int m_writes = 0;
+    int m_runs = 0;
+    int m_presses = 0;
+};
+
+} // namespace
+
+/// Days in the life of a cell, with a pendant that comes, works and goes in every way. WELMO_HOURS
+/// says how many simulated hours.
+class tst_CellHours : public QObject
+{
+    Q_OBJECT
+private slots:
+    void staysAsItWas()
+    {
+        Plant plant(17);
+        plant.liveFor(qMax(2, qEnvironmentVariableIntValue("WELMO_HOURS")));
+        qInfo("%s", qPrintable(plant.story()));
+        QVERIFY2(plant.fault.isEmpty(), qPrintable(plant.fault));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_CellHours)
+#include "tst_cellhours.moc"
