@@ -170,23 +170,6 @@ void Checker::checkPoint(const ParsedLine &line, const ParsedLine::Point &point,
     checkTaught(point, found->wobj, line.wobj, m_project->wobjs, otherWobj, findings);
 }
 
-QString Checker::asTaught(const ParsedLine &line) const
-{
-    if (!m_project || !line.target)
-        return {};
-    const auto found = m_project->points.constFind(line.target->reading.point.name);
-    if (found == m_project->points.constEnd())
-        return {};
-    QString text = line.text;
-    const auto replace = [&text](const std::optional<Token> &used, const QString &taught) {
-        if (used && !taught.isEmpty())
-            text.replace(used->column - 1, used->text.size(), taught);
-    };
-    replace(line.wobj, found->wobj); // from the right, so that the columns stay true
-    replace(line.tool, found->tool);
-    return text == line.text ? QString() : text;
-}
-
 void Checker::checkName(const std::optional<Token> &token, Names names, const char *message,
                         const char *detail, Findings *findings) const
 {

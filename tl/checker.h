@@ -25,9 +25,6 @@ public:
 
     /// What is wrong with one line by itself; @p number goes into the findings.
     Findings checkLine(const ParsedLine &line, int number) const;
-    /// The line with the tool and the work object with which its target was taught; null when it
-    /// names no others.
-    QString asTaught(const ParsedLine &line) const;
     /// Puts findings in the order of lines and columns.
     static void sort(Findings &findings);
 

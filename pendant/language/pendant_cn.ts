@@ -897,10 +897,6 @@ New: %2</source>
         <translation>返回表单</translation>
     </message>
     <message>
-        <source>Use the point&apos;s own</source>
-        <translation>使用该点自己的</translation>
-    </message>
-    <message>
         <source>This line cannot be inserted: %1.</source>
         <translation>无法插入此行：%1。</translation>
     </message>

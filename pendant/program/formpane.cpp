@@ -60,13 +60,7 @@ void FormPane::addTop(QVBoxLayout *layout)
     m_syntax = addLabel(top, "lblCaption");
     layout->addLayout(top);
     m_old = addLabel(layout, "lblLineText");
-    auto *warning = new QHBoxLayout;
-    m_warning = addLabel(warning, "lblFormWarning");
-    m_taught = new QPushButton(tr("Use the point's own"));
-    m_taught->setObjectName(QStringLiteral("btnUseTaught"));
-    warning->addWidget(m_taught);
-    layout->addLayout(warning);
-    connect(m_taught, &QPushButton::clicked, this, &FormPane::useTaught);
+    m_warning = addLabel(layout, "lblFormWarning");
 }
 
 void FormPane::addButtons(QVBoxLayout *layout)
@@ -117,7 +111,6 @@ void FormPane::show(tessa::BaseContentWidget *form, const QString &heading, cons
     m_accept->setText(button);
     setTextOrHide(m_old, m_before.text);
     warn(QString());
-    m_taught->hide();
     form->setFocus();
 }
 
@@ -152,8 +145,6 @@ void FormPane::fill(bool isFaithful)
         reasons.append(tl::normalCode(m_before).isNull() ? tr("it holds more than the form shows")
                                                          : tr("the form shows other values"));
     warn(reasons.join(QStringLiteral("; ")));
-    if (isWhole && isFaithful)
-        offerTaught(m_before.code());
 }
 
 void FormPane::warn(const QString &reason)
@@ -163,23 +154,6 @@ void FormPane::warn(const QString &reason)
                       ? QString()
                       : tr("The form did not take over all of this line: %1.").arg(reason));
     m_lost = reason;
-}
-
-void FormPane::offerTaught(const QString &code)
-{
-    const WrittenLine line = readBack(code, m_check);
-    if (line.doubt.isEmpty())
-        return;
-    m_asTaught = line.asTaught;
-    setTextOrHide(m_warning, line.doubt);
-    m_taught->show();
-}
-
-void FormPane::useTaught()
-{
-    m_taught->hide();
-    m_warning->hide();
-    read(m_asTaught);
 }
 
 // Forms know nothing of how a program is laid out.
@@ -205,20 +179,18 @@ void FormPane::onAcceptClicked()
 void FormPane::check(const QString &written)
 {
     const QString text = around(written);
-    const WrittenLine line = readBack(written, m_check);
-    if (m_inserts && !line.refusal.isEmpty())
-        setTextOrHide(m_warning, tr("This line cannot be inserted: %1.").arg(line.refusal));
+    const QString refusal = refusalOf(written, m_check);
+    if (m_inserts && !refusal.isEmpty())
+        setTextOrHide(m_warning, tr("This line cannot be inserted: %1.").arg(refusal));
     else if (!m_lost.isEmpty() && text != m_before.text)
         ask(text, tr("The form did not take over all of the old line: %1.").arg(m_lost));
-    else if (!line.refusal.isEmpty())
-        ask(text, tr("The new line could not be read again: %1.").arg(line.refusal));
-    else if (!line.doubt.isEmpty() && text != m_before.text)
-        ask(text, line.doubt, around(line.asTaught));
+    else if (!refusal.isEmpty())
+        ask(text, tr("The new line could not be read again: %1.").arg(refusal));
     else
         finish(text);
 }
 
-void FormPane::ask(const QString &text, const QString &reason, const QString &asTaught)
+void FormPane::ask(const QString &text, const QString &reason)
 {
     const QString change =
         m_inserts ? tr("New: %1").arg(text) : tr("Old: %1\nNew: %2").arg(m_before.text, text);
@@ -229,10 +201,6 @@ void FormPane::ask(const QString &text, const QString &reason, const QString &as
     box->setTextFormat(Qt::PlainText);
     auto *yes = box->addButton(m_accept->text(), QMessageBox::AcceptRole);
     connect(yes, &QAbstractButton::clicked, this, [this, text] { finish(text); });
-    if (!asTaught.isEmpty()) {
-        auto *own = box->addButton(m_taught->text(), QMessageBox::AcceptRole);
-        connect(own, &QAbstractButton::clicked, this, [this, asTaught] { finish(asTaught); });
-    }
     box->setEscapeButton(box->addButton(tr("Back to the form"), QMessageBox::RejectRole));
     box->open();
 }

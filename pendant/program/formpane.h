@@ -45,12 +45,10 @@ private:
     void fill(bool isFaithful);
     QStringList read(const QString &text);
     void warn(const QString &reason);
-    void offerTaught(const QString &code);
-    void useTaught();
     void onAcceptClicked();
     void check(const QString &written);
     QString around(const QString &written) const;
-    void ask(const QString &text, const QString &reason, const QString &asTaught = {});
+    void ask(const QString &text, const QString &reason);
     void finish(const QString &text);
     void close();
 
@@ -60,13 +58,11 @@ private:
     QLabel *m_old;
     QLabel *m_warning;
     QScrollArea *m_area;
-    QPushButton *m_taught;
     QPushButton *m_accept;
     tessa::BaseContentWidget *m_form = nullptr;
     bool m_inserts = false;
     tl::ParsedLine m_before; // empty for an insert form
     QString m_lost; // what the form did not take over of it
-    QString m_asTaught;
 };
 
 } // namespace welmo::pendant

@@ -23,8 +23,6 @@ public:
 
     /// What is wrong with a line that is not, or not yet, in the program.
     tl::Findings findingsOf(const tl::ParsedLine &line);
-    /// See tl::Checker::asTaught().
-    QString asTaught(const tl::ParsedLine &line) const { return m_checker.asTaught(line); }
     bool isWrong(int line) const { return m_byLine.contains(line); }
     /// One finding a line of text; empty when there is none.
     QString textAt(int line) const;

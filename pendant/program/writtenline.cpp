@@ -33,7 +33,7 @@ bool refuses(const Finding &finding)
     return finding.message;
 }
 
-QString refusalOf(const tl::ParsedLine &line, const tl::Findings &findings)
+QString refusalOfLine(const tl::ParsedLine &line, const tl::Findings &findings)
 {
     if (line.instruction->kind == tl::Kind::Move && lacksName(line.text))
         return Text::tr("a name is missing; choose a point, or make one with \"New point here\"");
@@ -46,19 +46,12 @@ QString refusalOf(const tl::ParsedLine &line, const tl::Findings &findings)
 
 } // namespace
 
-WrittenLine readBack(const QString &written, ProgramCheck *check)
+QString refusalOf(const QString &written, ProgramCheck *check)
 {
     const tl::ParsedLine line = tl::parse(written);
     if (!line.instruction || line.instruction->standing == tl::Standing::Host)
         return {};
-    const tl::Findings findings = check->findingsOf(line);
-    WrittenLine result{refusalOf(line, findings), {}, check->asTaught(line)};
-    for (const Finding &finding : findings) {
-        if (!result.asTaught.isNull() && finding.kind == Finding::Kind::Doubtful)
-            result.doubt +=
-                (result.doubt.isEmpty() ? QString() : QStringLiteral("\n")) + finding.text();
-    }
-    return result;
+    return refusalOfLine(line, check->findingsOf(line));
 }
 
 } // namespace welmo::pendant

@@ -520,6 +520,13 @@
     </message>
 </context>
 <context>
+    <name>MoveParamWidget</name>
+    <message>
+        <source>%1 is no longer in the project; %2 is chosen</source>
+        <translation>工程中已没有%1；已改选%2</translation>
+    </message>
+</context>
+<context>
     <name>MovePropertyPointWidget</name>
     <message>
         <source>Auxiliary point</source>

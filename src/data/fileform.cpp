@@ -28,8 +28,8 @@ FileForm::FileForm(QObject *owner, const schema::FileSet &set, QComboBox *combo,
     , m_combo(combo)
     , m_controls(combo)
     , m_fields(owner, set)
+    , m_edits(m_fields, combo)
     , m_afterShow(std::move(afterShow))
-    , m_shown(set.prefix, nullptr)
 {
     QObject::connect(xservice()->watchNode(set.node()), &kelp::ModuleObject::changed, &m_guard,
                      [this](const QVariant &files) { onFilesChanged(files); });
@@ -43,7 +43,7 @@ FileForm::~FileForm()
     const bool isHostThere = !host::isMissing(m(QStringLiteral("welmo")));
     const QString edited = m_controls && isHostThere ? editedFile() : QString();
     if (!edited.isEmpty())
-        reportLoss(m_owner, edited);
+        FieldEdits::reportLoss(m_owner, edited);
 }
 
 void FileForm::prepare()
@@ -144,38 +144,6 @@ bool FileForm::maySave()
     return overlap.isEmpty();
 }
 
-void FileForm::collect(kelp::ModuleObject *values) const
-{
-    for (const auto &field : m_fields.fields()) {
-        if (field->editor() != m_combo)
-            field->store(nullptr, values);
-    }
-}
-
-FileForm::Values FileForm::edits() const
-{
-    if (!m_isKnown)
-        return {};
-    Values edits;
-    kelp::ModuleObject now(m_set.prefix, nullptr);
-    collect(&now);
-    for (const auto &field : m_fields.fields()) {
-        const kelp::ModuleObject *node = now.r(field->key()); // missing: nothing is chosen
-        if (!host::isMissing(node)
-            && host::toVariant(node) != host::toVariant(m_shown.r(field->key())))
-            edits.insert(field->key(), host::toVariant(node));
-    }
-    return edits;
-}
-
-void FileForm::markUnedited()
-{
-    kelp::ModuleObject now(m_set.prefix, nullptr);
-    collect(&now);
-    m_shown.copyFrom(nullptr, &now, true, true);
-    m_isKnown = true;
-}
-
 void FileForm::watchFile()
 {
     if (arcweld::isConnected())
@@ -186,11 +154,6 @@ QString FileForm::editedFile() const
 {
     const bool isFile = m_data && m_data != parameterfile::defaultNode(m_set);
     return isFile && isEdited() ? m_data->name() : QString();
-}
-
-void FileForm::reportLoss(const QObject *sender, const QString &file)
-{
-    report::warning(sender, Text::tr("%1: changes were not saved").arg(file));
 }
 
 void FileForm::onFilesChanged(const QVariant &files)
@@ -210,39 +173,18 @@ void FileForm::onConnected()
 
 QStringList FileForm::reloadKeepingEdits(const QVariant &theirs)
 {
-    const Values edited = edits();
-    Values before;
-    QStringList overlap;
     m_read = theirs;
-    kelp::ModuleObject answer(m_data->name(), nullptr);
-    answer.importFromVariant(nullptr, theirs, true, true, false);
-    m_data->copyFrom(m_owner, &answer, true, true);
-    kelp::ModuleObject merged(m_data->name(), nullptr);
-    merged.copyFrom(nullptr, m_data, true, true);
-    for (auto edit = edited.begin(); edit != edited.end(); ++edit) {
-        const QVariant present = host::toVariant(m_data->r(edit.key()));
-        const bool isChanged = present != host::toVariant(m_shown.r(edit.key()));
-        if (isChanged && present != edit.value())
-            overlap.append(edit.key());
-        before.insert(edit.key(), present);
-        merged.set(nullptr, edit.key(), edit.value(), true);
-    }
     setGrey(false);
-    m_fields.show(&merged);
-    m_afterShow();
-    markUnedited();
-    for (auto value = before.begin(); value != before.end(); ++value)
-        m_shown.set(nullptr, value.key(), value.value(), true); // still edited
-    return overlap;
+    return m_edits.take(m_owner, m_data, theirs, [this](const kelp::ModuleObject *merged) {
+        m_fields.show(merged);
+        m_afterShow();
+        m_fields.reportCuts(merged);
+    });
 }
 
 void FileForm::reportOverlap(const QStringList &keys)
 {
-    for (const QString &key : keys)
-        report::warning(m_owner,
-                        Text::tr("%1: \"%2\" was changed elsewhere to %3 and is being edited here; "
-                                 "another save replaces it")
-                            .arg(m_data->name(), key, m_data->r(key)->getString(QString())));
+    FieldEdits::reportOverlap(m_owner, m_data->name(), keys, m_data);
 }
 
 void FileForm::showWhetherHeld()
@@ -282,13 +224,19 @@ void FileForm::select()
         isRead = true;
         m_read = host::toVariant(m_data);
         if (!edited.isEmpty())
-            reportLoss(m_owner, edited);
+            FieldEdits::reportLoss(m_owner, edited);
         show();
     };
     parameterfile::handleFileNumChanged(
         m_owner, m_combo, m_data, m_set, [this] { useFreshDefaults(); }, showRead);
     if (!isRead)
         showWhetherHeld();
+}
+
+void FileForm::refresh()
+{
+    if (m_read.isValid() && holdsChosenFile())
+        reloadKeepingEdits(m_read);
 }
 
 bool FileForm::choose(const QString &name)
@@ -310,7 +258,7 @@ void FileForm::start()
     if (arcweld::isConnected())
         get();
     if (!edited.isEmpty())
-        reportLoss(m_owner, edited);
+        FieldEdits::reportLoss(m_owner, edited);
     show();
 }
 

@@ -2,11 +2,10 @@
 
 #include <QComboBox>
 #include <QLabel>
-#include <QMap>
 #include <QPointer>
 #include <functional>
 
-#include "data/fieldtable.h"
+#include "data/fieldedits.h"
 #include "data/parameterfile.h"
 
 namespace welmo {
@@ -55,12 +54,14 @@ public:
     /// over.
     bool maySave();
     /// Whether the form holds changes that were not saved.
-    bool isEdited() const { return !edits().isEmpty(); }
-    /// What the controls hold counts as unchanged: it was shown, saved, or set by the welder.
-    void markUnedited();
+    bool isEdited() const { return !m_edits.values().isEmpty(); }
+    /// See FieldEdits::mark().
+    void markUnedited() { m_edits.mark(); }
     /// Reads the chosen file and shows it; a failed read leaves the form as it is. Changes that
     /// nobody saved are lost, which is reported.
     void select();
+    /// Shows the file again, except in fields that are edited: a control offers other items now.
+    void refresh();
     /// Puts the combo box on the file @p name without its signals; false, and nothing changed, when
     /// the set has no such file (the case counts).
     bool choose(const QString &name);
@@ -68,14 +69,8 @@ public:
     void start();
 
 private:
-    using Values = QMap<QString, QVariant>; ///< by key
-
     void useFreshDefaults();
-    Values edits() const;
     QString editedFile() const; ///< empty when nothing would be lost
-    static void reportLoss(const QObject *sender, const QString &file);
-    /// What the controls hold, except the file's name.
-    void collect(kelp::ModuleObject *values) const;
     void watchFile();
     void onFilesChanged(const QVariant &files);
     void onConnected();
@@ -91,10 +86,9 @@ private:
     QComboBox *m_combo;
     QPointer<QComboBox> m_controls; ///< null once the widgets are gone, which may be before this
     FieldTable m_fields;
+    FieldEdits m_edits;
     std::function<void()> m_afterShow;
     kelp::ModuleObject *m_data = nullptr;
-    kelp::ModuleObject m_shown; ///< what the controls held when a file was shown or saved
-    bool m_isKnown = false;
     QVariant m_read; ///< the file as the controller had it last
     QLabel *m_hint = nullptr;
     QHash<QWidget *, bool> m_enabled; ///< of the controls that are grey now, whether they were

@@ -12,11 +12,17 @@ const QString presentName = QStringLiteral("present");
 
 } // namespace
 
-OptionsForm::OptionsForm(QObject *owner, const schema::OptionSet &set)
+OptionsForm::OptionsForm(QObject *owner, const schema::OptionSet &set,
+                         std::function<void()> afterShow)
     : m_owner(owner)
     , m_set(set)
     , m_fields(owner, set)
-{ }
+    , m_edits(m_fields)
+    , m_afterShow(std::move(afterShow))
+{
+    QObject::connect(xservice()->watchNode(set.node()), &kelp::ModuleObject::changed, &m_guard,
+                     [this](const QVariant &values) { onChanged(values); });
+}
 
 kelp::ModuleObject *OptionsForm::node(const QString &name) const
 {
@@ -35,12 +41,14 @@ void OptionsForm::writeDefaults()
 
 bool OptionsForm::get()
 {
+    xservice()->watch(m_owner, m_set.node(), true);
     const auto answer = xservice()->get(m_owner, m_set.node());
     if (arcweld::readFailed(answer)) {
         report::readFailed(m_owner, m_set.name);
         return false;
     }
     m_known = true;
+    m_read = host::toVariant(answer.get());
     if (answer->cmobjCount() == 0) {
         useDefault();
         return true;
@@ -48,6 +56,64 @@ bool OptionsForm::get()
     m_data = node(presentName);
     m_data->copyFrom(m_owner, answer.get(), true, true);
     return true;
+}
+
+void OptionsForm::display(const kelp::ModuleObject *values)
+{
+    m_fields.show(values);
+    if (m_afterShow)
+        m_afterShow();
+    if (m_known)
+        m_fields.reportCuts(values);
+}
+
+void OptionsForm::reload()
+{
+    const bool isEdited = !m_edits.values().isEmpty();
+    if (!get())
+        return;
+    if (isEdited)
+        FieldEdits::reportLoss(m_owner, m_set.name);
+    show();
+}
+
+void OptionsForm::show()
+{
+    display(m_data);
+    m_edits.mark();
+}
+
+void OptionsForm::markSaved()
+{
+    m_read = host::toVariant(m_data);
+    m_edits.mark();
+}
+
+bool OptionsForm::takeOver(const QVariant &theirs)
+{
+    m_read = theirs;
+    const QStringList overlap = m_edits.take(
+        m_owner, m_data, theirs, [this](const kelp::ModuleObject *merged) { display(merged); });
+    FieldEdits::reportOverlap(m_owner, m_set.name, overlap, m_data);
+    return overlap.isEmpty();
+}
+
+void OptionsForm::onChanged(const QVariant &values)
+{
+    QVariantMap theirs = m_read.toMap(); // what is not told stayed as it was
+    theirs.insert(values.toMap());
+    if (m_known && !values.toMap().isEmpty() && theirs != m_read)
+        takeOver(theirs);
+}
+
+bool OptionsForm::maySave()
+{
+    if (!m_known)
+        return true; // and the save itself tells that it was not read
+    const auto theirs = xservice()->get(m_owner, m_set.node());
+    const bool isRead = !arcweld::readFailed(theirs) && theirs->cmobjCount() > 0;
+    const bool isNews = isRead && host::toVariant(theirs.get()) != m_read;
+    return !isNews || takeOver(host::toVariant(theirs.get())); // else the save tells what is wrong
 }
 
 std::unique_ptr<kelp::ModuleObject> OptionsForm::payload() const

@@ -1,5 +1,8 @@
 #include "data/orbodata.h"
 
+#include <QSharedPointer>
+#include <utility>
+
 #include <kelp/moduleobject.h>
 
 namespace {
@@ -67,4 +70,21 @@ QStringList OrboData::getToolList()
 QStringList OrboData::getWobjList()
 {
     return names(QStringLiteral("wobj"));
+}
+
+void welmo::onProjectChanged(QObject *context, const std::function<void()> &action)
+{
+    const auto isDue = QSharedPointer<bool>::create(false);
+    const auto look = [isDue, action] {
+        *isDue = false;
+        action();
+    };
+    for (const char *name : {"project", "toolpage"}) {
+        kelp::ModuleObject *node = m(QStringLiteral("orbo"))->c(QString::fromLatin1(name), true);
+        node->watch(true, true);
+        QObject::connect(node, &kelp::ModuleObject::changed, context, [context, isDue, look] {
+            if (!std::exchange(*isDue, true))
+                QMetaObject::invokeMethod(context, look, Qt::QueuedConnection);
+        });
+    }
 }

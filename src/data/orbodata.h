@@ -3,6 +3,9 @@
 #include <QMap>
 #include <QString>
 #include <QStringList>
+#include <functional>
+
+class QObject;
 
 /// Names of the robot project's speeds, zones, tools and work objects, from the host's store. Every
 /// call reads the store afresh: built-in entries first, then the project's, in store order, neither
@@ -23,3 +26,11 @@ public:
     static QStringList getToolList();
     static QStringList getWobjList();
 };
+
+namespace welmo {
+
+/// Runs @p action when the project, or what is active on the pendant, has changed: once for all
+/// that changed together, as long as @p context lives.
+void onProjectChanged(QObject *context, const std::function<void()> &action);
+
+} // namespace welmo

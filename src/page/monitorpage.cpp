@@ -1,10 +1,11 @@
 #include "page/monitorpage.h"
 
 #include <QPushButton>
-#include <utility>
+#include <array>
 
 #include <tessa/managerhelper.h>
 
+#include "data/fieldedits.h"
 #include "data/report.h"
 #include "schema/processsets.h"
 #include "ui_monitorpage.h"
@@ -16,7 +17,14 @@ namespace {
 
 const char *const stepProperty = "step";
 const QString stateNode = QStringLiteral("arc_weld.welder_state");
+const QString currentKey = QStringLiteral("current");
+const QString voltageKey = QStringLiteral("voltage");
 constexpr double tolerance = 1e-9; // of a number that was stored and read
+
+std::array<const schema::FileSet *, 3> sets()
+{
+    return {&schema::arcOn(), &schema::weld(), &schema::arcOff()};
+}
 
 // The set that a data name belongs to; the first word that it contains decides.
 const schema::FileSet &setOf(const QString &name)
@@ -59,7 +67,7 @@ MonitorPage::MonitorPage(QWidget *parent, QObject *owner)
     ui->ledtWeldingName->setPlaceholderText(tr("no weld data in use"));
     followController();
     followLink();
-    followForms();
+    followFiles();
 }
 
 MonitorPage::~MonitorPage()
@@ -79,6 +87,8 @@ void MonitorPage::followController()
 void MonitorPage::reload()
 {
     m_isLoaded = true;
+    for (const schema::FileSet *set : sets())
+        xservice()->watch(this, set->node(), true);
     const QString name = ui->ledtWeldingName->text();
     const auto state = xservice()->get(this, stateNode);
     if (welmo::arcweld::readFailed(state))
@@ -104,45 +114,51 @@ void MonitorPage::followLink()
     show(welmo::arcweld::isConnected());
 }
 
-// A form that saves the data in use must not have its other values undone by the next trim.
-void MonitorPage::followForms()
+// What a form or another pendant saves must not be undone by the next trim.
+void MonitorPage::followFiles()
 {
-    auto *section = m(QStringLiteral("welmo"))->c(schema::weld().section, true);
-    section->watch(true, true);
-    const auto look = [this] {
-        m_isOvertaken = false;
-        const kelp::ModuleObject *local = localCopy();
-        const bool isThere = m_data && !welmo::host::isMissing(local);
-        if (isThere && welmo::host::toVariant(local) != welmo::host::toVariant(m_data.get()))
-            takeOver();
+    for (const schema::FileSet *set : sets())
+        connect(xservice()->watchNode(set->node()), &kelp::ModuleObject::changed, m_wgt,
+                [this](const QVariant &files) { onFilesChanged(files); });
+}
+
+void MonitorPage::onFilesChanged(const QVariant &files)
+{
+    const QVariant theirs = files.toMap().value(ui->ledtWeldingName->text());
+    if (m_data && theirs.isValid() && theirs != welmo::host::toVariant(m_data.get()))
+        takeOver();
+}
+
+bool MonitorPage::takeOver(QStringList *overlap)
+{
+    struct Value
+    {
+        QString key;
+        QDoubleSpinBox *box;
+        double &shown;
     };
-    connect(section, &kelp::ModuleObject::changed, m_wgt,
-            [this, look](const QVariant &, const QVariant &, const QObject *sender) {
-                if (sender == this || !m_data || std::exchange(m_isOvertaken, true))
-                    return;
-                QMetaObject::invokeMethod(m_wgt, look, Qt::QueuedConnection);
-            });
-}
-
-kelp::ModuleObject *MonitorPage::localCopy() const
-{
-    const QString file = ui->ledtWeldingName->text();
-    return m(QStringLiteral("welmo"))->r(setOf(file).localPath(file));
-}
-
-bool MonitorPage::takeOver()
-{
-    const double current = ui->sbxCurrent->value();
-    const double voltage = ui->sbxVoltage->value();
-    const bool currentIsTrimmed = current != m_shownCurrent;
-    const bool voltageIsTrimmed = voltage != m_shownVoltage;
+    const Value values[]{{currentKey, ui->sbxCurrent, m_shownCurrent},
+                         {voltageKey, ui->sbxVoltage, m_shownVoltage}};
+    QHash<QString, double> trimmed;
+    for (const auto &[key, box, shown] : values) {
+        if (box->value() != shown)
+            trimmed.insert(key, box->value());
+    }
+    const double before[]{m_shownCurrent, m_shownVoltage};
     if (!fetch())
         return false;
     showData();
-    if (currentIsTrimmed)
-        ui->sbxCurrent->setValue(current);
-    if (voltageIsTrimmed)
-        ui->sbxVoltage->setValue(voltage);
+    QStringList changed;
+    for (int i = 0; i < 2; ++i) {
+        const auto &[key, box, shown] = values[i];
+        const double wanted = trimmed.value(key, shown);
+        if (trimmed.contains(key) && shown != before[i] && shown != wanted)
+            changed.append(key);
+        box->setValue(wanted);
+    }
+    welmo::FieldEdits::reportOverlap(this, ui->ledtWeldingName->text(), changed, m_data.get());
+    if (overlap)
+        *overlap = changed;
     return true;
 }
 
@@ -221,8 +237,8 @@ bool MonitorPage::fetch()
 
 void MonitorPage::showData()
 {
-    show(QStringLiteral("current"), ui->sbxCurrent, &m_shownCurrent);
-    show(QStringLiteral("voltage"), ui->sbxVoltage, &m_shownVoltage);
+    show(currentKey, ui->sbxCurrent, &m_shownCurrent);
+    show(voltageKey, ui->sbxVoltage, &m_shownVoltage);
 }
 
 void MonitorPage::show(const QString &key, QDoubleSpinBox *box, double *shown)
@@ -243,12 +259,15 @@ void MonitorPage::show(const QString &key, QDoubleSpinBox *box, double *shown)
 void MonitorPage::onSaveClicked()
 {
     // Read anew: what another pendant saved and nobody trims here is not undone.
-    if (!takeOver()) {
+    QStringList overlap;
+    if (!takeOver(&overlap)) {
         welmo::report::error(this, tr("save error"));
         return;
     }
-    m_data->set(this, QStringLiteral("current"), ui->sbxCurrent->value(), true);
-    m_data->set(this, QStringLiteral("voltage"), ui->sbxVoltage->value(), true);
+    if (!overlap.isEmpty())
+        return; // it was told, and another save is in full knowledge
+    m_data->set(this, currentKey, ui->sbxCurrent->value(), true);
+    m_data->set(this, voltageKey, ui->sbxVoltage->value(), true);
     const auto answer = xservice()->set(this, node(), ui->ledtWeldingName->text(), m_data.get());
     if (answer->getInt(0) != 0) {
         welmo::report::error(this, tr("save error"));
@@ -257,6 +276,4 @@ void MonitorPage::onSaveClicked()
     welmo::report::info(this, tr("save succeed"));
     m_shownCurrent = ui->sbxCurrent->value();
     m_shownVoltage = ui->sbxVoltage->value();
-    if (kelp::ModuleObject *local = localCopy(); !welmo::host::isMissing(local))
-        local->copyFrom(this, m_data.get(), true, true); // for the forms that show it
 }

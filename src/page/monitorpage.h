@@ -38,24 +38,23 @@ public slots:
 private:
     void followController();
     void followLink();
-    void followForms();
+    void followFiles();
     /// Takes the welder's state and the data in use as the controller has them.
     void reload();
-    /// Reads the data again, except what is being trimmed; false when it could not be read.
-    bool takeOver();
+    /// Reads the data again, except what is being trimmed; false when it could not be read. What
+    /// was trimmed here and changed elsewhere is told, and is in @p overlap.
+    bool takeOver(QStringList *overlap = nullptr);
+    void onFilesChanged(const QVariant &files);
     bool fetch();
     void showData();
     void show(const QString &key, QDoubleSpinBox *box, double *shown);
     void step(QDoubleSpinBox *box);
     QString node() const;
-    /// The forms' copy of the data in use; missing while no form has read it.
-    kelp::ModuleObject *localCopy() const;
 
     QPointer<QWidget> m_wgt;
     std::unique_ptr<Ui::MonitorPage> ui;
     double m_shownCurrent = 0; ///< as read or saved: what differs is trimmed
     double m_shownVoltage = 0;
-    bool m_isOvertaken = false; ///< a form changed the data; one look for all that it changes
     bool m_isLoaded = false; ///< the controller was there since the page was made
     QString m_told; ///< what was said last of a value that a box cannot show
     welmo::host::Answer m_data; ///< the welding data last read

@@ -148,10 +148,24 @@ void DevicesSettingPage::initConnect()
             &DevicesSettingPage::onTypeSelectChanged);
     connect(xservice()->watchNode(names::welderState), &kelp::ModuleObject::changed, this,
             &DevicesSettingPage::onWelderStateChanged);
+    connect(xservice()->watchNode(names::welderSetting), &kelp::ModuleObject::changed, this,
+            &DevicesSettingPage::onWelderSettingChanged);
+}
+
+// Another pendant chose a welder; what is being chosen here stays.
+void DevicesSettingPage::onWelderSettingChanged()
+{
+    const bool isEdited = choices() != m_shownChoices;
+    loadFromRc();
+    showSwitches();
+    if (!isEdited)
+        showChoices();
 }
 
 void DevicesSettingPage::initPage()
 {
+    if (arcweld::isConnected())
+        xservice()->watch(this, names::welderSetting, true);
     loadFromRc();
     loadFromMobj();
 }
@@ -172,10 +186,20 @@ void DevicesSettingPage::loadFromRc()
 
 void DevicesSettingPage::loadFromMobj()
 {
+    showSwitches();
+    showChoices();
+}
+
+void DevicesSettingPage::showSwitches()
+{
     const bool on = mobj()->r(enableKey())->getBool(false);
     setWithoutTriggering(ui->btn_connectSwitch, on);
     setSelectionEnabled(!on);
     setWithoutTriggering(ui->btn_weatherConnectWelder, mobj()->r(connectKey())->getBool(false));
+}
+
+void DevicesSettingPage::showChoices()
+{
     const auto show = [](QComboBox *combo, int index) {
         combo->setCurrentIndex(qMax(0, index)); // the first, where the stored one is not offered
     };
@@ -186,6 +210,15 @@ void DevicesSettingPage::loadFromMobj()
     }
     const QString current = QStringLiteral("%1A").arg(mobj()->r(currentKey())->getInt(0));
     show(ui->cbx_current, ui->cbx_current->findText(current));
+    m_shownChoices = choices();
+}
+
+QStringList DevicesSettingPage::choices() const
+{
+    QStringList texts;
+    for (const QComboBox *combo : {ui->cbx_protocol, ui->cbx_brand, ui->cbx_type, ui->cbx_current})
+        texts.append(combo->currentText());
+    return texts;
 }
 
 void DevicesSettingPage::storeDeviceParam()

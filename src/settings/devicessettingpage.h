@@ -48,6 +48,10 @@ private:
     /// Shows the switch in the accepted state, without its handler, and keeps that in the tree.
     void putBack(EnableButton *button, const QString &key, bool on);
     void setSelectionEnabled(bool on);
+    void showSwitches();
+    void showChoices();
+    QStringList choices() const;
+    void onWelderSettingChanged();
 
     const kelp::ModuleObject *chosen(size_t count) const;
 
@@ -61,4 +65,5 @@ private:
 
     std::unique_ptr<Ui::DevicesSettingPage> ui;
     std::vector<Choice> m_choices; ///< each list depends on the choices before it
+    QStringList m_shownChoices; ///< what differs is being chosen
 };

@@ -22,6 +22,10 @@ SegParameterWidget::SegParameterWidget(QWidget *parent)
             &SegParameterWidget::onCbxFileNumberSelectionChanged);
     connect(ui->btnCancel, &QPushButton::clicked, this, &SegParameterWidget::onBtnCancelClicked);
     connect(ui->btnSave, &QPushButton::clicked, this, &SegParameterWidget::onBtnSaveClicked);
+    onProjectChanged(this, [this] {
+        initVariant();
+        m_file->refresh();
+    });
 }
 
 SegParameterWidget::~SegParameterWidget() = default;
@@ -47,9 +51,13 @@ void SegParameterWidget::init()
 
 void SegParameterWidget::initVariant()
 {
-    const QSignalBlocker blocker(ui->cbxNonWeldedSpeed);
-    ui->cbxNonWeldedSpeed->clear();
-    ui->cbxNonWeldedSpeed->addItems(OrboData::getSpeedList());
+    QComboBox *speeds = ui->cbxNonWeldedSpeed;
+    const QSignalBlocker blocker(speeds);
+    const QString chosen = speeds->currentText();
+    speeds->clear();
+    speeds->addItems(OrboData::getSpeedList());
+    if (!chosen.isEmpty())
+        speeds->setCurrentIndex(speeds->findText(chosen));
 }
 
 void SegParameterWidget::initUI()

@@ -19,7 +19,8 @@ WeldingOptionsPage::WeldingOptionsPage(QWidget *parent, QObject *owner)
     : BaseSubPage(parent, QStringLiteral("welding options"), tr("Welding Options"), owner)
     , ui(std::make_unique<Ui::WeldingOptionsPage>())
     , m_running(this, schema::running())
-    , m_anticollision(this, schema::anticollision())
+    , m_anticollision(this, schema::anticollision(),
+                      [this] { lockByAnticollision(ui->btn_antiCollisionSwitch->isChecked()); })
     , m_clamping(this, schema::clamping())
 {
     setObjectName(name());
@@ -136,12 +137,8 @@ void WeldingOptionsPage::initParamValue()
 
 void WeldingOptionsPage::readAll()
 {
-    if (m_running.get())
-        setRunningParam();
-    if (m_anticollision.get())
-        setAnticollisionParam();
-    if (m_clamping.get())
-        setWireClampingTorchModeParam();
+    for (OptionsForm *form : {&m_running, &m_anticollision, &m_clamping})
+        form->reload();
 }
 
 void WeldingOptionsPage::initPage()
@@ -152,17 +149,6 @@ void WeldingOptionsPage::initPage()
     checkWelderState();
     offerInputs();
     readAll();
-}
-
-void WeldingOptionsPage::setAnticollisionParam()
-{
-    m_anticollision.show();
-    lockByAnticollision(ui->btn_antiCollisionSwitch->isChecked());
-}
-
-void WeldingOptionsPage::storeAnticollisionParam()
-{
-    m_anticollision.store();
 }
 
 int WeldingOptionsPage::saveRunningParam()
@@ -193,20 +179,22 @@ int WeldingOptionsPage::cmdWireClampingTorchModeParam()
 
 void WeldingOptionsPage::onRunningParamSaveButtonClicked()
 {
-    if (!report::requireConnection())
+    if (!report::requireConnection() || !m_running.maySave())
         return;
     const int result = saveRunningParam();
-    if (result != 0)
+    if (result != 0) {
         report::error(this,
                       tr("save running parameter error") + QStringLiteral(". %1").arg(result));
-    else
-        report::info(this, tr("save running parameter success"));
+        return;
+    }
+    report::info(this, tr("save running parameter success"));
+    m_running.markSaved();
 }
 
 bool WeldingOptionsPage::actOnAnticollision(EnableButton *button, bool on, const QString &error,
                                             const QString &success)
 {
-    if (!report::requireConnection()) {
+    if (!report::requireConnection() || !m_anticollision.maySave()) {
         setButtonEnabledWithoutTriggeringSlot(button, !on);
         return false;
     }
@@ -219,6 +207,7 @@ bool WeldingOptionsPage::actOnAnticollision(EnableButton *button, bool on, const
         return false;
     }
     report::info(this, QStringLiteral("%1 ").arg(action) + success);
+    m_anticollision.markSaved();
     return true;
 }
 
@@ -232,6 +221,7 @@ void WeldingOptionsPage::onAnticollisionEnableChanged(bool on)
         return;
     setButtonEnabledWithoutTriggeringSlot(ui->btn_antiCollisionShield, false);
     storeAnticollisionParam(); // else the next "on" carries a shield that nobody asked for
+    m_anticollision.markSaved();
 }
 
 void WeldingOptionsPage::lockByAnticollision(bool on)
@@ -264,12 +254,14 @@ void WeldingOptionsPage::setButtonEnabledWithoutTriggeringSlot(EnableButton *but
 
 void WeldingOptionsPage::onWireClampingTorchSaveButtonClicked()
 {
-    if (!report::requireConnection())
+    if (!report::requireConnection() || !m_clamping.maySave())
         return;
     storeWireClampingTorchModeParam();
     const QString mode = QStringLiteral("%1 ").arg(ui->cbx_modeSwitch->currentText());
-    if (cmdWireClampingTorchModeParam() != 0)
+    if (cmdWireClampingTorchModeParam() != 0) {
         report::error(this, mode + tr("wire clamping torch mode error"));
-    else
-        report::info(this, mode + tr("wire clamping torch mode success"));
+        return;
+    }
+    report::info(this, mode + tr("wire clamping torch mode success"));
+    m_clamping.markSaved();
 }

@@ -37,10 +37,10 @@ public:
     void getAnticollisionParam() { m_anticollision.get(); }
     void getWireClampingTorchModeParam() { m_clamping.get(); }
     void setRunningParam() { m_running.show(); }
-    void setAnticollisionParam();
+    void setAnticollisionParam() { m_anticollision.show(); }
     void setWireClampingTorchModeParam() { m_clamping.show(); }
     void storeRunningParam() { m_running.store(); }
-    void storeAnticollisionParam();
+    void storeAnticollisionParam() { m_anticollision.store(); }
     void storeWireClampingTorchModeParam() { m_clamping.store(); }
     void useDefaultRunningParam() { m_running.useDefault(); }
     void useDefaultAnticollisionParam() { m_anticollision.useDefault(); }

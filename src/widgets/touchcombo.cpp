@@ -41,4 +41,12 @@ void makeTouchable(QComboBox *combo)
     combo->setMinimumContentsLength(6);
 }
 
+void chooseFirstNamed(QComboBox *combo)
+{
+    int index = 0;
+    while (index < combo->count() && combo->itemText(index).isEmpty())
+        ++index;
+    combo->setCurrentIndex(index < combo->count() ? index : -1);
+}
+
 } // namespace welmo

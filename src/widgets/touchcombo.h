@@ -8,4 +8,7 @@ namespace welmo {
 /// height) and lets it be narrower than its longest item. Calling it again changes nothing.
 void makeTouchable(QComboBox *combo);
 
+/// Chooses the first entry that has a text; nothing where none has.
+void chooseFirstNamed(QComboBox *combo);
+
 } // namespace welmo

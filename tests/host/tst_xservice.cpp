@@ -180,7 +180,7 @@ private slots:
         bench.service->watch(this, node, false);
         emit bench.link->notified(node, mode("test_run"));
         bench.link->setUp(true);
-        QCOMPARE(bench.link->log.filter("W ").size(), 1);
+        QCOMPARE(bench.link->log.filter("W " + node).size(), 1);
         bench.watch(mode("real"));
         bench.link->fail("some", LinkReply::Lost);
         bench.service->get(this, "some");
@@ -221,7 +221,7 @@ private slots:
                   << m("orbo.project.tool")->getString();
         };
         bench.link->duringCall = [&](const tessa::LinkRequest &request) {
-            if (request.kind == FakeLink::Kind::Watch)
+            if (request.kind == FakeLink::Kind::Watch && request.path == node)
                 order << (bench.service->isConnected() ? "too early" : "subscribed");
         };
         connect(bench.manager, &tessa::ControllerManager::rcConnected, bench.service,
@@ -231,6 +231,27 @@ private slots:
         QCOMPARE(order,
                  QStringList({"subscribed", "rcConnected", "connected", "t2", "changed",
                               "connected", "t2"}));
+    }
+    // A list is told whole: what it lacks is gone. The lists that are not told stay.
+    void projectNewsReachTheTree()
+    {
+        Bench bench;
+        const QVariantMap home{{"id", "home"}, {"name", "home"}};
+        const auto points = [](const QVariantList &items) {
+            return QVariantMap{{"point", QVariantMap{{"_list", items}}}};
+        };
+        QVariantMap project = points({home, QVariantMap{{"id", "p1"}, {"name", "p1"}}});
+        project["tool"] = QVariantMap{{"_list", QVariantList{QVariantMap{{"id", "torch1"}}}}};
+        bench.link->node("orbo.project", project);
+        bench.link->setUp(false);
+        bench.link->setUp(true);
+        m("orbo.project")->watch(true, false);
+        QSignalSpy changed(m("orbo.project"), &ModuleObject::changed);
+        emit bench.link->notified("orbo.project", points({home}));
+        QCOMPARE(m("orbo.project.point._list")->cmobjNames(), QStringList("home"));
+        QVERIFY(!m("orbo.project.tool._list.torch1")->isMissing());
+        emit bench.link->notified("orbo.project", points({home}));
+        QCOMPARE(changed.count(), 1);
     }
     void aLostLinkHidesNoChange()
     {

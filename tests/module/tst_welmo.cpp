@@ -6,6 +6,7 @@
 #include "kelp/registry.h"
 #include "module/welmo.h"
 #include "pando/frame.h"
+#include "support/formhost.h"
 #include "tessa/host.h"
 #include "vu/xnav.h"
 
@@ -17,6 +18,12 @@ struct BareHost
     explicit BareHost(const QString &language = "en")
         : host({folder.path(), language})
     {
+        if (testsupport::FormHost::isNasty()) {
+            kelp::habits() = testsupport::FormHost::nastyHabits();
+            host.setLink(std::make_unique<testsupport::RecordingLink>());
+            if (!QTest::qWaitFor([this] { return host.service()->isConnected(); }))
+                qFatal("the controller did not come up"); // before there is a module
+        }
         pando::frame().center = new pando::CenterWidget(&window);
         pando::frame().rightSide = new pando::ExpandSideBar(&window);
         pando::frame().status = new pando::StatusBar(&window);

@@ -69,6 +69,16 @@ private slots:
         m_program->saveAs("again");
         QCOMPARE(kept("again.tl"), mixed);
     }
+    void aMoveWithoutAPointIsRefusedInWords()
+    {
+        m("orbo.project.point._list")->set(nullptr, QString(), QVariantList());
+        m_program->insert("WMoveL");
+        m_pendant->click("btnFormAccept");
+        const QString said = m_pendant->find<QLabel>("lblFormWarning")->text();
+        QVERIFY2(said.contains("a name is missing; choose a point"), qPrintable(said));
+        QCOMPARE(m_program->lineCount(), 0);
+        m_pendant->click("btnFormCancel");
+    }
     // A time box has two decimals and begins at a tenth of a second.
     void aFormThatShowsAnotherValueSaysSo()
     {

@@ -75,6 +75,29 @@ private slots:
         QCOMPARE(desk.leaf("welder_sertting")->cmobjNames(), QStringList("Ethercat"));
         QCOMPARE(desk.host.takeRequests() + desk.host.takeMessages(), QStringList());
     }
+    // Another pendant switches welding on and off, and chooses another type.
+    void whatAnotherPendantChoseIsShown()
+    {
+        Desk desk;
+        const auto theyChoose = [&desk](bool on, const char *type) {
+            QVariantMap setting = desk.host.stored("arc_weld.welder_setting").toMap();
+            setting["enable"] = on;
+            setting["model"] = type;
+            kelp::ModuleObject payload("set_device_param");
+            payload.importFromVariant(nullptr, setting);
+            xservice()->execCommand(nullptr, "arc_weld.set_welder", &payload);
+        };
+        theyChoose(true, "RP/RPH");
+        QTRY_VERIFY(desk.enable->isChecked());
+        QCOMPARE(desk.type->currentText(), "RP/RPH");
+        QVERIFY(desk.leaf("enable")->getBool() && !desk.canChoose());
+        theyChoose(false, "RP/RPH");
+        QTRY_VERIFY(desk.canChoose());
+        desk.current->setCurrentIndex(3); // is being chosen here
+        theyChoose(true, "RL/RPL");
+        QTRY_VERIFY(desk.enable->isChecked());
+        QCOMPARE(desk.type->currentText() + desk.current->currentText(), "RP/RPH800A");
+    }
     void enablingSendsTheChoices()
     {
         Desk desk;

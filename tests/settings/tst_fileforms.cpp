@@ -321,6 +321,21 @@ private slots:
             QCOMPARE(desk.stored(5).value("name").toString(), desk.file(5));
         }
     }
+    // Another pendant adds a speed while the form is open; what is edited stays.
+    void anOpenSegFormFollowsTheSpeeds()
+    {
+        FormHost host;
+        SegParameterPage page(host.window(), host.window());
+        page.initPage();
+        child<QLineEdit>(page.wgt(), "ledtAnnotation")->setText("edited");
+        auto *speed = child<QComboBox>(page.wgt(), "cbxNonWeldedSpeed");
+        speed->setCurrentText("v20");
+        const QVariantMap slow{{"id", "s1"}, {"name", "slow"}, {"type", "speed"}};
+        QCOMPARE(host.store("orbo.project", "var._list", QVariantList{slow}), 0);
+        QTRY_VERIFY(speed->findText("slow") >= 0);
+        QCOMPARE(speed->currentText(), "v20");
+        QCOMPARE(child<QLineEdit>(page.wgt(), "ledtAnnotation")->text(), "edited");
+    }
     void showingTheSegPageAgainRebuildsTheLists()
     {
         FormHost host;

@@ -47,7 +47,7 @@ FormHost::FormHost(Link link, const QString &language)
     frame.center = new pando::CenterWidget(&m_window);
     tessa::HostOptions options{m_folder.path(), language};
     if (isNasty()) {
-        options.habits = {true, true, true, true, true, true};
+        options.habits = nastyHabits();
     } else {
         frame.rightSide = new pando::ExpandSideBar(&m_window);
         frame.status = new pando::StatusBar(&m_window);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "kelp/habits.h"
 #include "link/embedded/embeddedlink.h"
 #include "pando/frame.h"
 #include "support/logguard.h"
@@ -46,6 +47,7 @@ public:
     ~FormHost();
 
     static bool isNasty();
+    static kelp::Habits nastyHabits() { return {true, true, true, true, true, true}; }
 
     /// Takes the link up or down, and waits until the host knows.
     bool connect();

@@ -93,13 +93,6 @@ private slots:
         QFETCH(QString, program);
         QTEST(found(Checker(project()), program), "expected");
     }
-    void asTaught()
-    {
-        const Checker checker(project());
-        QCOMPARE(checker.asTaught(parse(" MoveL Offs(p2,1,2,3), v10,fine,t, w // x")),
-                 QString(" MoveL Offs(p2,1,2,3), v10,fine,tool0, wobj0 // x"));
-        QCOMPARE(checker.asTaught(parse("MoveL p2,v10,fine,tool0")), QString());
-    }
     void withoutProject()
     {
         const Checker checker;

@@ -35,6 +35,18 @@ QVariant merged(const QVariant &known, const QVariant &values)
     return map;
 }
 
+// A list is told whole, and what it lacks is gone; a map tells what changed.
+void takeOver(QObject *sender, kelp::ModuleObject *node, const QVariant &values)
+{
+    if (values.userType() != QMetaType::QVariantMap) {
+        node->importFromVariant(sender, values, true, true, true);
+        return;
+    }
+    const QVariantMap map = values.toMap();
+    for (auto it = map.begin(); it != map.end(); ++it)
+        takeOver(sender, node->c(it.key(), true), it.value());
+}
+
 // The code is the value, unless a plain value was read: that takes its place.
 XService::Answer makeAnswer(LinkRequest::Kind kind, const LinkReply &reply)
 {
@@ -201,6 +213,8 @@ void XService::onNotified(const QString &path, const QVariant &values)
     // What a lost session still had on the way is stale; the resynchronisation brings what counts.
     if (!isConnected())
         return;
+    if (m_mirrored.contains(path))
+        mirror(path, values, false);
     Subscription &entry = subscription(path);
     if (entry.wanted)
         deliver(entry, values, !entry.filled);
@@ -212,6 +226,14 @@ void XService::onUpChanged(bool up)
         setConnected(false);
         return;
     }
+    std::map<QString, QVariant> mirrored;
+    for (const QString &path : qAsConst(m_mirrored)) {
+        QVariant value;
+        if (subscribe(path, &value) && value.isValid())
+            mirrored.emplace(path, value);
+        if (!m_link->isUp())
+            return;
+    }
     std::map<QString, QVariant> present;
     for (const auto &[path, entry] : m_subscriptions) {
         QVariant value;
@@ -221,9 +243,8 @@ void XService::onUpChanged(bool up)
             return;
     }
     setConnected(true);
-    mirror();
-    if (!isConnected())
-        return;
+    for (const auto &[path, value] : mirrored)
+        mirror(path, value, true);
     emit cameUp();
     for (const auto &[path, value] : present) {
         Subscription &entry = subscription(path);
@@ -231,18 +252,16 @@ void XService::onUpChanged(bool up)
     }
 }
 
-void XService::mirror()
+void XService::mirror(const QString &path, const QVariant &values, bool isWhole)
 {
-    for (const QString &path : qAsConst(m_mirrored)) {
-        const LinkReply reply =
-            m_link->call({LinkRequest::Kind::Get, path, {}, {}}, defaultTimeoutMs);
-        if (!reply.fromController()) {
-            setConnected(false);
-            return;
-        }
-        if (reply.code == 0 && reply.value.isValid())
-            kelp::Workspace::current()->root()->set(this, path, reply.value);
-    }
+    kelp::ModuleObject *node = kelp::Workspace::current()->root()->make(path);
+    const QVariant before = node->toVariant();
+    if (isWhole)
+        node->importFromVariant(this, values, true, true, true);
+    else
+        takeOver(this, node, values);
+    if (const QVariant now = node->toVariant(); !kelp::sameValue(now, before))
+        node->notifyWhole(now, before, this); // of what is gone its own node can tell nothing
 }
 
 void XService::setConnected(bool connected)

@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 #include <QtDebug>
 
+#include "data/orbodata.h"
 #include "instructions/move/moveinsertwidget.h"
 #include "instructions/move/moveparamwidget.h"
 #include "instructions/move/movepropertypointwidget.h"
@@ -26,6 +27,7 @@ MoveInsertForm::MoveInsertForm(tl::Word word, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_panel);
     m_panel->initialize(moveType(word));
+    onProjectChanged(this, [this] { m_panel->refresh(); });
 }
 
 QString MoveInsertForm::ToString()
@@ -53,6 +55,10 @@ MovePropertyForm::MovePropertyForm(tl::Word word, QWidget *parent)
     // From here on the robot is moved with what the form shows, not with what is active elsewhere.
     m_points->updateTool(m_parameters->tool());
     m_points->updateWobj(m_parameters->wobj());
+    onProjectChanged(this, [this] {
+        m_parameters->refresh();
+        m_points->refresh();
+    });
 }
 
 void MovePropertyForm::FillWith(const QString &text)

@@ -82,6 +82,7 @@ void MoveInsertWidget::refresh()
 {
     initPointList();
     m_parameters->refresh();
+    m_parameters->chooseActive();
 }
 
 void MoveInsertWidget::resetSbxTarget()

@@ -23,7 +23,8 @@ public:
     /// pendant.
     void initUI();
     void initPointList();
-    /// Reads all lists of the project again; what is chosen stays chosen.
+    /// Reads all lists of the project again; what is chosen stays chosen, and what was preselected
+    /// as active follows.
     void refresh();
 
     void resetSbxTarget();

@@ -16,25 +16,13 @@ using namespace welmo;
 
 namespace {
 
-// Names are looked up by item data; the texts are the same names, in every language.
-void fill(QComboBox *combo, const QStringList &names)
+// Selects what is active now, unless something else was chosen than what was active before.
+void follow(QComboBox *combo, const QString &active, QString *before)
 {
-    const QString chosen = combo->currentText();
-    {
-        const QSignalBlocker blocker(combo);
-        combo->clear();
-        for (const QString &name : names)
-            combo->addItem(name, name);
-        combo->setCurrentIndex(qMax(0, combo->findData(chosen)));
-    }
-    if (combo->currentText() != chosen)
-        emit combo->currentTextChanged(combo->currentText());
-}
-
-void selectIfListed(QComboBox *combo, const QString &name)
-{
-    if (const int index = combo->findData(name); index >= 0)
+    const int index = combo->findData(active);
+    if (index >= 0 && (before->isEmpty() || combo->currentText() == *before))
         combo->setCurrentIndex(index);
+    *before = active;
 }
 
 } // namespace
@@ -55,6 +43,28 @@ MoveParamWidget::MoveParamWidget(QWidget *parent)
 }
 
 MoveParamWidget::~MoveParamWidget() = default;
+
+// Names are looked up by item data; the texts are the same names, in every language.
+void MoveParamWidget::fill(QComboBox *combo, const QStringList &names)
+{
+    const QString chosen = combo->currentText();
+    {
+        const QSignalBlocker blocker(combo);
+        combo->clear();
+        for (const QString &name : names)
+            combo->addItem(name, name);
+        chooseFirstNamed(combo);
+        if (!chosen.isEmpty() && combo->findData(chosen) >= 0)
+            combo->setCurrentIndex(combo->findData(chosen));
+    }
+    const QString now = combo->currentText();
+    if (now == chosen)
+        return;
+    if (!chosen.isEmpty())
+        report::warning(reporterFor(this),
+                        tr("%1 is no longer in the project; %2 is chosen").arg(chosen, now));
+    emit combo->currentTextChanged(now);
+}
 
 void MoveParamWidget::refresh()
 {
@@ -100,8 +110,8 @@ void MoveParamWidget::setWeaveData(const QString &text)
 
 void MoveParamWidget::chooseActive()
 {
-    selectIfListed(ui->cbxTool, OrboData::getCurrentTool());
-    selectIfListed(ui->cbxWobj, OrboData::getCurrentWobj());
+    follow(ui->cbxTool, OrboData::getCurrentTool(), &m_activeTool);
+    follow(ui->cbxWobj, OrboData::getCurrentWobj(), &m_activeWobj);
 }
 
 void MoveParamWidget::useTaught(const QString &tool, const QString &workObject)
@@ -137,6 +147,7 @@ void MoveParamWidget::onBtnDetailClicked()
     auto *dialog = new WeaveDataDialog(this);
     dialog->initUI(name);
     connect(dialog, &QDialog::finished, this, [this, dialog] {
+        dialog->isSaveClicked(); // the line names the file, whatever became of its content
         setDetailsBlocked(false);
         dialog->deleteLater();
     });

@@ -30,7 +30,7 @@ public:
     /// @p text holds the name in double quotes.
     void setWeaveData(const QString &text);
     /// Selects the tool and the work object that are active on the pendant, as far as they are
-    /// listed.
+    /// listed; again, where the active one is still chosen.
     void chooseActive();
     /// Selects what a point was taught with; an empty name leaves the choice as it is.
     void useTaught(const QString &tool, const QString &workObject);
@@ -56,7 +56,11 @@ protected:
 private:
     void select(QComboBox *combo, const QString &name, const char *message);
 
+    void fill(QComboBox *combo, const QStringList &names);
+
     std::unique_ptr<Ui::MoveParamWidget> ui;
+    QString m_activeTool; ///< as it was selected last
+    QString m_activeWobj;
     void setDetailsBlocked(bool blocked);
 
     /// Set while the details dialog is open: a second dialog would edit the same file unseen, and

@@ -86,6 +86,13 @@ void MovePropertyPointWidget::setPointlist()
         group->edit()->setPoints(names);
 }
 
+void MovePropertyPointWidget::refresh()
+{
+    setPointlist();
+    for (PointGroup *group : groups())
+        group->refresh();
+}
+
 QStringList MovePropertyPointWidget::splitPoint(const QString &text)
 {
     return tl::splitPoint(text);
@@ -136,6 +143,36 @@ QString MovePropertyPointWidget::getParam() const
         return group->edit()->expression().format(PointExpression::Spelling::Property);
     };
     return m_aux ? text(m_aux) + QLatin1Char(',') + text(m_target) : text(m_target);
+}
+
+void MovePropertyPointWidget::computeComplex(PointGroup *point)
+{
+    if (point)
+        point->computeComplex();
+}
+
+void MovePropertyPointWidget::saveLocation(PointGroup *point)
+{
+    if (point)
+        point->saveLocation();
+}
+
+void MovePropertyPointWidget::updateLocation(PointGroup *point)
+{
+    if (point)
+        point->updateLocation();
+}
+
+void MovePropertyPointWidget::moveToPoint(PointGroup *point, Motion motion)
+{
+    if (point)
+        point->moveToPoint(motion);
+}
+
+void MovePropertyPointWidget::moveToComplex(PointGroup *point, Motion motion)
+{
+    if (point)
+        point->moveToComplex(motion);
 }
 
 void MovePropertyPointWidget::updateTool(const QString &tool)

@@ -15,6 +15,7 @@ class MovePropertyPointWidget : public QWidget
 {
     Q_OBJECT
 public:
+    using Motion = welmo::robot::Motion;
     using Setter = std::function<void(const QStringList &parts)>;
 
     explicit MovePropertyPointWidget(QWidget *parent = nullptr);
@@ -25,6 +26,8 @@ public:
     void initialize(const QString &type);
     /// Fills the points' lists; what is chosen stays chosen.
     void setPointlist();
+    /// The project changed: the lists, and what is shown of the points, are read again.
+    void refresh();
 
     /// The function's name ("default" without one), the point's name, then the numbers.
     static QStringList splitPoint(const QString &text);
@@ -41,33 +44,38 @@ public:
     /// The point arguments of the line, the auxiliary point first.
     QString getParam() const;
 
+    // Of one of the two points; of a null one, nothing.
+    static void computeComplex(PointGroup *point);
+    static void saveLocation(PointGroup *point);
+    static void updateLocation(PointGroup *point);
+    static void moveToPoint(PointGroup *point, Motion motion);
+    static void moveToComplex(PointGroup *point, Motion motion);
+
 public slots:
     void updateTool(const QString &tool);
     void updateWobj(const QString &wobj);
     void onTabChanged(int index);
 
     void onRbtnOffsTargetChanged() { m_target->forgetComplex(); }
-    void onRbtnOffsAuxChanged() { aux(&PointGroup::forgetComplex); }
-    void onTargetOffsConfirmClicked() { m_target->computeComplex(); }
-    void onAuxOffsConfirmClicked() { aux(&PointGroup::computeComplex); }
-    void onTargetConfirmClicked() { m_target->saveLocation(); }
-    void onAuxConfirmClicked() { aux(&PointGroup::saveLocation); }
-    void onTargetUpdateLocationClicked() { m_target->updateLocation(); }
-    void onAuxUpdateLocationClicked() { aux(&PointGroup::updateLocation); }
-    void onTargetPointMoveJtoClicked() { m_target->moveToPoint(welmo::robot::Motion::Joint); }
-    void onTargetPointMoveLtoClicked() { m_target->moveToPoint(welmo::robot::Motion::Linear); }
-    void onTargetComplexMoveJtoClicked() { m_target->moveToComplex(welmo::robot::Motion::Joint); }
-    void onTargetComplexMoveLtoClicked() { m_target->moveToComplex(welmo::robot::Motion::Linear); }
-    void onAuxPointMoveJtoClicked() { aux(&PointGroup::moveToPoint, welmo::robot::Motion::Joint); }
-    void onAuxPointMoveLtoClicked() { aux(&PointGroup::moveToPoint, welmo::robot::Motion::Linear); }
-    void onAuxComplexMoveJtoClicked()
+    void onRbtnOffsAuxChanged()
     {
-        aux(&PointGroup::moveToComplex, welmo::robot::Motion::Joint);
+        if (m_aux)
+            m_aux->forgetComplex();
     }
-    void onAuxComplexMoveLtoClicked()
-    {
-        aux(&PointGroup::moveToComplex, welmo::robot::Motion::Linear);
-    }
+    void onTargetOffsConfirmClicked() { computeComplex(m_target); }
+    void onAuxOffsConfirmClicked() { computeComplex(m_aux); }
+    void onTargetConfirmClicked() { saveLocation(m_target); }
+    void onAuxConfirmClicked() { saveLocation(m_aux); }
+    void onTargetUpdateLocationClicked() { updateLocation(m_target); }
+    void onAuxUpdateLocationClicked() { updateLocation(m_aux); }
+    void onTargetPointMoveJtoClicked() { moveToPoint(m_target, Motion::Joint); }
+    void onTargetPointMoveLtoClicked() { moveToPoint(m_target, Motion::Linear); }
+    void onTargetComplexMoveJtoClicked() { moveToComplex(m_target, Motion::Joint); }
+    void onTargetComplexMoveLtoClicked() { moveToComplex(m_target, Motion::Linear); }
+    void onAuxPointMoveJtoClicked() { moveToPoint(m_aux, Motion::Joint); }
+    void onAuxPointMoveLtoClicked() { moveToPoint(m_aux, Motion::Linear); }
+    void onAuxComplexMoveJtoClicked() { moveToComplex(m_aux, Motion::Joint); }
+    void onAuxComplexMoveLtoClicked() { moveToComplex(m_aux, Motion::Linear); }
     void stopMove() { m_target->stopMove(); }
 
 signals:
@@ -77,12 +85,6 @@ signals:
 private:
     PointGroup *addGroup(const QString &name, const QString &title);
     QList<PointGroup *> groups() const;
-    template<typename... Arguments>
-    void aux(void (PointGroup::*action)(Arguments...), Arguments... arguments)
-    {
-        if (m_aux)
-            (m_aux->*action)(arguments...);
-    }
 
     QTabWidget *m_tabs;
     PointGroup *m_target;

@@ -49,6 +49,7 @@ void PointEdit::setPoints(const QStringList &names)
         ui->cbxPoint->clear();
         for (const QString &name : names)
             ui->cbxPoint->addItem(name, name);
+        chooseFirstNamed(ui->cbxPoint);
         if (!chosen.isEmpty())
             choose(chosen);
     }

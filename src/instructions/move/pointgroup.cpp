@@ -33,8 +33,7 @@ void PointGroup::initConnect()
     connect(ui->wgtPoint, &PointEdit::edited, this, &PointGroup::forgetComplex);
     connect(ui->wgtPoint, &PointEdit::newPointWanted, this, &PointGroup::saveLocation);
     connect(m_taught, &TaughtNotice::ownWanted, this, &PointGroup::toolAndObjectWanted);
-    connect(ui->wgtPosition, &PointRow::edited, this,
-            [this] { ui->wgtPosition->setTitle(tr("Edited")); });
+    connect(ui->wgtPosition, &PointRow::edited, this, [this] { keepPosition(tr("Edited")); });
     const auto on = [this](QPushButton *button, const auto &action) {
         connect(button, &QPushButton::clicked, this, action);
     };
@@ -54,18 +53,38 @@ PointEdit *PointGroup::edit() const
 
 void PointGroup::showPoint()
 {
-    const auto point = points::find(ui->wgtPoint->pointName());
+    m_point = points::find(ui->wgtPoint->pointName());
+    m_showsPoint = true;
     ui->wgtPosition->setTitle(tr("Point"));
-    ui->wgtPosition->setEnabled(point.has_value());
+    ui->wgtPosition->setEnabled(m_point.has_value());
     for (QWidget *widget : {ui->btnPointMoveJ, ui->btnPointMoveL, ui->btnCompute})
-        widget->setEnabled(point.has_value());
-    if (point) {
-        ui->wgtPosition->setValues(point->pose);
-        m_positionFrame = point->frame;
+        widget->setEnabled(m_point.has_value());
+    if (m_point) {
+        ui->wgtPosition->setValues(m_point->pose);
+        m_positionFrame = m_point->frame;
     } else {
         ui->wgtPosition->clear();
     }
     forgetComplex();
+    compareWithPoint();
+}
+
+void PointGroup::keepPosition(const QString &title)
+{
+    m_showsPoint = false;
+    ui->wgtPosition->setTitle(title);
+}
+
+void PointGroup::refresh()
+{
+    const auto point = points::find(ui->wgtPoint->pointName());
+    const bool isSame =
+        point.has_value() == m_point.has_value() && (!point || point->isAt(*m_point));
+    if (!isSame && m_showsPoint)
+        showPoint();
+    else if (!isSame)
+        forgetComplex();
+    m_point = point;
     compareWithPoint();
 }
 
@@ -107,7 +126,7 @@ void PointGroup::updateLocation()
         return;
     }
     ui->wgtPosition->setEnabled(true);
-    ui->wgtPosition->setTitle(tr("Robot"));
+    keepPosition(tr("Robot"));
     ui->wgtPosition->setValues(position->pose);
     m_positionFrame = points::frameOf(m_workObject);
     for (QWidget *button : {ui->btnPointMoveJ, ui->btnPointMoveL})

@@ -27,6 +27,9 @@ public:
     void setTool(const QString &tool);
     void setWorkObject(const QString &workObject);
 
+    /// Shows the chosen point again if it was changed; what was edited, or read from the robot,
+    /// stays.
+    void refresh();
     /// Asks first, then shows where the robot is. Without an answer nothing changes but the log.
     void updateLocation();
     /// Adds a project point where the robot is, and chooses it.
@@ -50,6 +53,7 @@ signals:
 private:
     void initConnect();
     void showPoint();
+    void keepPosition(const QString &title);
     void compareWithPoint();
     void move(const welmo::PoseValues &pose, const welmo::PoseFrame &frame,
               welmo::robot::Motion motion);
@@ -58,6 +62,8 @@ private:
     welmo::TaughtNotice *m_taught;
     QString m_tool;
     QString m_workObject;
+    std::optional<welmo::points::Point> m_point; ///< the chosen one, as it was last looked at
+    bool m_showsPoint = true; ///< else the position is the robot's, or was edited
     welmo::PoseFrame m_positionFrame; ///< where the boxes of the position are measured
     welmo::PoseFrame m_complexFrame;
 };

@@ -15,6 +15,12 @@ struct Point
     PoseFrame frame{};
     QString tool{}; ///< it was taught with this one; empty when that is not known
     QString workObject{}; ///< and in this one
+
+    bool isAt(const Point &other) const
+    {
+        return pose == other.pose && frame.userFrame == other.frame.userFrame
+            && frame.workObject == other.frame.workObject;
+    }
 };
 
 /// Where the robot is, seen with a tool in a work object.

@@ -16,8 +16,16 @@ const QString axes = QStringLiteral("XYZABC");
 constexpr int cellCount = 6;
 constexpr double farthest = 999999.999;
 constexpr int decimals = 3;
-constexpr double scale = 1000; // of that many decimals
+constexpr double noise = 1e-9; // what the product of poses leaves where nothing is meant
 constexpr int titleWidth = 88;
+
+// Three, and of a smaller number as many as show two of its digits: it must not look like none.
+int decimalsFor(double value)
+{
+    const double size = std::abs(value);
+    const bool isSmall = size > noise && size < 0.5 * std::pow(10, -decimals);
+    return isSmall ? 1 - int(std::floor(std::log10(size))) : decimals;
+}
 
 QDoubleSpinBox *makeBox(QWidget *parent)
 {
@@ -98,6 +106,10 @@ void PointRow::setValues(const PoseValues &values)
 {
     for (int i = 0; i < cellCount; ++i) {
         const QSignalBlocker blocker(m_boxes[i]);
+        const int needed = decimalsFor(values[i]);
+        if (needed != m_boxes[i]->decimals())
+            m_boxes[i]->setDecimals(needed);
+        const double scale = std::pow(10, m_boxes[i]->decimals());
         const double shown = std::round(values[i] * scale) / scale + 0.0; // no signed zero
         m_boxes[i]->setValue(qMax(shown, -farthest));
     }

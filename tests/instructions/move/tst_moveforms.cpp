@@ -84,7 +84,7 @@ private slots:
             return child<QDoubleSpinBox>(offsets, name);
         };
         form.FillWith("WMoveL Offs(p4,0.0001,2e+07,3),v50,fine,tool0,wobj0");
-        QCOMPARE(box("sbxX")->text(), "0.000");
+        QCOMPARE(box("sbxX")->text(), "0.00010"); // not like none at all
         box("sbxZ")->selectAll(); // the others keep their digits
         QTest::keyClicks(box("sbxZ"), "4.25");
         QCOMPARE(form.ToString(), "WMoveL Offs(p4,0.0001,2e+07,4.25),v50,fine,tool0,wobj0");
@@ -134,6 +134,44 @@ private slots:
         panel->resetSbxTarget();
         panel->refresh();
         QCOMPARE(form.ToString(), "WMoveC RelTool(p1,0,0,0,0,0,0),Offs(p5,0,0,0)" + rest);
+    }
+    void namelessEntriesAreNotPreselected()
+    {
+        FormHost host;
+        for (const char *list : {"point._list", "tool.system_list", "tool._list"})
+            m("orbo.project." + QString(list))
+                ->set(nullptr, QString(),
+                      QVariantList{QVariantMap{{"id", "x"}}, QVariantMap{{"name", "named"}}});
+        QCOMPARE(WMoveLInsertWidget(host.window()).ToString(), "WMoveL named,v5,fine,named,wobj0");
+        m("orbo.project.point._list")->set(nullptr, QString(), QVariantList{QVariantMap()});
+        QCOMPARE(WMoveLInsertWidget(host.window()).ToString(), "WMoveL ,v5,fine,named,wobj0");
+    }
+    // What another pendant does to the project.
+    void openFormsFollowTheProject()
+    {
+        FormHost host;
+        WMoveLInsertWidget insert(host.window());
+        WMoveLPropertyWidget edit(host.window());
+        edit.FillWith("WMoveL p4,v20,fine,torch1,wobj0");
+        auto *shown = child<QDoubleSpinBox>(child(&edit, "wgtPosition"), "sbxX");
+        QVariantList points = host.stored("orbo.project", "point._list").toList();
+        points.append(QVariantMap{{"id", "p9"}, {"name", "p9"}});
+        points[3] = QVariantMap{{"id", "p4"}, {"name", "p4"}, {"tool", "tool0"}};
+        QCOMPARE(host.store("orbo.project", "point._list", points), 0);
+        QCOMPARE(host.store("orbo.toolpage", {}, QVariantMap{{"tool", "tool0"}, {"wobj", "wobj0"}}),
+                 0);
+        for (const QWidget *form : {static_cast<QWidget *>(&insert), static_cast<QWidget *>(&edit)})
+            QTRY_VERIFY(child<QComboBox>(form, "cbxPoint")->findText("p9") > 0);
+        QTRY_COMPARE(insert.ToString(), "WMoveL p1,v5,fine,tool0,wobj0");
+        QCOMPARE(edit.ToString(), "WMoveL p4,v20,fine,torch1,wobj0");
+        QCOMPARE(shown->value(), 0.0); // it was taught anew
+        QVERIFY(!child(&edit, "btnTaught")->parentWidget()->isHidden());
+        QCOMPARE(host.takeMessages(), QStringList());
+        QCOMPARE(host.store("orbo.project", "tool._list", QVariantList()), 0);
+        QTRY_COMPARE(edit.ToString(), "WMoveL p4,v20,fine,tool0,wobj0");
+        QCOMPARE(host.takeMessages(),
+                 QStringList("warning: torch1 is no longer in the project; tool0 is chosen "
+                             "[WMoveLPropertyWidget]"));
     }
     // These texts are the same in every language.
     void whatTheParametersOffer()

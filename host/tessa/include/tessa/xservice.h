@@ -54,7 +54,8 @@ public:
     kelp::ModuleObject *watchNode(const QString &path);
 
     /// The controller nodes whose values are copied into the application-wide tree, at their own
-    /// paths, each time the link has come up: the project data that pages look up with m().
+    /// paths, each time the link has come up and whenever the controller tells news of them: the
+    /// project data that pages look up with m(). The node tells its changed() after what is below.
     void setMirrored(const QStringList &paths) { m_mirrored = paths; }
 
     /// The service's own tree; its leaf "connected" says whether the controller can be reached.
@@ -75,7 +76,7 @@ private:
     void onNotified(const QString &path, const QVariant &values);
     void setConnected(bool connected);
     void announceConnected();
-    void mirror();
+    void mirror(const QString &path, const QVariant &values, bool isWhole);
     bool subscribe(const QString &path, QVariant *value);
     void deliver(Subscription &entry, const QVariant &values, bool silent);
     Subscription &subscription(const QString &path);
