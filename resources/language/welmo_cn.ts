@@ -107,6 +107,13 @@
     </message>
 </context>
 <context>
+    <name>ArcoffPropertyWidget</name>
+    <message>
+        <source>ArcOffData</source>
+        <translation>收弧数据</translation>
+    </message>
+</context>
+<context>
     <name>ArconGroup</name>
     <message>
         <source>ArcOn Parameter</source>
@@ -230,13 +237,6 @@
     <message>
         <source>Weld Parameter File Number</source>
         <translation>焊接参数文件号</translation>
-    </message>
-</context>
-<context>
-    <name>ArcoffPropertyWidget</name>
-    <message>
-        <source>ArcOffData</source>
-        <translation>收弧数据</translation>
     </message>
 </context>
 <context>
@@ -517,6 +517,33 @@
     <message>
         <source>Target point</source>
         <translation>目标点</translation>
+    </message>
+</context>
+<context>
+    <name>MoveParamWidget</name>
+    <message>
+        <source>速度(V)：</source>
+        <translation>速度(V)：</translation>
+    </message>
+    <message>
+        <source>转弯区(Z)：</source>
+        <translation>转弯区(Z)：</translation>
+    </message>
+    <message>
+        <source>工具(T)：</source>
+        <translation>工具(T)：</translation>
+    </message>
+    <message>
+        <source>工件(W)：</source>
+        <translation>工件(W)：</translation>
+    </message>
+    <message>
+        <source>摆动变量(weavedata)：</source>
+        <translation>摆动变量(weavedata)：</translation>
+    </message>
+    <message>
+        <source>详细</source>
+        <translation>详细</translation>
     </message>
 </context>
 <context>
