@@ -142,7 +142,9 @@ void PendantApp::makeHost()
         if (!error.isEmpty())
             m_host->workspace()->report(error);
     }
-    translator()->installQMTranslator(QStringLiteral(":/pendant/language/pendant_cn.qm"));
+    for (const char *file : {"pendant_cn", "welmo_en"})
+        translator()->installQMTranslator(
+            QStringLiteral(":/pendant/language/%1.qm").arg(QLatin1String(file)));
     applyTheme();
 }
 
@@ -210,7 +212,7 @@ void PendantApp::addPages(controller::Faults *faults)
 void PendantApp::addProgramPage(tessa::MessageLog *log)
 {
     const QString folder = QDir(m_options.dataFolder).filePath(QStringLiteral("programs"));
-    auto *page = new ProgramPage(&m_program, log, folder);
+    auto *page = new ProgramPage(&m_program, m_cell.get(), log, folder);
     m_programPage = page;
     m_window->center()->addPage(this, programKey, page);
     connect(m_window.get(), &PendantWindow::lineWanted, page,
@@ -218,6 +220,7 @@ void PendantApp::addProgramPage(tessa::MessageLog *log)
                 m_window->showPage(programKey);
                 page->showLine(line - 1);
             });
+    connect(page, &ProgramPage::roomWanted, m_window.get(), &PendantWindow::makeRoom);
     m_window->setCloseGuard([this, page] {
         if (page->mayGo([this] { m_window->close(); }))
             return true;

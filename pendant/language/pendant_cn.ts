@@ -171,13 +171,20 @@
         <source>Welding file</source>
         <translation>焊接文件</translation>
     </message>
+</context>
+<context>
+    <name>FileFacts</name>
     <message>
-        <source>%1: %2 A of %3 A</source>
-        <translation>%1：%2 A / %3 A</translation>
+        <source>nothing burns at %1</source>
+        <translation>%1 起不了弧</translation>
     </message>
     <message>
-        <source>there is no %1</source>
-        <translation>没有 %1</translation>
+        <source>the machine gives %1</source>
+        <translation>焊机最大 %1</translation>
+    </message>
+    <message>
+        <source>the controller has no such file</source>
+        <translation>控制器中没有该文件</translation>
     </message>
 </context>
 <context>
@@ -536,14 +543,6 @@
         <translation>%1 ms</translation>
     </message>
     <message>
-        <source>Refuse the next such request</source>
-        <translation>拒绝下一次此类请求</translation>
-    </message>
-    <message>
-        <source>Lose the next answer</source>
-        <translation>丢弃下一次应答</translation>
-    </message>
-    <message>
         <source>Storage failed (%1)</source>
         <translation>存储失败（%1）</translation>
     </message>
@@ -554,6 +553,14 @@
     <message>
         <source>Out of range (%1)</source>
         <translation>超出范围（%1）</translation>
+    </message>
+    <message>
+        <source>Refuse one such</source>
+        <translation>拒绝一次</translation>
+    </message>
+    <message>
+        <source>Lose one answer</source>
+        <translation>丢失一次应答</translation>
     </message>
 </context>
 <context>
@@ -689,10 +696,6 @@
     <message>
         <source>Controller</source>
         <translation>控制器</translation>
-    </message>
-    <message>
-        <source>Link</source>
-        <translation>连接</translation>
     </message>
 </context>
 <context>
@@ -1194,6 +1197,14 @@ From: %2</source>
         <source>Pendant</source>
         <translation>示教器</translation>
     </message>
+    <message>
+        <source>Why is there no arc?</source>
+        <translation>为什么没有电弧？</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::PluginErrorPage</name>
@@ -1338,6 +1349,81 @@ From: %2</source>
     <message>
         <source>Go on</source>
         <translation>继续</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>文件检查</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::RunCheckPane</name>
+    <message>
+        <source>Run all the same</source>
+        <translation>仍然运行</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>行</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Exists</source>
+        <translation>存在</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>Voltage</source>
+        <translation>电压</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>问题</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>未知</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>否</translation>
+    </message>
+    <message>
+        <source>no instruction and passed over; %1 may be meant</source>
+        <translation>不是指令，将被跳过；可能是 %1</translation>
+    </message>
+    <message>
+        <source>The program names no parameter file</source>
+        <translation>程序没有引用参数文件</translation>
+    </message>
+    <message>
+        <source>Before the run: nothing is wrong</source>
+        <translation>运行前检查：没有问题</translation>
+    </message>
+    <message>
+        <source>Before the run: 1 finding</source>
+        <translation>运行前检查：1 个问题</translation>
+    </message>
+    <message>
+        <source>Before the run: %1 findings</source>
+        <translation>运行前检查：%1 个问题</translation>
     </message>
 </context>
 <context>

@@ -19,7 +19,7 @@ AnswersPanel::AnswersPanel(controller::Faults *faults, QWidget *parent)
 {
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(14);
-    grid->setVerticalSpacing(10);
+    grid->setVerticalSpacing(6);
     grid->setColumnStretch(1, 1);
     m_delay = addChoice(grid, tr("Delay"), QStringLiteral("cbxDelay"));
     m_path = addChoice(grid, tr("Request for"), QStringLiteral("cbxRefusedPath"));
@@ -30,9 +30,13 @@ AnswersPanel::AnswersPanel(controller::Faults *faults, QWidget *parent)
     connect(m_delay, qOverload<int>(&QComboBox::activated), faults,
             [this] { m_faults->setDelay(m_delay->currentData().toInt()); });
     fillRefusals();
-    addAction(tr("Refuse the next such request"), QStringLiteral("btnRefuseNext"),
+    auto *actions = new QHBoxLayout;
+    addAction(actions, tr("Refuse one such"), QStringLiteral("btnRefuseNext"),
               &AnswersPanel::refuseNext);
-    addAction(tr("Lose the next answer"), QStringLiteral("btnLoseNext"), &AnswersPanel::loseNext);
+    addAction(actions, tr("Lose one answer"), QStringLiteral("btnLoseNext"),
+              &AnswersPanel::loseNext);
+    actions->addStretch(1);
+    body()->addLayout(actions);
     body()->addStretch(1);
     connect(faults, &controller::Faults::changed, this, &AnswersPanel::refresh);
     refresh();
@@ -49,13 +53,13 @@ QComboBox *AnswersPanel::addChoice(QGridLayout *grid, const QString &caption, co
     return combo;
 }
 
-void AnswersPanel::addAction(const QString &text, const QString &name,
+void AnswersPanel::addAction(QHBoxLayout *row, const QString &text, const QString &name,
                              void (AnswersPanel::*action)())
 {
     auto *button = new QPushButton(text, this);
     button->setObjectName(name);
     connect(button, &QPushButton::clicked, this, action);
-    body()->addWidget(button, 0, Qt::AlignLeft);
+    row->addWidget(button);
 }
 
 // Paths are shown as the controller names them: who plays with faults reads its log as well.

@@ -3,6 +3,7 @@
 #include "pendant/pages/hostpage.h"
 
 class QComboBox;
+class QHBoxLayout;
 class QGridLayout;
 
 namespace welmo::controller {
@@ -20,7 +21,8 @@ public:
 
 private:
     QComboBox *addChoice(QGridLayout *grid, const QString &caption, const QString &name);
-    void addAction(const QString &text, const QString &name, void (AnswersPanel::*action)());
+    void addAction(QHBoxLayout *row, const QString &text, const QString &name,
+                   void (AnswersPanel::*action)());
     void fillRefusals();
     void refuseNext();
     void loseNext();

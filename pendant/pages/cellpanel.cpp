@@ -20,7 +20,7 @@ CellPanel::CellPanel(ControllerStatus *status, Cell *cell, bool hasLevel, QWidge
 {
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(14);
-    grid->setVerticalSpacing(10);
+    grid->setVerticalSpacing(6);
     grid->setColumnStretch(1, 1);
     m_mode = addChoice(grid, tr("Operating mode"), QStringLiteral("cbxMode"),
                        {tr("Manual"), tr("Automatic")});

@@ -20,8 +20,9 @@ ControllerPage::ControllerPage(LinkControl *link, Cell *cell, tessa::ControllerS
 {
     auto *row = new QHBoxLayout;
     auto *right = new QVBoxLayout;
-    row->setSpacing(body()->spacing());
-    right->setSpacing(body()->spacing());
+    body()->setContentsMargins(16, 10, 16, 10); // all of it fits without scrolling
+    row->setSpacing(10);
+    right->setSpacing(10);
     right->addWidget(makeLink(link));
     right->addWidget(new CellPanel(status, cell, faults != nullptr, this));
     if (faults) {
@@ -32,13 +33,13 @@ ControllerPage::ControllerPage(LinkControl *link, Cell *cell, tessa::ControllerS
     }
     right->addStretch(1);
     row->addLayout(right, 1);
-    body()->addLayout(row);
+    addColumns(row);
     body()->addStretch(1);
 }
 
 QWidget *ControllerPage::makeLink(LinkControl *link)
 {
-    auto *card = new Card(tr("Link"), this);
+    auto *card = new Card(QString(), this);
     auto *row = new QHBoxLayout;
     row->addWidget(new LinkBadge(link, card), 1);
     auto *button = new EnableButton(card);

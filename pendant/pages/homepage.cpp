@@ -53,7 +53,7 @@ HomePage::HomePage(const Facts &facts, tessa::MessageLog *log, LinkControl *link
     const auto makeRoom = [introduction](bool any) { introduction->setVisible(!any); };
     connect(problems, &ProblemsPanel::anyChanged, this, makeRoom);
     makeRoom(problems->any());
-    body()->addLayout(columns);
+    addColumns(columns);
     body()->addStretch(1);
 }
 
@@ -69,14 +69,7 @@ QWidget *HomePage::makeIntroduction(bool hasExample)
     weld->setVisible(hasExample);
     weld->setObjectName(QStringLiteral("btnWeldExample"));
     connect(weld, &QPushButton::clicked, this, &HomePage::exampleWanted);
-    auto *why = new QPushButton(tr("Why is there no arc?"), card);
-    why->setObjectName(QStringLiteral("btnWhyNoArc"));
-    connect(why, &QPushButton::clicked, this, [this] { emit pageWanted(arcCheckKey); });
-    auto *row = new QHBoxLayout;
-    row->addWidget(weld);
-    row->addWidget(why);
-    row->addStretch(1);
-    card->body()->addLayout(row);
+    card->body()->addWidget(weld, 0, Qt::AlignLeft);
     return card;
 }
 
@@ -129,6 +122,10 @@ QWidget *HomePage::makeLink(const Facts &facts, LinkControl *link)
     folder->setTextFormat(Qt::PlainText);
     auto *version = card->addText(tr("Version %1, no licence chosen").arg(facts.version));
     version->setObjectName(QStringLiteral("lblVersion"));
+    auto *why = new QPushButton(tr("Why is there no arc?"), card);
+    why->setObjectName(QStringLiteral("btnWhyNoArc"));
+    connect(why, &QPushButton::clicked, this, [this] { emit pageWanted(arcCheckKey); });
+    card->body()->addWidget(why, 0, Qt::AlignLeft);
     return card;
 }
 

@@ -6,6 +6,12 @@
 
 namespace welmo::pendant {
 
+namespace {
+
+constexpr int widthForColumns = 860;
+
+} // namespace
+
 HostPage::HostPage(const QString &title, QWidget *parent)
     : QWidget(parent)
     , m_title(new QLabel(title, this))
@@ -35,12 +41,26 @@ void HostPage::setTitle(const QString &title)
     m_title->setText(title);
 }
 
+void HostPage::addColumns(QBoxLayout *columns)
+{
+    m_columns = columns;
+    m_body->addLayout(columns);
+}
+
+void HostPage::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (m_columns)
+        m_columns->setDirection(width() < widthForColumns ? QBoxLayout::TopToBottom
+                                                          : QBoxLayout::LeftToRight);
+}
+
 Card::Card(const QString &heading, QWidget *parent)
     : QFrame(parent)
     , m_body(new QVBoxLayout(this))
 {
-    m_body->setContentsMargins(20, 16, 20, 16);
-    m_body->setSpacing(10);
+    m_body->setContentsMargins(20, 10, 20, 10);
+    m_body->setSpacing(8);
     if (heading.isEmpty())
         return;
     auto *label = new QLabel(heading, this);

@@ -2,6 +2,7 @@
 
 #include <QFrame>
 
+class QBoxLayout;
 class QLabel;
 class QVBoxLayout;
 
@@ -18,9 +19,13 @@ public:
 
 protected:
     QVBoxLayout *body() { return m_body; }
+    /// Adds columns, which stand one below the other where there is no room for both.
+    void addColumns(QBoxLayout *columns);
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QLabel *m_title;
+    QBoxLayout *m_columns = nullptr;
     QVBoxLayout *m_body;
 };
 

@@ -48,7 +48,7 @@ ArcCheckPage::ArcCheckPage(const ProgramDocument *program, const Cell *cell, QWi
         card->body()->addStretch(1);
         row->addWidget(card, 1);
     }
-    body()->addLayout(row);
+    addColumns(row);
     body()->addStretch(1);
     m_looks.setInterval(lookMs);
     connect(&m_looks, &QTimer::timeout, this, &ArcCheckPage::refresh);

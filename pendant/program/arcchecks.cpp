@@ -2,10 +2,11 @@
 
 #include <QCoreApplication>
 
+#include "pendant/program/filefacts.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/state/cell.h"
 #include "pendant/state/navigation.h"
-#include "schema/filesets.h"
+#include "schema/names.h"
 #include "schema/welders.h"
 #include "schema/weldmode.h"
 #include "tessa/xservice.h"
@@ -66,7 +67,7 @@ private:
         const schema::WelderSettingSet &rows = schema::welderSetting();
         const auto setting = m_service->get(nullptr, names::welderSetting);
         const auto state = m_service->get(nullptr, names::welderState);
-        m_ratedCurrent = setting->r(QLatin1String(rows.ratedCurrent.key))->getDouble();
+        m_ratedCurrent = ratedCurrentIn(setting->toVariant().toMap());
         add(QStringLiteral("enabled"), tr("Welder"), tr("enabled"), tr("not enabled"),
             setting->r(QLatin1String(rows.enable.key))->getBool(), packagePage);
         add(QStringLiteral("connected"), tr("Actual welding machine"), tr("connected"),
@@ -97,9 +98,8 @@ private:
         m_checks.append({QStringLiteral("program"), tr("ArcOn in %1").arg(m_program.title()),
                          files.isEmpty() ? tr("no seam begins") : tr("there"),
                          verdict(!files.isEmpty()), programKey});
-        lookAtFile(QStringLiteral("start_file"), tr("Arc-start file"), schema::arcOn(),
-                   files.value(0));
-        lookAtFile(QStringLiteral("weld_file"), tr("Welding file"), schema::weld(), files.value(1));
+        lookAtFile(QStringLiteral("start_file"), tr("Arc-start file"), files.value(0));
+        lookAtFile(QStringLiteral("weld_file"), tr("Welding file"), files.value(1));
     }
     QStringList firstSeam() const
     {
@@ -110,24 +110,16 @@ private:
         }
         return {};
     }
-    void lookAtFile(const QString &id, const QString &text, const schema::ProcessSet &set,
-                    const QString &file)
+    void lookAtFile(const QString &id, const QString &text, const QString &file)
     {
-        if (file.isEmpty() || !m_isUp) {
+        const FileFacts facts = factsOf(file, m_ratedCurrent, m_service);
+        if (!facts.isKnown) {
             m_checks.append({id, text, tr("unknown"), Verdict::Unknown, packagePage});
             return;
         }
-        const auto answer = m_service->get(nullptr, set.node(), file);
-        const bool exists = answer->r(QStringLiteral("name"))->getString() == file;
-        const double current = answer->r(QLatin1String(set.current.key))->getDouble();
-        const bool inAmperes = answer->r(QLatin1String(set.currentMode.key))->getString()
-            != QLatin1String(schema::codes::wireFeed);
-        const bool fits = current > 0 && (current <= m_ratedCurrent || !inAmperes);
-        const QString value = exists
-            ? tr("%1: %2 A of %3 A")
-                  .arg(file, QString::number(current), QString::number(m_ratedCurrent))
-            : tr("there is no %1").arg(file);
-        add(id, text, value, value, exists && fits, packagePage);
+        const QString value =
+            file + QLatin1String(": ") + (facts.finding.isEmpty() ? facts.current : facts.finding);
+        add(id, text, value, value, facts.finding.isEmpty(), packagePage);
     }
 
     const ProgramDocument &m_program;

@@ -38,6 +38,7 @@ void ProgramCheck::restart()
     m_next = 0;
     m_coming.clear();
     m_sequence = {};
+    m_comingUses = {};
     m_slices.start(0);
 }
 
@@ -57,6 +58,7 @@ void ProgramCheck::checkSlice()
         const tl::ParsedLine line = tl::parse(m_lines.at(m_next));
         m_coming += m_checker.checkLine(line, m_next);
         m_sequence.add(line, m_next);
+        m_comingUses.add(line, m_next);
     }
     if (m_next == m_lines.size())
         finish();
@@ -68,6 +70,7 @@ void ProgramCheck::finish()
     m_coming += m_sequence.finish();
     tl::Checker::sort(m_coming);
     m_findings = std::exchange(m_coming, {});
+    m_uses = std::exchange(m_comingUses, {});
     m_lines.clear();
     m_byLine.clear();
     for (int i = m_findings.size() - 1; i >= 0; --i) // the hash hands out the newest first
@@ -87,6 +90,13 @@ QString ProgramCheck::textAt(int line) const
     for (int position : m_byLine.values(line))
         texts.append(m_findings.at(position).text());
     return texts.join(QLatin1Char('\n'));
+}
+
+const FileUses &ProgramCheck::uses()
+{
+    while (m_slices.isActive())
+        checkSlice();
+    return m_uses;
 }
 
 int ProgramCheck::nextAfter(int line) const

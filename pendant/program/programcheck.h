@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QTimer>
 
+#include "pendant/program/fileuses.h"
 #include "tl/checker.h"
 #include "tl/sequence.h"
 
@@ -29,6 +30,8 @@ public:
     int count() const { return m_findings.size(); }
     /// The first line after @p line in which something is wrong, from the top again; -1 when none.
     int nextAfter(int line) const;
+    /// What the program names; looks at what is left of it first.
+    const FileUses &uses();
 
 signals:
     /// The whole program was looked at.
@@ -48,6 +51,8 @@ private:
     int m_next = 0; // of m_lines
     tl::Sequence m_sequence;
     tl::Findings m_coming;
+    FileUses m_comingUses;
+    FileUses m_uses;
     tl::Findings m_findings;
     QMultiHash<int, int> m_byLine; // positions in m_findings
 };

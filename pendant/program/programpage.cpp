@@ -14,7 +14,10 @@
 #include "pendant/program/programdocument.h"
 #include "pendant/program/programrun.h"
 #include "pendant/program/runbar.h"
+#include "pendant/program/runcheckpane.h"
+#include "pendant/state/cell.h"
 #include "pendant/theme/look.h"
+#include "schema/weldmode.h"
 
 namespace welmo::pendant {
 
@@ -25,15 +28,17 @@ constexpr int widthForLog = 960; // below, the forms need the room
 
 } // namespace
 
-ProgramPage::ProgramPage(ProgramDocument *document, tessa::MessageLog *log, const QString &folder,
-                         QWidget *parent)
+ProgramPage::ProgramPage(ProgramDocument *document, const Cell *cell, tessa::MessageLog *log,
+                         const QString &folder, QWidget *parent)
     : HostPage(tr("Program"), parent)
     , m_document(document)
+    , m_cell(cell)
     , m_check(new ProgramCheck(document, this))
     , m_run(new ProgramRun(document, this))
     , m_lines(new LinesPane(document, m_check, m_run, this))
     , m_form(new FormPane(m_check, this))
     , m_files(new FilesPane(folder, this))
+    , m_look(new RunCheckPane(this))
     , m_keeper(new FileKeeper(document, m_run, m_files, this))
 {
     body()->addWidget(makeBar());
@@ -49,6 +54,7 @@ ProgramPage::ProgramPage(ProgramDocument *document, tessa::MessageLog *log, cons
     body()->addLayout(row, 1);
     body()->setSpacing(10);
     connectPanes();
+    connectRun();
     refreshTitle();
     showRun();
 }
@@ -73,7 +79,7 @@ QWidget *ProgramPage::makePanes()
 {
     auto *panes = new QWidget(this);
     m_panes = new QStackedLayout(panes);
-    for (QWidget *pane : QWidgetList{m_lines, m_form, m_files})
+    for (QWidget *pane : QWidgetList{m_lines, m_form, m_files, m_look})
         m_panes->addWidget(pane);
     return panes;
 }
@@ -118,6 +124,36 @@ void ProgramPage::connectPanes()
     connect(m_keeper, &FileKeeper::done, this, [this] { showPane(m_lines); });
 }
 
+void ProgramPage::connectRun()
+{
+    connect(m_runBar, &RunBar::runWanted, this, &ProgramPage::run);
+    connect(m_runBar, &RunBar::lookWanted, this, &ProgramPage::look);
+    connect(m_look, &RunCheckPane::closed, this, [this] { showPane(m_lines); });
+    connect(m_look, &RunCheckPane::lineWanted, this, &ProgramPage::showLine);
+    connect(m_look, &RunCheckPane::runWanted, this, [this] {
+        showPane(m_lines);
+        m_run->start();
+    });
+}
+
+// Where an arc is struck, what spoils the weld is said before it is spoilt.
+void ProgramPage::run()
+{
+    const bool strikes = m_cell->mode() == QLatin1String(schema::weldmode::real)
+        && m_run->state() != ProgramRun::State::Paused;
+    if (!strikes || m_look->look(m_check->uses()))
+        return m_run->start();
+    m_look->offerRun(true);
+    showPane(m_look);
+}
+
+void ProgramPage::look()
+{
+    m_look->look(m_check->uses());
+    m_look->offerRun(false);
+    showPane(m_look);
+}
+
 void ProgramPage::takeLine(const QString &text)
 {
     if (m_inserts)
@@ -132,6 +168,7 @@ void ProgramPage::showPane(QWidget *pane)
     m_panes->setCurrentWidget(pane);
     m_bar->setEnabled(pane == m_lines);
     m_runBar->setStartable(pane == m_lines);
+    emit roomWanted(pane == m_form);
     makeRoom();
     if (pane == m_lines)
         m_lines->setFocus();
@@ -148,12 +185,12 @@ void ProgramPage::makeRoom()
 
 void ProgramPage::runExample(const QString &name)
 {
-    const auto run = [this, name] {
+    const auto open = [this, name] {
         m_keeper->openExample(name);
-        m_run->start();
-    };
-    if (!m_run->isUnderWay() && mayGo(run))
         run();
+    };
+    if (!m_run->isUnderWay() && mayGo(open))
+        open();
 }
 
 void ProgramPage::showLine(int line)

@@ -12,6 +12,7 @@ class MessageLog;
 
 namespace welmo::pendant {
 
+class Cell;
 class FileKeeper;
 class FilesPane;
 class FormPane;
@@ -20,6 +21,7 @@ class ProgramCheck;
 class ProgramDocument;
 class ProgramRun;
 class RunBar;
+class RunCheckPane;
 
 /// The program editor: the lines, the forms of their instructions, the files, and running it, with
 /// the message log beside.
@@ -29,8 +31,8 @@ class ProgramPage : public HostPage
 public:
     /// The document outlives the page, which is built anew with another language. @p folder holds
     /// the pendant's own programs.
-    ProgramPage(ProgramDocument *document, tessa::MessageLog *log, const QString &folder,
-                QWidget *parent = nullptr);
+    ProgramPage(ProgramDocument *document, const Cell *cell, tessa::MessageLog *log,
+                const QString &folder, QWidget *parent = nullptr);
 
     /// See FileKeeper::mayGo().
     bool mayGo(const std::function<void()> &goOn);
@@ -38,6 +40,10 @@ public:
     void runExample(const QString &name);
     /// Chooses the line, unless one is being edited.
     void showLine(int line);
+
+signals:
+    /// A form needs the whole width, or does not any more.
+    void roomWanted(bool wanted);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -48,6 +54,9 @@ private:
     QWidget *makePanes();
     QWidget *makeLog(tessa::MessageLog *log);
     void connectPanes();
+    void connectRun();
+    void run();
+    void look();
     void takeLine(const QString &text);
     void showPane(QWidget *pane);
     void makeRoom();
@@ -55,11 +64,13 @@ private:
     void refreshTitle();
 
     ProgramDocument *m_document;
+    const Cell *m_cell;
     ProgramCheck *m_check;
     ProgramRun *m_run;
     LinesPane *m_lines;
     FormPane *m_form;
     FilesPane *m_files;
+    RunCheckPane *m_look;
     FileKeeper *m_keeper;
     QStackedLayout *m_panes = nullptr;
     QWidget *m_top = nullptr;

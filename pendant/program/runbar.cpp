@@ -9,7 +9,9 @@ RunBar::RunBar(ProgramDocument *document, ProgramRun *run, QWidget *page)
     : ActionBar(page)
     , m_document(document)
     , m_run(run)
-    , m_start(add(tr("Run"), "ProgramRun", QStringLiteral("Ctrl+R"), page, run, &ProgramRun::start))
+    , m_look(add(tr("Files"), "ProgramLook", {}, page, this, &RunBar::lookWanted))
+    , m_start(
+          add(tr("Run"), "ProgramRun", QStringLiteral("Ctrl+R"), page, this, &RunBar::runWanted))
     , m_pause(add(tr("Pause"), "ProgramPause", {}, page, run, &ProgramRun::pause))
     , m_stop(add(tr("Stop"), "ProgramStop", {}, page, run, &ProgramRun::stop))
 {
@@ -32,6 +34,7 @@ void RunBar::refresh()
     m_start->setText(state == State::Paused ? tr("Go on") : tr("Run"));
     m_start->setEnabled(m_startable && isThere && state != State::Running
                         && m_document->rowCount() > 0);
+    m_look->setEnabled(m_startable);
     m_pause->setEnabled(state == State::Running);
     m_stop->setEnabled(isThere || m_run->isUnderWay()); // also where nobody knows any more
 }

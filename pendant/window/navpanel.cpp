@@ -13,6 +13,9 @@ namespace welmo::pendant {
 
 namespace {
 
+constexpr int wideWidth = 184;
+constexpr int narrowWidth = 64;
+
 QList<kelp::ModuleObject *> inMenuOrder(const kelp::ModuleObject *entries)
 {
     QList<kelp::ModuleObject *> list;
@@ -41,7 +44,7 @@ NavPanel::NavPanel(kelp::ModuleObject *entries, QWidget *parent)
 {
     setObjectName(QStringLiteral("pndNav"));
     setAttribute(Qt::WA_StyledBackground);
-    setFixedWidth(184);
+    setFixedWidth(wideWidth);
     m_layout->setContentsMargins(8, 8, 8, 8);
     m_layout->setSpacing(4);
     entries->observeSubtree(true);
@@ -81,8 +84,9 @@ void NavPanel::rebuild()
 
 void NavPanel::addGroup(const QString &group, const QList<kelp::ModuleObject *> &entries)
 {
-    auto *heading = new QLabel(groupTitle(group), this);
+    auto *heading = new QLabel(this);
     heading->setObjectName(QStringLiteral("lblGroup"));
+    heading->setText(m_narrow ? QString() : groupTitle(group));
     m_layout->addWidget(heading);
     for (const kelp::ModuleObject *entry : entries)
         addEntry(entry);
@@ -96,7 +100,9 @@ void NavPanel::addEntry(const kelp::ModuleObject *entry)
     button->setText(entry->r(QStringLiteral("title"))->getString());
     button->setIcon(inkBesideText(pictureOf(entry)));
     button->setIconSize(besideTextSize);
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setToolButtonStyle(m_narrow ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+    button->setToolTip(m_narrow ? button->text() : QString());
+    button->setAccessibleName(button->text());
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     button->setCheckable(true);
     connect(button, &QToolButton::clicked, this, [this, page] {
@@ -113,6 +119,15 @@ void NavPanel::setCount(const QString &key, int count)
 {
     m_counts.insert(key, count);
     showCount(key);
+}
+
+void NavPanel::setNarrow(bool narrow)
+{
+    if (std::exchange(m_narrow, narrow) == narrow)
+        return;
+    setFixedWidth(narrow ? narrowWidth : wideWidth);
+    setStyleWord(this, "narrow", narrow ? QStringLiteral("yes") : QString());
+    rebuild();
 }
 
 void NavPanel::showCount(const QString &key)

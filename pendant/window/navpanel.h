@@ -24,6 +24,8 @@ public:
     void setCurrent(const QString &key);
     /// Shows a number beside the entry of the page @p key; 0 shows none.
     void setCount(const QString &key, int count);
+    /// Shows the pictures of the entries alone.
+    void setNarrow(bool narrow);
 
 signals:
     /// The entry of the page @p key was pressed.
@@ -43,6 +45,7 @@ private:
     QHash<QString, int> m_counts;
     QString m_current;
     bool m_stale = false;
+    bool m_narrow = false;
 };
 
 } // namespace welmo::pendant

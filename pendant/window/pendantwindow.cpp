@@ -1,7 +1,9 @@
 #include "pendant/window/pendantwindow.h"
 
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "pando/frame.h"
@@ -23,6 +25,7 @@ namespace welmo::pendant {
 namespace {
 
 constexpr QSize windowSize{1280, 800};
+constexpr QSize smallestSize{1024, 640};
 constexpr int sideBarWidth = 360;
 // Modules put their items before this one.
 const QString stretchItem = QStringLiteral("orbo.body.statuspage.wgtStrech2");
@@ -41,7 +44,9 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries,
     setRecursiveWidgetStyleSheet(
         this,
         helper->themeManager()->genStyleSheet(QStringLiteral(":/pendant/render/pendant.json")));
+    setMinimumSize(smallestSize);
     auto *layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetNoConstraint); // the screen does not grow with a page
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(new HeaderBar(helper->status(), state.cell, state.link, state.place, this));
@@ -50,8 +55,7 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries,
     connect(banner, &AlarmBanner::lineWanted, this, &PendantWindow::lineWanted);
     connect(banner, &AlarmBanner::reasonWanted, this, [this] { showPage(arcCheckKey); });
     layout->addWidget(banner);
-    layout->addWidget(makeBody(host->keys(), holds, entries), 1);
-    layout->addWidget(makeStatus(helper, state));
+    layout->addWidget(makeBody(host->keys(), holds, entries, makeStatus(helper, state)), 1);
     pando::frame() = {m_center, m_side, m_status};
 }
 
@@ -61,7 +65,7 @@ PendantWindow::~PendantWindow()
 }
 
 QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
-                                 kelp::ModuleObject *entries)
+                                 kelp::ModuleObject *entries, QWidget *status)
 {
     holds->follow(keys, this);
     auto *row = new QWidget(this);
@@ -71,17 +75,45 @@ QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
     m_side = new pando::ExpandSideBar(row);
     m_side->setObjectName(QStringLiteral("pndSide"));
     m_side->setFixedWidth(sideBarWidth);
+    m_side->addBar(makeSideHead());
+    connect(m_side, &pando::ExpandSideBar::opened, m_nav, &NavPanel::setNarrow);
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_nav);
-    layout->addWidget(m_center, 1);
+    // The status bar ends where the side bar begins, which needs the whole height.
+    auto *places = new QGridLayout;
+    places->setSpacing(0);
+    places->addWidget(m_nav, 0, 0);
+    places->addWidget(m_center, 0, 1);
+    places->addWidget(status, 1, 0, 1, 2);
+    places->setColumnStretch(1, 1);
+    places->setRowStretch(0, 1);
+    layout->addLayout(places, 1);
     layout->addWidget(m_side);
     // At the edge, so that no page or side bar moves them from under the operator's right hand.
     layout->addWidget(new KeyColumn(keys, holds, this));
     connect(m_nav, &NavPanel::chosen, this, &PendantWindow::showPage);
     connect(m_center, &pando::CenterWidget::pageShown, m_nav, &NavPanel::setCurrent);
     return row;
+}
+
+// The package's panel has no way out of its own.
+QWidget *PendantWindow::makeSideHead()
+{
+    auto *head = new QWidget(m_side);
+    head->setObjectName(QStringLiteral("pndSideHead"));
+    auto *why = new QPushButton(tr("Why is there no arc?"), head);
+    why->setObjectName(QStringLiteral("btnSideWhy"));
+    connect(why, &QPushButton::clicked, this, [this] { showPage(arcCheckKey); });
+    auto *close = new QPushButton(tr("Close"), head);
+    close->setObjectName(QStringLiteral("btnSideClose"));
+    connect(close, &QPushButton::clicked, m_side, &QWidget::hide);
+    auto *row = new QHBoxLayout(head);
+    row->setContentsMargins(8, 4, 8, 0);
+    row->addWidget(why);
+    row->addStretch(1);
+    row->addWidget(close);
+    return head;
 }
 
 // Seen from afar: in this colour the next run strikes an arc.
@@ -124,6 +156,16 @@ void PendantWindow::addModeText(Cell *cell)
     connect(cell, &Cell::changed, label, follow);
     follow();
     m_status->addItem(this, QStringLiteral("pendant.mode"), label);
+}
+
+void PendantWindow::makeRoom(bool wanted)
+{
+    if (wanted) {
+        m_sideWaits = !m_side->isHidden();
+        m_side->hide();
+    } else if (std::exchange(m_sideWaits, false)) {
+        m_side->show();
+    }
 }
 
 void PendantWindow::setCount(const QString &key, int count)

@@ -50,6 +50,9 @@ public:
     /// Shows the page @p key and marks its entry; false when there is no such page.
     bool showPage(const QString &key);
 
+    /// Closes the side bar while the room is wanted, and opens it again after that.
+    void makeRoom(bool wanted);
+
     /// Asked before the window closes; it stays open when the answer is false.
     void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
 
@@ -64,7 +67,9 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    QWidget *makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds, kelp::ModuleObject *entries);
+    QWidget *makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds, kelp::ModuleObject *entries,
+                      QWidget *status);
+    QWidget *makeSideHead();
     QWidget *makeStrip(Cell *cell);
     QWidget *makeStatus(tessa::ManagerHelper *helper, const WindowState &state);
     void addModeText(Cell *cell);
@@ -73,6 +78,7 @@ private:
     pando::CenterWidget *m_center = nullptr;
     pando::ExpandSideBar *m_side = nullptr;
     pando::StatusBar *m_status = nullptr;
+    bool m_sideWaits = false;
     std::function<bool()> m_closeGuard;
 };
 

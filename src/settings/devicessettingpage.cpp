@@ -8,6 +8,7 @@
 #include "data/weldersetting.h"
 #include "schema/welders.h"
 #include "ui_devicessettingpage.h"
+#include "widgets/pairfold.h"
 #include "widgets/touchcombo.h"
 
 using namespace welmo;
@@ -85,6 +86,7 @@ DevicesSettingPage::DevicesSettingPage(QWidget *parent, QObject *owner)
     setObjectName(name());
     bindMobj(QStringLiteral("welmo.device"));
     ui->setupUi(wgt());
+    welmo::PairFold::follow(wgt());
     const auto &rows = schema::welderSetting();
     m_choices = {{rows.protocol.key, ui->cbx_protocol},
                  {rows.brand.key, ui->cbx_brand},

@@ -3,6 +3,7 @@
 #include "data/choices.h"
 #include "data/report.h"
 #include "schema/unit.h"
+#include "widgets/pairfold.h"
 
 using namespace welmo;
 
@@ -24,6 +25,7 @@ void ProcessGroup::initUI(QObject *owner)
     applyWelder({});
     m_controls.advanced->setVisible(false);
     m_controls.fold->setText(m_controls.unfoldText);
+    new PairFold(this, m_controls.fold);
     connect(m_controls.currentMode, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &ProcessGroup::onCurrentModeChanged);
     connect(m_controls.voltageMode, qOverload<int>(&QComboBox::currentIndexChanged), this,

@@ -6,6 +6,7 @@
 #include "data/choices.h"
 #include "data/report.h"
 #include "ui_weaveeditor.h"
+#include "widgets/pairfold.h"
 
 using namespace welmo;
 
@@ -31,6 +32,7 @@ WeaveEditor::WeaveEditor(QWidget *parent)
     , ui(std::make_unique<Ui::WeaveEditor>())
 {
     ui->setupUi(this);
+    PairFold::follow(this);
 }
 
 WeaveEditor::~WeaveEditor() = default;

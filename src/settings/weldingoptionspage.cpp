@@ -6,6 +6,7 @@
 #include "data/inputs.h"
 #include "data/report.h"
 #include "ui_weldingoptionspage.h"
+#include "widgets/pairfold.h"
 
 using namespace welmo;
 
@@ -25,6 +26,7 @@ WeldingOptionsPage::WeldingOptionsPage(QWidget *parent, QObject *owner)
 {
     setObjectName(name());
     ui->setupUi(wgt());
+    welmo::PairFold::follow(wgt());
     bindFields();
     initUI();
 }

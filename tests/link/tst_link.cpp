@@ -176,6 +176,43 @@ private slots:
             QCOMPARE(bench.journal().entries().last().cause, cause);
         }
     }
+    void aProgramWaitsForItsPendant_data()
+    {
+        QTest::addColumn<bool>("automatic");
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<QString>("alarm");
+        QTest::newRow("manual: somebody stands there") << false << "paused"
+                                                       << "pendant_lost";
+        QTest::newRow("automatic") << true << "running"
+                                   << "";
+    }
+    void aProgramWaitsForItsPendant()
+    {
+        QFETCH(const bool, automatic);
+        const UpBench bench;
+        const auto tell = [&](const QString &command, const QVariantMap &payload) {
+            QCOMPARE(bench.call(Kind::Command, command, {}, payload).code, 0);
+        };
+        const auto read = [&](const QString &node) {
+            return bench.call(Kind::Get, node).value.toMap();
+        };
+        QCOMPARE(bench.command("simu").code, 0);
+        tell("cell.switch", {{"automatic", automatic}});
+        tell("tl_program.load", {{"name", "slow.tl"}, {"text", "MoveL p1,v5,fine,torch1,wobj0"}});
+        tell("tl_program.run", {});
+        bench.link->beat({});
+        QTRY_COMPARE(read("tl_program.state").value("state").toString(), QString("running"));
+        bench.faults()->set(Fault::LinkDown, true);
+        QTRY_VERIFY(!bench.link->isUp());
+        bench.hands->now += 1000;
+        const int before = bench.hands->readings;
+        QTRY_VERIFY(bench.hands->readings > before + 3); // it had the time to see it
+        bench.faults()->clear();
+        QVERIFY(bench.waitUp());
+        QTEST(read("tl_program.state").value("state").toString(), "state");
+        const QVariantList alarms = read("cell.alarms").value("entries").toList();
+        QTEST(alarms.value(0).toMap().value("code").toString(), "alarm");
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_Link)

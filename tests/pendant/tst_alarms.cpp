@@ -1,7 +1,10 @@
+#include <QDir>
 #include <QLabel>
+#include <QTableWidget>
 #include <QTest>
 #include <functional>
 
+#include "support/files.h"
 #include "support/programtouch.h"
 #include "support/rows.h"
 #include "support/testpendant.h"
@@ -94,6 +97,67 @@ private slots:
         }
         pendant.click("btnCheck_gas");
         QVERIFY(pendant.find("btnClearFaults")->isVisible());
+    }
+    void beforeTheRun_data()
+    {
+        QTest::addColumn<QString>("program");
+        QTest::addColumn<QString>("node");
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<double>("current");
+        QTest::addColumn<QString>("finding");
+        const QString seam = "ArcOn \"arcondata1\",\"arcdata1\"\nArcOff \"arcoffdata1\"\n";
+        const QString start = "arc_weld.arcon_param", weld = "arc_weld.weld_param";
+        QTest::newRow("fine") << seam << weld << "arcdata1" << 120.0 << "";
+        QTest::newRow("0 A") << seam << start << "arcondata1" << 0.0 << "nothing burns at 0 A";
+        QTest::newRow("too much") << seam << weld << "arcdata1" << 900.0
+                                  << "the machine gives 350 A";
+        QTest::newRow("no file") << QString(seam).replace("arcdata1", "arcdata9") << weld
+                                 << "arcdata1" << 120.0 << "the controller has no such file";
+        QTest::newRow("near miss") << QString(seam).replace("ArcOn", "arcon") << weld << "arcdata1"
+                                   << 120.0 << "no instruction and passed over; ArcOn may be meant";
+    }
+    // Where an arc is struck, the run waits until somebody has seen what is wrong.
+    void beforeTheRun()
+    {
+        QFETCH(const QString, program);
+        QFETCH(const QString, finding);
+        Setup setup;
+        setup.example = true;
+        TestPendant pendant(setup);
+        QDir(pendant.dataFolder()).mkpath("programs");
+        testsupport::writeFile(pendant.dataFolder() + "/programs/seam.tl", program.toUtf8());
+        testsupport::ProgramTouch(pendant).open("seam.tl");
+        auto *service = pendant.host()->service();
+        QFETCH(const QString, node);
+        QFETCH(const QString, file);
+        QFETCH(const double, current);
+        kelp::ModuleObject object("file");
+        object.importFromVariant(nullptr, QVariantMap{{"name", file}, {"current", current}});
+        QCOMPARE(service->set(nullptr, node, file, &object)->getInt(), 0);
+        const auto *table = pendant.find<QTableWidget>("tblRunCheck");
+        const auto findings = [table] {
+            QStringList found;
+            for (int row = 0; row < table->rowCount(); ++row)
+                found.append(table->item(row, 6)->text());
+            found.removeAll({});
+            return found.join(' ');
+        };
+        for (const QString &mode : {QString("real"), QString("simu")}) {
+            service->execCommand(nullptr, "arc_weld.set_weld_mode", QVariantMap{{"mode", mode}});
+            const QString word = mode == "real" ? "Real welding" : "Simulation";
+            QTRY_COMPARE(pendant.find<QLabel>("lblModeText")->text(), word);
+            pendant.click("btnProgramRun");
+            const bool asks = mode == "real" && !finding.isEmpty();
+            QCOMPARE(table->isVisible(), asks);
+            const auto *state = pendant.find<QLabel>("lblRunState");
+            QTRY_COMPARE(state->text() == "Ready", asks);
+            if (asks)
+                pendant.click("btnRunCheckBack");
+            pendant.click("btnProgramStop");
+            QTRY_VERIFY(pendant.find("btnProgramRun")->isEnabled());
+        }
+        pendant.click("btnProgramLook");
+        QCOMPARE(findings(), finding);
     }
     // An alarm stays over a start in another language, where it is told in that one.
     void anAlarmIsKept()

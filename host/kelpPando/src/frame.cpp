@@ -1,6 +1,8 @@
 #include "pando/frame.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
+#include <QScrollArea>
 
 namespace pando {
 
@@ -44,9 +46,16 @@ ExpandSideBar::ExpandSideBar(QWidget *parent)
     : QWidget(parent)
     , m_pages(new CenterWidget(this))
 {
-    auto *layout = new QHBoxLayout(this);
+    auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_pages);
+    layout->setSpacing(0);
+    auto *area = new QScrollArea(this); // a page may be higher than a small screen
+    area->setObjectName(QStringLiteral("sideArea"));
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidget(m_pages);
+    layout->addWidget(area, 1);
     setAttribute(Qt::WA_StyledBackground);
     setVisible(false);
 }
@@ -64,6 +73,18 @@ bool ExpandSideBar::switchTo(const QString &key)
 QString ExpandSideBar::currentKey() const
 {
     return m_pages->currentKey();
+}
+
+void ExpandSideBar::addBar(QWidget *bar)
+{
+    static_cast<QVBoxLayout *>(layout())->insertWidget(0, bar);
+}
+
+bool ExpandSideBar::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+        emit opened(event->type() == QEvent::ShowToParent);
+    return QWidget::event(event);
 }
 
 StatusBar::StatusBar(QWidget *parent)

@@ -41,6 +41,15 @@ public:
     void addPage(QObject *owner, const QString &key, QWidget *page);
     bool switchTo(const QString &key);
     QString currentKey() const;
+    /// Puts @p bar above the pages; the bar belongs to the side bar.
+    void addBar(QWidget *bar);
+
+signals:
+    /// It was shown or hidden, whether or not the window is there to be seen.
+    void opened(bool open);
+
+protected:
+    bool event(QEvent *event) override;
 
 private:
     CenterWidget *m_pages;

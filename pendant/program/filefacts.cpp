@@ -1,0 +1,88 @@
+#include "pendant/program/filefacts.h"
+
+#include <QCoreApplication>
+
+#include "schema/filesets.h"
+#include "schema/unit.h"
+#include "schema/welders.h"
+#include "tessa/xservice.h"
+
+namespace welmo::pendant {
+
+namespace {
+
+QString withUnit(double number, const QString &unit)
+{
+    return QString::number(number) + QLatin1Char(' ') + unit;
+}
+
+class Reading
+{
+    Q_DECLARE_TR_FUNCTIONS(FileFacts)
+public:
+    explicit Reading(const kelp::ModuleObject *file)
+        : m_file(file)
+    { }
+
+    void take(const schema::ProcessSet &set, double ratedCurrent, FileFacts *facts) const
+    {
+        const double current = number(set.current);
+        const bool inAmperes = code(set.currentMode) != QLatin1String(schema::codes::wireFeed);
+        const bool inVolts = code(set.voltageMode) == QLatin1String(schema::codes::separate);
+        facts->current = withUnit(current, inAmperes ? units::ampere : units::mmPerSecond);
+        facts->voltage = withUnit(number(set.voltage), inVolts ? units::volt : units::percent);
+        if (&set == &schema::weld())
+            facts->speed = withUnit(number(schema::weld().weldSpeed), units::mmPerSecond);
+        if (current <= 0 && &set != &schema::arcOff()) // a crater may be left unfilled
+            facts->finding = tr("nothing burns at %1").arg(facts->current);
+        else if (inAmperes && current > ratedCurrent)
+            facts->finding = tr("the machine gives %1").arg(withUnit(ratedCurrent, units::ampere));
+    }
+    static QString missing() { return tr("the controller has no such file"); }
+
+private:
+    double number(const schema::Row &row) const
+    {
+        return m_file->r(QLatin1String(row.key))->getDouble();
+    }
+    QString code(const schema::Row &row) const
+    {
+        return m_file->r(QLatin1String(row.key))->getString();
+    }
+
+    const kelp::ModuleObject *m_file;
+};
+
+} // namespace
+
+const schema::FileSet *setOfFile(const QString &file)
+{
+    for (const schema::FileSet *set : schema::fileSets()) {
+        if (set->hasFile(file))
+            return set;
+    }
+    return nullptr;
+}
+
+FileFacts factsOf(const QString &file, double ratedCurrent, XService *service)
+{
+    const schema::FileSet *set = setOfFile(file);
+    if (!set || !service->isConnected())
+        return {};
+    const auto answer = service->get(nullptr, set->node(), file);
+    FileFacts facts;
+    facts.isKnown = answer->getInt(0) == 0;
+    facts.exists = answer->r(QLatin1String(set->fileName.key))->getString() == file;
+    if (facts.isKnown && !facts.exists)
+        facts.finding = Reading::missing();
+    else if (const auto *process = dynamic_cast<const schema::ProcessSet *>(set))
+        Reading(answer.get()).take(*process, ratedCurrent, &facts);
+    return facts;
+}
+
+double ratedCurrentIn(const QVariantMap &welderSetting)
+{
+    return welderSetting.value(QLatin1String(schema::welderSetting().ratedCurrent.key)).toDouble();
+}
+
+} // namespace welmo::pendant
