@@ -81,13 +81,16 @@ Reply Program::load(const QVariant &payload)
     Reply wanted = checked(payload, {text("name"), text("text")}, Missing::Refused);
     if (!wanted.ok())
         return wanted;
-    m_name = childAt(wanted.value, QStringLiteral("name")).toString();
+    const QString name = childAt(wanted.value, QStringLiteral("name")).toString();
+    const QString text = childAt(wanted.value, QStringLiteral("text")).toString();
+    if (name != m_name || text != m_text)
+        m_stage.track.clear(); // the same once more has the same gaps
+    m_name = name;
+    m_text = text;
     m_lines.clear();
-    const QStringList lines =
-        childAt(wanted.value, QStringLiteral("text")).toString().split(QLatin1Char('\n'));
+    const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString &line : lines)
         m_lines.push_back(tl::parse(line));
-    m_stage.track.clear();
     forget();
     m_seams = 0;
     m_line = 0;

@@ -89,7 +89,7 @@ private:
     ProgramStage m_stage;
     Alarms &m_alarms;
     const Surroundings &m_surroundings;
-    QString m_name;
+    QString m_name, m_text;
     QString m_user; ///< who had it run
     std::vector<tl::ParsedLine> m_lines;
     size_t m_next = 0; // of m_lines

@@ -14,6 +14,7 @@
 #include "pendant/program/programdocument.h"
 #include "pendant/program/programrun.h"
 #include "pendant/program/runbar.h"
+#include "pendant/program/stepbar.h"
 #include "pendant/theme/look.h"
 
 namespace welmo::pendant {
@@ -41,7 +42,12 @@ ProgramPage::ProgramPage(ProgramDocument *document, tessa::MessageLog *log, cons
     m_state->setObjectName(QStringLiteral("lblRunState"));
     m_state->setTextFormat(Qt::PlainText);
     m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    body()->addWidget(m_state);
+    m_steps = new StepBar(
+        document, m_run, [this] { return m_lines->line(); }, m_lines);
+    auto *runRow = new QHBoxLayout;
+    runRow->addWidget(m_state, 1);
+    runRow->addWidget(m_steps);
+    body()->addLayout(runRow);
     auto *row = new QHBoxLayout;
     row->setSpacing(12);
     row->addWidget(makePanes(), 1);
@@ -132,6 +138,7 @@ void ProgramPage::showPane(QWidget *pane)
     m_panes->setCurrentWidget(pane);
     m_bar->setEnabled(pane == m_lines);
     m_runBar->setStartable(pane == m_lines);
+    m_steps->setStartable(pane == m_lines);
     makeRoom();
     if (pane == m_lines)
         m_lines->setFocus();
@@ -144,6 +151,7 @@ void ProgramPage::makeRoom()
     m_log->setVisible(!hasForm && width() >= widthForLog);
     m_top->setVisible(!hasForm || m_run->isUnderWay());
     m_state->setVisible(m_top->isVisibleTo(this));
+    m_steps->setVisible(m_top->isVisibleTo(this));
 }
 
 void ProgramPage::runExample(const QString &name)
