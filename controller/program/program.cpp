@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "controller/core/fields.h"
 #include "controller/robot/robot.h"
@@ -19,6 +20,7 @@ namespace {
 
 const QString endKey = QStringLiteral("end");
 constexpr double defaultDryRunSpeed = 200; // mm/s
+constexpr size_t stepsKept = 1000; // that can be gone back
 constexpr qint64 longestCatchUp = 5000; // ms; a computer that slept goes on where it was
 
 Reply wrongState(const char *text)
@@ -40,8 +42,15 @@ Program::Program(ControllerContext &context, Registry &registry, Weld &weld, Wir
     registry.addValue(names::programState, [this] { return Reply::with(stateMap()); });
     registry.addCommand(names::loadProgram,
                         [this](const Request &request) { return load(request.payload); });
-    registry.addCommand(names::runProgram,
-                        [this](const Request &request) { return run(request.author.user); });
+    registry.addCommand(names::runProgram, [this](const Request &request) {
+        return started(run(request.payload), request.author.user);
+    });
+    registry.addCommand(names::stepProgram, [this](const Request &request) {
+        return started(stepOne(request.payload), request.author.user);
+    });
+    registry.addCommand(names::reweldProgram, [this](const Request &request) {
+        return started(reweld(), request.author.user);
+    });
     registry.addCommand(names::pauseProgram, [this](const Request &) { return pause(); });
     registry.addCommand(names::stopProgram, [this](const Request &) { return stop(); });
 }
@@ -60,6 +69,7 @@ void Program::tick()
         if (m_state == State::Running)
             step();
         m_stage.weld.advance(m_stage.speed);
+        m_stage.track.follow(m_stage.weld.process());
     }
     tell();
 }
@@ -71,15 +81,18 @@ Reply Program::load(const QVariant &payload)
     Reply wanted = checked(payload, {text("name"), text("text")}, Missing::Refused);
     if (!wanted.ok())
         return wanted;
-    m_name = childAt(wanted.value, QStringLiteral("name")).toString();
+    const QString name = childAt(wanted.value, QStringLiteral("name")).toString();
+    const QString text = childAt(wanted.value, QStringLiteral("text")).toString();
+    if (name != m_name || text != m_text)
+        m_stage.track.clear(); // the same once more has the same gaps
+    m_name = name;
+    m_text = text;
     m_lines.clear();
-    const QStringList lines =
-        childAt(wanted.value, QStringLiteral("text")).toString().split(QLatin1Char('\n'));
+    const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString &line : lines)
         m_lines.push_back(tl::parse(line));
-    m_seams = int(std::count_if(m_lines.begin(), m_lines.end(), [](const tl::ParsedLine &line) {
-        return line.word.text == QLatin1String("ArcOn");
-    }));
+    forget();
+    m_seams = 0;
     m_line = 0;
     m_message.clear();
     m_result = result({});
@@ -87,16 +100,39 @@ Reply Program::load(const QVariant &payload)
     return {};
 }
 
-Reply Program::run(const QString &user)
+// What goes wrong on the way is put down to who set it off.
+Reply Program::started(const Reply &reply, const QString &user)
+{
+    if (reply.ok())
+        m_user = user;
+    return reply;
+}
+
+Reply Program::run(const QVariant &payload)
+{
+    Reply line = mayStart(payload);
+    if (!line.ok())
+        return line;
+    m_oneLine = false;
+    if (m_state == State::Paused && !line.value.isValid())
+        return resume();
+    return runFrom(line.value.isValid() ? line.value.toUInt() : 0);
+}
+
+// With the line that is wanted, from 0; without a value for none.
+Reply Program::mayStart(const QVariant &payload) const
 {
     if (m_state == State::Running)
         return wrongState("the program runs");
     if (const Reason why = hindrance(); !why.isEmpty())
         return refusedFor(WrongState, why, why.code);
-    Reply reply = m_state == State::Paused ? resume() : runFromTop();
-    if (reply.ok())
-        m_user = user;
-    return reply;
+    const QString key = QStringLiteral("line");
+    if (!childAt(payload, key).isValid())
+        return {};
+    Reply wanted = checked(payload, {integer("line", 1, int(m_lines.size()))}, Missing::Refused);
+    if (wanted.ok())
+        wanted.value = childAt(wanted.value, key).toInt() - 1;
+    return wanted;
 }
 
 Reason Program::hindrance() const
@@ -106,30 +142,50 @@ Reason Program::hindrance() const
     return m_surroundings.switches.fault ? Reason{QStringLiteral("cell_fault")} : Reason{};
 }
 
-Reply Program::runFromTop()
+// What was paused is over then.
+Reply Program::takeRobot()
 {
     if (m_name.isEmpty())
         return wrongState("no program is loaded");
-    Reply reply = prepareStage();
+    if (m_state == State::Paused)
+        stop();
+    Reply reply = setStage();
+    return reply.ok() ? m_stage.robot.seize() : reply;
+}
+
+Reply Program::runFrom(size_t line)
+{
+    Reply reply = takeRobot();
     if (reply.ok())
-        reply = m_stage.robot.seize();
+        reply = setWeave(line);
     if (!reply.ok())
         return reply;
     m_stage.weld.abandon();
     m_stage.weld.resetTally();
     m_stage.seamLength = 0;
+    m_seams = int(std::count_if(
+        m_lines.begin() + std::ptrdiff_t(line), m_lines.end(),
+        [](const tl::ParsedLine &each) { return each.word.text == QLatin1String("ArcOn"); }));
     m_alarms.forgetRun();
-    m_next = 0;
+    forget();
+    m_next = line;
     m_line = 0;
     m_ignored = 0;
     m_message.clear();
     m_result = result({});
-    m_instruction.reset();
     setState(State::Running);
     return {};
 }
 
-Reply Program::prepareStage()
+void Program::forget()
+{
+    m_instruction.reset();
+    m_plan.clear();
+    m_done.clear();
+    m_goesBack = false;
+}
+
+Reply Program::setStage()
 {
     Reply mode = m_context.load(names::weldMode);
     Reply running = m_context.load(names::runningParam);
@@ -139,16 +195,32 @@ Reply Program::prepareStage()
     const bool real = m_mode == QLatin1String(schema::weldmode::real);
     const bool tests = !real && m_mode != QLatin1String(schema::weldmode::simulation);
     const QVariant speed = childAt(running.value, QStringLiteral("test_run_speed"));
-    m_stage.weave.reset();
     m_stage.dry = !real;
     m_stage.arc = real ? Weld::Arc::Real : tests ? Weld::Arc::None : Weld::Arc::Simulated;
     m_stage.dryRunSpeed = tests ? (speed.isValid() ? speed.toDouble() : defaultDryRunSpeed) : 0;
+    m_isDry = false;
     return {};
+}
+
+// What the lines before @p line leave switched on.
+Reply Program::setWeave(size_t line)
+{
+    QString file;
+    for (size_t i = 0; i < line; ++i) {
+        if (m_lines[i].is(tl::Word::WeaveOn) && m_lines[i].problems.isEmpty())
+            file = *m_lines[i].files[0];
+        else if (m_lines[i].is(tl::Word::WeaveOff))
+            file.clear();
+    }
+    m_stage.weave.reset();
+    return file.isEmpty() ? Reply{} : readWeave(m_context, file, &m_stage.weave);
 }
 
 Reply Program::resume()
 {
-    Reply reply = m_instruction ? m_instruction->resume(m_stage) : Reply{};
+    Reply reply = m_isDry ? setStage() : Reply{};
+    if (reply.ok() && m_instruction)
+        reply = m_instruction->resume(m_stage);
     if (!reply.ok())
         return reply;
     m_stage.weld.resume();
@@ -197,26 +269,50 @@ void Program::stepInstruction()
     const std::optional<Reply> ended = m_instruction->step(m_stage);
     if (!ended)
         return;
-    m_instruction.reset();
     if (!ended->ok())
-        fail(*ended);
+        return fail(*ended);
+    if (!std::exchange(m_goesBack, false))
+        m_done.push_back({m_stage.line, m_instruction->undo(), m_weaveBefore});
+    if (m_done.size() > stepsKept)
+        m_done.pop_front();
+    m_instruction.reset();
+    endLine();
 }
 
 void Program::beginNext()
 {
-    while (m_next < m_lines.size() && !m_lines[m_next].hasCode())
-        ++m_next;
+    if (!m_plan.empty()) {
+        PlannedStep step = std::move(m_plan.front());
+        m_plan.pop_front();
+        return beginLine(step.line, std::move(step.instruction));
+    }
+    m_next = nextCode(m_next);
     if (m_next == m_lines.size())
         return finish();
-    const tl::ParsedLine &line = m_lines[m_next++];
-    m_line = int(m_next);
+    const size_t line = m_next++;
+    beginLine(line, nullptr);
+}
+
+size_t Program::nextCode(size_t line) const
+{
+    while (line < m_lines.size() && !m_lines[line].hasCode())
+        ++line;
+    return line;
+}
+
+void Program::beginLine(size_t index, std::unique_ptr<ProgramInstruction> instruction)
+{
+    const tl::ParsedLine &line = m_lines[index];
+    m_stage.line = index;
+    m_line = int(index) + 1;
+    m_weaveBefore = m_stage.weave;
     m_alarms.setPlace({m_name, m_line, m_user});
     if (!line.instruction)
         return ignore(line, "is unknown");
     if (!line.problems.isEmpty())
         return fail({QStringLiteral("bad_arguments"), {line.word.text}},
                     line.problems.first().english());
-    m_instruction = makeInstruction(line);
+    m_instruction = instruction ? std::move(instruction) : makeInstruction(line);
     if (!m_instruction)
         return ignore(line, "is not carried out");
     const Reply begun = m_instruction->begin(m_stage);
@@ -224,6 +320,18 @@ void Program::beginNext()
         stepInstruction();
     else
         fail(begun);
+}
+
+// After a step the next line is the one that it is at.
+void Program::endLine()
+{
+    if (!m_oneLine)
+        return;
+    m_next = nextCode(m_next);
+    if (m_next == m_lines.size())
+        return finish();
+    m_line = int(m_next) + 1;
+    pause();
 }
 
 void Program::finish()
@@ -243,6 +351,7 @@ void Program::ignore(const tl::ParsedLine &line, const char *why)
     m_message = QStringLiteral("line %1: \"%2\" %3 and was ignored")
                     .arg(QString::number(m_line), line.word.text, QLatin1String(why));
     m_context.record(Event::Message, m_message);
+    endLine();
 }
 
 // In manual mode somebody stands beside the robot, who could not stop it any more.
@@ -276,10 +385,11 @@ void Program::endFor(const QString &text)
 void Program::end(State state, const QString &word, const QString &message)
 {
     m_result = result(word);
+    m_stage.track.breakOff(m_stage.weld.process());
     m_stage.weld.abandon();
     m_stage.wireAndGas.stopProgram();
     m_stage.robot.yield();
-    m_instruction.reset();
+    forget();
     m_message = message;
     m_alarms.setPlace({});
     if (state == State::Idle)
@@ -302,7 +412,21 @@ QVariantMap Program::stateMap() const
             {QStringLiteral("state"), words.at(static_cast<int>(m_state))},
             {QStringLiteral("line"), m_line},
             {QStringLiteral("message"), m_message},
-            {QStringLiteral("result"), m_result}};
+            {QStringLiteral("result"), m_result},
+            {QStringLiteral("reweld"), reweldMap()}};
+}
+
+QVariantMap Program::reweldMap() const
+{
+    const auto told = [](double mm) { return std::round(mm * 10) / 10; };
+    const SeamTrack::Gap *gap = m_stage.track.gap();
+    const bool isOver = m_state == State::Idle || m_state == State::Error;
+    if (!gap || !isOver)
+        return {{QStringLiteral("line"), 0}};
+    const int line = int(gap->legs[gap->legAt(gap->from())].line) + 1;
+    return {{QStringLiteral("line"), line},
+            {QStringLiteral("lost"), told(gap->lost)},
+            {QStringLiteral("from"), told(gap->from())}};
 }
 
 QVariantMap Program::result(const QString &end) const

@@ -39,7 +39,10 @@ public:
 
     Reply begin(ProgramStage &stage) override
     {
-        return stage.weld.openSeam(m_arcOnFile, m_weldFile, stage.arc);
+        Reply reply = stage.weld.openSeam(m_arcOnFile, m_weldFile, stage.arc);
+        if (reply.ok() && stage.arc == Weld::Arc::Real)
+            stage.track.open(stage.line);
+        return reply;
     }
     std::optional<Reply> step(ProgramStage &stage) override
     {
@@ -58,7 +61,13 @@ public:
         : m_file(std::move(file))
     { }
 
-    Reply begin(ProgramStage &stage) override { return stage.weld.closeSeam(m_file); }
+    Reply begin(ProgramStage &stage) override
+    {
+        Reply reply = stage.weld.closeSeam(m_file);
+        if (reply.ok())
+            stage.track.close(stage.line);
+        return reply;
+    }
     std::optional<Reply> step(ProgramStage &stage) override
     {
         return stage.weld.isWelding() ? std::nullopt : std::make_optional<Reply>();
@@ -148,13 +157,11 @@ std::unique_ptr<ProgramInstruction> makeInstruction(const tl::ParsedLine &line)
     case Word::DetectGas:
         return makeGas(line);
     case Word::MoveJ:
-        return makeMove(line, Way::Joint);
     case Word::MoveL:
     case Word::WMoveL:
-        return makeMove(line, Way::Line);
     case Word::MoveC:
     case Word::WMoveC:
-        return makeMove(line, Way::Circle);
+        return makeMove(line);
     case Word::SegOn:
     case Word::SegOff:
         break; // nobody offers them

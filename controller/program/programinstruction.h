@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "controller/core/request.h"
-#include "controller/welding/weave.h"
+#include "controller/program/seamtrack.h"
 #include "controller/welding/weld.h"
 #include "tl/parsedline.h"
 
@@ -27,6 +27,8 @@ struct ProgramStage
     std::optional<Weave> weave = {}; ///< for the moves to come
     double speed = 0; ///< of the torch in the present millisecond, mm/s
     double seamLength = 0; ///< of the moves along seams so far, mm
+    size_t line = 0; ///< that is being carried out, from 0
+    SeamTrack track = {};
 };
 
 /// A line of a program that is being carried out, a millisecond at a time.
@@ -42,14 +44,19 @@ public:
     /// The program pauses: what moves stops, until resume().
     virtual void pause(ProgramStage &) { }
     virtual Reply resume(ProgramStage &) { return {}; }
+    /// What brings the robot back to where it was before; null where nothing moved.
+    virtual std::unique_ptr<ProgramInstruction> undo() const { return nullptr; }
 };
 
 /// What carries out a line that has an instruction and no problems; null for an instruction that is
 /// not carried out.
 std::unique_ptr<ProgramInstruction> makeInstruction(const tl::ParsedLine &line);
-enum class Way { Joint, Line, Circle };
 /// A move; part of makeInstruction().
-std::unique_ptr<ProgramInstruction> makeMove(const tl::ParsedLine &line, Way way);
+std::unique_ptr<ProgramInstruction> makeMove(const tl::ParsedLine &line);
+/// The same move of an earlier run, from @p way mm of it on, to its end or @p until.
+std::unique_ptr<ProgramInstruction> makeMoveOn(const tl::ParsedLine &line,
+                                               const SeamTrack::Leg &leg, double way,
+                                               std::optional<double> until);
 
 /// The weave file, or nothing for "no weave".
 Reply readWeave(const ControllerContext &context, const QString &file, std::optional<Weave> *weave);

@@ -1,8 +1,9 @@
 #include <algorithm>
 
+#include "controller/core/reason.h"
+#include "controller/program/moveplan.h"
 #include "controller/program/programinstruction.h"
-#include "controller/program/programpath.h"
-#include "controller/robot/projectdata.h"
+#include "controller/program/travel.h"
 #include "controller/robot/robot.h"
 #include "controller/welding/weld.h"
 
@@ -23,91 +24,56 @@ public:
 
     Reply begin(ProgramStage &stage) override;
     std::optional<Reply> step(ProgramStage &stage) override;
+    std::unique_ptr<ProgramInstruction> undo() const override;
 
-private:
-    Reply plan(const ProgramStage &stage);
-    Reply target(const ProjectData &project, const tl::PointExpression &point, Frame *frame) const;
-    double wantedSpeed(const ProgramStage &stage) const;
-    double goBack(ProgramStage &stage);
-    Reply place(ProgramStage &stage);
+protected:
+    Reply setOut(ProgramStage &stage, const SeamTrack::Leg &leg, double way, double until);
 
     tl::ParsedLine m_line;
     Way m_way;
     bool m_welds;
     double m_speed = 0; // mm/s
-    std::unique_ptr<ProgramPath> m_path;
+
+private:
+    double wantedSpeed(const ProgramStage &stage) const;
+    double goBack(ProgramStage &stage);
+    Reply place(ProgramStage &stage);
+
+    std::shared_ptr<const ProgramPath> m_path;
     std::optional<Weave> m_weave;
     double m_gone = 0; // mm of the path
+    double m_until = 0; // there it ends
     int m_ms = 0;
     std::optional<double> m_back; // where the torch goes back to
 };
 
 Reply Move::begin(ProgramStage &stage)
 {
-    const ProjectData project(stage.context);
-    Reply reply = project.speed(m_line.speed->text, &m_speed);
-    if (reply.ok())
-        reply = project.zone(m_line.zone->text);
-    if (reply.ok())
-        reply = plan(stage);
-    if (reply.ok() && stage.weld.hasSeam())
-        stage.seamLength += m_path->length();
-    if (!reply.ok() || !m_welds)
-        return reply;
-    m_weave = stage.weave;
-    const QString file = m_line.weaveFile();
-    return file.isEmpty() ? reply : readWeave(stage.context, file, &m_weave);
-}
-
-Reply Move::plan(const ProgramStage &stage)
-{
-    const ProjectData project(stage.context);
-    const Joints present = stage.robot.joints();
-    Frame tool, to, by;
-    Reply reply = project.toolTip(m_line.tool->text, &tool);
-    if (reply.ok())
-        reply = target(project, m_line.target->reading.point, &to);
-    if (reply.ok() && m_way == Way::Circle)
-        reply = target(project, m_line.aux->reading.point, &by);
-    if (!reply.ok())
-        return reply;
-    const Frame from = arm::forward(present) * tool;
-    const auto end = arm::inverse(to * tool.inverse(), present);
-    if (m_way == Way::Circle)
-        m_path = ProgramPath::circle(from, by.translation(), to, tool);
-    else if (m_way == Way::Line)
-        m_path = ProgramPath::line(from, to, tool);
-    else if (end)
-        m_path = ProgramPath::joint(present, *end, tool);
-    if (!m_path || !m_path->isPossible(present))
-        return refusedFor(OutOfRange, {QStringLiteral("out_of_reach"), {m_line.target->token.text}},
-                          QStringLiteral("the robot does not get to ") + m_line.target->token.text);
-    return {};
-}
-
-Reply Move::target(const ProjectData &project, const tl::PointExpression &point, Frame *frame) const
-{
-    Frame pose, base;
-    QString workObject;
-    Reply reply = project.point(point.name, &pose, &workObject);
-    if (m_line.wobj)
-        workObject = m_line.wobj->text;
-    if (reply.ok())
-        reply = project.reference(ProjectData::noFrame, workObject, &base);
-    if (!reply.ok())
-        return reply;
-    const auto &n = point.numbers;
-    switch (point.kind) {
-    case tl::PointExpression::Kind::Plain:
-        break;
-    case tl::PointExpression::Kind::Offs:
-        pose.pretranslate(Eigen::Vector3d(n[0], n[1], n[2]));
-        break;
-    case tl::PointExpression::Kind::RelTool:
-        pose = pose * arm::toFrame({n[0], n[1], n[2], n[3], n[4], n[5]});
-        break;
+    MovePlan plan;
+    Reply reply =
+        MovePlan::make(ProjectData(stage.context), m_line, m_way, stage.robot.joints(), &plan);
+    std::optional<Weave> weave;
+    if (reply.ok() && m_welds) {
+        weave = stage.weave;
+        if (const QString file = m_line.weaveFile(); !file.isEmpty())
+            reply = readWeave(stage.context, file, &weave);
     }
-    *frame = base * pose;
+    if (!reply.ok())
+        return reply;
+    m_speed = plan.speed;
+    if (stage.weld.hasSeam())
+        stage.seamLength += plan.path->length();
+    return setOut(stage, {stage.line, plan.path, plan.tool, weave, 0}, 0, plan.path->length());
+}
+
+Reply Move::setOut(ProgramStage &stage, const SeamTrack::Leg &leg, double way, double until)
+{
+    m_path = leg.path;
+    m_weave = leg.weave;
+    m_gone = way;
+    m_until = until;
+    stage.track.beginLeg(leg);
+    stage.track.setWay(m_gone);
     return {};
 }
 
@@ -117,10 +83,11 @@ std::optional<Reply> Move::step(ProgramStage &stage)
         stage.speed = goBack(stage);
     else if (!stage.weld.holdsTorch())
         stage.speed = wantedSpeed(stage);
-    m_gone = std::min(m_path->length(), m_gone + stage.speed / 1000);
+    m_gone = std::min(m_until, m_gone + stage.speed / 1000);
     ++m_ms;
+    stage.track.setWay(m_gone);
     Reply placed = place(stage);
-    if (!placed.ok() || (m_gone >= m_path->length() && !stage.weld.holdsTorch()))
+    if (!placed.ok() || (m_gone >= m_until && !stage.weld.holdsTorch()))
         return placed;
     return {};
 }
@@ -148,7 +115,7 @@ double Move::goBack(ProgramStage &stage)
 
 Reply Move::place(ProgramStage &stage)
 {
-    const bool atEnd = m_gone >= m_path->length();
+    const bool atEnd = m_gone >= m_until;
     const double aside = m_weave && !atEnd ? m_weave->aside(m_gone, m_ms) : 0;
     const auto joints = m_path->at(m_gone, stage.robot.joints(), aside);
     if (!joints)
@@ -158,11 +125,45 @@ Reply Move::place(ProgramStage &stage)
     return {};
 }
 
+std::unique_ptr<ProgramInstruction> Move::undo() const
+{
+    return makeTravelBack(m_path, m_gone, m_speed);
+}
+
+/// The rest of a move that was begun in an earlier run, or a part of it.
+class MoveOn : public Move
+{
+public:
+    MoveOn(tl::ParsedLine line, SeamTrack::Leg leg, double way, std::optional<double> until)
+        : Move(std::move(line), Way::Line)
+        , m_leg(std::move(leg))
+        , m_from(way)
+        , m_to(until.value_or(m_leg.path->length()))
+    { }
+
+    Reply begin(ProgramStage &stage) override
+    {
+        const Reply reply = ProjectData(stage.context).speed(m_line.speed->text, &m_speed);
+        return reply.ok() ? setOut(stage, m_leg, m_from, m_to) : reply;
+    }
+
+private:
+    SeamTrack::Leg m_leg;
+    double m_from, m_to;
+};
+
 } // namespace
 
-std::unique_ptr<ProgramInstruction> makeMove(const tl::ParsedLine &line, Way way)
+std::unique_ptr<ProgramInstruction> makeMove(const tl::ParsedLine &line)
 {
-    return std::make_unique<Move>(line, way);
+    return std::make_unique<Move>(line, *wayOf(line.instruction->word));
+}
+
+std::unique_ptr<ProgramInstruction> makeMoveOn(const tl::ParsedLine &line,
+                                               const SeamTrack::Leg &leg, double way,
+                                               std::optional<double> until)
+{
+    return std::make_unique<MoveOn>(line, leg, way, until);
 }
 
 } // namespace welmo::controller

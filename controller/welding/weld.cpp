@@ -1,6 +1,7 @@
 #include "controller/welding/weld.h"
 
 #include <cmath>
+#include <utility>
 
 #include "controller/core/fields.h"
 #include "controller/files/parameterfiles.h"
@@ -101,7 +102,7 @@ Reply Weld::openSeam(const QString &arcOnFile, const QString &weldFile, Arc arc)
     m_weldFile = weldFile;
     m_arcOffFile.clear();
     m_alarm = {};
-    m_counted = false;
+    m_counted = m_again.has_value() && arc != Arc::None;
     m_seam = ArcWeld::from(weld.value.toMap());
     m_seamPlace = m_alarms.place();
     m_arc = arc;
@@ -189,7 +190,10 @@ void Weld::count(double distanceBefore)
     if (!isBusy())
         return;
     m_tally.welded += m_process.arc().distance() - distanceBefore;
-    if (m_process.phase() == Phase::Welding && !std::exchange(m_counted, true))
+    if (m_process.phase() != Phase::Welding)
+        return;
+    m_tally.welded -= std::exchange(m_again, std::nullopt).value_or(0);
+    if (!std::exchange(m_counted, true))
         ++m_tally.seams;
 }
 

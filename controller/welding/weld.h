@@ -58,6 +58,8 @@ public:
     const Reason &alarm() const { return m_alarm; }
     const Tally &tally() const { return m_tally; }
     void resetTally() { m_tally = {}; }
+    /// The next seam was begun before, and @p mm of it are welded twice: the tally leaves both out.
+    void expectAgain(double mm) { m_again = mm; }
     /// The phase in the contract's words.
     QString phaseWord() const;
     /// The file in use in the present phase, or last.
@@ -91,6 +93,7 @@ private:
     Reason m_alarm;
     Tally m_tally;
     bool m_counted = false; // the open seam, in the tally
+    std::optional<double> m_again; // mm of the next seam that are welded twice
     WeldProcess::Phase m_noted = WeldProcess::Phase::Idle;
     bool m_notedMissing = false;
 };

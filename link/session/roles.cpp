@@ -39,6 +39,8 @@ const QVector<Row> &table()
         {Kind::Command, names::setWeldMode, {Role::Operator, true}},
         {Kind::Command, names::enableWeldParam, {Role::Operator, true}},
         {Kind::Command, names::runProgram, {Role::Operator, true}},
+        {Kind::Command, names::stepProgram, {Role::Operator, true}},
+        {Kind::Command, names::reweldProgram, {Role::Operator, true}},
         {Kind::Command, names::moveToPoint, {Role::Operator, true}},
         {Kind::Set, names::runningParam, {Role::Operator, true}},
         {Kind::Set, names::toolPage, {Role::Operator, true}},

@@ -1308,10 +1308,6 @@ From: %2</source>
         <translation>%1 正在运行，第 %2 行</translation>
     </message>
     <message>
-        <source>%1 is paused in line %2</source>
-        <translation>%1 已暂停在第 %2 行</translation>
-    </message>
-    <message>
         <source>The controller did not start the program (%1)</source>
         <translation>控制器未启动程序（%1）</translation>
     </message>
@@ -1330,6 +1326,18 @@ From: %2</source>
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1 is paused at line %2</source>
+        <translation>%1 暂停在第 %2 行</translation>
+    </message>
+    <message>
+        <source>The controller made no step (%1)</source>
+        <translation>控制器未执行单步（%1）</translation>
+    </message>
+    <message>
+        <source>The controller did not weld again (%1)</source>
+        <translation>控制器未执行补焊（%1）</translation>
     </message>
 </context>
 <context>
@@ -1435,6 +1443,33 @@ From: %2</source>
     <message>
         <source>Enter</source>
         <translation>确认</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::StepBar</name>
+    <message>
+        <source>Run from here</source>
+        <translation>从此行运行</translation>
+    </message>
+    <message>
+        <source>Step back</source>
+        <translation>单步后退</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>单步</translation>
+    </message>
+    <message>
+        <source>Within a seam there is no arc until the next ArcOn</source>
+        <translation>在焊缝中间开始时，到下一个 ArcOn 之前不起弧</translation>
+    </message>
+    <message>
+        <source>One line, without an arc</source>
+        <translation>只执行一行，不起弧</translation>
+    </message>
+    <message>
+        <source>Re-weld from %1 mm</source>
+        <translation>从 %1 mm 处补焊</translation>
     </message>
 </context>
 </TS>

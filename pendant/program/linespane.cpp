@@ -74,6 +74,11 @@ QLayout *LinesPane::makeFoot()
     return foot;
 }
 
+int LinesPane::line() const
+{
+    return m_list->line();
+}
+
 void LinesPane::setLine(int line)
 {
     m_list->setLine(line);

@@ -23,6 +23,7 @@ class LinesPane : public QFrame
 public:
     LinesPane(ProgramDocument *document, ProgramCheck *check, ProgramRun *run, QWidget *parent);
 
+    int line() const;
     void setLine(int line);
 
 signals:

@@ -16,6 +16,7 @@
 #include "pendant/program/runbar.h"
 #include "pendant/program/runcheckpane.h"
 #include "pendant/state/cell.h"
+#include "pendant/program/stepbar.h"
 #include "pendant/theme/look.h"
 #include "schema/weldmode.h"
 
@@ -46,7 +47,12 @@ ProgramPage::ProgramPage(ProgramDocument *document, const Cell *cell, tessa::Mes
     m_state->setObjectName(QStringLiteral("lblRunState"));
     m_state->setTextFormat(Qt::PlainText);
     m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    body()->addWidget(m_state);
+    m_steps = new StepBar(
+        document, m_run, [this] { return m_lines->line(); }, m_lines);
+    auto *runRow = new QHBoxLayout;
+    runRow->addWidget(m_state, 1);
+    runRow->addWidget(m_steps);
+    body()->addLayout(runRow);
     auto *row = new QHBoxLayout;
     row->setSpacing(12);
     row->addWidget(makePanes(), 1);
@@ -169,6 +175,7 @@ void ProgramPage::showPane(QWidget *pane)
     m_bar->setEnabled(pane == m_lines);
     m_runBar->setStartable(pane == m_lines);
     emit roomWanted(pane == m_form);
+    m_steps->setStartable(pane == m_lines);
     makeRoom();
     if (pane == m_lines)
         m_lines->setFocus();
@@ -181,6 +188,7 @@ void ProgramPage::makeRoom()
     m_log->setVisible(!hasForm && width() >= widthForLog);
     m_top->setVisible(!hasForm || m_run->isUnderWay());
     m_state->setVisible(m_top->isVisibleTo(this));
+    m_steps->setVisible(m_top->isVisibleTo(this));
 }
 
 void ProgramPage::runExample(const QString &name)

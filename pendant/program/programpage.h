@@ -22,6 +22,7 @@ class ProgramDocument;
 class ProgramRun;
 class RunBar;
 class RunCheckPane;
+class StepBar;
 
 /// The program editor: the lines, the forms of their instructions, the files, and running it, with
 /// the message log beside.
@@ -76,6 +77,7 @@ private:
     QWidget *m_top = nullptr;
     QWidget *m_bar = nullptr;
     RunBar *m_runBar = nullptr;
+    StepBar *m_steps = nullptr;
     QLabel *m_state = nullptr;
     QWidget *m_log = nullptr;
     int m_line = 0; // that the form is for

@@ -67,6 +67,7 @@ void ProgramRun::follow(const QVariant &values)
     take("line", m_line);
     take("message", m_message);
     take("result", m_result);
+    take("reweld", m_reweld);
     if (!word.isEmpty()) {
         m_state = stateNamed(word);
         m_wasUnderWay = false;
@@ -77,8 +78,19 @@ void ProgramRun::follow(const QVariant &values)
 int ProgramRun::line() const
 {
     const bool isThere = isUnderWay() || m_state == State::Failed;
-    const bool isOurs = m_document->isSent() && m_document->title() == m_name;
-    return isThere && isOurs ? m_line - 1 : -1;
+    return isThere && isOurs() ? m_line - 1 : -1;
+}
+
+bool ProgramRun::isOurs() const
+{
+    return m_document->isSent() && m_document->title() == m_name;
+}
+
+QString ProgramRun::reweldPlace() const
+{
+    if (!isOurs() || m_reweld.value(QStringLiteral("line")).toInt() == 0)
+        return {};
+    return QString::number(m_reweld.value(QStringLiteral("from")).toDouble(), 'f', 1);
 }
 
 QString ProgramRun::text() const
@@ -93,7 +105,7 @@ QString ProgramRun::text() const
     case State::Running:
         return tr("%1 runs, line %2").arg(m_name).arg(m_line);
     case State::Paused:
-        return tr("%1 is paused in line %2").arg(m_name).arg(m_line);
+        return tr("%1 is paused at line %2").arg(m_name).arg(m_line);
     case State::Failed:
         return tr("%1: %2").arg(m_name, runResultText(m_result));
     }
@@ -102,16 +114,54 @@ QString ProgramRun::text() const
 
 void ProgramRun::start()
 {
-    const QString failure = tr("The controller did not start the program (%1)");
-    if (m_state != State::Paused) {
-        const QVariantMap program{
-            {QStringLiteral("name"), m_document->title()},
-            {QStringLiteral("text"), QString::fromUtf8(m_document->text().toBytes())}};
-        if (!send(names::loadProgram, program, tr("The controller did not take the program (%1)")))
-            return;
-        m_document->setSent();
-    }
-    send(names::runProgram, {}, failure);
+    if (m_state == State::Paused || load())
+        send(names::runProgram, {}, tr("The controller did not start the program (%1)"));
+}
+
+void ProgramRun::runFrom(int line)
+{
+    if (m_state == State::Paused)
+        stop();
+    startAt(names::runProgram, line);
+}
+
+void ProgramRun::step(int line)
+{
+    if (m_state == State::Paused)
+        send(names::stepProgram, {}, tr("The controller made no step (%1)"));
+    else
+        startAt(names::stepProgram, line);
+}
+
+void ProgramRun::stepBack()
+{
+    const QVariantMap back{{QStringLiteral("back"), true}};
+    send(names::stepProgram, back, tr("The controller made no step (%1)"));
+}
+
+// Sent first, so that nothing is welded into another program of the same name.
+void ProgramRun::reweld()
+{
+    if (load())
+        send(names::reweldProgram, {}, tr("The controller did not weld again (%1)"));
+}
+
+void ProgramRun::startAt(const QString &command, int line)
+{
+    const QVariantMap from{{QStringLiteral("line"), line + 1}};
+    if (load())
+        send(command, from, tr("The controller did not start the program (%1)"));
+}
+
+bool ProgramRun::load()
+{
+    const QVariantMap program{
+        {QStringLiteral("name"), m_document->title()},
+        {QStringLiteral("text"), QString::fromUtf8(m_document->text().toBytes())}};
+    if (!send(names::loadProgram, program, tr("The controller did not take the program (%1)")))
+        return false;
+    m_document->setSent();
+    return true;
 }
 
 void ProgramRun::pause()

@@ -29,8 +29,18 @@ public:
     /// The state in words for the operator.
     QString text() const;
 
+    /// Where a seam of the shown program can be welded again, in mm with one decimal; empty when
+    /// none can.
+    QString reweldPlace() const;
+
     /// Sends the program as it is shown and starts it, or goes on where it was paused.
     void start();
+    /// The same from @p line, counted from 0, on; what was paused is over.
+    void runFrom(int line);
+    /// One line without an arc: the next one where it is paused, otherwise @p line.
+    void step(int line);
+    void stepBack();
+    void reweld();
     void pause();
     void stop();
 
@@ -38,6 +48,9 @@ signals:
     void changed();
 
 private:
+    bool isOurs() const;
+    bool load();
+    void startAt(const QString &command, int line);
     bool send(const QString &command, const QVariant &value, const QString &failure);
     void reload();
     void follow(const QVariant &values);
@@ -47,6 +60,7 @@ private:
     QString m_name;
     QString m_message;
     QVariantMap m_result;
+    QVariantMap m_reweld;
     int m_line = 0; // counted from 1, 0 for none
     bool m_wasUnderWay = false; // when the link was lost
 };

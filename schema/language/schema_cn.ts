@@ -256,5 +256,13 @@
         <source>the controller refuses: %1</source>
         <translation>控制器拒绝：%1</translation>
     </message>
+    <message>
+        <source>no line was carried out before</source>
+        <translation>前面没有已执行的行</translation>
+    </message>
+    <message>
+        <source>no seam lacks its arc</source>
+        <translation>没有缺弧的焊缝</translation>
+    </message>
 </context>
 </TS>

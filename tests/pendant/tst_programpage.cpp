@@ -179,7 +179,7 @@ private slots:
         QVERIFY(!m_pendant->find("btnInsertLine")->isEnabled());
         QVERIFY(!m_pendant->find("btnOpenProgram")->isEnabled());
         m_pendant->click("btnProgramPause");
-        QTRY_VERIFY(state().startsWith("fillet.tl is paused in line "));
+        QTRY_VERIFY(state().startsWith("fillet.tl is paused at line "));
         m_pendant->click("btnProgramStop");
         QTRY_VERIFY(state().startsWith("Ready (stopped; "));
         QVERIFY(m_pendant->find("btnInsertLine")->isEnabled());

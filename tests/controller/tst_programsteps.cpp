@@ -1,0 +1,218 @@
+#include <QtTest>
+#include <set>
+
+#include "programbench.h"
+
+using namespace welmo::controller;
+using Eigen::Vector3d;
+using Event = Journal::Event;
+
+namespace {
+
+const QStringList twoLegs{"MoveL p3,v1000,fine,torch1,wobj0",
+                          "ArcOn \"arcondata1\",\"arcdata1\"",
+                          "WMoveL Offs(p3,0,40,0),v50,fine,torch1",
+                          "WMoveL Offs(p3,0,100,0),v50,fine,torch1",
+                          "ArcOff \"arcoffdata1\"",
+                          "MoveL p4,v1000,fine,torch1,wobj0"};
+
+/// A bench that notes the millimetres of the seam that an arc burned over.
+struct SeamBench : ProgramBench
+{
+    std::multiset<int> burned;
+
+    void weldOn()
+    {
+        passUntil([this] {
+            const Vector3d way = tip() - p3;
+            const int mm = int(way.y());
+            const bool isSeam = qAbs(way.x()) < 0.01 && qAbs(way.z()) < 0.01;
+            if (isSeam && weldState("phase") == "welding" && weldState("current") != 0
+                && (burned.empty() || mm != last))
+                burned.insert(last = mm);
+            return state("state") != "running" || --limit == 0;
+        });
+    }
+    /// On for so many times 10 ms.
+    void weldFor(int steps)
+    {
+        limit = steps;
+        weldOn();
+        limit = -1;
+    }
+
+private:
+    int last = -1;
+    int limit = -1;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Eigen::Vector3d)
+
+/// Runs that begin in the middle, go line by line, or weld again where the arc was lost.
+class tst_ProgramSteps : public QObject
+{
+    Q_OBJECT
+private slots:
+    void reweld_data()
+    {
+        QTest::addColumn<QStringList>("lines");
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<int>("lostAfter"); // of seam, mm
+        QTest::addColumn<int>("foundAfter"); // mm later, 0 for never
+        QTest::addColumn<int>("line");
+        QTest::addColumn<Vector3d>("end"); // of the torch
+        QTest::addColumn<int>("clear"); // of that, mm
+
+        const Vector3d last = p3 + Vector3d(0, 100, 0);
+        QTest::newRow("the run stopped") << seam << "stop_and_alarm" << 40 << 0 << 3 << last << 0;
+        QTest::newRow("and goes on") << twoLegs << "stop_and_alarm" << 20 << 0 << 3 << p4 << 0;
+        QTest::newRow("the torch went on")
+            << seam << "continue_running" << 40 << 0 << 3 << last << 50;
+        QTest::newRow("back over a corner")
+            << twoLegs << "stop_and_alarm" << 45 << 0 << 3 << p4 << 0;
+        QTest::newRow("gone on over one")
+            << twoLegs << "continue_running" << 30 << 0 << 3 << last << 50;
+        QTest::newRow("in the second move")
+            << twoLegs << "continue_running" << 70 << 0 << 4 << last << 50;
+        QTest::newRow("it came back") << twoLegs << "continue_running" << 25 << 40 << 3
+                                      << Vector3d(p3 + Vector3d(0, 65, 0)) << 50;
+        QTest::newRow("stopped by hand") << seam << "" << 50 << 0 << 3 << last << 0;
+    }
+    void reweld()
+    {
+        QFETCH(QStringList, lines);
+        QFETCH(QString, option);
+        QFETCH(int, lostAfter);
+        QFETCH(int, foundAfter);
+        QFETCH(Vector3d, end);
+        QFETCH(int, clear);
+        SeamBench bench;
+        bench.save("weld_param", ProgramBench::weld(qPrintable(option)));
+        QVERIFY(bench.go(lines).ok());
+        QVERIFY(bench.passUntilPhase("welding"));
+        bench.weldFor(lostAfter * 5); // 20 mm/s
+        if (option.isEmpty())
+            bench.run("tl_program.stop");
+        bench.faults.set(Faults::Fault::ArcBreaks, !option.isEmpty());
+        if (foundAfter > 0) {
+            bench.weldFor(foundAfter * 5);
+            bench.faults.clear();
+        }
+        bench.weldOn();
+        bench.faults.clear();
+
+        const QVariantMap offer = bench.state("reweld").toMap();
+        QTEST(offer["line"].toInt(), "line");
+        const double from = offer["from"].toDouble();
+        QVERIFY(qAbs(offer["lost"].toDouble() - 10 - from) < 0.11);
+        QVERIFY(bench.run("tl_program.reweld").ok());
+        QVERIFY(bench.passUntilPhase("ignition"));
+        QVERIFY(bench.isAt(p3 + Vector3d(0, from, 0), 0.1));
+        bench.weldOn();
+        QCOMPARE(bench.state("message"), QVariant("finished"));
+        QVERIFY(qAbs((bench.tip() - end).norm() - clear) < 0.5);
+        for (int mm = 0; mm < 100; ++mm)
+            QVERIFY2(bench.burned.count(mm) > 0, qPrintable(QString::number(mm)));
+        QVERIFY(bench.burned.size() < 100 + 10 + 5);
+        const QVariantMap sum = bench.state("result").toMap();
+        QVERIFY(qAbs(sum["welded"].toDouble() - 100) < 1);
+        QCOMPARE(sum["seams"].toInt(), 1);
+        QCOMPARE(bench.state("reweld").toMap()["line"].toInt(), 0);
+        QCOMPARE(bench.run("tl_program.reweld").code, int(WrongState));
+    }
+    void whatFailsCanBeTriedAgain()
+    {
+        ProgramBench bench;
+        bench.save("weld_param", ProgramBench::weld("stop_and_alarm"));
+        QVERIFY(bench.goWelding(2000));
+        bench.faults.set(Faults::Fault::ArcBreaks, true);
+        bench.finish();
+        const QVariant offer = bench.state("reweld");
+        QVERIFY(bench.run("tl_program.reweld").ok());
+        bench.finish();
+        QCOMPARE(bench.state("state"), QVariant("error"));
+        QCOMPARE(bench.state("reweld"), offer);
+        bench.faults.clear();
+        QVERIFY(bench.run("tl_program.reweld").ok());
+        bench.finish();
+        QCOMPARE(bench.state("message"), QVariant("finished"));
+    }
+    void steps()
+    {
+        ProgramBench bench;
+        bench.endOf({}); // real mode
+        bench.run("tl_program.load",
+                  QVariantMap{{"name", "test"}, {"text", twoLegs.join("\n//\n")}});
+        const auto step = [&](const QVariantMap &how = {}) {
+            const bool good = bench.run("tl_program.step", how).ok();
+            bench.finish();
+            return good;
+        };
+        const auto isBefore = [&](int line, const Vector3d &place) {
+            return bench.state("line") == line && bench.state("state") == "paused"
+                && bench.isAt(place);
+        };
+        const Vector3d corner = p3 + Vector3d(0, 40, 0);
+        const QVariantMap back{{"back", true}};
+        QVERIFY(!step(back));
+        QVERIFY(step() && isBefore(3, p3));
+        QVERIFY(step() && isBefore(5, p3)); // comments count for nothing
+        QVERIFY(step() && isBefore(7, corner));
+        QVERIFY(step(back) && isBefore(5, p3));
+        QVERIFY(step(back) && isBefore(3, p3));
+        QVERIFY(step(back) && isBefore(1, p1));
+        QVERIFY(!step(back));
+        QVERIFY(step() && step() && step() && isBefore(7, corner));
+        QVERIFY(!bench.events().contains(Event::Weld));
+        // A seam that was stepped into stays without an arc.
+        QVERIFY(bench.run("tl_program.run").ok());
+        bench.finish();
+        QVERIFY(!bench.events().contains(Event::Weld));
+        QVERIFY(step({{"line", 1}}) && isBefore(3, p3));
+        QVERIFY(bench.run("tl_program.run").ok());
+        QVERIFY(bench.passUntilPhase("welding"));
+        // A step ends the arc where it is.
+        bench.pass(500);
+        QVERIFY(bench.run("tl_program.pause").ok());
+        bench.pass(1000);
+        bench.told.clear();
+        QVERIFY(step() && isBefore(7, corner));
+        QCOMPARE(bench.toldValues("arc_weld.welder_state", "phase"), QVariantList());
+        QVERIFY(step() && step() && step());
+        QCOMPARE(bench.state("state"), QVariant("idle"));
+    }
+    void fromALine_data()
+    {
+        QTest::addColumn<int>("line");
+        QTest::addColumn<bool>("welds");
+        QTest::addColumn<bool>("runs");
+
+        QTest::newRow("the seam's start") << 2 << true << true;
+        QTest::newRow("within it") << 4 << false << true;
+        QTest::newRow("the last") << 6 << false << true;
+        QTest::newRow("beyond") << 7 << false << false;
+        QTest::newRow("none") << 0 << false << false;
+    }
+    void fromALine()
+    {
+        QFETCH(int, line);
+        QFETCH(bool, runs);
+        ProgramBench bench;
+        bench.go(twoLegs);
+        bench.run("tl_program.stop");
+        bench.told.clear();
+        const QVariantMap from{{"line", line}};
+        QCOMPARE(bench.run("tl_program.run", from).ok(), runs);
+        bench.finish();
+        QCOMPARE(bench.isAt(p4), runs);
+        QTEST(!bench.toldValues("arc_weld.welder_state", "phase").isEmpty(), "welds");
+        const QVariantList lines = bench.toldValues("tl_program.state", "line");
+        QCOMPARE(lines.contains(from["line"]), runs);
+        QVERIFY(!lines.contains(1));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ProgramSteps)
+#include "tst_programsteps.moc"
