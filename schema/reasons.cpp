@@ -65,4 +65,20 @@ QString reasonText(const QString &code, const QVariantList &arguments)
     return text;
 }
 
+QString codeText(int code)
+{
+    if (code < 0)
+        return QCoreApplication::translate("Reasons", "the controller was not reached");
+    switch (code) {
+    case 7:
+        return QCoreApplication::translate("Reasons", "not in its present state (7)");
+    case 12:
+        return QCoreApplication::translate("Reasons", "another pendant holds control (12)");
+    case 13:
+        return QCoreApplication::translate("Reasons", "the user may not do that (13)");
+    default:
+        return QCoreApplication::translate("Reasons", "code %1").arg(code);
+    }
+}
+
 } // namespace welmo::schema

@@ -9,4 +9,7 @@ namespace welmo::schema {
 /// code itself.
 QString reasonText(const QString &code, const QVariantList &arguments);
 
+/// What the controller's or the link's result code says when no reason came with it.
+QString codeText(int code);
+
 } // namespace welmo::schema

@@ -26,18 +26,12 @@ QVariantList itemsOf(const QVariant &list)
     return list.userType() == QMetaType::QVariantMap ? list.toMap().values() : list.toList();
 }
 
-const QString &weldFiles()
-{
-    static const QString path = names::arcWeldPrefix + QStringLiteral("weld_param");
-    return path;
-}
-
-std::optional<double> setValue(const kelp::ModuleObject *file, const char *mode, const char *word,
+std::optional<double> setValue(const QVariantMap &file, const char *mode, const char *word,
                                const char *key)
 {
-    const bool absolute = file->r(QString::fromLatin1(mode))->getString() == QLatin1String(word);
-    const kelp::ModuleObject *leaf = file->r(QString::fromLatin1(key));
-    return absolute && !leaf->isMissing() ? std::optional<double>(leaf->getDouble()) : std::nullopt;
+    const bool absolute = file.value(QLatin1String(mode)) == QLatin1String(word);
+    const QVariant value = file.value(QLatin1String(key));
+    return absolute && value.isValid() ? std::optional<double>(value.toDouble()) : std::nullopt;
 }
 
 } // namespace
@@ -55,14 +49,17 @@ QString bandTitle(const QString &band)
     return title ? Bookkeeper::tr(title) : band;
 }
 
-Bookkeeper::Bookkeeper(const QString &folder, QObject *parent)
+Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QObject *parent)
     : QObject(parent)
     , m_file(QDir(folder).filePath(QStringLiteral("weldbook.db")))
+    , m_programsFolder(programsFolder)
     , m_keeping(std::make_unique<BookThread>(m_file, Database::ReadWrite))
     , m_recorder(nullptr)
 {
     setObjectName(QStringLiteral("weldbook")); // who speaks in the message log
     m_writer = std::make_unique<SeamWriter>(m_keeping.get());
+    m_files = std::make_unique<FileWatch>(m_keeping.get());
+    connect(m_files.get(), &FileWatch::failed, this, &Bookkeeper::warn);
     m_recorder = SeamRecorder(m_writer.get());
     m_recorder.limitsOf = [this](const QString &file) { return limits(file); };
     m_recorder.fileInUse = [this](const QString &file) { return fileInUse(file); };
@@ -79,6 +76,9 @@ Bookkeeper::Bookkeeper(const QString &folder, QObject *parent)
         if (interrupted > 0)
             warn(tr("%1 records were closed as interrupted: the recorder had ended")
                      .arg(interrupted));
+        m_keeping->ask(
+            this, [](SeamBook &book) { return FileHistory(book.database()).newest(); },
+            [this](const QVector<FileVersion> &newest) { m_files->load(newest); });
         m_keeping->ask(
             this, [](SeamBook &book) { return book.allLimits(); },
             [this](const QVector<Limits> &all) {
@@ -117,7 +117,6 @@ void Bookkeeper::start()
         if (news.contains(entriesKey))
             m_recorder.tellAlarms(news.value(entriesKey).toList());
     });
-    follow(weldFiles(), [](const QVariantMap &) {});
 
     kelp::ModuleObject *connected = xservice()->mobj()->c(QStringLiteral("connected"), true);
     connected->watch();
@@ -143,8 +142,9 @@ void Bookkeeper::follow(const QString &path, const Handler &handler)
 void Bookkeeper::listen()
 {
     for (const QString &path :
-         {names::welderState, names::weldMode, names::programState, names::alarms, weldFiles()})
+         {names::welderState, names::weldMode, names::programState, names::alarms})
         xservice()->watch(this, path, true);
+    m_files->listen();
     m_recorder.setMode(read(names::weldMode).value(QStringLiteral("mode")).toString());
     m_recorder.tellProgram(read(names::programState));
     m_recorder.tellAlarms(itemsOf(read(names::alarms).value(entriesKey)));
@@ -183,11 +183,12 @@ void Bookkeeper::tidyUp()
 
 FileInUse Bookkeeper::fileInUse(const QString &file) const
 {
-    const kelp::ModuleObject *data = xservice()->watchNode(weldFiles())->r(file);
+    const QVariantMap content = m_files->files().value(file).toMap();
     FileInUse use;
-    use.current = setValue(data, "current_mode", "current", "current");
-    use.voltage = setValue(data, "voltage_mode", "separate", "voltage");
-    const double speed = data->r(QStringLiteral("weld_speed"))->getDouble();
+    use.version = m_files->version(file);
+    use.current = setValue(content, "current_mode", "current", "current");
+    use.voltage = setValue(content, "voltage_mode", "separate", "voltage");
+    const double speed = content.value(QStringLiteral("weld_speed")).toDouble();
     if (speed > 0) // 0 leaves it to the program
         use.speed = speed;
     return use;
@@ -215,6 +216,16 @@ void Bookkeeper::warn(const QString &line)
 {
     tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("warning"),
                                                tr("weld book: %1").arg(line));
+}
+
+void Bookkeeper::tellInfo(const QString &line)
+{
+    tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("info"), line);
+}
+
+void Bookkeeper::tellError(const QString &line)
+{
+    tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("error"), line);
 }
 
 void Bookkeeper::tellLimitLeft(const QString &band, double value, const Seam &seam)

@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <memory>
 
+#include "book/keeper/cellwriter.h"
+#include "book/keeper/filewatch.h"
 #include "book/records/bookthread.h"
 #include "book/records/seamrecorder.h"
 #include "book/records/seamwriter.h"
@@ -17,8 +19,9 @@ class Bookkeeper : public QObject
 {
     Q_OBJECT
 public:
-    /// The book lies in @p folder, which is made when missing.
-    explicit Bookkeeper(const QString &folder, QObject *parent = nullptr);
+    /// The book lies in @p folder, which is made when missing; programs are looked for in @p
+    /// programsFolder.
+    Bookkeeper(const QString &folder, const QString &programsFolder, QObject *parent = nullptr);
     ~Bookkeeper() override;
 
     /// Begins to listen, now or as soon as there is a controller.
@@ -33,11 +36,18 @@ public:
         if (m_reader)
             m_reader->ask(context, work, then);
     }
+    const FileWatch &files() const { return *m_files; }
+    CellWriter &cell() { return m_cell; }
+    QString programsFolder() const { return m_programsFolder; }
     const SeamRecorder &recorder() const { return m_recorder; }
 
     Limits limits(const QString &file) const;
     /// In force from the next seam on, and kept.
     void setLimits(const Limits &limits);
+
+    /// A line for the message log.
+    void tellInfo(const QString &line);
+    void tellError(const QString &line);
 
 signals:
     /// There is a new record, or one changed.
@@ -59,11 +69,14 @@ private:
     void tellLimitLeft(const QString &band, double value, const Seam &seam);
 
     const QString m_file;
+    const QString m_programsFolder;
     // Goes after the threads, whose last jobs speak through it.
     std::unique_ptr<SeamWriter> m_writer;
+    std::unique_ptr<FileWatch> m_files;
     std::unique_ptr<BookThread> m_keeping;
     std::unique_ptr<BookThread> m_reader;
     SeamRecorder m_recorder;
+    CellWriter m_cell;
     QHash<QString, Limits> m_limits;
     QTimer m_ticks;
     QTimer m_tidying;

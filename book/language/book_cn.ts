@@ -22,6 +22,10 @@
         <source>Trend</source>
         <translation>趋势</translation>
     </message>
+    <message>
+        <source>Files</source>
+        <translation>文件</translation>
+    </message>
 </context>
 <context>
     <name>welmo::book::Bookkeeper</name>
@@ -67,6 +71,21 @@
     </message>
 </context>
 <context>
+    <name>welmo::book::CellWriter</name>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>无法读取 %1</translation>
+    </message>
+    <message>
+        <source>; what was written before could not be put back (%1)</source>
+        <translation>；此前写入的内容无法恢复（%1）</translation>
+    </message>
+    <message>
+        <source>%1 was changed since, so it is left as it is</source>
+        <translation>%1 此后已被修改，保持不变</translation>
+    </message>
+</context>
+<context>
     <name>welmo::book::Database</name>
     <message>
         <source>there is no such file</source>
@@ -95,6 +114,410 @@
     <message>
         <source>cannot be written (%1)</source>
         <translation>无法写入（%1）</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::FieldWords</name>
+    <message>
+        <source>Annotation</source>
+        <translation>注释</translation>
+    </message>
+    <message>
+        <source>Work mode</source>
+        <translation>工作模式</translation>
+    </message>
+    <message>
+        <source>Current mode</source>
+        <translation>电流模式</translation>
+    </message>
+    <message>
+        <source>Voltage mode</source>
+        <translation>电压模式</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>Voltage</source>
+        <translation>电压</translation>
+    </message>
+    <message>
+        <source>Hold time</source>
+        <translation>保持时间</translation>
+    </message>
+    <message>
+        <source>Detection time</source>
+        <translation>检测时间</translation>
+    </message>
+    <message>
+        <source>Confirmation time</source>
+        <translation>确认时间</translation>
+    </message>
+    <message>
+        <source>Gas pre-flow time</source>
+        <translation>提前送气时间</translation>
+    </message>
+    <message>
+        <source>Pre-arc time</source>
+        <translation>预起弧时间</translation>
+    </message>
+    <message>
+        <source>Slow wire feed</source>
+        <translation>慢送丝速度</translation>
+    </message>
+    <message>
+        <source>Early wire feed</source>
+        <translation>提前送丝时间</translation>
+    </message>
+    <message>
+        <source>Ramp time</source>
+        <translation>渐变时间</translation>
+    </message>
+    <message>
+        <source>Strike again</source>
+        <translation>再起弧</translation>
+    </message>
+    <message>
+        <source>Strike again: attempts</source>
+        <translation>再起弧：次数</translation>
+    </message>
+    <message>
+        <source>Strike again: retract delay</source>
+        <translation>再起弧：回抽延时</translation>
+    </message>
+    <message>
+        <source>Strike again: retract time</source>
+        <translation>再起弧：回抽时间</translation>
+    </message>
+    <message>
+        <source>Strike again: current step</source>
+        <translation>再起弧：电流增量</translation>
+    </message>
+    <message>
+        <source>Strike again: voltage step</source>
+        <translation>再起弧：电压增量</translation>
+    </message>
+    <message>
+        <source>Scratch on failure</source>
+        <translation>失败后刮擦</translation>
+    </message>
+    <message>
+        <source>Scratch start</source>
+        <translation>刮擦起弧</translation>
+    </message>
+    <message>
+        <source>Scratch start: distance</source>
+        <translation>刮擦起弧：距离</translation>
+    </message>
+    <message>
+        <source>Scratch start: way back</source>
+        <translation>刮擦起弧：返回速度</translation>
+    </message>
+    <message>
+        <source>Scratch start: step</source>
+        <translation>刮擦起弧：步长</translation>
+    </message>
+    <message>
+        <source>Scratch start: offset</source>
+        <translation>刮擦起弧：偏移</translation>
+    </message>
+    <message>
+        <source>Welding speed</source>
+        <translation>焊接速度</translation>
+    </message>
+    <message>
+        <source>Arc break: detection time</source>
+        <translation>断弧：检测时间</translation>
+    </message>
+    <message>
+        <source>Arc break: what follows</source>
+        <translation>断弧：处理方式</translation>
+    </message>
+    <message>
+        <source>Arc break: way back</source>
+        <translation>断弧：回退距离</translation>
+    </message>
+    <message>
+        <source>Gas post-flow time</source>
+        <translation>滞后停气时间</translation>
+    </message>
+    <message>
+        <source>Retract time</source>
+        <translation>回抽时间</translation>
+    </message>
+    <message>
+        <source>Stuck wire: detection time</source>
+        <translation>粘丝：检测时间</translation>
+    </message>
+    <message>
+        <source>Weaving by</source>
+        <translation>摆动基准</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>摆动形状</translation>
+    </message>
+    <message>
+        <source>Weave length or frequency</source>
+        <translation>摆动长度或频率</translation>
+    </message>
+    <message>
+        <source>Amplitude, left</source>
+        <translation>左摆幅</translation>
+    </message>
+    <message>
+        <source>Amplitude, right</source>
+        <translation>右摆幅</translation>
+    </message>
+    <message>
+        <source>Dwell type</source>
+        <translation>停留方式</translation>
+    </message>
+    <message>
+        <source>Dwell</source>
+        <translation>停留</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Direction of the waveform</source>
+        <translation>波形方向</translation>
+    </message>
+    <message>
+        <source>Elevation type</source>
+        <translation>仰角类型</translation>
+    </message>
+    <message>
+        <source>Elevation, left</source>
+        <translation>左仰角</translation>
+    </message>
+    <message>
+        <source>Elevation, right</source>
+        <translation>右仰角</translation>
+    </message>
+    <message>
+        <source>Inclination</source>
+        <translation>倾角</translation>
+    </message>
+    <message>
+        <source>Segment type</source>
+        <translation>分段类型</translation>
+    </message>
+    <message>
+        <source>Speed between welds</source>
+        <translation>空走速度</translation>
+    </message>
+    <message>
+        <source>Welded distance</source>
+        <translation>焊接距离</translation>
+    </message>
+    <message>
+        <source>Distance between welds</source>
+        <translation>空走距离</translation>
+    </message>
+    <message>
+        <source>Arc start</source>
+        <translation>起弧</translation>
+    </message>
+    <message>
+        <source>Welding</source>
+        <translation>焊接</translation>
+    </message>
+    <message>
+        <source>Arc end</source>
+        <translation>收弧</translation>
+    </message>
+    <message>
+        <source>Weaving</source>
+        <translation>摆动</translation>
+    </message>
+    <message>
+        <source>Segments</source>
+        <translation>分段</translation>
+    </message>
+    <message>
+        <source>Anti-stick</source>
+        <translation>防粘丝</translation>
+    </message>
+    <message>
+        <source>Anti-stick: current</source>
+        <translation>防粘丝：电流</translation>
+    </message>
+    <message>
+        <source>Anti-stick: voltage</source>
+        <translation>防粘丝：电压</translation>
+    </message>
+    <message>
+        <source>Anti-stick: time</source>
+        <translation>防粘丝：时间</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::FileCard</name>
+    <message>
+        <source>Compare with</source>
+        <translation>比较对象</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>版本</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>用户</translation>
+    </message>
+    <message>
+        <source>What changed</source>
+        <translation>修改内容</translation>
+    </message>
+    <message>
+        <source>removed</source>
+        <translation>已删除</translation>
+    </message>
+    <message>
+        <source>made again</source>
+        <translation>重新创建</translation>
+    </message>
+    <message>
+        <source>as found</source>
+        <translation>初次记录</translation>
+    </message>
+    <message>
+        <source>the version before</source>
+        <translation>上一版本</translation>
+    </message>
+    <message>
+        <source>the file as it is now</source>
+        <translation>当前文件</translation>
+    </message>
+    <message>
+        <source>version %1</source>
+        <translation>版本 %1</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>当前</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>nothing to compare</source>
+        <translation>无可比较</translation>
+    </message>
+    <message>
+        <source>no difference</source>
+        <translation>无差异</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::FileModel</name>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Annotation</source>
+        <translation>注释</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>主要参数</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>修改时间</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>用户</translation>
+    </message>
+    <message>
+        <source>In programs</source>
+        <translation>所在程序</translation>
+    </message>
+    <message>
+        <source>Welds</source>
+        <translation>焊缝数</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::FilesPage</name>
+    <message>
+        <source>All sets</source>
+        <translation>全部类型</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>全部文件</translation>
+    </message>
+    <message>
+        <source>Used by programs</source>
+        <translation>程序使用中</translation>
+    </message>
+    <message>
+        <source>Not used</source>
+        <translation>未使用</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>复制到</translation>
+    </message>
+    <message>
+        <source>Back to this version</source>
+        <translation>恢复此版本</translation>
+    </message>
+    <message>
+        <source>Defaults</source>
+        <translation>默认值</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 个文件</translation>
+    </message>
+    <message>
+        <source>%1 cannot be copied to itself</source>
+        <translation>%1 不能复制到自身</translation>
+    </message>
+    <message>
+        <source>%1 copied to %2</source>
+        <translation>%1 已复制到 %2</translation>
+    </message>
+    <message>
+        <source>%1 back to version %2</source>
+        <translation>%1 已恢复到版本 %2</translation>
+    </message>
+    <message>
+        <source>%1 set to the defaults</source>
+        <translation>%1 已恢复默认值</translation>
+    </message>
+    <message>
+        <source>%1 stays, programs use it: %2</source>
+        <translation>%1 未删除，程序正在使用：%2</translation>
+    </message>
+    <message>
+        <source>%1 removed</source>
+        <translation>%1 已删除</translation>
+    </message>
+    <message>
+        <source>taken back: %1</source>
+        <translation>已撤销：%1</translation>
     </message>
 </context>
 <context>

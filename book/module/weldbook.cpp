@@ -19,9 +19,9 @@ const QString moduleName = QStringLiteral("weldbook");
 const QString pageKey = QStringLiteral("weldbook.page");
 
 // The one thing that the book needs of a host besides what every package does.
-QString folderForFiles()
+QString folderFor(const QString &name)
 {
-    return QDir(kelp::Workspace::current()->dataFolder()).filePath(moduleName);
+    return QDir(kelp::Workspace::current()->dataFolder()).filePath(name);
 }
 
 } // namespace
@@ -32,7 +32,8 @@ WeldBook::WeldBook(QObject *parent)
     translator()->installQMTranslator(
         vu::languagePath(QStringLiteral("book_cn"), vu::LanguageType{}, moduleName));
     tessa::ManagerHelper::instance()->registQrcAlias(moduleName);
-    m_keeper = std::make_unique<welmo::book::Bookkeeper>(folderForFiles());
+    m_keeper = std::make_unique<welmo::book::Bookkeeper>(folderFor(moduleName),
+                                                         folderFor(QStringLiteral("programs")));
 }
 
 WeldBook::~WeldBook() = default;

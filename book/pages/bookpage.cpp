@@ -5,11 +5,13 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <tessa/managerhelper.h>
 #include <vu/stylesheet.h>
 
+#include "book/pages/filespage.h"
 #include "book/pages/limitspanel.h"
 #include "book/pages/trendpage.h"
 #include "book/pages/weldspage.h"
@@ -39,6 +41,7 @@ BookPage::BookPage(Bookkeeper *keeper, QWidget *parent, QObject *owner)
     auto *limits = new LimitsPanel(keeper, m_pages);
     addTab(bar, tr("Welds"), "btnWelds", welds);
     addTab(bar, tr("Trend"), "btnTrend", new TrendPage(keeper, m_pages));
+    addTab(bar, tr("Files"), "btnFiles", new FilesPage(keeper, m_pages));
     m_pages->addWidget(limits);
     connect(welds, &WeldsPage::limitsWanted, this, [this, limits](const QString &file) {
         limits->edit(file);
@@ -50,10 +53,11 @@ BookPage::BookPage(Bookkeeper *keeper, QWidget *parent, QObject *owner)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(title);
-    auto *content = new QVBoxLayout;
-    content->setContentsMargins(12, 10, 12, 10);
-    content->addWidget(m_pages);
-    column->addLayout(content, 1);
+    // Beside an open side bar there is less room than the pages want; the window must not grow by
+    // what is missing.
+    m_wgt->setMinimumSize(1, 1);
+    m_pages->setContentsMargins(12, 10, 12, 10);
+    column->addWidget(m_pages, 1);
 }
 
 BookPage::~BookPage()
@@ -80,6 +84,11 @@ void BookPage::render()
     auto *theme = tessa::ManagerHelper::instance()->themeManager();
     setRecursiveWidgetStyleSheet(
         m_wgt, theme->genStyleSheet(QStringLiteral(":/weldbook/render/book.json")));
+    // What had asked for its size before it was told how to look would keep it.
+    for (QWidget *widget : m_wgt->findChildren<QWidget *>()) {
+        widget->style()->unpolish(widget);
+        widget->style()->polish(widget);
+    }
 }
 
 } // namespace welmo::book

@@ -5,12 +5,11 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QListView>
 #include <QPushButton>
-#include <QScroller>
 #include <QTableView>
 
 #include "book/keeper/bookkeeper.h"
+#include "book/pages/controls.h"
 #include "book/pages/seamcard.h"
 #include "book/pages/seammodel.h"
 #include "book/pages/words.h"
@@ -41,7 +40,7 @@ WeldsPage::WeldsPage(Bookkeeper *keeper, QWidget *parent)
     : QWidget(parent)
     , m_keeper(keeper)
     , m_count(makeLabel({}, "hint", this))
-    , m_table(new QTableView(this))
+    , m_table(makeTable(QStringLiteral("tblWelds"), this))
     , m_model(new SeamModel(this))
     , m_card(new SeamCard(this))
 {
@@ -49,8 +48,8 @@ WeldsPage::WeldsPage(Bookkeeper *keeper, QWidget *parent)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);
     column->addWidget(makeFilters());
-    makeTable();
-    column->addWidget(m_table, 3);
+    setUpTable();
+    column->addWidget(m_table, 2);
     column->addWidget(m_card, 4);
     column->addWidget(makeActions());
     connect(keeper, &Bookkeeper::recordsChanged, this, &WeldsPage::reload);
@@ -85,36 +84,19 @@ QWidget *WeldsPage::makeFilters()
 
 QComboBox *WeldsPage::makeFilter(const QString &name)
 {
-    auto *combo = new QComboBox(this);
-    combo->setObjectName(name);
-    combo->setView(new QListView(combo)); // whose rows the style rules make large enough
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(8);
+    QComboBox *combo = makeCombo(name, this);
     connect(combo, QOverload<int>::of(&QComboBox::activated), this, &WeldsPage::reload);
     return combo;
 }
 
-void WeldsPage::makeTable()
+void WeldsPage::setUpTable()
 {
-    m_table->setObjectName(QStringLiteral("tblWelds"));
     m_table->setModel(m_model);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_table->setShowGrid(false);
-    m_table->setAlternatingRowColors(true);
-    m_table->setWordWrap(false);
-    m_table->setMinimumHeight(4 * rowHeight);
-    m_table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
-    auto *header = m_table->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setSectionResizeMode(QHeaderView::Fixed);
-    header->setSectionResizeMode(SeamModel::Place, QHeaderView::Stretch);
+    m_table->setMinimumHeight(3 * rowHeight);
+    m_table->horizontalHeader()->setSectionResizeMode(SeamModel::Place, QHeaderView::Stretch);
     const int widths[SeamModel::ColumnCount] = {46, 165, 0, 110, 90, 90, 100, 80};
     for (int i = 0; i < SeamModel::ColumnCount; ++i)
         m_table->setColumnWidth(i, widths[i]);
-    QScroller::grabGesture(m_table->viewport(), QScroller::TouchGesture);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &WeldsPage::onChosen);
 }

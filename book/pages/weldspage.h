@@ -35,7 +35,7 @@ signals:
 private:
     QWidget *makeFilters();
     QComboBox *makeFilter(const QString &name);
-    void makeTable();
+    void setUpTable();
     QWidget *makeActions();
     Filter filter() const;
     void fill(QComboBox *combo, const QString &all, const QStringList &names);

@@ -75,6 +75,11 @@ QString Words::text(const QString &text)
     return text.isEmpty() ? notTold() : text;
 }
 
+QString Words::moment(qint64 msUtc)
+{
+    return QDateTime::fromMSecsSinceEpoch(msUtc).toString(QStringLiteral("MM-dd HH:mm"));
+}
+
 QColor themeColor(const char *key)
 {
     return vu::xtheme::current().color(QString::fromLatin1(key));

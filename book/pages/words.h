@@ -24,6 +24,8 @@ public:
     static QString number(const std::optional<double> &value, int decimals,
                           const QString &unit = {});
     static QString text(const QString &text);
+    /// Day and time here.
+    static QString moment(qint64 msUtc);
     static QString notTold() { return tr("not told"); }
 };
 

@@ -228,26 +228,6 @@
         <translation>控制器</translation>
     </message>
     <message>
-        <source>the controller was not reached</source>
-        <translation>无法连接控制器</translation>
-    </message>
-    <message>
-        <source>not in its present state (7)</source>
-        <translation>当前状态下不允许 (7)</translation>
-    </message>
-    <message>
-        <source>another pendant holds control (12)</source>
-        <translation>另一示教器持有控制权 (12)</translation>
-    </message>
-    <message>
-        <source>the user may not do that (13)</source>
-        <translation>用户无此权限 (13)</translation>
-    </message>
-    <message>
-        <source>code %1</source>
-        <translation>代码 %1</translation>
-    </message>
-    <message>
         <source>line %1, %2</source>
         <translation>第 %1 行，%2</translation>
     </message>

@@ -180,7 +180,7 @@ bool ProgramRun::send(const QString &command, const QVariant &value, const QStri
     const int code = answer->getInt(0);
     const QString reason = answer->r(QStringLiteral("reason"))->getString();
     const QString why = reason.isEmpty()
-        ? codeText(code)
+        ? schema::codeText(code)
         : schema::reasonText(
             reason, answer->toVariant().toMap().value(QStringLiteral("arguments")).toList());
     if (code != 0)

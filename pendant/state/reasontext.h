@@ -11,7 +11,4 @@ QString reasonText(const QString &code, const QVariantList &arguments, int line)
 /// The items of a list of maps, which a data object that was read keeps as children.
 QVariantList itemsOf(const QVariant &list);
 
-/// What the controller's or the link's result code says when no reason came with it.
-QString codeText(int code);
-
 } // namespace welmo::pendant

@@ -209,7 +209,7 @@
         <translation>未连接实际焊机</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is unknown and was ignored</source>
+        <source>"%1" is unknown and was ignored</source>
         <translation>“%1”未知，已忽略</translation>
     </message>
     <message>
@@ -217,11 +217,11 @@
         <translation>%1：参数不正确</translation>
     </message>
     <message>
-        <source>there is no file &quot;%1&quot;</source>
+        <source>there is no file "%1"</source>
         <translation>没有文件“%1”</translation>
     </message>
     <message>
-        <source>the project has no &quot;%2&quot; (%1)</source>
+        <source>the project has no "%2" (%1)</source>
         <translation>工程中没有“%2”（%1）</translation>
     </message>
     <message>
@@ -263,6 +263,26 @@
     <message>
         <source>no seam lacks its arc</source>
         <translation>没有缺弧的焊缝</translation>
+    </message>
+    <message>
+        <source>the controller was not reached</source>
+        <translation>无法连接控制器</translation>
+    </message>
+    <message>
+        <source>not in its present state (7)</source>
+        <translation>当前状态下不允许 (7)</translation>
+    </message>
+    <message>
+        <source>another pendant holds control (12)</source>
+        <translation>另一示教器持有控制权 (12)</translation>
+    </message>
+    <message>
+        <source>the user may not do that (13)</source>
+        <translation>用户无此权限 (13)</translation>
+    </message>
+    <message>
+        <source>code %1</source>
+        <translation>代码 %1</translation>
     </message>
 </context>
 </TS>

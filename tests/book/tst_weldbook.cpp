@@ -1,4 +1,7 @@
+#include <QComboBox>
+#include <QDir>
 #include <QLibrary>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -40,12 +43,24 @@ public:
         link = made.get();
         link->node("arc_weld.welder_state", QVariantMap{{"state", "ok"}});
         link->node("arc_weld.weld_mode", QVariantMap{{"mode", "real"}});
+        link->node("arc_weld.weld_param", QVariantMap{{"arcdata3", file("arcdata3", 100)}});
         host.setLink(std::move(made));
         link->setUp(true);
         QCoreApplication::processEvents();
     }
     ~Cell() { host.stopModules(); }
 
+    static QVariantMap file(const char *name, double current)
+    {
+        return {{"name", name}, {"current", current}, {"weave", QVariantMap{{"left", 1.5}}}};
+    }
+    void change(const QVariantMap &news) { emit link->notified("arc_weld.weld_param", news); }
+    void click(const char *button) { window.findChild<QPushButton *>(button)->click(); }
+    QString text(const char *table, int row, int column)
+    {
+        const auto *model = window.findChild<QTableView *>(table)->model();
+        return model->index(row, column).data().toString();
+    }
     void tell(const QVariantMap &news) { emit link->notified("arc_weld.welder_state", news); }
     bool logHas(const QString &part)
     {
@@ -113,6 +128,66 @@ private slots:
         const QVector<Seam> seams = openBook(folder.path())->list({});
         QCOMPARE(seams.size(), 1);
         QCOMPARE(seams[0].ended, ending::interrupted);
+    }
+    void everyChangeOfAFileIsAVersion()
+    {
+        const QTemporaryDir folder;
+        for (const bool again : {false, true}) { // what it knows already is no change
+            Cell cell(folder.path());
+            cell.window.show();
+            cell.click("btnFiles");
+            QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString("arcdata3"));
+            cell.window.findChild<QTableView *>("tblFiles")->selectRow(0);
+            QTRY_COMPARE(cell.text("tblVersions", 0, 3),
+                         QString(again ? "made again" : "as found"));
+            if (again)
+                break;
+            const QVariantMap change{{"at", "current"}, {"old", 100}, {"new", 120}};
+            const QVariantMap other{{"at", "current"}, {"old", 120}, {"new", 130}};
+            const auto entry = [](int number, const char *user, const QVariantMap &what) {
+                return QVariantMap{{"number", number},
+                                   {"key", "arcdata3"},
+                                   {"user", user},
+                                   {"changes", QVariantList{what}}};
+            };
+            cell.link->node(
+                "cell.audit",
+                QVariantMap{
+                    {"entries", QVariantList{entry(1, "anna", change), entry(2, "otto", other)}}});
+            cell.change({{"arcdata3", Cell::file("arcdata3", 120)}});
+            QTRY_COMPARE(cell.text("tblVersions", 0, 2), QString("anna"));
+            QCOMPARE(cell.text("tblVersions", 0, 3), QString("Current: 100 A → 120 A"));
+            QCOMPARE(cell.text("tblDifferences", 0, 1), QString("120 A"));
+            cell.link->node("arc_weld.weld_param", {});
+            cell.change({{"arcdata3", {}}});
+            QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString());
+            cell.link->node("arc_weld.weld_param",
+                            QVariantMap{{"arcdata3", Cell::file("arcdata3", 120)}});
+        }
+    }
+    void aStepThatIsRefusedOrOutdatedIsTold()
+    {
+        const QTemporaryDir folder;
+        Cell cell(folder.path());
+        cell.window.show();
+        cell.click("btnFiles");
+        QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString("arcdata3"));
+        cell.window.findChild<QTableView *>("tblFiles")->selectRow(0);
+        cell.window.findChild<QComboBox *>("cbxCopyTarget")->setCurrentText("arcdata5");
+        cell.click("btnCopyFile");
+        QVERIFY(cell.link->log.last().startsWith("S arc_weld.weld_param arcdata5 "));
+        QVERIFY(cell.link->log.last().contains("\"name\":\"arcdata5\""));
+        cell.link->node("arc_weld.weld_param arcdata5", Cell::file("arcdata5", 1));
+        cell.click("btnUndoFiles"); // somebody else has written it meanwhile
+        QVERIFY(cell.logHas("arcdata5 was changed since"));
+        cell.link->fail("arc_weld.weld_param arcdata5", 13);
+        cell.click("btnCopyFile");
+        QVERIFY(cell.logHas("arcdata5 cannot be read"));
+        QDir(folder.path()).mkdir("programs");
+        testsupport::writeFile(folder.filePath("programs/a.tl"),
+                               "ArcOn \"arcondata1\",\"arcdata3\"");
+        cell.click("btnRemoveFile");
+        QTRY_VERIFY(cell.logHas("arcdata3 stays, programs use it: a.tl 1"));
     }
     void aBookThatCannotBeOpenedIsTold()
     {

@@ -51,6 +51,7 @@ void handleKeys(Tour &tour);
 void programEditor(Tour &tour);
 void weld(Tour &tour);
 void weldBook(Tour &tour);
+void weldBookFiles(Tour &tour);
 void alarm(Tour &tour);
 void reweld(Tour &tour);
 void example(Tour &tour);

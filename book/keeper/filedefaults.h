@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QVariantMap>
+
+#include "schema/fileset.h"
+
+namespace welmo::book {
+
+/// What a new file of the set holds.
+QVariantMap defaultContent(const schema::FileSet &set, const QString &file);
+
+} // namespace welmo::book

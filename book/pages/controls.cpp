@@ -1,0 +1,47 @@
+#include "book/pages/controls.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QListView>
+#include <QScroller>
+#include <QTableView>
+
+namespace welmo::book {
+
+namespace {
+
+constexpr int rowHeight = 45;
+constexpr int fewestLetters = 8;
+
+} // namespace
+
+QTableView *makeTable(const QString &name, QWidget *parent)
+{
+    auto *table = new QTableView(parent);
+    table->setObjectName(name);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setShowGrid(false);
+    table->setAlternatingRowColors(true);
+    table->setWordWrap(false);
+    table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(rowHeight);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    QScroller::grabGesture(table->viewport(), QScroller::TouchGesture);
+    return table;
+}
+
+QComboBox *makeCombo(const QString &name, QWidget *parent)
+{
+    auto *combo = new QComboBox(parent);
+    combo->setObjectName(name);
+    combo->setView(new QListView(combo)); // whose rows the style rules make large enough
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(fewestLetters);
+    return combo;
+}
+
+} // namespace welmo::book

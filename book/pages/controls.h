@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+class QComboBox;
+class QTableView;
+class QWidget;
+
+namespace welmo::book {
+
+/// A table for fingers: whole rows are chosen, one at a time, and a drag scrolls.
+QTableView *makeTable(const QString &name, QWidget *parent);
+/// A combo box that keeps its width, whatever stands in it.
+QComboBox *makeCombo(const QString &name, QWidget *parent);
+
+} // namespace welmo::book

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "book/keeper/cellwriter.h"
+#include "book/keeper/programuses.h"
+
+class QComboBox;
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+class QTableView;
+
+namespace welmo::book {
+
+class Bookkeeper;
+class FileCard;
+class FileModel;
+
+/// Every parameter file of the controller: where it is used, what it was, and what can be done with
+/// it.
+class FilesPage : public QWidget
+{
+    Q_OBJECT
+public:
+    FilesPage(Bookkeeper *keeper, QWidget *parent);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    QWidget *makeFilters();
+    void makeFileTable();
+    QWidget *makeActions();
+    QPushButton *addAction(QHBoxLayout *row, const QString &title, const char *name,
+                           void (FilesPage::*act)());
+    void reload();
+    void showRows();
+    void onChosen();
+    void updateActions();
+
+    void copy();
+    void goBack();
+    void useDefaults();
+    void remove();
+    void undo();
+    void removeUnlessUsed(const QString &file);
+    void carryOut(const QString &title, const CellChange &change);
+
+    QString file() const;
+
+    QPointer<Bookkeeper> m_keeper;
+    QComboBox *m_set;
+    QComboBox *m_which;
+    QLabel *m_count;
+    QTableView *m_table;
+    FileModel *m_model;
+    FileCard *m_card;
+    QComboBox *m_target;
+    QPushButton *m_copy;
+    QPushButton *m_back;
+    QPushButton *m_defaults;
+    QPushButton *m_remove;
+    QPushButton *m_undo;
+    QLabel *m_last;
+    QString m_shown;
+    ProgramUses m_uses;
+    QHash<QString, int> m_welds;
+};
+
+} // namespace welmo::book
