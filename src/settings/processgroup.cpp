@@ -4,7 +4,7 @@
 #include "data/report.h"
 #include "schema/unit.h"
 
-using namespace welmo;
+namespace welmo {
 
 void ProcessGroup::setControls(const Controls &controls, const schema::ProcessSet &set)
 {
@@ -146,3 +146,5 @@ void ProcessGroup::afterShow()
     onVoltageModeChanged(m_controls.voltageMode->currentIndex());
     applyRules();
 }
+
+} // namespace welmo

@@ -7,7 +7,7 @@
 #include "data/report.h"
 #include "ui_weaveeditor.h"
 
-using namespace welmo;
+namespace welmo {
 
 namespace {
 
@@ -127,7 +127,7 @@ void WeaveEditor::applyRules()
 
 void WeaveEditor::onFileNumberChanged(int)
 {
-    if (welmo::arcweld::isConnected())
+    if (arcweld::isConnected())
         m_file->select();
 }
 
@@ -261,3 +261,5 @@ void WeaveEditor::onSaveButtonClicked()
     report::info(m_owner, tr("save parameter succeed"));
     emit saved();
 }
+
+} // namespace welmo

@@ -8,7 +8,7 @@
 #include "instructions/move/movepropertypointwidget.h"
 #include "tl/lineformat.h"
 
-using namespace welmo;
+namespace welmo {
 
 namespace {
 
@@ -79,3 +79,5 @@ QString MovePropertyForm::ToString()
 {
     return tl::formatMoveLine(word(), {m_points->getParam()}, m_parameters->getParam());
 }
+
+} // namespace welmo

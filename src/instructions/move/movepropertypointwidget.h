@@ -47,26 +47,32 @@ public slots:
     void onTabChanged(int index);
 
     void onRbtnOffsTargetChanged() { m_target->forgetComplex(); }
-    void onRbtnOffsAuxChanged() { aux(&PointGroup::forgetComplex); }
+    void onRbtnOffsAuxChanged() { aux(&welmo::PointGroup::forgetComplex); }
     void onTargetOffsConfirmClicked() { m_target->computeComplex(); }
-    void onAuxOffsConfirmClicked() { aux(&PointGroup::computeComplex); }
+    void onAuxOffsConfirmClicked() { aux(&welmo::PointGroup::computeComplex); }
     void onTargetConfirmClicked() { m_target->saveLocation(); }
-    void onAuxConfirmClicked() { aux(&PointGroup::saveLocation); }
+    void onAuxConfirmClicked() { aux(&welmo::PointGroup::saveLocation); }
     void onTargetUpdateLocationClicked() { m_target->updateLocation(); }
-    void onAuxUpdateLocationClicked() { aux(&PointGroup::updateLocation); }
+    void onAuxUpdateLocationClicked() { aux(&welmo::PointGroup::updateLocation); }
     void onTargetPointMoveJtoClicked() { m_target->moveToPoint(welmo::robot::Motion::Joint); }
     void onTargetPointMoveLtoClicked() { m_target->moveToPoint(welmo::robot::Motion::Linear); }
     void onTargetComplexMoveJtoClicked() { m_target->moveToComplex(welmo::robot::Motion::Joint); }
     void onTargetComplexMoveLtoClicked() { m_target->moveToComplex(welmo::robot::Motion::Linear); }
-    void onAuxPointMoveJtoClicked() { aux(&PointGroup::moveToPoint, welmo::robot::Motion::Joint); }
-    void onAuxPointMoveLtoClicked() { aux(&PointGroup::moveToPoint, welmo::robot::Motion::Linear); }
+    void onAuxPointMoveJtoClicked()
+    {
+        aux(&welmo::PointGroup::moveToPoint, welmo::robot::Motion::Joint);
+    }
+    void onAuxPointMoveLtoClicked()
+    {
+        aux(&welmo::PointGroup::moveToPoint, welmo::robot::Motion::Linear);
+    }
     void onAuxComplexMoveJtoClicked()
     {
-        aux(&PointGroup::moveToComplex, welmo::robot::Motion::Joint);
+        aux(&welmo::PointGroup::moveToComplex, welmo::robot::Motion::Joint);
     }
     void onAuxComplexMoveLtoClicked()
     {
-        aux(&PointGroup::moveToComplex, welmo::robot::Motion::Linear);
+        aux(&welmo::PointGroup::moveToComplex, welmo::robot::Motion::Linear);
     }
     void stopMove() { m_target->stopMove(); }
 
@@ -75,16 +81,16 @@ signals:
     void toolAndObjectWanted(const QString &tool, const QString &workObject);
 
 private:
-    PointGroup *addGroup(const QString &name, const QString &title);
-    QList<PointGroup *> groups() const;
+    welmo::PointGroup *addGroup(const QString &name, const QString &title);
+    QList<welmo::PointGroup *> groups() const;
     template<typename... Arguments>
-    void aux(void (PointGroup::*action)(Arguments...), Arguments... arguments)
+    void aux(void (welmo::PointGroup::*action)(Arguments...), Arguments... arguments)
     {
         if (m_aux)
             (m_aux->*action)(arguments...);
     }
 
     QTabWidget *m_tabs;
-    PointGroup *m_target;
-    PointGroup *m_aux = nullptr; ///< only while the move is circular
+    welmo::PointGroup *m_target;
+    welmo::PointGroup *m_aux = nullptr; ///< only while the move is circular
 };

@@ -8,7 +8,7 @@
 
 #include "schema/unit.h"
 
-using namespace welmo;
+namespace welmo {
 
 namespace {
 
@@ -122,3 +122,5 @@ PointReadout::PointReadout(QWidget *parent)
     }
     PointRow::clear();
 }
+
+} // namespace welmo
