@@ -1,5 +1,6 @@
 #include "page/handlekeys.h"
 
+#include <QMap>
 #include <QtMath>
 
 #include <kelp/moduleobject.h>
@@ -57,30 +58,31 @@ void HandleKeys::registerArcButton()
                         tr("cancel wire feeding")};
     const WireMove back{QStringLiteral("wire_feel_back"), QStringLiteral("reverse"),
                         tr("wire reverse"), tr("cancel wire reverse")};
-    const auto key = [](const QString &label, const QString &picture,
+    using Keys = QMap<int, tessa::PhysicalButton>; // by the key's number on the handle
+    const auto add = [](Keys &group, int number, const QString &label, const QString &picture,
                         std::function<void(bool)> action) {
         auto *theme = host::themeManager();
-        const QString group = QStringLiteral("handle");
-        return tessa::PhysicalButton{
-            label, theme->getIcon(group, picture + QLatin1String("Unpressed")),
-            theme->getIcon(group, picture + QLatin1String("Pressed")), std::move(action)};
+        const QString folder = QStringLiteral("handle");
+        group[number] = {label, theme->getIcon(folder, picture + QLatin1String("Unpressed")),
+                         theme->getIcon(folder, picture + QLatin1String("Pressed")),
+                         std::move(action)};
     };
-    const QList<tessa::PhysicalButton> first{
-        key(tr("Wire feed"), QStringLiteral("feedWire"), [=](bool down) { moveWire(feed, down); }),
-        key(tr("Air supply"), QStringLiteral("gas"), [=](bool down) { supplyGas(down); }),
-        key(tr("Jog V+"), QStringLiteral("jogV+"),
-            [=](bool down) { jog(m_jogUp, &HandleKeys::onJogVAddTimeOut, down); }),
-        key(tr("Mode switching"), QStringLiteral("switchMode"),
-            [=](bool down) { switchMode(down); }),
-    };
-    const QList<tessa::PhysicalButton> second{
-        key(tr("Pull back wire"), QStringLiteral("pullWire"),
-            [=](bool down) { moveWire(back, down); }),
-        key(tr("Monitor"), QStringLiteral("monitor"), [=](bool down) { toggleMonitor(down); }),
-        key(tr("Jog V-"), QStringLiteral("jogV-"),
-            [=](bool down) { jog(m_jogDown, &HandleKeys::onJogVMinusTimeOut, down); }),
-    };
-    registerPhysicalButtons(m_page, setName, first, second, {QString()});
+    Keys first;
+    add(first, 1, tr("Wire feed"), QStringLiteral("feedWire"),
+        [=](bool down) { moveWire(feed, down); });
+    add(first, 2, tr("Air supply"), QStringLiteral("gas"), [=](bool down) { supplyGas(down); });
+    add(first, 3, tr("Jog V+"), QStringLiteral("jogV+"),
+        [=](bool down) { jog(m_jogUp, &HandleKeys::onJogVAddTimeOut, down); });
+    add(first, 4, tr("Mode switching"), QStringLiteral("switchMode"),
+        [=](bool down) { switchMode(down); });
+    Keys second;
+    add(second, 5, tr("Pull back wire"), QStringLiteral("pullWire"),
+        [=](bool down) { moveWire(back, down); });
+    add(second, 6, tr("Monitor"), QStringLiteral("monitor"),
+        [=](bool down) { toggleMonitor(down); });
+    add(second, 7, tr("Jog V-"), QStringLiteral("jogV-"),
+        [=](bool down) { jog(m_jogDown, &HandleKeys::onJogVMinusTimeOut, down); });
+    registerPhysicalButtons(m_page, setName, first.values(), second.values(), {QString()});
 }
 
 bool HandleKeys::checkWelderState() const
