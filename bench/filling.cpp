@@ -179,12 +179,12 @@ void fillAndStore(Bench &bench)
 {
     testsupport::FormHost host;
     QObject owner;
-    auto *arcon = new ArconGroup(host.window());
+    auto *arcon = new welmo::ArconGroup(host.window());
     arcon->initUI(&owner);
     compareFilling(bench, host, QStringLiteral("an arc-start file"), arcon->file(),
                    new RawArconGroup(host.window()));
-    auto *weave = new WeaveEditor(host.window());
-    weave->initUI(&owner, WeaveEditor::Home{});
+    auto *weave = new welmo::WeaveEditor(host.window());
+    weave->initUI(&owner, welmo::WeaveEditor::Home{});
     compareFilling(bench, host, QStringLiteral("a weave file"), weave->file(),
                    raw::weave(host.window()));
 }

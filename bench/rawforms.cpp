@@ -73,10 +73,10 @@ QWidget *arcOn(QWidget *parent)
 {
     QWidget *form = styled(parent);
     auto *tabs = new QTabWidget(form);
-    tabs->addTab(new FormScroller(new RawArconGroup), QStringLiteral("ArcOnData"));
+    tabs->addTab(new welmo::FormScroller(new RawArconGroup), QStringLiteral("ArcOnData"));
     auto *weld = new RawWeldGroup;
     weld->findChild<QWidget *>(QStringLiteral("btnWeldingEnable"))->hide();
-    tabs->addTab(new FormScroller(weld), QStringLiteral("ArcData"));
+    tabs->addTab(new welmo::FormScroller(weld), QStringLiteral("ArcData"));
     layoutOf(form, false)->addWidget(tabs);
     return form;
 }
@@ -84,7 +84,7 @@ QWidget *arcOn(QWidget *parent)
 QWidget *arcOff(QWidget *parent)
 {
     QWidget *form = styled(parent);
-    layoutOf(form, false)->addWidget(new FormScroller(new RawArcoffGroup));
+    layoutOf(form, false)->addWidget(new welmo::FormScroller(new RawArcoffGroup));
     return form;
 }
 
@@ -104,7 +104,7 @@ QWidget *weaveOn(QWidget *parent)
     QWidget *editor = bare<Ui::RawWeaveEditor>(nullptr);
     editor->findChild<QWidget *>(QStringLiteral("wgtPreview"))->hide();
     auto *tabs = new QTabWidget(form);
-    tabs->addTab(new FormScroller(editor), QStringLiteral("weavedata"));
+    tabs->addTab(new welmo::FormScroller(editor), QStringLiteral("weavedata"));
     layoutOf(form, false)->addWidget(tabs);
     return form;
 }

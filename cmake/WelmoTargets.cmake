@@ -15,6 +15,8 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib/welmo")
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME pendant)
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual)
+# In every build: what a new instruction or state lacks is found by its missing case.
+add_compile_options(-Werror=switch)
 add_compile_definitions(QT_DEPRECATED_WARNINGS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
 # The product's own code only: tests write names and texts as they come.
 set(product_flags -Wshadow -DQT_NO_CAST_FROM_ASCII)

@@ -33,7 +33,7 @@ public:
     Reply fillWithExample() { return addExampleFiles(m_context); }
     Reply handle(const Request &request);
     /// As of Registry::nodes().
-    QMap<QString, bool> nodes() const { return m_registry.nodes(); }
+    QMap<QString, Registry::Entries> nodes() const { return m_registry.nodes(); }
     /// Carries out what has become due by the clock, or by a fault that was switched.
     void tick();
     /// True while something goes on by itself: then tick() is wanted every paceMs().

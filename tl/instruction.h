@@ -70,7 +70,7 @@ struct Instruction
 
     double shortest = 0; ///< seconds
     const char *timeError = nullptr; ///< source text
-    const char *timeLabel = nullptr; ///< source text, of the context "TimedInsertWidget"
+    const char *timeLabel = nullptr; ///< source text, translated like the messages
 
     QString text() const { return QString::fromLatin1(name); }
 };

@@ -26,9 +26,9 @@ void Registry::addValue(const QString &path, const Read &read, const Write &writ
 }
 
 void Registry::addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write,
-                          bool apart)
+                          Entries entries)
 {
-    m_nodes[path] = {read, write, apart};
+    m_nodes[path] = {read, write, entries};
 }
 
 void Registry::setLargest(const QString &path, int bytes)
@@ -41,11 +41,11 @@ void Registry::addCommand(const QString &path, const Run &run)
     m_commands[path] = run;
 }
 
-QMap<QString, bool> Registry::nodes() const
+QMap<QString, Registry::Entries> Registry::nodes() const
 {
-    QMap<QString, bool> nodes;
+    QMap<QString, Entries> nodes;
     for (const auto &[path, node] : m_nodes)
-        nodes.insert(path, node.apart);
+        nodes.insert(path, node.entries);
     return nodes;
 }
 

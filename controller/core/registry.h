@@ -8,11 +8,17 @@
 
 namespace welmo::controller {
 
-/// Which node and which command is answered by whom. Units enter what is theirs once, at the start.
+/// Which node and which command is answered by whom. Subsystems enter what is theirs once, at the
+/// start.
 class Registry
 {
 public:
     static constexpr int usualSize = 16 * 1024;
+
+    enum class Entries {
+        Together, ///< parts of one value
+        Apart ///< a value each, told and read without the others
+    };
 
     using Read = std::function<Reply()>;
     using Write = std::function<Reply(const QVariant &value)>;
@@ -24,15 +30,14 @@ public:
     /// only.
     void addValue(const QString &path, const Read &read, const Write &write = {});
     /// A node with entries, such as numbered files; a read without a key answers them all.
-    /// @p apart says that an entry is a value of its own, to be told and read without the others.
     void addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write,
-                    bool apart = false);
+                    Entries entries = Entries::Together);
     /// How many bytes a value written there may have, as JSON; for who does not say, usualSize.
     void setLargest(const QString &path, int bytes);
     void addCommand(const QString &path, const Run &run);
 
-    /// Every node; true for one whose entries have a value each and know nothing of each other.
-    QMap<QString, bool> nodes() const;
+    /// Every node; one without entries counts as together.
+    QMap<QString, Entries> nodes() const;
 
     Reply dispatch(const Request &request) const;
 
@@ -41,7 +46,7 @@ private:
     {
         ReadEntry read;
         WriteEntry write;
-        bool apart = false;
+        Entries entries = Entries::Together;
         int largest = usualSize;
     };
 

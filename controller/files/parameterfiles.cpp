@@ -35,7 +35,7 @@ ParameterFiles::ParameterFiles(ControllerContext &context, Registry &registry)
             [this, &set](const QString &file, const QVariant &payload) {
                 return write(set, file, payload);
             },
-            true);
+            Registry::Entries::Apart);
         if (set.isRemovable) {
             registry.addCommand(set.removeCommand(), [this, &set](const Request &request) {
                 return remove(set, request.payload);

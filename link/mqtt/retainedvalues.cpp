@@ -41,12 +41,12 @@ RetainedValues::RetainedValues(Tell tell)
 void RetainedValues::tellAll(controller::Controller &controller)
 {
     m_nodes = controller.nodes();
-    // What grows and tells nobody; and not everybody is to read who wrote what.
+    // The journal grows without a limit and tells no change; the audit is not for every user.
     m_nodes.remove(welmo::names::journal);
     m_nodes.remove(welmo::names::audit);
     for (auto node = m_nodes.begin(); node != m_nodes.end(); ++node) {
         const QVariant value = controller.handle({Request::Kind::Get, node.key(), {}, {}}).value;
-        if (node.value()) {
+        if (node.value() == controller::Registry::Entries::Apart) {
             tellEntries(node.key(), merged(noEntries(node.key()), value).toMap());
         } else {
             m_values.insert(node.key(), value);
@@ -60,7 +60,7 @@ void RetainedValues::update(const QString &path, const QVariant &values)
     const auto node = m_nodes.constFind(path);
     if (node == m_nodes.constEnd())
         return;
-    if (node.value()) {
+    if (node.value() == controller::Registry::Entries::Apart) {
         tellEntries(path, values.toMap());
         return;
     }

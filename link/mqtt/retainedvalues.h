@@ -4,6 +4,8 @@
 #include <QVariant>
 #include <functional>
 
+#include "controller/core/registry.h"
+
 namespace welmo::controller {
 class Controller;
 }
@@ -30,7 +32,7 @@ private:
     void tellEntries(const QString &path, const QVariantMap &entries);
 
     Tell m_tell;
-    QMap<QString, bool> m_nodes;
+    QMap<QString, controller::Registry::Entries> m_nodes;
     QMap<QString, QVariant> m_values;
 };
 

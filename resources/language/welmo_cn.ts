@@ -25,81 +25,6 @@
     </message>
 </context>
 <context>
-    <name>ArcoffGroup</name>
-    <message>
-        <source>ArcOff Parameter</source>
-        <translation>收弧参数</translation>
-    </message>
-    <message>
-        <source>ArcOff Parameter File Number</source>
-        <translation>收弧参数文件号</translation>
-    </message>
-    <message>
-        <source>Annotation</source>
-        <translation>注释</translation>
-    </message>
-    <message>
-        <source>ArcOff Current</source>
-        <translation>收弧电流</translation>
-    </message>
-    <message>
-        <source>ArcOff Voltage</source>
-        <translation>收弧电压</translation>
-    </message>
-    <message>
-        <source>ArcOff Time</source>
-        <translation>收弧时间</translation>
-    </message>
-    <message>
-        <source>Stop Flow Delay Time</source>
-        <translation>滞后停气时间</translation>
-    </message>
-    <message>
-        <source>ArcOff Detection Time</source>
-        <translation>收弧检测时间</translation>
-    </message>
-    <message>
-        <source>ArcOff Pull Wire Time</source>
-        <translation>收弧回抽时间</translation>
-    </message>
-    <message>
-        <source>Wire Sticking Detection Time</source>
-        <translation>粘丝检测时间</translation>
-    </message>
-    <message>
-        <source>Anti-Stick Function Switch</source>
-        <translation>防粘丝开关</translation>
-    </message>
-    <message>
-        <source>Anti-Stick Current</source>
-        <translation>防粘丝电流</translation>
-    </message>
-    <message>
-        <source>Anti-Stick Voltage</source>
-        <translation>防粘丝电压</translation>
-    </message>
-    <message>
-        <source>Anti-Stick Time</source>
-        <translation>防粘丝时间</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-    <message>
-        <source>Fold ArcOff Advanced Parameter</source>
-        <translation>收起收弧高级参数</translation>
-    </message>
-    <message>
-        <source>Unfold ArcOff Advanced Parameter</source>
-        <translation>展开收弧高级参数</translation>
-    </message>
-</context>
-<context>
     <name>ArcoffInsertWidget</name>
     <message>
         <source>ArcOff Parameter File Number</source>
@@ -107,118 +32,10 @@
     </message>
 </context>
 <context>
-    <name>ArconGroup</name>
+    <name>ArcoffPropertyWidget</name>
     <message>
-        <source>ArcOn Parameter</source>
-        <translation>起弧参数</translation>
-    </message>
-    <message>
-        <source>ArcOn Parameter File Number</source>
-        <translation>起弧参数文件号</translation>
-    </message>
-    <message>
-        <source>Annotation</source>
-        <translation>注释</translation>
-    </message>
-    <message>
-        <source>ArcOn Current</source>
-        <translation>起弧电流</translation>
-    </message>
-    <message>
-        <source>ArcOn Voltage</source>
-        <translation>起弧电压</translation>
-    </message>
-    <message>
-        <source>ArcOn Time</source>
-        <translation>起弧时间</translation>
-    </message>
-    <message>
-        <source>ArcOn Detect Time</source>
-        <translation>起弧检测时间</translation>
-    </message>
-    <message>
-        <source>ArcOn Confirm Time</source>
-        <translation>起弧确认时间</translation>
-    </message>
-    <message>
-        <source>BeforeFlow Time</source>
-        <translation>提前送气时间</translation>
-    </message>
-    <message>
-        <source>BeforeArcOn Time</source>
-        <translation>提前起弧时间</translation>
-    </message>
-    <message>
-        <source>Slow Wire Feed Speed</source>
-        <translation>慢送丝速度</translation>
-    </message>
-    <message>
-        <source>BeforeWireOut</source>
-        <translation>提前送丝时间</translation>
-    </message>
-    <message>
-        <source>ShadingTime</source>
-        <translation>渐变时间</translation>
-    </message>
-    <message>
-        <source>Arc Reignition</source>
-        <translation>重新起弧</translation>
-    </message>
-    <message>
-        <source>RetryTimes</source>
-        <translation>重试次数</translation>
-    </message>
-    <message>
-        <source>RetratWaitTime</source>
-        <translation>回抽等待时间</translation>
-    </message>
-    <message>
-        <source>RetractTime</source>
-        <translation>回抽时间</translation>
-    </message>
-    <message>
-        <source>Current Increase</source>
-        <translation>电流增量</translation>
-    </message>
-    <message>
-        <source>Voltage Increase</source>
-        <translation>电压增量</translation>
-    </message>
-    <message>
-        <source>MoveArcOn</source>
-        <translation>移动起弧</translation>
-    </message>
-    <message>
-        <source>MoveDis</source>
-        <translation>移动距离</translation>
-    </message>
-    <message>
-        <source>ReturnSpeed</source>
-        <translation>返回速度</translation>
-    </message>
-    <message>
-        <source>StepDis</source>
-        <translation>步进距离</translation>
-    </message>
-    <message>
-        <source>Retry Offset</source>
-        <translation>重试偏移</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-    <message>
-        <source>Fold ArcOn Advanced Parameter</source>
-        <translation>收起起弧高级参数</translation>
-    </message>
-    <message>
-        <source>Unfold ArcOn Advanced Parameter</source>
-        <translation>展开起弧高级参数</translation>
+        <source>ArcOffData</source>
+        <translation>收弧数据</translation>
     </message>
 </context>
 <context>
@@ -230,13 +47,6 @@
     <message>
         <source>Weld Parameter File Number</source>
         <translation>焊接参数文件号</translation>
-    </message>
-</context>
-<context>
-    <name>ArcoffPropertyWidget</name>
-    <message>
-        <source>ArcOffData</source>
-        <translation>收弧数据</translation>
     </message>
 </context>
 <context>
@@ -371,73 +181,6 @@
     </message>
 </context>
 <context>
-    <name>HandleKeys</name>
-    <message>
-        <source>wire feeding</source>
-        <translation>送丝</translation>
-    </message>
-    <message>
-        <source>cancel wire feeding</source>
-        <translation>停止送丝</translation>
-    </message>
-    <message>
-        <source>wire reverse</source>
-        <translation>退丝</translation>
-    </message>
-    <message>
-        <source>cancel wire reverse</source>
-        <translation>停止退丝</translation>
-    </message>
-    <message>
-        <source>Wire feed</source>
-        <translation>送丝</translation>
-    </message>
-    <message>
-        <source>Air supply</source>
-        <translation>送气</translation>
-    </message>
-    <message>
-        <source>Jog V+</source>
-        <translation>点动速度+</translation>
-    </message>
-    <message>
-        <source>Mode switching</source>
-        <translation>模式切换</translation>
-    </message>
-    <message>
-        <source>Pull back wire</source>
-        <translation>退丝</translation>
-    </message>
-    <message>
-        <source>Monitor</source>
-        <translation>监控</translation>
-    </message>
-    <message>
-        <source>Jog V-</source>
-        <translation>点动速度-</translation>
-    </message>
-    <message>
-        <source>tessa not connected</source>
-        <translation>控制器未连接</translation>
-    </message>
-    <message>
-        <source>welder state error</source>
-        <translation>焊机状态错误</translation>
-    </message>
-    <message>
-        <source>%1 fail</source>
-        <translation>%1失败</translation>
-    </message>
-    <message>
-        <source>%1 success</source>
-        <translation>%1成功</translation>
-    </message>
-    <message>
-        <source>Switching welding operation mode failed!</source>
-        <translation>焊接运行模式切换失败！</translation>
-    </message>
-</context>
-<context>
     <name>MonitorPage</name>
     <message>
         <source>Welding Monitoring</source>
@@ -488,10 +231,6 @@
         <translation>焊丝用量</translation>
     </message>
     <message>
-        <source>tessa is not connected</source>
-        <translation>控制器没有连接</translation>
-    </message>
-    <message>
         <source>save error</source>
         <translation>保存失败</translation>
     </message>
@@ -517,37 +256,6 @@
     <message>
         <source>Target point</source>
         <translation>目标点</translation>
-    </message>
-</context>
-<context>
-    <name>MoveParamWidget</name>
-    <message>
-        <source>%1 is no longer in the project; %2 is chosen</source>
-        <translation>工程中已没有%1；已改选%2</translation>
-    </message>
-    <message>
-        <source>速度(V)：</source>
-        <translation>速度(V)：</translation>
-    </message>
-    <message>
-        <source>转弯区(Z)：</source>
-        <translation>转弯区(Z)：</translation>
-    </message>
-    <message>
-        <source>工具(T)：</source>
-        <translation>工具(T)：</translation>
-    </message>
-    <message>
-        <source>工件(W)：</source>
-        <translation>工件(W)：</translation>
-    </message>
-    <message>
-        <source>摆动变量(weavedata)：</source>
-        <translation>摆动变量(weavedata)：</translation>
-    </message>
-    <message>
-        <source>详细</source>
-        <translation>详细</translation>
     </message>
 </context>
 <context>
@@ -585,100 +293,6 @@
     </message>
 </context>
 <context>
-    <name>PointEdit</name>
-    <message>
-        <source>New point here</source>
-        <translation>在此新建点</translation>
-    </message>
-    <message>
-        <source>As it is</source>
-        <translation>原点位</translation>
-    </message>
-    <message>
-        <source>Offset</source>
-        <translation>偏移</translation>
-    </message>
-    <message>
-        <source>Relative to tool</source>
-        <translation>相对工具</translation>
-    </message>
-</context>
-<context>
-    <name>PointGroup</name>
-    <message>
-        <source>Point</source>
-        <translation>点位</translation>
-    </message>
-    <message>
-        <source>Computed</source>
-        <translation>计算结果</translation>
-    </message>
-    <message>
-        <source>Read robot position</source>
-        <translation>读取机器人位置</translation>
-    </message>
-    <message>
-        <source>Compute</source>
-        <translation>计算</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>停止</translation>
-    </message>
-    <message>
-        <source>Move to point:</source>
-        <translation>移动到点位：</translation>
-    </message>
-    <message>
-        <source>Joint</source>
-        <translation>关节</translation>
-    </message>
-    <message>
-        <source>Linear</source>
-        <translation>直线</translation>
-    </message>
-    <message>
-        <source>Move to computed:</source>
-        <translation>移动到计算结果：</translation>
-    </message>
-    <message>
-        <source>Edited</source>
-        <translation>已编辑</translation>
-    </message>
-    <message>
-        <source>Robot position</source>
-        <translation>机器人位置</translation>
-    </message>
-    <message>
-        <source>Determine the refresh point?</source>
-        <translation>确定刷新点位吗？</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>确定</translation>
-    </message>
-    <message>
-        <source>get robot position fail</source>
-        <translation>获取机器人位置失败</translation>
-    </message>
-    <message>
-        <source>Robot</source>
-        <translation>机器人</translation>
-    </message>
-    <message>
-        <source>tessa not connected</source>
-        <translation>控制器未连接</translation>
-    </message>
-    <message>
-        <source>move to point fail</source>
-        <translation>移动到点失败</translation>
-    </message>
-    <message>
-        <source>stop move fail</source>
-        <translation>停止运动失败</translation>
-    </message>
-</context>
-<context>
     <name>PointList</name>
     <message>
         <source>create point fail</source>
@@ -687,10 +301,6 @@
 </context>
 <context>
     <name>PointRobot</name>
-    <message>
-        <source>tessa not connected</source>
-        <translation>控制器未连接</translation>
-    </message>
     <message>
         <source>get robot position fail</source>
         <translation>获取机器人位置失败</translation>
@@ -705,25 +315,6 @@
     <message>
         <source>save parameter succeed</source>
         <translation>保存参数成功</translation>
-    </message>
-</context>
-<context>
-    <name>ProcessGroup</name>
-    <message>
-        <source>Current Mode</source>
-        <translation>电流模式</translation>
-    </message>
-    <message>
-        <source>Voltage Mode</source>
-        <translation>电压模式</translation>
-    </message>
-    <message>
-        <source>Arc Mode</source>
-        <translation>焊接模式</translation>
-    </message>
-    <message>
-        <source>the welder offers unknown modes: %1</source>
-        <translation>焊机提供了未知的模式：%1</translation>
     </message>
 </context>
 <context>
@@ -825,7 +416,500 @@
     </message>
 </context>
 <context>
-    <name>WeaveEditor</name>
+    <name>WeaveFunctionPage</name>
+    <message>
+        <source>Weave Function</source>
+        <translation>摆弧功能</translation>
+    </message>
+</context>
+<context>
+    <name>WeaveWidget</name>
+    <message>
+        <source>weavedata format error</source>
+        <translation>摆弧数据格式错误</translation>
+    </message>
+</context>
+<context>
+    <name>WeldingOptionsPage</name>
+    <message>
+        <source>Welding Options</source>
+        <translation>焊接选项</translation>
+    </message>
+    <message>
+        <source>The welder is not ready.</source>
+        <translation>焊机未就绪。</translation>
+    </message>
+    <message>
+        <source>Base Setting</source>
+        <translation>基本设置</translation>
+    </message>
+    <message>
+        <source>Empty running Cartesian speed</source>
+        <translation>空运行笛卡尔速度</translation>
+    </message>
+    <message>
+        <source>Jog Wire Feed/Reverse Speed</source>
+        <translation>点动送丝/退丝速度</translation>
+    </message>
+    <message>
+        <source>Flow Detection Time</source>
+        <translation>检气时间</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Anti-Collision Setting</source>
+        <translation>防碰撞设置</translation>
+    </message>
+    <message>
+        <source>Anti-Collision Switch</source>
+        <translation>防碰撞开关</translation>
+    </message>
+    <message>
+        <source>DI Selection</source>
+        <translation>DI 选择</translation>
+    </message>
+    <message>
+        <source>Anti-Collision Shield</source>
+        <translation>防碰撞屏蔽</translation>
+    </message>
+    <message>
+        <source>Wire Torch Mode Setting</source>
+        <translation>夹丝枪模式设置</translation>
+    </message>
+    <message>
+        <source>Mode Switch</source>
+        <translation>模式开关</translation>
+    </message>
+    <message>
+        <source>save running parameter error</source>
+        <translation>保存运行参数失败</translation>
+    </message>
+    <message>
+        <source>save running parameter success</source>
+        <translation>保存运行参数成功</translation>
+    </message>
+    <message>
+        <source>enable</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>disable</source>
+        <translation>停用</translation>
+    </message>
+    <message>
+        <source>anti-collision device error</source>
+        <translation>防碰撞设备失败</translation>
+    </message>
+    <message>
+        <source>anti-collision device success</source>
+        <translation>防碰撞设备成功</translation>
+    </message>
+    <message>
+        <source>anti-collision device shielding error</source>
+        <translation>防碰撞设备屏蔽失败</translation>
+    </message>
+    <message>
+        <source>anti-collision device shielding success</source>
+        <translation>防碰撞设备屏蔽成功</translation>
+    </message>
+    <message>
+        <source>wire clamping torch mode error</source>
+        <translation>夹丝枪模式失败</translation>
+    </message>
+    <message>
+        <source>wire clamping torch mode success</source>
+        <translation>夹丝枪模式成功</translation>
+    </message>
+</context>
+<context>
+    <name>Welmo</name>
+    <message>
+        <source>Arc Weld</source>
+        <translation>弧焊</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::ArcoffGroup</name>
+    <message>
+        <source>ArcOff Parameter</source>
+        <translation>收弧参数</translation>
+    </message>
+    <message>
+        <source>ArcOff Parameter File Number</source>
+        <translation>收弧参数文件号</translation>
+    </message>
+    <message>
+        <source>Annotation</source>
+        <translation>注释</translation>
+    </message>
+    <message>
+        <source>ArcOff Current</source>
+        <translation>收弧电流</translation>
+    </message>
+    <message>
+        <source>ArcOff Voltage</source>
+        <translation>收弧电压</translation>
+    </message>
+    <message>
+        <source>ArcOff Time</source>
+        <translation>收弧时间</translation>
+    </message>
+    <message>
+        <source>Stop Flow Delay Time</source>
+        <translation>滞后停气时间</translation>
+    </message>
+    <message>
+        <source>ArcOff Detection Time</source>
+        <translation>收弧检测时间</translation>
+    </message>
+    <message>
+        <source>ArcOff Pull Wire Time</source>
+        <translation>收弧回抽时间</translation>
+    </message>
+    <message>
+        <source>Wire Sticking Detection Time</source>
+        <translation>粘丝检测时间</translation>
+    </message>
+    <message>
+        <source>Anti-Stick Function Switch</source>
+        <translation>防粘丝开关</translation>
+    </message>
+    <message>
+        <source>Anti-Stick Current</source>
+        <translation>防粘丝电流</translation>
+    </message>
+    <message>
+        <source>Anti-Stick Voltage</source>
+        <translation>防粘丝电压</translation>
+    </message>
+    <message>
+        <source>Anti-Stick Time</source>
+        <translation>防粘丝时间</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Fold ArcOff Advanced Parameter</source>
+        <translation>收起收弧高级参数</translation>
+    </message>
+    <message>
+        <source>Unfold ArcOff Advanced Parameter</source>
+        <translation>展开收弧高级参数</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::ArconGroup</name>
+    <message>
+        <source>ArcOn Parameter</source>
+        <translation>起弧参数</translation>
+    </message>
+    <message>
+        <source>ArcOn Parameter File Number</source>
+        <translation>起弧参数文件号</translation>
+    </message>
+    <message>
+        <source>Annotation</source>
+        <translation>注释</translation>
+    </message>
+    <message>
+        <source>ArcOn Current</source>
+        <translation>起弧电流</translation>
+    </message>
+    <message>
+        <source>ArcOn Voltage</source>
+        <translation>起弧电压</translation>
+    </message>
+    <message>
+        <source>ArcOn Time</source>
+        <translation>起弧时间</translation>
+    </message>
+    <message>
+        <source>ArcOn Detect Time</source>
+        <translation>起弧检测时间</translation>
+    </message>
+    <message>
+        <source>ArcOn Confirm Time</source>
+        <translation>起弧确认时间</translation>
+    </message>
+    <message>
+        <source>BeforeFlow Time</source>
+        <translation>提前送气时间</translation>
+    </message>
+    <message>
+        <source>BeforeArcOn Time</source>
+        <translation>提前起弧时间</translation>
+    </message>
+    <message>
+        <source>Slow Wire Feed Speed</source>
+        <translation>慢送丝速度</translation>
+    </message>
+    <message>
+        <source>BeforeWireOut</source>
+        <translation>提前送丝时间</translation>
+    </message>
+    <message>
+        <source>ShadingTime</source>
+        <translation>渐变时间</translation>
+    </message>
+    <message>
+        <source>Arc Reignition</source>
+        <translation>重新起弧</translation>
+    </message>
+    <message>
+        <source>RetryTimes</source>
+        <translation>重试次数</translation>
+    </message>
+    <message>
+        <source>RetratWaitTime</source>
+        <translation>回抽等待时间</translation>
+    </message>
+    <message>
+        <source>RetractTime</source>
+        <translation>回抽时间</translation>
+    </message>
+    <message>
+        <source>Current Increase</source>
+        <translation>电流增量</translation>
+    </message>
+    <message>
+        <source>Voltage Increase</source>
+        <translation>电压增量</translation>
+    </message>
+    <message>
+        <source>MoveArcOn</source>
+        <translation>移动起弧</translation>
+    </message>
+    <message>
+        <source>MoveDis</source>
+        <translation>移动距离</translation>
+    </message>
+    <message>
+        <source>ReturnSpeed</source>
+        <translation>返回速度</translation>
+    </message>
+    <message>
+        <source>StepDis</source>
+        <translation>步进距离</translation>
+    </message>
+    <message>
+        <source>Retry Offset</source>
+        <translation>重试偏移</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Fold ArcOn Advanced Parameter</source>
+        <translation>收起起弧高级参数</translation>
+    </message>
+    <message>
+        <source>Unfold ArcOn Advanced Parameter</source>
+        <translation>展开起弧高级参数</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::HandleKeys</name>
+    <message>
+        <source>wire feeding</source>
+        <translation>送丝</translation>
+    </message>
+    <message>
+        <source>cancel wire feeding</source>
+        <translation>停止送丝</translation>
+    </message>
+    <message>
+        <source>wire reverse</source>
+        <translation>退丝</translation>
+    </message>
+    <message>
+        <source>cancel wire reverse</source>
+        <translation>停止退丝</translation>
+    </message>
+    <message>
+        <source>Wire feed</source>
+        <translation>送丝</translation>
+    </message>
+    <message>
+        <source>Air supply</source>
+        <translation>送气</translation>
+    </message>
+    <message>
+        <source>Jog V+</source>
+        <translation>点动速度+</translation>
+    </message>
+    <message>
+        <source>Mode switching</source>
+        <translation>模式切换</translation>
+    </message>
+    <message>
+        <source>Pull back wire</source>
+        <translation>退丝</translation>
+    </message>
+    <message>
+        <source>Monitor</source>
+        <translation>监控</translation>
+    </message>
+    <message>
+        <source>Jog V-</source>
+        <translation>点动速度-</translation>
+    </message>
+    <message>
+        <source>welder state error</source>
+        <translation>焊机状态错误</translation>
+    </message>
+    <message>
+        <source>%1 fail</source>
+        <translation>%1失败</translation>
+    </message>
+    <message>
+        <source>%1 success</source>
+        <translation>%1成功</translation>
+    </message>
+    <message>
+        <source>Switching welding operation mode failed!</source>
+        <translation>焊接运行模式切换失败！</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::PointEdit</name>
+    <message>
+        <source>New point here</source>
+        <translation>在此新建点</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>原点位</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>偏移</translation>
+    </message>
+    <message>
+        <source>Relative to tool</source>
+        <translation>相对工具</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::PointGroup</name>
+    <message>
+        <source>Point</source>
+        <translation>点位</translation>
+    </message>
+    <message>
+        <source>Computed</source>
+        <translation>计算结果</translation>
+    </message>
+    <message>
+        <source>Read robot position</source>
+        <translation>读取机器人位置</translation>
+    </message>
+    <message>
+        <source>Compute</source>
+        <translation>计算</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Move to point:</source>
+        <translation>移动到点位：</translation>
+    </message>
+    <message>
+        <source>Joint</source>
+        <translation>关节</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>直线</translation>
+    </message>
+    <message>
+        <source>Move to computed:</source>
+        <translation>移动到计算结果：</translation>
+    </message>
+    <message>
+        <source>Edited</source>
+        <translation>已编辑</translation>
+    </message>
+    <message>
+        <source>Robot position</source>
+        <translation>机器人位置</translation>
+    </message>
+    <message>
+        <source>Determine the refresh point?</source>
+        <translation>确定刷新点位吗？</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>get robot position fail</source>
+        <translation>获取机器人位置失败</translation>
+    </message>
+    <message>
+        <source>Robot</source>
+        <translation>机器人</translation>
+    </message>
+    <message>
+        <source>move to point fail</source>
+        <translation>移动到点失败</translation>
+    </message>
+    <message>
+        <source>stop move fail</source>
+        <translation>停止运动失败</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::ProcessGroup</name>
+    <message>
+        <source>Current Mode</source>
+        <translation>电流模式</translation>
+    </message>
+    <message>
+        <source>Voltage Mode</source>
+        <translation>电压模式</translation>
+    </message>
+    <message>
+        <source>Arc Mode</source>
+        <translation>焊接模式</translation>
+    </message>
+    <message>
+        <source>the welder offers unknown modes: %1</source>
+        <translation>焊机提供了未知的模式：%1</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::TaughtNotice</name>
+    <message>
+        <source>Use the point's own</source>
+        <translation>使用该点自身的</translation>
+    </message>
+    <message>
+        <source>%1 was taught in %2; the line uses %3</source>
+        <translation>%1 在 %2 中示教；该行使用 %3</translation>
+    </message>
+    <message>
+        <source>%1 was taught with %2; the line uses %3</source>
+        <translation>%1 用 %2 示教；该行使用 %3</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::WeaveEditor</name>
     <message>
         <source>Weave Setting</source>
         <translation>摆弧设置</translation>
@@ -932,21 +1016,7 @@
     </message>
 </context>
 <context>
-    <name>WeaveFunctionPage</name>
-    <message>
-        <source>Weave Function</source>
-        <translation>摆弧功能</translation>
-    </message>
-</context>
-<context>
-    <name>WeaveWidget</name>
-    <message>
-        <source>weavedata format error</source>
-        <translation>摆弧数据格式错误</translation>
-    </message>
-</context>
-<context>
-    <name>WeldGroup</name>
+    <name>welmo::WeldGroup</name>
     <message>
         <source>Weld Parameter</source>
         <translation>焊接参数</translation>
@@ -1009,7 +1079,7 @@
     </message>
 </context>
 <context>
-    <name>WeldModeIndicator</name>
+    <name>welmo::WeldModeIndicator</name>
     <message>
         <source>test run mode</source>
         <translation>试运行模式</translation>
@@ -1040,120 +1110,34 @@
     </message>
 </context>
 <context>
-    <name>WeldingOptionsPage</name>
+    <name>MoveParamWidget</name>
     <message>
-        <source>Welding Options</source>
-        <translation>焊接选项</translation>
+        <source>%1 is no longer in the project; %2 is chosen</source>
+        <translation>工程中已没有%1；已改选%2</translation>
     </message>
     <message>
-        <source>The welder is not ready.</source>
-        <translation>焊机未就绪。</translation>
+        <source>速度(V)：</source>
+        <translation>速度(V)：</translation>
     </message>
     <message>
-        <source>Base Setting</source>
-        <translation>基本设置</translation>
+        <source>转弯区(Z)：</source>
+        <translation>转弯区(Z)：</translation>
     </message>
     <message>
-        <source>Empty running Cartesian speed</source>
-        <translation>空运行笛卡尔速度</translation>
+        <source>工具(T)：</source>
+        <translation>工具(T)：</translation>
     </message>
     <message>
-        <source>Jog Wire Feed/Reverse Speed</source>
-        <translation>点动送丝/退丝速度</translation>
+        <source>工件(W)：</source>
+        <translation>工件(W)：</translation>
     </message>
     <message>
-        <source>Flow Detection Time</source>
-        <translation>检气时间</translation>
+        <source>摆动变量(weavedata)：</source>
+        <translation>摆动变量(weavedata)：</translation>
     </message>
     <message>
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-    <message>
-        <source>Anti-Collision Setting</source>
-        <translation>防碰撞设置</translation>
-    </message>
-    <message>
-        <source>Anti-Collision Switch</source>
-        <translation>防碰撞开关</translation>
-    </message>
-    <message>
-        <source>DI Selection</source>
-        <translation>DI 选择</translation>
-    </message>
-    <message>
-        <source>Anti-Collision Shield</source>
-        <translation>防碰撞屏蔽</translation>
-    </message>
-    <message>
-        <source>Wire Torch Mode Setting</source>
-        <translation>夹丝枪模式设置</translation>
-    </message>
-    <message>
-        <source>Mode Switch</source>
-        <translation>模式开关</translation>
-    </message>
-    <message>
-        <source>save running parameter error</source>
-        <translation>保存运行参数失败</translation>
-    </message>
-    <message>
-        <source>save running parameter success</source>
-        <translation>保存运行参数成功</translation>
-    </message>
-    <message>
-        <source>enable</source>
-        <translation>启用</translation>
-    </message>
-    <message>
-        <source>disable</source>
-        <translation>停用</translation>
-    </message>
-    <message>
-        <source>anti-collision device error</source>
-        <translation>防碰撞设备失败</translation>
-    </message>
-    <message>
-        <source>anti-collision device success</source>
-        <translation>防碰撞设备成功</translation>
-    </message>
-    <message>
-        <source>anti-collision device shielding error</source>
-        <translation>防碰撞设备屏蔽失败</translation>
-    </message>
-    <message>
-        <source>anti-collision device shielding success</source>
-        <translation>防碰撞设备屏蔽成功</translation>
-    </message>
-    <message>
-        <source>wire clamping torch mode error</source>
-        <translation>夹丝枪模式失败</translation>
-    </message>
-    <message>
-        <source>wire clamping torch mode success</source>
-        <translation>夹丝枪模式成功</translation>
-    </message>
-</context>
-<context>
-    <name>Welmo</name>
-    <message>
-        <source>Arc Weld</source>
-        <translation>弧焊</translation>
-    </message>
-</context>
-<context>
-    <name>welmo::TaughtNotice</name>
-    <message>
-        <source>Use the point's own</source>
-        <translation>使用该点自身的</translation>
-    </message>
-    <message>
-        <source>%1 was taught in %2; the line uses %3</source>
-        <translation>%1 在 %2 中示教；该行使用 %3</translation>
-    </message>
-    <message>
-        <source>%1 was taught with %2; the line uses %3</source>
-        <translation>%1 用 %2 示教；该行使用 %3</translation>
+        <source>详细</source>
+        <translation>详细</translation>
     </message>
 </context>
 </TS>

@@ -82,8 +82,8 @@ void TlArcWeldDefine::add(const Instruction &instruction)
     m_manager->cTexts.insert(QStringLiteral("c_") + name, QString());
     m_manager->syntaxTemplates.insert(name, QString::fromLatin1(instruction.syntax));
     m_manager->instructionTexts.insert(name, QString());
-    auto insert = shared<TimedInsertWidget, WordInsertWidget>(instruction);
-    auto property = shared<TimedPropertyWidget, WordPropertyWidget>(instruction);
+    auto insert = shared<welmo::TimedInsertWidget, welmo::WordInsertWidget>(instruction);
+    auto property = shared<welmo::TimedPropertyWidget, welmo::WordPropertyWidget>(instruction);
     for (const Forms &own : ownForms) {
         if (own.word == instruction.word) {
             insert = own.insert;

@@ -35,7 +35,7 @@ ArcWeldPage::ArcWeldPage(QWidget *parent, QObject *owner)
     : BasePage(QStringLiteral("welmo"), tr("Arc Weld"), owner)
     , m_wgt(new QWidget(parent))
     , ui(std::make_unique<Ui::ArcWeldPage>())
-    , m_keys(new HandleKeys(this))
+    , m_keys(new welmo::HandleKeys(this))
 {
     bindMobj(QStringLiteral("welmo"));
     ui->setupUi(m_wgt);
@@ -158,7 +158,7 @@ void ArcWeldPage::followEnableLeaf()
 {
     kelp::ModuleObject *leaf = m(QStringLiteral("welmo.device.enable"));
     const auto apply = [this](const QVariant &value) {
-        enableRegisterPhysicalButtons(this, HandleKeys::setName, value.toBool());
+        enableRegisterPhysicalButtons(this, welmo::HandleKeys::setName, value.toBool());
     };
     leaf->watch(true, false);
     connect(leaf, &kelp::ModuleObject::changed, this, apply);
@@ -189,7 +189,8 @@ void ArcWeldPage::render()
 
 void ArcWeldPage::addModeIndicator()
 {
-    m_modeIndicator = new WeldModeIndicator; // kept, though not seen, where there is no status bar
+    m_modeIndicator =
+        new welmo::WeldModeIndicator; // kept, though not seen, where there is no status bar
     if (pando::StatusBar *bar = welmo::host::statusBar(this)) {
         bar->addBeforeItem(this, QStringLiteral("welmo.labelArcMode"),
                            QStringLiteral("orbo.body.statuspage.wgtStrech2"), m_modeIndicator);

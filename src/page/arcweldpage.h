@@ -12,9 +12,11 @@ namespace Ui {
 class ArcWeldPage;
 }
 class BaseSubPage;
-class HandleKeys;
 class QToolButton;
+namespace welmo {
+class HandleKeys;
 class WeldModeIndicator;
+} // namespace welmo
 
 /// The module's main view: a strip of buttons and the sub-page that is chosen with them.
 class ArcWeldPage : public tessa::BasePage
@@ -71,7 +73,7 @@ private:
     QList<SubPageCfg> m_entries;
     QToolButton *m_currentButton = nullptr;
     BaseSubPage *m_currentPage = nullptr;
-    HandleKeys *m_keys;
-    QPointer<WeldModeIndicator> m_modeIndicator;
+    welmo::HandleKeys *m_keys;
+    QPointer<welmo::WeldModeIndicator> m_modeIndicator;
     bool m_isLoaded = false; ///< the controller was there since init()
 };

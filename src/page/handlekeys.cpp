@@ -1,5 +1,6 @@
 #include "page/handlekeys.h"
 
+#include <QMap>
 #include <QtMath>
 
 #include <kelp/moduleobject.h>
@@ -12,6 +13,8 @@
 #include "data/arcweldservice.h"
 #include "data/report.h"
 #include "schema/weldmode.h"
+
+namespace welmo {
 
 const QString HandleKeys::setName = QStringLiteral("welmo_monitor");
 
@@ -55,70 +58,62 @@ void HandleKeys::registerArcButton()
                         tr("cancel wire feeding")};
     const WireMove back{QStringLiteral("wire_feel_back"), QStringLiteral("reverse"),
                         tr("wire reverse"), tr("cancel wire reverse")};
-    const auto key = [](const QString &label, const QString &picture,
+    using Keys = QMap<int, tessa::PhysicalButton>; // by the key's number on the handle
+    const auto add = [](Keys &group, int number, const QString &label, const QString &picture,
                         std::function<void(bool)> action) {
-        auto *theme = welmo::host::themeManager();
-        const QString group = QStringLiteral("handle");
-        return tessa::PhysicalButton{
-            label, theme->getIcon(group, picture + QLatin1String("Unpressed")),
-            theme->getIcon(group, picture + QLatin1String("Pressed")), std::move(action)};
+        auto *theme = host::themeManager();
+        const QString folder = QStringLiteral("handle");
+        group[number] = {label, theme->getIcon(folder, picture + QLatin1String("Unpressed")),
+                         theme->getIcon(folder, picture + QLatin1String("Pressed")),
+                         std::move(action)};
     };
-    const QList<tessa::PhysicalButton> first{
-        key(tr("Wire feed"), QStringLiteral("feedWire"), [=](bool down) { moveWire(feed, down); }),
-        key(tr("Air supply"), QStringLiteral("gas"), [=](bool down) { supplyGas(down); }),
-        key(tr("Jog V+"), QStringLiteral("jogV+"),
-            [=](bool down) { jog(m_jogUp, &HandleKeys::onJogVAddTimeOut, down); }),
-        key(tr("Mode switching"), QStringLiteral("switchMode"),
-            [=](bool down) { switchMode(down); }),
-    };
-    const QList<tessa::PhysicalButton> second{
-        key(tr("Pull back wire"), QStringLiteral("pullWire"),
-            [=](bool down) { moveWire(back, down); }),
-        key(tr("Monitor"), QStringLiteral("monitor"), [=](bool down) { toggleMonitor(down); }),
-        key(tr("Jog V-"), QStringLiteral("jogV-"),
-            [=](bool down) { jog(m_jogDown, &HandleKeys::onJogVMinusTimeOut, down); }),
-    };
-    registerPhysicalButtons(m_page, setName, first, second, {QString()});
-}
-
-bool HandleKeys::checkConnected() const
-{
-    const bool connected = welmo::arcweld::isConnected();
-    if (!connected)
-        welmo::report::error(nullptr, tr("tessa not connected"));
-    return connected;
+    Keys first;
+    add(first, 1, tr("Wire feed"), QStringLiteral("feedWire"),
+        [=](bool down) { moveWire(feed, down); });
+    add(first, 2, tr("Air supply"), QStringLiteral("gas"), [=](bool down) { supplyGas(down); });
+    add(first, 3, tr("Jog V+"), QStringLiteral("jogV+"),
+        [=](bool down) { jog(m_jogUp, &HandleKeys::onJogVAddTimeOut, down); });
+    add(first, 4, tr("Mode switching"), QStringLiteral("switchMode"),
+        [=](bool down) { switchMode(down); });
+    Keys second;
+    add(second, 5, tr("Pull back wire"), QStringLiteral("pullWire"),
+        [=](bool down) { moveWire(back, down); });
+    add(second, 6, tr("Monitor"), QStringLiteral("monitor"),
+        [=](bool down) { toggleMonitor(down); });
+    add(second, 7, tr("Jog V-"), QStringLiteral("jogV-"),
+        [=](bool down) { jog(m_jogDown, &HandleKeys::onJogVMinusTimeOut, down); });
+    registerPhysicalButtons(m_page, setName, first.values(), second.values(), {QString()});
 }
 
 bool HandleKeys::checkWelderState() const
 {
-    const bool fine = welmo::arcweld::welderState(m_page) != QLatin1String("error");
+    const bool fine = arcweld::welderState(m_page) != QLatin1String("error");
     if (!fine)
-        welmo::report::error(nullptr, tr("welder state error"));
+        report::error(nullptr, tr("welder state error"));
     return fine;
 }
 
 void HandleKeys::moveWire(const WireMove &move, bool down)
 {
     // A release is sent even when the link looks down: the wire must not be left moving.
-    if (down && !checkConnected())
+    if (down && !report::requireConnection())
         return;
     if (!checkWelderState())
         return;
     const QString action = down ? move.downText : move.upText;
     kelp::ModuleObject payload(move.payload, nullptr);
     payload.set(nullptr, move.child, down, true);
-    const QString command = welmo::arcweld::node(QStringLiteral("wire_feed"));
+    const QString command = arcweld::node(QStringLiteral("wire_feed"));
     if (xservice()->execCommand(nullptr, command, &payload)->getInt(0) != 0)
-        welmo::report::error(nullptr, tr("%1 fail").arg(action));
+        report::error(nullptr, tr("%1 fail").arg(action));
     else
-        welmo::report::info(nullptr, tr("%1 success").arg(action));
+        report::info(nullptr, tr("%1 success").arg(action));
 }
 
 void HandleKeys::supplyGas(bool down)
 {
     if (!down && checkWelderState())
-        xservice()->execCommand(nullptr, welmo::arcweld::node(QStringLiteral("gas_flow")),
-                                QVariant());
+        xservice()->execCommand(nullptr, arcweld::node(QStringLiteral("gas_flow")), QVariant());
 }
 
 void HandleKeys::jog(QTimer &timer, void (HandleKeys::*step)(), bool down)
@@ -153,15 +148,15 @@ void HandleKeys::onJogVMinusTimeOut()
 
 void HandleKeys::switchMode(bool down)
 {
-    if (!down || !checkConnected() || !checkWelderState())
+    if (!down || !report::requireConnection() || !checkWelderState())
         return;
     const QString current =
         m(QStringLiteral("welmo.welding_options.weld_mode"))->getString(QString());
     kelp::ModuleObject payload(QStringLiteral("target_mode"), nullptr);
-    payload.set(nullptr, QStringLiteral("mode"), welmo::schema::weldmode::next(current), true);
-    const QString command = welmo::arcweld::node(QStringLiteral("set_weld_mode"));
+    payload.set(nullptr, QStringLiteral("mode"), schema::weldmode::next(current), true);
+    const QString command = arcweld::node(QStringLiteral("set_weld_mode"));
     if (xservice()->execCommand(nullptr, command, &payload)->getInt(0) != 0)
-        welmo::report::error(nullptr, tr("Switching welding operation mode failed!"));
+        report::error(nullptr, tr("Switching welding operation mode failed!"));
 }
 
 void HandleKeys::toggleMonitor(bool down)
@@ -172,3 +167,5 @@ void HandleKeys::toggleMonitor(bool down)
     bar->switchTo(pageKey);
     bar->setVisible(bar->isHidden()); // whether or not the window itself is shown
 }
+
+} // namespace welmo

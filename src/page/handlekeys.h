@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QTimer>
 
+namespace welmo {
+
 /// What the handle's keys do for welding: feed and pull back wire, gas, jog speed, weld mode,
 /// monitor. Everything is reported through the message log; nothing here opens a dialog.
 class HandleKeys : public QObject
@@ -26,7 +28,6 @@ public slots:
 private:
     struct WireMove;
 
-    bool checkConnected() const;
     bool checkWelderState() const;
     void moveWire(const WireMove &move, bool down);
     void supplyGas(bool down);
@@ -38,3 +39,5 @@ private:
     QTimer m_jogUp;
     QTimer m_jogDown;
 };
+
+} // namespace welmo

@@ -207,9 +207,9 @@ void MonitorPage::onChangeVoltageClicked()
 
 void MonitorPage::step(QDoubleSpinBox *box)
 {
-    if (!welmo::arcweld::isConnected())
-        welmo::report::error(this, tr("tessa is not connected"));
-    else if (const QObject *button = sender())
+    if (!welmo::report::requireConnection(this))
+        return;
+    if (const QObject *button = sender())
         box->setValue(box->value() + button->property(stepProperty).toInt());
 }
 

@@ -7,9 +7,11 @@
 #include "data/report.h"
 #include "schema/weldmode.h"
 
+namespace welmo {
+
 namespace {
 
-namespace weldmode = welmo::schema::weldmode;
+namespace weldmode = schema::weldmode;
 
 struct Mode
 {
@@ -20,12 +22,12 @@ struct Mode
 };
 
 constexpr std::array<Mode, 3> modes{{
-    {weldmode::testRun, QT_TRANSLATE_NOOP("WeldModeIndicator", "test run mode"),
-     QT_TRANSLATE_NOOP("WeldModeIndicator", "test run"), "testRun.png"},
-    {weldmode::simulation, QT_TRANSLATE_NOOP("WeldModeIndicator", "simulation mode"),
-     QT_TRANSLATE_NOOP("WeldModeIndicator", "simulation"), "simu.png"},
-    {weldmode::real, QT_TRANSLATE_NOOP("WeldModeIndicator", "real mode"),
-     QT_TRANSLATE_NOOP("WeldModeIndicator", "real welding"), "realWelding.png"},
+    {weldmode::testRun, QT_TRANSLATE_NOOP("welmo::WeldModeIndicator", "test run mode"),
+     QT_TRANSLATE_NOOP("welmo::WeldModeIndicator", "test run"), "testRun.png"},
+    {weldmode::simulation, QT_TRANSLATE_NOOP("welmo::WeldModeIndicator", "simulation mode"),
+     QT_TRANSLATE_NOOP("welmo::WeldModeIndicator", "simulation"), "simu.png"},
+    {weldmode::real, QT_TRANSLATE_NOOP("welmo::WeldModeIndicator", "real mode"),
+     QT_TRANSLATE_NOOP("welmo::WeldModeIndicator", "real welding"), "realWelding.png"},
 }};
 
 constexpr int pictureHeight = 25;
@@ -59,5 +61,7 @@ void WeldModeIndicator::announce(const QString &code)
     setText(tr(mode->labelText));
     showPicture(code);
     // The two blanks are the message's own.
-    welmo::report::info(nullptr, tr("Switch to  ") + tr(mode->logText));
+    report::info(nullptr, tr("Switch to  ") + tr(mode->logText));
 }
+
+} // namespace welmo

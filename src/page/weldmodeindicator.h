@@ -2,6 +2,8 @@
 
 #include <QLabel>
 
+namespace welmo {
+
 /// The status bar's picture of the weld running mode.
 class WeldModeIndicator : public QLabel
 {
@@ -14,3 +16,5 @@ public:
     /// As showPicture(), and tells the switch in the message log, as the controller's news.
     void announce(const QString &code);
 };
+
+} // namespace welmo

@@ -2,7 +2,7 @@
 
 #include "ui_arcoffgroup.h"
 
-using namespace welmo;
+namespace welmo {
 
 ArcoffGroup::ArcoffGroup(QWidget *parent)
     : ProcessGroup(parent)
@@ -47,3 +47,5 @@ void ArcoffGroup::handleSwitchVoltageMode(int mode)
     ProcessGroup::handleSwitchVoltageMode(mode);
     setVoltageRange(m_arcoffVoltageRanges, mode);
 }
+
+} // namespace welmo

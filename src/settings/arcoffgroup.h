@@ -4,6 +4,8 @@
 
 #include "settings/processgroup.h"
 
+namespace welmo {
+
 namespace Ui {
 class ArcoffGroup;
 }
@@ -19,9 +21,11 @@ public:
     void handleSwitchVoltageMode(int mode) override;
 
 protected:
-    void bindFields(welmo::FieldTable &fields) override;
+    void bindFields(FieldTable &fields) override;
     void voltageUnitChanged(const QString &unit) override;
 
 private:
     std::unique_ptr<Ui::ArcoffGroup> ui;
 };
+
+} // namespace welmo

@@ -2,7 +2,7 @@
 
 #include "ui_arcongroup.h"
 
-using namespace welmo;
+namespace welmo {
 
 ArconGroup::ArconGroup(QWidget *parent)
     : ProcessGroup(parent)
@@ -82,3 +82,5 @@ void ArconGroup::onArconLeadTimeEditFinished()
              ui->lblReturnSpeedUnit, ui->lbl_stepDis, ui->sbxStepDis, ui->lblStepDisUnit})
         widget->setEnabled(time < 1);
 }
+
+} // namespace welmo

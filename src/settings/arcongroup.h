@@ -4,6 +4,8 @@
 
 #include "settings/processgroup.h"
 
+namespace welmo {
+
 namespace Ui {
 class ArconGroup;
 }
@@ -21,7 +23,7 @@ public slots:
     void onArconLeadTimeEditFinished();
 
 protected:
-    void bindFields(welmo::FieldTable &fields) override;
+    void bindFields(FieldTable &fields) override;
     void initConnect() override;
     void currentUnitChanged(const QString &unit) override;
     void voltageUnitChanged(const QString &unit) override;
@@ -30,3 +32,5 @@ protected:
 private:
     std::unique_ptr<Ui::ArconGroup> ui;
 };
+
+} // namespace welmo

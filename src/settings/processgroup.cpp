@@ -5,7 +5,7 @@
 #include "schema/unit.h"
 #include "widgets/pairfold.h"
 
-using namespace welmo;
+namespace welmo {
 
 void ProcessGroup::setControls(const Controls &controls, const schema::ProcessSet &set)
 {
@@ -148,3 +148,5 @@ void ProcessGroup::afterShow()
     onVoltageModeChanged(m_controls.voltageMode->currentIndex());
     applyRules();
 }
+
+} // namespace welmo

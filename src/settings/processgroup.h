@@ -8,6 +8,8 @@
 #include "data/welderlimits.h"
 #include "schema/processsets.h"
 
+namespace welmo {
+
 /// What the arc-start, welding and arc-end groups have in common: a numbered file with its modes,
 /// current and voltage, a fold-out area and the buttons. A group works the same wherever it stands,
 /// on the process page or in an instruction's form; its home only connects the buttons.
@@ -23,7 +25,7 @@ public:
     /// the page or form that the group stands in, is named as the sender of what is reported.
     void initUI(QObject *owner);
 
-    welmo::FileForm &file() { return *m_file; }
+    FileForm &file() { return *m_file; }
     QPushButton *saveButton() const { return m_controls.save; }
     QPushButton *cancelButton() const { return m_controls.cancel; }
     bool isUnfolded() const { return m_unfolded; }
@@ -44,7 +46,7 @@ public:
     virtual void handleSwitchVoltageMode(int mode);
 
     /// Offers the welder's modes and takes over its voltage ranges; the user's choices stay.
-    void applyWelder(const welmo::WelderLimits &limits);
+    void applyWelder(const WelderLimits &limits);
 
 public slots:
     /// Opens or closes the fold-out area.
@@ -76,9 +78,9 @@ protected:
     };
 
     /// Called by the derived group once its generated form stands.
-    void setControls(const Controls &controls, const welmo::schema::ProcessSet &set);
+    void setControls(const Controls &controls, const schema::ProcessSet &set);
     /// Binds the rows that the other sets do not have.
-    virtual void bindFields(welmo::FieldTable &fields) = 0;
+    virtual void bindFields(FieldTable &fields) = 0;
     /// The group's own connections.
     virtual void initConnect() { }
     /// What else follows the current mode's unit ("A" or "mm/s").
@@ -87,20 +89,22 @@ protected:
     virtual void voltageUnitChanged(const QString &) { }
     /// Brings up to date what depends on the values just shown.
     virtual void applyRules() { }
-    void setVoltageRange(const welmo::VoltageRanges &ranges, int mode);
-    welmo::VoltageRanges m_voltageRanges;
-    welmo::VoltageRanges m_arcoffVoltageRanges;
+    void setVoltageRange(const VoltageRanges &ranges, int mode);
+    VoltageRanges m_voltageRanges;
+    VoltageRanges m_arcoffVoltageRanges;
 
 private:
-    void bindSharedFields(welmo::FieldTable &fields);
+    void bindSharedFields(FieldTable &fields);
     void afterShow();
-    void offerModes(QLabel *label, QComboBox *combo, const welmo::schema::ChoiceTable &table,
+    void offerModes(QLabel *label, QComboBox *combo, const schema::ChoiceTable &table,
                     const QStringList &items, const QString &labelText);
-    void offerModes(const welmo::WelderLimits &limits);
+    void offerModes(const WelderLimits &limits);
 
     Controls m_controls{};
-    welmo::Range m_fixedVoltage{};
-    const welmo::schema::ProcessSet *m_set = nullptr;
-    std::unique_ptr<welmo::FileForm> m_file;
+    Range m_fixedVoltage{};
+    const schema::ProcessSet *m_set = nullptr;
+    std::unique_ptr<FileForm> m_file;
     bool m_unfolded = false;
 };
+
+} // namespace welmo

@@ -5,7 +5,7 @@
 #include "data/arcweldservice.h"
 #include "data/report.h"
 
-using namespace welmo;
+namespace welmo {
 
 namespace {
 
@@ -87,7 +87,7 @@ void ProcessGroups::switchVoltageMode(const QDoubleSpinBox *box, int mode)
 
 void ProcessGroups::getWelderParamRange()
 {
-    if (!welmo::arcweld::isConnected())
+    if (!arcweld::isConnected())
         return;
     const auto limits = WelderLimits::read(m_home);
     if (!limits)
@@ -98,7 +98,7 @@ void ProcessGroups::getWelderParamRange()
 
 void ProcessGroups::selectFile(const QObject *sender)
 {
-    if (!welmo::arcweld::isConnected()) {
+    if (!arcweld::isConnected()) {
         report::warning(m_home, report::notConnected());
         return;
     }
@@ -133,3 +133,5 @@ void ProcessGroups::cancel(const QObject *sender)
             group->file().show();
     }
 }
+
+} // namespace welmo

@@ -6,6 +6,8 @@
 #include "data/arcweldservice.h"
 #include "settings/processgroup.h"
 
+namespace welmo {
+
 /// The process groups of one home, a page or an instruction's form, and what the home's buttons do
 /// to them: the sender decides the group.
 class ProcessGroups
@@ -59,7 +61,7 @@ template<typename Home>
 void ProcessGroups::initUI(Home *home)
 {
     // Before the groups read their files: the modes decide what of them can be shown.
-    welmo::arcweld::onConnected(&m_guard, [this] { getWelderParamRange(); });
+    arcweld::onConnected(&m_guard, [this] { getWelderParamRange(); });
     for (ProcessGroup *group : qAsConst(m_groups)) {
         group->initUI(home);
         QObject::connect(group->file().combo(), qOverload<int>(&QComboBox::currentIndexChanged),
@@ -72,3 +74,5 @@ void ProcessGroups::initUI(Home *home)
     getWelderParamRange();
     initParamValue();
 }
+
+} // namespace welmo

@@ -4,7 +4,13 @@
 #include "data/report.h"
 #include "ui_processsettingspage.h"
 
-using namespace welmo;
+// Not all of welmo, which has a namespace Ui of its own.
+namespace arcweld = welmo::arcweld;
+namespace names = welmo::names;
+namespace parameterfile = welmo::parameterfile;
+namespace report = welmo::report;
+namespace schema = welmo::schema;
+using welmo::FileForm;
 
 namespace {
 
@@ -67,7 +73,7 @@ void ProcessSettingsPage::initConnect()
 
 void ProcessSettingsPage::initPage()
 {
-    if (!welmo::arcweld::isConnected())
+    if (!arcweld::isConnected())
         return;
     xservice()->watch(this, names::deviceParam, true);
     getWelderParamRange();
@@ -133,7 +139,7 @@ void ProcessSettingsPage::onEnableButtonClicked()
 {
     if (!report::requireConnection(this))
         return;
-    if (welmo::arcweld::welderState(this) == QLatin1String("error")) {
+    if (arcweld::welderState(this) == QLatin1String("error")) {
         report::error(this, tr("welder state error"));
         return;
     }

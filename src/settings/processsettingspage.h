@@ -92,5 +92,5 @@ private:
     welmo::FileForm &arcoff();
 
     std::unique_ptr<Ui::ProcessSettingsPage> ui;
-    ProcessGroups m_groups;
+    welmo::ProcessGroups m_groups;
 };

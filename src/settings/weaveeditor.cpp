@@ -8,7 +8,7 @@
 #include "ui_weaveeditor.h"
 #include "widgets/pairfold.h"
 
-using namespace welmo;
+namespace welmo {
 
 namespace {
 
@@ -129,7 +129,7 @@ void WeaveEditor::applyRules()
 
 void WeaveEditor::onFileNumberChanged(int)
 {
-    if (welmo::arcweld::isConnected())
+    if (arcweld::isConnected())
         m_file->select();
 }
 
@@ -263,3 +263,5 @@ void WeaveEditor::onSaveButtonClicked()
     report::info(m_owner, tr("save parameter succeed"));
     emit saved();
 }
+
+} // namespace welmo

@@ -6,10 +6,13 @@
 #include "data/fileform.h"
 #include "schema/filesets.h"
 
+class QPushButton;
+
+namespace welmo {
+
 namespace Ui {
 class WeaveEditor;
 }
-class QPushButton;
 
 /// The editor of one weave file, with its rules. The weave page and the weave instructions hold the
 /// same editor; what differs is said by Home.
@@ -20,7 +23,7 @@ public:
     struct Home
     {
         /// The two homes differ in what a new file starts with.
-        const welmo::schema::WeaveSet &set = welmo::schema::weave();
+        const schema::WeaveSet &set = schema::weave();
         bool titlesAndPictures = true;
     };
 
@@ -30,7 +33,7 @@ public:
     /// Builds the controls and shows the first file. @p owner is named as the sender of reports.
     void initUI(QObject *owner, const Home &home);
 
-    welmo::FileForm &file() { return *m_file; }
+    FileForm &file() { return *m_file; }
     void initParamDefault() { m_file->writeDefaults(); }
     void useWeaveDefaultNode() { m_file->useDefaultNode(); }
     void initParamValue() { m_file->start(); }
@@ -59,7 +62,7 @@ signals:
     void cancelled();
 
 private:
-    void bindFields(welmo::FieldTable &fields, const welmo::schema::WeaveSet &set);
+    void bindFields(FieldTable &fields, const schema::WeaveSet &set);
     void initControl(const Home &home);
     void initConnect();
     void forgetOtherAngles();
@@ -67,7 +70,7 @@ private:
     void hideTitlesAndPictures();
 
     std::unique_ptr<Ui::WeaveEditor> ui;
-    std::unique_ptr<welmo::FileForm> m_file;
+    std::unique_ptr<FileForm> m_file;
     QObject *m_owner = nullptr;
     double m_leftElevation = 0; ///< what the boxes held before "V-Pattern" set them to 0
     double m_rightElevation = 0;
@@ -75,3 +78,5 @@ private:
     QString m_anglesOf; ///< the file whose angles are remembered
     int m_standard = -1; ///< that the length or frequency box is set up for
 };
+
+} // namespace welmo

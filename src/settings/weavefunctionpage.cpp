@@ -6,13 +6,13 @@
 
 WeaveFunctionPage::WeaveFunctionPage(QWidget *parent, QObject *owner)
     : BaseSubPage(parent, QStringLiteral("weaveFunction"), tr("Weave Function"), owner)
-    , m_editor(new WeaveEditor(wgt()))
+    , m_editor(new welmo::WeaveEditor(wgt()))
 {
     setObjectName(name());
     auto *layout = new QVBoxLayout(wgt());
     layout->setContentsMargins(0, 0, 0, 0); // the editor brings its own
     layout->addWidget(m_editor);
-    m_editor->initUI(this, WeaveEditor::Home{});
+    m_editor->initUI(this, welmo::WeaveEditor::Home{});
 }
 
 void WeaveFunctionPage::initPage()

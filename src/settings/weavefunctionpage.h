@@ -33,5 +33,5 @@ public slots:
     void onSaveButtonClicked() { m_editor->onSaveButtonClicked(); }
 
 private:
-    WeaveEditor *m_editor;
+    welmo::WeaveEditor *m_editor;
 };

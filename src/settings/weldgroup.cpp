@@ -3,7 +3,7 @@
 #include "data/choices.h"
 #include "ui_weldgroup.h"
 
-using namespace welmo;
+namespace welmo {
 
 WeldGroup::WeldGroup(QWidget *parent)
     : ProcessGroup(parent)
@@ -64,3 +64,5 @@ void WeldGroup::onArcBreakOptionChanged(int index)
                                           ui->lblReStartBackDistanceUnit})
         widget->setVisible(restarts);
 }
+
+} // namespace welmo

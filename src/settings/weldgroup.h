@@ -4,6 +4,8 @@
 
 #include "settings/processgroup.h"
 
+namespace welmo {
+
 namespace Ui {
 class WeldGroup;
 }
@@ -24,10 +26,12 @@ public slots:
     void onArcBreakOptionChanged(int index);
 
 protected:
-    void bindFields(welmo::FieldTable &fields) override;
+    void bindFields(FieldTable &fields) override;
     void initConnect() override;
     void applyRules() override;
 
 private:
     std::unique_ptr<Ui::WeldGroup> ui;
 };
+
+} // namespace welmo

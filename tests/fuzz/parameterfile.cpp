@@ -21,7 +21,7 @@ struct Forms
         arcoff.initUI(&arcoff);
         weave.initUI(&weave, {});
         seg.init();
-        for (auto *group : std::initializer_list<ProcessGroup *>{&arcon, &weld, &arcoff})
+        for (auto *group : std::initializer_list<welmo::ProcessGroup *>{&arcon, &weld, &arcoff})
             add(group->file());
         add(weave.file());
         add(seg.file());
@@ -41,10 +41,10 @@ struct Forms
     }
 
     testsupport::FormHost host;
-    ArconGroup arcon{host.window()};
-    WeldGroup weld{host.window()};
-    ArcoffGroup arcoff{host.window()};
-    WeaveEditor weave{host.window()};
+    welmo::ArconGroup arcon{host.window()};
+    welmo::WeldGroup weld{host.window()};
+    welmo::ArcoffGroup arcoff{host.window()};
+    welmo::WeaveEditor weave{host.window()};
     SegParameterWidget seg{host.window()};
     QMap<QString, std::pair<welmo::FileForm *, QVariant>>
         forms; // with the file that they start from

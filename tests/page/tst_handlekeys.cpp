@@ -23,13 +23,13 @@ struct Desk
 {
     FormHost host;
     QObject page;
-    HandleKeys actions{&page};
+    welmo::HandleKeys actions{&page};
     tessa::PhysicalKeys *keys = host.host().keys();
 
     Desk()
     {
         actions.registerArcButton();
-        enableRegisterPhysicalButtons(&page, HandleKeys::setName, true);
+        enableRegisterPhysicalButtons(&page, welmo::HandleKeys::setName, true);
     }
     /// What an edge of the key sent and said; the welder's state was asked for when there is a "?".
     QString edge(Key key, bool down)

@@ -210,9 +210,6 @@
         <source>movec format error</source>
         <translation>movec 格式错误</translation>
     </message>
-</context>
-<context>
-    <name>TimedInsertWidget</name>
     <message>
         <source>Feed Wire Time(s): </source>
         <translation>送丝时间(s)：</translation>

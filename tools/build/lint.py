@@ -1,7 +1,8 @@
 """Format, headers, clang-tidy and clazy: lint.py [--all]
 
-Looks at what changed since origin/main, or in the last commit; with --all at everything. Needs the
-build in build/dev, which ./dev lint sees to.
+Looks at what changed since origin/main, or in the last commit; with --all at everything. A clone that
+has neither, such as one of depth 1, has only its format looked at. Needs the build in build/dev, which
+./dev sees to.
 """
 
 import json
@@ -16,7 +17,7 @@ ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)
 BUILD = os.path.join(ROOT, "build", "dev")
 DATABASE = os.path.join(ROOT, "build", "lint")
 EMPTY = os.path.join(DATABASE, "empty")
-FOLDERS = "bench|controller|host|link|pendant|schema|src|tests|tl|tools"
+FOLDERS = "bench|book|controller|host|link|pendant|schema|src|tests|tl|tools"
 # The linters take some ten seconds for a source, and CI has minutes.
 MOST_SOURCES = 40
 
@@ -30,13 +31,15 @@ def git(*arguments):
 
 
 def changed():
-    """The newest first: what is not committed, then commit by commit."""
+    """The newest first: what is not committed, then commit by commit; None where nothing says."""
     head = git("rev-parse", "HEAD")
     base = git("merge-base", "HEAD", "origin/main")
     if not base or base == head:
         base = git("rev-parse", "--verify", "HEAD~1")
+    if not base:
+        return None
     files = git("ls-files", "--others", "--exclude-standard") + git("diff", "--name-only", "HEAD")
-    files += git("log", "--format=", "--name-only", f"{base[0]}..HEAD") if base else git("ls-files")
+    files += git("log", "--format=", "--name-only", f"{base[0]}..HEAD")
     return [file for file in dict.fromkeys(files) if os.path.exists(os.path.join(ROOT, file))]
 
 
@@ -102,10 +105,15 @@ def main():
     if sys.argv[1:] not in ([], ["--all"]):
         sys.exit("usage: ./dev lint [--all]")
     everything = bool(sys.argv[1:])
-    files = [f for f in (git("ls-files") if everything else changed()) if f.endswith((".cpp", ".h"))]
+    known = None if everything else changed()
+    files = [f for f in (git("ls-files") if known is None else known) if f.endswith((".cpp", ".h"))]
+    looked_at = files
+    if known is None and not everything:
+        print("==> no commit to compare with: the format only; ./dev lint --all takes all")
+        looked_at = []
     commands = write_database()
-    headers = [file for file in files if file.endswith(".h")]
-    sources = [file for file in sources_for(files) if file in commands]
+    headers = [file for file in looked_at if file.endswith(".h")]
+    sources = [file for file in sources_for(looked_at) if file in commands]
     if not everything and len(sources) > MOST_SOURCES:
         print(f"==> of {len(sources)} sources those that changed last; ./dev lint --all takes all")
         sources = sources[:MOST_SOURCES]

@@ -3,10 +3,12 @@
 #include "instructions/forms/instructionform.h"
 #include "settings/processgroups.h"
 
+namespace welmo {
 class ArcoffGroup;
+}
 
 /// Property form of ArcOff: the arc-end file that the line names.
-class ArcoffPropertyWidget : public PropertyForm
+class ArcoffPropertyWidget : public welmo::PropertyForm
 {
     Q_OBJECT
 public:
@@ -50,6 +52,6 @@ public slots:
 private:
     welmo::FileForm &arcoff();
 
-    ArcoffGroup *m_arcoff;
-    ProcessGroups m_groups;
+    welmo::ArcoffGroup *m_arcoff;
+    welmo::ProcessGroups m_groups;
 };

@@ -3,12 +3,14 @@
 #include "instructions/forms/instructionform.h"
 #include "settings/processgroups.h"
 
-class ArconGroup;
 class QTabWidget;
+namespace welmo {
+class ArconGroup;
 class WeldGroup;
+} // namespace welmo
 
 /// Property form of ArcOn: the arc-start and the welding file that the line names, each on its tab.
-class ArconPropertyWidget : public PropertyForm
+class ArconPropertyWidget : public welmo::PropertyForm
 {
     Q_OBJECT
 public:
@@ -66,7 +68,7 @@ private:
     welmo::FileForm &arcon();
     welmo::FileForm &weld();
 
-    ArconGroup *m_arcon;
-    WeldGroup *m_weld;
-    ProcessGroups m_groups;
+    welmo::ArconGroup *m_arcon;
+    welmo::WeldGroup *m_weld;
+    welmo::ProcessGroups m_groups;
 };

@@ -7,9 +7,9 @@
 #include "tl/lineformat.h"
 #include "widgets/touchcombo.h"
 
-using namespace welmo::tl;
+namespace welmo {
 
-FileInsertWidget::FileInsertWidget(Word word, QWidget *parent)
+FileInsertWidget::FileInsertWidget(tl::Word word, QWidget *parent)
     : InsertForm(word, parent)
 {
     auto *layout = new QFormLayout(this);
@@ -20,8 +20,8 @@ void FileInsertWidget::addFile(const QString &label, const QString &comboName)
 {
     auto *combo = new QComboBox(this);
     combo->setObjectName(comboName);
-    welmo::makeTouchable(combo);
-    combo->addItems(fileNames(word(), m_combos.size()));
+    makeTouchable(combo);
+    combo->addItems(tl::fileNames(word(), m_combos.size()));
     static_cast<QFormLayout *>(layout())->addRow(label, combo);
     m_combos.append(combo);
 }
@@ -31,8 +31,12 @@ QString FileInsertWidget::ToString()
     QStringList files;
     for (const QComboBox *combo : qAsConst(m_combos))
         files.append(combo->currentText());
-    return formatFileLine(word(), files);
+    return tl::formatFileLine(word(), files);
 }
+
+} // namespace welmo
+
+using namespace welmo::tl;
 
 ArconInsertWidget::ArconInsertWidget(QWidget *parent)
     : FileInsertWidget(Word::ArcOn, parent)

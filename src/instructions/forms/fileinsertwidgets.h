@@ -6,13 +6,15 @@
 
 class QComboBox;
 
+namespace welmo {
+
 /// Insert form of an instruction that names parameter files: one combo box for each, in the order
 /// of the line's arguments.
 class FileInsertWidget : public InsertForm
 {
     Q_OBJECT
 public:
-    FileInsertWidget(welmo::tl::Word word, QWidget *parent);
+    FileInsertWidget(tl::Word word, QWidget *parent);
     QString ToString() override;
 
 protected:
@@ -24,7 +26,9 @@ private:
     QList<QComboBox *> m_combos;
 };
 
-class ArconInsertWidget : public FileInsertWidget
+} // namespace welmo
+
+class ArconInsertWidget : public welmo::FileInsertWidget
 {
     Q_OBJECT
 public:
@@ -40,21 +44,21 @@ private:
     QString m_arcData;
 };
 
-class ArcoffInsertWidget : public FileInsertWidget
+class ArcoffInsertWidget : public welmo::FileInsertWidget
 {
     Q_OBJECT
 public:
     explicit ArcoffInsertWidget(QWidget *parent);
 };
 
-class WeaveOnInsertWidget : public FileInsertWidget
+class WeaveOnInsertWidget : public welmo::FileInsertWidget
 {
     Q_OBJECT
 public:
     explicit WeaveOnInsertWidget(QWidget *parent);
 };
 
-class SegOnInsertWidget : public FileInsertWidget
+class SegOnInsertWidget : public welmo::FileInsertWidget
 {
     Q_OBJECT
 public:

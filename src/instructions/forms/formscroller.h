@@ -2,6 +2,8 @@
 
 #include <QScrollArea>
 
+namespace welmo {
+
 /// Holds a tall editor in an instruction's form: scrolls it up and down, never sideways.
 class FormScroller : public QScrollArea
 {
@@ -10,3 +12,5 @@ public:
     /// Takes the editor over.
     explicit FormScroller(QWidget *editor);
 };
+
+} // namespace welmo

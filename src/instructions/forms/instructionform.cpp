@@ -4,7 +4,7 @@
 #include "tl/parse.h"
 #include "widgets/stylerules.h"
 
-using namespace welmo;
+namespace welmo {
 
 InsertForm::InsertForm(tl::Word word, QWidget *parent)
     : BaseContentWidget(parent)
@@ -32,3 +32,5 @@ void PropertyForm::report(const tl::Problems &problems)
     for (const tl::Problem &problem : problems)
         report::error(this, tl::shown(problem.message));
 }
+
+} // namespace welmo

@@ -4,7 +4,7 @@
 
 class SegParameterWidget;
 
-class SegOnPropertyWidget : public PropertyForm
+class SegOnPropertyWidget : public welmo::PropertyForm
 {
     Q_OBJECT
 public:

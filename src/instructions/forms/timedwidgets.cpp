@@ -6,12 +6,12 @@
 
 #include "tl/lineformat.h"
 
-using namespace welmo::tl;
+namespace welmo {
 
 namespace {
 
 // Both kinds of form show the same row.
-QDoubleSpinBox *addTimeRow(QWidget *form, Word word)
+QDoubleSpinBox *addTimeRow(QWidget *form, tl::Word word)
 {
     constexpr double shortest = 0.1;
     auto *box = new QDoubleSpinBox(form);
@@ -22,30 +22,30 @@ QDoubleSpinBox *addTimeRow(QWidget *form, Word word)
     box->setAccelerated(true);
     auto *layout = new QFormLayout(form);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    layout->addRow(TimedInsertWidget::tr(row(word).timeLabel), box);
+    layout->addRow(tl::shown(tl::row(word).timeLabel), box);
     return box;
 }
 
 } // namespace
 
-TimedInsertWidget::TimedInsertWidget(Word word, QWidget *parent)
+TimedInsertWidget::TimedInsertWidget(tl::Word word, QWidget *parent)
     : InsertForm(word, parent)
     , sbxTime(addTimeRow(this, word))
 { }
 
 QString TimedInsertWidget::ToString()
 {
-    return formatTimedLine(word(), sbxTime->value());
+    return tl::formatTimedLine(word(), sbxTime->value());
 }
 
-TimedPropertyWidget::TimedPropertyWidget(Word word, QWidget *parent)
+TimedPropertyWidget::TimedPropertyWidget(tl::Word word, QWidget *parent)
     : PropertyForm(word, parent)
     , sbxTime(addTimeRow(this, word))
 { }
 
 void TimedPropertyWidget::FillWith(const QString &line)
 {
-    const ParsedLine parsed = read(line);
+    const tl::ParsedLine parsed = read(line);
     if (parsed.seconds)
         sbxTime->setValue(*parsed.seconds);
     report(parsed.problems);
@@ -53,5 +53,7 @@ void TimedPropertyWidget::FillWith(const QString &line)
 
 QString TimedPropertyWidget::ToString()
 {
-    return formatTimedLine(word(), sbxTime->value());
+    return tl::formatTimedLine(word(), sbxTime->value());
 }
+
+} // namespace welmo

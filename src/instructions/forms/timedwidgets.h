@@ -4,12 +4,14 @@
 
 class QDoubleSpinBox;
 
+namespace welmo {
+
 /// Insert form of an instruction with a time in seconds.
 class TimedInsertWidget : public InsertForm
 {
     Q_OBJECT
 public:
-    TimedInsertWidget(welmo::tl::Word word, QWidget *parent);
+    TimedInsertWidget(tl::Word word, QWidget *parent);
     QString ToString() override;
 
 private:
@@ -21,7 +23,7 @@ class TimedPropertyWidget : public PropertyForm
 {
     Q_OBJECT
 public:
-    TimedPropertyWidget(welmo::tl::Word word, QWidget *parent);
+    TimedPropertyWidget(tl::Word word, QWidget *parent);
     void FillWith(const QString &line) override;
     QString ToString() override;
 
@@ -29,7 +31,9 @@ private:
     QDoubleSpinBox *sbxTime;
 };
 
-class FeedOnWireInsertWidget : public TimedInsertWidget
+} // namespace welmo
+
+class FeedOnWireInsertWidget : public welmo::TimedInsertWidget
 {
     Q_OBJECT
 public:
@@ -38,7 +42,7 @@ public:
     { }
 };
 
-class FeedOnWirePropertyWidget : public TimedPropertyWidget
+class FeedOnWirePropertyWidget : public welmo::TimedPropertyWidget
 {
     Q_OBJECT
 public:
@@ -47,7 +51,7 @@ public:
     { }
 };
 
-class FeedBackWireInsertWidget : public TimedInsertWidget
+class FeedBackWireInsertWidget : public welmo::TimedInsertWidget
 {
     Q_OBJECT
 public:
@@ -56,7 +60,7 @@ public:
     { }
 };
 
-class FeedBackWirePropertyWidget : public TimedPropertyWidget
+class FeedBackWirePropertyWidget : public welmo::TimedPropertyWidget
 {
     Q_OBJECT
 public:
@@ -65,7 +69,7 @@ public:
     { }
 };
 
-class DetectGasInsertWidget : public TimedInsertWidget
+class DetectGasInsertWidget : public welmo::TimedInsertWidget
 {
     Q_OBJECT
 public:
@@ -74,7 +78,7 @@ public:
     { }
 };
 
-class DetectGasPropertyWidget : public TimedPropertyWidget
+class DetectGasPropertyWidget : public welmo::TimedPropertyWidget
 {
     Q_OBJECT
 public:

@@ -18,7 +18,7 @@ WeaveOnPropertyWidget::WeaveOnPropertyWidget(QWidget *parent)
     auto *tabs = new QTabWidget(this);
     tabs->setObjectName(QStringLiteral("twgtWeaveData"));
     // Chinese in every language, as on the pendants in the field.
-    tabs->addTab(new FormScroller(wgtWeaveData), QStringLiteral("摆弧参数(weavedata)"));
+    tabs->addTab(new welmo::FormScroller(wgtWeaveData), QStringLiteral("摆弧参数(weavedata)"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(tabs);

@@ -4,7 +4,7 @@
 
 class WeaveWidget;
 
-class WeaveOnPropertyWidget : public PropertyForm
+class WeaveOnPropertyWidget : public welmo::PropertyForm
 {
     Q_OBJECT
 public:

@@ -3,7 +3,7 @@
 #include "settings/weaveeditor.h"
 
 /// The weave editor inside an instruction's form or dialog.
-class WeaveWidget : public WeaveEditor
+class WeaveWidget : public welmo::WeaveEditor
 {
     Q_OBJECT
 public:

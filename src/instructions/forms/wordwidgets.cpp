@@ -1,6 +1,10 @@
 #include "instructions/forms/wordwidgets.h"
 
+namespace welmo {
+
 void WordPropertyWidget::FillWith(const QString &line)
 {
     report(read(line).problems);
 }
+
+} // namespace welmo

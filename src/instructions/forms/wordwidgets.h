@@ -2,13 +2,15 @@
 
 #include "instructions/forms/instructionform.h"
 
+namespace welmo {
+
 /// Insert form of an instruction that is a word alone.
 class WordInsertWidget : public InsertForm
 {
     Q_OBJECT
 public:
     using InsertForm::InsertForm;
-    QString ToString() override { return welmo::tl::row(word()).text(); }
+    QString ToString() override { return tl::row(word()).text(); }
 };
 
 /// Property form of an instruction that is a word alone.
@@ -18,10 +20,12 @@ class WordPropertyWidget : public PropertyForm
 public:
     using PropertyForm::PropertyForm;
     void FillWith(const QString &line) override;
-    QString ToString() override { return welmo::tl::row(word()).text(); }
+    QString ToString() override { return tl::row(word()).text(); }
 };
 
-class WeaveOffInsertWidget : public WordInsertWidget
+} // namespace welmo
+
+class WeaveOffInsertWidget : public welmo::WordInsertWidget
 {
     Q_OBJECT
 public:
@@ -30,7 +34,7 @@ public:
     { }
 };
 
-class WeaveOffPropertyWidget : public WordPropertyWidget
+class WeaveOffPropertyWidget : public welmo::WordPropertyWidget
 {
     Q_OBJECT
 public:
@@ -39,7 +43,7 @@ public:
     { }
 };
 
-class SegOffInsertWidget : public WordInsertWidget
+class SegOffInsertWidget : public welmo::WordInsertWidget
 {
     Q_OBJECT
 public:
@@ -48,7 +52,7 @@ public:
     { }
 };
 
-class SegOffPropertyWidget : public WordPropertyWidget
+class SegOffPropertyWidget : public welmo::WordPropertyWidget
 {
     Q_OBJECT
 public:

@@ -9,7 +9,7 @@
 #include "instructions/move/movepropertypointwidget.h"
 #include "tl/lineformat.h"
 
-using namespace welmo;
+namespace welmo {
 
 namespace {
 
@@ -85,3 +85,5 @@ QString MovePropertyForm::ToString()
 {
     return tl::formatMoveLine(word(), {m_points->getParam()}, m_parameters->getParam());
 }
+
+} // namespace welmo

@@ -6,12 +6,14 @@ class MoveInsertWidget;
 class MoveParamWidget;
 class MovePropertyPointWidget;
 
+namespace welmo {
+
 /// Insert form of a welding move: one panel, whose text follows the instruction's word.
 class MoveInsertForm : public InsertForm
 {
     Q_OBJECT
 public:
-    MoveInsertForm(welmo::tl::Word word, QWidget *parent);
+    MoveInsertForm(tl::Word word, QWidget *parent);
     QString ToString() override;
 
 private:
@@ -23,7 +25,7 @@ class MovePropertyForm : public PropertyForm
 {
     Q_OBJECT
 public:
-    MovePropertyForm(welmo::tl::Word word, QWidget *parent);
+    MovePropertyForm(tl::Word word, QWidget *parent);
     void FillWith(const QString &text) override;
     QString ToString() override;
 
@@ -32,9 +34,11 @@ private:
     MoveParamWidget *m_parameters;
 };
 
+} // namespace welmo
+
 // The forms by their instruction, as the catalogue names them.
 
-class WMoveLInsertWidget : public MoveInsertForm
+class WMoveLInsertWidget : public welmo::MoveInsertForm
 {
     Q_OBJECT
 public:
@@ -43,7 +47,7 @@ public:
     { }
 };
 
-class WMoveLPropertyWidget : public MovePropertyForm
+class WMoveLPropertyWidget : public welmo::MovePropertyForm
 {
     Q_OBJECT
 public:
@@ -52,7 +56,7 @@ public:
     { }
 };
 
-class WMoveCInsertWidget : public MoveInsertForm
+class WMoveCInsertWidget : public welmo::MoveInsertForm
 {
     Q_OBJECT
 public:
@@ -61,7 +65,7 @@ public:
     { }
 };
 
-class WMoveCPropertyWidget : public MovePropertyForm
+class WMoveCPropertyWidget : public welmo::MovePropertyForm
 {
     Q_OBJECT
 public:

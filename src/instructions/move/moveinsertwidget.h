@@ -44,11 +44,11 @@ public slots:
     void onBtnAuxReltoolClicked();
 
 private:
-    QGroupBox *makeBox(const QString &title, PointEdit *edit);
-    void addNotice(QGroupBox *box, const PointEdit *edit);
+    QGroupBox *makeBox(const QString &title, welmo::PointEdit *edit);
+    void addNotice(QGroupBox *box, const welmo::PointEdit *edit);
 
-    PointEdit *m_aux;
-    PointEdit *m_target;
+    welmo::PointEdit *m_aux;
+    welmo::PointEdit *m_target;
     QGroupBox *m_auxBox;
     MoveParamWidget *m_parameters;
 };

@@ -45,11 +45,11 @@ public:
     QString getParam() const;
 
     // Of one of the two points; of a null one, nothing.
-    static void computeComplex(PointGroup *point);
-    static void saveLocation(PointGroup *point);
-    static void updateLocation(PointGroup *point);
-    static void moveToPoint(PointGroup *point, Motion motion);
-    static void moveToComplex(PointGroup *point, Motion motion);
+    static void computeComplex(welmo::PointGroup *point);
+    static void saveLocation(welmo::PointGroup *point);
+    static void updateLocation(welmo::PointGroup *point);
+    static void moveToPoint(welmo::PointGroup *point, Motion motion);
+    static void moveToComplex(welmo::PointGroup *point, Motion motion);
 
 public slots:
     void updateTool(const QString &tool);
@@ -83,10 +83,10 @@ signals:
     void toolAndObjectWanted(const QString &tool, const QString &workObject);
 
 private:
-    PointGroup *addGroup(const QString &name, const QString &title);
-    QList<PointGroup *> groups() const;
+    welmo::PointGroup *addGroup(const QString &name, const QString &title);
+    QList<welmo::PointGroup *> groups() const;
 
     QTabWidget *m_tabs;
-    PointGroup *m_target;
-    PointGroup *m_aux = nullptr; ///< only while the move is circular
+    welmo::PointGroup *m_target;
+    welmo::PointGroup *m_aux = nullptr; ///< only while the move is circular
 };

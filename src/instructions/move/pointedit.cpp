@@ -5,7 +5,7 @@
 #include "ui_pointedit.h"
 #include "widgets/touchcombo.h"
 
-using namespace welmo;
+namespace welmo {
 
 namespace {
 
@@ -129,3 +129,5 @@ void PointEdit::onKindChanged()
     ui->wgtOffsets->setActiveBoxes(tl::PointExpression::numberCount(kind()));
     emit edited();
 }
+
+} // namespace welmo

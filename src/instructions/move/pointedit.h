@@ -5,10 +5,13 @@
 
 #include "tl/pointexpression.h"
 
+class QComboBox;
+
+namespace welmo {
+
 namespace Ui {
 class PointEdit;
 }
-class QComboBox;
 
 /// One point argument of a move: which project point, and whether it is used as it is, with an
 /// offset or relative to the tool.
@@ -16,7 +19,7 @@ class PointEdit : public QWidget
 {
     Q_OBJECT
 public:
-    using Kind = welmo::tl::PointExpression::Kind;
+    using Kind = tl::PointExpression::Kind;
 
     explicit PointEdit(QWidget *parent = nullptr);
     ~PointEdit() override;
@@ -29,9 +32,9 @@ public:
     /// names it keeps it; false then.
     bool choose(const QString &name);
 
-    welmo::tl::PointExpression expression() const;
+    tl::PointExpression expression() const;
     /// Shows the kind and the numbers; the point is for choose().
-    void setKindAndNumbers(const welmo::tl::PointExpression &expression);
+    void setKindAndNumbers(const tl::PointExpression &expression);
     void setKind(Kind kind);
     void resetNumbers();
 
@@ -48,3 +51,5 @@ private:
 
     std::unique_ptr<Ui::PointEdit> ui;
 };
+
+} // namespace welmo

@@ -11,6 +11,8 @@
 #include "instructions/move/taughtnotice.h"
 #include "ui_pointgroup.h"
 
+namespace welmo {
+
 using namespace welmo;
 using robot::Motion;
 
@@ -116,8 +118,8 @@ void PointGroup::updateLocation()
 {
     // The box runs an event loop; the form may be gone afterwards.
     const QPointer<PointGroup> self(this);
-    const bool agreed = welmo::host::isConfirmed(tr("Robot position"),
-                                                 tr("Determine the refresh point?"), tr("OK"));
+    const bool agreed =
+        host::isConfirmed(tr("Robot position"), tr("Determine the refresh point?"), tr("OK"));
     if (!agreed || !self)
         return;
     const auto position = robot::position(m_tool, m_workObject);
@@ -173,9 +175,7 @@ void PointGroup::moveToComplex(Motion motion)
 
 void PointGroup::move(const PoseValues &pose, const PoseFrame &frame, Motion motion)
 {
-    if (!welmo::arcweld::isConnected())
-        report::error(nullptr, tr("tessa not connected"));
-    else if (!robot::moveTo(pose, frame, m_tool, motion))
+    if (report::requireConnection() && !robot::moveTo(pose, frame, m_tool, motion))
         report::error(reporterFor(this), tr("move to point fail"));
 }
 
@@ -184,3 +184,5 @@ void PointGroup::stopMove()
     if (!robot::stop())
         report::error(reporterFor(this), tr("stop move fail"));
 }
+
+} // namespace welmo

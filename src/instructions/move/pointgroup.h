@@ -5,13 +5,13 @@
 
 #include "instructions/move/pointrobot.h"
 
+namespace welmo {
+
 namespace Ui {
 class PointGroup;
 }
 class PointEdit;
-namespace welmo {
 class TaughtNotice;
-}
 
 /// One point of a move in a property form: what the line says of it, where that is, and the robot
 /// brought there. WMoveC has two of them.
@@ -39,9 +39,9 @@ public:
     void computeComplex();
     /// A target that no longer belongs to what is shown must not move the robot.
     void forgetComplex();
-    void moveToPoint(welmo::robot::Motion motion);
+    void moveToPoint(robot::Motion motion);
     /// Only to a target that was computed from what is shown.
-    void moveToComplex(welmo::robot::Motion motion);
+    void moveToComplex(robot::Motion motion);
     void stopMove();
 
 signals:
@@ -55,15 +55,16 @@ private:
     void showPoint();
     void keepPosition(const QString &title);
     void compareWithPoint();
-    void move(const welmo::PoseValues &pose, const welmo::PoseFrame &frame,
-              welmo::robot::Motion motion);
+    void move(const PoseValues &pose, const PoseFrame &frame, robot::Motion motion);
 
     std::unique_ptr<Ui::PointGroup> ui;
-    welmo::TaughtNotice *m_taught;
+    TaughtNotice *m_taught;
     QString m_tool;
     QString m_workObject;
-    std::optional<welmo::points::Point> m_point; ///< the chosen one, as it was last looked at
+    std::optional<points::Point> m_point; ///< the chosen one, as it was last looked at
     bool m_showsPoint = true; ///< else the position is the robot's, or was edited
-    welmo::PoseFrame m_positionFrame; ///< where the boxes of the position are measured
-    welmo::PoseFrame m_complexFrame;
+    PoseFrame m_positionFrame; ///< where the boxes of the position are measured
+    PoseFrame m_complexFrame;
 };
+
+} // namespace welmo

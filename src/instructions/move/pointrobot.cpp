@@ -78,10 +78,8 @@ bool stop()
 QString addPointHere(QObject *sender, const QString &tool, const QString &workObject,
                      const QString &wished)
 {
-    if (!arcweld::isConnected()) {
-        report::error(nullptr, PointRobot::tr("tessa not connected"));
+    if (!report::requireConnection())
         return {};
-    }
     const auto here = position(tool, workObject);
     if (!here) {
         report::error(sender, PointRobot::tr("get robot position fail"));

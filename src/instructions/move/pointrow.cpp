@@ -8,7 +8,7 @@
 
 #include "schema/unit.h"
 
-using namespace welmo;
+namespace welmo {
 
 namespace {
 
@@ -134,3 +134,5 @@ PointReadout::PointReadout(QWidget *parent)
     }
     PointRow::clear();
 }
+
+} // namespace welmo

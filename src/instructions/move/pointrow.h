@@ -9,6 +9,8 @@ class QDoubleSpinBox;
 class QGridLayout;
 class QLabel;
 
+namespace welmo {
+
 /// A title and six cells side by side for a pose or for offsets: x, y, z in millimetres, a, b, c in
 /// degrees. Rows one above the other have their cells aligned.
 class PointCells : public QWidget
@@ -21,13 +23,13 @@ public:
     /// Shows the axes and their units above the cells.
     void showHeader();
 
-    const welmo::PoseValues &values() const { return m_values; }
+    const PoseValues &values() const { return m_values; }
 
 protected:
     explicit PointCells(QWidget *parent);
     void addCell(int index, QWidget *cell);
 
-    welmo::PoseValues m_values{};
+    PoseValues m_values{};
 
 private:
     QGridLayout *m_grid;
@@ -46,7 +48,7 @@ public:
 
     /// Lets the first @p count boxes be edited and disables the others.
     void setActiveBoxes(int count);
-    void setValues(const welmo::PoseValues &values);
+    void setValues(const PoseValues &values);
     /// Shows dashes: there is nothing to show.
     void clear();
 
@@ -65,3 +67,5 @@ class PointReadout : public PointRow
 public:
     explicit PointReadout(QWidget *parent = nullptr);
 };
+
+} // namespace welmo

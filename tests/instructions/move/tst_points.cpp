@@ -292,7 +292,7 @@ private slots:
             desk.form.reset();
             box->buttons().first()->click();
         });
-        qobject_cast<PointGroup *>(desk.group)->updateLocation();
+        qobject_cast<welmo::PointGroup *>(desk.group)->updateLocation();
         QCOMPARE(desk.host.takeRequests(), QStringList());
     }
     void failures()
