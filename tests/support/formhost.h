@@ -1,15 +1,12 @@
 #pragma once
 
-#include <QStringList>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QWidget>
 #include <memory>
 #include <optional>
 
 #include "link/embedded/embeddedlink.h"
 #include "pando/frame.h"
 #include "support/logguard.h"
+#include "support/widgets.h"
 #include "tessa/host.h"
 
 namespace testsupport {
@@ -106,6 +103,15 @@ Widget *child(const QObject *form, const QString &name)
     if (!widget)
         qFatal("there is no %s", qPrintable(name));
     return widget;
+}
+
+/// What the combo offers, "a|b".
+inline QString itemsOf(const QComboBox *combo)
+{
+    QStringList texts;
+    for (int i = 0; i < combo->count(); ++i)
+        texts.append(combo->itemText(i));
+    return texts.join('|');
 }
 
 } // namespace testsupport
