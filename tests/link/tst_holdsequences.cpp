@@ -23,6 +23,7 @@ struct Key
     int press = 0; // the number of its last one
     int started = 0; // the press that wire was started for last
     qint64 lastProof = 0; // the last beat that named its press
+    int denied = 0; // the press that a beat has not named any more
 };
 
 /// A pendant with its keys in front of the real far side, on one clock. What the far side's journal
@@ -93,6 +94,8 @@ struct Scene
     void sendOld()
     {
         farEnd.beat(-1, {presses + 1000});
+        for (Key &key : keys)
+            key.denied = 0; // the beat that still waited has made room
         farEnd.tick();
         Key key = anyKey();
         key.held = true;
@@ -123,8 +126,10 @@ struct Scene
         if (!up)
             return;
         farEnd.beat(session, held());
-        for (Key &key : keys)
+        for (Key &key : keys) {
             key.lastProof = key.held ? now : key.lastProof;
+            key.denied = key.held ? key.denied : key.press;
+        }
     }
     /// Time passes on a pendant that works.
     void live(int ms)
@@ -145,6 +150,11 @@ struct Scene
             if (now % 10 == 0)
                 farEnd.tick();
             compare();
+            if (!mover || now % 10 != 0)
+                continue;
+            complain(mover->denied == mover->started, "wire moves after a beat without its key");
+            complain(faults.isOn(Fault::WelderError) || faults.isOn(Fault::WireStuck),
+                     "wire moves in a fault");
         }
     }
 
