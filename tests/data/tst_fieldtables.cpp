@@ -7,10 +7,11 @@
 #include "settings/segparameterwidget.h"
 #include "settings/weldgroup.h"
 #include "settings/weldingoptionspage.h"
+#include "support/datarows.h"
 #include "support/formhost.h"
 
 using namespace welmo;
-using testsupport::FormHost;
+using namespace testsupport;
 
 namespace {
 
@@ -335,25 +336,22 @@ class tst_FieldTables : public QObject
 private slots:
     void everyKey_data()
     {
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<QString>("set");
-        QTest::addColumn<QString>("line");
+        std::vector<Row<QString, QString, QString>> rows;
         for (const char *language : {"en", "zh_CN"}) {
             for (QString set : contracts.keys() + QStringList("weave instruction")) {
                 if (set == "process")
                     continue;
                 for (const QString &line : contractOf(set)) {
                     const QString row = set + ' ' + line.section(' ', 0, 0) + ' ' + language;
-                    QTest::newRow(qPrintable(row)) << language << set << line;
+                    rows.push_back({row.toUtf8(), language, set, line});
                 }
             }
         }
+        addRows(rows);
     }
     void everyKey()
     {
-        QFETCH(QString, language);
-        QFETCH(QString, set);
-        QFETCH(QString, line);
+        const auto &[name, language, set, line] = currentRow<QString, QString, QString>();
         use(language, set);
         const Expected expected(line);
         kelp::ModuleObject file("default");
@@ -383,15 +381,16 @@ private slots:
     }
     void noKeyBesides_data()
     {
-        QTest::addColumn<QString>("set");
+        std::vector<Row<>> sets;
         for (const char *set : {"arcon", "weld", "arcoff", "weave", "weave instruction", "seg",
                                 "running", "anticollision", "clamping"})
-            QTest::newRow(set) << set;
+            sets.push_back({set});
+        addRows(sets);
     }
     // A row that is not in the contract, or that no form binds.
     void noKeyBesides()
     {
-        QFETCH(QString, set);
+        const QString set = std::get<0>(currentRow<>());
         use("en", set);
         QStringList keys;
         for (const QString &line : contractOf(set))
