@@ -1,6 +1,3 @@
-#include <QDir>
-#include <QDirIterator>
-#include <QRegularExpression>
 #include <QtTest>
 #include <algorithm>
 
@@ -159,22 +156,18 @@ QStringList allSources()
 
 using Graph = QMap<QString, QStringList>;
 
-// A way from @p node back to itself, or nothing.
-QStringList circleFrom(const QString &node, const Graph &graph, QStringList way,
-                       QSet<QString> &done)
+// What is left when all is taken away, again and again, that includes nothing else.
+QStringList circlesIn(Graph graph)
 {
-    if (way.contains(node))
-        return way.mid(way.indexOf(node)) + QStringList{node};
-    if (done.contains(node))
-        return {};
-    way.append(node);
-    for (const QString &next : graph.value(node)) {
-        const QStringList circle = circleFrom(next, graph, way, done);
-        if (!circle.isEmpty())
-            return circle;
+    for (int before = -1; before != graph.size();) {
+        before = graph.size();
+        for (const QString &node : graph.keys()) {
+            const QStringList next = graph.value(node);
+            if (std::none_of(next.begin(), next.end(), [&](auto &n) { return graph.contains(n); }))
+                graph.remove(node);
+        }
     }
-    done.insert(node);
-    return {};
+    return graph.keys();
 }
 
 QStringList reachedFrom(const QString &node, const Graph &graph)
@@ -187,22 +180,6 @@ QStringList reachedFrom(const QString &node, const Graph &graph)
         }
     }
     return reached;
-}
-
-QSet<QString> toSet(const QStringList &list)
-{
-    return {list.begin(), list.end()};
-}
-
-QStringList circleIn(const Graph &graph)
-{
-    QSet<QString> done;
-    for (const QString &node : graph.keys()) {
-        const QStringList circle = circleFrom(node, graph, {}, done);
-        if (!circle.isEmpty())
-            return circle;
-    }
-    return {};
 }
 
 } // namespace
@@ -233,7 +210,7 @@ private slots:
         Graph houses;
         for (const Room &room : rooms)
             houses[room.folder] = room.arrows;
-        QCOMPARE(circleIn(houses).join(" -> "), QString());
+        QCOMPARE(circlesIn(houses).join(' '), QString());
         // A component is a header with its source. Within the stand-in of tessa, host, service and
         // manager know each other, as the four closed libraries give it.
         Graph components;
@@ -245,7 +222,7 @@ private slots:
                     components[component].append(other);
             }
         }
-        QCOMPARE(circleIn(components).join(" -> "), QString());
+        QCOMPARE(circlesIn(components).join(' '), QString());
     }
     void aForbiddenArrowIsFound_data()
     {
@@ -266,7 +243,8 @@ private slots:
         const QString file = QString(QTest::currentDataTag()) + "/some.cpp";
         const QString text = "#pragma once\n  #  include " + header + '\n';
         QCOMPARE(violations(file, text).size(), forbidden ? 1 : 0);
-        QCOMPARE(circleIn({{"a", {"b"}}, {"b", {"c"}}, {"c", {"b"}}}).join(' '), QString("b c b"));
+        QCOMPARE(circlesIn({{"b", {"c"}}, {"c", {"b", "d"}}, {"d", {"e"}}}),
+                 (QStringList{"b", "c"}));
     }
     // It leaves out what follows from other arrows, and draws nothing else.
     void thePictureShowsTheseArrows()
@@ -281,7 +259,9 @@ private slots:
             const QStringList reached = reachedFrom(room.folder, drawn);
             const bool agrees = std::all_of(room.arrows.begin(), room.arrows.end(),
                                             [&](auto &target) { return reached.contains(target); })
-                && toSet(room.arrows).contains(toSet(drawn.value(room.folder)));
+                && QSet<QString>(room.arrows.begin(), room.arrows.end())
+                       .contains(
+                           QSet<QString>(drawn[room.folder].begin(), drawn[room.folder].end()));
             QVERIFY2(agrees, qPrintable(room.folder + ": draw it anew with ./dev picture"));
         }
     }

@@ -1,7 +1,4 @@
-#include <QLibrary>
-#include <QSignalSpy>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "book/records/seambook.h"
