@@ -57,6 +57,10 @@ struct Fixture
     const Form &form;
     std::unique_ptr<BaseSubPage> page;
 
+    /// With the form of the row that is run.
+    explicit Fixture(FormHost::Link link = FormHost::Connected)
+        : Fixture(std::get<1>(currentRow<Form>()), link)
+    { }
     explicit Fixture(const Form &form, FormHost::Link link = FormHost::Connected)
         : host(link)
         , form(form)
@@ -113,8 +117,7 @@ private slots:
     void aMissingFileIsCreated_data() { addRows(forms); }
     void aMissingFileIsCreated()
     {
-        const auto &[name, form] = currentRow<Form>();
-        Fixture ui(form);
+        Fixture ui;
         QCOMPARE(ui.combo()->itemText(39), ui.file(40));
         QCOMPARE(ui.combo()->count(), 40);
         ui.choose(3);
@@ -130,8 +133,7 @@ private slots:
     void anotherPendantsFileIsReadEditedAndSaved_data() { addRows(forms); }
     void anotherPendantsFileIsReadEditedAndSaved()
     {
-        const auto &[name, form] = currentRow<Form>();
-        Fixture ui(form);
+        Fixture ui;
         QVariantMap theirs = ui.stored(1);
         theirs["name"] = ui.file(7);
         theirs["annotation"] = "theirs";
@@ -140,12 +142,12 @@ private slots:
         ui.choose(7);
         QCOMPARE(ui.annotation()->text(), QString("theirs"));
         ui.annotation()->setText("edited");
-        ui.press(form.cancel);
+        ui.press(ui.form.cancel);
         QCOMPARE(ui.annotation()->text(), QString("theirs"));
         QCOMPARE(ui.outcome(), ui.request("get", 7));
 
         ui.annotation()->setText("mine");
-        ui.press(form.save);
+        ui.press(ui.form.save);
         QCOMPARE(ui.outcome(),
                  "info: save parameter succeed; " + ui.request("get", 7) + "; "
                      + ui.request("set", 7));
@@ -155,15 +157,14 @@ private slots:
     void aFailureTouchesNothing_data() { addRows(forms); }
     void aFailureTouchesNothing()
     {
-        const auto &[name, form] = currentRow<Form>();
         for (const auto failure : {FormHost::NoAnswer, FormHost::Refused}) {
-            Fixture ui(form);
+            Fixture ui;
             const QVariantMap first = ui.stored(1);
             ui.annotation()->setText("edited");
             ui.host.spoil(failure, ui.request("set", 1));
-            ui.press(form.save);
+            ui.press(ui.form.save);
             QCOMPARE(ui.outcome(),
-                     form.failed + "; " + ui.request("get", 1) + "; " + ui.request("set", 1));
+                     ui.form.failed + "; " + ui.request("get", 1) + "; " + ui.request("set", 1));
             QVERIFY(ui.mend());
 
             ui.host.spoil(failure, ui.request("get", 1));
@@ -188,18 +189,17 @@ private slots:
             QTRY_COMPARE(ui.annotation()->text(), isReadNow ? "" : "edited");
             QCOMPARE(ui.stored(3).isEmpty(), !isReadNow);
             QCOMPARE(ui.stored(1), first);
-            ui.press(form.save);
+            ui.press(ui.form.save);
             QCOMPARE(ui.outcome().startsWith("error: " + ui.file(3) + " is not saved"), !isReadNow);
             // Called as an operation, the form is written as it stands.
-            QCOMPARE(form.operation(*ui.page), 0);
+            QCOMPARE(ui.form.operation(*ui.page), 0);
             QCOMPARE(ui.stored(3)["name"].toString(), ui.file(3));
         }
     }
     void aFileThatIsNotTakenIsNotShown_data() { addRows(forms); }
     void aFileThatIsNotTakenIsNotShown()
     {
-        const auto &[name, form] = currentRow<Form>();
-        Fixture ui(form);
+        Fixture ui;
         ui.annotation()->setText("edited");
         ui.host.link()->answers[ui.request("get", 3)] = QVariantMap();
         ui.host.spoil(FormHost::Refused, ui.request("set", 3));
@@ -227,11 +227,10 @@ private slots:
     void whatAnotherFormSavedIsNotUndone_data() { addRows(forms); }
     void whatAnotherFormSavedIsNotUndone()
     {
-        const auto &[name, form] = currentRow<Form>();
-        Fixture ui(form);
-        const auto other = form.make(ui.host);
-        auto *theirs = child<QLineEdit>(other->wgt(), form.annotation);
-        auto *save = child<QPushButton>(other->wgt(), form.save);
+        Fixture ui;
+        const auto other = ui.form.make(ui.host);
+        auto *theirs = child<QLineEdit>(other->wgt(), ui.form.annotation);
+        auto *save = child<QPushButton>(other->wgt(), ui.form.save);
         const auto theySave = [&](const QString &text) {
             theirs->setText(text);
             save->click();
@@ -248,37 +247,35 @@ private slots:
         QTRY_VERIFY(
             (said += ui.outcome()).contains("\"annotation\" was changed elsewhere to again"));
         QCOMPARE(ui.annotation()->text(), "mine");
-        ui.press(form.save);
+        ui.press(ui.form.save);
         QTRY_COMPARE(theirs->text(), "mine");
     }
     // What another pendant wrote is not undone, whether its news came before the save or not.
     void whatAnotherPendantSavedIsNotUndone_data() { addRows(forms); }
     void whatAnotherPendantSavedIsNotUndone()
     {
-        const auto &[name, form] = currentRow<Form>();
-        Fixture ui(form);
+        Fixture ui;
         QVariantMap theirs = ui.stored(1);
         theirs["of_a_newer_pendant"] = 1;
         ui.annotation()->setText("mine");
         QCOMPARE(ui.host.store(ui.node(), ui.file(1), theirs), 0);
-        ui.press(form.save);
+        ui.press(ui.form.save);
         theirs["annotation"] = "mine";
         QCOMPARE(ui.stored(1), theirs);
         theirs["annotation"] = "theirs";
         ui.annotation()->setText("mine again");
         ui.outcome();
         QCOMPARE(ui.host.store(ui.node(), ui.file(1), theirs), 0);
-        ui.press(form.save);
+        ui.press(ui.form.save);
         QVERIFY(ui.outcome().contains("\"annotation\" was changed elsewhere to theirs"));
         QCOMPARE(ui.stored(1)["annotation"].toString(), "theirs");
-        ui.press(form.save); // now in full knowledge
+        ui.press(ui.form.save); // now in full knowledge
         QCOMPARE(ui.stored(1)["annotation"].toString(), "mine again");
     }
     void lostChangesAreTold_data() { addRows(forms); }
     void lostChangesAreTold()
     {
-        const auto &[name, form] = currentRow<Form>();
-        Fixture ui(form);
+        Fixture ui;
         const QString lost = ": changes were not saved";
         ui.annotation()->setText("edited");
         ui.choose(2);
@@ -290,19 +287,18 @@ private slots:
         const QString file = ui.file(2);
         ui.page.reset();
         QCOMPARE(ui.host.takeMessages(),
-                 QStringList("warning: " + file + lost + " [" + form.sender + "]"));
+                 QStringList("warning: " + file + lost + " [" + ui.form.sender + "]"));
     }
     void whileTheLinkIsDown_data() { addRows(forms); }
     void whileTheLinkIsDown()
     {
-        const auto &[name, form] = currentRow<Form>();
-        Fixture ui(form, FormHost::Down);
+        Fixture ui(FormHost::Down);
         QCOMPARE(ui.combo()->currentText(), ui.file(1));
         ui.annotation()->setText("edited");
         ui.choose(5);
-        QCOMPARE(ui.outcome(), form.changedWhileDown);
-        ui.press(form.save);
-        QCOMPARE(ui.outcome(), form.savedWhileDown);
+        QCOMPARE(ui.outcome(), ui.form.changedWhileDown);
+        ui.press(ui.form.save);
+        QCOMPARE(ui.outcome(), ui.form.savedWhileDown);
         QCOMPARE(ui.annotation()->text(), "edited");
         QVERIFY(!ui.annotation()->isEnabled());
         QCOMPARE(ui.hint()->isHidden() ? "" : ui.hint()->text(), "not read: no link");
