@@ -1,6 +1,11 @@
 #include <QtTest>
 #include <algorithm>
 
+#include "support/datarows.h"
+#include "support/files.h"
+
+using namespace testsupport;
+
 namespace {
 
 enum Uses { QtCore, AllOfQt };
@@ -18,10 +23,9 @@ const QDir root(WELMO_SOURCE_DIR);
 // They compose what they like.
 const QStringList composers{"tests", "bench"};
 
-QString contentOf(const QString &name)
+QString textOf(const QString &name)
 {
-    QFile file(root.filePath(name));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return QString::fromUtf8(contentOf(root.filePath(name)));
 }
 
 QRegularExpressionMatchIterator all(const char *pattern, const QString &text)
@@ -31,7 +35,7 @@ QRegularExpressionMatchIterator all(const char *pattern, const QString &text)
 
 QVector<Room> readRooms()
 {
-    const QString text = contentOf("docs/rooms.dot");
+    const QString text = textOf("docs/rooms.dot");
     QVector<Room> rooms;
     for (auto it = all(R"re("([\w/]+)" \[qt=(core|all)(?:, headers="([^"]*)")?\])re", text);
          it.hasNext();) {
@@ -195,7 +199,7 @@ private slots:
         QStringList found;
         QSet<QString> used;
         for (const QString &file : allSources())
-            found += violations(file, contentOf(file), &used);
+            found += violations(file, textOf(file), &used);
         QVERIFY2(found.isEmpty(), qPrintable(found.join('\n')));
         for (const Room &room : rooms) {
             QVERIFY2(root.exists(room.folder), qPrintable(room.folder));
@@ -216,7 +220,7 @@ private slots:
         Graph components;
         for (const QString &file : allSources()) {
             const QString component = file.section('.', 0, 0);
-            for (const Include &include : includesOf(contentOf(file))) {
+            for (const Include &include : includesOf(textOf(file))) {
                 const QString other = pathOf(include.header).section('.', 0, 0);
                 if (other != component && !component.startsWith("host/tessa/"))
                     components[component].append(other);
@@ -226,21 +230,18 @@ private slots:
     }
     void aForbiddenArrowIsFound_data()
     {
-        QTest::addColumn<QString>("header");
-        QTest::addColumn<bool>("forbidden");
-        QTest::newRow("src/data") << R"("settings/arcongroup.h")" << true;
-        QTest::newRow("src/settings") << R"("data/field.h")" << false;
-        QTest::newRow("src/page") << R"("elsewhere.h")" << true;
-        QTest::newRow("tl") << "<QWidget>" << true;
-        QTest::newRow("host/kelpCore") << "<QtWidgets/QWidget>" << true;
-        QTest::newRow("controller") << "<tessa/controllerlink.h>" << true;
-        QTest::newRow("nowhere") << "<vector>" << true;
+        addRows<QString, bool>({{"src/data", R"("settings/arcongroup.h")", true},
+                                {"src/settings", R"("data/field.h")", false},
+                                {"src/page", R"("elsewhere.h")", true},
+                                {"tl", "<QWidget>", true},
+                                {"host/kelpCore", "<QtWidgets/QWidget>", true},
+                                {"controller", "<tessa/controllerlink.h>", true},
+                                {"nowhere", "<vector>", true}});
     }
     void aForbiddenArrowIsFound()
     {
-        QFETCH(const QString, header);
-        QFETCH(const bool, forbidden);
-        const QString file = QString(QTest::currentDataTag()) + "/some.cpp";
+        const auto &[room, header, forbidden] = currentRow<QString, bool>();
+        const QString file = room + "/some.cpp";
         const QString text = "#pragma once\n  #  include " + header + '\n';
         QCOMPARE(violations(file, text).size(), forbidden ? 1 : 0);
         QCOMPARE(circlesIn({{"b", {"c"}}, {"c", {"b", "d"}}, {"d", {"e"}}}),
@@ -250,7 +251,7 @@ private slots:
     void thePictureShowsTheseArrows()
     {
         Graph drawn;
-        const QString picture = contentOf("docs/pictures/rooms.svg");
+        const QString picture = textOf("docs/pictures/rooms.svg");
         for (auto it = all("<title>([\\w/]+)&#45;&gt;([\\w/]+)</title>", picture); it.hasNext();) {
             const auto match = it.next();
             drawn[match.captured(1)].append(match.captured(2));

@@ -3,7 +3,9 @@
 #include <random>
 
 #include "farend.h"
+#include "support/datarows.h"
 
+using namespace testsupport;
 using welmo::controller::Faults;
 using welmo::controller::Journal;
 using Event = Journal::Event;
@@ -212,10 +214,10 @@ struct Scene
     QString fault;
 };
 
-} // namespace
+using FarEndPointer = std::unique_ptr<FarEnd>;
+using MakeFarEnd = FarEndPointer (*)();
 
-using MakeFarEnd = std::shared_ptr<FarEnd> (*)();
-Q_DECLARE_METATYPE(MakeFarEnd)
+} // namespace
 
 /// Whatever happens, in whatever order: wire moves only while a key is held on a living pendant.
 /// WELMO_SEQUENCES says how often.
@@ -225,17 +227,12 @@ class tst_HoldSequences : public QObject
 private slots:
     void wireFollowsTheHand_data()
     {
-        QTest::addColumn<MakeFarEnd>("make");
-        QTest::newRow("embedded") << +[]() -> std::shared_ptr<FarEnd> {
-            return std::make_shared<EmbeddedEnd>();
-        };
-        QTest::newRow("network") << +[]() -> std::shared_ptr<FarEnd> {
-            return std::make_shared<NetworkEnd>();
-        };
+        addRows<MakeFarEnd>({{"embedded", [] { return FarEndPointer(new EmbeddedEnd); }},
+                             {"network", [] { return FarEndPointer(new NetworkEnd); }}});
     }
     void wireFollowsTheHand()
     {
-        QFETCH(MakeFarEnd, make);
+        const auto &[name, make] = currentRow<MakeFarEnd>();
         const int count = qMax(500, qEnvironmentVariableIntValue("WELMO_SEQUENCES"));
         QMap<QString, int> stops; // by cause
         for (quint32 seed = 1; seed <= quint32(count); ++seed) {
