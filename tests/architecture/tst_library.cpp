@@ -1,7 +1,3 @@
-#include <QFile>
-#include <QLibrary>
-#include <QRegularExpression>
-#include <QSet>
 #include <QtTest>
 #include <cstdio>
 #include <cstdlib>

@@ -1,13 +1,12 @@
-#include <QElapsedTimer>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "book/records/bookthread.h"
 #include "controller/recordeddisk.h"
+#include "support/datarows.h"
+#include "support/files.h"
 
+using namespace testsupport;
 using namespace welmo::book;
-
-Q_DECLARE_METATYPE(RecordedDisk::Cut)
 
 namespace {
 
@@ -125,19 +124,14 @@ private slots:
     }
     void foreignFilesAreLeftAlone_data()
     {
-        QTest::addColumn<QByteArray>("sql");
-        QTest::addColumn<QString>("told");
-        QTest::newRow("of another program")
-            << QByteArray("CREATE TABLE a (b)") << "belongs to another program";
-        QTest::newRow("of a newer version")
-            << QByteArray("PRAGMA application_id=2003591787; PRAGMA user_version=99; "
-                          "CREATE TABLE a (b)")
-            << "newer version";
+        addRows<QString>(
+            {{"CREATE TABLE a (b)", "belongs to another program"},
+             {"PRAGMA application_id=2003591787; PRAGMA user_version=99; CREATE TABLE a (b)",
+              "newer version"}});
     }
     void foreignFilesAreLeftAlone()
     {
-        QFETCH(QByteArray, sql);
-        QFETCH(QString, told);
+        const auto &[sql, told] = currentRow<QString>();
         const QTemporaryDir folder;
         const QString file = folder.filePath("book.db");
         {
@@ -148,27 +142,23 @@ private slots:
                 other.exec(part);
         }
         QSqlDatabase::removeDatabase("other");
-        QFile content(file);
-        QVERIFY(content.open(QIODevice::ReadOnly));
-        const QByteArray before = content.readAll();
+        const QByteArray before = contentOf(file);
         QString problem;
         QVERIFY(!Database::open(file, Database::ReadWrite, &problem));
         QVERIFY2(problem.contains(told) && problem.contains("book.db"), qPrintable(problem));
-        QVERIFY(content.seek(0));
-        QCOMPARE(content.readAll(), before);
+        QCOMPARE(contentOf(file), before);
     }
     void cutAnywhere_data()
     {
-        QTest::addColumn<RecordedDisk::Cut>("cut");
-        QTest::newRow("process killed") << RecordedDisk::Killed;
-        QTest::newRow("power lost") << RecordedDisk::PowerLost;
-        QTest::newRow("power lost, writes out of order") << RecordedDisk::Reordered;
+        addRows<RecordedDisk::Cut>({{"process killed", RecordedDisk::Killed},
+                                    {"power lost", RecordedDisk::PowerLost},
+                                    {"writes out of order", RecordedDisk::Reordered}});
     }
     // The recorder ends before any of its writes: what was acknowledged is there, what was open is
     // closed as interrupted with its course so far.
     void cutAnywhere()
     {
-        QFETCH(RecordedDisk::Cut, cut);
+        const auto &[name, cut] = currentRow<RecordedDisk::Cut>();
         RecordedDisk disk;
         const QVector<Acknowledged> steps = weldTwice(&disk);
         const auto operations = disk.operations();

@@ -1,9 +1,10 @@
 #include <QtTest>
 
 #include "seams.h"
+#include "support/datarows.h"
 
 using namespace welmo::book;
-using testsupport::Workshop;
+using namespace testsupport;
 
 namespace {
 
@@ -20,9 +21,9 @@ QVariantMap alarm(int id, const char *code)
     return {{"id", id}, {"code", code}, {"arguments", QVariantList{"98.9"}}};
 }
 
-} // namespace
+using Act = std::function<void(Workshop &)>;
 
-Q_DECLARE_METATYPE(std::function<void(Workshop &)>)
+} // namespace
 
 /// What the recorder makes of what a controller tells.
 class tst_SeamRecorder : public QObject
@@ -65,60 +66,60 @@ private slots:
     }
     void endingsAndTroubles_data()
     {
-        QTest::addColumn<std::function<void(Workshop &)>>("act");
-        QTest::addColumn<QString>("seen");
-        using Act = std::function<void(Workshop &)>;
-        const auto row = [](const char *name, const char *seen, const Act &act) {
-            QTest::newRow(name) << act << QString(seen);
-        };
-        row("regular", "regular 0 0 - 1", [](Workshop &) {});
-        row("stopped by hand", "stopped 0 0 stopped 2", [](Workshop &shop) { shop.quit(); });
-        row("alarm of the program", "alarm 0 0 alarm 3", [](Workshop &shop) {
-            shop.recorder.tellProgram({{"state", "error"}, {"message", "the arc broke"}});
-            shop.quit();
-        });
-        row("alarm with a code", "alarm 0 0 alarm 3 arc_lost [\"98.9\"]", [](Workshop &shop) {
-            shop.recorder.tellAlarms({alarm(7, "no_gas"), alarm(8, "arc_lost")});
-            shop.recorder.tellProgram({{"state", "error"}, {"message", "line 7: arc_lost"}});
-            shop.quit();
-        });
-        row("an alarm that ends nothing", "regular 0 0 - 1 arc_restruck [\"98.9\"]",
-            [](Workshop &shop) { shop.recorder.tellAlarms({alarm(9, "arc_restruck")}); });
-        row("an alarm that is told late", "alarm 0 0 alarm 3", [](Workshop &shop) {
-            shop.arc(0);
-            shop.phase("idle");
-            shop.pass(100);
-            shop.recorder.tellProgram({{"state", "error"}, {"message", "the arc broke"}});
-            shop.pass(1000);
-        });
-        row("link lost", "link_lost 0 0 incomplete 2",
-            [](Workshop &shop) { shop.recorder.tellLink(false, shop.now); });
-        row("struck again", "regular 1 0 restrike 2", [](Workshop &shop) {
-            shop.phase("ignition");
-            shop.pass(200);
-            shop.phase("welding");
-        });
-        row("a gap in the arc", "regular 0 1 interruption 2", [](Workshop &shop) {
-            shop.arc(0);
-            shop.pass(300);
-            shop.arc(180);
-        });
-        row("paused and carried on", "regular 0 1 interruption 2", [](Workshop &shop) {
-            shop.arc(0);
-            shop.phase("idle");
-            shop.recorder.tellProgram({{"state", "paused"}});
-            shop.pass(60000);
-            shop.recorder.tellProgram({{"state", "running"}});
-            shop.phase("ignition");
-            shop.arc(180);
-            shop.pass(200);
-            shop.phase("welding");
-        });
+        // how it ended, strikes again, gaps, why, the verdict
+        addRows<QString, Act>(
+            {{"regular", "regular 0 0 - 1", [](auto &) {}},
+             {"stopped by hand", "stopped 0 0 stopped 2", [](auto &shop) { shop.quit(); }},
+             {"alarm of the program", "alarm 0 0 alarm 3",
+              [](auto &shop) {
+                  shop.recorder.tellProgram({{"state", "error"}, {"message", "the arc broke"}});
+                  shop.quit();
+              }},
+             {"alarm with a code", "alarm 0 0 alarm 3 arc_lost [\"98.9\"]",
+              [](auto &shop) {
+                  shop.recorder.tellAlarms({alarm(7, "no_gas"), alarm(8, "arc_lost")});
+                  shop.recorder.tellProgram({{"state", "error"}, {"message", "line 7: arc_lost"}});
+                  shop.quit();
+              }},
+             {"an alarm that ends nothing", "regular 0 0 - 1 arc_restruck [\"98.9\"]",
+              [](auto &shop) { shop.recorder.tellAlarms({alarm(9, "arc_restruck")}); }},
+             {"an alarm that is told late", "alarm 0 0 alarm 3",
+              [](auto &shop) {
+                  shop.arc(0);
+                  shop.phase("idle");
+                  shop.pass(100);
+                  shop.recorder.tellProgram({{"state", "error"}, {"message", "the arc broke"}});
+                  shop.pass(1000);
+              }},
+             {"link lost", "link_lost 0 0 incomplete 2",
+              [](auto &shop) { shop.recorder.tellLink(false, shop.now); }},
+             {"struck again", "regular 1 0 restrike 2",
+              [](auto &shop) {
+                  shop.phase("ignition");
+                  shop.pass(200);
+                  shop.phase("welding");
+              }},
+             {"a gap in the arc", "regular 0 1 interruption 2",
+              [](auto &shop) {
+                  shop.arc(0);
+                  shop.pass(300);
+                  shop.arc(180);
+              }},
+             {"paused and carried on", "regular 0 1 interruption 2", [](auto &shop) {
+                  shop.arc(0);
+                  shop.phase("idle");
+                  shop.recorder.tellProgram({{"state", "paused"}});
+                  shop.pass(60000);
+                  shop.recorder.tellProgram({{"state", "running"}});
+                  shop.phase("ignition");
+                  shop.arc(180);
+                  shop.pass(200);
+                  shop.phase("welding");
+              }}});
     }
     void endingsAndTroubles()
     {
-        QFETCH(std::function<void(Workshop &)>, act);
-        QFETCH(QString, seen);
+        const auto &[name, seen, act] = currentRow<QString, Act>();
         Workshop shop;
         shop.recorder.limitsOf = [](const QString &) { return currentLimits(); };
         shop.recorder.tellAlarms({alarm(6, "wire_stuck")}); // before it was looked at

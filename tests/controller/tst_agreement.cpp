@@ -1,8 +1,6 @@
-#include <QDirIterator>
-#include <QRandomGenerator>
 #include <QtTest>
 
-#include "programbench.h"
+#include "programfixture.h"
 #include "tl/checker.h"
 #include "tl/parse.h"
 
@@ -12,7 +10,7 @@ using tl::Finding;
 namespace {
 
 /// A controller with one file of each set, and the names in its project.
-struct Cell : ProgramBench
+struct Cell : ProgramFixture
 {
     Cell() { save("weave_param", {{"name", "weavedata1"}}); }
 
@@ -56,39 +54,16 @@ struct Cell : ProgramBench
 /// Pieces of lines, right and nearly right.
 QString randomLine(QRandomGenerator &random)
 {
-    static const QStringList lines{"ArcOn \"arcondata1\",\"arcdata1\"",
-                                   "ArcOff \"arcoffdata1\"",
-                                   "WMoveL Offs(p3,0,10,0),v50,fine,torch1,wobj0,\"weavedata1\"",
-                                   "WMoveC p7,p8,v50,z1,torch1,wobj0",
-                                   "MoveL p3,v200,fine,torch1",
-                                   "MoveJ p1,v200,z5,torch1",
-                                   "WeaveOn \"weavedata1\"",
-                                   "WeaveOff",
-                                   "FeedOnWire 1.5",
-                                   "FeedBackWire 0.05",
-                                   "DetectGas 4000",
-                                   "SegOn \"segdata1\"",
-                                   "SegOff",
-                                   "Weaveoff"};
-    static const QStringList pieces{" ",
-                                    "  ",
-                                    ",",
-                                    ", ",
-                                    "\t",
-                                    ";",
-                                    " // x",
-                                    "//",
-                                    "\"",
-                                    "#",
-                                    "!",
-                                    "(",
-                                    ")",
-                                    "1",
-                                    "0.05",
-                                    "A",
-                                    "p9",
-                                    ",wobj9",
-                                    "RelTool(p1,0,0,5,0,0,0)"};
+    static const QStringList lines =
+        QString("ArcOn \"arcondata1\",\"arcdata1\"|ArcOff \"arcoffdata1\"|"
+                "WMoveL Offs(p3,0,10,0),v50,fine,torch1,wobj0,\"weavedata1\"|"
+                "WMoveC p7,p8,v50,z1,torch1,wobj0|MoveL p3,v200,fine,torch1|"
+                "MoveJ p1,v200,z5,torch1|WeaveOn \"weavedata1\"|WeaveOff|FeedOnWire 1.5|"
+                "FeedBackWire 0.05|DetectGas 4000|SegOn \"segdata1\"|SegOff|Weaveoff")
+            .split('|');
+    static const QStringList pieces =
+        QString(" |  |,|, |\t|;| // x|//|\"|#|!|(|)|1|0.05|A|p9|,wobj9|RelTool(p1,0,0,5,0,0,0)")
+            .split('|');
     QString line = lines.at(random.bounded(lines.size()));
     if (random.bounded(4) == 0)
         line = line.toUpper();

@@ -1,13 +1,12 @@
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "controller/core/difference.h"
 #include "controller/core/json.h"
-#include "controllerbench.h"
+#include "controllerfixture.h"
 #include "schema/names.h"
-#include "support/rows.h"
+#include "support/datarows.h"
 
-using testsupport::Rows;
+using namespace testsupport;
 using welmo::controller::AuditLog;
 using welmo::controller::Reply;
 using welmo::controller::Store;
@@ -19,16 +18,17 @@ namespace {
 constexpr char points[] = "point._list";
 
 /// As a pendant on the network writes.
-Reply write(ControllerBench *bench, const QString &path, const QString &key, const QVariant &value)
+Reply write(ControllerFixture *fixture, const QString &path, const QString &key,
+            const QVariant &value)
 {
-    welmo::controller::Request request{ControllerBench::Kind::Set, path, key, value};
+    welmo::controller::Request request{ControllerFixture::Kind::Set, path, key, value};
     request.author = {"anna", "pendant", "2026-11-20 08:00:00"};
-    return bench->controller.handle(request);
+    return fixture->controller.handle(request);
 }
 
-QVariantMap page(ControllerBench *bench, const QString &key = {})
+QVariantMap page(ControllerFixture *fixture, const QString &key = {})
 {
-    return bench->controller.handle({ControllerBench::Kind::Get, names::audit, key, {}})
+    return fixture->controller.handle({ControllerFixture::Kind::Get, names::audit, key, {}})
         .value.toMap();
 }
 
@@ -44,50 +44,47 @@ class tst_Audit : public QObject
 {
     Q_OBJECT
 private slots:
-    void keepsWhatChanged()
+    void keepsWhatChanged_data()
     {
         const QVariantMap before{{"a", 1}, {"b", QVariantMap{{"c", 2}, {"d", 3}}}, {"gone", true}};
         const QVariantMap after{{"a", 1}, {"b", QVariantMap{{"c", 2}, {"d", 4}}}, {"new", "x"}};
-        const Rows<QVariant, QVariant, QVariantList> rows{
-            {"nothing", before, before, {}},
-            {"in maps",
-             before,
-             after,
-             {QVariantMap{{"at", "b.d"}, {"old", 3}, {"new", 4}},
-              QVariantMap{{"at", "gone"}, {"old", true}},
-              QVariantMap{{"at", "new"}, {"new", "x"}}}},
-            {"in lists",
-             QVariantList{1, before},
-             QVariantList{1, after, 7},
-             {QVariantMap{{"at", "1.b.d"}, {"old", 3}, {"new", 4}},
-              QVariantMap{{"at", "1.gone"}, {"old", true}},
-              QVariantMap{{"at", "1.new"}, {"new", "x"}}, QVariantMap{{"at", "2"}, {"new", 7}}}},
-            {"a beginning", {}, 5, {QVariantMap{{"at", ""}, {"new", 5}}}},
-            {"another type",
-             QVariantMap(),
-             "x",
-             {QVariantMap{{"at", ""}, {"old", QVariantMap()}, {"new", "x"}}}},
+        const auto changes = [](const QString &in) {
+            return QVariantList{QVariantMap{{"at", in + "b.d"}, {"old", 3}, {"new", 4}},
+                                QVariantMap{{"at", in + "gone"}, {"old", true}},
+                                QVariantMap{{"at", in + "new"}, {"new", "x"}}};
         };
-        for (const auto &[name, old, now, expected] : rows) {
-            QCOMPARE(welmo::controller::difference(old, now), expected);
-            QCOMPARE(welmo::controller::applied(old, expected), now);
-        }
+        addRows<QVariant, QVariant, QVariantList>(
+            {{"nothing", before, before, {}},
+             {"in maps", before, after, changes("")},
+             {"in lists", QVariantList{1, before}, QVariantList{1, after, 7},
+              changes("1.") + QVariantList{QVariantMap{{"at", "2"}, {"new", 7}}}},
+             {"a beginning", {}, 5, {QVariantMap{{"at", ""}, {"new", 5}}}},
+             {"another type",
+              QVariantMap(),
+              "x",
+              {QVariantMap{{"at", ""}, {"old", QVariantMap()}, {"new", "x"}}}}});
+    }
+    void keepsWhatChanged()
+    {
+        const auto &[name, old, now, expected] = currentRow<QVariant, QVariant, QVariantList>();
+        QCOMPARE(welmo::controller::difference(old, now), expected);
+        QCOMPARE(welmo::controller::applied(old, expected), now);
     }
 
     // A taught point adds what one point is, however many there are.
     void staysSmallWhilePointsAreTaught()
     {
-        ControllerBench bench;
-        QVariantList list = bench.get("orbo.project", points).value.toList();
+        ControllerFixture fixture;
+        QVariantList list = fixture.get("orbo.project", points).value.toList();
         for (int i = 0; i < 300; ++i) {
             const QString name = QStringLiteral("t%1").arg(i);
             list.append(with(list.first().toMap(), "id", name));
-            QVERIFY(write(&bench, names::project, points, list).ok());
+            QVERIFY(write(&fixture, names::project, points, list).ok());
         }
         QSet<qint64> seen;
-        QVariantMap part = page(&bench);
+        QVariantMap part = page(&fixture);
         for (; !part["entries"].toList().isEmpty();
-             part = page(&bench, part["before"].toString())) {
+             part = page(&fixture, part["before"].toString())) {
             QVERIFY(bytesOf(part) < 200 * 1024);
             for (const QVariant &entry : part["entries"].toList()) {
                 QCOMPARE(entry.toMap()["changes"].toList().size(), 1);
@@ -97,59 +94,60 @@ private slots:
                 break;
         }
         QCOMPARE(seen.size(), 300);
-        QCOMPARE(bench.get("cell.audit", "x").code, int(welmo::controller::UnknownKey));
+        QCOMPARE(fixture.get("cell.audit", "x").code, int(welmo::controller::UnknownKey));
     }
 
     void hasABudget()
     {
-        ControllerBench bench;
+        ControllerFixture fixture;
         for (int i = 0; i < 600; ++i) {
             const QVariantMap large{{"name", "weavedata1"}, {"note", QString(7000, 'a' + i % 26)}};
-            QVERIFY(write(&bench, "arc_weld.weave_param", "weavedata1", large).ok());
+            QVERIFY(write(&fixture, "arc_weld.weave_param", "weavedata1", large).ok());
         }
         qint64 bytes = 0;
         QVERIFY(
-            bench.store->database().readNumber("SELECT sum(length(content)) FROM audit", &bytes));
+            fixture.store->database().readNumber("SELECT sum(length(content)) FROM audit", &bytes));
         QVERIFY(bytes > AuditLog::mostBytes / 2 && bytes <= AuditLog::mostBytes);
-        QCOMPARE(page(&bench)["entries"].toList().last().toMap()["number"], QVariant(600));
+        QCOMPARE(page(&fixture)["entries"].toList().last().toMap()["number"], QVariant(600));
         QVariantMap huge{{"name", "weavedata1"}, {"note", QString(13000, 'x')}};
         huge["more"] = QString(12000, 'y');
-        QVERIFY(!write(&bench, "arc_weld.weave_param", "weavedata1", huge).ok()); // for a file
-        QVariantMap point = bench.get("orbo.project", points).value.toList().first().toMap();
+        QVERIFY(!write(&fixture, "arc_weld.weave_param", "weavedata1", huge).ok()); // for a file
+        QVariantMap point = fixture.get("orbo.project", points).value.toList().first().toMap();
         point["note"] = QString(60000, 'x');
-        QVERIFY(write(&bench, names::project, points, QVariantList{point}).ok());
-        QVERIFY(page(&bench)["entries"].toList().last().toMap().contains("omitted"));
+        QVERIFY(write(&fixture, names::project, points, QVariantList{point}).ok());
+        QVERIFY(page(&fixture)["entries"].toList().last().toMap().contains("omitted"));
     }
 
+    void anotherHandShows_data()
+    {
+        addRows<QByteArray, int>(
+            {{"nothing", "SELECT 1", 0},
+             {"another user", "UPDATE audit SET user = 'bert' WHERE number = 2", 2},
+             {"another value", "UPDATE audit SET content = '{}' WHERE number = 3", 3},
+             {"one taken out", "DELETE FROM audit WHERE number = 2", 2},
+             {"the oldest taken out", "DELETE FROM audit WHERE number = 1", 2},
+             {"the newest taken out", "DELETE FROM audit WHERE number = 4", 4},
+             {"all of it", "DELETE FROM audit", 1}});
+    }
     void anotherHandShows()
     {
-        const Rows<QByteArray, int> rows{
-            {"nothing", "SELECT 1", 0},
-            {"another user", "UPDATE audit SET user = 'bert' WHERE number = 2", 2},
-            {"another value", "UPDATE audit SET content = '{}' WHERE number = 3", 3},
-            {"one taken out", "DELETE FROM audit WHERE number = 2", 2},
-            {"the oldest taken out", "DELETE FROM audit WHERE number = 1", 2},
-            {"the newest taken out", "DELETE FROM audit WHERE number = 4", 4},
-            {"all of it", "DELETE FROM audit", 1},
-        };
+        const auto &[name, sql, broken] = currentRow<QByteArray, int>();
         const QTemporaryDir folder;
-        for (const auto &[name, sql, broken] : rows) {
-            const QString file = folder.filePath(name);
-            QString problem;
-            {
-                ControllerBench bench(Store::open(file, &problem));
-                for (int i = 1; i <= 4; ++i) {
-                    const QVariantMap content{{"name", "arcondata1"}, {"current", i}};
-                    QVERIFY(write(&bench, "arc_weld.arcon_param", "arcondata1", content).ok());
-                }
-                QVERIFY(bench.store->database().execute(sql.constData()));
+        const QString file = folder.filePath(name);
+        QString problem;
+        {
+            ControllerFixture fixture(Store::open(file, &problem));
+            for (int i = 1; i <= 4; ++i) {
+                const QVariantMap content{{"name", "arcondata1"}, {"current", i}};
+                QVERIFY(write(&fixture, "arc_weld.arcon_param", "arcondata1", content).ok());
             }
-            const ControllerBench bench(Store::open(file, &problem));
-            QCOMPARE(bench.controller.complaints().size(), broken ? 1 : 0);
-            if (broken)
-                QVERIFY(bench.controller.complaints().first().contains(QString::number(broken)));
-            QCOMPARE(bench.journal.entries().size(), broken ? 1 : 0);
+            QVERIFY(fixture.store->database().execute(sql.constData()));
         }
+        const ControllerFixture fixture(Store::open(file, &problem));
+        QCOMPARE(fixture.controller.complaints().size(), broken ? 1 : 0);
+        if (broken)
+            QVERIFY(fixture.controller.complaints().first().contains(QString::number(broken)));
+        QCOMPARE(fixture.journal.entries().size(), broken ? 1 : 0);
     }
 };
 

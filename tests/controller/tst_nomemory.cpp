@@ -3,7 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "controllerbench.h"
+#include "controllerfixture.h"
 
 using welmo::controller::Store;
 
@@ -64,14 +64,14 @@ Outcome actHere(const QString &file, const QByteArray &phase, int current, long 
     auto store = Store::open(file, &problem);
     if (!store)
         return Refused;
-    ControllerBench bench(std::move(store));
+    ControllerFixture fixture(std::move(store));
     if (!phase.contains("start"))
         s_left = refused;
-    bool good = bench.started;
+    bool good = fixture.started;
     if (phase == "save")
-        good = bench.set(node, name, fileWith(current)).ok();
+        good = fixture.set(node, name, fileWith(current)).ok();
     if (phase == "load") {
-        const auto reply = bench.get(node, name);
+        const auto reply = fixture.get(node, name);
         good = reply.ok();
         if (good && reply.value.toMap()["current"] != current - 1)
             ::abort();

@@ -1,7 +1,7 @@
 #include <QtTest>
 #include <set>
 
-#include "programbench.h"
+#include "programfixture.h"
 
 using namespace welmo::controller;
 using Eigen::Vector3d;
@@ -16,8 +16,8 @@ const QStringList twoLegs{"MoveL p3,v1000,fine,torch1,wobj0",
                           "ArcOff \"arcoffdata1\"",
                           "MoveL p4,v1000,fine,torch1,wobj0"};
 
-/// A bench that notes the millimetres of the seam that an arc burned over.
-struct SeamBench : ProgramBench
+/// A fixture that notes the millimetres of the seam that an arc burned over.
+struct SeamFixture : ProgramFixture
 {
     std::multiset<int> burned;
 
@@ -88,71 +88,71 @@ private slots:
         QFETCH(int, foundAfter);
         QFETCH(Vector3d, end);
         QFETCH(int, clear);
-        SeamBench bench;
-        bench.save("weld_param", ProgramBench::weld(qPrintable(option)));
-        QVERIFY(bench.go(lines).ok());
-        QVERIFY(bench.passUntilPhase("welding"));
-        bench.weldFor(lostAfter * 5); // 20 mm/s
+        SeamFixture fixture;
+        fixture.save("weld_param", ProgramFixture::weld(qPrintable(option)));
+        QVERIFY(fixture.go(lines).ok());
+        QVERIFY(fixture.passUntilPhase("welding"));
+        fixture.weldFor(lostAfter * 5); // 20 mm/s
         if (option.isEmpty())
-            bench.run("tl_program.stop");
-        bench.faults.set(Faults::Fault::ArcBreaks, !option.isEmpty());
+            fixture.run("tl_program.stop");
+        fixture.faults.set(Faults::Fault::ArcBreaks, !option.isEmpty());
         if (foundAfter > 0) {
-            bench.weldFor(foundAfter * 5);
-            bench.faults.clear();
+            fixture.weldFor(foundAfter * 5);
+            fixture.faults.clear();
         }
-        bench.weldOn();
-        bench.faults.clear();
+        fixture.weldOn();
+        fixture.faults.clear();
 
-        const QVariantMap offer = bench.state("reweld").toMap();
+        const QVariantMap offer = fixture.state("reweld").toMap();
         QTEST(offer["line"].toInt(), "line");
         const double from = offer["from"].toDouble();
         QVERIFY(qAbs(offer["lost"].toDouble() - 10 - from) < 0.11);
-        QVERIFY(bench.run("tl_program.reweld").ok());
-        QVERIFY(bench.passUntilPhase("ignition"));
-        QVERIFY(bench.isAt(p3 + Vector3d(0, from, 0), 0.1));
-        bench.weldOn();
-        QCOMPARE(bench.state("message"), QVariant("finished"));
-        QVERIFY(qAbs((bench.tip() - end).norm() - clear) < 0.5);
+        QVERIFY(fixture.run("tl_program.reweld").ok());
+        QVERIFY(fixture.passUntilPhase("ignition"));
+        QVERIFY(fixture.isAt(p3 + Vector3d(0, from, 0), 0.1));
+        fixture.weldOn();
+        QCOMPARE(fixture.state("message"), QVariant("finished"));
+        QVERIFY(qAbs((fixture.tip() - end).norm() - clear) < 0.5);
         for (int mm = 0; mm < 100; ++mm)
-            QVERIFY2(bench.burned.count(mm) > 0, qPrintable(QString::number(mm)));
-        QVERIFY(bench.burned.size() < 100 + 10 + 5);
-        const QVariantMap sum = bench.state("result").toMap();
+            QVERIFY2(fixture.burned.count(mm) > 0, qPrintable(QString::number(mm)));
+        QVERIFY(fixture.burned.size() < 100 + 10 + 5);
+        const QVariantMap sum = fixture.state("result").toMap();
         QVERIFY(qAbs(sum["welded"].toDouble() - 100) < 1);
         QCOMPARE(sum["seams"].toInt(), 1);
-        QCOMPARE(bench.state("reweld").toMap()["line"].toInt(), 0);
-        QCOMPARE(bench.run("tl_program.reweld").code, int(WrongState));
+        QCOMPARE(fixture.state("reweld").toMap()["line"].toInt(), 0);
+        QCOMPARE(fixture.run("tl_program.reweld").code, int(WrongState));
     }
     void whatFailsCanBeTriedAgain()
     {
-        ProgramBench bench;
-        bench.save("weld_param", ProgramBench::weld("stop_and_alarm"));
-        QVERIFY(bench.goWelding(2000));
-        bench.faults.set(Faults::Fault::ArcBreaks, true);
-        bench.finish();
-        const QVariant offer = bench.state("reweld");
-        QVERIFY(bench.run("tl_program.reweld").ok());
-        bench.finish();
-        QCOMPARE(bench.state("state"), QVariant("error"));
-        QCOMPARE(bench.state("reweld"), offer);
-        bench.faults.clear();
-        QVERIFY(bench.run("tl_program.reweld").ok());
-        bench.finish();
-        QCOMPARE(bench.state("message"), QVariant("finished"));
+        ProgramFixture fixture;
+        fixture.save("weld_param", ProgramFixture::weld("stop_and_alarm"));
+        QVERIFY(fixture.goWelding(2000));
+        fixture.faults.set(Faults::Fault::ArcBreaks, true);
+        fixture.finish();
+        const QVariant offer = fixture.state("reweld");
+        QVERIFY(fixture.run("tl_program.reweld").ok());
+        fixture.finish();
+        QCOMPARE(fixture.state("state"), QVariant("error"));
+        QCOMPARE(fixture.state("reweld"), offer);
+        fixture.faults.clear();
+        QVERIFY(fixture.run("tl_program.reweld").ok());
+        fixture.finish();
+        QCOMPARE(fixture.state("message"), QVariant("finished"));
     }
     void steps()
     {
-        ProgramBench bench;
-        bench.endOf({}); // real mode
-        bench.run("tl_program.load",
-                  QVariantMap{{"name", "test"}, {"text", twoLegs.join("\n//\n")}});
+        ProgramFixture fixture;
+        fixture.endOf({}); // real mode
+        fixture.run("tl_program.load",
+                    QVariantMap{{"name", "test"}, {"text", twoLegs.join("\n//\n")}});
         const auto step = [&](const QVariantMap &how = {}) {
-            const bool good = bench.run("tl_program.step", how).ok();
-            bench.finish();
+            const bool good = fixture.run("tl_program.step", how).ok();
+            fixture.finish();
             return good;
         };
         const auto isBefore = [&](int line, const Vector3d &place) {
-            return bench.state("line") == line && bench.state("state") == "paused"
-                && bench.isAt(place);
+            return fixture.state("line") == line && fixture.state("state") == "paused"
+                && fixture.isAt(place);
         };
         const Vector3d corner = p3 + Vector3d(0, 40, 0);
         const QVariantMap back{{"back", true}};
@@ -165,23 +165,23 @@ private slots:
         QVERIFY(step(back) && isBefore(1, p1));
         QVERIFY(!step(back));
         QVERIFY(step() && step() && step() && isBefore(7, corner));
-        QVERIFY(!bench.events().contains(Event::Weld));
+        QVERIFY(!fixture.events().contains(Event::Weld));
         // A seam that was stepped into stays without an arc.
-        QVERIFY(bench.run("tl_program.run").ok());
-        bench.finish();
-        QVERIFY(!bench.events().contains(Event::Weld));
+        QVERIFY(fixture.run("tl_program.run").ok());
+        fixture.finish();
+        QVERIFY(!fixture.events().contains(Event::Weld));
         QVERIFY(step({{"line", 1}}) && isBefore(3, p3));
-        QVERIFY(bench.run("tl_program.run").ok());
-        QVERIFY(bench.passUntilPhase("welding"));
+        QVERIFY(fixture.run("tl_program.run").ok());
+        QVERIFY(fixture.passUntilPhase("welding"));
         // A step ends the arc where it is.
-        bench.pass(500);
-        QVERIFY(bench.run("tl_program.pause").ok());
-        bench.pass(1000);
-        bench.told.clear();
+        fixture.pass(500);
+        QVERIFY(fixture.run("tl_program.pause").ok());
+        fixture.pass(1000);
+        fixture.told.clear();
         QVERIFY(step() && isBefore(7, corner));
-        QCOMPARE(bench.toldValues("arc_weld.welder_state", "phase"), QVariantList());
+        QCOMPARE(fixture.toldValues("arc_weld.welder_state", "phase"), QVariantList());
         QVERIFY(step() && step() && step());
-        QCOMPARE(bench.state("state"), QVariant("idle"));
+        QCOMPARE(fixture.state("state"), QVariant("idle"));
     }
     void fromALine_data()
     {
@@ -199,16 +199,16 @@ private slots:
     {
         QFETCH(int, line);
         QFETCH(bool, runs);
-        ProgramBench bench;
-        bench.go(twoLegs);
-        bench.run("tl_program.stop");
-        bench.told.clear();
+        ProgramFixture fixture;
+        fixture.go(twoLegs);
+        fixture.run("tl_program.stop");
+        fixture.told.clear();
         const QVariantMap from{{"line", line}};
-        QCOMPARE(bench.run("tl_program.run", from).ok(), runs);
-        bench.finish();
-        QCOMPARE(bench.isAt(p4), runs);
-        QTEST(!bench.toldValues("arc_weld.welder_state", "phase").isEmpty(), "welds");
-        const QVariantList lines = bench.toldValues("tl_program.state", "line");
+        QCOMPARE(fixture.run("tl_program.run", from).ok(), runs);
+        fixture.finish();
+        QCOMPARE(fixture.isAt(p4), runs);
+        QTEST(!fixture.toldValues("arc_weld.welder_state", "phase").isEmpty(), "welds");
+        const QVariantList lines = fixture.toldValues("tl_program.state", "line");
         QCOMPARE(lines.contains(from["line"]), runs);
         QVERIFY(!lines.contains(1));
     }

@@ -1,15 +1,12 @@
-#include <QTemporaryDir>
 #include <QtTest>
 #include <limits>
 
 #include "controller/core/json.h"
 #include "controller/core/store.h"
+#include "support/datarows.h"
 #include "support/files.h"
-#include "support/rows.h"
 
-using testsupport::contentOf;
-using testsupport::Rows;
-using testsupport::writeFile;
+using namespace testsupport;
 using welmo::controller::Store;
 
 namespace {
@@ -25,29 +22,29 @@ class tst_Store : public QObject
 {
     Q_OBJECT
 private slots:
-    void typesComeBack()
+    void typesComeBack_data()
     {
         const QVariantMap inner{{"a", QVariantMap{{"b", 1}}}, {"c", QVariantList()}};
         const QVariantList mixed{1, 2.5, true, "x", QVariantMap{{"id", "z"}, {"n", QVariant()}}};
-        const Rows<QVariant, QVariant> rows{
-            {"largest double", std::numeric_limits<double>::max(),
-             std::numeric_limits<double>::max()},
-            {"no short binary fraction", 0.1, 0.1},
-            {"double without a fraction", 3.0, 3},
-            {"bool", true, true},
-            {"text", "焊接 \"äöü\"\n", "焊接 \"äöü\"\n"},
-            {"list", mixed, mixed},
-            {"map", inner, inner},
-        };
-        for (const auto &[name, written, expected] : rows) {
-            const QString file = m_folder.filePath("types.db");
-            QVERIFY(Store::open(file, &m_problem)->write({{path, key, written}}));
-            const auto entry = Store::open(file, &m_problem)->read(path, key);
-            QVERIFY(entry.has_value());
-            QCOMPARE(entry->value.userType(), expected.userType());
-            QCOMPARE(entry->value, expected);
-            QCOMPARE(welmo::controller::toJson(entry->value), welmo::controller::toJson(expected));
-        }
+        addRows<QVariant, QVariant>({{"largest double", std::numeric_limits<double>::max(),
+                                      std::numeric_limits<double>::max()},
+                                     {"no short binary fraction", 0.1, 0.1},
+                                     {"double without a fraction", 3.0, 3},
+                                     {"bool", true, true},
+                                     {"text", "焊接 \"äöü\"\n", "焊接 \"äöü\"\n"},
+                                     {"list", mixed, mixed},
+                                     {"map", inner, inner}});
+    }
+    void typesComeBack()
+    {
+        const auto &[name, written, expected] = currentRow<QVariant, QVariant>();
+        const QString file = m_folder.filePath("types.db");
+        QVERIFY(Store::open(file, &m_problem)->write({{path, key, written}}));
+        const auto entry = Store::open(file, &m_problem)->read(path, key);
+        QVERIFY(entry.has_value());
+        QCOMPARE(entry->value.userType(), expected.userType());
+        QCOMPARE(entry->value, expected);
+        QCOMPARE(welmo::controller::toJson(entry->value), welmo::controller::toJson(expected));
     }
     void entriesComeAndGo()
     {
@@ -73,7 +70,7 @@ private slots:
         QVERIFY(!store->read(path, key));
         QCOMPARE(store->readAll(path)->size(), std::size_t(1)); // the rest is there
     }
-    void refusedFileIsLeftAlone()
+    void refusedFileIsLeftAlone_data()
     {
         const QString own = m_folder.filePath("own.db");
         for (int i = 0; i < 40; ++i) // enough to have pages that can be damaged
@@ -81,27 +78,27 @@ private slots:
         const QByteArray whole = contentOf(own);
         QByteArray damaged = whole;
         damaged.replace(4096 + 8, 3000, QByteArray(3000, '\xff'));
-        const Rows<QByteArray, QString> rows{
-            {"a letter", QByteArray("Dear operator"), "not a controller store"},
-            // SQLite has the format's number at 60 in the head, and the program's at 68.
-            {"another program's database", QByteArray(whole).replace(60, 12, QByteArray(12, 0)),
-             "another program"},
-            {"newer", QByteArray(whole).replace(60, 4, QByteArray("\0\0\0\x63", 4)),
-             "newer version"},
-            {"damaged", damaged, "damaged"},
-            {"cut off", whole.left(whole.size() / 2), "damaged"},
-        };
-        for (const auto &[name, content, reason] : rows) {
-            const QTemporaryDir alone;
-            const QString file = alone.filePath("controller.db");
-            writeFile(file, content);
-            QVERIFY(!Store::open(file, &m_problem));
-            QVERIFY2(m_problem.startsWith(file + ": "), qPrintable(m_problem));
-            QVERIFY2(m_problem.contains(reason) && !m_problem.contains('\n'),
-                     qPrintable(m_problem));
-            QCOMPARE(contentOf(file), content);
-            QCOMPARE(QDir(alone.path()).entryList(QDir::Files), QStringList("controller.db"));
-        }
+        addRows<QByteArray, QString>(
+            {{"a letter", QByteArray("Dear operator"), "not a controller store"},
+             // SQLite has the format's number at 60 in the head, and the program's at 68.
+             {"another program's database", QByteArray(whole).replace(60, 12, QByteArray(12, 0)),
+              "another program"},
+             {"newer", QByteArray(whole).replace(60, 4, QByteArray("\0\0\0\x63", 4)),
+              "newer version"},
+             {"damaged", damaged, "damaged"},
+             {"cut off", whole.left(whole.size() / 2), "damaged"}});
+    }
+    void refusedFileIsLeftAlone()
+    {
+        const auto &[name, content, reason] = currentRow<QByteArray, QString>();
+        const QTemporaryDir alone;
+        const QString file = alone.filePath("controller.db");
+        writeFile(file, content);
+        QVERIFY(!Store::open(file, &m_problem));
+        QVERIFY2(m_problem.startsWith(file + ": "), qPrintable(m_problem));
+        QVERIFY2(m_problem.contains(reason) && !m_problem.contains('\n'), qPrintable(m_problem));
+        QCOMPARE(contentOf(file), content);
+        QCOMPARE(QDir(alone.path()).entryList(QDir::Files), QStringList("controller.db"));
     }
 
 private:

@@ -1,13 +1,12 @@
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "controller/core/json.h"
 #include "controller/core/store.h"
 #include "recordeddisk.h"
+#include "support/datarows.h"
 
+using namespace testsupport;
 using welmo::controller::Store;
-
-Q_DECLARE_METATYPE(RecordedDisk::Cut)
 
 namespace {
 
@@ -60,14 +59,13 @@ class tst_StoreCut : public QObject
 private slots:
     void cutAnywhere_data()
     {
-        QTest::addColumn<RecordedDisk::Cut>("cut");
-        QTest::newRow("process killed") << RecordedDisk::Killed;
-        QTest::newRow("power lost") << RecordedDisk::PowerLost;
-        QTest::newRow("power lost, writes out of order") << RecordedDisk::Reordered;
+        addRows<RecordedDisk::Cut>({{"process killed", RecordedDisk::Killed},
+                                    {"power lost", RecordedDisk::PowerLost},
+                                    {"writes out of order", RecordedDisk::Reordered}});
     }
     void cutAnywhere()
     {
-        QFETCH(RecordedDisk::Cut, cut);
+        const auto &[name, cut] = currentRow<RecordedDisk::Cut>();
         RecordedDisk disk;
         const QVector<Acknowledged> steps = work(&disk);
         const QVector<RecordedDisk::Operation> operations = disk.operations();

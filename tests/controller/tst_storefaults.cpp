@@ -1,17 +1,14 @@
-#include <QTemporaryDir>
 #include <QtTest>
 #include <sqlite3.h>
 #include <unistd.h>
 
 #include "controller/core/backup.h"
 #include "controller/core/repair.h"
-#include "controllerbench.h"
+#include "controllerfixture.h"
+#include "support/datarows.h"
 #include "support/files.h"
-#include "support/rows.h"
 
-using testsupport::contentOf;
-using testsupport::Rows;
-using testsupport::writeFile;
+using namespace testsupport;
 using welmo::controller::Request;
 using welmo::controller::Store;
 using Kind = Request::Kind;
@@ -80,15 +77,18 @@ private slots:
     void initTestCase() { countMemoryRequests(); }
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
-    void aLockNeedsALivingHolder()
+    void aLockNeedsALivingHolder_data()
     {
         const QByteArray us = QByteArray::number(::getpid()) + "\ntst_storefaults\n"
             + QSysInfo::machineHostName().toUtf8() + '\n';
-        const Rows<QByteArray> rows{{"left by a killed program", us},
-                                    {"empty", ""},
-                                    {"somebody's letter", "Dear operator"}};
-        for (const auto &[name, content] : rows) {
-            writeFile(file() + ".lock", content);
+        addRows<QByteArray>({{"left by a killed program", us},
+                             {"empty", ""},
+                             {"somebody's letter", "Dear operator"}});
+    }
+    void aLockNeedsALivingHolder()
+    {
+        writeFile(file() + ".lock", std::get<1>(currentRow<QByteArray>()));
+        {
             const auto store = open();
             QVERIFY2(store, qPrintable(m_problem));
             QVERIFY(!open() && m_problem.contains("in use"));
@@ -184,13 +184,13 @@ private slots:
         };
         const QString backup = at("backup.db");
         {
-            ControllerBench bench(open());
+            ControllerFixture fixture(open());
             for (const auto &[n, text] :
                  {std::pair(1, "first"), {1, "marked one"}, {2, "marked two"}, {3, "fine"}}) {
                 Request write{Kind::Set, node, QString("arcondata%1").arg(n), arcOn(n, text)};
                 if (n == 1)
                     write.author = {"anna", "pendant", "2026-11-20 08:00:00"};
-                QVERIFY(bench.controller.handle(write).ok());
+                QVERIFY(fixture.controller.handle(write).ok());
             }
             QCOMPARE(welmo::controller::backUp(file(), backup), QString());
         }
@@ -201,14 +201,15 @@ private slots:
         QVERIFY(entry > 0);
         writeFile(file(), content.replace(entry + 15, 6, "MARKED"));
         {
-            ControllerBench bench(open());
-            QVERIFY2(bench.started, "a damaged entry keeps the rest from coming up");
-            QCOMPARE(bench.get("arc_weld.arcon_param").value.toMap().keys(),
+            ControllerFixture fixture(open());
+            QVERIFY2(fixture.started, "a damaged entry keeps the rest from coming up");
+            QCOMPARE(fixture.get("arc_weld.arcon_param").value.toMap().keys(),
                      QStringList("arcondata3"));
-            QCOMPARE(bench.get("arc_weld.arcon_param", "arcondata1").code,
+            QCOMPARE(fixture.get("arc_weld.arcon_param", "arcondata1").code,
                      int(welmo::controller::StorageFailed));
-            const QVariantList alarms = bench.get("cell.alarms").value.toMap()["entries"].toList();
-            QCOMPARE(alarms.size(), bench.controller.complaints().size());
+            const QVariantList alarms =
+                fixture.get("cell.alarms").value.toMap()["entries"].toList();
+            QCOMPARE(alarms.size(), fixture.controller.complaints().size());
             QVERIFY(alarms.size() >= 2);
             QCOMPARE(alarms.first().toMap()["code"], QVariant("storage_damaged"));
         }
@@ -217,10 +218,10 @@ private slots:
         QVERIFY(lines.filter("arcondata1").first().contains("by the audit"));
         QVERIFY(lines.filter("arcondata2").first().contains("stays damaged"));
         QVERIFY(welmo::controller::repair(file(), backup, &lines));
-        ControllerBench bench(open());
-        QCOMPARE(bench.controller.complaints(), QStringList());
-        QCOMPARE(bench.get("arc_weld.arcon_param", "arcondata1").value, arcOn(1, "marked one"));
-        QCOMPARE(bench.get("arc_weld.arcon_param", "arcondata2").value, arcOn(2, "marked two"));
+        ControllerFixture fixture(open());
+        QCOMPARE(fixture.controller.complaints(), QStringList());
+        QCOMPARE(fixture.get("arc_weld.arcon_param", "arcondata1").value, arcOn(1, "marked one"));
+        QCOMPARE(fixture.get("arc_weld.arcon_param", "arcondata2").value, arcOn(2, "marked two"));
     }
 
     void aLostEntryIsTold()
@@ -294,16 +295,16 @@ private slots:
         QVERIFY(QFile::copy(FIXTURES "/format1.db", file()));
         QFile(file()).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
         for (const bool again : {false, true}) {
-            ControllerBench bench(open());
-            QVERIFY2(bench.store, qPrintable(m_problem));
-            QCOMPARE(bench.controller.complaints(), QStringList());
-            QVERIFY(!bench.store->identity().isEmpty());
-            const auto file = bench.get("arc_weld.arcon_param", "arcondata1");
+            ControllerFixture fixture(open());
+            QVERIFY2(fixture.store, qPrintable(m_problem));
+            QCOMPARE(fixture.controller.complaints(), QStringList());
+            QVERIFY(!fixture.store->identity().isEmpty());
+            const auto file = fixture.get("arc_weld.arcon_param", "arcondata1");
             QCOMPARE(file.value, QVariant(QVariantMap{{"name", "arcondata1"}, {"current", 120.5}}));
             QCOMPARE(*file.revision, 2);
-            QVERIFY(!bench.get("arc_weld.weld_param", "arcdata2").value.isValid());
-            QVERIFY(!bench.get("orbo.project", "point._list").value.toList().isEmpty());
-            const QVariantList audit = bench.get("cell.audit").value.toMap()["entries"].toList();
+            QVERIFY(!fixture.get("arc_weld.weld_param", "arcdata2").value.isValid());
+            QVERIFY(!fixture.get("orbo.project", "point._list").value.toList().isEmpty());
+            const QVariantList audit = fixture.get("cell.audit").value.toMap()["entries"].toList();
             QCOMPARE(audit.size(), 4);
             const QVariantMap second = audit.at(1).toMap();
             QCOMPARE(second["user"], QVariant("bert"));
@@ -311,7 +312,7 @@ private slots:
                      QVariant(QVariantList{
                          QVariantMap{{"at", "current"}, {"old", 100}, {"new", 120.5}}}));
             if (again)
-                QVERIFY(bench.set("arc_weld.arcon_param", "arcondata1", file.value).ok());
+                QVERIFY(fixture.set("arc_weld.arcon_param", "arcondata1", file.value).ok());
         }
     }
 

@@ -1,5 +1,3 @@
-#include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QtTest>
 #include <csignal>
 #include <sys/wait.h>

@@ -7,84 +7,31 @@
 #include "settings/segparameterwidget.h"
 #include "settings/weldgroup.h"
 #include "settings/weldingoptionspage.h"
+#include "support/datarows.h"
+#include "support/files.h"
 #include "support/formhost.h"
 
 using namespace welmo;
-using testsupport::FormHost;
+using namespace testsupport;
 
 namespace {
 
-// Stored types by key, the value in a new set (with a point: a real number, else an integer), and
-// the range; "trunc" loses its fraction when it is shown, "hidden" has no control, "twin" no row of
-// its own. Written down once more, on purpose, from what the controllers in the field expect.
-const QHash<QString, QString> contracts{
-    {"process",
-     "name text default; annotation text -; mode work flat_characteristic; "
-     "current_mode current current; voltage_mode voltage unified; current real 0 0..2000"},
-    {"arcon",
-     "process; voltage real 0 0..200; hold_time int 200 0..10000; detect_time int 2000 0..10000; "
-     "confirm_time int 200 0..10000; preflow_time int 200 1..10000; "
-     "prearc_time int 200 0..10000; slow_wire_feed_speed real 1 1..21; "
-     "pre_wirefeed_time int 200 0..10000; ramp_time int 200 1..10000; "
-     "re_arcon.enable switch false; re_arcon.retry_time int 3 1..20; "
-     "re_arcon.wire_retract_delay_time int 50 0..10000; "
-     "re_arcon.wire_retract_time int 200 0..10000; re_arcon.current_step real 0 0..50; "
-     "re_arcon.voltage_step real 0 0..10; re_arcon.scratch_on_failure hidden false; "
-     "scratch_arcon.enable switch false; scratch_arcon.distance int 20 0..500; "
-     "scratch_arcon.back_speed int 50 0..10000; scratch_arcon.step int 5 0..500; "
-     "scratch_arcon.offset int 0 0..10"},
-    {"weld",
-     "process; voltage real 0 0..200; weld_speed int 10 0..10000; ramp_time int 200 1..10000; "
-     "arc_break_param.detect_time int 500 0..10000; "
-     "arc_break_param.arc_break_option break continue_running; "
-     "arc_break_param.restart_back_distance int 10 0..100"},
-    {"arcoff",
-     "process; voltage real 0 0..10000; hold_time int 500 0..10000; "
-     "delay_gasoff_time int 200 0..10000; "
-     "detect_time int 5000 0..10000; retract_time int 100 0..10000; "
-     "wire_stick_detection_time int 500 0..10000; anti_wire_stick_param.enable switch false; "
-     "anti_wire_stick_param.current trunc 30 0..100; "
-     "anti_wire_stick_param.voltage trunc 10 0..50; anti_wire_stick_param.time int 500 0..10000"},
-    {"weave",
-     "name text default; annotation text -; weaving_reference reference cycle; "
-     "pattern pattern triangular; weave_length_frequency real 0.1 0.1..5; "
-     "amplitude.left real 0.1 0.1..100; amplitude.right twin 0.1; dwell_type dwell robot_stay; "
-     "dwell_time ints 0; radius real 0.1 0.1..100; phase_invert direction false; "
-     "elevation_type elevation v_pattern; elevation_angle.left real 0 -90..90; "
-     "elevation_angle.right real 0 -90..90; inclination_angle real 0 -90..90"},
-    {"seg",
-     "name text default; annotation text -; seg_type seg normal; non_welded_speed text v5; "
-     "welded_distance real 0.1 0.1..1.7976931348623157e308; "
-     "non_welded_distance real 0.1 0.1..1.7976931348623157e308"},
-    {"running",
-     "test_run_speed int 200 1..250; wire_feed_speed real 1 1..21; gas_detect_time int 15 1..30"},
-    {"anticollision", "enable bool false; signal text No_signal; block bool false"},
-    {"clamping", "enable mode false; signal text No_signal"},
-};
+/// The lines of contracts.txt below the headings of a kind, by the word that follows it.
+QMap<QString, QStringList> readContracts(const QString &kind)
+{
+    QMap<QString, QStringList> contracts;
+    QString heading;
+    for (const QString &line : QString::fromUtf8(contentOf(CONTRACTS)).split('\n')) {
+        if (line.startsWith("  ") && heading.section(' ', 0, 0) == kind)
+            contracts[heading.section(' ', 1)].append(line.trimmed());
+        else if (!line.startsWith(' ') && !line.isEmpty())
+            heading = line;
+    }
+    return contracts;
+}
 
-// Shown texts and stored codes of each kind of choice, in the order in which they are offered.
-const QHash<QString, QString> choiceContracts{
-    {"work",
-     "Flat Characteristic=flat_characteristic|Low Spatter=low_spatter|Pulse=pulse|"
-     "Double Pulse=double_pulse|DC Spot Welding=dc_spot_welding|"
-     "Pulsed Spot Welding=pulsed_spot_welding|Deep Penetration=deep_penetration|"
-     "Fast Pulse=fast_pulse|Low Spatter Spot Welding=low_spatter_spot_welding|ASMT=asmt|"
-     "ASMT Spot Welding=asmt_spot_welding|Job=job"},
-    {"current", "Current=current|Wire Feed=wire_feed"},
-    {"voltage", "Unified=unified|Separate=separate"},
-    {"break",
-     "Continue Running=continue_running|Stop and Alarm=stop_and_alarm|"
-     "Auto Arc Reignition=auto_arc_reignition"},
-    {"switch", "Open=true|Close=false"},
-    {"mode", "Close=false|Open=true"},
-    {"reference", "Length=length|Period=cycle"},
-    {"pattern",
-     "No Weaving=no_weaving|Triangular=triangular|Sine=sine|Circular=circular|Figure-8=figure_8"},
-    {"dwell", "Robot Stay=robot_stay|Weave Stay=weave_stop"},
-    {"direction", "Normal=false|Reverse=true"},
-    {"elevation", "V-Pattern=v_pattern|Triangular=triangular"},
-    {"seg", "Normal=normal"},
-};
+const QMap<QString, QStringList> contracts = readContracts("set");
+const QMap<QString, QStringList> choiceContracts = readContracts("choice");
 
 /// One line of a contract.
 struct Expected
@@ -170,11 +117,12 @@ std::map<QString, SetUnderTest> allSets(QWidget *window)
 
 QStringList contractOf(const QString &set)
 {
-    QString lines = contracts.value(set.section(' ', 0, 0));
-    lines.replace("process", contracts.value("process"));
+    QStringList lines = contracts.value(set.section(' ', 0, 0));
+    if (lines.removeOne("process"))
+        lines += contracts.value("process");
     if (set == "weave instruction")
-        lines.replace("frequency real 0.1", "frequency real 0.01");
-    return lines.split("; ");
+        lines.replaceInStrings("frequency real 0.1", "frequency real 0.01");
+    return lines;
 }
 
 /// What the control holds, as it is stored.
@@ -335,25 +283,22 @@ class tst_FieldTables : public QObject
 private slots:
     void everyKey_data()
     {
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<QString>("set");
-        QTest::addColumn<QString>("line");
+        std::vector<Row<QString, QString, QString>> rows;
         for (const char *language : {"en", "zh_CN"}) {
             for (QString set : contracts.keys() + QStringList("weave instruction")) {
                 if (set == "process")
                     continue;
                 for (const QString &line : contractOf(set)) {
                     const QString row = set + ' ' + line.section(' ', 0, 0) + ' ' + language;
-                    QTest::newRow(qPrintable(row)) << language << set << line;
+                    rows.push_back({row.toUtf8(), language, set, line});
                 }
             }
         }
+        addRows(rows);
     }
     void everyKey()
     {
-        QFETCH(QString, language);
-        QFETCH(QString, set);
-        QFETCH(QString, line);
+        const auto &[name, language, set, line] = currentRow<QString, QString, QString>();
         use(language, set);
         const Expected expected(line);
         kelp::ModuleObject file("default");
@@ -369,7 +314,7 @@ private slots:
         const Field &field = **row;
         const auto *combo = qobject_cast<const QComboBox *>(field.editor());
         if (choiceContracts.contains(expected.type))
-            checkChoices(combo, choiceContracts.value(expected.type).split('|'));
+            checkChoices(combo, choiceContracts.value(expected.type));
         const bool isName = expected.key == "name"; // chosen with the combo, never shown
         const bool tooLow = fresh == 0.01; // the one default that its own box cannot show
         if (!isName)
@@ -383,15 +328,16 @@ private slots:
     }
     void noKeyBesides_data()
     {
-        QTest::addColumn<QString>("set");
+        std::vector<Row<>> sets;
         for (const char *set : {"arcon", "weld", "arcoff", "weave", "weave instruction", "seg",
                                 "running", "anticollision", "clamping"})
-            QTest::newRow(set) << set;
+            sets.push_back({set});
+        addRows(sets);
     }
     // A row that is not in the contract, or that no form binds.
     void noKeyBesides()
     {
-        QFETCH(QString, set);
+        const QString set = std::get<0>(currentRow<>());
         use("en", set);
         QStringList keys;
         for (const QString &line : contractOf(set))

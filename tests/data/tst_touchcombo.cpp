@@ -1,6 +1,5 @@
 #include <QAbstractItemView>
-#include <QComboBox>
-#include <QTest>
+#include <QtTest>
 
 #include "support/formhost.h"
 #include "widgets/stylerules.h"

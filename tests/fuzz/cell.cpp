@@ -1,37 +1,14 @@
-#include <QCoreApplication>
-
 #include "controller/core/json.h"
 #include "fuzz.h"
-#include "link/mqtt/cellservice.h"
-#include "mail.h"
+#include "link/simulatedcell.h"
 
 using namespace welmo::links;
 
 namespace {
 
-qint64 s_now = 0;
-
 /// A cell with a pendant of each of two users: one may do everything, one may look.
-struct Plant
+struct Plant : SimulatedCell
 {
-    Plant()
-    {
-        CellService::Options options;
-        options.cell = "cell";
-        options.roles = Roles({{"anna", Role::Administrator}, {"vera", Role::Viewer}});
-        options.clock = [] { return s_now; };
-        service = std::make_unique<CellService>(options);
-        service->start();
-        QCoreApplication::sendPostedEvents(); // it is online
-        mail::client()->sent.clear();
-    }
-    QVector<MqttMessage> deliver(const MqttMessage &message)
-    {
-        mail::client()->sent.clear();
-        mail::client()->handlers.message(message);
-        QCoreApplication::processEvents(); // a cell that was busy too long goes on by a timer
-        return std::exchange(mail::client()->sent, {});
-    }
     // Each input has sessions of its own.
     void greet(const QString &user)
     {
@@ -46,7 +23,6 @@ struct Plant
     }
     int greetings = 0;
     QMap<QString, QString> sessions;
-    std::unique_ptr<CellService> service;
 };
 
 bool isValue(const MqttMessage &message)
@@ -91,7 +67,7 @@ void fuzz(const QByteArray &input)
     plant->greet("anna");
     plant->greet("vera");
     for (MqttMessage &message : mail::read(input)) {
-        s_now += 10;
+        plant->now += 10;
         plant->service->handle(
             {welmo::controller::Request::Kind::Get, "tl_program.state"}); // time passes
         const QString user = message.topic.section('/', 4, 4);
@@ -99,6 +75,7 @@ void fuzz(const QByteArray &input)
             if (value == "SESSION")
                 value = plant->sessions.value(user);
         }
+        Plant::takeSent();
         dirty = check(message, plant->deliver(message), user) || dirty;
     }
 }

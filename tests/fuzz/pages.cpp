@@ -1,6 +1,4 @@
-#include <QLabel>
 #include <QMetaProperty>
-#include <QToolButton>
 
 #include "controller/core/json.h"
 #include "fuzz.h"

@@ -1,27 +1,27 @@
-#include "controller/controllerbench.h"
+#include "controller/controllerfixture.h"
 #include "controller/core/json.h"
 #include "fuzz.h"
 
 /// A program that a controller is given and runs for a while.
 void fuzz(const QByteArray &input)
 {
-    ControllerBench bench;
-    bench.run("arc_weld.set_weld_mode", QVariantMap{{"mode", "real"}});
-    const auto state = [&bench](const char *key) {
-        return bench.get("tl_program.state", key).value;
+    ControllerFixture fixture;
+    fixture.run("arc_weld.set_weld_mode", QVariantMap{{"mode", "real"}});
+    const auto state = [&fixture](const char *key) {
+        return fixture.get("tl_program.state", key).value;
     };
     const QVariantMap program{{"name", "fuzz.tl"}, {"text", textOf(input)}};
     const int lines = textOf(input).count('\n') + 1;
-    require(bench.run("tl_program.load", program).ok(), "any text is a program");
-    require(bench.run("tl_program.run").ok(), "and can be run");
+    require(fixture.run("tl_program.load", program).ok(), "any text is a program");
+    require(fixture.run("tl_program.run").ok(), "and can be run");
     for (int i = 0; i < 20 && state("state") == "running"; ++i) {
-        bench.now += 100;
-        bench.controller.tick();
+        fixture.now += 100;
+        fixture.controller.tick();
         const int line = state("line").toInt();
         require(line >= 0 && line <= lines, "it is in a line");
     }
-    require(bench.run("tl_program.stop").ok(), "it can be stopped");
+    require(fixture.run("tl_program.stop").ok(), "it can be stopped");
     require(state("state") == "idle" && state("line") == 0, "and is over then");
-    for (const ControllerBench::Told &told : qAsConst(bench.told))
+    for (const ControllerFixture::Told &told : qAsConst(fixture.told))
         require(welmo::controller::isPlain(told.values), "what is told is plain", told.path);
 }

@@ -10,8 +10,7 @@
 #include "pendant/app/preferences.h"
 #include "support/files.h"
 
-using testsupport::contentOf;
-using testsupport::writeFile;
+using namespace testsupport;
 
 namespace {
 

@@ -1,10 +1,8 @@
 #include <QAbstractButton>
 #include <QMessageBox>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QtTest>
 
-#include "support/rows.h"
+#include "support/datarows.h"
 #include "tessa/basecontentwidget.h"
 #include "tessa/basepage.h"
 #include "tessa/host.h"
@@ -12,7 +10,7 @@
 
 using tessa::ControllerStatus;
 using tessa::MessageLog;
-using testsupport::Rows;
+using namespace testsupport;
 using Change = void (*)(ControllerStatus *);
 
 namespace {
@@ -50,29 +48,29 @@ private slots:
         m_host.reset();
         m_host = std::make_unique<tessa::Host>(tessa::HostOptions{m_folder.path(), "en"});
     }
+    void aPageIsAvailableByStateModePowerAndLevel_data()
+    {
+        addRows<Change, int>(
+            {// how often a page hears of it that follows all but the level
+             {"state", [](auto *s) { s->setState(ControllerStatus::State::Fault); }, 1},
+             {"mode", [](auto *s) { s->setMode(ControllerStatus::Mode::Automatic); }, 1},
+             {"power", [](auto *s) { s->setPower(ControllerStatus::Power::Off); }, 1},
+             {"level", [](auto *s) { s->setLevel(ControllerStatus::Level::Viewer); }, 0}});
+    }
     void aPageIsAvailableByStateModePowerAndLevel()
     {
-        const Rows<Change, int> rows{
-            // how often a page hears of it that follows all but the level
-            {"state", [](auto *s) { s->setState(ControllerStatus::State::Fault); }, 1},
-            {"mode", [](auto *s) { s->setMode(ControllerStatus::Mode::Automatic); }, 1},
-            {"power", [](auto *s) { s->setPower(ControllerStatus::Power::Off); }, 1},
-            {"level", [](auto *s) { s->setLevel(ControllerStatus::Level::Viewer); }, 0},
-        };
-        for (const auto &[name, change, updates] : rows) {
-            init();
-            ControllerStatus *status = m_host->helper()->status();
-            Page page;
-            status->setState(ControllerStatus::State::Running);
-            status->setLevel(ControllerStatus::Level::Operator);
-            QVERIFY(page.isAvailable());
-            page.autoUpdate(false, false, false, true);
-            page.autoUpdate(true, true, true, false);
-            change(status);
-            change(status);
-            QVERIFY(!page.isAvailable());
-            QCOMPARE(page.updates, updates);
-        }
+        const auto &[name, change, updates] = currentRow<Change, int>();
+        ControllerStatus *status = m_host->helper()->status();
+        Page page;
+        status->setState(ControllerStatus::State::Running);
+        status->setLevel(ControllerStatus::Level::Operator);
+        QVERIFY(page.isAvailable());
+        page.autoUpdate(false, false, false, true);
+        page.autoUpdate(true, true, true, false);
+        change(status);
+        change(status);
+        QVERIFY(!page.isAvailable());
+        QCOMPARE(page.updates, updates);
     }
     void messagesStandNewestFirstAndOldOnesGo()
     {
@@ -94,24 +92,6 @@ private slots:
         QCOMPARE(log->rowCount(), int(MessageLog::capacity));
         QCOMPARE(log->entries().last().text, QString("second"));
     }
-    void theMessageBoxTellsWhetherTheButtonWasPressed()
-    {
-        const Rows<void (*)(QMessageBox *), bool> rows{
-            {"press", [](QMessageBox *box) { box->buttons().first()->click(); }, true},
-            {"escape", [](QMessageBox *box) { QTest::keyClick(box, Qt::Key_Escape); }, false},
-            {"close", [](QMessageBox *box) { box->close(); }, false},
-        };
-        for (const auto &[name, answer, yes] : rows) {
-            QString seen;
-            QTimer::singleShot(0, this, [&seen, answer = answer] {
-                auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-                seen = box->text() + '|' + box->buttons().first()->text();
-                answer(box);
-            });
-            QCOMPARE(m_host->helper()->execMsgOk("title", "question", "OK"), yes);
-            QCOMPARE(seen, QString("question|OK"));
-        }
-    }
     void thereIsNobodyBetweenHosts()
     {
         QCOMPARE(m("orbo.handle.max_jog_speed")->getInt(), 100);
@@ -126,11 +106,6 @@ private slots:
     {
         auto *manager = tessa::TlManager::getTlManager();
         manager->insertWidgetCreators["Sample"] = [](QWidget *parent) { return new Form(parent); };
-        QWidget parent;
-        tessa::BaseContentWidget *form = manager->insertWidgetCreators["Sample"](&parent);
-        QCOMPARE(form->parent(), &parent);
-        QVERIFY(form->CheckInsert() && form->CheckReplace()); // the base answers
-        QVERIFY(form->ToJsonValue().isNull() && form->GetLabel().isEmpty());
         m_host.reset();
         QCOMPARE(tessa::TlManager::getTlManager(), manager);
         QVERIFY(manager->insertWidgetCreators.isEmpty()); // their code goes with the package

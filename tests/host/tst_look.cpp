@@ -1,5 +1,3 @@
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "kelp/workspace.h"
@@ -131,24 +129,6 @@ private slots:
             QCOMPARE(heard, QString("DU"));
             QVERIFY(!button.isDown());
         }
-    }
-    void filesOfAModule()
-    {
-        QCOMPARE(vu::languagePath("a_cn", {}, "a"), QString(":/a/language/a_cn.qm"));
-        QCOMPARE(vu::languagePath("a_cn", vu::LanguageType::Installed, "a"),
-                 QCoreApplication::applicationDirPath() + "/language/a_cn.qm");
-        QCOMPARE(vu::templatePath("a", "b"), QString(":/a/template/b.json"));
-    }
-    void aMenuEntryIsANodeThatItsOwnerFills()
-    {
-        QTemporaryDir folder;
-        kelp::Workspace host(folder.path(), "en");
-        kelp::ModuleObject *first = vu::xnav::registerPage(nullptr, "A", "robot.pack", "", -1);
-        kelp::ModuleObject *second = vu::xnav::registerPage(nullptr, "B", "robot.pack", "", 0);
-        first->set(nullptr, "nav", "page.key", true);
-        QCOMPARE(m(vu::xnav::entriesPath)->cmobjs(), QList<kelp::ModuleObject *>({first, second}));
-        QCOMPARE(first->r("nav")->getString() + first->r("title")->getString(), "page.keyA");
-        QCOMPARE(first->r("position")->getInt(), -1);
     }
 
 private:

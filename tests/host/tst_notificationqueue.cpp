@@ -1,10 +1,10 @@
-#include <QSignalSpy>
 #include <QtTest>
 #include <thread>
 
-#include "support/rows.h"
+#include "support/datarows.h"
 #include "tessa/notificationqueue.h"
 
+using namespace testsupport;
 using tessa::NotificationQueue;
 using Map = QVariantMap;
 
@@ -13,13 +13,13 @@ namespace {
 const QString node = QStringLiteral("arc_weld.welder_state");
 
 /// A queue with a clock that stands still until the test turns it.
-struct Bench
+struct Fixture
 {
     qint64 now = 0;
     NotificationQueue queue{nullptr, [this] { return now; }};
     QVariantList delivered; ///< of the node
 
-    Bench()
+    Fixture()
     {
         QObject::connect(&queue, &NotificationQueue::delivered,
                          [this](const QString &path, const QVariant &values) {
@@ -49,77 +49,79 @@ class tst_NotificationQueue : public QObject
 private slots:
     void nothingComesFromInsideAPush()
     {
-        Bench bench;
+        Fixture fixture;
         const QThread *receiver = nullptr;
-        connect(&bench.queue, &NotificationQueue::delivered, this,
+        connect(&fixture.queue, &NotificationQueue::delivered, this,
                 [&] { receiver = QThread::currentThread(); });
-        bench.queue.push(node, 1);
-        bench.queue.clear(); // forgets what waits
-        std::thread([&] { bench.queue.push(node, 2); }).join();
+        fixture.queue.push(node, 1);
+        fixture.queue.clear(); // forgets what waits
+        std::thread([&] { fixture.queue.push(node, 2); }).join();
         QVERIFY(!receiver);
-        bench.deliverAll();
-        QCOMPARE(bench.delivered, QVariantList{2});
+        fixture.deliverAll();
+        QCOMPARE(fixture.delivered, QVariantList{2});
         QCOMPARE(receiver, thread());
+    }
+    void numbersAreMergedAndEventsKept_data()
+    {
+        addRows<QVariantList, QVariantList>(
+            {{"numbers", QVariantList{Map{{"n", 1}}, Map{{"n", 2}}, Map{{"k", 3}}},
+              QVariantList{Map{{"n", 2}, {"k", 3}}}},
+             {"words", QVariantList{Map{{"w", "a"}}, Map{{"w", "b"}}, Map{{"w", "a"}}},
+              QVariantList{Map{{"w", "a"}}, Map{{"w", "b"}}, Map{{"w", "a"}}}},
+             {"the same word", QVariantList{Map{{"w", "a"}, {"n", 1}}, Map{{"w", "a"}, {"n", 2}}},
+              QVariantList{Map{{"w", "a"}, {"n", 2}}}},
+             {"switches", QVariantList{Map{{"s", true}}, Map{{"n", 1}}, Map{{"s", false}}},
+              QVariantList{Map{{"s", true}, {"n", 1}}, Map{{"s", false}}}},
+             {"plain values", QVariantList{1, 2}, QVariantList{1, 2}}});
     }
     void numbersAreMergedAndEventsKept()
     {
-        const testsupport::Rows<QVariantList, QVariantList> rows{
-            {"numbers", QVariantList{Map{{"n", 1}}, Map{{"n", 2}}, Map{{"k", 3}}},
-             QVariantList{Map{{"n", 2}, {"k", 3}}}},
-            {"words", QVariantList{Map{{"w", "a"}}, Map{{"w", "b"}}, Map{{"w", "a"}}},
-             QVariantList{Map{{"w", "a"}}, Map{{"w", "b"}}, Map{{"w", "a"}}}},
-            {"the same word", QVariantList{Map{{"w", "a"}, {"n", 1}}, Map{{"w", "a"}, {"n", 2}}},
-             QVariantList{Map{{"w", "a"}, {"n", 2}}}},
-            {"switches", QVariantList{Map{{"s", true}}, Map{{"n", 1}}, Map{{"s", false}}},
-             QVariantList{Map{{"s", true}, {"n", 1}}, Map{{"s", false}}}},
-            {"plain values", QVariantList{1, 2}, QVariantList{1, 2}},
-        };
-        for (const auto &[name, pushed, expected] : rows) {
-            Bench bench;
-            for (const QVariant &values : pushed) {
-                bench.queue.push(node, values);
-                bench.queue.push("other", values); // nodes do not mix
-            }
-            bench.deliverAll();
-            QCOMPARE(bench.delivered, expected);
+        const auto &[name, pushed, expected] = currentRow<QVariantList, QVariantList>();
+        Fixture fixture;
+        for (const QVariant &values : pushed) {
+            fixture.queue.push(node, values);
+            fixture.queue.push("other", values); // nodes do not mix
         }
+        fixture.deliverAll();
+        QCOMPARE(fixture.delivered, expected);
     }
     void eachNodeHasItsPace()
     {
-        Bench bench;
-        QSignalSpy all(&bench.queue, &NotificationQueue::delivered);
-        const auto flood = [&bench](const QString &path) {
+        Fixture fixture;
+        QSignalSpy all(&fixture.queue, &NotificationQueue::delivered);
+        const auto flood = [&fixture](const QString &path) {
             for (int i = 0; i < 100; ++i) {
-                bench.queue.push(path, Map{{"current", i}});
+                fixture.queue.push(path, Map{{"current", i}});
                 QCoreApplication::processEvents();
             }
         };
         for (int turn = 1; turn <= 5; ++turn) {
             flood(node);
-            bench.now += NotificationQueue::intervalMs - 1;
+            fixture.now += NotificationQueue::intervalMs - 1;
             flood(node);
-            QCOMPARE(bench.delivered.size(), turn);
-            bench.now += 1;
+            QCOMPARE(fixture.delivered.size(), turn);
+            fixture.now += 1;
         }
         flood(node);
         flood("other"); // does not wait for the first
         QCOMPARE(all.size(), 7);
-        bench.now += NotificationQueue::intervalMs;
-        QTRY_COMPARE(bench.delivered.size(), 7); // the last value arrives, by itself
-        QCOMPARE(bench.delivered.last(), QVariant(Map{{"current", 99}}));
+        fixture.now += NotificationQueue::intervalMs;
+        QTRY_COMPARE(fixture.delivered.size(), 7); // the last value arrives, by itself
+        QCOMPARE(fixture.delivered.last(), QVariant(Map{{"current", 99}}));
     }
     void boundMergesTheOldest()
     {
-        Bench bench;
+        Fixture fixture;
         constexpr int count = 3 * NotificationQueue::capacity;
         for (int i = 0; i < count; ++i)
-            bench.queue.push(node, Map{{"mode", QString::number(i)}, {QString("key%1").arg(i), i}});
-        bench.deliverAll();
-        QCOMPARE(bench.delivered.size(), NotificationQueue::capacity);
-        QCOMPARE(bench.delivered.last().toMap().value("mode"),
+            fixture.queue.push(node,
+                               Map{{"mode", QString::number(i)}, {QString("key%1").arg(i), i}});
+        fixture.deliverAll();
+        QCOMPARE(fixture.delivered.size(), NotificationQueue::capacity);
+        QCOMPARE(fixture.delivered.last().toMap().value("mode"),
                  QVariant(QString::number(count - 1)));
         // Older keys are not lost, only their words.
-        QCOMPARE(bench.delivered.first().toMap().size(),
+        QCOMPARE(fixture.delivered.first().toMap().size(),
                  1 + count - NotificationQueue::capacity + 1);
     }
 };

@@ -1,4 +1,3 @@
-#include <QTemporaryDir>
 #include <QtTest>
 #include <memory>
 
@@ -6,14 +5,12 @@
 #include "kelp/qflog.h"
 #include "kelp/registry.h"
 #include "kelp/workspace.h"
+#include "support/datarows.h"
 #include "support/files.h"
-#include "support/rows.h"
 
 using kelp::ModuleObject;
 using kelp::Workspace;
-using testsupport::contentOf;
-using testsupport::Rows;
-using testsupport::writeFile;
+using namespace testsupport;
 
 namespace {
 
@@ -42,26 +39,27 @@ private slots:
         QVERIFY(!QFile::exists(m_saved)); // it was not to be persistent
         QCOMPARE(m_problems, QStringList());
     }
+    void aSavedTreeIsRestoredAndCompleted_data()
+    {
+        addRows<QByteArray, QString, QVariant>(
+            {{"the saved value wins", byteOrderMark + R"({"device": {"enable": true}})",
+              "device.enable", true},
+             {"beside it, the template", R"({"device": {"own": 1}})", "device.enable", false},
+             {"what the template lacks stays", R"({"device": null, "own": {"a": [1, "b"]}})",
+              "own.a", QVariantList{1, "b"}},
+             {"a value where the template has a branch", R"({"device": 5})", "device", 5},
+             {"a branch where the template has a value", R"({"options": {"mode": {"a": 1}}})",
+              "options.mode.a", 1}});
+    }
     void aSavedTreeIsRestoredAndCompleted()
     {
-        const Rows<QByteArray, QString, QVariant> rows{
-            {"the saved value wins", byteOrderMark + R"({"device": {"enable": true}})",
-             "device.enable", true},
-            {"beside it, the template", R"({"device": {"own": 1}})", "device.enable", false},
-            {"what the template lacks stays", R"({"device": null, "own": {"a": [1, "b"]}})",
-             "own.a", QVariantList{1, "b"}},
-            {"a value where the template has a branch", R"({"device": 5})", "device", 5},
-            {"a branch where the template has a value", R"({"options": {"mode": {"a": 1}}})",
-             "options.mode.a", 1},
-        };
-        for (const auto &[name, saved, key, value] : rows) {
-            begin(saved);
-            bind()->set(nullptr, "touched", true);
-            QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
-            start();
-            bind();
-            QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
-        }
+        const auto &[name, saved, key, value] = currentRow<QByteArray, QString, QVariant>();
+        begin(saved);
+        bind()->set(nullptr, "touched", true);
+        QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
+        start();
+        bind();
+        QVERIFY(kelp::sameValue(m(key, m("welmo"))->toVariant(), value));
     }
     void aChangeIsSavedShortlyAfterItAndAtTheEnd()
     {
@@ -80,22 +78,6 @@ private slots:
         start();
         QVERIFY(bind()->r("device.late")->isMissing());
     }
-    void anUnreadableFileIsReportedAndLeftAsItIs()
-    {
-        const Rows<QByteArray, QString> rows{
-            {"broken", "{\"device\":\n {\"enable\" true}}", ":2:"},
-            {"empty", "\n", "not valid JSON"},
-        };
-        for (const auto &[name, saved, reason] : rows) {
-            begin(saved);
-            bind()->set(nullptr, "device.enable", true);
-            QCOMPARE(m("welmo.options.mode")->getString(), QString("test_run"));
-            QCOMPARE(m_problems.size(), 1);
-            QVERIFY(m_problems[0].contains("data/welmo.json") && m_problems[0].contains(reason));
-            m_host.reset();
-            QCOMPARE(contentOf(m_saved), saved);
-        }
-    }
     void aSaveThatFailedIsReportedAndTriedAgain()
     {
         bind()->set(nullptr, "device.enable", true);
@@ -107,19 +89,6 @@ private slots:
         start();
         QCOMPARE(bind()->r("device.enable")->getBool(), true);
     }
-    void aNewerRegistrationCounts()
-    {
-        const QList<QPair<QString, int>> classes{
-            {"some.a", 9}, {"some.b", 1}, {"some.a", 7}, {"some", 100}, {"somewhere.a", 100}};
-        for (const auto &[key, number] : classes) {
-            kelp::versionManager().insert(key, [number = number] { return number; });
-            kelp::pluginManager()->regist("some", [number = number] { return number; });
-        }
-        QCOMPARE(ver("some", true), 8); // the sum of the classes below that name
-        QCOMPARE(ver("some", false), 100);
-        QCOMPARE(ver("unknown", true) + ver("unknown", false), 0);
-        QCOMPARE(mName("1", "2", "3"), QString("1.2.3"));
-    }
     void oneTranslationIsActiveByTheHostsLanguage()
     {
         for (const QString language : {"en", "zh_CN", ""}) {
@@ -129,13 +98,6 @@ private slots:
             QCOMPARE(QCoreApplication::translate("Sample", "Open"),
                      QString::fromUtf8(language == "zh_CN" ? "打开" : "Open"));
         }
-    }
-    void theLogFileLiesInTheDataFolder()
-    {
-        for (const char *word : {"first", "second"})
-            kelp::QFLog("", "[S]", "./log/sample", "log") << word << "line";
-        QCOMPARE(contentOf(path("data/log/sample")),
-                 QByteArray("[S] log first line\n[S] log second line\n"));
     }
 
 private:

@@ -2,11 +2,11 @@
 
 #include <QSignalSpy>
 
-#include "callbench.h"
+#include "callfixture.h"
 #include "link/mqtt/mqttlink.h"
 
 /// A pendant on the network, and what it tells its operator.
-struct Pendant : CallBench<welmo::links::MqttLink>
+struct Pendant : CallFixture<welmo::links::MqttLink>
 {
     std::unique_ptr<QSignalSpy> problems;
 

@@ -16,7 +16,8 @@ struct SimulatedCell
         welmo::links::CellService::Options options;
         options.cell = QStringLiteral("cell");
         options.dataFolder = dataFolder;
-        options.roles = welmo::links::Roles({{"anna", welmo::links::Role::Administrator}});
+        options.roles = welmo::links::Roles(
+            {{"anna", welmo::links::Role::Administrator}, {"vera", welmo::links::Role::Viewer}});
         options.clock = [this] { return now; };
         service = std::make_unique<welmo::links::CellService>(options);
         service->start();

@@ -3,7 +3,9 @@
 
 #include "link/protocol/cellclock.h"
 #include "link/protocol/protocol.h"
-#include "support/rows.h"
+#include "support/datarows.h"
+
+using namespace testsupport;
 
 namespace {
 
@@ -48,6 +50,8 @@ struct Day
     }
 };
 
+using Jump = std::function<void(Day &)>;
+
 } // namespace
 
 /// What a pendant believes of the cell's clock keeps the promise that wire stands still 100 ms
@@ -56,33 +60,33 @@ class tst_CellClock : public QObject
 {
     Q_OBJECT
 private slots:
+    void neverAhead_data()
+    {
+        addRows<double, Jump>(
+            {{"pendant slow", -50.0, {}},
+             {"pendant fast", 50.0, {}},
+             {"pendant very slow", -500.0, {}},
+             {"pendant very fast", 500.0, {}},
+             {"pendant asleep", 500.0, [](Day &day) { day.pendant.shift -= 600e3; }},
+             {"cell asleep", 500.0, [](Day &day) { day.cell.shift -= 600e3; }},
+             {"cell set back", -500.0, [](Day &day) { day.cell.shift -= 5e3; }},
+             {"cell set ahead", 500.0, [](Day &day) { day.cell.shift += 5e3; }}});
+    }
     void neverAhead()
     {
-        using Jump = std::function<void(Day &)>;
-        const testsupport::Rows<double, Jump> rows{
-            {"pendant slow", -50.0, {}},
-            {"pendant fast", 50.0, {}},
-            {"pendant very slow", -500.0, {}},
-            {"pendant very fast", 500.0, {}},
-            {"pendant asleep", 500.0, [](Day &day) { day.pendant.shift -= 600e3; }},
-            {"cell asleep", 500.0, [](Day &day) { day.cell.shift -= 600e3; }},
-            {"cell set back", -500.0, [](Day &day) { day.cell.shift -= 5e3; }},
-            {"cell set ahead", 500.0, [](Day &day) { day.cell.shift += 5e3; }},
-        };
-        for (const auto &[name, ppm, jump] : rows) {
-            Day day;
-            day.pendant.ppm = ppm;
-            day.clock.hear(day.cell.at(0), day.pendant.at(5));
-            for (double time = 5; time < 24 * hourMs; time += beatMs) {
-                if (jump && day.disturbed == 0 && time > 3 * hourMs) {
-                    jump(day);
-                    day.disturbed = time;
-                }
-                day.live(time);
+        const auto &[name, ppm, jump] = currentRow<double, Jump>();
+        Day day;
+        day.pendant.ppm = ppm;
+        day.clock.hear(day.cell.at(0), day.pendant.at(5));
+        for (double time = 5; time < 24 * hourMs; time += beatMs) {
+            if (jump && day.disturbed == 0 && time > 3 * hourMs) {
+                jump(day);
+                day.disturbed = time;
             }
-            QVERIFY2(day.farthestAhead <= mayBeAhead, QByteArray::number(day.farthestAhead));
-            QVERIFY2(day.farthestBehind <= mayBeBehind, QByteArray::number(day.farthestBehind));
+            day.live(time);
         }
+        QVERIFY2(day.farthestAhead <= mayBeAhead, QByteArray::number(day.farthestAhead));
+        QVERIFY2(day.farthestBehind <= mayBeBehind, QByteArray::number(day.farthestBehind));
     }
 };
 

@@ -3,10 +3,10 @@
 #include "pendant.h"
 #include "rawclient.h"
 #include "schema/names.h"
-#include "support/rows.h"
+#include "support/datarows.h"
 
 namespace names = welmo::names;
-using testsupport::Rows;
+using namespace testsupport;
 using welmo::links::MqttMessage;
 using RequestKind = welmo::controller::Request::Kind;
 
@@ -61,43 +61,45 @@ private slots:
         QCOMPARE(scene.cell.refused().repeated, 2);
     }
 
+    void whatIsOldOrStrangeIsDiscarded_data()
+    {
+        using Spoil = std::function<void(Scene &, MqttMessage &)>;
+        const auto property = [](int which, const char *value) -> Spoil {
+            return [=](auto &, auto &message) { message.properties[which].second = value; };
+        };
+        const Spoil late = [](auto &scene, auto &message) {
+            const qint64 deadline = std::exchange(scene.raw.deadline, 0);
+            message = scene.raw.message(toReal());
+            scene.raw.deadline = deadline;
+        };
+        const Spoil overtaken = [](auto &scene, auto &) { scene.isTestRun(); };
+        const Spoil elsewhere = [](auto &scene, auto &message) {
+            message.responseTopic = scene.raw.topics.reply("bert", "raw-bert");
+        };
+        const Spoil ofAnotherUser = [](auto &, auto &message) {
+            RawClient other(Broker::shared().as("bert"), "bert");
+            QVERIFY(other.greet());
+            message.properties[0].second = other.session;
+        };
+        addRows<Spoil>({{"nobody waits any more", late},
+                        {"overtaken by a later one", overtaken},
+                        {"of another session", property(0, "0123")},
+                        {"of another user's session", ofAnotherUser},
+                        {"answer to somebody else", elsewhere},
+                        {"for ever", property(2, "9223372036854775807")},
+                        {"answer nowhere", [](auto &, auto &m) { m.responseTopic.clear(); }}});
+    }
     void whatIsOldOrStrangeIsDiscarded()
     {
+        const auto &[name, spoil] = currentRow<std::function<void(Scene &, MqttMessage &)>>();
         Scene scene;
-        RawClient &raw = scene.raw;
-        RawClient other(Broker::shared().as("bert"), "bert");
-        QVERIFY(other.greet());
-        const Rows<std::function<void(MqttMessage &)>> rows{
-            {"nobody waits any more",
-             [&](MqttMessage &message) {
-                 const qint64 deadline = std::exchange(raw.deadline, 0);
-                 message = raw.message(toReal());
-                 raw.deadline = deadline;
-             }},
-            {"overtaken by a later one",
-             [&](MqttMessage &) {
-                 raw.ask({get, modeNode});
-             }},
-            {"of another session",
-             [](MqttMessage &message) { message.properties[0].second = "0123"; }},
-            {"of another user's session",
-             [&](MqttMessage &message) { message.properties[0].second = other.session; }},
-            {"answer to somebody else",
-             [&](MqttMessage &message) { message.responseTopic = other.replyTopic(); }},
-            {"for ever",
-             [](MqttMessage &message) { message.properties[2].second = "9223372036854775807"; }},
-            {"answer nowhere", [](MqttMessage &message) { message.responseTopic.clear(); }},
-        };
-        for (const auto &[name, spoil] : rows) {
-            MqttMessage message = raw.next(toReal());
-            spoil(message);
-            const int before = scene.cell.refused().all();
-            raw.publish(message);
-            QTRY_COMPARE(scene.cell.refused().all(), before + 1);
-            QVERIFY(scene.isTestRun());
-        }
+        MqttMessage message = scene.raw.next(toReal());
+        spoil(scene, message);
+        const int before = scene.cell.refused().all();
+        scene.raw.publish(message);
+        QTRY_COMPARE(scene.cell.refused().all(), before + 1);
+        QVERIFY(scene.isTestRun());
     }
-
     void aCommandLeftLyingAboutIsNotCarriedOut()
     {
         RawClient raw(Broker::shared().as("anna"), "anna");
@@ -109,34 +111,35 @@ private slots:
         raw.publish(message);
     }
 
-    void whatIsNoRequestIsRefused()
+    void whatIsNoRequestIsRefused_data()
     {
         const auto beside = [](const QByteArray &rest) {
             return "{\"kind\":\"get\",\"path\":\"a\"," + rest + '}';
         };
-        const Rows<QByteArray> rows{
-            {"nothing", ""},
-            {"a list", "[]"},
-            {"cut off", "{\"kind\":\"get\",\"pa"},
-            {"no such kind", "{\"kind\":\"format\"}"},
-            {"a number for a text", "{\"kind\":\"get\",\"path\":7}"},
-            {"a text for a number", beside("\"revision\":\"1\"")},
-            {"no UTF-8", beside("\"payload\":\"\xff\xfe\"")},
-            {"no end", beside("\"payload\":1e999")},
-            {"too deep", beside("\"payload\":" + QByteArray(20, '[') + QByteArray(20, ']'))},
-            {"too long", "{\"kind\":\"get\",\"path\":\"" + QByteArray(300000, 'a') + "\"}"},
-        };
+        addRows<QByteArray>(
+            {{"nothing", ""},
+             {"a list", "[]"},
+             {"cut off", "{\"kind\":\"get\",\"pa"},
+             {"no such kind", "{\"kind\":\"format\"}"},
+             {"a number for a text", "{\"kind\":\"get\",\"path\":7}"},
+             {"a text for a number", beside("\"revision\":\"1\"")},
+             {"no UTF-8", beside("\"payload\":\"\xff\xfe\"")},
+             {"no end", beside("\"payload\":1e999")},
+             {"too deep", beside("\"payload\":" + QByteArray(20, '[') + QByteArray(20, ']'))},
+             {"too long", "{\"kind\":\"get\",\"path\":\"" + QByteArray(300000, 'a') + "\"}"}});
+    }
+    void whatIsNoRequestIsRefused()
+    {
+        const auto &[name, payload] = currentRow<QByteArray>();
         Scene scene;
         int refused = 0;
-        for (const auto &[name, payload] : rows) {
-            MqttMessage message = scene.raw.next({});
-            message.payload = payload;
-            const auto reply = scene.raw.exchange(message);
-            QVERIFY(reply);
-            QCOMPARE(reply->code, int(welmo::controller::BadPayload));
-            QCOMPARE(scene.cell.refused().malformed, ++refused);
-            QVERIFY(scene.isTestRun());
-        }
+        MqttMessage message = scene.raw.next({});
+        message.payload = payload;
+        const auto reply = scene.raw.exchange(message);
+        QVERIFY(reply);
+        QCOMPARE(reply->code, int(welmo::controller::BadPayload));
+        QCOMPARE(scene.cell.refused().malformed, ++refused);
+        QVERIFY(scene.isTestRun());
     }
 
     void valuesOfAnEarlierCellAreGone()
@@ -208,11 +211,10 @@ private slots:
     {
         Broker broker;
         const QString folder = broker.folder();
-        const Rows<QStringList> rows{{"a user", {"user", folder, "bert", "cell"}},
-                                     {"a cell", {"cell", folder, "cell"}},
-                                     {"a user by a cell", {"cell", folder, "bert"}},
-                                     {"nobody's password", {"password", folder, "carl"}}};
-        for (const auto &[name, arguments] : rows)
+        for (const QStringList &arguments : {QStringList{"user", folder, "bert", "cell"},
+                                             {"cell", folder, "cell"},
+                                             {"cell", folder, "bert"},
+                                             {"password", folder, "carl"}})
             QVERIFY(!broker.tries(arguments, "other\n"));
         QVERIFY(RawClient(broker.as("bert"), "bert").isOnline());
         broker.command({"password", folder, "bert"}, "other\n");
@@ -357,13 +359,13 @@ private slots:
         const Cell cell(Cell::options(Broker::shared().as("cell")));
         Pendant anna(Broker::shared().as("anna"));
         QVERIFY(anna.comeUp());
-        const Rows<Role, int, QString> rows{
-            {"reads only", Role::Viewer, int(welmo::controller::NotAllowed), ""},
-            {"works", Role::Operator, int(welmo::controller::NotInControl), ""},
-            {"is unknown", Role::Nobody, int(LinkReply::Lost), ""},
+        const std::tuple<Role, int, QString> roles[] = {
+            {Role::Viewer, int(welmo::controller::NotAllowed), ""},
+            {Role::Operator, int(welmo::controller::NotInControl), ""},
+            {Role::Nobody, int(LinkReply::Lost), ""},
         };
         QCOMPARE(holder(anna), "anna");
-        for (const auto &[name, role, code, holds] : rows) {
+        for (const auto &[role, code, holds] : roles) {
             QMetaObject::invokeMethod(
                 cell.service(),
                 [&cell, role = role] {
@@ -402,19 +404,10 @@ private slots:
         QCOMPARE(bert.save(1, 12).code, int(welmo::controller::Conflict));
 
         const QVariantMap audit = anna.call(Kind::Get, names::audit).value.toMap();
-        QCOMPARE(audit.value("entries").toList().size(), 3);
-        QVariantMap last = audit.value("entries").toList().last().toMap();
-        QVERIFY(!last.take("time").toString().isEmpty());
-        QVERIFY(!last.take("client").toString().isEmpty());
-        QCOMPARE(last,
-                 (QVariantMap{
-                     {"number", 3},
-                     {"user", "anna"},
-                     {"path", arcOn},
-                     {"key", fileName(1)},
-                     {"revision", 3},
-                     {"changes",
-                      QVariantList{QVariantMap{{"at", "current"}, {"old", 11}, {"new", 20}}}}}));
+        QStringList users;
+        for (const QVariant &entry : audit["entries"].toList())
+            users.append(entry.toMap()["user"].toString());
+        QCOMPARE(users.join(' '), "bert bert anna");
     }
 };
 

@@ -1,7 +1,5 @@
-#include <QSignalSpy>
-#include <QTemporaryDir>
 
-#include "embeddedbench.h"
+#include "embeddedfixture.h"
 #include "link/embedded/embeddedserver.h"
 
 /// What is so of the link to a controller in the same process only.
@@ -13,7 +11,7 @@ private slots:
     {
         const QTemporaryDir temporary;
         const QString folder = temporary.filePath("deep/down"); // folders are made
-        auto owner = std::make_unique<Up<Bench>>(folder);
+        auto owner = std::make_unique<Up<Fixture>>(folder);
         welmo::controller::Faults faults;
         welmo::controller::Journal journal;
         welmo::links::EmbeddedServer farEnd(folder, faults, journal, [] { return qint64(0); });
@@ -35,11 +33,11 @@ private slots:
     {
         using welmo::links::Role;
         const QTemporaryDir folder;
-        const Up<Bench> bench(folder.path());
-        bench.link->setRole(Role::Operator);
-        QCOMPARE(bench.save(1, 111).code, 0);
-        bench.link->setRole(Role::Administrator);
-        const LinkReply audit = bench.call(Kind::Get, QStringLiteral("cell.audit"));
+        const Up<Fixture> fixture(folder.path());
+        fixture.link->setRole(Role::Operator);
+        QCOMPARE(fixture.save(1, 111).code, 0);
+        fixture.link->setRole(Role::Administrator);
+        const LinkReply audit = fixture.call(Kind::Get, QStringLiteral("cell.audit"));
         const QVariantList entries = audit.value.toMap().value("entries").toList();
         QCOMPARE(entries.size(), 1);
         const QVariantMap entry = entries.first().toMap();
@@ -51,17 +49,17 @@ private slots:
         const QTemporaryDir folder;
         for (const QByteArray moment : {"never opened", "while it is set up", "up",
                                         "with an answer on its way", "with requests queued"}) {
-            const Bench bench(folder.path());
+            const Fixture fixture(folder.path());
             if (moment == "while it is set up")
-                bench.link->open();
+                fixture.link->open();
             else if (moment != "never opened")
-                QVERIFY(bench.comeUp()); // the one before left the store
+                QVERIFY(fixture.comeUp()); // the one before left the store
             if (moment == "with an answer on its way")
-                bench.link->faults()->setDelay(1000);
+                fixture.link->faults()->setDelay(1000);
             if (moment.startsWith("with "))
-                bench.save(1, 1, moment == "with requests queued" ? 0 : impatient);
+                fixture.save(1, 1, moment == "with requests queued" ? 0 : impatient);
         }
-        QVERIFY(Up<Bench>(folder.path()).link->isUp());
+        QVERIFY(Up<Fixture>(folder.path()).link->isUp());
     }
 };
 

@@ -2,46 +2,49 @@
 #include "broker.h"
 #include "cell.h"
 #include "pendant.h"
-#include "support/rows.h"
+#include "support/datarows.h"
+
+using namespace testsupport;
 
 /// Pendants and cells that reach the broker through TLS, and what they refuse.
 class tst_Encryption : public QObject
 {
     Q_OBJECT
 private slots:
+    void whoIsTrusted_data()
+    {
+        const QString byCa = "-CA ca.crt -CAkey ca.key";
+        addRows<QString, QString, int, QString>(
+            {// who it is for, who signs, for how many days, and what is said of it
+             {"good", "IP:127.0.0.1", byCa, 1, ""},
+             {"expired", "IP:127.0.0.1", byCa, -1, "expired"},
+             {"for another host", "DNS:broker.example.org", byCa, 1, "another host"},
+             {"signed by itself", "IP:127.0.0.1", "-signkey broker.key", 1,
+              "nobody who is trusted"}});
+    }
     void whoIsTrusted()
     {
+        const auto &[name, host, signer, days, refusal] =
+            currentRow<QString, QString, int, QString>();
         const QString key = " -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -subj /CN=x";
         openssl("req -x509 -keyout ca.key -out ca.crt" + key);
-        const QString byCa = "-CA ca.crt -CAkey ca.key";
-        const QString bySelf = "-signkey broker.key";
-        const testsupport::Rows<QString, QString, int, QString> rows{
-            // who it is for, who signs, for how many days, and what is said of it
-            {"good", "IP:127.0.0.1", byCa, 1, ""},
-            {"expired", "IP:127.0.0.1", byCa, -1, "expired"},
-            {"for another host", "DNS:broker.example.org", byCa, 1, "another host"},
-            {"signed by itself", "IP:127.0.0.1", bySelf, 1, "nobody who is trusted"},
+        openssl("req -keyout broker.key -out csr -addext subjectAltName=" + host + key);
+        openssl(QString("x509 -req -in csr -copy_extensions copy -out broker.crt -days %1 %2")
+                    .arg(days)
+                    .arg(signer));
+        Broker broker;
+        broker.encrypt(m_folder.filePath("broker.crt"), m_folder.filePath("broker.key"));
+        const auto as = [&](const QString &user) {
+            welmo::links::BrokerAddress address = broker.as(user);
+            address.caFile = m_folder.filePath("ca.crt");
+            return address;
         };
-        for (const auto &[name, host, signer, days, refusal] : rows) {
-            openssl("req -keyout broker.key -out csr -addext subjectAltName=" + host + key);
-            openssl(QString("x509 -req -in csr -copy_extensions copy -out broker.crt -days %1 %2")
-                        .arg(days)
-                        .arg(signer));
-            Broker broker;
-            broker.encrypt(m_folder.filePath("broker.crt"), m_folder.filePath("broker.key"));
-            const auto as = [&](const QString &user) {
-                welmo::links::BrokerAddress address = broker.as(user);
-                address.caFile = m_folder.filePath("ca.crt");
-                return address;
-            };
-            const Cell cell(Cell::options(as("cell")));
-            const Pendant anna(as("anna"));
-            anna.link->open();
-            QVERIFY(refusal.isEmpty() ? anna.waitUp() : anna.isTold(refusal));
-            QCOMPARE(anna.get().code, refusal.isEmpty() ? 0 : LinkReply::NotConnected);
-        }
+        const Cell cell(Cell::options(as("cell")));
+        const Pendant anna(as("anna"));
+        anna.link->open();
+        QVERIFY(refusal.isEmpty() ? anna.waitUp() : anna.isTold(refusal));
+        QCOMPARE(anna.get().code, refusal.isEmpty() ? 0 : LinkReply::NotConnected);
     }
-
     void nothingLeavesInTheClear()
     {
         welmo::links::BrokerAddress address;

@@ -3,7 +3,9 @@
 #include <random>
 
 #include "farend.h"
+#include "support/datarows.h"
 
+using namespace testsupport;
 using welmo::controller::Faults;
 using welmo::controller::Journal;
 using Event = Journal::Event;
@@ -23,6 +25,7 @@ struct Key
     int press = 0; // the number of its last one
     int started = 0; // the press that wire was started for last
     qint64 lastProof = 0; // the last beat that named its press
+    int denied = 0; // the press that a beat has not named any more
 };
 
 /// A pendant with its keys in front of the real far side, on one clock. What the far side's journal
@@ -93,6 +96,8 @@ struct Scene
     void sendOld()
     {
         farEnd.beat(-1, {presses + 1000});
+        for (Key &key : keys)
+            key.denied = 0; // the beat that still waited has made room
         farEnd.tick();
         Key key = anyKey();
         key.held = true;
@@ -123,8 +128,10 @@ struct Scene
         if (!up)
             return;
         farEnd.beat(session, held());
-        for (Key &key : keys)
+        for (Key &key : keys) {
             key.lastProof = key.held ? now : key.lastProof;
+            key.denied = key.held ? key.denied : key.press;
+        }
     }
     /// Time passes on a pendant that works.
     void live(int ms)
@@ -145,6 +152,11 @@ struct Scene
             if (now % 10 == 0)
                 farEnd.tick();
             compare();
+            if (!mover || now % 10 != 0)
+                continue;
+            complain(mover->denied == mover->started, "wire moves after a beat without its key");
+            complain(faults.isOn(Fault::WelderError) || faults.isOn(Fault::WireStuck),
+                     "wire moves in a fault");
         }
     }
 
@@ -202,10 +214,10 @@ struct Scene
     QString fault;
 };
 
-} // namespace
+using FarEndPointer = std::unique_ptr<FarEnd>;
+using MakeFarEnd = FarEndPointer (*)();
 
-using MakeFarEnd = std::shared_ptr<FarEnd> (*)();
-Q_DECLARE_METATYPE(MakeFarEnd)
+} // namespace
 
 /// Whatever happens, in whatever order: wire moves only while a key is held on a living pendant.
 /// WELMO_SEQUENCES says how often.
@@ -215,17 +227,12 @@ class tst_HoldSequences : public QObject
 private slots:
     void wireFollowsTheHand_data()
     {
-        QTest::addColumn<MakeFarEnd>("make");
-        QTest::newRow("embedded") << +[]() -> std::shared_ptr<FarEnd> {
-            return std::make_shared<EmbeddedEnd>();
-        };
-        QTest::newRow("network") << +[]() -> std::shared_ptr<FarEnd> {
-            return std::make_shared<NetworkEnd>();
-        };
+        addRows<MakeFarEnd>({{"embedded", [] { return FarEndPointer(new EmbeddedEnd); }},
+                             {"network", [] { return FarEndPointer(new NetworkEnd); }}});
     }
     void wireFollowsTheHand()
     {
-        QFETCH(MakeFarEnd, make);
+        const auto &[name, make] = currentRow<MakeFarEnd>();
         const int count = qMax(500, qEnvironmentVariableIntValue("WELMO_SEQUENCES"));
         QMap<QString, int> stops; // by cause
         for (quint32 seed = 1; seed <= quint32(count); ++seed) {

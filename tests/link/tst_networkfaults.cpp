@@ -1,6 +1,3 @@
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <csignal>
 #include <functional>
 
@@ -8,9 +5,10 @@
 #include "cell.h"
 #include "pendant.h"
 #include "proxy.h"
+#include "support/datarows.h"
 #include "support/files.h"
-#include "support/rows.h"
 
+using namespace testsupport;
 using welmo::controller::Journal;
 
 namespace {
@@ -65,6 +63,8 @@ struct Scene
     }
 };
 
+using Step = std::function<void(Scene &)>;
+
 /// Of threads and files that this process has open.
 int countAll()
 {
@@ -81,28 +81,30 @@ class tst_NetworkFaults : public QObject
 {
     Q_OBJECT
 private slots:
+    void whatIsLostIsNoticedAndComesBack_data()
+    {
+        const Step nothing = [](Scene &) {};
+        addRows<QString, Step, Step>(
+            {{"broker killed", "pendant lost", [](auto &) { Broker::shared().stop(); },
+              [](auto &) { Broker::shared().start(); }},
+             {"broker hung", "no heartbeat", [](auto &) { Broker::shared().freeze(true); },
+              [](auto &) { Broker::shared().freeze(false); }},
+             {"pendant's way black", "no heartbeat", [](auto &s) { s.pendantWay.swallow(true); },
+              [](auto &s) { s.pendantWay.swallow(false); }},
+             {"pendant killed", "pendant lost", [](auto &s) { s.pendantWay.cut(); }, nothing},
+             {"cell's way black", "no heartbeat", [](auto &s) { s.cellWay.swallow(true); },
+              [](auto &s) { s.cellWay.swallow(false); }},
+             {"cell's way cut", "pendant lost", [](auto &s) { s.cellWay.cut(); }, nothing},
+             {"cell hung", "no heartbeat", [](auto &s) { s.gate.lock(); },
+              [](auto &s) { s.gate.unlock(); }}});
+        QVERIFY(Scene().pendant.comeUp());
+        m_openBefore = countAll();
+    }
     // With wire under way, which stops, and does not go on by itself.
     void whatIsLostIsNoticedAndComesBack()
     {
-        using Step = std::function<void(Scene &)>;
-        const auto nothing = [](Scene &) {};
-        const testsupport::Rows<QString, Step, Step> rows{
-            {"broker killed", "pendant lost", [](Scene &) { Broker::shared().stop(); },
-             [](Scene &) { Broker::shared().start(); }},
-            {"broker hung", "no heartbeat", [](Scene &) { Broker::shared().freeze(true); },
-             [](Scene &) { Broker::shared().freeze(false); }},
-            {"pendant's way black", "no heartbeat", [](Scene &s) { s.pendantWay.swallow(true); },
-             [](Scene &s) { s.pendantWay.swallow(false); }},
-            {"pendant killed", "pendant lost", [](Scene &s) { s.pendantWay.cut(); }, nothing},
-            {"cell's way black", "no heartbeat", [](Scene &s) { s.cellWay.swallow(true); },
-             [](Scene &s) { s.cellWay.swallow(false); }},
-            {"cell's way cut", "pendant lost", [](Scene &s) { s.cellWay.cut(); }, nothing},
-            {"cell hung", "no heartbeat", [](Scene &s) { s.gate.lock(); },
-             [](Scene &s) { s.gate.unlock(); }},
-        };
-        QVERIFY(Scene().pendant.comeUp());
-        const int before = countAll();
-        for (const auto &[name, cause, fail, mend] : rows) {
+        const auto &[name, cause, fail, mend] = currentRow<QString, Step, Step>();
+        {
             Scene scene;
             QVERIFY(scene.pendant.comeUp());
             QCOMPARE(scene.holdWire(), 0);
@@ -121,14 +123,12 @@ private slots:
             QTRY_COMPARE_WITH_TIMEOUT(news.count(), 1, patient);
             QCOMPARE(scene.journal().size(), 2);
         }
-        QTRY_VERIFY(countAll() <= before);
+        QTRY_VERIFY(countAll() <= m_openBefore);
     }
-
     void aServiceThatIsGone()
     {
         const QTemporaryDir folder;
-        testsupport::writeFile(folder.filePath("users"),
-                               "# who may do what\n\nanna administrator\n");
+        writeFile(folder.filePath("users"), "# who may do what\n\nanna administrator\n");
         QProcess service;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("WELMO_BROKER_PASSWORD", Broker::shared().as("cell").password);
@@ -159,6 +159,9 @@ private slots:
         scene.pendantWay.delay(0);
         QTRY_VERIFY_WITH_TIMEOUT(scene.pendant.link->isUp() && scene.holdWire() == 0, patient);
     }
+
+private:
+    int m_openBefore = 0;
 };
 
 QTEST_GUILESS_MAIN(tst_NetworkFaults)

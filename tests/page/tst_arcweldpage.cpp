@@ -1,32 +1,25 @@
-#include <QGroupBox>
-#include <QLabel>
 #include <QLayout>
-#include <QToolButton>
 #include <QtTest>
 #include <optional>
 
 #include "page/arcweldpage.h"
 #include "support/formhost.h"
-#include "support/rows.h"
 
-using tessa::ControllerStatus;
-using testsupport::child;
-using testsupport::FormHost;
-using testsupport::Rows;
+using namespace testsupport;
 
 namespace {
 
 const QString modeNode = QStringLiteral("arc_weld.weld_mode");
 
 /// The module as the host runs it, most often before the link is up.
-struct Desk
+struct Fixture
 {
     FormHost host;
     QWidget *stretch = new QWidget(host.window());
     QWidget *page;
     QList<QToolButton *> buttons;
 
-    explicit Desk(FormHost::Link link = FormHost::Down)
+    explicit Fixture(FormHost::Link link = FormHost::Down)
         : host(link)
     {
         if (pando::StatusBar *bar = pando::frame().status)
@@ -39,7 +32,6 @@ struct Desk
         page = pando::frame().center->currentWidget();
         buttons = child(page, "wgtNav")->findChildren<QToolButton *>();
     }
-    ControllerStatus *status() { return host.host().helper()->status(); }
     /// What the indicator shows; nothing on a host without a status bar.
     static std::optional<QPixmap> picture()
     {
@@ -80,53 +72,38 @@ class tst_ArcWeldPage : public QObject
 private slots:
     void subPagesAreMadeOnceAndKept()
     {
-        Desk desk;
+        Fixture ui;
         QStringList texts;
-        for (const QToolButton *button : qAsConst(desk.buttons))
+        for (const QToolButton *button : qAsConst(ui.buttons))
             texts.append(button->text());
         // Without the segment editor, which is not released.
         QCOMPARE(texts.join('|'), "Device Setting|Welding Options|Process Setting|Weave Function");
-        QCOMPARE(desk.checked(), "Device Setting under Device Setting");
-        QCOMPARE(desk.subPages(), "GBX_WELDSELECTION");
-        QVERIFY(desk.host.connect());
-        desk.buttons[2]->click();
-        desk.host.takeRequests();
-        desk.buttons[2]->click(); // nothing happens
+        QCOMPARE(ui.checked(), "Device Setting under Device Setting");
+        QCOMPARE(ui.subPages(), "GBX_WELDSELECTION");
+        QVERIFY(ui.host.connect());
+        ui.buttons[2]->click();
+        ui.host.takeRequests();
+        ui.buttons[2]->click(); // nothing happens
         auto *page = qobject_cast<ArcWeldPage *>(
-            desk.host.host().helper()->framework()->modules().first()->submodules().first());
+            ui.host.host().helper()->framework()->modules().first()->submodules().first());
         page->switchPage(); // that nobody clicked
-        QCOMPARE(desk.checked(), "Process Setting under Process Setting");
-        QCOMPARE(desk.host.takeRequests(), QStringList());
+        QCOMPARE(ui.checked(), "Process Setting under Process Setting");
+        QCOMPARE(ui.host.takeRequests(), QStringList());
 
-        desk.buttons[0]->click();
-        QCOMPARE(desk.host.takeRequests(), QStringList("get arc_weld.welder_setting"));
-        desk.buttons[2]->click();
-        QVERIFY(desk.host.takeRequests().contains("get arc_weld.arcon_param arcondata1"));
-        QCOMPARE(desk.subPages(), "gbx_weldSelection GBX_ARCONPARAM");
-    }
-    void availability()
-    {
-        Desk desk;
-        const auto usable = [&desk](const char *box) { return child(desk.page, box)->isEnabled(); };
-        desk.status()->setState(ControllerStatus::State::Fault);
-        QVERIFY(!usable("gbx_weldSelection") && desk.buttons[1]->isEnabled());
-        desk.buttons[1]->click();
-        QVERIFY(!usable("gbx_baseSetting"));
-        desk.buttons[0]->click();
-        desk.status()->setState(ControllerStatus::State::Running);
-        desk.status()->setLevel(ControllerStatus::Level::Viewer);
-        QVERIFY(usable("gbx_weldSelection")); // the level counts only with the next of the others
-        desk.status()->setPower(ControllerStatus::Power::Off);
-        QVERIFY(!usable("gbx_weldSelection"));
+        ui.buttons[0]->click();
+        QCOMPARE(ui.host.takeRequests(), QStringList("get arc_weld.welder_setting"));
+        ui.buttons[2]->click();
+        QVERIFY(ui.host.takeRequests().contains("get arc_weld.arcon_param arcondata1"));
+        QCOMPARE(ui.subPages(), "gbx_weldSelection GBX_ARCONPARAM");
     }
     void aConnectionLoadsThePagesAnew()
     {
-        Desk desk;
-        desk.buttons[3]->click();
-        QCOMPARE(desk.host.takeRequests(), QStringList());
+        Fixture ui;
+        ui.buttons[3]->click();
+        QCOMPARE(ui.host.takeRequests(), QStringList());
         for (int i = 0; i < 2; ++i) {
-            QVERIFY(desk.host.connect());
-            const QStringList requests = desk.host.takeRequests();
+            QVERIFY(ui.host.connect());
+            const QStringList requests = ui.host.takeRequests();
             for (const char *watched : {"weld_mode", "welder_state"})
                 QVERIFY(requests.contains(QString("watch arc_weld.") + watched));
             QStringList inOrder{"get arc_weld.weld_mode", "get arc_weld.welder_setting",
@@ -139,20 +116,20 @@ private slots:
                 inOrder.sort();
             }
             QCOMPARE(reads, inOrder);
-            QVERIFY(desk.host.disconnect());
-            desk.host.takeRequests();
+            QVERIFY(ui.host.disconnect());
+            ui.host.takeRequests();
         }
-        QCOMPARE(desk.host.takeErrors(), QStringList());
+        QCOMPARE(ui.host.takeErrors(), QStringList());
     }
     // Before the module is made, or before it has drawn anything.
     void theLinkMayBeUpSooner()
     {
         {
-            Desk desk(FormHost::Connected);
-            const QStringList requests = desk.host.takeRequests();
+            Fixture ui(FormHost::Connected);
+            const QStringList requests = ui.host.takeRequests();
             QCOMPARE(requests.count("get arc_weld.weld_mode"), 1);
             QVERIFY(requests.contains("watch arc_weld.welder_state"));
-            QVERIFY(!Desk::picture() || !Desk::picture()->isNull());
+            QVERIFY(!Fixture::picture() || !Fixture::picture()->isNull());
         }
         FormHost host(FormHost::Down);
         ArcWeldPage page(host.window(), nullptr);
@@ -160,60 +137,60 @@ private slots:
         QVERIFY(host.connect());
         page.render();
         QCOMPARE(host.takeRequests().count("get arc_weld.weld_mode"), 1);
-        QVERIFY(!Desk::picture() || !Desk::picture()->isNull());
+        QVERIFY(!Fixture::picture() || !Fixture::picture()->isNull());
     }
     void whatIsCopiedIntoTheModulesTree()
     {
-        Desk desk;
+        Fixture ui;
         const QVariantMap setting{{"enable", true},
                                   {"protocol", "P"},
                                   {"mfr", "M"},
                                   {"model", "T"},
                                   {"current_type", 500}};
         const QVariantMap mode{{"mode", "simu"}};
-        desk.host.link()->answers = {{"get " + modeNode, mode},
-                                     {"watch " + modeNode, mode},
-                                     {"get arc_weld.welder_setting", setting}};
+        ui.host.link()->answers = {{"get " + modeNode, mode},
+                                   {"watch " + modeNode, mode},
+                                   {"get arc_weld.welder_setting", setting}};
         for (const bool isReadable : {true, false}) { // else it stays as it was
             if (!isReadable) {
-                desk.host.link()->answers.clear();
-                desk.host.faults()->setCode(modeNode, 8);
-                desk.host.faults()->setCode("arc_weld.welder_setting", 8);
+                ui.host.link()->answers.clear();
+                ui.host.faults()->setCode(modeNode, 8);
+                ui.host.faults()->setCode("arc_weld.welder_setting", 8);
             }
-            QVERIFY(desk.host.connect());
+            QVERIFY(ui.host.connect());
             QVariantMap copied = m("welmo.device_param")->toVariant().toMap();
             copied["enable"] = m("welmo.enable")->value();
             QCOMPARE(copied, setting);
             QCOMPARE(m("welmo.welding_options.weld_mode")->getString(), "simu");
-            QVERIFY(!Desk::picture() || !Desk::picture()->isNull());
-            QVERIFY(desk.host.disconnect());
+            QVERIFY(!Fixture::picture() || !Fixture::picture()->isNull());
+            QVERIFY(ui.host.disconnect());
         }
     }
     void theWeldModeIsShownAndTold()
     {
-        Desk desk;
-        QVERIFY(desk.host.connect());
+        Fixture ui;
+        QVERIFY(ui.host.connect());
         if (pando::StatusBar *bar = pando::frame().status) {
             auto *layout = bar->layout();
             QCOMPARE(layout->indexOf(bar->item("welmo.labelArcMode")) + 1,
-                     layout->indexOf(desk.stretch));
+                     layout->indexOf(ui.stretch));
         }
         QCoreApplication::processEvents(); // what a first subscription may tell
-        desk.host.takeMessages();
+        ui.host.takeMessages();
         QList<QImage> pictures;
-        const Rows<QStringList> rows{
+        const std::pair<QString, QStringList> modes[] = {
             {"simu", QStringList("info: Switch to  simulation mode []")},
             {"real", QStringList("info: Switch to  real mode []")},
             {"test_run", QStringList("info: Switch to  test run mode []")},
             {"sleep", QStringList()},
         };
-        for (const auto &[mode, said] : rows) {
-            desk.host.notify(modeNode, QVariantMap{{"mode", QString(mode)}});
-            QCOMPARE(desk.host.takeMessages(), said);
-            QCOMPARE(m("welmo.welding_options.weld_mode")->getString(), QString(mode));
-            if (!Desk::picture())
+        for (const auto &[mode, said] : modes) {
+            ui.host.notify(modeNode, QVariantMap{{"mode", mode}});
+            QCOMPARE(ui.host.takeMessages(), said);
+            QCOMPARE(m("welmo.welding_options.weld_mode")->getString(), mode);
+            if (!Fixture::picture())
                 continue;
-            const QImage picture = Desk::picture()->toImage();
+            const QImage picture = Fixture::picture()->toImage();
             QCOMPARE(picture.height(), 25);
             if (said.isEmpty())
                 QCOMPARE(picture, pictures.last());

@@ -1,11 +1,10 @@
 #include <QtTest>
 
 #include "page/handlekeys.h"
+#include "support/datarows.h"
 #include "support/formhost.h"
-#include "support/rows.h"
 
-using testsupport::FormHost;
-using testsupport::Rows;
+using namespace testsupport;
 
 namespace {
 
@@ -19,14 +18,14 @@ const QString reverse = QStringLiteral("do arc_weld.wire_feed wire_feel_back");
 const QString gas = QStringLiteral("do arc_weld.gas_flow");
 const QString mode = QStringLiteral("do arc_weld.set_weld_mode target_mode");
 
-struct Desk
+struct Fixture
 {
     FormHost host;
     QObject page;
     welmo::HandleKeys actions{&page};
     tessa::PhysicalKeys *keys = host.host().keys();
 
-    Desk()
+    Fixture()
     {
         actions.registerArcButton();
         enableRegisterPhysicalButtons(&page, welmo::HandleKeys::setName, true);
@@ -65,52 +64,55 @@ class tst_HandleKeys : public QObject
     Q_OBJECT
 
 private slots:
-    void whatAStrokeDoes()
+    void whatAStrokeDoes_data()
     {
         const QString noWelder = "?, error: welder state error";
         const QString noLink = "error: tessa not connected";
-        Rows<Key, QString, Welder, QString> rows{
+        const QString failed = "?, #, error: Switching welding operation mode failed! | ";
+        std::vector<Row<Key, QString, Welder, QString>> rows{
             {"gas", AirSupply, gas, Works, " | ?, #"},
             {"gas refused", AirSupply, gas, Refuses, " | ?, #"},
             {"gas, no welder", AirSupply, gas, Error, " | " + noWelder},
             {"mode", ModeSwitching, mode, Works, "?, # | "},
-            {"mode refused", ModeSwitching, mode, Refuses,
-             "?, #, error: Switching welding operation mode failed! | "},
+            {"mode refused", ModeSwitching, mode, Refuses, failed},
             {"mode, no link", ModeSwitching, mode, NoLink, noLink + " | "},
             {"mode, no welder", ModeSwitching, mode, Error, noWelder + " | "},
         };
-        const Rows<Key, QString> wires{{"wire feeding", WireFeed, feed},
-                                       {"wire reverse", PullBack, reverse}};
-        for (const auto &[wire, key, request] : wires) {
-            rows.add(
-                {wire, key, request, Works,
-                 "?, #, info: " + wire + " success | ?, #, info: cancel " + wire + " success"});
-            rows.add({wire + " refused", key, request, Refuses,
-                      "?, #, error: " + wire + " fail | ?, #, error: cancel " + wire + " fail"});
-            rows.add({wire + ", no welder", key, request, Error, noWelder + " | " + noWelder});
+        for (const Key key : {WireFeed, PullBack}) {
+            const QByteArray wire = key == WireFeed ? "wire feeding" : "wire reverse";
+            const QString request = key == WireFeed ? feed : reverse;
+            const QString both = "?, #, %2: " + wire + " %1 | ?, #, %2: cancel " + wire + " %1";
+            rows.push_back({wire, key, request, Works, both.arg("success", "info")});
+            rows.push_back({wire + " refused", key, request, Refuses, both.arg("fail", "error")});
+            rows.push_back(
+                {wire + ", no welder", key, request, Error, noWelder + " | " + noWelder});
             // The release is tried all the same.
-            rows.add({wire + ", no link", key, request, NoLink,
-                      noLink + " | error: cancel " + wire + " fail"});
+            rows.push_back({wire + ", no link", key, request, NoLink,
+                            noLink + " | error: cancel " + wire + " fail"});
         }
-        for (const auto &[name, key, request, welder, outcome] : rows) {
-            Desk desk;
-            if (welder == Refuses)
-                desk.host.spoil(FormHost::Refused, request);
-            else // a controller starts nothing for a pendant without a heartbeat
-                desk.host.link()->answers[request] = 0;
-            if (welder == Error)
-                desk.host.link()->answers[readState] = QVariantMap{{"state", "error"}};
-            else if (welder == NoLink)
-                QVERIFY(desk.host.disconnect());
-            QCOMPARE(desk.stroke(key), QString(outcome).replace('#', request));
-        }
+        addRows(rows);
+    }
+    void whatAStrokeDoes()
+    {
+        const auto &[name, key, request, welder, outcome] =
+            currentRow<Key, QString, Welder, QString>();
+        Fixture ui;
+        if (welder == Refuses)
+            ui.host.spoil(FormHost::Refused, request);
+        else // a controller starts nothing for a pendant without a heartbeat
+            ui.host.link()->answers[request] = 0;
+        if (welder == Error)
+            ui.host.link()->answers[readState] = QVariantMap{{"state", "error"}};
+        else if (welder == NoLink)
+            QVERIFY(ui.host.disconnect());
+        QCOMPARE(ui.stroke(key), QString(outcome).replace('#', request));
     }
     void whatIsSent()
     {
-        Desk desk;
-        const auto payload = [&desk](Key key, bool down) {
-            desk.edge(key, down);
-            return desk.host.link()->lastPayload.toMap();
+        Fixture ui;
+        const auto payload = [&ui](Key key, bool down) {
+            ui.edge(key, down);
+            return ui.host.link()->lastPayload.toMap();
         };
         for (const bool down : {true, false}) {
             QCOMPARE(payload(WireFeed, down), (QVariantMap{{"feed", down}}));
@@ -123,38 +125,38 @@ private slots:
             m("welmo")->set(nullptr, "welding_options.weld_mode", before);
             QCOMPARE(payload(ModeSwitching, true), (QVariantMap{{"mode", after}}));
             QCOMPARE(m("welmo.welding_options.weld_mode")->getString(), before);
-            desk.edge(ModeSwitching, false);
+            ui.edge(ModeSwitching, false);
         }
+    }
+    void jogSteps_data()
+    {
+        addRows<Key, double, int, double>({{"half a percent goes up", JogUp, 0.455, 100, 0.47},
+                                           {"the highest", JogUp, 0.995, 100, 0.995},
+                                           {"one below", JogUp, 0.99, 100, 1.0},
+                                           {"a lower limit", JogUp, 0.5, 50, 0.5},
+                                           {"down", JogDown, 0.3, 100, 0.29},
+                                           {"the lowest", JogDown, 0.01, 100, 0.01},
+                                           {"one above", JogDown, 0.02, 100, 0.01}});
     }
     void jogSteps()
     {
-        const Rows<Key, double, int, double> rows{
-            {"half a percent goes up", JogUp, 0.455, 100, 0.47},
-            {"the highest", JogUp, 0.995, 100, 0.995},
-            {"one below", JogUp, 0.99, 100, 1.0},
-            {"a lower limit", JogUp, 0.5, 50, 0.5},
-            {"down", JogDown, 0.3, 100, 0.29},
-            {"the lowest", JogDown, 0.01, 100, 0.01},
-            {"one above", JogDown, 0.02, 100, 0.01},
-        };
-        for (const auto &[name, key, before, highest, after] : rows) {
-            Desk desk;
-            m("orbo.handle")->set(nullptr, "max_jog_speed", highest);
-            setJogOverride(before);
-            QCOMPARE(desk.stroke(key), " | ");
-            QCOMPARE(jogOverride(), after);
-        }
+        const auto &[name, key, before, highest, after] = currentRow<Key, double, int, double>();
+        Fixture ui;
+        m("orbo.handle")->set(nullptr, "max_jog_speed", highest);
+        setJogOverride(before);
+        QCOMPARE(ui.stroke(key), " | ");
+        QCOMPARE(jogOverride(), after);
     }
     void jogRepeatsWhileHeld()
     {
-        Desk desk;
+        Fixture ui;
         setJogOverride(1.0);
-        desk.edge(JogUp, true); // at the limit, where its timer ends at once
-        desk.edge(JogDown, true);
+        ui.edge(JogUp, true); // at the limit, where its timer ends at once
+        ui.edge(JogDown, true);
         QTRY_COMPARE(jogOverride(), 0.98);
-        desk.edge(JogDown, false);
-        desk.edge(JogUp, false);
-        desk.edge(JogUp, true);
+        ui.edge(JogDown, false);
+        ui.edge(JogUp, false);
+        ui.edge(JogUp, true);
         QTRY_COMPARE(jogOverride(), 1.0);
     }
 };

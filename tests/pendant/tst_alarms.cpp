@@ -1,17 +1,12 @@
-#include <QDir>
-#include <QLabel>
 #include <QTableWidget>
-#include <QTest>
+#include <QtTest>
 #include <functional>
 
 #include "support/files.h"
 #include "support/programtouch.h"
-#include "support/rows.h"
 #include "support/testpendant.h"
 
-using testsupport::Rows;
-using testsupport::Setup;
-using testsupport::TestPendant;
+using namespace testsupport;
 using welmo::controller::Faults;
 
 /// What went wrong is told, kept, and led back to its cause.
@@ -26,7 +21,7 @@ private slots:
         setup.example = true;
         TestPendant pendant(setup);
         auto *service = pendant.host()->service();
-        testsupport::ProgramTouch(pendant).open("fillet.tl");
+        ProgramTouch(pendant).open("fillet.tl");
         pendant.open("home");
         pendant.click("btnWhyNoArc");
         const auto red = [&] {
@@ -37,62 +32,59 @@ private slots:
             }
             return rows.join(' ');
         };
-        const auto mode = [&](const char *word) {
-            service->execCommand(nullptr, "arc_weld.set_weld_mode", QVariantMap{{"mode", word}});
+        using Fault = Faults::Fault;
+        using Spoil = std::function<void(bool)>; // or else mend
+        const auto fault = [&](Fault which) -> Spoil {
+            return [=, &pendant](bool on) { pendant.faults()->set(which, on); };
         };
-        const auto turn = [&](const char *what, bool on) {
-            return [=] { service->execCommand(nullptr, "cell.switch", QVariantMap{{what, on}}); };
+        const auto turn = [&](const char *what, bool to) -> Spoil {
+            return [=](bool bad) {
+                service->execCommand(nullptr, "cell.switch", QVariantMap{{what, bad == to}});
+            };
         };
-        const auto welder = [&](const char *key, bool on) {
-            return [=] {
+        const auto welder = [&](const char *key) -> Spoil {
+            return [=](bool bad) {
                 auto setting =
                     service->get(nullptr, "arc_weld.welder_setting")->toVariant().toMap();
-                setting[key] = on;
+                setting[key] = !bad;
                 service->execCommand(nullptr, "arc_weld.set_welder", setting);
             };
         };
-        const auto current = [&](const char *set, const char *file, double amperes) {
-            return [=] {
+        const auto current = [&](const char *set, const char *file, double amperes) -> Spoil {
+            return [=](bool bad) {
+                const QVariantMap content{{"name", file}, {"current", bad ? amperes : 100.0}};
                 kelp::ModuleObject object("file");
-                object.importFromVariant(nullptr,
-                                         QVariantMap{{"name", file}, {"current", amperes}});
+                object.importFromVariant(nullptr, content);
                 service->set(nullptr, set, file, &object);
             };
         };
-        const auto fault = [&](Faults::Fault which, bool on) {
-            return [=, &pendant] { pendant.faults()->set(which, on); };
+        const Spoil mode = [&](bool bad) {
+            const QVariantMap payload{{"mode", bad ? "test_run" : "real"}};
+            service->execCommand(nullptr, "arc_weld.set_weld_mode", payload);
         };
-        using Fault = Faults::Fault;
-        const auto switched = [&](const char *name, Fault which) {
-            return std::tuple{name, std::function<void()>(fault(which, true)),
-                              std::function<void()>(fault(which, false))};
+        const QVector<std::pair<const char *, Spoil>> rows{
+            {"welder", fault(Fault::WelderError)},
+            {"wire_moves", fault(Fault::WireStuck)},
+            {"wire_free", fault(Fault::WireSticks)},
+            {"gas", fault(Fault::NoGas)},
+            {"strikes", fault(Fault::NoArc)},
+            {"burns", fault(Fault::ArcBreaks)},
+            {"storage", fault(Fault::DiskFull)},
+            {"power", turn("power", false)},
+            {"stop", turn("fault", true)},
+            {"enabled", welder("enable")},
+            {"connected", welder("connect_to_welder")},
+            {"mode", mode},
+            {"start_file", current("arc_weld.arcon_param", "arcondata1", 0)},
+            {"weld_file", current("arc_weld.weld_param", "arcdata1", 900)},
+            {"link", fault(Fault::LinkDown)},
         };
-        using Row = std::tuple<const char *, std::function<void()>, std::function<void()>>;
-        const QVector<Row> rows{
-            switched("welder", Fault::WelderError),
-            switched("wire_moves", Fault::WireStuck),
-            switched("wire_free", Fault::WireSticks),
-            switched("gas", Fault::NoGas),
-            switched("strikes", Fault::NoArc),
-            switched("burns", Fault::ArcBreaks),
-            switched("storage", Fault::DiskFull),
-            {"power", turn("power", false), turn("power", true)},
-            {"stop", turn("fault", true), turn("fault", false)},
-            {"enabled", welder("enable", false), welder("enable", true)},
-            {"connected", welder("connect_to_welder", false), welder("connect_to_welder", true)},
-            {"mode", [&] { mode("test_run"); }, [&] { mode("real"); }},
-            {"start_file", current("arc_weld.arcon_param", "arcondata1", 0),
-             current("arc_weld.arcon_param", "arcondata1", 100)},
-            {"weld_file", current("arc_weld.weld_param", "arcdata1", 900),
-             current("arc_weld.weld_param", "arcdata1", 100)},
-            switched("link", Fault::LinkDown),
-        };
-        mode("real");
+        mode(false);
         QTRY_COMPARE(red(), QString());
-        for (const auto &[row, spoil, mend] : rows) {
-            spoil();
+        for (const auto &[row, spoil] : rows) {
+            spoil(true);
             QTRY_COMPARE(red(), QString(row));
-            mend();
+            spoil(false);
             QTRY_COMPARE(red(), QString());
         }
         pendant.click("btnCheck_gas");

@@ -1,21 +1,16 @@
 #include <QAbstractItemView>
-#include <QComboBox>
-#include <QLabel>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionComboBox>
-#include <QTest>
-#include <QToolButton>
+#include <QtTest>
 
 #include "pando/frame.h"
+#include "support/datarows.h"
 #include "support/programtouch.h"
-#include "support/rows.h"
 #include "support/testpendant.h"
 #include "tessa/tlmanager.h"
 
-using testsupport::Rows;
-using testsupport::Setup;
-using testsupport::TestPendant;
+using namespace testsupport;
 
 namespace {
 
@@ -63,54 +58,53 @@ class TestAppearance : public QObject
 {
     Q_OBJECT
 private slots:
+    void everythingFits_data()
+    {
+        addRows<QString, QString>({{"en light", "en", "light"}, {"zh_CN dark", "zh_CN", "dark"}});
+    }
     void everythingFits()
     {
-        const Rows<QString, QString> rows{
-            {"en light", "en", "light"},
-            {"zh_CN dark", "zh_CN", "dark"},
-        };
-        for (const auto &[name, language, theme] : rows) {
-            Setup setup;
-            setup.language = language;
-            setup.theme = theme;
-            TestPendant pendant(setup);
-            for (const auto &entry : pendant.messages())
-                QVERIFY2(!entry.text.contains("theme tokens"), qPrintable(entry.text));
-            for (const char *page : {"home", "messages", "controller"}) {
-                pendant.open(page);
+        const auto &[name, language, theme] = currentRow<QString, QString>();
+        Setup setup;
+        setup.language = language;
+        setup.theme = theme;
+        TestPendant pendant(setup);
+        for (const auto &entry : pendant.messages())
+            QVERIFY2(!entry.text.contains("theme tokens"), qPrintable(entry.text));
+        for (const char *page : {"home", "messages", "controller"}) {
+            pendant.open(page);
+            QCOMPARE(misfits(pendant.window()).join("\n"), QString());
+        }
+        // First without the link, so that no welder has told its ranges yet.
+        for (const bool down : {true, false}) {
+            pendant.faults()->set(welmo::controller::Faults::Fault::LinkDown, down);
+            QVERIFY(down ? pendant.waitDisconnected() : pendant.waitConnected());
+            pendant.open("arcweldpackage");
+            for (auto *subPage : pendant.find("wgtNav")->findChildren<QToolButton *>()) {
+                finger::touch(subPage);
+                for (int i = 0; i < 3; ++i)
+                    QCoreApplication::processEvents(); // the page is laid out, then its bars
                 QCOMPARE(misfits(pendant.window()).join("\n"), QString());
             }
-            // First without the link, so that no welder has told its ranges yet.
-            for (const bool down : {true, false}) {
-                pendant.faults()->set(welmo::controller::Faults::Fault::LinkDown, down);
-                QVERIFY(down ? pendant.waitDisconnected() : pendant.waitConnected());
-                pendant.open("arcweldpackage");
-                for (auto *subPage : pendant.find("wgtNav")->findChildren<QToolButton *>()) {
-                    testsupport::finger::touch(subPage);
-                    for (int i = 0; i < 3; ++i)
-                        QCoreApplication::processEvents(); // the page is laid out, then its bars
-                    QCOMPARE(misfits(pendant.window()).join("\n"), QString());
-                }
-            }
-            pando::frame().rightSide->show();
-            for (int i = 0; i < 3; ++i)
-                QCoreApplication::processEvents();
-            QCOMPARE(pendant.window()->size(), QSize(1280, 800));
-            QCOMPARE(misfits(pando::frame().rightSide).join("\n"), QString());
-            pando::frame().rightSide->hide();
-            testsupport::ProgramTouch program(pendant);
-            for (const QString &instruction : tessa::TlManager::getTlManager()->instructionNames) {
-                program.insert(instruction);
-                for (const char *next : {"btnFormAccept", "btnFormCancel"}) { // insert, then edit
-                    QCoreApplication::processEvents();
-                    QCOMPARE(misfits(pendant.window()).join("\n"), QString());
-                    pendant.click(next);
-                    if (next == QLatin1String("btnFormAccept"))
-                        pendant.click("btnEditLine");
-                }
-            }
-            QCOMPARE(pendant.window()->size(), QSize(1280, 800));
         }
+        pando::frame().rightSide->show();
+        for (int i = 0; i < 3; ++i)
+            QCoreApplication::processEvents();
+        QCOMPARE(pendant.window()->size(), QSize(1280, 800));
+        QCOMPARE(misfits(pando::frame().rightSide).join("\n"), QString());
+        pando::frame().rightSide->hide();
+        ProgramTouch program(pendant);
+        for (const QString &instruction : tessa::TlManager::getTlManager()->instructionNames) {
+            program.insert(instruction);
+            for (const char *next : {"btnFormAccept", "btnFormCancel"}) { // insert, then edit
+                QCoreApplication::processEvents();
+                QCOMPARE(misfits(pendant.window()).join("\n"), QString());
+                pendant.click(next);
+                if (next == QLatin1String("btnFormAccept"))
+                    pendant.click("btnEditLine");
+            }
+        }
+        QCOMPARE(pendant.window()->size(), QSize(1280, 800));
     }
 };
 

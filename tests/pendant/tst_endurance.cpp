@@ -1,9 +1,4 @@
-#include <QAbstractSpinBox>
-#include <QFile>
-#include <QLibrary>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
+#include <QtTest>
 #include <malloc.h>
 
 #include "kelp/registry.h"
@@ -14,8 +9,7 @@
 #include "support/programtouch.h"
 #include "support/testpendant.h"
 
-using testsupport::ProgramTouch;
-using testsupport::TestPendant;
+using namespace testsupport;
 using welmo::pendant::FormPane;
 
 namespace {
@@ -46,7 +40,7 @@ qint64 growthOver(int count, Work once)
 
 bool isLibraryMapped()
 {
-    return testsupport::contentOf("/proc/self/maps").contains("libwelmo.so");
+    return contentOf("/proc/self/maps").contains("libwelmo.so");
 }
 
 // Allocators keep something back; the smallest object left behind each time would be far more.

@@ -1,29 +1,22 @@
-#include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTest>
+#include <QtTest>
 
 #include "pendant/input/fieldpad.h"
-#include "support/rows.h"
+#include "support/datarows.h"
 #include "support/testpendant.h"
 
-using testsupport::Rows;
-using testsupport::TestPendant;
+using namespace testsupport;
 using welmo::pendant::FieldPad;
 
 namespace {
 
 /// A page of the package with fields to touch.
-struct Desk
+struct Fixture
 {
     TestPendant pendant;
     QDoubleSpinBox *voltage;
     QLineEdit *annotation;
 
-    Desk()
+    Fixture()
     {
         pendant.openSubPage("Process Setting");
         voltage = pendant.find<QDoubleSpinBox>("sbxArconVoltage");
@@ -35,7 +28,7 @@ struct Desk
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return pendant.window()->findChild<FieldPad *>();
     }
-    void touch(QWidget *field) { testsupport::finger::touch(field); }
+    void touch(QWidget *field) { finger::touch(field); }
     void touchNumber() { touch(voltage->findChild<QLineEdit *>()); }
     /// Touches the keys of the pad that show these texts.
     void strike(const QStringList &keys)
@@ -66,54 +59,56 @@ class TestFields : public QObject
 {
     Q_OBJECT
 private slots:
+    void aNumberOnTheKeypad_data()
+    {
+        addRows<QStringList, QString, double>(
+            {{"point", {"1", "2", ".", "5", "Enter"}, "", 12.5},
+             {"a wrong key", {"1", "3", "←", "2", "Enter"}, "", 12},
+             {"back", {"1", "2", "Back"}, "", 20},
+             {"too high", {"9", "0", "0", "0", "Enter"}, "9000 is out of range: 0 to ", 20}});
+    }
     void aNumberOnTheKeypad()
     {
-        const Rows<QStringList, QString, double> rows{
-            {"point", {"1", "2", ".", "5", "Enter"}, "", 12.5},
-            {"a wrong key", {"1", "3", "←", "2", "Enter"}, "", 12},
-            {"back", {"1", "2", "Back"}, "", 20},
-            {"too high", {"9", "0", "0", "0", "Enter"}, "9000 is out of range: 0 to ", 20},
-        };
-        for (const auto &[name, keys, refusal, value] : rows) {
-            Desk desk;
-            desk.touchNumber();
-            QVERIFY2(desk.says().startsWith("was 20"), qPrintable(desk.says()));
-            QVERIFY(!desk.pad()->geometry().intersects(
-                QRect(desk.voltage->mapTo(desk.pendant.window(), {}), desk.voltage->size())));
-            desk.strike(keys);
-            QCOMPARE(desk.voltage->value(), value);
-            QCOMPARE(desk.pad() != nullptr, !refusal.isEmpty());
-            QVERIFY(refusal.isEmpty() || desk.says().startsWith(refusal));
-        }
+        const auto &[name, keys, refusal, value] = currentRow<QStringList, QString, double>();
+        Fixture ui;
+        ui.touchNumber();
+        QVERIFY2(ui.says().startsWith("was 20"), qPrintable(ui.says()));
+        QVERIFY(!ui.pad()->geometry().intersects(
+            QRect(ui.voltage->mapTo(ui.pendant.window(), {}), ui.voltage->size())));
+        ui.strike(keys);
+        QCOMPARE(ui.voltage->value(), value);
+        QCOMPARE(ui.pad() != nullptr, !refusal.isEmpty());
+        QVERIFY(refusal.isEmpty() || ui.says().startsWith(refusal));
     }
     void aTextOnTheKeyboard()
     {
-        Desk desk;
-        desk.touch(desk.annotation);
-        desk.strike({"⇧", "R", "o", "o", "t", "#+=", "&&", "Enter"});
-        QCOMPARE(desk.annotation->text(), "Root&");
-        QVERIFY(!desk.pad());
-        desk.touch(desk.annotation);
-        desk.strike({"x", "Back"});
-        QCOMPARE(desk.annotation->text(), "Root&");
+        Fixture ui;
+        ui.touch(ui.annotation);
+        ui.strike({"⇧", "R", "o", "o", "t", "#+=", "&&", "Enter"});
+        QCOMPARE(ui.annotation->text(), "Root&");
+        QVERIFY(!ui.pad());
+        ui.touch(ui.annotation);
+        ui.strike({"x", "Back"});
+        QCOMPARE(ui.annotation->text(), "Root&");
+    }
+    void aPadGoesAway_data()
+    {
+        addRows<std::function<void(Fixture &)>>(
+            {{"a physical key",
+              [](Fixture &ui) { QTest::keyClick(ui.pendant.window()->windowHandle(), '7'); }},
+             {"another field", [](Fixture &ui) { ui.touch(ui.pendant.find("sbxArconCurrent")); }},
+             {"another page", [](Fixture &ui) { ui.pendant.open("messages"); }}});
     }
     void aPadGoesAway()
     {
-        const Rows<std::function<void(Desk &)>> rows{
-            {"a physical key",
-             [](Desk &desk) { QTest::keyClick(desk.pendant.window()->windowHandle(), '7'); }},
-            {"another field", [](Desk &desk) { desk.touch(desk.pendant.find("sbxArconCurrent")); }},
-            {"another page", [](Desk &desk) { desk.pendant.open("messages"); }},
-        };
-        for (const auto &[name, act] : rows) {
-            Desk desk;
-            desk.touchNumber();
-            const QPointer<FieldPad> pad = desk.pad();
-            QVERIFY(pad->isVisible());
-            act(desk);
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            QVERIFY(!pad);
-        }
+        const auto &[name, act] = currentRow<std::function<void(Fixture &)>>();
+        Fixture ui;
+        ui.touchNumber();
+        const QPointer<FieldPad> pad = ui.pad();
+        QVERIFY(pad->isVisible());
+        act(ui);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!pad);
     }
     void aMessageBoxDimsThePage()
     {
@@ -132,19 +127,19 @@ private slots:
     }
     void theWheel()
     {
-        Desk desk;
-        auto *files = desk.pendant.find<QComboBox>("cbx_arconParamFileNumber");
+        Fixture ui;
+        auto *files = ui.pendant.find<QComboBox>("cbx_arconParamFileNumber");
         const int file = files->currentIndex();
-        desk.annotation->setFocus();
-        desk.turn(files);
-        desk.turn(desk.voltage);
+        ui.annotation->setFocus();
+        ui.turn(files);
+        ui.turn(ui.voltage);
         files->setFocus();
-        desk.turn(files);
+        ui.turn(files);
         QCOMPARE(files->currentIndex(), file);
-        QCOMPARE(desk.voltage->value(), 20.0);
-        desk.voltage->setFocus();
-        desk.turn(desk.voltage);
-        QVERIFY(desk.voltage->value() < 20.0);
+        QCOMPARE(ui.voltage->value(), 20.0);
+        ui.voltage->setFocus();
+        ui.turn(ui.voltage);
+        QVERIFY(ui.voltage->value() < 20.0);
     }
 };
 

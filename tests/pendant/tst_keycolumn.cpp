@@ -1,16 +1,11 @@
-#include <QLineEdit>
-#include <QTest>
+#include <QtTest>
 
 #include "pando/frame.h"
 #include "pendant/window/handlekey.h"
-#include "support/rows.h"
+#include "support/datarows.h"
 #include "support/testpendant.h"
 
-using testsupport::Rows;
-using testsupport::Setup;
-using testsupport::TestPendant;
-using welmo::controller::Faults;
-using Event = welmo::controller::Journal::Event;
+using namespace testsupport;
 
 namespace {
 
@@ -18,23 +13,15 @@ constexpr int wireFeed = 0;
 constexpr int pullBack = 4;
 const QPoint onThePage{600, 400};
 
-// A machine under load misses beats, which stops wire as well; to this controller none is late.
-Setup withoutTime()
-{
-    Setup setup;
-    setup.clock = [] { return 1000; };
-    return setup;
-}
-
 /// A pendant whose keys work, with a hand on them and an eye on the wire.
-struct Desk
+struct Fixture
 {
     TestPendant pendant{withoutTime()};
     QTouchDevice *screen = QTest::createTouchDevice();
     QWindow *window = pendant.window()->windowHandle();
     tessa::PhysicalKeys *keys = pendant.host()->keys();
 
-    Desk()
+    Fixture()
     {
         pendant.open("arcweldpackage");
         pendant.click("btn_connectSwitch");
@@ -73,16 +60,7 @@ struct Desk
             held = held || keys->isHeld(key);
         return held;
     }
-    /// What the wire did, by the controller's journal: a letter for each start and stop.
-    QString wire()
-    {
-        static const QMap<Event, QString> letters{
-            {Event::WireFeeds, "F"}, {Event::WireRetracts, "R"}, {Event::WireStops, "."}};
-        QString all;
-        for (const auto &entry : pendant.journal().entries())
-            all += letters.value(entry.event);
-        return all;
-    }
+    QString wire() const { return pendant.wire(); }
     int told(const QString &text)
     {
         int times = 0;
@@ -92,7 +70,7 @@ struct Desk
     }
 };
 
-using Act = std::function<void(Desk &)>;
+using Act = std::function<void(Fixture &)>;
 
 } // namespace
 
@@ -103,204 +81,186 @@ class TestKeyColumn : public QObject
 private slots:
     void theColumnFollowsTheKeys()
     {
-        Desk desk;
-        QCOMPARE(desk.faces().size(), 7);
-        auto *face = desk.faces().first();
+        Fixture ui;
+        QCOMPARE(ui.faces().size(), 7);
+        auto *face = ui.faces().first();
         const QImage before = face->grab().toImage();
-        desk.press(wireFeed);
+        ui.press(wireFeed);
         QVERIFY(face->grab().toImage() != before);
-        desk.lift(onThePage);
+        ui.lift(onThePage);
         QVERIFY(face->grab().toImage() == before);
-        desk.enable(false);
+        ui.enable(false);
         QVERIFY(!face->isEnabled());
         Setup bare;
         bare.modulePath = NO_MODULE;
-        desk.pendant.restart(bare);
-        QVERIFY(desk.pendant.find("pndKeys")->isHidden());
+        ui.pendant.restart(bare);
+        QVERIFY(ui.pendant.find("pndKeys")->isHidden());
+    }
+    void wireMovesWhileHeld_data()
+    {
+        addRows<QString, Act>(
+            {{"mouse, twice, as fast as a double click, lifted elsewhere", "F.F.",
+              [](Fixture &ui) {
+                  for (const char *wire : {"F", "F.F"}) {
+                      ui.press(wireFeed);
+                      QTest::mouseMove(ui.window, onThePage);
+                      QCOMPARE(ui.wire(), wire);
+                      ui.lift(onThePage);
+                  }
+              }},
+             {"a release that went elsewhere", "F.",
+              [](Fixture &ui) {
+                  ui.press(wireFeed);
+                  QMouseEvent move(QEvent::MouseMove, onThePage, Qt::NoButton, Qt::NoButton, {});
+                  QCoreApplication::sendEvent(ui.window, &move);
+              }},
+             // One wire: the second key finds it moving, and is held without effect.
+             {"two fingers", "F.R.",
+              [](Fixture &ui) {
+                  ui.fingerDown(1, wireFeed);
+                  ui.fingerDown(2, pullBack, 1);
+                  QVERIFY(ui.keys->isHeld(wireFeed) && ui.keys->isHeld(pullBack));
+                  ui.fingerUp(1, wireFeed, 2);
+                  QVERIFY(!ui.keys->isHeld(wireFeed) && ui.keys->isHeld(pullBack));
+                  ui.fingerUp(2, pullBack);
+                  ui.fingerDown(3, pullBack);
+                  ui.fingerUp(3, pullBack);
+              }},
+             {"touch cancelled", "F.",
+              [](Fixture &ui) {
+                  ui.fingerDown(1, wireFeed);
+                  QTouchEvent cancel(QEvent::TouchCancel, ui.screen);
+                  QCoreApplication::sendEvent(ui.pendant.find("pndKeys"), &cancel);
+                  QCOMPARE(ui.wire(), "F.");
+                  ui.fingerUp(1, wireFeed);
+              }},
+             {"keyboard, while a field has the focus", "F.",
+              [](Fixture &ui) {
+                  pando::frame().rightSide->switchTo("welmo.page");
+                  pando::frame().rightSide->show();
+                  ui.pendant.click("ledtWeldingName");
+                  ui.keyDown();
+                  QCOMPARE(ui.wire(), "F");
+                  QTest::keyRelease(ui.window, Qt::Key_F1, Qt::ShiftModifier);
+                  QCOMPARE(ui.pendant.find<QLineEdit>("ledtWeldingName")->text(), "");
+              }},
+             {"keyboard, repeating", "F.",
+              [](Fixture &ui) {
+                  ui.keyDown();
+                  for (int i = 0; i < 10; ++i)
+                      ui.repeat();
+                  QCOMPARE(ui.wire(), "F");
+                  QCOMPARE(ui.told("wire feeding success"), 1);
+                  ui.enable(false);
+                  ui.enable(true);
+                  ui.keyDown(); // a repetition that does not say so
+                  ui.keyUp();
+                  QCOMPARE(ui.told("cancel wire feeding success"), 1);
+              }},
+             {"keyboard and mouse: who pressed releases", "F.",
+              [](Fixture &ui) {
+                  ui.keyDown();
+                  ui.press(wireFeed);
+                  ui.lift(onThePage);
+                  QCOMPARE(ui.wire(), "F");
+                  ui.keyUp();
+              }},
+             {"what means something else", "", [](Fixture &ui) {
+                  for (const auto modifier :
+                       {Qt::AltModifier, Qt::ControlModifier, Qt::ShiftModifier})
+                      QTest::keyClick(ui.window, Qt::Key_F1, modifier);
+                  QTest::keyClick(ui.window, Qt::Key_F8);
+                  QTest::mouseClick(ui.window, Qt::RightButton, {}, ui.place(wireFeed));
+              }}});
     }
     // NOLINTNEXTLINE(readability-function-size): a table
     void wireMovesWhileHeld()
     {
-        const Rows<QString, Act> rows{
-            {"mouse, twice, as fast as a double click, lifted elsewhere", "F.F.",
-             [](Desk &desk) {
-                 for (const char *wire : {"F", "F.F"}) {
-                     desk.press(wireFeed);
-                     QTest::mouseMove(desk.window, onThePage);
-                     QCOMPARE(desk.wire(), wire);
-                     desk.lift(onThePage);
-                 }
-             }},
-            {"a release that went elsewhere", "F.",
-             [](Desk &desk) {
-                 desk.press(wireFeed);
-                 QMouseEvent move(QEvent::MouseMove, onThePage, Qt::NoButton, Qt::NoButton, {});
-                 QCoreApplication::sendEvent(desk.window, &move);
-             }},
-            // One wire: the second key finds it moving, and is held without effect.
-            {"two fingers", "F.R.",
-             [](Desk &desk) {
-                 desk.fingerDown(1, wireFeed);
-                 desk.fingerDown(2, pullBack, 1);
-                 QVERIFY(desk.keys->isHeld(wireFeed) && desk.keys->isHeld(pullBack));
-                 desk.fingerUp(1, wireFeed, 2);
-                 QVERIFY(!desk.keys->isHeld(wireFeed) && desk.keys->isHeld(pullBack));
-                 desk.fingerUp(2, pullBack);
-                 desk.fingerDown(3, pullBack);
-                 desk.fingerUp(3, pullBack);
-             }},
-            {"touch cancelled", "F.",
-             [](Desk &desk) {
-                 desk.fingerDown(1, wireFeed);
-                 QTouchEvent cancel(QEvent::TouchCancel, desk.screen);
-                 QCoreApplication::sendEvent(desk.pendant.find("pndKeys"), &cancel);
-                 QCOMPARE(desk.wire(), "F.");
-                 desk.fingerUp(1, wireFeed);
-             }},
-            {"keyboard, while a field has the focus", "F.",
-             [](Desk &desk) {
-                 pando::frame().rightSide->switchTo("welmo.page");
-                 pando::frame().rightSide->show();
-                 desk.pendant.click("ledtWeldingName");
-                 desk.keyDown();
-                 QCOMPARE(desk.wire(), "F");
-                 QTest::keyRelease(desk.window, Qt::Key_F1, Qt::ShiftModifier);
-                 QCOMPARE(desk.pendant.find<QLineEdit>("ledtWeldingName")->text(), "");
-             }},
-            {"keyboard, repeating", "F.",
-             [](Desk &desk) {
-                 desk.keyDown();
-                 for (int i = 0; i < 10; ++i)
-                     desk.repeat();
-                 QCOMPARE(desk.wire(), "F");
-                 QCOMPARE(desk.told("wire feeding success"), 1);
-                 desk.enable(false);
-                 desk.enable(true);
-                 desk.keyDown(); // a repetition that does not say so
-                 desk.keyUp();
-                 QCOMPARE(desk.told("cancel wire feeding success"), 1);
-             }},
-            {"keyboard and mouse: who pressed releases", "F.",
-             [](Desk &desk) {
-                 desk.keyDown();
-                 desk.press(wireFeed);
-                 desk.lift(onThePage);
-                 QCOMPARE(desk.wire(), "F");
-                 desk.keyUp();
-             }},
-            {"what means something else", "",
-             [](Desk &desk) {
-                 for (const auto modifier :
-                      {Qt::AltModifier, Qt::ControlModifier, Qt::ShiftModifier})
-                     QTest::keyClick(desk.window, Qt::Key_F1, modifier);
-                 QTest::keyClick(desk.window, Qt::Key_F8);
-                 QTest::mouseClick(desk.window, Qt::RightButton, {}, desk.place(wireFeed));
-             }},
-        };
-        for (const auto &[name, wire, act] : rows) {
-            Desk desk;
-            act(desk);
-            QCOMPARE(desk.wire(), wire);
-        }
+        const auto &[name, wire, act] = currentRow<QString, Act>();
+        Fixture ui;
+        act(ui);
+        QCOMPARE(ui.wire(), wire);
+    }
+    void everyPressIsReleased_data()
+    {
+        addRows<Act>(
+            {{"the sets change",
+              [](Fixture &ui) {
+                  registerPhysicalButtons(&ui.pendant.app(), "other", {{"x", {}, {}, {}}}, {}, {});
+              }},
+             {"another window comes to the front",
+              [](Fixture &ui) {
+                  QWidget other;
+                  other.show();
+                  QVERIFY(QTest::qWaitForWindowActive(&other));
+                  other.close();
+                  ui.window->requestActivate();
+                  QVERIFY(QTest::qWaitForWindowActive(ui.window));
+              }},
+             {"a dialog opens",
+              [](Fixture &ui) {
+                  QWidget dialog;
+                  dialog.setWindowModality(Qt::ApplicationModal);
+                  dialog.show();
+                  QCOMPARE(ui.wire(), "R."); // at once, not when the window system knows
+              }},
+             {"hidden", [](Fixture &ui) {
+                  ui.pendant.window()->hide();
+                  QCOMPARE(ui.wire(), "R.");
+                  ui.pendant.window()->show();
+              }}});
     }
     // And what was held takes a fresh press, whatever the keyboard goes on repeating.
     void everyPressIsReleased()
     {
-        const Rows<Act> rows{
-            {"the sets change",
-             [](Desk &desk) {
-                 registerPhysicalButtons(&desk.pendant.app(), "other", {{"x", {}, {}, {}}}, {}, {});
-             }},
-            {"another window comes to the front",
-             [](Desk &desk) {
-                 QWidget other;
-                 other.show();
-                 QVERIFY(QTest::qWaitForWindowActive(&other));
-                 other.close();
-                 desk.window->requestActivate();
-                 QVERIFY(QTest::qWaitForWindowActive(desk.window));
-             }},
-            {"a dialog opens",
-             [](Desk &desk) {
-                 QWidget dialog;
-                 dialog.setWindowModality(Qt::ApplicationModal);
-                 dialog.show();
-                 QCOMPARE(desk.wire(), "R."); // at once, not when the window system knows
-             }},
-            {"hidden",
-             [](Desk &desk) {
-                 desk.pendant.window()->hide();
-                 QCOMPARE(desk.wire(), "R.");
-                 desk.pendant.window()->show();
-             }},
-        };
-        for (const auto &[name, event] : rows) {
-            Desk desk;
-            desk.fingerDown(1, pullBack);
-            desk.keyDown(Qt::Key_F4);
-            desk.keyDown(Qt::Key_F1);
-            QCOMPARE(desk.wire(), "R");
-            event(desk);
-            QCOMPARE(desk.wire(), "R.");
-            desk.repeat();
-            desk.keyDown(); // not every repetition says what it is
-            desk.touch(0).move(1, desk.place(wireFeed), desk.window);
-            QVERIFY(!desk.isAnyHeld());
-            desk.fingerUp(1, wireFeed);
-            desk.keyUp(Qt::Key_F1);
-            QCOMPARE(desk.wire(), "R.");
-            QCOMPARE(desk.told("cancel wire reverse success"), 1);
-            QCOMPARE(desk.told("cancel wire feeding success"), 1);
-            QTest::keyClick(desk.window, Qt::Key_F5);
-            QCOMPARE(desk.wire(), "R.R.");
-        }
+        const auto &[name, event] = currentRow<Act>();
+        Fixture ui;
+        ui.fingerDown(1, pullBack);
+        ui.keyDown(Qt::Key_F4);
+        ui.keyDown(Qt::Key_F1);
+        QCOMPARE(ui.wire(), "R");
+        event(ui);
+        QCOMPARE(ui.wire(), "R.");
+        ui.repeat();
+        ui.keyDown(); // not every repetition says what it is
+        ui.touch(0).move(1, ui.place(wireFeed), ui.window);
+        QVERIFY(!ui.isAnyHeld());
+        ui.fingerUp(1, wireFeed);
+        ui.keyUp(Qt::Key_F1);
+        QCOMPARE(ui.wire(), "R.");
+        QCOMPARE(ui.told("cancel wire reverse success"), 1);
+        QCOMPARE(ui.told("cancel wire feeding success"), 1);
+        QTest::keyClick(ui.window, Qt::Key_F5);
+        QCOMPARE(ui.wire(), "R.R.");
     }
     void aRestartReleases()
     {
-        Desk desk;
-        desk.keyDown();
+        Fixture ui;
+        ui.keyDown();
         QString wire;
-        QObject::connect(desk.pendant.window(), &QObject::destroyed, &desk.pendant.app(),
-                         [&] { wire = desk.wire(); });
-        desk.pendant.app().stop();
+        QObject::connect(ui.pendant.window(), &QObject::destroyed, &ui.pendant.app(),
+                         [&] { wire = ui.wire(); });
+        ui.pendant.app().stop();
         QCOMPARE(wire, "F.");
-        desk.pendant.app().start();
-        QVERIFY(desk.pendant.waitConnected());
-        desk.window = desk.pendant.window()->windowHandle();
-        desk.keys = desk.pendant.host()->keys();
-        desk.enable(true);
-        desk.keyDown(); // F1 has not come up yet
-        QVERIFY(!desk.isAnyHeld());
-        desk.keyUp();
-        desk.keyDown();
-        QVERIFY(desk.isAnyHeld());
-    }
-    // The key stays down; only a fresh press moves wire again.
-    void whatStopsTheWire()
-    {
-        for (const auto fault : {Faults::Fault::LinkDown, Faults::Fault::WelderError}) {
-            Desk desk;
-            desk.keyDown();
-            desk.pendant.faults()->set(fault, true);
-            QTRY_COMPARE(desk.wire(), "F.");
-            QVERIFY(fault != Faults::Fault::LinkDown || desk.pendant.waitDisconnected());
-            desk.pendant.faults()->clear();
-            QVERIFY(desk.pendant.waitConnected());
-            desk.repeat();
-            desk.keyUp();
-            QCOMPARE(desk.wire(), "F.");
-            QTest::keyClick(desk.window, Qt::Key_F1);
-            QCOMPARE(desk.wire(), "F.F.");
-        }
+        ui.pendant.app().start();
+        QVERIFY(ui.pendant.waitConnected());
+        ui.window = ui.pendant.window()->windowHandle();
+        ui.keys = ui.pendant.host()->keys();
+        ui.enable(true);
+        ui.keyDown(); // F1 has not come up yet
+        QVERIFY(!ui.isAnyHeld());
+        ui.keyUp();
+        ui.keyDown();
+        QVERIFY(ui.isAnyHeld());
     }
     void theFirstStateIsTheLeafs()
     {
-        Desk desk; // which switched the device on
+        Fixture ui; // which switched the device on
         Setup setup;
         setup.keepFiles = true;
         setup.connects = false;
-        desk.pendant.restart(setup);
-        QVERIFY(desk.pendant.host()->keys()->isEnabled(wireFeed));
+        ui.pendant.restart(setup);
+        QVERIFY(ui.pendant.host()->keys()->isEnabled(wireFeed));
         QVERIFY(m("welmo.device.enable")->getBool());
     }
 };

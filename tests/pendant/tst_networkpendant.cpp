@@ -1,7 +1,3 @@
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QSemaphore>
 #include <QtTest>
 
 #include "broker.h"
@@ -13,7 +9,7 @@
 namespace {
 
 /// A pendant of bert's on the cell, connected; anna's link to it is not up yet.
-struct Desk
+struct Fixture
 {
     testsupport::Setup setup() const
     {
@@ -46,60 +42,35 @@ class tst_NetworkPendant : public QObject
 private slots:
     void controlIsShownAndPassedOn()
     {
-        Desk desk;
-        const auto text = [&] { return desk.pendant.find<QLabel>("lblControl")->text(); };
-        const auto *take = desk.pendant.find<QPushButton>("btnTakeControl");
-        desk.pendant.open("controller");
+        Fixture ui;
+        const auto text = [&] { return ui.pendant.find<QLabel>("lblControl")->text(); };
+        const auto *take = ui.pendant.find<QPushButton>("btnTakeControl");
+        ui.pendant.open("controller");
         QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("This pendant"), patient);
-        desk.pendant.click("btnGiveControl");
+        ui.pendant.click("btnGiveControl");
         QVERIFY(text().startsWith("Nobody"));
-        desk.other.open(); // takes what is free
+        ui.other.open(); // takes what is free
         QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("anna"), patient);
         QVERIFY(!take->isEnabled());
-        desk.other.close();
+        ui.other.close();
         QTRY_VERIFY_WITH_TIMEOUT(take->isEnabled(), patient);
-        desk.pendant.click("btnTakeControl");
+        ui.pendant.click("btnTakeControl");
         QVERIFY(text().startsWith("This pendant"));
-    }
-    // The one who edits decides, in full knowledge.
-    void whatAnotherPendantSavedIsTold()
-    {
-        using Kind = tessa::LinkRequest::Kind;
-        const QString set = "arc_weld.weld_param";
-        const QString file = "arcdata1";
-        Desk desk;
-        desk.pendant.openSubPage("Process Setting"); // which reads the file
-        desk.other.open();
-        QTRY_VERIFY_WITH_TIMEOUT(desk.other.isUp(), patient);
-        const auto stored = [&] {
-            return desk.other.call({Kind::Get, set, file, {}}, patient).value.toMap();
-        };
-        QVariantMap theirs = stored();
-        theirs["current"] = 111.0;
-        QCOMPARE(desk.other.call({Kind::Set, set, file, theirs}, patient).code, 0);
-        auto *current = desk.pendant.find<QDoubleSpinBox>("sbxWeldCurrent");
-        current->setValue(222);
-        const QString told = "arcdata1: \"current\" was changed elsewhere to 111";
-        QTRY_VERIFY_WITH_TIMEOUT(desk.messages().contains(told), patient);
-        QCOMPARE(current->value(), 222.0);
-        QCOMPARE(stored()["current"].toDouble(), 111.0);
-        desk.pendant.click("btnWeldingSave");
-        QTRY_COMPARE_WITH_TIMEOUT(stored()["current"].toDouble(), 222.0, patient);
     }
     void theWindowLivesOnWhileTheCellIsSilent()
     {
         QSemaphore silence;
-        Desk desk;
+        Fixture ui;
         const QSemaphoreReleaser end(silence); // or else the cell would never go
-        desk.pendant.openSubPage("Process Setting");
+        ui.pendant.openSubPage("Process Setting");
         QMetaObject::invokeMethod(
-            desk.cell.service(), [&silence] { silence.acquire(); }, Qt::QueuedConnection);
-        QTRY_VERIFY_WITH_TIMEOUT(!desk.pendant.host()->service()->isConnected(), patient);
-        desk.pendant.click("btnWeldingSave");
-        QVERIFY(desk.messages().startsWith("tessa is not connected|"));
-        desk.pendant.open("home");
-        QVERIFY(desk.pendant.window()->close());
-        desk.pendant.app().stop();
+            ui.cell.service(), [&silence] { silence.acquire(); }, Qt::QueuedConnection);
+        QTRY_VERIFY_WITH_TIMEOUT(!ui.pendant.host()->service()->isConnected(), patient);
+        ui.pendant.click("btnWeldingSave");
+        QVERIFY(ui.messages().startsWith("tessa is not connected|"));
+        ui.pendant.open("home");
+        QVERIFY(ui.pendant.window()->close());
+        ui.pendant.app().stop();
     }
 };
 

@@ -1,11 +1,11 @@
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 #include <functional>
 
 #include "pendant/program/programdocument.h"
+#include "support/datarows.h"
 #include "support/files.h"
-#include "support/rows.h"
 
+using namespace testsupport;
 using welmo::pendant::ProgramDocument;
 using Act = std::function<void(ProgramDocument &)>;
 
@@ -21,35 +21,36 @@ class TestProgramDocument : public QObject
 {
     Q_OBJECT
 private slots:
+    void edits_data()
+    {
+        addRows<Act, QByteArray>(
+            {{"replace", [](auto &d) { d.setLine(1, "a\nb"); },
+              "\xEF\xBB\xBFMoveJ p1\r\na b\n\r\nArcOff \"arcoffdata1\""},
+             {"remove", [](auto &d) { d.removeLine(1); },
+              "\xEF\xBB\xBFMoveJ p1\r\n\r\nArcOff \"arcoffdata1\""},
+             {"move down", [](auto &d) { d.moveLine(1, 3); },
+              "\xEF\xBB\xBFMoveJ p1\r\n\r\nArcOff \"arcoffdata1\"\r\n\xC4 raw"}});
+    }
     void edits()
     {
-        const testsupport::Rows<Act, QByteArray> rows{
-            {"replace", [](auto &d) { d.setLine(1, "a\nb"); },
-             "\xEF\xBB\xBFMoveJ p1\r\na b\n\r\nArcOff \"arcoffdata1\""},
-            {"remove", [](auto &d) { d.removeLine(1); },
-             "\xEF\xBB\xBFMoveJ p1\r\n\r\nArcOff \"arcoffdata1\""},
-            {"move down", [](auto &d) { d.moveLine(1, 3); },
-             "\xEF\xBB\xBFMoveJ p1\r\n\r\nArcOff \"arcoffdata1\"\r\n\xC4 raw"},
-        };
-        for (const auto &[name, act, after] : rows) {
-            const QTemporaryDir folder;
-            const QString file = folder.filePath("a.tl");
-            testsupport::writeFile(file, program);
-            ProgramDocument document;
-            QString problem;
-            QVERIFY2(document.open(file, &problem), qPrintable(problem));
-            const QStringList before = document.text().lines();
-            act(document);
-            QVERIFY(document.isModified());
-            QVERIFY(document.save(file, &problem));
-            QVERIFY(!document.isModified());
-            QCOMPARE(testsupport::contentOf(file), after);
-            document.undoStack()->undo();
-            QVERIFY(document.isModified());
-            QCOMPARE(document.text().lines(), before);
-            QVERIFY(document.save(file, &problem));
-            QCOMPARE(testsupport::contentOf(file), program);
-        }
+        const auto &[name, act, after] = currentRow<Act, QByteArray>();
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("a.tl");
+        writeFile(file, program);
+        ProgramDocument document;
+        QString problem;
+        QVERIFY2(document.open(file, &problem), qPrintable(problem));
+        const QStringList before = document.text().lines();
+        act(document);
+        QVERIFY(document.isModified());
+        QVERIFY(document.save(file, &problem));
+        QVERIFY(!document.isModified());
+        QCOMPARE(contentOf(file), after);
+        document.undoStack()->undo();
+        QVERIFY(document.isModified());
+        QCOMPARE(document.text().lines(), before);
+        QVERIFY(document.save(file, &problem));
+        QCOMPARE(contentOf(file), program);
     }
     void whatCannotBeRead()
     {

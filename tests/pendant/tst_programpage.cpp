@@ -1,15 +1,11 @@
-#include <QDir>
-#include <QLabel>
 #include <QListView>
-#include <QPushButton>
-#include <QTest>
+#include <QtTest>
 
 #include "support/files.h"
 #include "support/programtouch.h"
 #include "support/testpendant.h"
 
-using testsupport::ProgramTouch;
-using testsupport::TestPendant;
+using namespace testsupport;
 
 namespace {
 
@@ -194,11 +190,11 @@ private:
     void keep(const QString &name, const QByteArray &bytes)
     {
         QVERIFY(QDir(m_pendant->dataFolder()).mkpath("programs"));
-        testsupport::writeFile(m_pendant->dataFolder() + "/programs/" + name, bytes);
+        writeFile(m_pendant->dataFolder() + "/programs/" + name, bytes);
     }
     QByteArray kept(const QString &name)
     {
-        return testsupport::contentOf(m_pendant->dataFolder() + "/programs/" + name);
+        return contentOf(m_pendant->dataFolder() + "/programs/" + name);
     }
 
     std::unique_ptr<TestPendant> m_pendant;

@@ -1,63 +1,60 @@
-#include <QDir>
-#include <QLabel>
-#include <QTest>
+#include <QtTest>
 
 #include "pando/frame.h"
 #include "pendant/window/messageline.h"
+#include "support/datarows.h"
 #include "support/files.h"
-#include "support/rows.h"
 #include "support/testpendant.h"
 #include "vu/xtheme.h"
 
-using testsupport::Rows;
-using testsupport::Setup;
-using testsupport::TestPendant;
+using namespace testsupport;
 
 class TestStartProblems : public QObject
 {
     Q_OBJECT
 private slots:
-    void badFileIsToldAndKept()
+    void badFileIsToldAndKept_data()
     {
         const QByteArray garbage = "{ this is neither a store nor JSON";
-        const Rows<QString, QByteArray, bool> rows{
-            {"preferences", "pendant.json", garbage, true},
-            {"module's tree", "welmo.json", garbage, true},
-            {"theme", "theme.json", garbage, true},
-            {"theme without colours", "theme.json", QByteArray(R"({"name": "x"})"), true},
-            {"controller's store", "controller.db", garbage, false},
-        };
-        for (const auto &[name, file, content, connects] : rows) {
-            const QTemporaryDir folder;
-            const QString path = folder.filePath(file);
-            testsupport::writeFile(path, content);
+        addRows<QString, QByteArray, bool>(
+            {{"preferences", "pendant.json", garbage, true},
+             {"module's tree", "welmo.json", garbage, true},
+             {"theme", "theme.json", garbage, true},
+             {"theme without colours", "theme.json", QByteArray(R"({"name": "x"})"), true},
+             {"controller's store", "controller.db", garbage, false}});
+    }
+    void badFileIsToldAndKept()
+    {
+        const auto &[name, file, content, connects] = currentRow<QString, QByteArray, bool>();
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(file);
+        writeFile(path, content);
 
-            Setup setup;
-            setup.dataFolder = folder.path();
-            setup.keepFiles = true;
-            setup.connects = connects;
-            if (file == "theme.json")
-                setup.theme = path;
-            TestPendant pendant(setup);
-            const auto *line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
-            QTRY_VERIFY2(line->text().startsWith(path), qPrintable(line->text()));
-            const auto *problems = pendant.find<QLabel>("lblProblems");
-            QVERIFY(problems->isVisible());
-            QVERIFY2(problems->text().contains(path), qPrintable(problems->text()));
-            QVERIFY(vu::xtheme::current().color("text").isValid()); // it can be read as well
-            if (file == "pendant.json") { // nor does a later choice replace it
-                pendant.changeDisplay("cbxTheme", "dark");
-                QVERIFY(pendant.lastMessage().contains(path));
-            }
-            pendant.app().stop();
-            QCOMPARE(testsupport::contentOf(path), content);
+        Setup setup;
+        setup.dataFolder = folder.path();
+        setup.keepFiles = true;
+        setup.connects = connects;
+        if (file == "theme.json")
+            setup.theme = path;
+        TestPendant pendant(setup);
+        const auto *line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
+        QTRY_VERIFY2(line->text().startsWith(path), qPrintable(line->text()));
+        const auto *problems = pendant.find<QLabel>("lblProblems");
+        QVERIFY(problems->isVisible());
+        QVERIFY2(problems->text().contains(path), qPrintable(problems->text()));
+        QVERIFY(vu::xtheme::current().color("text").isValid()); // it can be read as well
+        if (file == "pendant.json") { // nor does a later choice replace it
+            pendant.changeDisplay("cbxTheme", "dark");
+            QVERIFY(pendant.lastMessage().contains(path));
         }
+        pendant.app().stop();
+        QCOMPARE(contentOf(path), content);
     }
     // A file where the folder should be: not even the superuser can make a folder there.
     void folderCannotBeWritten()
     {
         const QTemporaryDir folder;
-        testsupport::writeFile(folder.filePath("data"), "a file");
+        writeFile(folder.filePath("data"), "a file");
         Setup setup;
         setup.dataFolder = folder.filePath("data/below");
         setup.keepFiles = true;
@@ -65,24 +62,24 @@ private slots:
         TestPendant pendant(setup);
         QTRY_VERIFY(pendant.lastMessage().contains(setup.dataFolder));
         QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(setup.dataFolder));
-        QCOMPARE(testsupport::contentOf(folder.filePath("data")), QByteArray("a file"));
+        QCOMPARE(contentOf(folder.filePath("data")), QByteArray("a file"));
+    }
+    void packageCannotBeUsed_data()
+    {
+        addRows<QString, QString>({{"missing", "/nowhere/lib.so", "there is no such file"},
+                                   {"not a library", NO_LIBRARY, "invalid ELF header"},
+                                   {"not a module", QString(NO_MODULE), "is not a module"}});
     }
     void packageCannotBeUsed()
     {
-        const Rows<QString, QString> rows{
-            {"missing", "/nowhere/lib.so", "there is no such file"},
-            {"not a library", NO_LIBRARY, "invalid ELF header"},
-            {"not a module", QString(NO_MODULE), "is not a module"},
-        };
-        for (const auto &[name, path, reason] : rows) {
-            Setup setup;
-            setup.modulePath = path;
-            TestPendant pendant(setup);
-            QCOMPARE(pando::frame().center->currentKey(), "pendant.plugin_error");
-            QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(reason));
-            QCOMPARE(pendant.find<QLabel>("lblPluginPath")->text(), path);
-            QVERIFY(pendant.find<QLabel>("lblPluginReason")->text().contains(reason));
-        }
+        const auto &[name, path, reason] = currentRow<QString, QString>();
+        Setup setup;
+        setup.modulePath = path;
+        TestPendant pendant(setup);
+        QCOMPARE(pando::frame().center->currentKey(), "pendant.plugin_error");
+        QVERIFY(pendant.find<QLabel>("lblProblems")->text().contains(reason));
+        QCOMPARE(pendant.find<QLabel>("lblPluginPath")->text(), path);
+        QVERIFY(pendant.find<QLabel>("lblPluginReason")->text().contains(reason));
     }
 };
 

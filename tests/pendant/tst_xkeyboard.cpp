@@ -1,38 +1,26 @@
-#include <QDoubleSpinBox>
-#include <QLineEdit>
-#include <QTest>
 #include <QX11Info>
+#include <QtTest>
 #include <clocale>
 #include <fcntl.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
 
 #include "pendant/input/viewerproofs.h"
+#include "support/datarows.h"
 #include "support/locale.h"
-#include "support/rows.h"
 #include "support/testpendant.h"
 #include "support/xserver.h"
 
-using testsupport::Rows;
-using testsupport::XServer;
-using Event = welmo::controller::Journal::Event;
+using namespace testsupport;
 
 namespace {
 
-// As for every test of what a hand does: to this controller no beat is late.
-testsupport::Setup withoutTime()
-{
-    testsupport::Setup setup;
-    setup.clock = [] { return 1000; };
-    return setup;
-}
-
 /// A pendant whose keys work, on an X server with a keyboard.
-struct Desk
+struct Fixture
 {
-    testsupport::TestPendant pendant{withoutTime()};
+    TestPendant pendant{withoutTime()};
 
-    Desk()
+    Fixture()
     {
         pendant.open("arcweldpackage");
         pendant.click("btn_connectSwitch");
@@ -45,16 +33,7 @@ struct Desk
     }
     void down(const QString &name) { key("keydown", {name}); }
     void up(const QString &name) { key("keyup", {name}); }
-    /// What the wire did, by the controller's journal: a letter for each start and stop.
-    QString wire()
-    {
-        QString all;
-        for (const auto &entry : pendant.journal().entries()) {
-            if (entry.event == Event::WireFeeds || entry.event == Event::WireStops)
-                all += entry.event == Event::WireFeeds ? 'F' : '.';
-        }
-        return all;
-    }
+    QString wire() const { return pendant.wire(); }
 };
 
 const QString f1 = "67"; // its scan code
@@ -90,56 +69,55 @@ class TestXKeyboard : public QObject
     Q_OBJECT
 private slots:
     void initTestCase() { QVERIFY(XServer::run("setxkbmap", {"us"})); }
+    void aHoldEnds_data()
+    {
+        addRows<std::function<void(Fixture &)>>(
+            {{"let go", [](Fixture &ui) { ui.up("F1"); }},
+             {"let go as another symbol",
+              [](Fixture &ui) {
+                  ui.key("keydown", {"ctrl", "alt"});
+                  ui.up("F1");
+                  ui.key("keyup", {"alt", "ctrl"});
+              }},
+             {"a modifier", [](Fixture &ui) { ui.down("shift"); }},
+             {"another layout", [](Fixture &) { QVERIFY(XServer::run("setxkbmap", {"de"})); }},
+             {"a key without meaning", [](Fixture &) { unmapF1(); }},
+             {"the keyboard grabbed", [](Fixture &ui) {
+                  const Grab grab;
+                  QTRY_COMPARE(ui.wire(), "F.");
+              }}});
+    }
     void aHoldEnds()
     {
-        const Rows<std::function<void(Desk &)>> rows{
-            {"let go", [](Desk &desk) { desk.up("F1"); }},
-            {"let go as another symbol",
-             [](Desk &desk) {
-                 desk.key("keydown", {"ctrl", "alt"});
-                 desk.up("F1");
-                 desk.key("keyup", {"alt", "ctrl"});
-             }},
-            {"a modifier", [](Desk &desk) { desk.down("shift"); }},
-            {"another layout", [](Desk &) { QVERIFY(XServer::run("setxkbmap", {"de"})); }},
-            {"a key without meaning", [](Desk &) { unmapF1(); }},
-            {"the keyboard grabbed",
-             [](Desk &desk) {
-                 const Grab grab;
-                 QTRY_COMPARE(desk.wire(), "F.");
-             }},
-        };
-        for (const auto &[name, end] : rows) {
-            Desk desk;
-            desk.down("F1");
-            QTRY_COMPARE(desk.wire(), "F");
-            end(desk);
-            QTRY_COMPARE(desk.wire(), "F.");
-            desk.key("keyup", {f1, "shift"}); // by its place: its meaning may be gone
-            QVERIFY(XServer::run("setxkbmap", {"us"}));
-            desk.key("key", {"F1"});
-            QTRY_COMPARE(desk.wire(), "F.F.");
-        }
+        const auto &[name, end] = currentRow<std::function<void(Fixture &)>>();
+        Fixture ui;
+        ui.down("F1");
+        QTRY_COMPARE(ui.wire(), "F");
+        end(ui);
+        QTRY_COMPARE(ui.wire(), "F.");
+        ui.key("keyup", {f1, "shift"}); // by its place: its meaning may be gone
+        QVERIFY(XServer::run("setxkbmap", {"us"}));
+        ui.key("key", {"F1"});
+        QTRY_COMPARE(ui.wire(), "F.F.");
     }
     void numbersHaveOneSign()
     {
         const QByteArray locale = qgetenv("LC_ALL");
         if (!std::setlocale(LC_ALL, locale))
             QSKIP("this machine cannot have " + locale);
-        const Rows<double> rows{
-            {"12,5", 12.5}, {"7.2", 7.2}, {"2,7", 2.7}, {"1500", 2.7}, {"1,5", 1.5}};
-        Desk desk;
-        desk.pendant.openSubPage("Process Setting");
-        auto *box = desk.pendant.find<QDoubleSpinBox>("sbxArconVoltage");
-        for (const auto &[typed, value] : rows) {
-            testsupport::finger::touch(box->findChild<QLineEdit *>());
+        Fixture ui;
+        ui.pendant.openSubPage("Process Setting");
+        auto *box = ui.pendant.find<QDoubleSpinBox>("sbxArconVoltage");
+        for (const auto &[typed, value] :
+             {std::pair{"12,5", 12.5}, {"7.2", 7.2}, {"2,7", 2.7}, {"1500", 2.7}, {"1,5", 1.5}}) {
+            finger::touch(box->findChild<QLineEdit *>());
             QVERIFY(XServer::tool({"type", "--delay", "0", typed}));
-            desk.key("key", {"Return"});
+            ui.key("key", {"Return"});
             QTRY_COMPARE(box->value(), value);
             QTRY_COMPARE(box->cleanText(), QString::number(value, 'f', box->decimals()));
         }
-        QVERIFY2(desk.pendant.lastMessage().startsWith("error: 1500 is out of range: 0 to "),
-                 qPrintable(desk.pendant.lastMessage()));
+        QVERIFY2(ui.pendant.lastMessage().startsWith("error: 1500 is out of range: 0 to "),
+                 qPrintable(ui.pendant.lastMessage()));
     }
     // The program that carries a viewer's hand to this window stands still.
     void aHangingRelayHoldsNothing()
@@ -150,43 +128,43 @@ private slots:
         QTimer proofs;
         connect(&proofs, &QTimer::timeout, [&] { QCOMPARE(write(ends[1], ".", 1), ssize_t(1)); });
         proofs.start(50);
-        Desk desk;
+        Fixture ui;
         qunsetenv(welmo::pendant::ViewerProofs::variable);
-        desk.down("F1");
-        QTRY_COMPARE(desk.wire(), "F");
+        ui.down("F1");
+        QTRY_COMPARE(ui.wire(), "F");
         proofs.stop();
-        QTRY_COMPARE(desk.wire(), "F.");
-        desk.up("F1");
+        QTRY_COMPARE(ui.wire(), "F.");
+        ui.up("F1");
         proofs.start();
         QTRY_VERIFY([&] {
-            desk.key("key", {"F1"});
-            return desk.wire() == "F.F.";
+            ui.key("key", {"F1"});
+            return ui.wire() == "F.F.";
         }());
         close(ends[0]);
         close(ends[1]);
     }
     void aPressWithAModifierIsNone()
     {
-        Desk desk;
+        Fixture ui;
         for (const char *modifier : {"ctrl", "alt", "shift", "super"}) {
-            desk.down(modifier);
-            desk.down("F1");
-            desk.up(modifier); // F1 stays, and may repeat
-            desk.up("F1");
+            ui.down(modifier);
+            ui.down("F1");
+            ui.up(modifier); // F1 stays, and may repeat
+            ui.up("F1");
         }
-        desk.key("key", {"F1"});
-        QTRY_COMPARE(desk.wire(), "F.");
+        ui.key("key", {"F1"});
+        QTRY_COMPARE(ui.wire(), "F.");
     }
 };
 
 int main(int argc, char *argv[])
 {
-    const testsupport::XServer server;
+    const XServer server;
     if (!server.isUp()) {
         qCritical("Xvfb does not start");
         return 1;
     }
-    const testsupport::Locale locale;
+    const Locale locale;
     QApplication app(argc, argv);
     TestXKeyboard test;
     return QTest::qExec(&test, argc, argv);

@@ -1,28 +1,18 @@
-#include <QComboBox>
 #include <QtTest>
 
 #include "settings/devicessettingpage.h"
+#include "support/datarows.h"
 #include "support/formhost.h"
-#include "support/rows.h"
 #include "vu/switchbutton.h"
 
-using testsupport::child;
-using testsupport::FormHost;
+using namespace testsupport;
 
 namespace {
 
 const QString setWelder = QStringLiteral("do arc_weld.set_welder set_device_param");
 const QString readSetting = QStringLiteral("get arc_weld.welder_setting");
 
-QString items(const QComboBox *combo)
-{
-    QStringList texts;
-    for (int i = 0; i < combo->count(); ++i)
-        texts.append(combo->itemText(i));
-    return texts.join(' ');
-}
-
-struct Desk
+struct Fixture
 {
     FormHost host;
     DevicesSettingPage page{host.window(), host.window()};
@@ -31,7 +21,7 @@ struct Desk
     QComboBox *type = child<QComboBox>(page.wgt(), "cbx_type");
     QComboBox *current = child<QComboBox>(page.wgt(), "cbx_current");
 
-    Desk()
+    Fixture()
     {
         page.initPage();
         host.takeMessages();
@@ -55,32 +45,32 @@ class tst_DevicesPage : public QObject
 private slots:
     void eachListFollowsTheChoicesBefore()
     {
-        Desk desk;
-        desk.leaf("welder_sertting.Ethercat")->setList(this, "Other.X1", {100, 200});
-        desk.page.onProtocolSelectChanged(0);
-        QCOMPARE(items(desk.type), "RL/RPL RP/RPH");
-        desk.current->setCurrentIndex(2);
-        desk.type->setCurrentIndex(1);
-        QCOMPARE(items(desk.current), "350A 500A 630A 800A");
-        QCOMPARE(desk.current->currentText(), "350A");
-        child<QComboBox>(desk.page.wgt(), "cbx_brand")->setCurrentText("Other");
-        QCOMPARE(items(desk.type) + ' ' + items(desk.current), "X1 100A 200A");
+        Fixture ui;
+        ui.leaf("welder_sertting.Ethercat")->setList(this, "Other.X1", {100, 200});
+        ui.page.onProtocolSelectChanged(0);
+        QCOMPARE(itemsOf(ui.type), "RL/RPL|RP/RPH");
+        ui.current->setCurrentIndex(2);
+        ui.type->setCurrentIndex(1);
+        QCOMPARE(itemsOf(ui.current), "350A|500A|630A|800A");
+        QCOMPARE(ui.current->currentText(), "350A");
+        child<QComboBox>(ui.page.wgt(), "cbx_brand")->setCurrentText("Other");
+        QCOMPARE(itemsOf(ui.type) + ' ' + itemsOf(ui.current), "X1 100A|200A");
         // A protocol without an entry: looking it up makes none.
-        auto *protocol = child<QComboBox>(desk.page.wgt(), "cbx_protocol");
+        auto *protocol = child<QComboBox>(ui.page.wgt(), "cbx_protocol");
         protocol->addItem("RS485", "RS485");
         protocol->setCurrentIndex(1);
-        QCOMPARE(items(child<QComboBox>(desk.page.wgt(), "cbx_brand")) + items(desk.type)
-                     + items(desk.current),
+        QCOMPARE(itemsOf(child<QComboBox>(ui.page.wgt(), "cbx_brand")) + itemsOf(ui.type)
+                     + itemsOf(ui.current),
                  QString());
-        QCOMPARE(desk.leaf("welder_sertting")->cmobjNames(), QStringList("Ethercat"));
-        QCOMPARE(desk.host.takeRequests() + desk.host.takeMessages(), QStringList());
+        QCOMPARE(ui.leaf("welder_sertting")->cmobjNames(), QStringList("Ethercat"));
+        QCOMPARE(ui.host.takeRequests() + ui.host.takeMessages(), QStringList());
     }
     // Another pendant switches welding on and off, and chooses another type.
     void whatAnotherPendantChoseIsShown()
     {
-        Desk desk;
-        const auto theyChoose = [&desk](bool on, const char *type) {
-            QVariantMap setting = desk.host.stored("arc_weld.welder_setting").toMap();
+        Fixture ui;
+        const auto theyChoose = [&ui](bool on, const char *type) {
+            QVariantMap setting = ui.host.stored("arc_weld.welder_setting").toMap();
             setting["enable"] = on;
             setting["model"] = type;
             kelp::ModuleObject payload("set_device_param");
@@ -88,133 +78,131 @@ private slots:
             xservice()->execCommand(nullptr, "arc_weld.set_welder", &payload);
         };
         theyChoose(true, "RP/RPH");
-        QTRY_VERIFY(desk.enable->isChecked());
-        QCOMPARE(desk.type->currentText(), "RP/RPH");
-        QVERIFY(desk.leaf("enable")->getBool() && !desk.canChoose());
+        QTRY_VERIFY(ui.enable->isChecked());
+        QCOMPARE(ui.type->currentText(), "RP/RPH");
+        QVERIFY(ui.leaf("enable")->getBool() && !ui.canChoose());
         theyChoose(false, "RP/RPH");
-        QTRY_VERIFY(desk.canChoose());
-        desk.current->setCurrentIndex(3); // is being chosen here
+        QTRY_VERIFY(ui.canChoose());
+        ui.current->setCurrentIndex(3); // is being chosen here
         theyChoose(true, "RL/RPL");
-        QTRY_VERIFY(desk.enable->isChecked());
-        QCOMPARE(desk.type->currentText() + desk.current->currentText(), "RP/RPH800A");
+        QTRY_VERIFY(ui.enable->isChecked());
+        QCOMPARE(ui.type->currentText() + ui.current->currentText(), "RP/RPH800A");
     }
     void enablingSendsTheChoices()
     {
-        Desk desk;
-        desk.type->setCurrentIndex(1);
-        desk.current->setCurrentText("630A");
-        QCOMPARE(desk.leaf("device_param.current_type")->getInt(), 350); // until it is stored
-        desk.enable->setChecked(true);
+        Fixture ui;
+        ui.type->setCurrentIndex(1);
+        ui.current->setCurrentText("630A");
+        QCOMPARE(ui.leaf("device_param.current_type")->getInt(), 350); // until it is stored
+        ui.enable->setChecked(true);
         const QVariantMap sent{{"enable", true},         {"connect_to_welder", false},
                                {"protocol", "Ethercat"}, {"mfr", "Aotai"},
                                {"model", "RP/RPH"},      {"current_type", 630}};
-        QCOMPARE(desk.host.link()->lastPayload.toMap(), sent);
-        QCOMPARE(desk.host.stored("arc_weld.welder_setting").toMap(), sent);
-        QVERIFY(desk.leaf("enable")->getBool() && !desk.canChoose());
-        desk.enable->setChecked(false);
-        QVERIFY(!desk.leaf("enable")->getBool() && desk.canChoose());
+        QCOMPARE(ui.host.link()->lastPayload.toMap(), sent);
+        QCOMPARE(ui.host.stored("arc_weld.welder_setting").toMap(), sent);
+        QVERIFY(ui.leaf("enable")->getBool() && !ui.canChoose());
+        ui.enable->setChecked(false);
+        QVERIFY(!ui.leaf("enable")->getBool() && ui.canChoose());
         for (const bool on : {true, false})
-            desk.connect->setChecked(on);
-        QCOMPARE(desk.host.takeRequests(),
-                 QStringList({setWelder, setWelder, setWelder, setWelder}));
-        QCOMPARE(desk.host.takeMessages().join('|'),
+            ui.connect->setChecked(on);
+        QCOMPARE(ui.host.takeRequests(), QStringList({setWelder, setWelder, setWelder, setWelder}));
+        QCOMPARE(ui.host.takeMessages().join('|'),
                  "info: enable device success [setting]|"
                  "info: disable device success [setting]|"
                  "info: connect the actual weldMachinesuccess [setting]|"
                  "info: don't connect the actual weldMachinesuccess [setting]");
     }
+    void whatIsNotAcceptedIsPutBack_data()
+    {
+        addRows<bool, bool, QString>(
+            {{"enable", true, true, "enable device error"},
+             {"disable", true, false, "disable device error"},
+             {"connect", false, true, "connect the actual weldMachinefail"},
+             {"don't connect", false, false, "don't connect the actual weldMachinefail"}});
+    }
     void whatIsNotAcceptedIsPutBack()
     {
-        const QString connect = "connect the actual weldMachinefail";
-        const testsupport::Rows<bool, bool, QString> rows{
-            {"enable", true, true, "enable device error"},
-            {"disable", true, false, "disable device error"},
-            {"connect", false, true, connect},
-            {"don't connect", false, false, "don't " + connect},
-        };
-        for (const auto &[name, enabling, on, message] : rows) {
-            for (const auto failure : {FormHost::LinkDown, FormHost::Refused}) {
-                const bool asked = failure != FormHost::LinkDown;
-                Desk desk;
-                EnableButton *button = enabling ? desk.enable : desk.connect;
-                if (!on)
-                    button->setChecked(true);
-                desk.host.takeMessages();
-                desk.host.takeRequests();
-                desk.host.spoil(failure, setWelder);
-                QSignalSpy signalled(button, &EnableButton::enabled);
-                button->setChecked(on);
-                QCOMPARE(desk.host.takeMessages().join('|'),
-                         "error: " + (asked ? message + " [setting]" : "tessa not connected []"));
-                QCOMPARE(desk.host.takeRequests().join('|'), asked ? setWelder : QString());
-                QCOMPARE(button->isChecked(), !on);
-                QCOMPARE(signalled.size(), 1); // not for the way back
-                const char *key = enabling ? "enable" : "device_param.connect_to_welder";
-                QCOMPARE(desk.leaf(key)->getBool(), !on);
-                QCOMPARE(desk.canChoose(), !desk.enable->isChecked());
-            }
+        const auto &[name, enabling, on, message] = currentRow<bool, bool, QString>();
+        for (const bool asked : {false, true}) {
+            Fixture ui;
+            EnableButton *button = enabling ? ui.enable : ui.connect;
+            if (!on)
+                button->setChecked(true);
+            ui.host.takeMessages();
+            ui.host.takeRequests();
+            ui.host.spoil(asked ? FormHost::Refused : FormHost::LinkDown, setWelder);
+            QSignalSpy signalled(button, &EnableButton::enabled);
+            button->setChecked(on);
+            QCOMPARE(ui.host.takeMessages().join('|'),
+                     "error: " + (asked ? message + " [setting]" : "tessa not connected []"));
+            QCOMPARE(ui.host.takeRequests().join('|'), asked ? setWelder : QString());
+            QCOMPARE(button->isChecked(), !on);
+            QCOMPARE(signalled.size(), 1); // not for the way back
+            const char *key = enabling ? "enable" : "device_param.connect_to_welder";
+            QCOMPARE(ui.leaf(key)->getBool(), !on);
+            QCOMPARE(ui.canChoose(), !ui.enable->isChecked());
         }
     }
     // Only the switch: a late "ok" must not let the handle keys loose after a quick off.
     void theWeldersStateMovesTheSwitch()
     {
-        Desk desk;
+        Fixture ui;
         const QString node = QStringLiteral("arc_weld.welder_state");
         xservice()->watch(this, node, true); // the arc-weld page does, for all
-        desk.host.takeRequests();
+        ui.host.takeRequests();
         for (const auto &[state, on] :
              {std::pair{"ok", true}, {"error", true}, {"disabled", false}, {"error", false}}) {
-            desk.host.notify(node, QVariantMap{{"state", state}});
-            QCOMPARE(desk.enable->isChecked(), on);
-            QVERIFY(!desk.leaf("enable")->getBool() && desk.canChoose());
+            ui.host.notify(node, QVariantMap{{"state", state}});
+            QCOMPARE(ui.enable->isChecked(), on);
+            QVERIFY(!ui.leaf("enable")->getBool() && ui.canChoose());
         }
-        QCOMPARE(desk.host.takeRequests() + desk.host.takeMessages(), QStringList());
+        QCOMPARE(ui.host.takeRequests() + ui.host.takeMessages(), QStringList());
     }
     void thePageShowsTheControllersSetting()
     {
-        Desk desk;
-        desk.host.link()->answers[readSetting] = QVariantMap{{"enable", true},
-                                                             {"protocol", "Ethercat"},
-                                                             {"mfr", "Aotai"},
-                                                             {"model", "RP/RPH"},
-                                                             {"current_type", 800}};
+        Fixture ui;
+        ui.host.link()->answers[readSetting] = QVariantMap{{"enable", true},
+                                                           {"protocol", "Ethercat"},
+                                                           {"mfr", "Aotai"},
+                                                           {"model", "RP/RPH"},
+                                                           {"current_type", 800}};
         for (const bool isReadable : {true, false}) { // else it stays as it was
             if (!isReadable) {
-                desk.host.link()->answers.clear();
-                desk.host.spoil(FormHost::Refused, readSetting);
+                ui.host.link()->answers.clear();
+                ui.host.spoil(FormHost::Refused, readSetting);
             }
-            desk.page.initPage();
-            QCOMPARE(desk.host.takeRequests(), QStringList(readSetting));
-            QCOMPARE(desk.type->currentText() + ' ' + desk.current->currentText(), "RP/RPH 800A");
-            QVERIFY(desk.enable->isChecked() && !desk.canChoose());
-            QCOMPARE(desk.leaf("device_param.current_type")->value(), QVariant(800));
+            ui.page.initPage();
+            QCOMPARE(ui.host.takeRequests(), QStringList(readSetting));
+            QCOMPARE(ui.type->currentText() + ' ' + ui.current->currentText(), "RP/RPH 800A");
+            QVERIFY(ui.enable->isChecked() && !ui.canChoose());
+            QCOMPARE(ui.leaf("device_param.current_type")->value(), QVariant(800));
         }
     }
     // The machine that another pendant connected stays connected when welding is enabled here.
     void whatAnotherPendantConnectedStaysConnected()
     {
-        Desk desk;
-        QVariantMap theirs = desk.host.stored("arc_weld.welder_setting").toMap();
+        Fixture ui;
+        QVariantMap theirs = ui.host.stored("arc_weld.welder_setting").toMap();
         theirs["connect_to_welder"] = true;
         theirs["mfr"] = "unheard of";
         theirs["current_type"] = 444;
-        desk.host.link()->answers[readSetting] = theirs;
-        desk.current->setCurrentIndex(2);
-        desk.page.initPage();
-        QVERIFY(desk.connect->isChecked());
-        QCOMPARE(desk.current->currentText(), "350A"); // the first, for one that is not offered
-        desk.enable->setChecked(true);
-        const QVariantMap sent = desk.host.link()->lastPayload.toMap();
+        ui.host.link()->answers[readSetting] = theirs;
+        ui.current->setCurrentIndex(2);
+        ui.page.initPage();
+        QVERIFY(ui.connect->isChecked());
+        QCOMPARE(ui.current->currentText(), "350A"); // the first, for one that is not offered
+        ui.enable->setChecked(true);
+        const QVariantMap sent = ui.host.link()->lastPayload.toMap();
         QVERIFY(sent["connect_to_welder"].toBool());
         QCOMPARE(sent["mfr"].toString(), "Aotai");
     }
     // Some hosts load the module when the link is up already.
     void aPageBuiltLateShowsItAsWell()
     {
-        Desk desk;
-        desk.host.link()->answers[readSetting] = QVariantMap{{"enable", true}};
-        QVERIFY(!desk.leaf("enable")->getBool());
-        const DevicesSettingPage late(desk.host.window(), desk.host.window());
+        Fixture ui;
+        ui.host.link()->answers[readSetting] = QVariantMap{{"enable", true}};
+        QVERIFY(!ui.leaf("enable")->getBool());
+        const DevicesSettingPage late(ui.host.window(), ui.host.window());
         QVERIFY(!child(late.wgt(), "cbx_type")->isEnabled());
     }
 };

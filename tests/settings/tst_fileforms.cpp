@@ -1,19 +1,13 @@
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QtTest>
 
 #include "settings/processsettingspage.h"
 #include "settings/segparameterpage.h"
 #include "settings/segparameterwidget.h"
 #include "settings/weavefunctionpage.h"
+#include "support/datarows.h"
 #include "support/formhost.h"
-#include "support/rows.h"
 
-using testsupport::child;
-using testsupport::FormHost;
-using testsupport::Rows;
+using namespace testsupport;
 
 namespace {
 
@@ -34,7 +28,7 @@ struct Form
     QString changedWhileDown, savedWhileDown, failed; ///< said when the link is down, or no answer
 };
 
-const Rows<Form> forms{
+const std::vector<Row<Form>> forms{
     {"weld",
      Form{
          make<ProcessSettingsPage>, "weld_param", "arcdata", "cbx_weldingParamFileNumber",
@@ -57,13 +51,17 @@ const Rows<Form> forms{
 };
 
 /// A host, one form in it, and what an operator does with it.
-struct Desk
+struct Fixture
 {
     FormHost host;
     const Form &form;
     std::unique_ptr<BaseSubPage> page;
 
-    explicit Desk(const Form &form, FormHost::Link link = FormHost::Connected)
+    /// With the form of the row that is run.
+    explicit Fixture(FormHost::Link link = FormHost::Connected)
+        : Fixture(std::get<1>(currentRow<Form>()), link)
+    { }
+    explicit Fixture(const Form &form, FormHost::Link link = FormHost::Connected)
         : host(link)
         , form(form)
         , page(form.make(host))
@@ -116,210 +114,199 @@ class tst_FileForms : public QObject
     Q_OBJECT
 
 private slots:
+    void aMissingFileIsCreated_data() { addRows(forms); }
     void aMissingFileIsCreated()
     {
-        for (const auto &[name, form] : forms) {
-            Desk desk(form);
-            QCOMPARE(desk.combo()->itemText(39), desk.file(40));
-            QCOMPARE(desk.combo()->count(), 40);
-            desk.choose(3);
-            QCOMPARE(desk.outcome(), desk.request("get", 3) + "; " + desk.request("set", 3));
-            QVariantMap expected = desk.stored(1); // as the first file was created
-            expected["name"] = desk.file(3);
-            QCOMPARE(desk.stored(3), expected);
-            QVERIFY(expected.size() > 4);
-            desk.choose(1);
-            desk.choose(3);
-            QCOMPARE(desk.outcome(), desk.request("get", 1) + "; " + desk.request("get", 3));
-        }
+        Fixture ui;
+        QCOMPARE(ui.combo()->itemText(39), ui.file(40));
+        QCOMPARE(ui.combo()->count(), 40);
+        ui.choose(3);
+        QCOMPARE(ui.outcome(), ui.request("get", 3) + "; " + ui.request("set", 3));
+        QVariantMap expected = ui.stored(1); // as the first file was created
+        expected["name"] = ui.file(3);
+        QCOMPARE(ui.stored(3), expected);
+        QVERIFY(expected.size() > 4);
+        ui.choose(1);
+        ui.choose(3);
+        QCOMPARE(ui.outcome(), ui.request("get", 1) + "; " + ui.request("get", 3));
     }
+    void anotherPendantsFileIsReadEditedAndSaved_data() { addRows(forms); }
     void anotherPendantsFileIsReadEditedAndSaved()
     {
-        for (const auto &[name, form] : forms) {
-            Desk desk(form);
-            QVariantMap theirs = desk.stored(1);
-            theirs["name"] = desk.file(7);
-            theirs["annotation"] = "theirs";
-            theirs["of_a_newer_pendant"] = QVariantMap{{"kept", true}};
-            QCOMPARE(desk.host.store(desk.node(), desk.file(7), theirs), 0);
-            desk.choose(7);
-            QCOMPARE(desk.annotation()->text(), QString("theirs"));
-            desk.annotation()->setText("edited");
-            desk.press(form.cancel);
-            QCOMPARE(desk.annotation()->text(), QString("theirs"));
-            QCOMPARE(desk.outcome(), desk.request("get", 7));
+        Fixture ui;
+        QVariantMap theirs = ui.stored(1);
+        theirs["name"] = ui.file(7);
+        theirs["annotation"] = "theirs";
+        theirs["of_a_newer_pendant"] = QVariantMap{{"kept", true}};
+        QCOMPARE(ui.host.store(ui.node(), ui.file(7), theirs), 0);
+        ui.choose(7);
+        QCOMPARE(ui.annotation()->text(), QString("theirs"));
+        ui.annotation()->setText("edited");
+        ui.press(ui.form.cancel);
+        QCOMPARE(ui.annotation()->text(), QString("theirs"));
+        QCOMPARE(ui.outcome(), ui.request("get", 7));
 
-            desk.annotation()->setText("mine");
-            desk.press(form.save);
-            QCOMPARE(desk.outcome(),
-                     "info: save parameter succeed; " + desk.request("get", 7) + "; "
-                         + desk.request("set", 7));
-            theirs["annotation"] = "mine";
-            QCOMPARE(desk.stored(7), theirs);
-        }
+        ui.annotation()->setText("mine");
+        ui.press(ui.form.save);
+        QCOMPARE(ui.outcome(),
+                 "info: save parameter succeed; " + ui.request("get", 7) + "; "
+                     + ui.request("set", 7));
+        theirs["annotation"] = "mine";
+        QCOMPARE(ui.stored(7), theirs);
     }
+    void aFailureTouchesNothing_data() { addRows(forms); }
     void aFailureTouchesNothing()
     {
-        for (const auto &[name, form] : forms) {
-            for (const auto failure : {FormHost::NoAnswer, FormHost::Refused}) {
-                Desk desk(form);
-                const QVariantMap first = desk.stored(1);
-                desk.annotation()->setText("edited");
-                desk.host.spoil(failure, desk.request("set", 1));
-                desk.press(form.save);
-                QCOMPARE(desk.outcome(),
-                         form.failed + "; " + desk.request("get", 1) + "; "
-                             + desk.request("set", 1));
-                QVERIFY(desk.mend());
+        for (const auto failure : {FormHost::NoAnswer, FormHost::Refused}) {
+            Fixture ui;
+            const QVariantMap first = ui.stored(1);
+            ui.annotation()->setText("edited");
+            ui.host.spoil(failure, ui.request("set", 1));
+            ui.press(ui.form.save);
+            QCOMPARE(ui.outcome(),
+                     ui.form.failed + "; " + ui.request("get", 1) + "; " + ui.request("set", 1));
+            QVERIFY(ui.mend());
 
-                desk.host.spoil(failure, desk.request("get", 1));
-                if (auto *seg = desk.page->wgt()->findChild<SegParameterWidget *>())
-                    seg->initPage();
-                else
-                    desk.page->initPage();
-                const QString outcome = desk.outcome();
-                QVERIFY(outcome.contains("error: " + desk.file(1) + ": read parameter error"));
-                QVERIFY(!outcome.contains("set arc_weld"));
-                QVERIFY(desk.mend());
+            ui.host.spoil(failure, ui.request("get", 1));
+            if (auto *seg = ui.page->wgt()->findChild<SegParameterWidget *>())
+                seg->initPage();
+            else
+                ui.page->initPage();
+            const QString outcome = ui.outcome();
+            QVERIFY(outcome.contains("error: " + ui.file(1) + ": read parameter error"));
+            QVERIFY(!outcome.contains("set arc_weld"));
+            QVERIFY(ui.mend());
 
-                desk.host.spoil(failure, desk.request("get", 3));
-                desk.choose(3);
-                QCOMPARE(desk.outcome(),
-                         "error: " + desk.file(3) + ": read parameter error; "
-                             + desk.request("get", 3));
-                QCOMPARE(desk.annotation()->text(), "edited");
-                // What is shown is the first file; it must not become the third.
-                QVERIFY(!desk.annotation()->isEnabled() && !desk.hint()->isHidden());
-                QVERIFY(desk.mend()); // a link that comes up brings the third
-                const bool isReadNow = failure == FormHost::NoAnswer;
-                QTRY_COMPARE(desk.annotation()->text(), isReadNow ? "" : "edited");
-                QCOMPARE(desk.stored(3).isEmpty(), !isReadNow);
-                QCOMPARE(desk.stored(1), first);
-                desk.press(form.save);
-                QCOMPARE(desk.outcome().startsWith("error: " + desk.file(3) + " is not saved"),
-                         !isReadNow);
-                // Called as an operation, the form is written as it stands.
-                QCOMPARE(form.operation(*desk.page), 0);
-                QCOMPARE(desk.stored(3)["name"].toString(), desk.file(3));
-            }
+            ui.host.spoil(failure, ui.request("get", 3));
+            ui.choose(3);
+            QCOMPARE(ui.outcome(),
+                     "error: " + ui.file(3) + ": read parameter error; " + ui.request("get", 3));
+            QCOMPARE(ui.annotation()->text(), "edited");
+            // What is shown is the first file; it must not become the third.
+            QVERIFY(!ui.annotation()->isEnabled() && !ui.hint()->isHidden());
+            QVERIFY(ui.mend()); // a link that comes up brings the third
+            const bool isReadNow = failure == FormHost::NoAnswer;
+            QTRY_COMPARE(ui.annotation()->text(), isReadNow ? "" : "edited");
+            QCOMPARE(ui.stored(3).isEmpty(), !isReadNow);
+            QCOMPARE(ui.stored(1), first);
+            ui.press(ui.form.save);
+            QCOMPARE(ui.outcome().startsWith("error: " + ui.file(3) + " is not saved"), !isReadNow);
+            // Called as an operation, the form is written as it stands.
+            QCOMPARE(ui.form.operation(*ui.page), 0);
+            QCOMPARE(ui.stored(3)["name"].toString(), ui.file(3));
         }
     }
+    void aFileThatIsNotTakenIsNotShown_data() { addRows(forms); }
     void aFileThatIsNotTakenIsNotShown()
     {
-        for (const auto &[name, form] : forms) {
-            Desk desk(form);
-            desk.annotation()->setText("edited");
-            desk.host.link()->answers[desk.request("get", 3)] = QVariantMap();
-            desk.host.spoil(FormHost::Refused, desk.request("set", 3));
-            desk.choose(3);
-            QVERIFY(desk.outcome().startsWith("error: " + desk.file(3) + ": could not be created"));
-            QCOMPARE(desk.annotation()->text(), "edited");
-            QVERIFY(!desk.annotation()->isEnabled());
-        }
+        Fixture ui;
+        ui.annotation()->setText("edited");
+        ui.host.link()->answers[ui.request("get", 3)] = QVariantMap();
+        ui.host.spoil(FormHost::Refused, ui.request("set", 3));
+        ui.choose(3);
+        QVERIFY(ui.outcome().startsWith("error: " + ui.file(3) + ": could not be created"));
+        QCOMPARE(ui.annotation()->text(), "edited");
+        QVERIFY(!ui.annotation()->isEnabled());
     }
     void aNumberThatIsCutIsTold()
     {
-        Desk desk(std::get<1>(*forms.begin()));
-        QVariantMap theirs = desk.stored(1);
-        theirs["name"] = desk.file(7);
+        Fixture ui(std::get<1>(*forms.begin()));
+        QVariantMap theirs = ui.stored(1);
+        theirs["name"] = ui.file(7);
         theirs["current"] = 2500.0;
-        QCOMPARE(desk.host.store(desk.node(), desk.file(7), theirs), 0);
-        desk.choose(7);
+        QCOMPARE(ui.host.store(ui.node(), ui.file(7), theirs), 0);
+        ui.choose(7);
         const QString told = "warning: arcdata7: of \"current\", 2500 is stored and 2000 is shown";
-        QCOMPARE(desk.outcome(), told + "; " + desk.request("get", 7));
-        desk.press(desk.form.cancel);
-        QCOMPARE(desk.outcome(), ""); // once
-        desk.press(desk.form.save);
-        QCOMPARE(desk.stored(7)["current"], QVariant(2000.0));
+        QCOMPARE(ui.outcome(), told + "; " + ui.request("get", 7));
+        ui.press(ui.form.cancel);
+        QCOMPARE(ui.outcome(), ""); // once
+        ui.press(ui.form.save);
+        QCOMPARE(ui.stored(7)["current"], QVariant(2000.0));
     }
     // Two forms, one file: what one saved the other shows, but where it is being edited.
+    void whatAnotherFormSavedIsNotUndone_data() { addRows(forms); }
     void whatAnotherFormSavedIsNotUndone()
     {
-        for (const auto &[name, form] : forms) {
-            Desk desk(form);
-            const auto other = form.make(desk.host);
-            auto *theirs = child<QLineEdit>(other->wgt(), form.annotation);
-            auto *save = child<QPushButton>(other->wgt(), form.save);
-            const auto theySave = [&](const QString &text) {
-                theirs->setText(text);
-                save->click();
-            };
-            desk.host.spoil(FormHost::Refused, desk.request("set", 1));
-            theySave("refused");
-            QCOMPARE(desk.annotation()->text(), "");
-            QVERIFY(desk.mend());
-            theySave("theirs");
-            QTRY_COMPARE(desk.annotation()->text(), "theirs");
-            desk.annotation()->setText("mine");
-            theySave("again");
-            QString said;
-            QTRY_VERIFY(
-                (said += desk.outcome()).contains("\"annotation\" was changed elsewhere to again"));
-            QCOMPARE(desk.annotation()->text(), "mine");
-            desk.press(form.save);
-            QTRY_COMPARE(theirs->text(), "mine");
-        }
+        Fixture ui;
+        const auto other = ui.form.make(ui.host);
+        auto *theirs = child<QLineEdit>(other->wgt(), ui.form.annotation);
+        auto *save = child<QPushButton>(other->wgt(), ui.form.save);
+        const auto theySave = [&](const QString &text) {
+            theirs->setText(text);
+            save->click();
+        };
+        ui.host.spoil(FormHost::Refused, ui.request("set", 1));
+        theySave("refused");
+        QCOMPARE(ui.annotation()->text(), "");
+        QVERIFY(ui.mend());
+        theySave("theirs");
+        QTRY_COMPARE(ui.annotation()->text(), "theirs");
+        ui.annotation()->setText("mine");
+        theySave("again");
+        QString said;
+        QTRY_VERIFY(
+            (said += ui.outcome()).contains("\"annotation\" was changed elsewhere to again"));
+        QCOMPARE(ui.annotation()->text(), "mine");
+        ui.press(ui.form.save);
+        QTRY_COMPARE(theirs->text(), "mine");
     }
     // What another pendant wrote is not undone, whether its news came before the save or not.
+    void whatAnotherPendantSavedIsNotUndone_data() { addRows(forms); }
     void whatAnotherPendantSavedIsNotUndone()
     {
-        for (const auto &[name, form] : forms) {
-            Desk desk(form);
-            QVariantMap theirs = desk.stored(1);
-            theirs["of_a_newer_pendant"] = 1;
-            desk.annotation()->setText("mine");
-            QCOMPARE(desk.host.store(desk.node(), desk.file(1), theirs), 0);
-            desk.press(form.save);
-            theirs["annotation"] = "mine";
-            QCOMPARE(desk.stored(1), theirs);
-            theirs["annotation"] = "theirs";
-            desk.annotation()->setText("mine again");
-            desk.outcome();
-            QCOMPARE(desk.host.store(desk.node(), desk.file(1), theirs), 0);
-            desk.press(form.save);
-            QVERIFY(desk.outcome().contains("\"annotation\" was changed elsewhere to theirs"));
-            QCOMPARE(desk.stored(1)["annotation"].toString(), "theirs");
-            desk.press(form.save); // now in full knowledge
-            QCOMPARE(desk.stored(1)["annotation"].toString(), "mine again");
-        }
+        Fixture ui;
+        QVariantMap theirs = ui.stored(1);
+        theirs["of_a_newer_pendant"] = 1;
+        ui.annotation()->setText("mine");
+        QCOMPARE(ui.host.store(ui.node(), ui.file(1), theirs), 0);
+        ui.press(ui.form.save);
+        theirs["annotation"] = "mine";
+        QCOMPARE(ui.stored(1), theirs);
+        theirs["annotation"] = "theirs";
+        ui.annotation()->setText("mine again");
+        ui.outcome();
+        QCOMPARE(ui.host.store(ui.node(), ui.file(1), theirs), 0);
+        ui.press(ui.form.save);
+        QVERIFY(ui.outcome().contains("\"annotation\" was changed elsewhere to theirs"));
+        QCOMPARE(ui.stored(1)["annotation"].toString(), "theirs");
+        ui.press(ui.form.save); // now in full knowledge
+        QCOMPARE(ui.stored(1)["annotation"].toString(), "mine again");
     }
+    void lostChangesAreTold_data() { addRows(forms); }
     void lostChangesAreTold()
     {
-        for (const auto &[name, form] : forms) {
-            Desk desk(form);
-            const QString lost = ": changes were not saved";
-            desk.annotation()->setText("edited");
-            desk.choose(2);
-            QVERIFY(desk.outcome().startsWith("warning: " + desk.file(1) + lost));
-            desk.annotation()->setText("edited");
-            desk.page->initPage(); // the sub-page is entered again
-            QVERIFY(desk.outcome().startsWith("warning: " + desk.file(2) + lost));
-            desk.annotation()->setText("edited");
-            const QString file = desk.file(2);
-            desk.page.reset();
-            QCOMPARE(desk.host.takeMessages(),
-                     QStringList("warning: " + file + lost + " [" + form.sender + "]"));
-        }
+        Fixture ui;
+        const QString lost = ": changes were not saved";
+        ui.annotation()->setText("edited");
+        ui.choose(2);
+        QVERIFY(ui.outcome().startsWith("warning: " + ui.file(1) + lost));
+        ui.annotation()->setText("edited");
+        ui.page->initPage(); // the sub-page is entered again
+        QVERIFY(ui.outcome().startsWith("warning: " + ui.file(2) + lost));
+        ui.annotation()->setText("edited");
+        const QString file = ui.file(2);
+        ui.page.reset();
+        QCOMPARE(ui.host.takeMessages(),
+                 QStringList("warning: " + file + lost + " [" + ui.form.sender + "]"));
     }
+    void whileTheLinkIsDown_data() { addRows(forms); }
     void whileTheLinkIsDown()
     {
-        for (const auto &[name, form] : forms) {
-            Desk desk(form, FormHost::Down);
-            QCOMPARE(desk.combo()->currentText(), desk.file(1));
-            desk.annotation()->setText("edited");
-            desk.choose(5);
-            QCOMPARE(desk.outcome(), form.changedWhileDown);
-            desk.press(form.save);
-            QCOMPARE(desk.outcome(), form.savedWhileDown);
-            QCOMPARE(desk.annotation()->text(), "edited");
-            QVERIFY(!desk.annotation()->isEnabled());
-            QCOMPARE(desk.hint()->isHidden() ? "" : desk.hint()->text(), "not read: no link");
-            // Nobody has to enter the page again.
-            QVERIFY(desk.mend());
-            QTRY_COMPARE(desk.annotation()->text(), QString());
-            QVERIFY(desk.annotation()->isEnabled() && desk.hint()->isHidden());
-            QCOMPARE(desk.stored(5).value("name").toString(), desk.file(5));
-        }
+        Fixture ui(FormHost::Down);
+        QCOMPARE(ui.combo()->currentText(), ui.file(1));
+        ui.annotation()->setText("edited");
+        ui.choose(5);
+        QCOMPARE(ui.outcome(), ui.form.changedWhileDown);
+        ui.press(ui.form.save);
+        QCOMPARE(ui.outcome(), ui.form.savedWhileDown);
+        QCOMPARE(ui.annotation()->text(), "edited");
+        QVERIFY(!ui.annotation()->isEnabled());
+        QCOMPARE(ui.hint()->isHidden() ? "" : ui.hint()->text(), "not read: no link");
+        // Nobody has to enter the page again.
+        QVERIFY(ui.mend());
+        QTRY_COMPARE(ui.annotation()->text(), QString());
+        QVERIFY(ui.annotation()->isEnabled() && ui.hint()->isHidden());
+        QCOMPARE(ui.stored(5).value("name").toString(), ui.file(5));
     }
     // Another pendant adds a speed while the form is open; what is edited stays.
     void anOpenSegFormFollowsTheSpeeds()

@@ -1,20 +1,15 @@
-#include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QtTest>
 
 #include "settings/processsettingspage.h"
+#include "support/datarows.h"
 #include "support/formhost.h"
-#include "support/rows.h"
 
-using testsupport::child;
-using testsupport::FormHost;
-using testsupport::Rows;
+using namespace testsupport;
 
 namespace {
 
 const QString readDevice = QStringLiteral("get arc_weld.device_param");
+const QString enableWeld = QStringLiteral("do arc_weld.enable_weld_param arcdata1");
 const QString deviceNode = QStringLiteral("arc_weld.device_param");
 const QVariantMap upTo40{{"unified", QVariantList{0, 200}}, {"separate", QVariantList{0, 40}}};
 
@@ -32,10 +27,10 @@ const Group arcStart{
     200,     35};
 const Group weld{"weld", "welding", "arcdata", {}, {}, 200, 35};
 const Group arcEnd{"arcoff", "arcoff", "arcoffdata", {}, "lblAntiStickVoltageUnit", 10000, 32};
-const Rows<Group> groups{{"arc start", arcStart}, {"weld", weld}, {"arc end", arcEnd}};
+const Group groups[] = {arcStart, weld, arcEnd};
 
 /// The page as an operator finds it, with a closer look at one group.
-struct Desk
+struct Fixture
 {
     FormHost host;
     const Group &group;
@@ -45,7 +40,7 @@ struct Desk
     QComboBox *currentMode = combo("cbx_" + group.name + "CurrentMode");
     QComboBox *voltageMode = combo("cbx_" + group.name + "VoltageMode");
 
-    explicit Desk(const Group &group)
+    explicit Fixture(const Group &group)
         : group(group)
     {
         page.initPage();
@@ -133,202 +128,198 @@ private slots:
     }
     void unitsAndRangesFollowTheModes()
     {
-        for (const auto &[name, group] : groups) {
-            Desk desk(group);
-            desk.current->setValue(123.5);
+        for (const Group &group : groups) {
+            Fixture ui(group);
+            ui.current->setValue(123.5);
             for (const char *unit : {"mm/s", "A"}) {
-                desk.currentMode->setCurrentIndex(*unit == 'm');
-                QCOMPARE(desk.currentUnit(), unit);
+                ui.currentMode->setCurrentIndex(*unit == 'm');
+                QCOMPARE(ui.currentUnit(), unit);
             }
-            QCOMPARE(desk.current->value(), 123.5);
-            desk.voltage->setValue(150);
-            QCOMPARE(desk.shownVoltage(), "150 of 0..200 %");
-            desk.voltageMode->setCurrentIndex(1);
-            QCOMPARE(desk.shownVoltage(), QString("%1 of 0..%1 V").arg(group.separateMaximum));
+            QCOMPARE(ui.current->value(), 123.5);
+            ui.voltage->setValue(150);
+            QCOMPARE(ui.shownVoltage(), "150 of 0..200 %");
+            ui.voltageMode->setCurrentIndex(1);
+            QCOMPARE(ui.shownVoltage(), QString("%1 of 0..%1 V").arg(group.separateMaximum));
             // A stored one is clamped by the range that was shown before.
-            desk.storeFile(2, {{"voltage_mode", "separate"}, {"voltage", 30.0}});
-            desk.storeFile(3, {{"voltage_mode", "unified"}, {"voltage", 150.0}});
-            desk.choose(2);
-            QCOMPARE(desk.shownVoltage(), QString("30 of 0..%1 V").arg(group.separateMaximum));
-            desk.choose(3);
-            QCOMPARE(desk.shownVoltage(), QString("%1 of 0..200 %").arg(group.separateMaximum));
+            ui.storeFile(2, {{"voltage_mode", "separate"}, {"voltage", 30.0}});
+            ui.storeFile(3, {{"voltage_mode", "unified"}, {"voltage", 150.0}});
+            ui.choose(2);
+            QCOMPARE(ui.shownVoltage(), QString("30 of 0..%1 V").arg(group.separateMaximum));
+            ui.choose(3);
+            QCOMPARE(ui.shownVoltage(), QString("%1 of 0..200 %").arg(group.separateMaximum));
         }
     }
-    // Other parts of a pendant reach the page by these names.
     void slotsByName()
     {
-        Desk desk(weld);
-        for (const char *slot : {"onCurrentModeChanged", "onVoltageModeChanged",
-                                 "onArcBreakOptionChanged", "onParamFileNumberChanged"})
-            QVERIFY2(QMetaObject::invokeMethod(&desk.page, slot, Q_ARG(int, 1)), slot);
-        for (const char *slot : {"onArconLeadTimeEditFinished", "onSaveButtonClicked",
-                                 "onCancelButtonClicked", "onEnableButtonClicked"})
-            QVERIFY2(QMetaObject::invokeMethod(&desk.page, slot), slot);
-        QVERIFY(!desk.find("sbxReStartBackDistance")->isHidden()); // option 1 does that
-        desk.page.handleSwitchVoltageMode(desk.voltage, 1);
-        QCOMPARE(desk.voltage->maximum(), 35.0);
-        desk.page.setupMode(desk.find<QLabel>("lbl_weldWorkMode"), desk.combo("cbx_weldWorkMode"),
-                            {"Job", "Pulse"}, "Work");
-        QCOMPARE(desk.combo("cbx_weldWorkMode")->itemData(1), QVariant("pulse"));
-        desk.page.initVariant();
-        QCOMPARE(desk.combo("cbx_weldWorkMode")->count(), 12);
+        Fixture ui(weld);
+        for (const char *slot : {"onCurrentModeChanged(int)", "onVoltageModeChanged(int)",
+                                 "onArcBreakOptionChanged(int)", "onParamFileNumberChanged(int)",
+                                 "onArconLeadTimeEditFinished()", "onSaveButtonClicked()",
+                                 "onCancelButtonClicked()", "onEnableButtonClicked()"})
+            QVERIFY2(ui.page.metaObject()->indexOfSlot(slot) >= 0, slot);
+        ui.page.handleSwitchVoltageMode(ui.voltage, 1);
+        QCOMPARE(ui.voltage->maximum(), 35.0);
+        ui.page.setupMode(ui.find<QLabel>("lbl_weldWorkMode"), ui.combo("cbx_weldWorkMode"),
+                          {"Job", "Pulse"}, "Work");
+        QCOMPARE(ui.combo("cbx_weldWorkMode")->itemData(1), QVariant("pulse"));
+        ui.page.initVariant();
+        QCOMPARE(ui.combo("cbx_weldWorkMode")->count(), 12);
     }
     void withoutTheWeldersRangesTheFixedOnesHold()
     {
-        for (const auto &[name, group] : groups) {
-            Desk desk(group);
+        for (const Group &group : groups) {
+            Fixture ui(group);
             for (const QVariantList &range :
                  {QVariantList{}, QVariantList{"a", "b"}, QVariantList{5}, QVariantList{9, 1}}) {
-                desk.tellRanges(upTo40, upTo40); // which do not stay for another welder
+                ui.tellRanges(upTo40, upTo40); // which do not stay for another welder
                 const QVariantMap bad{{"unified", range}, {"separate", range}};
-                desk.tellRanges(bad, bad);
+                ui.tellRanges(bad, bad);
                 for (const char *unit : {"%", "V"}) {
-                    QCOMPARE(desk.shownVoltage(),
+                    QCOMPARE(ui.shownVoltage(),
                              QString("0 of 0..%1 ").arg(group.fixedMaximum) + unit);
-                    desk.voltageMode->setCurrentIndex(*unit == '%');
+                    ui.voltageMode->setCurrentIndex(*unit == '%');
                 }
             }
         }
         // The general range clamps on the way to the arc end's own, which is the wider here.
-        Desk desk(arcEnd);
-        desk.tellRanges(upTo40,
-                        {{"unified", QVariantList{0, 900}}, {"separate", QVariantList{0, 90}}});
-        desk.voltage->setValue(700);
-        desk.voltageMode->setCurrentIndex(1);
-        QCOMPARE(desk.shownVoltage(), "40 of 0..90 V");
+        Fixture ui(arcEnd);
+        ui.tellRanges(upTo40,
+                      {{"unified", QVariantList{0, 900}}, {"separate", QVariantList{0, 90}}});
+        ui.voltage->setValue(700);
+        ui.voltageMode->setCurrentIndex(1);
+        QCOMPARE(ui.shownVoltage(), "40 of 0..90 V");
     }
     void modesComeFromTheWelder()
     {
-        Desk desk(weld);
-        desk.storeFile(2, {{"mode", "low_spatter"}});
-        desk.choose(2);
-        desk.host.takeRequests();
+        Fixture ui(weld);
+        ui.storeFile(2, {{"mode", "low_spatter"}});
+        ui.choose(2);
+        ui.host.takeRequests();
         // In an order of its own, with one mode less and one that nobody knows.
-        desk.host.link()->answers[readDevice] =
+        ui.host.link()->answers[readDevice] =
             QVariantMap{{"work_mode", QStringList{"Job", "Low Spatter", "Laser"}},
                         {"voltage_mode", QStringList{"Separate", "Unified"}},
                         {"current_mode", QStringList{"Wire Feed"}},
                         {"voltage_range", upTo40}};
-        desk.host.notify(deviceNode, QVariantMap{{"work_mode", "changed"}});
-        QCOMPARE(desk.host.takeRequests(), QStringList(readDevice)); // no file is read anew
-        QVERIFY(desk.host.takeMessages().join('|').contains("unknown modes: Laser"));
-        const QComboBox *work = desk.combo("cbx_weldWorkMode");
+        ui.host.notify(deviceNode, QVariantMap{{"work_mode", "changed"}});
+        QCOMPARE(ui.host.takeRequests(), QStringList(readDevice)); // no file is read anew
+        QVERIFY(ui.host.takeMessages().join('|').contains("unknown modes: Laser"));
+        const QComboBox *work = ui.combo("cbx_weldWorkMode");
         QCOMPARE(work->count(), 2);
         QCOMPARE(work->currentText(), "Low Spatter"); // the user's choice is kept
-        QCOMPARE(desk.shownVoltage(), "0 of 0..200 %");
-        desk.voltageMode->setCurrentIndex(0);
-        QCOMPARE(desk.shownVoltage(), "0 of 0..40 V");
+        QCOMPARE(ui.shownVoltage(), "0 of 0..200 %");
+        ui.voltageMode->setCurrentIndex(0);
+        QCOMPARE(ui.shownVoltage(), "0 of 0..40 V");
         // "Current" is not offered: an empty choice, no wrong unit, and the file keeps its code.
-        QCOMPARE(desk.currentMode->currentIndex(), -1);
-        QCOMPARE(desk.currentUnit(), "mm/s");
-        desk.press("btnWeldingSave");
-        QCOMPARE(desk.host.stored("arc_weld.weld_param", "arcdata2").toMap()["current_mode"],
+        QCOMPARE(ui.currentMode->currentIndex(), -1);
+        QCOMPARE(ui.currentUnit(), "mm/s");
+        ui.press("btnWeldingSave");
+        QCOMPARE(ui.host.stored("arc_weld.weld_param", "arcdata2").toMap()["current_mode"],
                  QVariant("current"));
     }
     void aPreArcTimeExcludesAMovingStart()
     {
-        Desk desk(arcStart);
-        auto *time = desk.find<QSpinBox>("sbxArconLeadTime");
-        QComboBox *moving = desk.combo("cbx_moveArcon");
+        Fixture ui(arcStart);
+        auto *time = ui.find<QSpinBox>("sbxArconLeadTime");
+        QComboBox *moving = ui.combo("cbx_moveArcon");
         for (const bool isFree : {false, true, false}) {
             time->setValue(isFree ? 0 : 1);
             emit time->editingFinished();
             QCOMPARE(moving->currentText(), "Close");
             for (const char *name : {"lbl_moveArcon", "cbx_moveArcon", "sbxMoveDistance",
                                      "sbxReturnSpeed", "sbxStepDis", "lblStepDisUnit"})
-                QVERIFY2(desk.find(name)->isEnabled() == isFree, name);
+                QVERIFY2(ui.find(name)->isEnabled() == isFree, name);
             if (isFree)
                 moving->setCurrentIndex(0);
         }
         // The rule also meets a file that holds both.
-        desk.storeFile(2, {{"scratch_arcon", QVariantMap{{"enable", true}}}, {"prearc_time", 5}});
-        desk.choose(2);
+        ui.storeFile(2, {{"scratch_arcon", QVariantMap{{"enable", true}}}, {"prearc_time", 5}});
+        ui.choose(2);
         QCOMPARE(moving->currentText(), "Close");
     }
     // The options in order; an empty choice leaves it as it is.
     void theBackDistanceIsForWeldsThatAreTakenUpAgain()
     {
-        Desk desk(weld);
+        Fixture ui(weld);
         for (const auto &[index, shown] :
              {std::pair{-1, false}, {1, true}, {-1, true}, {0, false}, {2, true}}) {
-            desk.combo("cbxArcBreakOption")->setCurrentIndex(index);
+            ui.combo("cbxArcBreakOption")->setCurrentIndex(index);
             for (const char *name : {"lbl_reStartBackDistance", "sbxReStartBackDistance",
                                      "lblReStartBackDistanceUnit"})
-                QCOMPARE(desk.find(name)->isHidden(), !shown);
+                QCOMPARE(ui.find(name)->isHidden(), !shown);
         }
-        desk.page.onArcBreakOptionChanged(0);
-        desk.page.onArcBreakOptionChanged(3); // nothing that is offered
-        QVERIFY(desk.find("sbxReStartBackDistance")->isHidden());
-        QVERIFY(desk.find("sbxRetryOffset")->isHidden()
-                && desk.find("lbl_retryOffset")->isHidden());
+        ui.page.onArcBreakOptionChanged(0);
+        ui.page.onArcBreakOptionChanged(3); // nothing that is offered
+        QVERIFY(ui.find("sbxReStartBackDistance")->isHidden());
+        QVERIFY(ui.find("sbxRetryOffset")->isHidden() && ui.find("lbl_retryOffset")->isHidden());
+    }
+    void enableSendsTheEditedValues_data()
+    {
+        const QString state = "get arc_weld.welder_state";
+        addRows<QString>({{"works", "info: enable succeed|" + state + '|' + enableWeld},
+                          {"refused", "error: enable error|" + state + '|' + enableWeld},
+                          {"no link", "error: tessa is not connected"},
+                          {"welder", "error: welder state error|" + state},
+                          {"not read", "error: enable error|" + state}});
     }
     void enableSendsTheEditedValues()
     {
-        const QString state = "get arc_weld.welder_state";
-        const QString command = "do arc_weld.enable_weld_param arcdata1";
-        const Rows<QString> rows{
-            {"works", "info: enable succeed|" + state + '|' + command},
-            {"refused", "error: enable error|" + state + '|' + command},
-            {"no link", "error: tessa is not connected"},
-            {"welder", "error: welder state error|" + state},
-            {"not read", "error: enable error|" + state},
-        };
-        for (const auto &[fault, outcome] : rows) {
-            Desk desk(weld);
-            const ProcessSettingsPage another(desk.host.window(), desk.host.window());
-            desk.outcome();
-            const QVariant before = desk.host.stored("arc_weld.weld_param", "arcdata1");
-            if (fault == "no link")
-                QVERIFY(desk.host.disconnect());
-            desk.host.faults()->set(welmo::controller::Faults::Fault::WelderError,
-                                    fault == "welder");
-            if (fault == "refused")
-                desk.host.spoil(FormHost::Refused, command);
-            if (fault == "not read") {
-                desk.host.faults()->setCode("arc_weld.weld_param", 8, 1);
-                desk.choose(4);
-            }
-            desk.current->setValue(180);
-            desk.outcome();
-            desk.press("btnWeldingEnable");
-            QCOMPARE(desk.outcome(), outcome);
-            if (outcome.endsWith(command))
-                QCOMPARE(desk.host.link()->lastPayload.toMap()["current"], QVariant(180.0));
-            if (fault == "works") { // refilled as it was stored, whoever else shows the file
-                desk.current->setValue(99);
-                QCoreApplication::processEvents();
-                desk.press("btnWeldingCancel");
-                QCOMPARE(desk.current->value(), 180.0);
-            }
-            QVERIFY(desk.host.mend());
-            QCOMPARE(desk.host.stored("arc_weld.weld_param", "arcdata1"), before);
-            QCOMPARE(m("welmo.process_setting.weld_param.default.current")->getInt(-1), 0);
+        const auto &[fault, outcome] = currentRow<QString>();
+        Fixture ui(weld);
+        const ProcessSettingsPage another(ui.host.window(), ui.host.window());
+        ui.outcome();
+        const QVariant before = ui.host.stored("arc_weld.weld_param", "arcdata1");
+        if (fault == "no link")
+            QVERIFY(ui.host.disconnect());
+        ui.host.faults()->set(welmo::controller::Faults::Fault::WelderError, fault == "welder");
+        if (fault == "refused")
+            ui.host.spoil(FormHost::Refused, enableWeld);
+        if (fault == "not read") {
+            ui.host.faults()->setCode("arc_weld.weld_param", 8, 1);
+            ui.choose(4);
         }
+        ui.current->setValue(180);
+        ui.outcome();
+        ui.press("btnWeldingEnable");
+        QCOMPARE(ui.outcome(), outcome);
+        if (outcome.endsWith(enableWeld))
+            QCOMPARE(ui.host.link()->lastPayload.toMap()["current"], QVariant(180.0));
+        if (fault == "works") { // refilled as it was stored, whoever else shows the file
+            ui.current->setValue(99);
+            QCoreApplication::processEvents();
+            ui.press("btnWeldingCancel");
+            QCOMPARE(ui.current->value(), 180.0);
+        }
+        QVERIFY(ui.host.mend());
+        QCOMPARE(ui.host.stored("arc_weld.weld_param", "arcdata1"), before);
+        QCOMPARE(m("welmo.process_setting.weld_param.default.current")->getInt(-1), 0);
+    }
+    void removes_data()
+    {
+        addRows<const Group *, void (ProcessSettingsPage::*)(const QList<int> &)>(
+            {{"arc start", &arcStart, &ProcessSettingsPage::removeArconParam},
+             {"weld", &weld, &ProcessSettingsPage::removeWeldParam},
+             {"arc end", &arcEnd, &ProcessSettingsPage::removeArcoffParam}});
     }
     void removes()
     {
-        const Rows<const Group *, void (ProcessSettingsPage::*)(const QList<int> &)> rows{
-            {"arc start", &arcStart, &ProcessSettingsPage::removeArconParam},
-            {"weld", &weld, &ProcessSettingsPage::removeWeldParam},
-            {"arc end", &arcEnd, &ProcessSettingsPage::removeArcoffParam},
-        };
-        for (const auto &[name, group, remove] : rows) {
-            Desk desk(*group);
-            desk.storeFile(2, {});
-            const QString command = "arc_weld.remove." + group->name + "_param";
-            desk.host.faults()->setCode(command, 8, 1);
-            for (const char *said :
-                 {"error: remove parameter error|do ", "info: remove parameter success|do "}) {
-                QVERIFY(desk.host.stored(group->set(), group->file + '2').isValid());
-                (desk.page.*remove)({2, 17});
-                QCOMPARE(desk.outcome(), said + command);
-            }
-            QVERIFY(!desk.host.stored(group->set(), group->file + '2').isValid());
-            QVERIFY(desk.host.stored(group->set(), group->file + '1').isValid());
-            QVERIFY(desk.host.disconnect());
-            (desk.page.*remove)({1});
-            QCOMPARE(desk.outcome(), "error: tessa not connected []");
+        const auto &[name, group, remove] =
+            currentRow<const Group *, void (ProcessSettingsPage::*)(const QList<int> &)>();
+        Fixture ui(*group);
+        ui.storeFile(2, {});
+        const QString command = "arc_weld.remove." + group->name + "_param";
+        ui.host.faults()->setCode(command, 8, 1);
+        for (const char *said :
+             {"error: remove parameter error|do ", "info: remove parameter success|do "}) {
+            QVERIFY(ui.host.stored(group->set(), group->file + '2').isValid());
+            (ui.page.*remove)({2, 17});
+            QCOMPARE(ui.outcome(), said + command);
         }
+        QVERIFY(!ui.host.stored(group->set(), group->file + '2').isValid());
+        QVERIFY(ui.host.stored(group->set(), group->file + '1').isValid());
+        QVERIFY(ui.host.disconnect());
+        (ui.page.*remove)({1});
+        QCOMPARE(ui.outcome(), "error: tessa not connected []");
     }
 };
 

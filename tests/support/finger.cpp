@@ -4,11 +4,10 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QPointer>
 #include <QScrollArea>
 #include <QSpinBox>
-#include <QTest>
 #include <QWindow>
+#include <QtTest>
 
 namespace testsupport {
 

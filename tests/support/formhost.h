@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QStringList>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QWidget>
 #include <memory>
 #include <optional>
 
@@ -11,6 +7,7 @@
 #include "link/embedded/embeddedlink.h"
 #include "pando/frame.h"
 #include "support/logguard.h"
+#include "support/widgets.h"
 #include "tessa/host.h"
 
 namespace testsupport {
@@ -108,6 +105,15 @@ Widget *child(const QObject *form, const QString &name)
     if (!widget)
         qFatal("there is no %s", qPrintable(name));
     return widget;
+}
+
+/// What the combo offers, "a|b".
+inline QString itemsOf(const QComboBox *combo)
+{
+    QStringList texts;
+    for (int i = 0; i < combo->count(); ++i)
+        texts.append(combo->itemText(i));
+    return texts.join('|');
 }
 
 } // namespace testsupport

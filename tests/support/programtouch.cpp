@@ -1,14 +1,9 @@
 #include "support/programtouch.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
-#include <QMessageBox>
-#include <QTest>
 #include <QWindow>
+#include <QtTest>
 
 #include "support/testpendant.h"
 

@@ -1,7 +1,6 @@
 #include "support/testpendant.h"
 
 #include <QSignalSpy>
-#include <QToolButton>
 
 namespace testsupport {
 
@@ -80,6 +79,17 @@ void TestPendant::openSubPage(const QString &title)
             return finger::touch(button);
     }
     throw OutOfReach("there is no sub-page " + title);
+}
+
+QString TestPendant::wire() const
+{
+    using Event = welmo::controller::Journal::Event;
+    static const QMap<Event, QString> letters{
+        {Event::WireFeeds, "F"}, {Event::WireRetracts, "R"}, {Event::WireStops, "."}};
+    QString all;
+    for (const auto &entry : journal().entries())
+        all += letters.value(entry.event);
+    return all;
 }
 
 QString TestPendant::lastMessage()

@@ -1,11 +1,5 @@
 #pragma once
 
-#include <QComboBox>
-#include <QCoreApplication>
-#include <QTemporaryDir>
-#include <QVariant>
-#include <QWidget>
-#include <algorithm>
 #include <memory>
 
 #include "link/embedded/embeddedlink.h"
@@ -14,6 +8,7 @@
 #include "pendant/window/pendantwindow.h"
 #include "support/finger.h"
 #include "support/logguard.h"
+#include "support/widgets.h"
 #include "tessa/host.h"
 
 namespace testsupport {
@@ -31,6 +26,15 @@ struct Setup
     bool connects = true; ///< false: do not wait for a controller that cannot come up
     welmo::controller::Clock clock = welmo::controller::steadyClock(); ///< the controller's
 };
+
+/// For what a hand does with a key: a machine under load misses beats, which stops wire as well; to
+/// this controller none is late.
+inline Setup withoutTime()
+{
+    Setup setup;
+    setup.clock = [] { return 1000; };
+    return setup;
+}
 
 /// A whole pendant: the real window, the real library, a controller in this process. It is up and
 /// connected when the constructor is through.
@@ -94,6 +98,8 @@ public:
     {
         return host()->helper()->log()->entries();
     }
+    /// What the wire did, by the controller's journal: a letter for each start and stop.
+    QString wire() const;
     /// The newest message as "level: text"; empty when there is none.
     QString lastMessage();
     /// Writes a picture of the whole window; false when that fails.

@@ -1,8 +1,10 @@
 #include <QtTest>
 
+#include "support/datarows.h"
 #include "tl/normalform.h"
 #include "tl/programtext.h"
 
+using namespace testsupport;
 using welmo::tl::normalForm;
 using welmo::tl::ProgramText;
 
@@ -13,24 +15,20 @@ class tst_ProgramText : public QObject
 private slots:
     void bytesStayAsTheyAre_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QStringList>("lines");
-        const auto add = [](const char *name, const QByteArray &bytes, const QStringList &lines) {
-            QTest::newRow(name) << bytes << lines;
-        };
-        add("empty", "", {});
-        add("one end", "\n", {""});
-        add("no last end", "a\nb", {"a", "b"});
-        add("mixed", "a\r\n\r\nb\nc\r\n", {"a", "", "b", "c"});
-        add("lone CR", "a\rb\r\r\nc\r", {"a\rb\r", "c\r"});
-        add("byte order mark", "\xEF\xBB\xBF点\n", {"点"});
-        add("no UTF-8", "\xff.\n", {QString(QChar::ReplacementCharacter) + '.'});
-        add("NUL", QByteArray("a\0b\n", 4), {QString("a") + QChar(0) + 'b'});
+        addRows<QByteArray, QStringList>({
+            {"empty", "", {}},
+            {"one end", "\n", {""}},
+            {"no last end", "a\nb", {"a", "b"}},
+            {"mixed", "a\r\n\r\nb\nc\r\n", {"a", "", "b", "c"}},
+            {"lone CR", "a\rb\r\r\nc\r", {"a\rb\r", "c\r"}},
+            {"byte order mark", "\xEF\xBB\xBF点\n", {"点"}},
+            {"no UTF-8", "\xff.\n", {QString(QChar::ReplacementCharacter) + '.'}},
+            {"NUL", QByteArray("a\0b\n", 4), {QString("a") + QChar(0) + 'b'}},
+        });
     }
     void bytesStayAsTheyAre()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QStringList, lines);
+        const auto &[name, bytes, lines] = currentRow<QByteArray, QStringList>();
         const ProgramText program(bytes);
         QCOMPARE(program.lines(), lines);
         QCOMPARE(program.lineCount(), lines.size());
@@ -72,18 +70,16 @@ private slots:
     }
     void normalForms_data()
     {
-        QTest::addColumn<QString>("expected");
-        const auto add = [](const char *line, const QString &expected) {
-            QTest::newRow(line) << expected;
+        std::vector<Row<QString>> rows{
+            {" ArcOn  \"ARCONDATA3\" , \"arcdata40\"\t", R"( ArcOn "arcondata3","arcdata40")"},
+            {"ArcOff\t\"arcoffdata1\"", R"(ArcOff "arcoffdata1")"},
+            {"\tWeaveOff ", "\tWeaveOff"},
+            {"FeedOnWire  2 ; // s", "FeedOnWire 2 ; // s"},
+            {"FeedOnWire 1000000", "FeedOnWire 1e+06"},
+            {"WMoveL p1 ,  v10 fine, tool0", "WMoveL p1,v10,fine,tool0"}, // no work object added
+            {"WMoveC RelTool( p1, 0,0, 10.0,0,0,0 ),Offs(p2,-0,1,2),v10,z1,t,w, \"weavedata1\"//x",
+             R"(WMoveC RelTool(p1,0,0,10,0,0,0),Offs(p2,0,1,2),v10,z1,t,w,"weavedata1"//x)"},
         };
-        add(" ArcOn  \"ARCONDATA3\" , \"arcdata40\"\t", R"( ArcOn "arcondata3","arcdata40")");
-        add("ArcOff\t\"arcoffdata1\"", R"(ArcOff "arcoffdata1")");
-        add("\tWeaveOff ", "\tWeaveOff");
-        add("FeedOnWire  2 ; // s", "FeedOnWire 2 ; // s");
-        add("FeedOnWire 1000000", "FeedOnWire 1e+06");
-        add("WMoveL p1 ,  v10 fine, tool0", "WMoveL p1,v10,fine,tool0"); // no work object added
-        add("WMoveC RelTool( p1, 0,0, 10.0,0,0,0 ),Offs(p2,-0,1,2),v10,z1,t,w, \"weavedata1\"//x",
-            R"(WMoveC RelTool(p1,0,0,10,0,0,0),Offs(p2,0,1,2),v10,z1,t,w,"weavedata1"//x)");
         // What would lose something is left alone.
         for (const char *line :
              {"FeedOnWire 1.2345678", "FeedOnWire 0.05", "FeedOnWire, 1", "FeedOnWire 1,",
@@ -91,9 +87,14 @@ private slots:
               "WMoveL p1,v10,fine,tool0 ! comment", "WMoveL 点1,v10,fine,tool0",
               "WMoveL Offs(p1,1,2),v10,fine,tool0", "WMoveL Shift(p1,1),v10,fine,tool0",
               "MoveJ  p1, v10,fine,tool0"})
-            add(line, {});
+            rows.push_back({line, {}});
+        addRows(rows);
     }
-    void normalForms() { QTEST(normalForm(QString(QTest::currentDataTag())), "expected"); }
+    void normalForms()
+    {
+        const auto &[line, expected] = currentRow<QString>();
+        QCOMPARE(normalForm(QString(line)), expected);
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_ProgramText)

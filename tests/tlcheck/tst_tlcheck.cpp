@@ -1,14 +1,11 @@
-#include <QJsonDocument>
-#include <QProcess>
 #include <QtTest>
 
 #include "controller/robot/projectseed.h"
 #include "schema/names.h"
+#include "support/datarows.h"
 #include "support/files.h"
-#include "support/rows.h"
 
-using testsupport::contentOf;
-using testsupport::Rows;
+using namespace testsupport;
 using welmo::controller::Store;
 
 namespace {
@@ -78,29 +75,30 @@ class tst_Tlcheck : public QObject
         QVERIFY2(contentOf(EXAMPLES "/README.md").contains("\n```\n" + checked.out + "```\n"),
                  checked.out);
     }
+    void exitStatus_data()
+    {
+        addRows<QString, int, QString>(
+            {{"good", "--no-references fillet.tl", 0, ""},
+             {"good and bad", "--no-references fillet.tl mistakes.tl", 1, ""},
+             {"missing", "--no-references /no/such.tl mistakes.tl", 2, "/no/such.tl: "},
+             {"a folder", "--no-references /tmp", 2, "/tmp: "},
+             {"without end", "--no-references /dev/zero", 2, "/dev/zero: is too"},
+             {"no file", "--no-references", 2, "no file to check"},
+             {"unknown option", "--what fillet.tl", 2, "what"},
+             {"no project", "--data . fillet.tl", 2, "no project"},
+             {"nobody's folder", "fillet.tl", 0, "checking against the built-in one"},
+             {"both ways", "--no-references --data x fillet.tl", 2, "exclude"}});
+    }
     void exitStatus()
     {
-        const Rows<QString, int, QString> rows{
-            {"good", "--no-references fillet.tl", 0, ""},
-            {"good and bad", "--no-references fillet.tl mistakes.tl", 1, ""},
-            {"missing", "--no-references /no/such.tl mistakes.tl", 2, "/no/such.tl: "},
-            {"a folder", "--no-references /tmp", 2, "/tmp: "},
-            {"without end", "--no-references /dev/zero", 2, "/dev/zero: is too"},
-            {"no file", "--no-references", 2, "no file to check"},
-            {"unknown option", "--what fillet.tl", 2, "what"},
-            {"no project", "--data . fillet.tl", 2, "no project"},
-            {"nobody's folder", "fillet.tl", 0, "checking against the built-in one"},
-            {"both ways", "--no-references --data x fillet.tl", 2, "exclude"},
-        };
-        for (const auto &[name, arguments, status, says] : rows) {
-            const Run checked = tlcheck(arguments.split(' '));
-            QCOMPARE(checked.status, status);
-            QVERIFY2(checked.err.contains(says.toUtf8()), checked.err);
-            QCOMPARE(checked.err.isEmpty(), says.isEmpty());
-            // Whatever else is wrong, files that can be read are checked.
-            QCOMPARE(checked.out.contains("mistakes.tl:4:1: arcon tl command format error: "),
-                     arguments.contains("mistakes"));
-        }
+        const auto &[name, arguments, status, says] = currentRow<QString, int, QString>();
+        const Run checked = tlcheck(arguments.split(' '));
+        QCOMPARE(checked.status, status);
+        QVERIFY2(checked.err.contains(says.toUtf8()), checked.err);
+        QCOMPARE(checked.err.isEmpty(), says.isEmpty());
+        // Whatever else is wrong, files that can be read are checked.
+        QCOMPARE(checked.out.contains("mistakes.tl:4:1: arcon tl command format error: "),
+                 arguments.contains("mistakes"));
     }
     void fixKeepsWhatItDoesNotRewrite()
     {
@@ -146,39 +144,40 @@ class tst_Tlcheck : public QObject
         QCOMPARE(QJsonDocument::fromJson(checked.out),
                  QJsonDocument::fromJson(QString(expected).replace("a.tl", file).toUtf8()));
     }
+    void leavesTheProjectAlone_data()
+    {
+        addRows<QStringList>(
+            {{"pendant runs", QStringList()},
+             {"pendant was killed",
+              QStringList{"controller.db", "controller.db-wal", "controller.db-shm"}},
+             {"copied by hand", QStringList{"controller.db", "controller.db-wal"}}});
+    }
     // What the pendant wrote last is seen, however it left the files, and the files stay as they
     // are.
     void leavesTheProjectAlone()
     {
-        const Rows<QStringList> rows{
-            {"pendant runs", QStringList()},
-            {"pendant was killed",
-             QStringList{"controller.db", "controller.db-wal", "controller.db-shm"}},
-            {"copied by hand", QStringList{"controller.db", "controller.db-wal"}},
-        };
-        for (const auto &[name, kept] : rows) {
-            init();
-            QString problem;
-            const auto owner = Store::open(store(), &problem);
-            QVERIFY(owner->write({{welmo::names::project, "point._list",
-                                   QVariantList{QVariantMap{{"id", "n"}, {"name", "new"}}}}}));
-            const QString folder = kept.isEmpty() ? data() : m_folder->path();
-            for (const QString &each : kept)
-                QVERIFY(QFile::copy(data() + '/' + each, folder + '/' + each));
-            const QString program =
-                write("a.tl", "MoveL new,v10,fine,tool0\nMoveL p1,v10,fine,tool0\n");
-            const QStringList state = stateOf(folder);
-            const Run checked = tlcheck({"--data", folder, program});
-            QCOMPARE(checked.err, QByteArray());
-            QCOMPARE(checked.out, (program + ":2:7: no point p1 in the project\n").toUtf8());
-            QCOMPARE(stateOf(folder), state);
-        }
+        const auto &[name, kept] = currentRow<QStringList>();
+        init();
+        QString problem;
+        const auto owner = Store::open(store(), &problem);
+        QVERIFY(owner->write({{welmo::names::project, "point._list",
+                               QVariantList{QVariantMap{{"id", "n"}, {"name", "new"}}}}}));
+        const QString folder = kept.isEmpty() ? data() : m_folder->path();
+        for (const QString &each : kept)
+            QVERIFY(QFile::copy(data() + '/' + each, folder + '/' + each));
+        const QString program =
+            write("a.tl", "MoveL new,v10,fine,tool0\nMoveL p1,v10,fine,tool0\n");
+        const QStringList state = stateOf(folder);
+        const Run checked = tlcheck({"--data", folder, program});
+        QCOMPARE(checked.err, QByteArray());
+        QCOMPARE(checked.out, (program + ":2:7: no point p1 in the project\n").toUtf8());
+        QCOMPARE(stateOf(folder), state);
     }
 
 private:
     QString write(const QString &name, const QByteArray &content) const
     {
-        testsupport::writeFile(m_folder->filePath(name), content);
+        writeFile(m_folder->filePath(name), content);
         return m_folder->filePath(name);
     }
     QString data() const { return m_folder->filePath("data"); }

@@ -1,6 +1,4 @@
-#include <QLabel>
-#include <QTableView>
-#include <QTest>
+#include <QtTest>
 
 #include "support/programtouch.h"
 #include "tour/tour.h"

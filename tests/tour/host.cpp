@@ -1,6 +1,3 @@
-#include <QLineEdit>
-#include <QTableView>
-#include <QToolButton>
 
 #include "pando/frame.h"
 #include "tour/tour.h"

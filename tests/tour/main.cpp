@@ -1,6 +1,5 @@
 // The main job unattended: real window, real library, real touches; the exit status is the verdict.
 
-#include <QApplication>
 #include <QDir>
 #include <cstdio>
 

@@ -1,7 +1,3 @@
-#include <QAbstractSpinBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
 
 #include "tour/tour.h"
 

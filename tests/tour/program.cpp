@@ -1,4 +1,3 @@
-#include <QPushButton>
 
 #include "support/programtouch.h"
 #include "tour/tour.h"

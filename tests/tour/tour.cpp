@@ -1,10 +1,7 @@
 #include "tour/tour.h"
 
-#include <QDir>
-#include <QLabel>
-#include <QTest>
-#include <QToolButton>
 #include <QWindow>
+#include <QtTest>
 #include <cstdio>
 
 namespace tour {

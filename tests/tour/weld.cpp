@@ -1,8 +1,5 @@
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
 #include <QWindow>
+#include <QtTest>
 #include <algorithm>
 
 #include "pando/frame.h"

@@ -1,20 +1,22 @@
-#include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QtTest>
 
 #include "instructions/forms/weavedatadialog.h"
 #include "instructions/move/moveforms.h"
 #include "instructions/move/moveinsertwidget.h"
 #include "instructions/move/moveparamwidget.h"
+#include "support/datarows.h"
 #include "support/formhost.h"
-#include "support/rows.h"
 
-using testsupport::child;
-using testsupport::FormHost;
-using testsupport::Rows;
+using namespace testsupport;
+
+namespace {
+
+const QString linear = R"(WMoveL p2,v20,z5,torch1,fixture1,"weavedata3")";
+const QString circular = R"(WMoveC p2,Offs(p3,1,2,3),v20,z5,torch1,fixture1,"weavedata3")";
+const QString kept = R"(,fixture1,"weavedata3")";
+const QString four = "speed format error|zone format error|tool format error|wobj format error";
+
+} // namespace
 
 /// The four forms of the welding moves: what they read, what they write, what they say.
 class tst_MoveForms : public QObject
@@ -22,15 +24,9 @@ class tst_MoveForms : public QObject
     Q_OBJECT
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale::German); } // must not matter
-    // What a line does not say, or says wrongly, stays as it was shown before.
-    void lines()
+    void lines_data()
     {
-        const QString linear = R"(WMoveL p2,v20,z5,torch1,fixture1,"weavedata3")";
-        const QString circular = R"(WMoveC p2,Offs(p3,1,2,3),v20,z5,torch1,fixture1,"weavedata3")";
-        const QString kept = R"(,fixture1,"weavedata3")";
-        const QString four = "speed format error|zone format error|tool format error|"
-                             "wobj format error";
-        const Rows<QString, QString, QString> rows{
+        addRows<QString, QString, QString>({
             // a line, what is written, what is said
             {"whole", R"(WMoveL p4,v50,fine,tool0,wobj0,"weavedata40")",
              R"(WMoveL p4,v50,fine,tool0,wobj0,"weavedata40")", ""},
@@ -55,24 +51,27 @@ private slots:
              "WMoveL Offs(p4,0,2,3),v50,fine,tool0" + kept, "point format error"},
             {"function", "WMoveC p6,Off(p7,1,2,3),v50,fine,tool0",
              "WMoveC p6,p7,v50,fine,tool0" + kept, "point format error"},
-        };
-        for (const auto &[name, line, written, said] : rows) {
-            FormHost host;
-            std::unique_ptr<tessa::BaseContentWidget> form;
-            if (line.startsWith("WMoveC"))
-                form = std::make_unique<WMoveCPropertyWidget>(host.window());
-            else
-                form = std::make_unique<WMoveLPropertyWidget>(host.window());
-            form->FillWith(line.startsWith("WMoveC") ? circular : linear);
-            if (name.endsWith("parts"))
-                QTest::ignoreMessage(QtDebugMsg, "part size: " + name.left(1));
-            form->FillWith(line);
-            QStringList expected;
-            for (const QString &text : said.split('|', Qt::SkipEmptyParts))
-                expected.append("error: " + text + " [" + form->objectName() + ']');
-            QCOMPARE(host.takeMessages(), expected);
-            QCOMPARE(form->ToString(), written);
-        }
+        });
+    }
+    // What a line does not say, or says wrongly, stays as it was shown before.
+    void lines()
+    {
+        const auto &[name, line, written, said] = currentRow<QString, QString, QString>();
+        FormHost host;
+        std::unique_ptr<tessa::BaseContentWidget> form;
+        if (line.startsWith("WMoveC"))
+            form = std::make_unique<WMoveCPropertyWidget>(host.window());
+        else
+            form = std::make_unique<WMoveLPropertyWidget>(host.window());
+        form->FillWith(line.startsWith("WMoveC") ? circular : linear);
+        if (name.endsWith("parts"))
+            QTest::ignoreMessage(QtDebugMsg, "part size: " + name.left(1));
+        form->FillWith(line);
+        QStringList expected;
+        for (const QString &text : said.split('|', Qt::SkipEmptyParts))
+            expected.append("error: " + text + " [" + form->objectName() + ']');
+        QCOMPARE(host.takeMessages(), expected);
+        QCOMPARE(form->ToString(), written);
     }
     void editedBoxCounts()
     {

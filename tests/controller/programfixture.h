@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "controller/core/fields.h"
-#include "controllerbench.h"
+#include "controllerfixture.h"
 
 inline const Eigen::Vector3d p1(800, -200, 500);
 inline const Eigen::Vector3d p3(800, -200, 200);
@@ -14,11 +14,11 @@ inline const QStringList seam{"MoveL p3,v1000,fine,torch1,wobj0",
                               "ArcOn \"arcondata1\",\"arcdata1\"",
                               "WMoveL Offs(p3,0,100,0),v50,fine,torch1", "ArcOff \"arcoffdata1\""};
 
-/// A bench that runs programs on a welder that is enabled, with the files that they use; the robot
-/// is at p1.
-struct ProgramBench : ControllerBench
+/// A controller that runs programs on a welder that is enabled, with the files that they use; the
+/// robot is at p1.
+struct ProgramFixture : ControllerFixture
 {
-    ProgramBench()
+    ProgramFixture()
     {
         run("arc_weld.set_welder", welder("RL/RPL", 350, true));
         save("arcon_param", arcOn());

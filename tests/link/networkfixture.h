@@ -1,17 +1,17 @@
 #pragma once
 
 #include "broker.h"
-#include "callbench.h"
+#include "callfixture.h"
 #include "cell.h"
 #include "link/mqtt/mqttlink.h"
 
 /// A controller behind a broker. Its time goes on by itself, and the test can turn it further.
-struct Bench : CallBench<welmo::links::MqttLink>
+struct Fixture : CallFixture<welmo::links::MqttLink>
 {
     std::shared_ptr<Hands> hands = std::make_shared<Hands>();
     std::unique_ptr<Cell> cell;
 
-    explicit Bench(const QString &folder = {})
+    explicit Fixture(const QString &folder = {})
     {
         const welmo::controller::Clock steady = welmo::controller::steadyClock();
         auto options = Cell::options(Broker::shared().as("cell"));

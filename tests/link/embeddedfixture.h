@@ -1,14 +1,14 @@
 #pragma once
 
-#include "callbench.h"
+#include "callfixture.h"
 #include "link/embedded/embeddedlink.h"
 
 /// A controller in this process.
-struct Bench : CallBench<welmo::links::EmbeddedLink>
+struct Fixture : CallFixture<welmo::links::EmbeddedLink>
 {
     std::shared_ptr<Hands> hands = std::make_shared<Hands>();
 
-    explicit Bench(const QString &folder = {})
+    explicit Fixture(const QString &folder = {})
     {
         link = std::make_unique<welmo::links::EmbeddedLink>(
             welmo::links::EmbeddedLink::Options{folder, [hands = hands] { return hands->read(); }});

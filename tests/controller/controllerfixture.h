@@ -18,7 +18,7 @@ inline QVariantMap without(QVariantMap map, const QString &key)
 }
 
 /// A controller with a store in memory, a clock that the test turns, and every notification noted.
-struct ControllerBench
+struct ControllerFixture
 {
     using Kind = welmo::controller::Request::Kind;
     struct Told
@@ -35,7 +35,7 @@ struct ControllerBench
     QVector<Told> told;
     bool started;
 
-    explicit ControllerBench(
+    explicit ControllerFixture(
         std::unique_ptr<welmo::controller::Store> other = welmo::controller::Store::inMemory())
         : store(std::move(other))
     {
@@ -53,16 +53,16 @@ struct ControllerBench
                 {"model", model},         {"current_type", current}};
     }
 
-    welmo::controller::Reply get(const char *path, const QString &key = {})
+    welmo::controller::Reply get(const QString &path, const QString &key = {})
     {
         return controller.handle({Kind::Get, path, key, {}});
     }
-    welmo::controller::Reply set(const char *path, const QString &key, const QVariant &payload)
+    welmo::controller::Reply set(const QString &path, const QString &key, const QVariant &payload)
     {
         return controller.handle({Kind::Set, path, key, payload});
     }
-    welmo::controller::Reply run(const char *command, const QVariant &payload = {},
-                                 const char *payloadName = "")
+    welmo::controller::Reply run(const QString &command, const QVariant &payload = {},
+                                 const QString &payloadName = {})
     {
         return controller.handle({Kind::Command, command, payloadName, payload});
     }
@@ -86,7 +86,7 @@ struct ControllerBench
             pass(int(qMin<qint64>(beatMs, end - now)));
     }
     /// The values last told of @p path; invalid when there were none.
-    QVariant lastTold(const char *path) const
+    QVariant lastTold(const QString &path) const
     {
         QVariant last;
         for (const Told &entry : told)

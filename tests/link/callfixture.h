@@ -25,7 +25,7 @@ struct Hands
 
 /// What a test asks of a link.
 template<typename Link>
-struct CallBench
+struct CallFixture
 {
     std::unique_ptr<Link> link;
 
@@ -67,13 +67,13 @@ struct CallBench
     }
 };
 
-/// A bench whose link is up.
-template<typename Bench>
-struct Up : Bench
+/// A fixture whose link is up.
+template<typename Fixture>
+struct Up : Fixture
 {
     template<typename... Args>
     explicit Up(Args &&...args)
-        : Bench(std::forward<Args>(args)...)
+        : Fixture(std::forward<Args>(args)...)
     {
         if (!this->comeUp())
             qFatal("the link did not come up");
