@@ -190,7 +190,7 @@ private slots:
     void aProgramWaitsForItsPendant()
     {
         QFETCH(const bool, automatic);
-        const UpBench fixture;
+        const UpFixture fixture;
         const auto tell = [&](const QString &command, const QVariantMap &payload) {
             QCOMPARE(fixture.call(Kind::Command, command, {}, payload).code, 0);
         };
