@@ -58,6 +58,7 @@ void FileForm::addHint(QWidget *form)
 {
     m_hint = new QLabel(form);
     m_hint->setObjectName(QStringLiteral("lblNotRead"));
+    m_hint->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_hint->hide();
     if (auto *layout = qobject_cast<QBoxLayout *>(form->layout()))
         layout->insertWidget(0, m_hint);
