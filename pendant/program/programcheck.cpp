@@ -4,6 +4,7 @@
 
 #include "pendant/program/hostproject.h"
 #include "pendant/program/programdocument.h"
+#include "schema/filesets.h"
 #include "tessa/managerhelper.h"
 #include "tl/parse.h"
 
@@ -24,6 +25,7 @@ ProgramCheck::ProgramCheck(ProgramDocument *document, QObject *parent)
     connect(tessa::ManagerHelper::instance()->controllerManager(),
             &tessa::ControllerManager::rcConnected, this, &ProgramCheck::refreshProject);
     followHostProject(this, [this] { refreshProject(); });
+    followFiles();
     restart();
 }
 
@@ -44,8 +46,32 @@ void ProgramCheck::restart()
 
 void ProgramCheck::takeProject()
 {
-    if (std::exchange(m_projectIsStale, false))
-        m_checker = tl::Checker(hostProject());
+    if (!std::exchange(m_projectIsStale, false))
+        return;
+    const auto project = hostProject();
+    m_files = project ? project->files : QSet<QString>();
+    m_checker = tl::Checker(project);
+}
+
+// Another pendant makes files and removes them.
+void ProgramCheck::followFiles()
+{
+    for (const schema::FileSet *set : schema::fileSets()) {
+        xservice()->watch(this, set->node(), true);
+        connect(xservice()->watchNode(set->node()), &kelp::ModuleObject::changed, this,
+                [this](const QVariant &files) { onFilesChanged(files.toMap()); });
+    }
+}
+
+void ProgramCheck::onFilesChanged(const QVariantMap &files)
+{
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        const bool isThere = file.value().toMap().contains(QStringLiteral("name"));
+        if (isThere != m_files.contains(file.key())) {
+            refreshProject();
+            return;
+        }
+    }
 }
 
 void ProgramCheck::checkSlice()

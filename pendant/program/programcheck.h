@@ -19,7 +19,7 @@ class ProgramCheck : public QObject
 public:
     explicit ProgramCheck(ProgramDocument *document, QObject *parent = nullptr);
 
-    /// Looks the project up anew: the controller tells of no file that came into being.
+    /// Looks the project up anew.
     void refreshProject();
 
     /// What is wrong with a line that is not, or not yet, in the program.
@@ -40,6 +40,8 @@ signals:
 private:
     void restart();
     void takeProject();
+    void followFiles();
+    void onFilesChanged(const QVariantMap &files);
     void checkSlice();
     void finish();
 
@@ -47,6 +49,7 @@ private:
     QTimer m_slices;
     bool m_projectIsStale = true;
     tl::Checker m_checker;
+    QSet<QString> m_files; // that there are, as the checker knows them
     QStringList m_lines;
     int m_next = 0; // of m_lines
     tl::Sequence m_sequence;

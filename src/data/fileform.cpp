@@ -1,6 +1,5 @@
 #include "data/fileform.h"
 
-#include <QBoxLayout>
 #include <QCoreApplication>
 #include <QSignalBlocker>
 #include <utility>
@@ -52,15 +51,6 @@ void FileForm::prepare()
     m_combo->clear();
     m_combo->addItems(m_set.fileNames());
     m_fields.prepare();
-}
-
-void FileForm::addHint(QWidget *form)
-{
-    m_hint = new QLabel(form);
-    m_hint->setObjectName(QStringLiteral("lblNotRead"));
-    m_hint->hide();
-    if (auto *layout = qobject_cast<QBoxLayout *>(form->layout()))
-        layout->insertWidget(0, m_hint);
 }
 
 void FileForm::useDefaultNode()
@@ -191,10 +181,7 @@ void FileForm::showWhetherHeld()
 {
     const bool held = holdsChosenFile();
     setGrey(!held);
-    if (!m_hint)
-        return;
-    m_hint->setText(arcweld::isConnected() ? Text::tr("not read") : Text::tr("not read: no link"));
-    m_hint->setVisible(!held);
+    showWhetherRead(m_hint, held);
 }
 
 void FileForm::setGrey(bool grey)

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "data/fieldedits.h"
+#include "data/notreadhint.h"
 #include "data/parameterfile.h"
 
 namespace welmo {
@@ -39,7 +40,7 @@ public:
     /// Offers the set's file names and gives every control its range and items.
     void prepare();
     /// Puts the line that says "not read" on top of @p form, whose layout goes from top to bottom.
-    void addHint(QWidget *form);
+    void addHint(QWidget *form) { m_hint = addNotReadHint(form); }
     void useDefaultNode();
     void writeDefaults();
     /// Reads the chosen file; false when the controller could not be read.

@@ -61,10 +61,14 @@ bool OptionsForm::get()
 void OptionsForm::display(const kelp::ModuleObject *values)
 {
     m_fields.show(values);
+    for (const auto &field : m_fields.fields())
+        field->editor()->setEnabled(m_known);
+    showWhetherRead(m_hint, m_known);
+    if (!m_known)
+        return;
     if (m_afterShow)
         m_afterShow();
-    if (m_known)
-        m_fields.reportCuts(values);
+    m_fields.reportCuts(values);
 }
 
 void OptionsForm::reload()

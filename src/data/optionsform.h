@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "data/fieldedits.h"
+#include "data/notreadhint.h"
 #include "schema/optionsets.h"
 
 namespace welmo {
@@ -11,6 +12,7 @@ namespace welmo {
 /// present values stand in the module's tree beside its factory defaults.
 ///
 /// What anybody writes into the set is shown here too, except in fields that are being edited.
+/// Until the set was read the controls are grey.
 class OptionsForm
 {
 public:
@@ -20,6 +22,8 @@ public:
     FieldTable &fields() { return m_fields; }
     kelp::ModuleObject *data() const { return m_data; }
 
+    /// Puts the line that says "not read" on top of @p box, whose layout goes from top to bottom.
+    void addHint(QWidget *box) { m_hint = addNotReadHint(box); }
     void useDefaultNode();
     void writeDefaults();
     /// Reads the set; where the controller answers that it has none, the defaults are taken over.
@@ -56,6 +60,7 @@ private:
     std::function<void()> m_afterShow;
     kelp::ModuleObject *m_data = nullptr;
     bool m_known = false;
+    QLabel *m_hint = nullptr;
     QVariant m_read; ///< the set as the controller had it last
     QObject m_guard; ///< the connection goes with the form
 };

@@ -2,7 +2,6 @@
 
 #include <QList>
 #include <QPointer>
-#include <QTimer>
 #include <functional>
 #include <memory>
 

@@ -63,6 +63,9 @@ void WeldingOptionsPage::initControl()
     m_anticollision.fields().prepare();
     m_clamping.fields().prepare();
     ui->lblWelderHint->hide();
+    m_running.addHint(ui->gbx_baseSetting);
+    m_anticollision.addHint(ui->gbx_antiCollision);
+    m_clamping.addHint(ui->gbx_wireTorch);
     offerInputs();
 }
 

@@ -41,6 +41,14 @@ void makeTouchable(QComboBox *combo)
     combo->setMinimumContentsLength(6);
 }
 
+bool offers(const QComboBox *combo, const QStringList &names)
+{
+    QStringList present;
+    for (int i = 0; i < combo->count(); ++i)
+        present.append(combo->itemText(i));
+    return present == names;
+}
+
 void chooseFirstNamed(QComboBox *combo)
 {
     int index = 0;

@@ -155,6 +155,21 @@ private slots:
         m_pendant->click("btnUndo");
         QTRY_COMPARE(count->text(), QString("2 findings"));
     }
+    void findingsFollowTheFiles()
+    {
+        keep("files.tl", "ArcOff \"arcoffdata9\"\n");
+        m_program->open("files.tl");
+        auto *count = m_pendant->find<QPushButton>("btnNextFinding");
+        QTRY_COMPARE(count->text(), QString("2 findings"));
+        kelp::ModuleObject file("arcoffdata9");
+        file.set(nullptr, "name", "arcoffdata9");
+        QCOMPARE(xservice()->set(nullptr, "arc_weld.arcoff_param", "arcoffdata9", &file)->getInt(),
+                 0);
+        QTRY_COMPARE(count->text(), QString("1 finding"));
+        xservice()->execCommand(nullptr, "arc_weld.remove.arcoff_param",
+                                QStringList("arcoffdata9"));
+        QTRY_COMPARE(count->text(), QString("2 findings"));
+    }
     void aLongProgram()
     {
         const int lines = 100000;

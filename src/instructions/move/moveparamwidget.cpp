@@ -47,6 +47,8 @@ MoveParamWidget::~MoveParamWidget() = default;
 // Names are looked up by item data; the texts are the same names, in every language.
 void MoveParamWidget::fill(QComboBox *combo, const QStringList &names)
 {
+    if (offers(combo, names))
+        return;
     const QString chosen = combo->currentText();
     {
         const QSignalBlocker blocker(combo);

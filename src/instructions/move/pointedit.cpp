@@ -43,6 +43,8 @@ QComboBox *PointEdit::combo() const
 
 void PointEdit::setPoints(const QStringList &names)
 {
+    if (offers(ui->cbxPoint, names))
+        return;
     const QString chosen = pointName();
     {
         const QSignalBlocker blocker(ui->cbxPoint);
