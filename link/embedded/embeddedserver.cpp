@@ -70,6 +70,8 @@ void EmbeddedServer::endSession()
 void EmbeddedServer::beat(int session, const QVector<int> &presses)
 {
     const QMutexLocker lock(&m_beatMutex);
+    if (m_beat && session < m_beat->session)
+        return; // it must not hide what the later session said
     m_beat = Beat{session, m_station.now(), presses};
 }
 
