@@ -153,3 +153,10 @@ function(welmo_test name)
             ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;WELMO_HOST=nasty")
     endif()
 endfunction()
+
+# welmo_soak(tst_name VARIABLE=VALUE): the test once more, at length, for ./dev soak.
+function(welmo_soak name)
+    add_test(NAME ${name}_soak CONFIGURATIONS Soak COMMAND ${name})
+    set_tests_properties(${name}_soak PROPERTIES LABELS soak TIMEOUT 7200
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;QTEST_FUNCTION_TIMEOUT=7000000;${ARGN}")
+endfunction()
