@@ -1,6 +1,9 @@
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QtTest>
 
 #include "pando/frame.h"
+#include "pendant/app/preferences.h"
 #include "pendant/window/messageline.h"
 #include "support/datarows.h"
 #include "support/files.h"
@@ -21,7 +24,10 @@ private slots:
              {"module's tree", "welmo.json", garbage, true},
              {"theme", "theme.json", garbage, true},
              {"theme without colours", "theme.json", QByteArray(R"({"name": "x"})"), true},
-             {"controller's store", "controller.db", garbage, false}});
+             {"controller's store", "controller.db", garbage, false},
+             // SQLite has the format's number at 60 in the head.
+             {"a store of a later release", "controller.db",
+              contentOf(LAST_STORE).replace(60, 4, QByteArray("\0\0\0\x63", 4)), false}});
     }
     void badFileIsToldAndKept()
     {
@@ -49,6 +55,38 @@ private slots:
         }
         pendant.app().stop();
         QCOMPARE(contentOf(path), content);
+    }
+    // A data folder as the last release left it.
+    void whatTheLastReleaseLeftIsOpened()
+    {
+        const QTemporaryDir folder;
+        for (const char *file : {FIXTURES "/welmo.json", FIXTURES "/pendant.json", LAST_STORE}) {
+            const QString name = QFileInfo(file).fileName();
+            testsupport::writeFile(folder.filePath(name.endsWith(".db") ? "controller.db" : name),
+                                   testsupport::contentOf(file));
+        }
+        const welmo::pendant::Preferences preferences(folder.path());
+        QCOMPARE(preferences.language + ' ' + preferences.theme, "zh_CN dark");
+        Setup setup;
+        setup.dataFolder = folder.path();
+        setup.keepFiles = true;
+        TestPendant pendant(setup);
+        QVERIFY2(!pendant.find<QLabel>("lblProblems")->isVisible(),
+                 qPrintable(pendant.find<QLabel>("lblProblems")->text()));
+        const auto reply = pendant.host()->service()->exchange(
+            {tessa::LinkRequest::Kind::Get, "arc_weld.arcon_param", "arcondata1", {}}, 5000);
+        QCOMPARE(reply->toVariant().toMap()["current"], QVariant(120.5));
+        pendant.app().stop();
+        const auto treeOf = [](const QString &file) {
+            return QJsonDocument::fromJson(testsupport::contentOf(file)).object();
+        };
+        const QJsonObject before = treeOf(FIXTURES "/welmo.json");
+        const QJsonObject after = treeOf(folder.filePath("welmo.json"));
+        QCOMPARE(after["device"].toObject()["welder_sertting"],
+                 before["device"].toObject()["welder_sertting"]);
+        const QStringList keys = before.keys();
+        for (const QString &key : keys)
+            QVERIFY2(after.contains(key), qPrintable(key));
     }
     // A file where the folder should be: not even the superuser can make a folder there.
     void folderCannotBeWritten()
