@@ -19,6 +19,8 @@ constexpr int beatMs = 25;
 constexpr qint64 hourMs = qint64(3600) * 1000;
 // What a cell may hold at most, with everything that users may lay in its way.
 constexpr qint64 ceiling = qint64(24) * 1024 * 1024;
+// And one that was just started, whatever was written in its life.
+constexpr qint64 startCeiling = qint64(3) * 1024 * 1024;
 constexpr qint64 largestStore = qint64(8) * 1024 * 1024;
 
 const QString wireFeed = QStringLiteral("arc_weld.wire_feed");
@@ -55,6 +57,10 @@ public:
                 start();
         }
         check(QFileInfo(storeFile()).size() < largestStore, "the store grows");
+        m_cell.reset();
+        const qint64 before = heapInUse();
+        start();
+        check(heapInUse() - before < startCeiling, "a start holds what was written before");
     }
     QString story() const
     {
@@ -182,9 +188,11 @@ private:
     void flood()
     {
         welmo::links::MqttMessage large = m_pendant.request({RequestKind::Get, arcOn}, m_now + 100);
-        large.payload = QByteArray(200 * 1024, ' ') + large.payload;
-        for (int i = 0; i < 1000; ++i)
+        const QByteArray request = large.payload;
+        for (int i = 0; i < 1000; ++i) {
+            large.payload = QByteArray(200 * 1024, ' ') + request; // no two share their bytes
             mail::client()->handlers.message(large);
+        }
         check(true, "");
         while (QCoreApplication::processEvents(), !SimulatedCell::takeSent().isEmpty()) { }
         live(5000); // the share fills up again
