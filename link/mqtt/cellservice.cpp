@@ -149,13 +149,13 @@ void CellService::workOff()
     QElapsedTimer stretch;
     stretch.start();
     m_refused.crowded = m_crowded;
-    while (stretch.elapsed() < workMs) {
+    do { // once at least, however slow the machine is
         const std::optional<Inbox::Item> next = m_inbox.take();
         if (!next && !m_workWanted.exchange(false))
             return; // nothing came in between the two looks
         if (next)
             onMessage(next->message, next->user);
-    }
+    } while (stretch.elapsed() < workMs);
     m_workWanted = true;
     m_work.start(0);
 }
