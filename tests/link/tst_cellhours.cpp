@@ -18,7 +18,7 @@ namespace {
 constexpr int beatMs = 25;
 constexpr qint64 hourMs = qint64(3600) * 1000;
 // What a cell may hold at most, with everything that users may lay in its way.
-constexpr qint64 ceiling = qint64(24) * 1024 * 1024;
+constexpr qint64 ceiling = qint64(16) * 1024 * 1024;
 // And one that was just started, whatever was written in its life.
 constexpr qint64 startCeiling = qint64(3) * 1024 * 1024;
 constexpr qint64 largestStore = qint64(8) * 1024 * 1024;
