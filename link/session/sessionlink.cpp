@@ -17,9 +17,9 @@ LinkReply SessionLink::call(const LinkRequest &request, int timeoutMs)
 {
     if (!isUp())
         return {LinkReply::NotConnected, {}};
-    const auto exchange = std::make_shared<PendingCall>(request);
-    ask(m_session, exchange, timeoutMs);
-    LinkReply reply = exchange->wait(timeoutMs);
+    const auto call = std::make_shared<PendingCall>(request);
+    ask(m_session, call, timeoutMs);
+    LinkReply reply = call->wait(timeoutMs);
     if (!reply.fromController())
         goDown(State::Connecting);
     return reply;
