@@ -90,7 +90,7 @@ LinkReply EmbeddedServer::carryOut(const LinkRequest &request)
     const Role role = m_role;
     controller::Request wanted = toController(request);
     wanted.author = {roleName(role), QStringLiteral("embedded"), timeOfDay()};
-    // A request that nobody is named for is for the controller to refuse.
+    // The controller refuses a request that names no user.
     if (needOf(wanted).role > role)
         return {controller::NotAllowed, {}};
     const controller::Reply reply = m_runner.controller()->handle(wanted);

@@ -330,7 +330,7 @@ void CellService::onBeat(const MqttMessage &message, const QString &user)
     }
     session->lastBeat = beat->sequence;
     session->lastSeen = m_runner.now();
-    // A beat that was long on its way proves nothing of now.
+    // A beat that was long on its way does not prove that the pendant lives now.
     if (!protocol::isCredible(beat->time, m_runner.now())) {
         ++m_refused.stale;
     } else if (m_pendants.holdsControl(*session)) {

@@ -226,7 +226,7 @@ void MqttSession::onGreeting(int session, const Reply &reply)
     emit greeted(session);
 }
 
-// Revisions count within one life of one store: in another the same number is another content.
+// Revisions count within one store: in another the same number may be another content.
 void MqttSession::meetStore(const QString &store)
 {
     const QString life = store + QLatin1Char('/') + m_boot;
@@ -254,7 +254,7 @@ void MqttSession::onAnswer(const std::shared_ptr<PendingCall> &call, const Reply
     call->answer({reply.code, reply.value});
 }
 
-// The host knows that it failed; what the cell alone knows is told beside.
+// The host knows that the call failed; why, which only the cell knows, is told here.
 void MqttSession::tellRefusal(const LinkRequest &request, const Reply &reply)
 {
     const QVariantMap about = reply.value.toMap();

@@ -47,7 +47,7 @@ void SessionLink::beat(const QVector<int> &presses)
         beatOn(m_session, presses);
 }
 
-// Nobody's slots run in here: this is called in the middle of a call.
+// No slot may run in here, since a call to the controller is going on.
 void SessionLink::goDown(State next)
 {
     const bool wasUp = isUp();
