@@ -10,7 +10,8 @@ class XService : public QObject
     Q_OBJECT
 public:
     QSharedPointer<kelp::ModuleObject> get(QObject *sender, const QString &path);
-    QSharedPointer<kelp::ModuleObject> get(QObject *sender, const QString &path, const QString &key);
+    QSharedPointer<kelp::ModuleObject> get(QObject *sender, const QString &path,
+                                           const QString &key);
     QSharedPointer<kelp::ModuleObject> set(QObject *sender, const QString &path,
                                            const kelp::ModuleObject *object);
     QSharedPointer<kelp::ModuleObject> set(QObject *sender, const QString &path, const QString &key,
