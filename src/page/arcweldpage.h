@@ -3,6 +3,7 @@
 #include <QList>
 #include <QPointer>
 #include <QTimer>
+#include <QWidget>
 #include <functional>
 #include <memory>
 
