@@ -53,12 +53,12 @@ struct Instruction
     /// Which text operation takes the arguments apart.
     enum class Splitter { Blanks, Expressions };
 
-    Word word;
-    const char *name;
-    Kind kind;
-    Standing standing;
-    const char *syntax; ///< as the program editor shows it
-    const char *commandError; ///< source text, for a wrong number of arguments
+    Word word{};
+    const char *name = nullptr;
+    Kind kind{};
+    Standing standing{};
+    const char *syntax = nullptr; ///< as the program editor shows it
+    const char *commandError = nullptr; ///< source text, for a wrong number of arguments
 
     int fileCount = 0;
     FileSet files[2] = {};

@@ -14,8 +14,8 @@ struct Problem
         Misread, ///< reading takes over something else than what is written
     };
 
-    const char *message; ///< source text of what the property form says, see shown()
-    int column; ///< of what it is about, counted from 1
+    const char *message = nullptr; ///< source text of what the property form says, see shown()
+    int column = 0; ///< of what it is about, counted from 1
     const char *detail = nullptr; ///< more about it, with %1 and so on for @p names; may be null
     QStringList names;
     Kind kind = Kind::Refused;

@@ -41,8 +41,8 @@ private:
     QLabel *m_verdict;
     QLabel *m_reason;
     QLabel *m_over;
-    QGridLayout *m_values;
-    QGridLayout *m_grid;
+    QGridLayout *m_values = nullptr;
+    QGridLayout *m_grid = nullptr;
     CoursePlot *m_plot;
     std::vector<Fact> m_facts;
 };

@@ -44,16 +44,16 @@ private:
     void compare(bool on);
 
     QPointer<Bookkeeper> m_keeper;
-    QComboBox *m_day;
-    QComboBox *m_program;
-    QComboBox *m_file;
-    QComboBox *m_verdict;
+    QComboBox *m_day = nullptr;
+    QComboBox *m_program = nullptr;
+    QComboBox *m_file = nullptr;
+    QComboBox *m_verdict = nullptr;
     QLabel *m_count;
     QTableView *m_table;
     SeamModel *m_model;
     SeamCard *m_card;
-    QPushButton *m_compare;
-    QPushButton *m_limits;
+    QPushButton *m_compare = nullptr;
+    QPushButton *m_limits = nullptr;
     std::optional<Seam> m_chosen;
 };
 

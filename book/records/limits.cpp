@@ -10,7 +10,7 @@ constexpr int msPerSample = 1000 / Course::fullRate;
 
 constexpr double leastHalfWidth = 0.02; // of the mean
 
-// Welds that are all alike would else condemn the next one for a rounding.
+// Otherwise welds that are all alike would reject the next one for a rounding.
 Band threeSigma(double mean, double deviation)
 {
     const double half = std::max(3 * deviation, leastHalfWidth * mean);

@@ -15,8 +15,8 @@ const QColor bandColor(26, 105, 48, 40);
 struct Strip
 {
     QRectF box;
-    double seconds; ///< the width
-    double most; ///< the height
+    double seconds = 0; ///< the width
+    double most = 0; ///< the height
 
     QPointF at(double time, double value) const
     {

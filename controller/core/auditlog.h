@@ -25,7 +25,7 @@ public:
     };
 
     static constexpr qint64 mostRecords = 5000;
-    static constexpr qint64 mostBytes = 4 * 1024 * 1024; ///< of contents
+    static constexpr qint64 mostBytes = qint64(4) * 1024 * 1024; ///< of contents
 
     /// The database is borrowed, and has the table.
     explicit AuditLog(Database &database);

@@ -12,8 +12,8 @@ struct Field
 {
     enum class Type { Text, Boolean, Number, Integer, ThreeIntegers };
 
-    const char *key;
-    Type type;
+    const char *key = nullptr;
+    Type type{};
     double lowest = 0;
     double highest = 0;
 };

@@ -88,7 +88,7 @@ struct Circle
     double angle; // of the whole way
 };
 
-// Nothing when there is no circle through the three, or next to none.
+// Nothing when the three points lie on a straight line, or nearly so.
 std::optional<Circle> circleThrough(const Vector3d &from, const Vector3d &by, const Vector3d &to)
 {
     constexpr double straight = 1e-6;

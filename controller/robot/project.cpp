@@ -22,7 +22,7 @@ bool isList(const QString &key)
         && (key.endsWith(systemList) || key.endsWith(ownList)) && key.count(QLatin1Char('.')) == 1;
 }
 
-// Every item is a map with a name, and an id that no other has.
+// Every item is a map with a name and an id of its own.
 Reply checkedItems(const QVariant &payload)
 {
     static const Fields fields{text("id"), text("name")};

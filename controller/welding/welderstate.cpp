@@ -38,7 +38,7 @@ void insertAll(QVariantMap &map, const QVector<QString> &keys, const Readings &r
         map.insert(keys.at(i), readings[i]);
 }
 
-// Inserts what is not as it was told, which it then is.
+// Inserts each value that differs from what was told last, and remembers it as told.
 template<typename Readings>
 bool takeChanges(QVariantMap &map, const QVector<QString> &keys, Readings &told,
                  const Readings &readings)

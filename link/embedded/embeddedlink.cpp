@@ -12,19 +12,19 @@ constexpr int retryMs = 500;
 
 EmbeddedLink::EmbeddedLink(const Options &options, QObject *parent)
     : SessionLink(retryMs, parent)
-    , m_farEnd(new EmbeddedServer(options.dataFolder, m_faults, m_journal, options.clock))
+    , m_server(new EmbeddedServer(options.dataFolder, m_faults, m_journal, options.clock))
 {
-    connect(m_farEnd, &EmbeddedServer::greeted, this, [this](int session) { onGreeted(session); });
-    connect(m_farEnd, &EmbeddedServer::broken, this, [this](int session) { onBroken(session); });
+    connect(m_server, &EmbeddedServer::greeted, this, [this](int session) { onGreeted(session); });
+    connect(m_server, &EmbeddedServer::broken, this, [this](int session) { onBroken(session); });
     connect(
-        m_farEnd, &EmbeddedServer::notified, this,
+        m_server, &EmbeddedServer::notified, this,
         [this](int, const QString &path, const QVariant &values) { take(path, values); },
         Qt::DirectConnection);
-    connect(m_farEnd, &EmbeddedServer::problem, this, &ControllerLink::problem);
-    m_farEnd->setExample(options.example);
-    connect(&m_thread, &QThread::finished, m_farEnd, &QObject::deleteLater);
+    connect(m_server, &EmbeddedServer::problem, this, &ControllerLink::problem);
+    m_server->setExample(options.example);
+    connect(&m_thread, &QThread::finished, m_server, &QObject::deleteLater);
     m_thread.setObjectName(QStringLiteral("controller"));
-    m_farEnd->moveToThread(&m_thread);
+    m_server->moveToThread(&m_thread);
     m_thread.start();
 }
 
@@ -36,33 +36,33 @@ EmbeddedLink::~EmbeddedLink()
 
 void EmbeddedLink::setRole(Role role)
 {
-    m_farEnd->setRole(role);
+    m_server->setRole(role);
 }
 
 void EmbeddedLink::greet(int session)
 {
-    post([farEnd = m_farEnd, session] { farEnd->greet(session); });
+    post([server = m_server, session] { server->greet(session); });
 }
 
-void EmbeddedLink::ask(int session, const std::shared_ptr<PendingCall> &exchange, int)
+void EmbeddedLink::ask(int session, const std::shared_ptr<PendingCall> &call, int)
 {
-    post([farEnd = m_farEnd, session, exchange] { farEnd->ask(session, exchange); });
+    post([server = m_server, session, call] { server->ask(session, call); });
 }
 
 void EmbeddedLink::leave()
 {
-    post([farEnd = m_farEnd] { farEnd->leave(); });
+    post([server = m_server] { server->leave(); });
 }
 
 void EmbeddedLink::beatOn(int session, const QVector<int> &presses)
 {
-    m_farEnd->beat(session, presses);
+    m_server->beat(session, presses);
 }
 
 template<typename Work>
 void EmbeddedLink::post(Work work)
 {
-    QMetaObject::invokeMethod(m_farEnd, work, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(m_server, work, Qt::QueuedConnection);
 }
 
 } // namespace welmo::links

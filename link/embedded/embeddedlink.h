@@ -38,7 +38,7 @@ public:
 
 protected:
     void greet(int session) override;
-    void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs) override;
+    void ask(int session, const std::shared_ptr<PendingCall> &call, int timeoutMs) override;
     void leave() override;
     void beatOn(int session, const QVector<int> &presses) override;
 
@@ -49,7 +49,7 @@ private:
     controller::Faults m_faults;
     controller::Journal m_journal;
     QThread m_thread;
-    EmbeddedServer *m_farEnd; // lives on the thread and goes with it
+    EmbeddedServer *m_server; // lives on the thread and goes with it
 };
 
 } // namespace welmo::links

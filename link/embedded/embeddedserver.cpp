@@ -9,16 +9,16 @@ namespace welmo::links {
 
 EmbeddedServer::EmbeddedServer(const QString &dataFolder, controller::Faults &faults,
                                controller::Journal &journal, const controller::Clock &clock)
-    : m_station(dataFolder, faults, journal, clock, this)
+    : m_runner(dataFolder, faults, journal, clock, this)
 {
-    m_station.setBeforeTick([this] { takeBeat(); });
-    connect(&m_station, &ControllerRunner::problem, this, &EmbeddedServer::problem);
-    connect(&m_station, &ControllerRunner::broken, this, [this] {
+    m_runner.setBeforeTick([this] { takeBeat(); });
+    connect(&m_runner, &ControllerRunner::problem, this, &EmbeddedServer::problem);
+    connect(&m_runner, &ControllerRunner::broken, this, [this] {
         const int session = m_session;
         endSession();
         emit broken(session);
     });
-    connect(&m_station, &ControllerRunner::notified, this,
+    connect(&m_runner, &ControllerRunner::notified, this,
             [this](const QString &path, const QVariant &values) {
                 if (m_watched.contains(path))
                     emit notified(m_session, path, values);
@@ -29,41 +29,41 @@ EmbeddedServer::~EmbeddedServer() = default;
 
 void EmbeddedServer::greet(int session)
 {
-    if (!m_station.isReachable() || !m_station.isReady())
+    if (!m_runner.isReachable() || !m_runner.isReady())
         return;
     if (session != m_session) {
         endSession();
         m_session = session;
     }
-    m_station.answer([this, session] { emit greeted(session); });
+    m_runner.answer([this, session] { emit greeted(session); });
 }
 
-void EmbeddedServer::ask(int session, const std::shared_ptr<PendingCall> &exchange)
+void EmbeddedServer::ask(int session, const std::shared_ptr<PendingCall> &call)
 {
-    if (exchange->isSettled())
+    if (call->isAnswered())
         return;
     takeBeat();
-    if (!m_station.isReachable() || session != m_session) {
-        exchange->settle({LinkReply::Lost, {}});
+    if (!m_runner.isReachable() || session != m_session) {
+        call->answer({LinkReply::Lost, {}});
         return;
     }
-    m_station.answer([exchange, reply = carryOut(exchange->request)] { exchange->settle(reply); },
-                     [exchange] {
-                         exchange->settle({LinkReply::Lost, {}});
-                     });
+    m_runner.answer([call, reply = carryOut(call->request)] { call->answer(reply); },
+                    [call] {
+                        call->answer({LinkReply::Lost, {}});
+                    });
 }
 
 void EmbeddedServer::leave()
 {
     endSession();
-    m_station.forgetProblem();
+    m_runner.forgetProblem();
 }
 
 void EmbeddedServer::endSession()
 {
     m_session = 0;
     m_watched.clear();
-    if (controller::Controller *controller = m_station.controller())
+    if (controller::Controller *controller = m_runner.controller())
         controller->losePendant();
 }
 
@@ -72,7 +72,7 @@ void EmbeddedServer::beat(int session, const QVector<int> &presses)
     const QMutexLocker lock(&m_beatMutex);
     if (m_beat && session < m_beat->session)
         return; // it must not hide what the later session said
-    m_beat = Beat{session, m_station.now(), presses};
+    m_beat = Beat{session, m_runner.now(), presses};
 }
 
 void EmbeddedServer::takeBeat()
@@ -82,7 +82,7 @@ void EmbeddedServer::takeBeat()
         const QMutexLocker lock(&m_beatMutex);
         beat.swap(m_beat);
     }
-    controller::Controller *controller = m_station.controller();
+    controller::Controller *controller = m_runner.controller();
     if (beat && controller && beat->session == m_session)
         controller->beat(beat->time, beat->presses);
 }
@@ -92,10 +92,10 @@ LinkReply EmbeddedServer::carryOut(const LinkRequest &request)
     const Role role = m_role;
     controller::Request wanted = toController(request);
     wanted.author = {roleName(role), QStringLiteral("embedded"), timeOfDay()};
-    // A request that nobody is named for is for the controller to refuse.
+    // The controller refuses a request that names no user.
     if (needOf(wanted).role > role)
         return {controller::NotAllowed, {}};
-    const controller::Reply reply = m_station.controller()->handle(wanted);
+    const controller::Reply reply = m_runner.controller()->handle(wanted);
     if (request.kind == LinkRequest::Kind::Watch && reply.ok())
         m_watched.insert(request.path);
     return {reply.code, reply.value};

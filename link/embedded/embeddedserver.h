@@ -13,7 +13,7 @@
 
 namespace welmo::links {
 
-/// The controller's side of the embedded link: one pendant in front of a station, on the link's
+/// The controller's side of the embedded link: one pendant in front of a runner, on the link's
 /// thread, where everything here is called. A session is what the two sides agreed on since the
 /// link was last set up; what belongs to an earlier one is thrown away.
 class EmbeddedServer : public QObject
@@ -27,19 +27,19 @@ public:
 
     /// Asks for a session; greeted() is the answer, if there is one.
     void greet(int session);
-    /// Carries out the request and settles the exchange; not when the caller gave up before.
-    void ask(int session, const std::shared_ptr<PendingCall> &exchange);
+    /// Carries out the request and answers the call; not when the caller gave up before.
+    void ask(int session, const std::shared_ptr<PendingCall> &call);
     /// See ControllerRunner::setExample().
-    void setExample(bool wanted) { m_station.setExample(wanted); }
+    void setExample(bool wanted) { m_runner.setExample(wanted); }
     /// The session is over.
     void leave();
     /// What the user of the pendant may have carried out. Any thread.
     void setRole(Role role) { m_role = role; }
     /// Carries out what has become due; by itself while something goes on.
-    void tick() { m_station.tick(); }
+    void tick() { m_runner.tick(); }
 
     /// The pendant of the session is alive, see tessa::ControllerLink::beat(). Any thread; costs
-    /// next to nothing and never queues: a slow far end finds the newest beat only.
+    /// next to nothing and never queues: a slow server finds the newest beat only.
     void beat(int session, const QVector<int> &presses);
 
 signals:
@@ -61,7 +61,7 @@ private:
     void endSession();
     void takeBeat();
 
-    ControllerRunner m_station;
+    ControllerRunner m_runner;
     int m_session = 0;
     QSet<QString> m_watched;
     std::atomic<Role> m_role{Role::Administrator};

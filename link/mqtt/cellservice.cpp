@@ -33,7 +33,7 @@ CellService::CellService(const Options &options, QObject *parent)
     , m_topics(options.cell)
     , m_roles(options.roles)
     , m_boot(QUuid::createUuid().toString(QUuid::Id128))
-    , m_station(options.dataFolder, m_faults, m_journal, options.clock, this)
+    , m_runner(options.dataFolder, m_faults, m_journal, options.clock, this)
     , m_board([this](const QString &path, const QString &key, const QVariant &value) {
         publish(m_topics.value(path, key), protocol::toValueMessage(value));
     })
@@ -44,12 +44,12 @@ CellService::CellService(const Options &options, QObject *parent)
     connect(&m_work, &QTimer::timeout, this, &CellService::workOff);
     m_alive.setTimerType(Qt::PreciseTimer);
     connect(&m_alive, &QTimer::timeout, this, &CellService::showAlive);
-    connect(&m_station, &ControllerRunner::problem, this, &CellService::problem);
-    connect(&m_station, &ControllerRunner::broken, this, [this] {
+    connect(&m_runner, &ControllerRunner::problem, this, &CellService::problem);
+    connect(&m_runner, &ControllerRunner::broken, this, [this] {
         m_pendants.endAll();
         afterSessions();
     });
-    connect(&m_station, &ControllerRunner::notified, this,
+    connect(&m_runner, &ControllerRunner::notified, this,
             [this](const QString &path, const QVariant &values) { m_board.update(path, values); });
 
     // A second service of the name takes the connection of the first.
@@ -82,7 +82,7 @@ std::function<void()> CellService::posted(Work work)
 
 void CellService::start()
 {
-    if (m_station.isReady()) {
+    if (m_runner.isReady()) {
         m_client->start();
         return;
     }
@@ -92,25 +92,25 @@ void CellService::start()
 
 Reply CellService::handle(const Request &request)
 {
-    return m_station.controller()->handle(request);
+    return m_runner.controller()->handle(request);
 }
 
 void CellService::tick()
 {
-    m_station.tick();
-    if (m_alive.isActive() && m_station.now() - m_shown >= m_alive.interval())
+    m_runner.tick();
+    if (m_alive.isActive() && m_runner.now() - m_shown >= m_alive.interval())
         showAlive();
 }
 
 void CellService::onOnline()
 {
     m_reported.clear();
-    m_shown = m_station.now();
+    m_shown = m_runner.now();
     m_echo = m_shown;
     m_client->subscribe(m_topics.request(QStringLiteral("+")), 1);
     m_client->subscribe(m_topics.beat(QStringLiteral("+")), 0);
     m_client->subscribe(m_topics.alive(), 0);
-    m_board.tellAll(*m_station.controller());
+    m_board.tellAll(*m_runner.controller());
     m_told.clear();
     tellControl();
     publish(m_topics.status(), protocol::toStatusMessage(true));
@@ -122,8 +122,8 @@ void CellService::onOnline()
 void CellService::onOffline(const QString &reason)
 {
     m_alive.stop();
-    if (m_station.controller())
-        m_station.controller()->losePendant();
+    if (m_runner.controller())
+        m_runner.controller()->losePendant();
     if (reason != m_reported)
         emit problem(reason);
     m_reported = reason;
@@ -162,7 +162,7 @@ void CellService::workOff()
 
 void CellService::onMessage(const MqttMessage &message, const QString &user)
 {
-    if (!m_station.isReachable())
+    if (!m_runner.isReachable())
         return;
     if (message.retained)
         ++m_refused.stale; // a command that was left lying about
@@ -208,7 +208,7 @@ void CellService::onRequest(const MqttMessage &message, const QString &user)
         send(message, Reply::refused(protocol::otherSession, QStringLiteral("no such session")));
         return;
     }
-    session->lastSeen = m_station.now();
+    session->lastSeen = m_runner.now();
     if (const std::optional<Reply> reply = answerTo(*session, *request))
         send(message, *reply);
 }
@@ -223,7 +223,7 @@ std::optional<Reply> CellService::answerTo(PendantSession &session,
         return before;
     }
     session.lastSequence = request.sequence;
-    if (request.deadline < m_station.now()) {
+    if (request.deadline < m_runner.now()) {
         ++m_refused.stale;
         return std::nullopt;
     }
@@ -243,7 +243,7 @@ void CellService::welcome(const MqttMessage &message, const QString &user, const
                             QStringLiteral("the cell knows no user ") + user));
         return;
     }
-    const PendantSession *session = m_pendants.greet(user, client, greeting, m_station.now());
+    const PendantSession *session = m_pendants.greet(user, client, greeting, m_runner.now());
     if (!session) {
         m_refused.crowded = ++m_crowded;
         send(message,
@@ -256,9 +256,9 @@ void CellService::welcome(const MqttMessage &message, const QString &user, const
     showAlive();
     send(message,
          Reply::with(QVariantMap{{sessionKey, session->id},
-                                 {timeKey, m_station.now()},
+                                 {timeKey, m_runner.now()},
                                  {bootKey, m_boot},
-                                 {storeKey, m_station.storeIdentity()}}));
+                                 {storeKey, m_runner.storeIdentity()}}));
 }
 
 Reply CellService::carryOut(PendantSession &session, const Request &request)
@@ -294,7 +294,7 @@ Reply CellService::carryOutPermitted(PendantSession &session, const Request &req
     if (request.path != names::takeControl && request.path != names::giveControl) {
         Request signedOne = request;
         signedOne.author = {session.user, session.client, timeOfDay()};
-        return m_station.controller()->handle(signedOne);
+        return m_runner.controller()->handle(signedOne);
     }
     if (request.path == names::giveControl)
         m_pendants.giveControl(session);
@@ -308,7 +308,7 @@ void CellService::send(const MqttMessage &request, const Reply &reply)
 {
     MqttMessage message = protocol::toMessage(reply);
     message.correlation = request.correlation;
-    m_station.answer([this, topic = request.responseTopic, message] { publish(topic, message); });
+    m_runner.answer([this, topic = request.responseTopic, message] { publish(topic, message); });
 }
 
 void CellService::onBeat(const MqttMessage &message, const QString &user)
@@ -329,21 +329,21 @@ void CellService::onBeat(const MqttMessage &message, const QString &user)
         return;
     }
     session->lastBeat = beat->sequence;
-    session->lastSeen = m_station.now();
-    // A beat that was long on its way proves nothing of now.
-    if (!protocol::isCredible(beat->time, m_station.now())) {
+    session->lastSeen = m_runner.now();
+    // A beat that was long on its way does not prove that the pendant lives now.
+    if (!protocol::isCredible(beat->time, m_runner.now())) {
         ++m_refused.stale;
     } else if (m_pendants.holdsControl(*session)) {
-        m_station.controller()->beat(qMin(beat->time, m_station.now()), beat->presses);
-        m_station.tick();
+        m_runner.controller()->beat(qMin(beat->time, m_runner.now()), beat->presses);
+        m_runner.tick();
     }
 }
 
 void CellService::showAlive()
 {
-    if (!m_station.isReachable())
+    if (!m_runner.isReachable())
         return;
-    const qint64 now = m_station.now();
+    const qint64 now = m_runner.now();
     m_pendants.endSilent(now);
     afterSessions();
     protocol::Alive alive{m_boot, now, m_refused.all()};
@@ -375,7 +375,7 @@ void CellService::tellControl()
     if (now == m_told)
         return;
     m_told = now;
-    m_station.controller()->losePendant(); // a key that was held was not held on this one
+    m_runner.controller()->losePendant(); // a key that was held was not held on this one
     publish(m_topics.value(names::control), protocol::toValueMessage(control()));
 }
 

@@ -98,7 +98,7 @@ private:
     const QString m_boot;
     controller::Faults m_faults;
     controller::Journal m_journal;
-    ControllerRunner m_station;
+    ControllerRunner m_runner;
     RetainedValues m_board;
     Pendants m_pendants;
     QString m_told; // who held control when that was told last

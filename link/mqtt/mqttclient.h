@@ -95,7 +95,7 @@ private:
     std::atomic<bool> m_restart{false};
     std::atomic<bool> m_online{false};
     QString m_refusal; // why the broker, or we, would not have the connection
-    int m_rest; // milliseconds before the next attempt, at most
+    int m_rest = 0; // milliseconds before the next attempt, at most
     int m_wake = -1; // an eventfd: something is to be sent
 };
 

@@ -23,16 +23,16 @@ public:
     explicit MqttLink(const Options &options, QObject *parent = nullptr);
 
 protected:
-    void greet(int session) override { m_courier.greet(session); }
-    void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs) override;
-    void leave() override { m_courier.leave(); }
+    void greet(int session) override { m_mqtt.greet(session); }
+    void ask(int session, const std::shared_ptr<PendingCall> &call, int timeoutMs) override;
+    void leave() override { m_mqtt.leave(); }
     void beatOn(int session, const QVector<int> &presses) override
     {
-        m_courier.beat(session, presses);
+        m_mqtt.beat(session, presses);
     }
 
 private:
-    MqttSession m_courier;
+    MqttSession m_mqtt;
 };
 
 } // namespace welmo::links

@@ -95,10 +95,10 @@ bool MqttSession::send(protocol::Request request, const Pending &pending)
     return false;
 }
 
-void MqttSession::ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs)
+void MqttSession::ask(int session, const std::shared_ptr<PendingCall> &call, int timeoutMs)
 {
     const QMutexLocker lock(&m_mutex);
-    const LinkRequest &asked = exchange->request;
+    const LinkRequest &asked = call->request;
     protocol::Request request;
     request.session = m_wireSession;
     // The answer has a way to go too: what is begun at the last moment is done for nobody.
@@ -108,8 +108,8 @@ void MqttSession::ask(int session, const std::shared_ptr<PendingCall> &exchange,
         request.content.revision = m_revisions.value(revisionKey(asked));
     if (asked.kind == LinkRequest::Kind::Watch)
         watch(asked.path);
-    if (session != m_session || !send(request, {exchange, session}))
-        exchange->settle({LinkReply::Lost, {}});
+    if (session != m_session || !send(request, {call, session}))
+        call->answer({LinkReply::Lost, {}});
 }
 
 // Before the question, so that nothing is missed between its answer and the first value.
@@ -199,10 +199,10 @@ void MqttSession::onReply(const MqttMessage &message)
     }
     const Pending pending = *found;
     m_pending.erase(found);
-    if (!pending.exchange)
+    if (!pending.call)
         onGreeting(pending.session, *reply);
     else if (pending.session == m_session)
-        onAnswer(pending.exchange, *reply);
+        onAnswer(pending.call, *reply);
 }
 
 void MqttSession::onGreeting(int session, const Reply &reply)
@@ -226,7 +226,7 @@ void MqttSession::onGreeting(int session, const Reply &reply)
     emit greeted(session);
 }
 
-// Revisions count within one life of one store: in another the same number is another content.
+// Revisions count within one store: in another the same number may be another content.
 void MqttSession::meetStore(const QString &store)
 {
     const QString life = store + QLatin1Char('/') + m_boot;
@@ -238,12 +238,12 @@ void MqttSession::meetStore(const QString &store)
     m_store = store;
 }
 
-void MqttSession::onAnswer(const std::shared_ptr<PendingCall> &exchange, const Reply &reply)
+void MqttSession::onAnswer(const std::shared_ptr<PendingCall> &call, const Reply &reply)
 {
-    const LinkRequest &request = exchange->request;
+    const LinkRequest &request = call->request;
     if (reply.code < 0) {
         breakOff();
-        exchange->settle({LinkReply::Lost, {}});
+        call->answer({LinkReply::Lost, {}});
         return;
     }
     if (hasRevision(request) && reply.ok() && reply.revision)
@@ -251,10 +251,10 @@ void MqttSession::onAnswer(const std::shared_ptr<PendingCall> &exchange, const R
     if (request.kind == LinkRequest::Kind::Watch && reply.ok())
         m_watched.insert(request.path);
     tellRefusal(request, reply);
-    exchange->settle({reply.code, reply.value});
+    call->answer({reply.code, reply.value});
 }
 
-// The host knows that it failed; what the cell alone knows is told beside.
+// The host knows that the call failed; why, which only the cell knows, is told here.
 void MqttSession::tellRefusal(const LinkRequest &request, const Reply &reply)
 {
     const QVariantMap about = reply.value.toMap();
@@ -325,8 +325,8 @@ void MqttSession::pulse()
 void MqttSession::breakOff()
 {
     for (const Pending &pending : qAsConst(m_pending)) {
-        if (pending.exchange)
-            pending.exchange->settle({LinkReply::Lost, {}});
+        if (pending.call)
+            pending.call->answer({LinkReply::Lost, {}});
     }
     m_pending.clear();
     if (m_session != 0)

@@ -28,8 +28,8 @@ public:
 
     /// Asks the cell for a session; greeted() is the answer, if there is one.
     void greet(int session);
-    /// Takes the exchange to the cell; it is settled at the latest when the link breaks.
-    void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs);
+    /// Takes the call to the cell; it is answered at the latest when the link breaks.
+    void ask(int session, const std::shared_ptr<PendingCall> &call, int timeoutMs);
     /// The session is over, and so is the connection.
     void leave();
     void beat(int session, const QVector<int> &presses);
@@ -43,7 +43,7 @@ signals:
 private:
     struct Pending
     {
-        std::shared_ptr<PendingCall> exchange; // null: the greeting
+        std::shared_ptr<PendingCall> call; // null: the greeting
         int session;
     };
 
@@ -53,7 +53,7 @@ private:
     void onStatus(const std::optional<bool> &present);
     void onReply(const MqttMessage &message);
     void onGreeting(int session, const controller::Reply &reply);
-    void onAnswer(const std::shared_ptr<PendingCall> &exchange, const controller::Reply &reply);
+    void onAnswer(const std::shared_ptr<PendingCall> &call, const controller::Reply &reply);
     void tellRefusal(const tessa::LinkRequest &request, const controller::Reply &reply);
     void onAlive(const protocol::Alive &alive);
     void onValue(const MqttMessage &message);
@@ -70,7 +70,7 @@ private:
     const protocol::Topics m_topics;
     const QString m_cell;
     const QString m_user;
-    const QString m_client; // one for each courier: two pendants are never mistaken for one
+    const QString m_client; // one for each session object: two pendants are never mistaken for one
     MqttMessage m_end; // that this pendant is gone
     const controller::Clock m_clock;
     QElapsedTimer m_silence; // of the cell, and of one that is to greet us

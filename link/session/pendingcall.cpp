@@ -14,28 +14,28 @@ LinkReply PendingCall::wait(int timeoutMs)
 {
     const QDeadlineTimer deadline(timeoutMs);
     const QMutexLocker lock(&m_mutex);
-    while (!m_settled && m_ready.wait(&m_mutex, deadline)) { }
-    if (!m_settled) {
-        m_settled = true;
+    while (!m_answered && m_ready.wait(&m_mutex, deadline)) { }
+    if (!m_answered) {
+        m_answered = true;
         m_reply = {LinkReply::TimedOut, {}};
     }
     return m_reply;
 }
 
-void PendingCall::settle(const LinkReply &reply)
+void PendingCall::answer(const LinkReply &reply)
 {
     const QMutexLocker lock(&m_mutex);
-    if (m_settled)
+    if (m_answered)
         return;
-    m_settled = true;
+    m_answered = true;
     m_reply = reply;
     m_ready.wakeAll();
 }
 
-bool PendingCall::isSettled() const
+bool PendingCall::isAnswered() const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_settled;
+    return m_answered;
 }
 
 } // namespace welmo::links

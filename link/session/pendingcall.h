@@ -7,8 +7,8 @@
 
 namespace welmo::links {
 
-/// One call on its way. The caller waits on it, the far end settles it; whoever comes second finds
-/// it settled, so an answer that comes too late goes nowhere. Any thread may call.
+/// One call on its way. The caller waits on it, the server answers it; whoever comes second finds
+/// it answered, so an answer that comes too late goes nowhere. Any thread may call.
 class PendingCall
 {
 public:
@@ -16,16 +16,16 @@ public:
 
     const tessa::LinkRequest request;
 
-    /// The reply, or TimedOut after @p timeoutMs, which settles the exchange as well.
+    /// The reply, or TimedOut after @p timeoutMs, which answers the call as well.
     tessa::LinkReply wait(int timeoutMs);
-    void settle(const tessa::LinkReply &reply);
+    void answer(const tessa::LinkReply &reply);
     /// True when nobody waits any more: what was not carried out yet must not be.
-    bool isSettled() const;
+    bool isAnswered() const;
 
 private:
     mutable QMutex m_mutex;
     QWaitCondition m_ready;
-    bool m_settled = false;
+    bool m_answered = false;
     tessa::LinkReply m_reply;
 };
 

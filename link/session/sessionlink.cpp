@@ -17,9 +17,9 @@ LinkReply SessionLink::call(const LinkRequest &request, int timeoutMs)
 {
     if (!isUp())
         return {LinkReply::NotConnected, {}};
-    const auto exchange = std::make_shared<PendingCall>(request);
-    ask(m_session, exchange, timeoutMs);
-    LinkReply reply = exchange->wait(timeoutMs);
+    const auto call = std::make_shared<PendingCall>(request);
+    ask(m_session, call, timeoutMs);
+    LinkReply reply = call->wait(timeoutMs);
     if (!reply.fromController())
         goDown(State::Connecting);
     return reply;
@@ -47,7 +47,7 @@ void SessionLink::beat(const QVector<int> &presses)
         beatOn(m_session, presses);
 }
 
-// Nobody's slots run in here: this is called in the middle of a call.
+// No slot may run in here, since a call to the controller is going on.
 void SessionLink::goDown(State next)
 {
     const bool wasUp = isUp();

@@ -9,7 +9,7 @@
 
 namespace welmo::links {
 
-/// What every link has in common: one session at a time with a far end that lives on another
+/// What every link has in common: one session at a time with a server that lives on another
 /// thread. A link that went down asks for a new session, again and again, until close(); nothing is
 /// subscribed then until it is asked for again.
 class SessionLink : public tessa::ControllerLink
@@ -26,9 +26,9 @@ public:
     void beat(const QVector<int> &presses) override;
 
 protected:
-    // The way to the far end; each returns at once.
+    // The way to the server; each returns at once.
     virtual void greet(int session) = 0;
-    virtual void ask(int session, const std::shared_ptr<PendingCall> &exchange, int timeoutMs) = 0;
+    virtual void ask(int session, const std::shared_ptr<PendingCall> &call, int timeoutMs) = 0;
     virtual void leave() = 0;
     virtual void beatOn(int session, const QVector<int> &presses) = 0;
 

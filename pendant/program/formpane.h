@@ -53,12 +53,12 @@ private:
     void close();
 
     ProgramCheck *m_check;
-    QLabel *m_heading;
-    QLabel *m_syntax;
-    QLabel *m_old;
-    QLabel *m_warning;
+    QLabel *m_heading = nullptr;
+    QLabel *m_syntax = nullptr;
+    QLabel *m_old = nullptr;
+    QLabel *m_warning = nullptr;
     QScrollArea *m_area;
-    QPushButton *m_accept;
+    QPushButton *m_accept = nullptr;
     tessa::BaseContentWidget *m_form = nullptr;
     bool m_inserts = false;
     tl::ParsedLine m_before; // empty for an insert form

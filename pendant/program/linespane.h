@@ -53,15 +53,15 @@ private:
     ProgramRun *m_run;
     LineList *m_list;
     QMenu *m_menu;
-    QPushButton *m_findings;
-    QLabel *m_detail;
-    QAction *m_insert;
-    QAction *m_edit;
-    QAction *m_remove;
-    QAction *m_up;
-    QAction *m_down;
-    QAction *m_undo;
-    QAction *m_redo;
+    QPushButton *m_findings = nullptr;
+    QLabel *m_detail = nullptr;
+    QAction *m_insert = nullptr;
+    QAction *m_edit = nullptr;
+    QAction *m_remove = nullptr;
+    QAction *m_up = nullptr;
+    QAction *m_down = nullptr;
+    QAction *m_undo = nullptr;
+    QAction *m_redo = nullptr;
 };
 
 } // namespace welmo::pendant

@@ -15,8 +15,8 @@
 #include "pendant/program/programrun.h"
 #include "pendant/program/runbar.h"
 #include "pendant/program/runcheckpane.h"
-#include "pendant/state/cell.h"
 #include "pendant/program/stepbar.h"
+#include "pendant/state/cell.h"
 #include "pendant/theme/look.h"
 #include "schema/weldmode.h"
 

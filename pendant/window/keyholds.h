@@ -22,8 +22,8 @@ class KeyHolds : public QObject
     Q_OBJECT
 public:
     enum Kind { Mouse, Touch, Keyboard };
-    /// A mouse button, a touch point, or the scan code of a key of the keyboard: what the key means may
-    /// have changed when it comes up.
+    /// A mouse button, a touch point, or the scan code of a key of the keyboard: what the key means
+    /// may have changed when it comes up.
     using Source = std::pair<Kind, int>;
 
     explicit KeyHolds(QObject *parent = nullptr);

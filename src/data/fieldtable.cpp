@@ -54,7 +54,7 @@ void FieldTable::reportCuts(const kelp::ModuleObject *file)
         QCoreApplication::translate("FieldTable", "%1: of \"%2\", %3 is stored and %4 is shown");
     for (const auto &field : m_fields) {
         const QVariantList cut = field->cut(file);
-        // A default that its own box cannot show was nobody's choice.
+        // No warning of a default that its box cannot show: nobody chose it.
         if (cut.isEmpty() || cut[0] == field->row().defaultValue())
             m_cuts.remove(field.get());
         else

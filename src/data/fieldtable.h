@@ -65,7 +65,7 @@ public:
     /// Fills the controls with their signals blocked; what depends on the values is the caller's to
     /// bring up to date afterwards. A value that a control cannot show is reported.
     void show(const kelp::ModuleObject *file);
-    /// Tells the numbers of which the controls show something else, once as long as that lasts.
+    /// Warns of each number that its control shows differently, once until that changes.
     void reportCuts(const kelp::ModuleObject *file);
 
 private:
@@ -77,7 +77,7 @@ private:
     }
     void reportUnknown(const kelp::ModuleObject *file, const Field &field);
     QString nameOf(const kelp::ModuleObject *file) const;
-    /// Nothing is told twice of a field until something else was shown in it.
+    /// Tells a text of a field once, until the field has shown something else.
     void tellOnce(QHash<const Field *, QString> &told, const Field &field, const QString &text);
 
     QObject *m_owner;

@@ -12,7 +12,7 @@
 namespace welmo {
 
 /// One parameter set as one form edits it: the file combo box, the field table, and the current
-/// data object between them. Thin: the moving is FieldTable's, the fetching parameterfile's.
+/// data object between them. FieldTable moves the values, parameterfile reads and writes them.
 ///
 /// What anybody writes into the chosen file is shown here too, except in fields that are being
 /// edited: a save must not undo what was saved elsewhere. A file that could not be read is read

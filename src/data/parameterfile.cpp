@@ -33,8 +33,8 @@ kelp::ModuleObject *keepAnswer(QObject *sender, const schema::FileSet &set, cons
     kelp::ModuleObject *local = moduleTree()->r(set.localPath(file));
     if (host::isMissing(local))
         local = makeLocalCopy(sender, set, file);
-    // Nothing new is no news: a host may tell a write of equal values too, and two forms that
-    // follow the file would go on reading it because of each other.
+    // Equal values are not written: a host may tell of that too, and two forms that follow the
+    // file would make each other read it for ever.
     if (host::toVariant(local) != host::toVariant(answer))
         local->copyFrom(sender, answer, true, true);
     return local;
@@ -51,7 +51,8 @@ bool create(QObject *sender, const schema::FileSet &set, const QString &file,
     const bool taken = xservice()->set(sender, set.node(), file, data)->getInt(0) == 0;
     if (!taken)
         report::error(sender, ParameterFile::tr("%1: could not be created").arg(file));
-    // The controller side was brought up with this second copy of the node onto itself.
+    // The copy of the node onto itself changes nothing; controllers in the field are used to this
+    // order of calls.
     data->copyFrom(sender, moduleTree()->r(set.localPath(file)), true, true);
     return taken;
 }

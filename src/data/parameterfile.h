@@ -30,7 +30,7 @@ Fetch handleGetParam(QObject *sender, const schema::FileSet &set, const QComboBo
                      kelp::ModuleObject *&data, const std::function<void()> &useDefault);
 
 /// Stores the form into @p data and writes it to the controller as the file named by @p combo.
-/// Returns the controller's code, 0 for success. Whose copy @p data is does not matter here.
+/// Returns the controller's code, 0 for success. @p data may be the copy of any file.
 int handleSaveParam(QObject *sender, const schema::FileSet &set, const QComboBox *combo,
                     kelp::ModuleObject *data, const std::function<void()> &store);
 

@@ -12,7 +12,7 @@ void warning(const QObject *sender, const QString &text);
 void info(const QObject *sender, const QString &text);
 
 /// Whether the link is up; where it is not, an error says "tessa not connected". Nobody is named as
-/// its sender: it belongs to the exchange with the controller, not to a page.
+/// its sender: it is about the link, not about a page.
 bool requireConnection();
 /// The same in the words of the pages with files, "tessa is not connected", sent by @p sender.
 bool requireConnection(const QObject *sender);

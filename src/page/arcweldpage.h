@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QPointer>
+#include <QWidget>
 #include <functional>
 #include <memory>
 

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QVariant>
+#include <QWidget>
 #include <memory>
 
 #include <tessa/basepage.h>

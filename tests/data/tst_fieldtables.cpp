@@ -80,7 +80,7 @@ struct Expected
 /// One parameter set as a form of the package edits it.
 struct SetUnderTest
 {
-    FieldTable *fields;
+    FieldTable *fields = nullptr;
     std::shared_ptr<QObject> form;
 };
 

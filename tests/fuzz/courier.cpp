@@ -47,7 +47,7 @@ void fuzz(const QByteArray &input)
     const auto watch = ask(LinkRequest::Kind::Watch, "arc_weld.weld_mode");
     hear(
         answer(client->sent.last(), welmo::controller::Reply::with(QVariantMap{{"mode", "simu"}})));
-    require(watch->isSettled() && watch->wait(0).code == 0, "a session is set up");
+    require(watch->isAnswered() && watch->wait(0).code == 0, "a session is set up");
 
     const auto asked = ask(LinkRequest::Kind::Get, "arc_weld.welder_state");
     const QByteArray correlation = client->sent.last().correlation;
@@ -57,7 +57,7 @@ void fuzz(const QByteArray &input)
         now += 10;
         if (message.topic == mail::root + "reply/anna/PENDANT")
             message.topic = replies;
-        if (!asked->isSettled() && message.correlation == correlation && message.topic == replies)
+        if (!asked->isAnswered() && message.correlation == correlation && message.topic == replies)
             reply = protocol::toReply(message);
         hear(message);
         client->handlers.pulse();
@@ -65,7 +65,7 @@ void fuzz(const QByteArray &input)
         require(broken <= 1, "a session breaks once");
     }
     courier.leave();
-    require(asked->isSettled(), "nobody waits for ever");
+    require(asked->isAnswered(), "nobody waits for ever");
     const LinkReply settled = asked->wait(0);
     require(settled.code != 0 || (reply && reply->ok() && settled.value == reply->value),
             "what was read is what was answered");

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QtTest>
 
+#include "link/mqtt/mqttclient.h"
 #include "link/protocol/protocol.h"
 #include "linkwords.h"
 

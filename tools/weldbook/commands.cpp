@@ -21,7 +21,7 @@ struct Call
     QCommandLineParser parser;
     QStringList words; ///< the command and what follows it
     Filter filter;
-    QIODevice *out;
+    QIODevice *out = nullptr;
     QString problem;
 
     int complain(const QString &line, int status = wrongArguments)

@@ -37,7 +37,7 @@ QJsonDocument readJsonFile(const QString &path, QString *error)
     QByteArray bytes = file.readAll();
     if (bytes.startsWith("\xEF\xBB\xBF"))
         bytes.remove(0, 3);
-    QJsonParseError problem;
+    QJsonParseError problem{};
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &problem);
     if (document.isNull())
         *error = parseError(path, bytes, problem);

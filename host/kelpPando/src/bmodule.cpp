@@ -19,7 +19,7 @@ BModule::~BModule()
     qDeleteAll(m_submodules);
 }
 
-// Each step is nothing until a module makes something of it.
+// A module overrides the steps that it needs; the others do nothing.
 void BModule::init() { }
 void BModule::afterInit() { }
 void BModule::setup() { }

@@ -17,7 +17,7 @@ Theme &instance()
 }
 
 // A theme file of its own need not bring every picture along.
-const QString s_ownImages = QStringLiteral(":/tessa/theme/images/");
+const QString ownImages = QStringLiteral(":/tessa/theme/images/");
 
 } // namespace
 
@@ -51,7 +51,7 @@ QString Theme::imagePath(const QString &key) const
     if (file.isEmpty())
         return {};
     const QString own = m_images + file;
-    return QFileInfo::exists(own) ? own : s_ownImages + file;
+    return QFileInfo::exists(own) ? own : ownImages + file;
 }
 
 QString Theme::resolve(const QString &text, QStringList *unknown) const

@@ -15,7 +15,7 @@ PhysicalKeys::~PhysicalKeys()
 
 void PhysicalKeys::regist(QObject *owner, const Set &set)
 {
-    // What is held gets its release from the actions that it was pressed with.
+    // Held keys are released first, by the actions that they were pressed with.
     releaseSet(set.name);
     const size_t keys = size_t(set.firstGroup.size()) + size_t(set.secondGroup.size());
     Entry entry{set, owner, std::vector<int>(keys, 0)};

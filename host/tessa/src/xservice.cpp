@@ -210,7 +210,7 @@ void XService::deliver(Subscription &entry, const QVariant &values, bool silent)
 
 void XService::onNotified(const QString &path, const QVariant &values)
 {
-    // What a lost session still had on the way is stale; the resynchronisation brings what counts.
+    // What a lost session still had on the way is stale: every value is read anew.
     if (!isConnected())
         return;
     if (m_mirrored.contains(path))

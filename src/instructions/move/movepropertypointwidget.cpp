@@ -67,7 +67,7 @@ QList<PointGroup *> MovePropertyPointWidget::groups() const
 
 void MovePropertyPointWidget::initialize(const QString &type)
 {
-    // A lone tab needs no bar, nor the room for one; and a group costs as much as all else here.
+    // The second group is made when it is wanted: it takes as long as the rest of the form.
     const bool circular = type == QLatin1String("movec");
     if (circular && !m_aux)
         m_aux = addGroup(QStringLiteral("wgtAux"), tr("Auxiliary point"));

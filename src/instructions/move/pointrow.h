@@ -57,7 +57,7 @@ signals:
     void edited();
 
 protected:
-    std::array<QDoubleSpinBox *, 6> m_boxes;
+    std::array<QDoubleSpinBox *, 6> m_boxes{};
 };
 
 /// Values that are only shown.
