@@ -124,7 +124,7 @@ Reply Program::mayStart(const QVariant &payload) const
 {
     if (m_state == State::Running)
         return wrongState("the program runs");
-    if (const Reason why = hindrance(); !why.isEmpty())
+    if (const Reason why = m_surroundings.hindrance(); !why.isEmpty())
         return refusedFor(WrongState, why, why.code);
     const QString key = QStringLiteral("line");
     if (!childAt(payload, key).isValid())
@@ -133,13 +133,6 @@ Reply Program::mayStart(const QVariant &payload) const
     if (wanted.ok())
         wanted.value = childAt(wanted.value, key).toInt() - 1;
     return wanted;
-}
-
-Reason Program::hindrance() const
-{
-    if (!m_surroundings.switches.power)
-        return {QStringLiteral("no_power")};
-    return m_surroundings.switches.fault ? Reason{QStringLiteral("cell_fault")} : Reason{};
 }
 
 // What was paused is over then.
@@ -250,7 +243,7 @@ Reply Program::stop()
 
 void Program::step()
 {
-    const Reason hindered = hindrance();
+    const Reason hindered = m_surroundings.hindrance();
     if (m_stage.robot.takeStop() || pauseIfAlone())
         pause();
     else if (!hindered.isEmpty())

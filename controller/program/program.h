@@ -59,7 +59,6 @@ private:
     Reply reweld();
     Reply pause();
     Reply stop();
-    Reason hindrance() const;
     Reply mayStart(const QVariant &payload) const;
     Reply takeRobot();
     Reply setStage();

@@ -26,6 +26,8 @@ public:
 
     /// The tip of a tool in the flange's frame; without a name the tool of the tool page.
     Reply toolTip(const QString &name, Frame *frame) const;
+    /// @p name, or without one what is chosen on the tool page of that kind: "tool" or "wobj".
+    QString chosen(const QString &kind, const QString &name) const;
     /// A work object in the base frame.
     Reply reference(const QString &userFrame, const QString &workObject, Frame *frame) const;
     /// A point in its work object's frame, and that work object's name.

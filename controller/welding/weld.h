@@ -46,6 +46,8 @@ public:
     const WeldProcess &process() const { return m_process; }
     /// True while wire and power are the weld's own.
     bool isWelding() const;
+    bool consumesGas() const { return m_arc == Arc::Real && isBusy(); }
+    bool consumesWire() const { return m_arc == Arc::Real && m_process.arc().isBurning(); }
     /// The torch has to stay until the arc burns or the crater is full.
     bool holdsTorch() const;
     /// What the open seam is welded with, mm/s; 0 when its file leaves that to the program.
