@@ -613,6 +613,26 @@
         <source>Cell</source>
         <translation>单元</translation>
     </message>
+    <message>
+        <source>Gas flows</source>
+        <translation>送气中</translation>
+    </message>
+    <message>
+        <source>Gas off</source>
+        <translation>气体关闭</translation>
+    </message>
+    <message>
+        <source>Wire feeds</source>
+        <translation>送丝中</translation>
+    </message>
+    <message>
+        <source>Wire goes back</source>
+        <translation>退丝中</translation>
+    </message>
+    <message>
+        <source>Wire still</source>
+        <translation>焊丝静止</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::CellPanel</name>
@@ -1183,12 +1203,20 @@ From: %2</source>
         <source>The example runs: one bead of 400 mm, the arc in the monitor; Stop ends it</source>
         <translation>示例正在运行：一道 400 mm 焊缝，电弧见监控；按“停止”结束</translation>
     </message>
+    <message>
+        <source>Jog</source>
+        <translation>点动</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::PendantWindow</name>
     <message>
         <source>Pendant</source>
         <translation>示教器</translation>
+    </message>
+    <message>
+        <source>Jog %1 %   %2   %3</source>
+        <translation>点动 %1 %   %2   %3</translation>
     </message>
 </context>
 <context>
@@ -1380,6 +1408,174 @@ From: %2</source>
     <message>
         <source>Re-weld from %1 mm</source>
         <translation>从 %1 mm 处补焊</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::JogPage</name>
+    <message>
+        <source>Jog</source>
+        <translation>点动</translation>
+    </message>
+    <message>
+        <source>Hold to move</source>
+        <translation>按住移动</translation>
+    </message>
+    <message>
+        <source>Along the base&apos;s axes</source>
+        <translation>沿基坐标系轴</translation>
+    </message>
+    <message>
+        <source>Along the tool&apos;s axes</source>
+        <translation>沿工具坐标系轴</translation>
+    </message>
+    <message>
+        <source>Along the work object&apos;s axes</source>
+        <translation>沿工件坐标系轴</translation>
+    </message>
+    <message>
+        <source>Each joint by itself</source>
+        <translation>单关节</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Jog speed %1 %</source>
+        <translation>点动速度 %1 %</translation>
+    </message>
+    <message>
+        <source>No connection to the controller</source>
+        <translation>未连接控制器</translation>
+    </message>
+    <message>
+        <source>The robot does not move: %1</source>
+        <translation>机器人未移动：%1</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::PointsPanel</name>
+    <message>
+        <source>Points of the project</source>
+        <translation>工程点位</translation>
+    </message>
+    <message>
+        <source>Name of the point</source>
+        <translation>点位名称</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Touch up</source>
+        <translation>修正</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Is %1 to be where the robot is now?</source>
+        <translation>要把 %1 改为机器人的当前位置吗？</translation>
+    </message>
+    <message>
+        <source>Remove the point %1? Programs that name it will not run.</source>
+        <translation>删除点位 %1 吗？引用它的程序将无法运行。</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>The project has no points.</source>
+        <translation>工程中没有点位。</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::ProjectPoints</name>
+    <message>
+        <source>Points</source>
+        <translation>点位</translation>
+    </message>
+    <message>
+        <source>x %1, y %2, z %3 mm; a %4, b %5, c %6°; %7 in %8</source>
+        <translation>x %1、y %2、z %3 mm；a %4、b %5、c %6°；工具 %7，工件 %8</translation>
+    </message>
+    <message>
+        <source>A point&apos;s name has letters, digits and _, and starts with no digit</source>
+        <translation>点位名称只能包含字母、数字和下划线，且不能以数字开头</translation>
+    </message>
+    <message>
+        <source>There is a point %1 already</source>
+        <translation>点位 %1 已存在</translation>
+    </message>
+    <message>
+        <source>%1 is %2 now</source>
+        <translation>%1 已改名为 %2</translation>
+    </message>
+    <message>
+        <source>%1 removed</source>
+        <translation>%1 已删除</translation>
+    </message>
+    <message>
+        <source>%1 is where the robot is now</source>
+        <translation>%1 已改为机器人的当前位置</translation>
+    </message>
+    <message>
+        <source>%1 was not changed (%2)</source>
+        <translation>%1 未更改（%2）</translation>
+    </message>
+    <message>
+        <source>the controller&apos;s list or the robot does not allow it</source>
+        <translation>控制器的列表或机器人不允许</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::RobotState</name>
+    <message>
+        <source>Robot</source>
+        <translation>机器人</translation>
+    </message>
+    <message>
+        <source>The robot moves</source>
+        <translation>机器人正在移动</translation>
+    </message>
+    <message>
+        <source>The robot has arrived</source>
+        <translation>机器人已到达</translation>
+    </message>
+    <message>
+        <source>The robot does not move: %1</source>
+        <translation>机器人未移动：%1</translation>
+    </message>
+    <message>
+        <source>The robot was stopped</source>
+        <translation>机器人已停止</translation>
+    </message>
+    <message>
+        <source>The robot was stopped: %1</source>
+        <translation>机器人已停止：%1</translation>
+    </message>
+    <message>
+        <source>The robot moves to a point</source>
+        <translation>机器人正移向点位</translation>
+    </message>
+    <message>
+        <source>The robot moves by hand</source>
+        <translation>机器人正在点动</translation>
+    </message>
+    <message>
+        <source>A program has the robot</source>
+        <translation>程序正在使用机器人</translation>
+    </message>
+    <message>
+        <source>Nobody knows where the robot is</source>
+        <translation>机器人位置未知</translation>
+    </message>
+    <message>
+        <source>The robot stands still</source>
+        <translation>机器人静止</translation>
     </message>
 </context>
 </TS>

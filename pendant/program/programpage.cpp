@@ -41,7 +41,8 @@ ProgramPage::ProgramPage(ProgramDocument *document, tessa::MessageLog *log, cons
     m_state = new QLabel(this);
     m_state->setObjectName(QStringLiteral("lblRunState"));
     m_state->setTextFormat(Qt::PlainText);
-    m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_state->setWordWrap(true);
+    m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_steps = new StepBar(
         document, m_run, [this] { return m_lines->line(); }, m_lines);
     auto *runRow = new QHBoxLayout;

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QVariantMap>
 
+#include "kelp/moduleobject.h"
+
 #include "schema/reasons.h"
 
 namespace welmo::pendant {
@@ -28,6 +30,14 @@ QString codeText(int code)
     default:
         return QCoreApplication::translate("Reasons", "code %1").arg(code);
     }
+}
+
+QString answerText(const kelp::ModuleObject &answer)
+{
+    const QVariantMap map = answer.toVariant().toMap();
+    const QString reason = map.value(QStringLiteral("reason")).toString();
+    return reason.isEmpty() ? codeText(answer.getInt(0))
+                            : reasonText(reason, itemsOf(map.value(QStringLiteral("arguments"))));
 }
 
 QString reasonText(const QString &code, const QVariantList &arguments, int line)

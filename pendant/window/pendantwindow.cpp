@@ -6,6 +6,7 @@
 
 #include "pando/frame.h"
 #include "pendant/state/cell.h"
+#include "pendant/state/jogspeed.h"
 #include "pendant/state/linkbadge.h"
 #include "pendant/state/navigation.h"
 #include "pendant/theme/look.h"
@@ -109,6 +110,7 @@ QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, const WindowSta
     // The message takes what is left, so that items before the stretch do not move with it.
     m_status->addItem(this, stretchItem, new QWidget(m_status));
     addModeText(state.cell);
+    addHandFacts(state.cell, state.jog);
     auto *badge = new LinkBadge(state.link, m_status);
     badge->setFixedWidth(LinkBadge::fixedWidth);
     m_status->addItem(this, QStringLiteral("pendant.link"), badge);
@@ -124,6 +126,22 @@ void PendantWindow::addModeText(Cell *cell)
     connect(cell, &Cell::changed, label, follow);
     follow();
     m_status->addItem(this, QStringLiteral("pendant.mode"), label);
+}
+
+// What the handle's keys change.
+void PendantWindow::addHandFacts(Cell *cell, JogSpeed *jog)
+{
+    auto *label = new QLabel(m_status);
+    label->setObjectName(QStringLiteral("lblHandFacts"));
+    const auto follow = [label, cell, jog] {
+        label->setText(
+            tr("Jog %1 %   %2   %3")
+                .arg(QString::number(jog->percent()), cell->gasText(), cell->wireText()));
+    };
+    connect(cell, &Cell::changed, label, follow);
+    connect(jog, &JogSpeed::changed, label, follow);
+    follow();
+    m_status->addItem(this, QStringLiteral("pendant.hand"), label);
 }
 
 void PendantWindow::setCount(const QString &key, int count)

@@ -21,6 +21,7 @@ namespace welmo::pendant {
 
 class AlarmList;
 class Cell;
+class JogSpeed;
 class KeyHolds;
 class LinkControl;
 class NavPanel;
@@ -31,6 +32,7 @@ struct WindowState
     LinkControl *link;
     Cell *cell;
     AlarmList *alarms;
+    JogSpeed *jog;
     QString place; ///< see HeaderBar
 };
 
@@ -68,6 +70,7 @@ private:
     QWidget *makeStrip(Cell *cell);
     QWidget *makeStatus(tessa::ManagerHelper *helper, const WindowState &state);
     void addModeText(Cell *cell);
+    void addHandFacts(Cell *cell, JogSpeed *jog);
 
     NavPanel *m_nav = nullptr;
     pando::CenterWidget *m_center = nullptr;

@@ -1,4 +1,7 @@
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTest>
 #include <QToolButton>
 
 #include "support/programtouch.h"
@@ -41,6 +44,36 @@ void reweld(Tour &tour)
         Tour::await("back", says("paused at line 2"));
         tour.click("btnProgramStop");
         return Tour::await("stopped", says("stopped"));
+    });
+}
+
+void jog(Tour &tour)
+{
+    using Event = welmo::controller::Journal::Event;
+    const auto place = [&tour] { return tour.find<QLabel>("lblJogValue1")->text(); };
+    const auto last = [&tour] { return tour.journal().entries().last().event; };
+    QString before;
+    tour.step("a key of the jog page is held, and the robot moves", "jog", [&] {
+        tour.open("jog");
+        before = place();
+        const QPoint plus = tour.find("lblJogValue1")->geometry().topRight() + QPoint(60, 10);
+        QTest::mousePress(tour.find("pndJogPad"), Qt::LeftButton, {}, plus);
+        Tour::await("moving", [&] { return place() != before; });
+        return Tour::require(last() == Event::Jogs ? "jogs" : "still", "jogs");
+    });
+    tour.step("the key is let go, and it stands", [&] {
+        QTest::mouseRelease(tour.window(), Qt::LeftButton);
+        return Tour::await("standing", [&] { return last() == Event::JogStops; });
+    });
+    tour.step("a point is renamed", "jog-points", [&] {
+        tour.find<QListWidget>("lstPoints")->setCurrentRow(6);
+        tour.find<QLineEdit>("ledtPointName")->setText("corner");
+        tour.click("btnRenamePoint");
+        return tour.requireMessage("info: p7 is corner now");
+    });
+    tour.step("the jog speed is in the status bar, with gas and wire", [&] {
+        tour.click("btnJogFaster");
+        return tour.requireText("lblHandFacts", "Jog 35 %   Gas off   Wire still");
     });
 }
 

@@ -53,6 +53,7 @@ void weld(Tour &tour);
 void weldBook(Tour &tour);
 void alarm(Tour &tour);
 void reweld(Tour &tour);
+void jog(Tour &tour);
 void example(Tour &tour);
 void display(Tour &tour);
 
