@@ -58,6 +58,7 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries,
 
 PendantWindow::~PendantWindow()
 {
+    delete m_column; // it follows keys that pages take with them
     pando::frame() = {};
 }
 
@@ -79,7 +80,8 @@ QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
     layout->addWidget(m_center, 1);
     layout->addWidget(m_side);
     // At the edge, so that no page or side bar moves them from under the operator's right hand.
-    layout->addWidget(new KeyColumn(keys, holds, this));
+    m_column = new KeyColumn(keys, holds, this);
+    layout->addWidget(m_column);
     connect(m_nav, &NavPanel::chosen, this, &PendantWindow::showPage);
     connect(m_center, &pando::CenterWidget::pageShown, m_nav, &NavPanel::setCurrent);
     return row;

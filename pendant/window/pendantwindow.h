@@ -22,6 +22,7 @@ namespace welmo::pendant {
 class AlarmList;
 class Cell;
 class JogSpeed;
+class KeyColumn;
 class KeyHolds;
 class LinkControl;
 class NavPanel;
@@ -73,6 +74,7 @@ private:
     void addHandFacts(Cell *cell, JogSpeed *jog);
 
     NavPanel *m_nav = nullptr;
+    KeyColumn *m_column = nullptr;
     pando::CenterWidget *m_center = nullptr;
     pando::ExpandSideBar *m_side = nullptr;
     pando::StatusBar *m_status = nullptr;
