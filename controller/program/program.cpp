@@ -438,6 +438,8 @@ QVariantMap Program::result(const QString &end) const
             {QStringLiteral("seams_of"), m_seams},
             {QStringLiteral("welded"), std::round(weld.tally().welded * 10) / 10},
             {QStringLiteral("length"), std::round(m_stage.seamLength * 10) / 10},
+            {QStringLiteral("arc_seconds"), std::round(weld.tally().arcMinutes * 600) / 10},
+            {QStringLiteral("wire"), std::round(weld.tally().wire * 1000) / 1000},
             {QStringLiteral("ignored"), m_ignored},
             {QStringLiteral("arc_on"), weld.isWelding()},
             {QStringLiteral("mode"), m_mode}};

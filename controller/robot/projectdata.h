@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "controller/core/controllercontext.h"
+#include "controller/core/reader.h"
 #include "controller/robot/robotarm.h"
 
 namespace welmo::controller {
@@ -12,8 +12,9 @@ namespace welmo::controller {
 class ProjectData
 {
 public:
-    explicit ProjectData(const ControllerContext &context)
-        : m_context(context)
+    /// @p reader is borrowed.
+    explicit ProjectData(const Reader &reader)
+        : m_reader(reader)
     { }
 
     /// Stands for the base frame, or for a work object's own user frame.
@@ -40,7 +41,7 @@ public:
 private:
     Reply item(const QString &kind, const QString &name) const;
 
-    const ControllerContext &m_context;
+    const Reader &m_reader;
 };
 
 } // namespace welmo::controller

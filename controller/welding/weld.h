@@ -23,6 +23,8 @@ public:
     {
         int seams = 0; ///< that were begun to be welded
         double welded = 0; ///< mm
+        double arcMinutes = 0; ///< of burning arc
+        double wire = 0; ///< m
     };
 
     Weld(ControllerContext &context, Registry &registry, const Welder &welder, Alarms &alarms);
@@ -77,7 +79,8 @@ private:
     void trimEnd(const QVariantMap &file) { m_process.trim(ArcEnd::from(file)); }
     Reply refusal() const;
     void raise(const Reason &alarm, const QString &file);
-    void count(double distanceBefore);
+    void count(const Tally &before);
+    Tally counters() const;
     void note();
     WeldProcess::Conditions conditions() const;
     double distance() const;

@@ -226,7 +226,7 @@ void PendantApp::addPages(controller::Faults *faults)
 void PendantApp::addProgramPage(tessa::MessageLog *log)
 {
     const QString folder = QDir(m_options.dataFolder).filePath(QStringLiteral("programs"));
-    auto *page = new ProgramPage(&m_program, log, folder);
+    auto *page = new ProgramPage(&m_program, m_cell.get(), m_robot.get(), log, folder);
     m_programPage = page;
     m_window->center()->addPage(this, programKey, page);
     connect(m_window.get(), &PendantWindow::lineWanted, page,

@@ -1301,6 +1301,10 @@ From: %2</source>
         <source>Program: %1</source>
         <translation>程序：%1</translation>
     </message>
+    <message>
+        <source>Path</source>
+        <translation>路径</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::ProgramRun</name>
@@ -1576,6 +1580,40 @@ From: %2</source>
     <message>
         <source>The robot stands still</source>
         <translation>机器人静止</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::PathView</name>
+    <message>
+        <source>The program&apos;s path</source>
+        <translation>程序路径</translation>
+    </message>
+    <message>
+        <source>The program moves nowhere.</source>
+        <translation>程序没有移动。</translation>
+    </message>
+    <message>
+        <source>From above</source>
+        <translation>俯视</translation>
+    </message>
+    <message>
+        <source>From the side</source>
+        <translation>侧视</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::PathPane</name>
+    <message>
+        <source>Expected: %1 min, arc %2 min, seams %3 mm, wire %4 m</source>
+        <translation>预计：%1 分，燃弧 %2 分，焊缝 %3 mm，焊丝 %4 m</translation>
+    </message>
+    <message>
+        <source>dashed: without an arc</source>
+        <translation>虚线：不起弧</translation>
+    </message>
+    <message>
+        <source>%1; without what cannot be carried out: line %2</source>
+        <translation>%1；不含无法执行的第 %2 行</translation>
     </message>
 </context>
 </TS>

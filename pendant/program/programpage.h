@@ -4,6 +4,7 @@
 
 #include "pendant/pages/hostpage.h"
 
+class QAction;
 class QStackedLayout;
 
 namespace tessa {
@@ -14,11 +15,14 @@ namespace welmo::pendant {
 
 class FileKeeper;
 class FilesPane;
+class Cell;
 class FormPane;
 class LinesPane;
+class PathPane;
 class ProgramCheck;
 class ProgramDocument;
 class ProgramRun;
+class RobotState;
 class RunBar;
 class StepBar;
 
@@ -30,8 +34,8 @@ class ProgramPage : public HostPage
 public:
     /// The document outlives the page, which is built anew with another language. @p folder holds
     /// the pendant's own programs.
-    ProgramPage(ProgramDocument *document, tessa::MessageLog *log, const QString &folder,
-                QWidget *parent = nullptr);
+    ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robot, tessa::MessageLog *log,
+                const QString &folder, QWidget *parent = nullptr);
 
     /// See FileKeeper::mayGo().
     bool mayGo(const std::function<void()> &goOn);
@@ -51,6 +55,7 @@ private:
     void connectPanes();
     void takeLine(const QString &text);
     void showPane(QWidget *pane);
+    void togglePath();
     void makeRoom();
     void showRun();
     void refreshTitle();
@@ -61,10 +66,12 @@ private:
     LinesPane *m_lines;
     FormPane *m_form;
     FilesPane *m_files;
+    PathPane *m_path;
     FileKeeper *m_keeper;
     QStackedLayout *m_panes = nullptr;
     QWidget *m_top = nullptr;
     QWidget *m_bar = nullptr;
+    QAction *m_pathAction = nullptr;
     RunBar *m_runBar = nullptr;
     StepBar *m_steps = nullptr;
     QLabel *m_state = nullptr;

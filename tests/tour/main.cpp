@@ -12,8 +12,9 @@ constexpr void (*walk[])(tour::Tour &) = {
     tour::firstStart, tour::processSetting, tour::restart,
     tour::linkDown,   tour::hostPages,      tour::processConfiguration,
     tour::handleKeys, tour::programEditor,  tour::weld,
-    tour::alarm,      tour::reweld,         tour::jog,
-    tour::weldBook,   tour::display,        tour::example,
+    tour::alarm,      tour::reweld,         tour::path,
+    tour::jog,        tour::weldBook,       tour::display,
+    tour::example,
 };
 
 } // namespace
