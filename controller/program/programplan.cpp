@@ -14,7 +14,7 @@ namespace {
 
 constexpr double millisecond = 0.001;
 constexpr double wayStep = 4; // mm between two places of a way
-constexpr double weaveStep = 0.5;
+constexpr double weaveStep = 0.25;
 constexpr int mostSteps = 2000;
 
 /// Goes through the lines as a run would.
