@@ -12,7 +12,7 @@ namespace {
 
 const QString keySet = QStringLiteral("pendant.jog");
 constexpr int keyWidth = 104;
-constexpr int keyHeight = 56;
+constexpr int keyHeight = 48;
 
 } // namespace
 
