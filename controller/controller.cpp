@@ -8,6 +8,7 @@
 #include "controller/files/parameterfiles.h"
 #include "controller/program/cellstate.h"
 #include "controller/program/program.h"
+#include "controller/robot/jogging.h"
 #include "controller/robot/project.h"
 #include "controller/robot/robot.h"
 #include "controller/welding/weld.h"
@@ -39,10 +40,11 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     WireAndGas &wireAndGas = add<WireAndGas>(welder, weld, m_hold);
     add<Project>();
     m_registry.setLargest(names::project, largestProjectList);
-    Robot &robot = add<Robot>();
+    Robot &robot = add<Robot>(m_surroundings);
+    add<Jogging>(robot, m_hold);
     const Program &program = add<Program>(weld, wireAndGas, robot, alarms, m_surroundings);
     add<WelderState>(welder, weld);
-    add<CellState>(program, weld, welder, alarms, m_surroundings);
+    add<CellState>(program, weld, welder, wireAndGas, alarms, m_surroundings);
     m_registry.addValue(names::journal, [&journal] {
         return Reply::with(QVariantMap{{QStringLiteral("entries"), journal.recent(journalLength)}});
     });

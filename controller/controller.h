@@ -4,11 +4,11 @@
 #include <vector>
 
 #include "controller/core/controllercontext.h"
+#include "controller/core/holdtorun.h"
 #include "controller/core/registry.h"
 #include "controller/core/subsystem.h"
 #include "controller/files/examplefiles.h"
 #include "controller/robot/cellswitches.h"
-#include "controller/welding/holdtorun.h"
 
 namespace welmo::controller {
 

@@ -55,6 +55,9 @@ inline const QString reweldProgram = QStringLiteral("tl_program.reweld");
 inline const QString pauseProgram = QStringLiteral("tl_program.pause");
 inline const QString stopProgram = QStringLiteral("tl_program.stop");
 inline const QString moveToPoint = QStringLiteral("motion.move.to_point");
+inline const QString startJog = QStringLiteral("motion.jog.start");
+inline const QString stopJog = QStringLiteral("motion.jog.stop");
+inline const QString robotState = QStringLiteral("motion.state");
 inline const QString stopMove = QStringLiteral("motion.move.stop");
 
 } // namespace welmo::names

@@ -7,14 +7,14 @@
 #include "controller/core/clock.h"
 #include "controller/core/faults.h"
 #include "controller/core/journal.h"
-#include "controller/core/request.h"
+#include "controller/core/reader.h"
 #include "controller/core/store.h"
 
 namespace welmo::controller {
 
 /// What the units of a controller share: the store, the clock, the journal, the faults, and the way
 /// to tell watchers. Store failures become replies here, and nowhere else.
-class ControllerContext
+class ControllerContext : public Reader
 {
 public:
     using Notify = std::function<void(const QString &path, const QVariant &values)>;
@@ -30,7 +30,8 @@ public:
     void listen(const QString &path, const Listener &listener);
 
     /// The stored value, or @p fallback when there is none.
-    Reply load(const QString &path, const QString &key = {}, const QVariant &fallback = {}) const;
+    Reply load(const QString &path, const QString &key = {},
+               const QVariant &fallback = {}) const override;
     /// A map of everything stored under @p path, by key, without what is damaged.
     Reply loadAll(const QString &path) const;
     Reply save(const QString &path, const QString &key, const QVariant &value);

@@ -8,9 +8,9 @@ namespace {
 
 QString wordFor(Journal::Event event)
 {
-    static const std::array<const char *, 9> words{"wire_feeds", "wire_retracts", "wire_stops",
-                                                   "gas_flows",  "gas_stops",     "weld",
-                                                   "program",    "message",       "alarm"};
+    static const std::array<const char *, 11> words{
+        "wire_feeds", "wire_retracts", "wire_stops", "gas_flows", "gas_stops", "jogs",
+        "jog_stops",  "weld",          "program",    "message",   "alarm"};
     return QString::fromLatin1(words.at(static_cast<size_t>(event)));
 }
 

@@ -18,6 +18,8 @@ public:
         WireStops,
         GasFlows,
         GasStops,
+        Jogs, ///< a key moves the robot; the cause is the axis
+        JogStops,
         Weld, ///< the cause is the phase that begins
         Program, ///< the cause is the state it is in now
         Message, ///< something that a program ignores or gets over

@@ -3,6 +3,7 @@
 #include "controller/core/fields.h"
 #include "controller/program/program.h"
 #include "controller/welding/welder.h"
+#include "controller/welding/wireandgas.h"
 #include "schema/names.h"
 
 namespace welmo::controller {
@@ -24,12 +25,13 @@ void take(const QVariant &payload, const QString &key, bool *value)
 } // namespace
 
 CellState::CellState(ControllerContext &context, Registry &registry, const Program &program,
-                     const Weld &weld, const Welder &welder, const Alarms &alarms,
-                     Surroundings &surroundings)
+                     const Weld &weld, const Welder &welder, const WireAndGas &wireAndGas,
+                     const Alarms &alarms, Surroundings &surroundings)
     : m_context(context)
     , m_program(program)
     , m_weld(weld)
     , m_welder(welder)
+    , m_wireAndGas(wireAndGas)
     , m_alarms(alarms)
     , m_switches(surroundings.switches)
 {
@@ -42,16 +44,31 @@ Reply CellState::start()
 {
     m_told = word();
     m_toldChecks = checks();
+    m_toldFlows = flows();
     return {};
 }
 
 QVariantMap CellState::node() const
 {
-    return {{QStringLiteral("state"), word()},
-            {powerKey, m_switches.power},
-            {automaticKey, m_switches.automatic},
-            {faultKey, m_switches.fault},
-            {checksKey, checks()}};
+    QVariantMap map = flows();
+    map.insert(QStringLiteral("state"), word());
+    map.insert(powerKey, m_switches.power);
+    map.insert(automaticKey, m_switches.automatic);
+    map.insert(faultKey, m_switches.fault);
+    map.insert(checksKey, checks());
+    return map;
+}
+
+// Whoever moves them: a key, a line, or a weld.
+QVariantMap CellState::flows() const
+{
+    using Wire = WireAndGas::Wire;
+    const Wire wire = m_wireAndGas.wire();
+    const char *word = wire == Wire::Retracting          ? "retracting"
+        : wire == Wire::Feeding || m_weld.consumesWire() ? "feeding"
+                                                         : "still";
+    return {{QStringLiteral("gas"), m_wireAndGas.gasFlows() || m_weld.consumesGas()},
+            {QStringLiteral("wire"), QString::fromLatin1(word)}};
 }
 
 QVariantMap CellState::checks() const
@@ -93,12 +110,16 @@ void CellState::tick()
 {
     const QString now = word();
     const QVariantMap seen = checks();
-    if (now == m_told && seen == m_toldChecks)
+    const QVariantMap flowing = flows();
+    if (now == m_told && seen == m_toldChecks && flowing == m_toldFlows)
         return;
     m_told = now;
     m_toldChecks = seen;
-    m_context.notify(names::cellState,
-                     QVariantMap{{QStringLiteral("state"), now}, {checksKey, seen}});
+    m_toldFlows = flowing;
+    QVariantMap news = flowing;
+    news.insert(QStringLiteral("state"), now);
+    news.insert(checksKey, seen);
+    m_context.notify(names::cellState, news);
 }
 
 } // namespace welmo::controller

@@ -8,8 +8,10 @@ namespace welmo::controller {
 class Program;
 class Weld;
 class Welder;
+class WireAndGas;
 
-/// The cell as a whole. The node "cell.state" holds {state, power, automatic, fault, checks}: state
+/// The cell as a whole. The node "cell.state" holds {state, power, automatic, fault, gas, wire,
+/// checks}: gas says whether it flows, wire is still, feeding or retracting; state
 /// is idle, running, welding or fault; a program that failed is one until its alarms are
 /// acknowledged or another one runs. The command "cell.switch" takes any of {power, automatic,
 /// fault}: what a key switch, the power and the safety circuit are at a cell that is not simulated.
@@ -19,8 +21,8 @@ class CellState : public Subsystem
 {
 public:
     CellState(ControllerContext &context, Registry &registry, const Program &program,
-              const Weld &weld, const Welder &welder, const Alarms &alarms,
-              Surroundings &surroundings);
+              const Weld &weld, const Welder &welder, const WireAndGas &wireAndGas,
+              const Alarms &alarms, Surroundings &surroundings);
 
     Reply start() override;
     void tick() override;
@@ -29,16 +31,19 @@ private:
     QVariantMap node() const;
     QString word() const;
     QVariantMap checks() const;
+    QVariantMap flows() const;
     Reply turn(const QVariant &payload);
 
     ControllerContext &m_context;
     const Program &m_program;
     const Weld &m_weld;
     const Welder &m_welder;
+    const WireAndGas &m_wireAndGas;
     const Alarms &m_alarms;
     CellSwitches &m_switches;
     QString m_told;
     QVariantMap m_toldChecks;
+    QVariantMap m_toldFlows;
 };
 
 } // namespace welmo::controller

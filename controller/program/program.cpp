@@ -124,7 +124,7 @@ Reply Program::mayStart(const QVariant &payload) const
 {
     if (m_state == State::Running)
         return wrongState("the program runs");
-    if (const Reason why = hindrance(); !why.isEmpty())
+    if (const Reason why = m_surroundings.hindrance(); !why.isEmpty())
         return refusedFor(WrongState, why, why.code);
     const QString key = QStringLiteral("line");
     if (!childAt(payload, key).isValid())
@@ -133,13 +133,6 @@ Reply Program::mayStart(const QVariant &payload) const
     if (wanted.ok())
         wanted.value = childAt(wanted.value, key).toInt() - 1;
     return wanted;
-}
-
-Reason Program::hindrance() const
-{
-    if (!m_surroundings.switches.power)
-        return {QStringLiteral("no_power")};
-    return m_surroundings.switches.fault ? Reason{QStringLiteral("cell_fault")} : Reason{};
 }
 
 // What was paused is over then.
@@ -250,7 +243,7 @@ Reply Program::stop()
 
 void Program::step()
 {
-    const Reason hindered = hindrance();
+    const Reason hindered = m_surroundings.hindrance();
     if (m_stage.robot.takeStop() || pauseIfAlone())
         pause();
     else if (!hindered.isEmpty())
@@ -445,6 +438,8 @@ QVariantMap Program::result(const QString &end) const
             {QStringLiteral("seams_of"), m_seams},
             {QStringLiteral("welded"), std::round(weld.tally().welded * 10) / 10},
             {QStringLiteral("length"), std::round(m_stage.seamLength * 10) / 10},
+            {QStringLiteral("arc_seconds"), std::round(weld.tally().arcMinutes * 600) / 10},
+            {QStringLiteral("wire"), std::round(weld.tally().wire * 1000) / 1000},
             {QStringLiteral("ignored"), m_ignored},
             {QStringLiteral("arc_on"), weld.isWelding()},
             {QStringLiteral("mode"), m_mode}};

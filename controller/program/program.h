@@ -22,10 +22,10 @@ namespace welmo::controller {
 /// goes into or leaves stays without an arc until the next "ArcOn".
 ///
 /// The result says what came of the last run: {end, faults, seams, seams_of, welded, length,
-/// ignored, arc_on, mode}: how it ended (finished, stopped, failed, or nothing before it has), what
-/// went wrong as {code, arguments, line}, of how many seams so many were welded, of how many
-/// millimetres that it came to, how many lines were ignored, whether the arc was still on, and the
-/// weld mode.
+/// arc_seconds, wire, ignored, arc_on, mode}: how it ended (finished, stopped, failed, or nothing
+/// before it has), what went wrong as {code, arguments, line}, of how many seams so many were
+/// welded, of how many millimetres that it came to, for how long an arc burned, how many metres of
+/// wire it took, how many lines were ignored, whether the arc was still on, and the weld mode.
 ///
 /// It knows the language of the program checker and refuses the lines that the checker refuses; a
 /// line whose word is nobody's is ignored with a message. The weld mode at the start counts: "real"
@@ -59,7 +59,6 @@ private:
     Reply reweld();
     Reply pause();
     Reply stop();
-    Reason hindrance() const;
     Reply mayStart(const QVariant &payload) const;
     Reply takeRobot();
     Reply setStage();

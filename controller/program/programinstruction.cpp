@@ -169,11 +169,11 @@ std::unique_ptr<ProgramInstruction> makeInstruction(const tl::ParsedLine &line)
     return nullptr;
 }
 
-Reply readWeave(const ControllerContext &context, const QString &file, std::optional<Weave> *weave)
+Reply readWeave(const Reader &reader, const QString &file, std::optional<Weave> *weave)
 {
     weave->reset();
     Reply stored =
-        schema::weave().hasFile(file) ? context.load(schema::weave().node(), file) : Reply{};
+        schema::weave().hasFile(file) ? reader.load(schema::weave().node(), file) : Reply{};
     if (!stored.ok())
         return stored;
     if (!stored.value.isValid())

@@ -3,7 +3,7 @@
 #include <memory>
 #include <optional>
 
-#include "controller/core/request.h"
+#include "controller/core/reader.h"
 #include "controller/program/seamtrack.h"
 #include "controller/welding/weld.h"
 #include "tl/parsedline.h"
@@ -59,6 +59,6 @@ std::unique_ptr<ProgramInstruction> makeMoveOn(const tl::ParsedLine &line,
                                                std::optional<double> until);
 
 /// The weave file, or nothing for "no weave".
-Reply readWeave(const ControllerContext &context, const QString &file, std::optional<Weave> *weave);
+Reply readWeave(const Reader &reader, const QString &file, std::optional<Weave> *weave);
 
 } // namespace welmo::controller

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QtGlobal>
 #include <optional>
+
+#include "controller/core/reason.h"
 
 namespace welmo::controller {
 
@@ -32,6 +33,14 @@ struct Surroundings
 {
     CellSwitches switches;
     PendantWatch pendant;
+
+    /// Why nothing may move; empty when it may.
+    Reason hindrance() const
+    {
+        if (!switches.power)
+            return {QStringLiteral("no_power")};
+        return switches.fault ? Reason{QStringLiteral("cell_fault")} : Reason{};
+    }
 };
 
 } // namespace welmo::controller

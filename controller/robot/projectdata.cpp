@@ -33,16 +33,14 @@ QVariantMap ProjectData::poseMap(const Frame &frame)
 Reply ProjectData::toolTip(const QString &name, Frame *frame) const
 {
     const QString kind = QStringLiteral("tool");
-    QString chosen = name;
-    if (name.isEmpty()) {
-        Reply page = m_context.load(names::toolPage);
-        if (!page.ok())
-            return page;
-        chosen = childAt(page.value, kind).toString();
-    }
-    Reply tool = item(kind, chosen);
+    Reply tool = item(kind, chosen(kind, name));
     *frame = frameIn(childAt(tool.value, QStringLiteral("tcp")));
     return tool;
+}
+
+QString ProjectData::chosen(const QString &kind, const QString &name) const
+{
+    return name.isEmpty() ? childAt(m_reader.load(names::toolPage).value, kind).toString() : name;
 }
 
 Reply ProjectData::reference(const QString &userFrame, const QString &workObject,
@@ -97,7 +95,7 @@ Reply ProjectData::zone(const QString &name) const
 Reply ProjectData::item(const QString &kind, const QString &name) const
 {
     for (const char *list : {".system_list", "._list"}) {
-        Reply stored = m_context.load(names::project, kind + QString::fromLatin1(list));
+        Reply stored = m_reader.load(names::project, kind + QString::fromLatin1(list));
         if (!stored.ok())
             return stored;
         const QVariantList items = stored.value.toList();

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "controller/core/controllercontext.h"
+#include "controller/core/reader.h"
 #include "controller/robot/robotarm.h"
 
 namespace welmo::controller {
@@ -12,8 +12,9 @@ namespace welmo::controller {
 class ProjectData
 {
 public:
-    explicit ProjectData(const ControllerContext &context)
-        : m_context(context)
+    /// @p reader is borrowed.
+    explicit ProjectData(const Reader &reader)
+        : m_reader(reader)
     { }
 
     /// Stands for the base frame, or for a work object's own user frame.
@@ -26,6 +27,8 @@ public:
 
     /// The tip of a tool in the flange's frame; without a name the tool of the tool page.
     Reply toolTip(const QString &name, Frame *frame) const;
+    /// @p name, or without one what is chosen on the tool page of that kind: "tool" or "wobj".
+    QString chosen(const QString &kind, const QString &name) const;
     /// A work object in the base frame.
     Reply reference(const QString &userFrame, const QString &workObject, Frame *frame) const;
     /// A point in its work object's frame, and that work object's name.
@@ -38,7 +41,7 @@ public:
 private:
     Reply item(const QString &kind, const QString &name) const;
 
-    const ControllerContext &m_context;
+    const Reader &m_reader;
 };
 
 } // namespace welmo::controller

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "controller/core/fields.h"
+#include "controller/core/reason.h"
 #include "schema/names.h"
 
 namespace welmo::controller {
@@ -34,8 +35,9 @@ std::optional<RobotMotion::Way> wayNamed(const QString &name)
 
 } // namespace
 
-Robot::Robot(ControllerContext &context, Registry &registry)
+Robot::Robot(ControllerContext &context, Registry &registry, const Surroundings &surroundings)
     : m_context(context)
+    , m_surroundings(surroundings)
     , m_project(context)
 {
     registry.addCommand(names::robotPosition, [this](const Request &request) {
@@ -44,10 +46,60 @@ Robot::Robot(ControllerContext &context, Registry &registry)
     registry.addCommand(names::moveToPoint,
                         [this](const Request &request) { return moveToPoint(request.payload); });
     registry.addCommand(names::stopMove, [this](const Request &) {
-        m_motion.stop();
-        m_stopWanted = m_seized;
+        stop();
         return Reply{};
     });
+    registry.addValue(names::robotState, [this] { return Reply::with(node()); });
+}
+
+Reply Robot::start()
+{
+    m_toldWords = words();
+    m_toldJoints = m_motion.joints();
+    return {};
+}
+
+void Robot::tick()
+{
+    const bool moved = m_motion.isMoving();
+    const bool jogged = m_motion.isJogging();
+    if (moved)
+        watchOver();
+    m_motion.advance(m_context.now());
+    if (moved && !m_motion.isMoving() && m_motion.hasArrived())
+        end("arrived", {});
+    else if (jogged && !m_motion.isMoving() && m_reason.isEmpty())
+        end("stopped", {QStringLiteral("jog_limit")});
+    tell();
+}
+
+// In manual mode somebody stands beside the robot, who could not stop it any more.
+void Robot::watchOver()
+{
+    Reason why = m_surroundings.hindrance();
+    if (why.isEmpty() && m_surroundings.switches.automatic)
+        why = {QStringLiteral("automatic")};
+    else if (why.isEmpty() && m_surroundings.pendant.isGone(m_context.now()))
+        why = {QStringLiteral("pendant_gone")};
+    if (why.isEmpty())
+        return;
+    m_motion.stop();
+    end("stopped", why);
+}
+
+void Robot::stop()
+{
+    if (m_motion.isMoving())
+        end("stopped", {});
+    m_motion.stop();
+    m_stopWanted = m_seized;
+}
+
+void Robot::end(const char *how, const Reason &reason)
+{
+    ++m_ends;
+    m_end = QString::fromLatin1(how);
+    m_reason = reason;
 }
 
 Reply Robot::position(const QVariant &parameters) const
@@ -70,6 +122,43 @@ Reply Robot::position(const QVariant &parameters) const
 
 Reply Robot::moveToPoint(const QVariant &payload)
 {
+    const Reply reply = tryToMove(payload);
+    if (!reply.ok())
+        end("refused", reasonOf(reply));
+    tell();
+    return reply;
+}
+
+Reply Robot::mayMove() const
+{
+    Reason why = m_surroundings.hindrance();
+    if (why.isEmpty() && m_surroundings.switches.automatic)
+        why = {QStringLiteral("automatic")};
+    if (why.isEmpty() && m_seized)
+        why = {QStringLiteral("program_has_robot")};
+    if (why.isEmpty() && m_motion.isMoving())
+        why = {QStringLiteral("robot_moves")};
+    return why.isEmpty() ? Reply{} : refusedFor(WrongState, why, why.code);
+}
+
+Reply Robot::jog(const Jog &jog)
+{
+    const Reply reply = mayMove();
+    if (reply.ok()) {
+        m_reason = {};
+        m_motion.jog(m_context.now(), jog);
+    }
+    return reply;
+}
+
+void Robot::stopJog()
+{
+    if (m_motion.isJogging())
+        m_motion.stop();
+}
+
+Reply Robot::tryToMove(const QVariant &payload)
+{
     Reply wanted = checked(payload, moveFields(), Missing::Refused);
     if (wanted.ok())
         wanted = checked(wanted.value, {text("tool")}, Missing::Allowed);
@@ -88,13 +177,15 @@ Reply Robot::moveToPoint(const QVariant &payload)
             m_project.reference(word("coordinate.user_frame"), word("coordinate.wobj.name"), &base);
     if (!reply.ok())
         return reply;
-    if (m_motion.isMoving() || m_seized)
-        return Reply::refused(WrongState, QStringLiteral("the robot moves"));
+    reply = mayMove();
+    if (!reply.ok())
+        return reply;
     const Frame target =
         base * ProjectData::frameIn(childAt(wanted.value, QStringLiteral("cartesian")));
     return m_motion.start(m_context.now(), *way, target, tip)
         ? Reply{}
-        : Reply::refused(OutOfRange, QStringLiteral("the robot does not reach it"));
+        : refusedFor(OutOfRange, {QStringLiteral("unreachable")},
+                     QStringLiteral("the robot does not reach it"));
 }
 
 Reply Robot::seize()
@@ -104,6 +195,56 @@ Reply Robot::seize()
     m_seized = true;
     m_stopWanted = false;
     return {};
+}
+
+QVariantMap Robot::words() const
+{
+    const char *state = m_motion.isJogging() ? "jogs"
+        : m_motion.isMoving()                ? "moves"
+        : m_seized                           ? "program"
+                                             : "still";
+    return {{QStringLiteral("state"), QString::fromLatin1(state)},
+            {QStringLiteral("ends"), m_ends},
+            {QStringLiteral("end"), m_end},
+            {QStringLiteral("reason"), m_reason.code},
+            {QStringLiteral("arguments"), m_reason.arguments}};
+}
+
+QVariantMap Robot::node() const
+{
+    QVariantMap map = words();
+    Frame tool, base;
+    m_project.toolTip({}, &tool);
+    m_project.reference(ProjectData::noFrame, m_project.chosen(QStringLiteral("wobj"), {}), &base);
+    const Joints &joints = m_motion.joints();
+    const Frame tip = arm::forward(joints) * tool;
+    const arm::Pose pose = arm::toPose(base.inverse() * tip);
+    map.insert(QStringLiteral("q"), QVariantList(joints.begin(), joints.end()));
+    map.insert(QStringLiteral("tip"),
+               QVariantMap{{QStringLiteral("x"), tip.translation().x()},
+                           {QStringLiteral("y"), tip.translation().y()},
+                           {QStringLiteral("z"), tip.translation().z()}});
+    map.insert(QStringLiteral("pose"),
+               QVariantMap{{QStringLiteral("x"), pose.x},
+                           {QStringLiteral("y"), pose.y},
+                           {QStringLiteral("z"), pose.z},
+                           {QStringLiteral("a"), pose.a},
+                           {QStringLiteral("b"), pose.b},
+                           {QStringLiteral("c"), pose.c}});
+    return map;
+}
+
+void Robot::tell()
+{
+    constexpr qint64 paceOfPlaces = 100; // ms
+    const QVariantMap now = words();
+    const bool isDue = isUntold() && m_context.now() - m_toldAt >= paceOfPlaces;
+    if (now == m_toldWords && !isDue)
+        return;
+    m_toldWords = now;
+    m_toldJoints = m_motion.joints();
+    m_toldAt = m_context.now();
+    m_context.notify(names::robotState, node());
 }
 
 bool Robot::takeStop()

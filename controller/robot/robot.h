@@ -3,6 +3,7 @@
 #include "controller/core/controllercontext.h"
 #include "controller/core/registry.h"
 #include "controller/core/subsystem.h"
+#include "controller/robot/cellswitches.h"
 #include "controller/robot/projectdata.h"
 #include "controller/robot/robotmotion.h"
 
@@ -21,14 +22,22 @@ namespace welmo::controller {
 /// chosen on the tool page. While the robot moves, or a program has it, a move is refused.
 ///
 /// "motion.move.stop" stops at once, whatever the payload says, and also while nothing moves; a
-/// program that moves the robot is paused by it.
+/// program that moves the robot is paused by it. Power and safety circuit stop it as well, and in
+/// manual mode a pendant that is gone; in automatic mode nobody moves it by hand.
+///
+/// The node "motion.state" holds {state, ends, end, reason, arguments, q, tip, pose}: state is
+/// still, moves (to a point), jogs or program; ends counts how often a move to a point ended, and
+/// end says how the last one did: arrived, stopped or refused, with the reason. q are the joints in
+/// degrees, tip is that of the chosen tool in the base frame {x, y, z}, pose the same in the chosen
+/// work object {x, y, z, a, b, c}. Places are told ten times a second while they change.
 class Robot : public Subsystem
 {
 public:
-    Robot(ControllerContext &context, Registry &registry);
+    Robot(ControllerContext &context, Registry &registry, const Surroundings &surroundings);
 
-    void tick() override { m_motion.advance(m_context.now()); }
-    bool isBusy() const override { return m_motion.isMoving(); }
+    Reply start() override;
+    void tick() override;
+    bool isBusy() const override { return m_motion.isMoving() || isUntold(); }
 
     /// A program takes the robot: until yield() nothing else moves it. Refused while it moves.
     Reply seize();
@@ -36,18 +45,38 @@ public:
     /// Where the program has the arm now.
     void place(const Joints &joints) { m_motion.place(joints); }
     const Joints &joints() const { return m_motion.joints(); }
+    /// Moves by hand until stopJog().
+    Reply jog(const Jog &jog);
+    void stopJog();
+    bool isJogging() const { return m_motion.isJogging(); }
     /// True once after somebody stopped the robot that a program moves.
     bool takeStop();
 
 private:
     Reply position(const QVariant &parameters) const;
     Reply moveToPoint(const QVariant &payload);
+    Reply tryToMove(const QVariant &payload);
+    Reply mayMove() const;
+    void stop();
+    void watchOver();
+    void end(const char *how, const Reason &reason);
+    QVariantMap words() const;
+    QVariantMap node() const;
+    bool isUntold() const { return m_toldJoints != m_motion.joints(); }
+    void tell();
 
     ControllerContext &m_context;
+    const Surroundings &m_surroundings;
     ProjectData m_project;
     RobotMotion m_motion;
     bool m_seized = false;
     bool m_stopWanted = false;
+    int m_ends = 0;
+    QString m_end;
+    Reason m_reason;
+    QVariantMap m_toldWords;
+    Joints m_toldJoints{};
+    qint64 m_toldAt = 0;
 };
 
 } // namespace welmo::controller

@@ -56,15 +56,6 @@ double unwound(double angle, double present, const Limit &limit)
     return angle;
 }
 
-bool isWithinLimits(const Joints &joints)
-{
-    for (size_t i = 0; i < joints.size(); ++i) {
-        if (joints[i] < limits[i].lowest || joints[i] > limits[i].highest)
-            return false;
-    }
-    return true;
-}
-
 // Base, shoulder and elbow put the wrist's centre in its place.
 bool reach(const Vector3d &wrist, Joints &joints)
 {
@@ -113,6 +104,15 @@ void orient(const Matrix3d &wrist, const Joints &present, Joints &joints)
 }
 
 } // namespace
+
+bool isWithinLimits(const Joints &joints)
+{
+    for (size_t i = 0; i < joints.size(); ++i) {
+        if (joints[i] < limits[i].lowest || joints[i] > limits[i].highest)
+            return false;
+    }
+    return true;
+}
 
 Frame forward(const Joints &q)
 {

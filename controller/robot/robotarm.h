@@ -24,6 +24,9 @@ Frame forward(const Joints &q);
 /// allows; nothing when the arm does not get there.
 std::optional<Joints> inverse(const Frame &flange, const Joints &present);
 
+/// Whether the arm can stand so.
+bool isWithinLimits(const Joints &joints);
+
 /// The pose of a frame whose angles turn by @p a about x, then @p b about y, then @p c about z, all
 /// axes fixed; in degrees.
 struct Pose

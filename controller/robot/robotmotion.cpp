@@ -42,6 +42,7 @@ bool RobotMotion::start(qint64 now, Way way, const Frame &target, const Frame &t
     Move move{way, now, 0, m_joints, m_joints, arm::forward(m_joints) * tool, target, tool};
     if (!isPossible(move))
         return false;
+    m_hasArrived = false;
     move.seconds = way == Way::Joint ? jointSeconds(move.fromJoints, move.toJoints)
                                      : linearSeconds(move.from, move.to);
     m_move = move;
@@ -77,8 +78,22 @@ std::optional<Joints> RobotMotion::jointsAt(const Move &move, double part) const
     return joints;
 }
 
+void RobotMotion::jog(qint64 now, const Jog &jog)
+{
+    m_hasArrived = false;
+    m_jog.emplace(jog, m_joints, now);
+}
+
+void RobotMotion::stop()
+{
+    m_move.reset();
+    m_jog.reset();
+}
+
 void RobotMotion::advance(qint64 now)
 {
+    if (m_jog && !m_jog->advance(now, &m_joints))
+        stop();
     if (!m_move)
         return;
     const double passed = double(now - m_move->began) / 1000.0;
@@ -86,6 +101,7 @@ void RobotMotion::advance(qint64 now)
     const auto joints = jointsAt(*m_move, part);
     if (joints)
         m_joints = *joints;
+    m_hasArrived = joints && part >= 1;
     if (!joints || part >= 1)
         stop();
 }

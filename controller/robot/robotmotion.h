@@ -3,7 +3,7 @@
 #include <QtGlobal>
 #include <optional>
 
-#include "controller/robot/robotarm.h"
+#include "controller/robot/jogmotion.h"
 
 namespace welmo::controller {
 
@@ -22,13 +22,18 @@ public:
     static constexpr double turningSpeed = 45; ///< degrees a second
 
     const Joints &joints() const { return m_joints; }
-    bool isMoving() const { return m_move.has_value(); }
+    bool isMoving() const { return m_move || m_jog; }
+    bool isJogging() const { return m_jog.has_value(); }
+    /// The last movement went to its end; a jog has none.
+    bool hasArrived() const { return m_hasArrived; }
 
     /// Sets off for @p target, the tip of @p tool in the base frame; @p tool is the tip in the
     /// flange's frame. False, and nothing moves, when the arm does not get there that way.
     bool start(qint64 now, Way way, const Frame &target, const Frame &tool);
+    /// Sets off in a direction, until stop() or until the arm gets no further.
+    void jog(qint64 now, const Jog &jog);
     void advance(qint64 now);
-    void stop() { m_move.reset(); }
+    void stop();
     /// Puts the arm where something else has it at the moment.
     void place(const Joints &joints) { m_joints = joints; }
 
@@ -47,6 +52,8 @@ private:
 
     Joints m_joints{0, 20, -5, 0, 75, 0};
     std::optional<Move> m_move;
+    std::optional<JogMotion> m_jog;
+    bool m_hasArrived = false;
 };
 
 } // namespace welmo::controller

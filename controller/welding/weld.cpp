@@ -175,9 +175,9 @@ void Weld::advance(double speed)
         raise({QStringLiteral("welder_error")}, file);
     }
     const Trouble before = m_process.trouble();
-    const double distanceBefore = m_process.arc().distance();
+    const Tally countedBefore = counters();
     m_process.step(conditions(), speed);
-    count(distanceBefore);
+    count(countedBefore);
     if (m_process.trouble() == Trouble::ArcLost && before != Trouble::ArcLost)
         raise(arcLoss(), file);
     else if (m_process.trouble() != before && m_process.trouble() != Trouble::None)
@@ -185,11 +185,21 @@ void Weld::advance(double speed)
     note();
 }
 
-void Weld::count(double distanceBefore)
+// Of the present weld, as the arc counts.
+Weld::Tally Weld::counters() const
+{
+    const welmo::controller::Arc &arc = m_process.arc();
+    return {0, arc.distance(), arc.minutes(), arc.wireUsed()};
+}
+
+void Weld::count(const Tally &before)
 {
     if (!isBusy())
         return;
-    m_tally.welded += m_process.arc().distance() - distanceBefore;
+    const Tally now = counters();
+    m_tally.welded += now.welded - before.welded;
+    m_tally.arcMinutes += now.arcMinutes - before.arcMinutes;
+    m_tally.wire += now.wire - before.wire;
     if (m_process.phase() != Phase::Welding)
         return;
     m_tally.welded -= std::exchange(m_again, std::nullopt).value_or(0);

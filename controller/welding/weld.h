@@ -23,6 +23,8 @@ public:
     {
         int seams = 0; ///< that were begun to be welded
         double welded = 0; ///< mm
+        double arcMinutes = 0; ///< of burning arc
+        double wire = 0; ///< m
     };
 
     Weld(ControllerContext &context, Registry &registry, const Welder &welder, Alarms &alarms);
@@ -46,6 +48,8 @@ public:
     const WeldProcess &process() const { return m_process; }
     /// True while wire and power are the weld's own.
     bool isWelding() const;
+    bool consumesGas() const { return m_arc == Arc::Real && isBusy(); }
+    bool consumesWire() const { return m_arc == Arc::Real && m_process.arc().isBurning(); }
     /// The torch has to stay until the arc burns or the crater is full.
     bool holdsTorch() const;
     /// What the open seam is welded with, mm/s; 0 when its file leaves that to the program.
@@ -75,7 +79,8 @@ private:
     void trimEnd(const QVariantMap &file) { m_process.trim(ArcEnd::from(file)); }
     Reply refusal() const;
     void raise(const Reason &alarm, const QString &file);
-    void count(double distanceBefore);
+    void count(const Tally &before);
+    Tally counters() const;
     void note();
     WeldProcess::Conditions conditions() const;
     double distance() const;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "controller/core/controllercontext.h"
+#include "controller/core/holdtorun.h"
 #include "controller/core/registry.h"
 #include "controller/core/subsystem.h"
-#include "controller/welding/holdtorun.h"
 
 namespace welmo::controller {
 
@@ -25,6 +25,9 @@ public:
     void tick() override;
     bool isBusy() const override { return m_wire != Wire::Still || m_gasEnd > 0; }
     int paceMs() const override;
+
+    Wire wire() const { return m_wire; }
+    bool gasFlows() const { return m_gasEnd > 0; }
 
     /// A line of a program moves the wire until stopProgram(); no key is held for it.
     Reply moveByProgram(Wire direction);

@@ -29,6 +29,7 @@ const QVector<Row> &table()
         {Kind::Command, names::pauseProgram, {Role::Viewer}},
         {Kind::Command, names::stopProgram, {Role::Viewer}},
         {Kind::Command, names::stopMove, {Role::Viewer}},
+        {Kind::Command, names::stopJog, {Role::Viewer}},
 
         {Kind::Command, names::takeControl, {Role::Operator}},
         {Kind::Command, names::giveControl, {Role::Operator}},
@@ -42,6 +43,7 @@ const QVector<Row> &table()
         {Kind::Command, names::stepProgram, {Role::Operator, true}},
         {Kind::Command, names::reweldProgram, {Role::Operator, true}},
         {Kind::Command, names::moveToPoint, {Role::Operator, true}},
+        {Kind::Command, names::startJog, {Role::Operator, true}},
         {Kind::Set, names::runningParam, {Role::Operator, true}},
         {Kind::Set, names::toolPage, {Role::Operator, true}},
         {Kind::Set, names::welderStateRate, {Role::Operator}},

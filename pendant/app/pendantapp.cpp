@@ -10,6 +10,7 @@
 #include "pendant/app/preferences.h"
 #include "pendant/pages/controllerpage.h"
 #include "pendant/pages/homepage.h"
+#include "pendant/pages/jogpage.h"
 #include "pendant/pages/messagespage.h"
 #include "pendant/pages/pluginerrorpage.h"
 #include "pendant/program/arccheckpage.h"
@@ -17,8 +18,10 @@
 #include "pendant/program/programpage.h"
 #include "pendant/state/alarms.h"
 #include "pendant/state/cell.h"
+#include "pendant/state/jogspeed.h"
 #include "pendant/state/linkcontrol.h"
 #include "pendant/state/navigation.h"
+#include "pendant/state/robotstate.h"
 #include "pendant/theme/appearance.h"
 #include "pendant/theme/look.h"
 #include "pendant/window/pendantwindow.h"
@@ -67,6 +70,9 @@ PendantApp::PendantApp(const Options &options, Connector connector)
     connect(&m_numbers, &NumberEntry::refused, this, [this](const QString &line) {
         m_host->helper()->throwLog(this, QStringLiteral("error"), line);
     });
+    m_keepSoon.setSingleShot(true);
+    m_keepSoon.setInterval(1000);
+    connect(&m_keepSoon, &QTimer::timeout, this, &PendantApp::keepJogSpeed);
     connect(&m_proofs, &ViewerProofs::missing, &m_holds, &KeyHolds::letGo);
     connect(&m_keyboard, &KeyboardWatch::disturbed, &m_holds, &KeyHolds::letGo);
     connect(&m_keyboard, &KeyboardWatch::released, this, [this](int scanCode) {
@@ -86,7 +92,11 @@ void PendantApp::start()
     m_control = std::make_unique<LinkControl>(m_host.get());
     m_cell = std::make_unique<Cell>(m_host.get());
     m_alarms = std::make_unique<AlarmList>(m_host->service(), m_host->helper());
-    const WindowState state{m_control.get(), m_cell.get(), m_alarms.get(),
+    m_robot = std::make_unique<RobotState>(m_host.get());
+    m_jog = std::make_unique<JogSpeed>();
+    m_jog->set(Preferences(m_options.dataFolder).jogPercent);
+    connect(m_jog.get(), &JogSpeed::changed, &m_keepSoon, qOverload<>(&QTimer::start));
+    const WindowState state{m_control.get(), m_cell.get(), m_alarms.get(), m_jog.get(),
                             placeOf(m_options.controller)};
     m_window =
         std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()), state, &m_holds);
@@ -105,8 +115,12 @@ void PendantApp::stop()
 {
     if (!m_host)
         return;
+    if (m_keepSoon.isActive())
+        keepJogSpeed();
     m_host->stopModules();
     m_window.reset();
+    m_jog.reset();
+    m_robot.reset();
     m_alarms.reset();
     m_cell.reset();
     m_control.reset();
@@ -192,12 +206,14 @@ void PendantApp::addPages(controller::Faults *faults)
     auto *home = new HomePage(facts, log, m_control.get());
     m_window->center()->addPage(this, homeKey, home);
     addProgramPage(log);
+    addJogPage();
     m_window->center()->addPage(this, messagesKey, new MessagesPage(log));
     m_window->center()->addPage(
         this, controllerKey,
         new ControllerPage(m_control.get(), m_cell.get(), m_host->helper()->status(), faults));
     addNavEntry(homeKey, tr("Home"), mainGroup, QStringLiteral("widget/home"), 0);
     addNavEntry(programKey, tr("Program"), mainGroup, QStringLiteral("widget/program"), 1);
+    addNavEntry(jogKey, tr("Jog"), mainGroup, QStringLiteral("widget/jog"), 2);
     addNavEntry(messagesKey, tr("Messages"), systemGroup, QStringLiteral("widget/messages"), -1);
     addNavEntry(controllerKey, tr("Controller"), systemGroup, QStringLiteral("widget/controller"),
                 -1);
@@ -212,7 +228,7 @@ void PendantApp::addPages(controller::Faults *faults)
 void PendantApp::addProgramPage(tessa::MessageLog *log)
 {
     const QString folder = QDir(m_options.dataFolder).filePath(QStringLiteral("programs"));
-    auto *page = new ProgramPage(&m_program, m_cell.get(), log, folder);
+    auto *page = new ProgramPage(&m_program, m_cell.get(), m_robot.get(), log, folder);
     m_programPage = page;
     m_window->center()->addPage(this, programKey, page);
     connect(m_window.get(), &PendantWindow::lineWanted, page,
@@ -227,6 +243,22 @@ void PendantApp::addProgramPage(tessa::MessageLog *log)
         m_window->showPage(programKey);
         return false;
     });
+}
+
+void PendantApp::addJogPage()
+{
+    m_window->center()->addPage(
+        this, jogKey,
+        new JogPage({m_host.get(), &m_holds, m_cell.get(), m_robot.get(), m_jog.get()}));
+}
+
+void PendantApp::keepJogSpeed()
+{
+    m_keepSoon.stop();
+    Preferences kept(m_options.dataFolder);
+    kept.jogPercent = m_jog->percent();
+    if (!kept.save())
+        m_host->workspace()->report(kept.error());
 }
 
 void PendantApp::addArcCheckPage(const QString &packageKey)

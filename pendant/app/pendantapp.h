@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -29,10 +30,12 @@ namespace welmo::pendant {
 
 class AlarmList;
 class Cell;
+class JogSpeed;
 class LinkControl;
 class PendantWindow;
 class PluginLoader;
 class ProgramPage;
+class RobotState;
 
 /// Everything of a running pendant, put together here and nowhere else. One at a time; it can be
 /// started and stopped as often as one likes within a process.
@@ -68,6 +71,8 @@ private:
     void showPluginError();
     void addPages(controller::Faults *faults);
     void addProgramPage(tessa::MessageLog *log);
+    void addJogPage();
+    void keepJogSpeed();
     void addArcCheckPage(const QString &packageKey);
     void weldExample();
     void bindLevel(links::EmbeddedLink *link);
@@ -91,6 +96,9 @@ private:
     std::unique_ptr<LinkControl> m_control;
     std::unique_ptr<Cell> m_cell;
     std::unique_ptr<AlarmList> m_alarms;
+    std::unique_ptr<RobotState> m_robot;
+    std::unique_ptr<JogSpeed> m_jog;
+    QTimer m_keepSoon; // what a held key goes on changing
     std::unique_ptr<PendantWindow> m_window;
     ProgramPage *m_programPage = nullptr; // in the window
 };

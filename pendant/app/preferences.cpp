@@ -14,6 +14,7 @@ namespace {
 
 const QString languageKey = QStringLiteral("language");
 const QString themeKey = QStringLiteral("theme");
+const QString jogKey = QStringLiteral("jog_percent");
 
 QString oneOf(const QStringList &known, const QJsonValue &value)
 {
@@ -30,13 +31,14 @@ Preferences::Preferences(const QString &dataFolder)
     const QJsonObject kept = kelp::readJsonFile(m_path, &m_error).object();
     language = oneOf(knownLanguages(), kept.value(languageKey));
     theme = oneOf(knownThemes(), kept.value(themeKey));
+    jogPercent = qBound(1, kept.value(jogKey).toInt(jogPercent), 100);
 }
 
 bool Preferences::save()
 {
     if (!m_error.isEmpty())
         return false;
-    const QJsonObject kept{{languageKey, language}, {themeKey, theme}};
+    const QJsonObject kept{{languageKey, language}, {themeKey, theme}, {jogKey, jogPercent}};
     return kelp::writeJsonFile(m_path, QJsonDocument(kept), &m_error);
 }
 

@@ -13,6 +13,7 @@ public:
 
     QString language = QStringLiteral("en");
     QString theme = QStringLiteral("light");
+    int jogPercent = 30; ///< of the robot's full speed by hand
 
     QString error() const { return m_error; }
     /// False when it could not be kept. A file that did not parse is left as it is.

@@ -68,7 +68,7 @@
         <translation>未连接</translation>
     </message>
     <message>
-        <source>Welder&apos;s own state</source>
+        <source>Welder's own state</source>
         <translation>焊机状态</translation>
     </message>
     <message>
@@ -140,7 +140,7 @@
         <translation>断弧</translation>
     </message>
     <message>
-        <source>Controller&apos;s disk</source>
+        <source>Controller's disk</source>
         <translation>控制器磁盘</translation>
     </message>
     <message>
@@ -170,6 +170,14 @@
     <message>
         <source>Welding file</source>
         <translation>焊接文件</translation>
+    </message>
+    <message>
+        <source>%1: %2 A of %3 A</source>
+        <translation>%1：%2 A / %3 A</translation>
+    </message>
+    <message>
+        <source>there is no %1</source>
+        <translation>没有 %1</translation>
     </message>
 </context>
 <context>
@@ -231,6 +239,26 @@
         <source>line %1, %2</source>
         <translation>第 %1 行，%2</translation>
     </message>
+    <message>
+        <source>the controller was not reached</source>
+        <translation>无法连接控制器</translation>
+    </message>
+    <message>
+        <source>not in its present state (7)</source>
+        <translation>当前状态下不允许 (7)</translation>
+    </message>
+    <message>
+        <source>another pendant holds control (12)</source>
+        <translation>另一示教器持有控制权 (12)</translation>
+    </message>
+    <message>
+        <source>the user may not do that (13)</source>
+        <translation>用户无此权限 (13)</translation>
+    </message>
+    <message>
+        <source>code %1</source>
+        <translation>代码 %1</translation>
+    </message>
 </context>
 <context>
     <name>RunResult</name>
@@ -290,7 +318,7 @@
 <context>
     <name>WrittenLine</name>
     <message>
-        <source>a name is missing; choose a point, or make one with &quot;New point here&quot;</source>
+        <source>a name is missing; choose a point, or make one with "New point here"</source>
         <translation>缺少名称；请选择一个点，或用“在此新建点”创建</translation>
     </message>
     <message>
@@ -450,19 +478,19 @@
         <translation>%1：没有可信证书</translation>
     </message>
     <message>
-        <source>the broker&apos;s certificate has expired</source>
+        <source>the broker's certificate has expired</source>
         <translation>代理服务器的证书已过期</translation>
     </message>
     <message>
-        <source>the broker&apos;s certificate is for another host</source>
+        <source>the broker's certificate is for another host</source>
         <translation>代理服务器的证书属于其他主机</translation>
     </message>
     <message>
-        <source>the broker&apos;s certificate is signed by nobody who is trusted</source>
+        <source>the broker's certificate is signed by nobody who is trusted</source>
         <translation>代理服务器的证书未由可信机构签发</translation>
     </message>
     <message>
-        <source>the broker&apos;s certificate is refused: %1</source>
+        <source>the broker's certificate is refused: %1</source>
         <translation>代理服务器的证书被拒绝：%1</translation>
     </message>
 </context>
@@ -542,6 +570,14 @@
         <source>Lose one answer</source>
         <translation>丢失一次应答</translation>
     </message>
+    <message>
+        <source>Refuse the next such request</source>
+        <translation>拒绝下一次此类请求</translation>
+    </message>
+    <message>
+        <source>Lose the next answer</source>
+        <translation>丢弃下一次应答</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::ArcCheckPage</name>
@@ -593,12 +629,32 @@
         <translation>试运行</translation>
     </message>
     <message>
-        <source>The cell&apos;s switches could not be turned</source>
+        <source>The cell's switches could not be turned</source>
         <translation>无法切换单元开关</translation>
     </message>
     <message>
         <source>Cell</source>
         <translation>单元</translation>
+    </message>
+    <message>
+        <source>Gas flows</source>
+        <translation>送气中</translation>
+    </message>
+    <message>
+        <source>Gas off</source>
+        <translation>气体关闭</translation>
+    </message>
+    <message>
+        <source>Wire feeds</source>
+        <translation>送丝中</translation>
+    </message>
+    <message>
+        <source>Wire goes back</source>
+        <translation>退丝中</translation>
+    </message>
+    <message>
+        <source>Wire still</source>
+        <translation>焊丝静止</translation>
     </message>
 </context>
 <context>
@@ -676,6 +732,10 @@
     <message>
         <source>Controller</source>
         <translation>控制器</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>连接</translation>
     </message>
 </context>
 <context>
@@ -882,6 +942,10 @@ New: %2</source>
     <message>
         <source>This line cannot be inserted: %1.</source>
         <translation>无法插入此行：%1。</translation>
+    </message>
+    <message>
+        <source>Use the point's own</source>
+        <translation>使用该点自己的</translation>
     </message>
 </context>
 <context>
@@ -1170,6 +1234,10 @@ From: %2</source>
         <source>The example runs: one bead of 400 mm, the arc in the monitor; Stop ends it</source>
         <translation>示例正在运行：一道 400 mm 焊缝，电弧见监控；按“停止”结束</translation>
     </message>
+    <message>
+        <source>Jog</source>
+        <translation>点动</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::PendantWindow</name>
@@ -1184,6 +1252,10 @@ From: %2</source>
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Jog %1 %   %2   %3</source>
+        <translation>点动 %1 %   %2   %3</translation>
     </message>
 </context>
 <context>
@@ -1267,6 +1339,10 @@ From: %2</source>
     <message>
         <source>Program: %1</source>
         <translation>程序：%1</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>路径</translation>
     </message>
 </context>
 <context>
@@ -1450,6 +1526,208 @@ From: %2</source>
     <message>
         <source>Re-weld from %1 mm</source>
         <translation>从 %1 mm 处补焊</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::JogPage</name>
+    <message>
+        <source>Jog</source>
+        <translation>点动</translation>
+    </message>
+    <message>
+        <source>Hold to move</source>
+        <translation>按住移动</translation>
+    </message>
+    <message>
+        <source>Along the base's axes</source>
+        <translation>沿基坐标系轴</translation>
+    </message>
+    <message>
+        <source>Along the tool's axes</source>
+        <translation>沿工具坐标系轴</translation>
+    </message>
+    <message>
+        <source>Along the work object's axes</source>
+        <translation>沿工件坐标系轴</translation>
+    </message>
+    <message>
+        <source>Each joint by itself</source>
+        <translation>单关节</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Jog speed %1 %</source>
+        <translation>点动速度 %1 %</translation>
+    </message>
+    <message>
+        <source>No connection to the controller</source>
+        <translation>未连接控制器</translation>
+    </message>
+    <message>
+        <source>The robot does not move: %1</source>
+        <translation>机器人未移动：%1</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::PointsPanel</name>
+    <message>
+        <source>Points of the project</source>
+        <translation>工程点位</translation>
+    </message>
+    <message>
+        <source>Name of the point</source>
+        <translation>点位名称</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Touch up</source>
+        <translation>修正</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Is %1 to be where the robot is now?</source>
+        <translation>要把 %1 改为机器人的当前位置吗？</translation>
+    </message>
+    <message>
+        <source>Remove the point %1? Programs that name it will not run.</source>
+        <translation>删除点位 %1 吗？引用它的程序将无法运行。</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>The project has no points.</source>
+        <translation>工程中没有点位。</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::ProjectPoints</name>
+    <message>
+        <source>Points</source>
+        <translation>点位</translation>
+    </message>
+    <message>
+        <source>x %1, y %2, z %3 mm; a %4, b %5, c %6°; %7 in %8</source>
+        <translation>x %1、y %2、z %3 mm；a %4、b %5、c %6°；工具 %7，工件 %8</translation>
+    </message>
+    <message>
+        <source>A point's name has letters, digits and _, and starts with no digit</source>
+        <translation>点位名称只能包含字母、数字和下划线，且不能以数字开头</translation>
+    </message>
+    <message>
+        <source>There is a point %1 already</source>
+        <translation>点位 %1 已存在</translation>
+    </message>
+    <message>
+        <source>%1 is %2 now</source>
+        <translation>%1 已改名为 %2</translation>
+    </message>
+    <message>
+        <source>%1 removed</source>
+        <translation>%1 已删除</translation>
+    </message>
+    <message>
+        <source>%1 is where the robot is now</source>
+        <translation>%1 已改为机器人的当前位置</translation>
+    </message>
+    <message>
+        <source>%1 was not changed (%2)</source>
+        <translation>%1 未更改（%2）</translation>
+    </message>
+    <message>
+        <source>the controller's list or the robot does not allow it</source>
+        <translation>控制器的列表或机器人不允许</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::RobotState</name>
+    <message>
+        <source>Robot</source>
+        <translation>机器人</translation>
+    </message>
+    <message>
+        <source>The robot moves</source>
+        <translation>机器人正在移动</translation>
+    </message>
+    <message>
+        <source>The robot has arrived</source>
+        <translation>机器人已到达</translation>
+    </message>
+    <message>
+        <source>The robot does not move: %1</source>
+        <translation>机器人未移动：%1</translation>
+    </message>
+    <message>
+        <source>The robot was stopped</source>
+        <translation>机器人已停止</translation>
+    </message>
+    <message>
+        <source>The robot was stopped: %1</source>
+        <translation>机器人已停止：%1</translation>
+    </message>
+    <message>
+        <source>The robot moves to a point</source>
+        <translation>机器人正移向点位</translation>
+    </message>
+    <message>
+        <source>The robot moves by hand</source>
+        <translation>机器人正在点动</translation>
+    </message>
+    <message>
+        <source>A program has the robot</source>
+        <translation>程序正在使用机器人</translation>
+    </message>
+    <message>
+        <source>Nobody knows where the robot is</source>
+        <translation>机器人位置未知</translation>
+    </message>
+    <message>
+        <source>The robot stands still</source>
+        <translation>机器人静止</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::PathView</name>
+    <message>
+        <source>The program's path</source>
+        <translation>程序路径</translation>
+    </message>
+    <message>
+        <source>The program moves nowhere.</source>
+        <translation>程序没有移动。</translation>
+    </message>
+    <message>
+        <source>From above</source>
+        <translation>俯视</translation>
+    </message>
+    <message>
+        <source>From the side</source>
+        <translation>侧视</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::PathPane</name>
+    <message>
+        <source>Expected: %1 min, arc %2 min, seams %3 mm, wire %4 m</source>
+        <translation>预计：%1 分，燃弧 %2 分，焊缝 %3 mm，焊丝 %4 m</translation>
+    </message>
+    <message>
+        <source>dashed: without an arc</source>
+        <translation>虚线：不起弧</translation>
+    </message>
+    <message>
+        <source>%1; without what cannot be carried out: line %2</source>
+        <translation>%1；不含无法执行的第 %2 行</translation>
     </message>
 </context>
 </TS>

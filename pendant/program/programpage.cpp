@@ -10,6 +10,7 @@
 #include "pendant/program/formpane.h"
 #include "pendant/program/linespane.h"
 #include "pendant/program/messagelist.h"
+#include "pendant/program/pathpane.h"
 #include "pendant/program/programcheck.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/program/programrun.h"
@@ -29,8 +30,8 @@ constexpr int widthForLog = 960; // below, the forms need the room
 
 } // namespace
 
-ProgramPage::ProgramPage(ProgramDocument *document, const Cell *cell, tessa::MessageLog *log,
-                         const QString &folder, QWidget *parent)
+ProgramPage::ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robot,
+                         tessa::MessageLog *log, const QString &folder, QWidget *parent)
     : HostPage(tr("Program"), parent)
     , m_document(document)
     , m_cell(cell)
@@ -40,13 +41,15 @@ ProgramPage::ProgramPage(ProgramDocument *document, const Cell *cell, tessa::Mes
     , m_form(new FormPane(m_check, this))
     , m_files(new FilesPane(folder, this))
     , m_look(new RunCheckPane(this))
+    , m_path(new PathPane({document, m_check, m_run, robot, cell}, this))
     , m_keeper(new FileKeeper(document, m_run, m_files, this))
 {
     body()->addWidget(makeBar());
     m_state = new QLabel(this);
     m_state->setObjectName(QStringLiteral("lblRunState"));
     m_state->setTextFormat(Qt::PlainText);
-    m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_state->setWordWrap(true);
+    m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_steps = new StepBar(
         document, m_run, [this] { return m_lines->line(); }, m_lines);
     auto *runRow = new QHBoxLayout;
@@ -77,6 +80,10 @@ QWidget *ProgramPage::makeBar()
     bar->addWidget(files);
     bar->addWidget(m_runBar);
     bar->addStretch(1);
+    auto *views = new ActionBar(this);
+    m_pathAction = views->add(tr("Path"), "ProgramPath", {}, this, this, &ProgramPage::togglePath);
+    m_pathAction->setCheckable(true);
+    bar->addWidget(views);
     m_bar = files;
     return m_top;
 }
@@ -85,7 +92,7 @@ QWidget *ProgramPage::makePanes()
 {
     auto *panes = new QWidget(this);
     m_panes = new QStackedLayout(panes);
-    for (QWidget *pane : QWidgetList{m_lines, m_form, m_files, m_look})
+    for (QWidget *pane : QWidgetList{m_lines, m_form, m_files, m_look, m_path})
         m_panes->addWidget(pane);
     return panes;
 }
@@ -126,6 +133,7 @@ void ProgramPage::connectPanes()
         m_check->refreshProject(); // the form may have made a file or a point
         showPane(m_lines);
     });
+    connect(m_path, &PathPane::lineWanted, this, &ProgramPage::showLine);
     connect(m_keeper, &FileKeeper::paneWanted, this, [this] { showPane(m_files); });
     connect(m_keeper, &FileKeeper::done, this, [this] { showPane(m_lines); });
 }
@@ -172,13 +180,21 @@ void ProgramPage::takeLine(const QString &text)
 void ProgramPage::showPane(QWidget *pane)
 {
     m_panes->setCurrentWidget(pane);
-    m_bar->setEnabled(pane == m_lines);
-    m_runBar->setStartable(pane == m_lines);
+    const bool showsProgram = pane == m_lines || pane == m_path;
+    m_bar->setEnabled(showsProgram);
+    m_runBar->setStartable(showsProgram);
     emit roomWanted(pane == m_form);
-    m_steps->setStartable(pane == m_lines);
+    m_steps->setStartable(showsProgram);
+    m_pathAction->setChecked(pane == m_path);
+    m_pathAction->setEnabled(showsProgram);
     makeRoom();
     if (pane == m_lines)
         m_lines->setFocus();
+}
+
+void ProgramPage::togglePath()
+{
+    showPane(m_pathAction->isChecked() ? static_cast<QWidget *>(m_path) : m_lines);
 }
 
 // A form needs all the room there is, but what runs must be stoppable.

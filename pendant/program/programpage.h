@@ -4,6 +4,7 @@
 
 #include "pendant/pages/hostpage.h"
 
+class QAction;
 class QStackedLayout;
 
 namespace tessa {
@@ -15,11 +16,14 @@ namespace welmo::pendant {
 class Cell;
 class FileKeeper;
 class FilesPane;
+class Cell;
 class FormPane;
 class LinesPane;
+class PathPane;
 class ProgramCheck;
 class ProgramDocument;
 class ProgramRun;
+class RobotState;
 class RunBar;
 class RunCheckPane;
 class StepBar;
@@ -32,7 +36,7 @@ class ProgramPage : public HostPage
 public:
     /// The document outlives the page, which is built anew with another language. @p folder holds
     /// the pendant's own programs.
-    ProgramPage(ProgramDocument *document, const Cell *cell, tessa::MessageLog *log,
+    ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robot, tessa::MessageLog *log,
                 const QString &folder, QWidget *parent = nullptr);
 
     /// See FileKeeper::mayGo().
@@ -60,6 +64,7 @@ private:
     void look();
     void takeLine(const QString &text);
     void showPane(QWidget *pane);
+    void togglePath();
     void makeRoom();
     void showRun();
     void refreshTitle();
@@ -72,10 +77,12 @@ private:
     FormPane *m_form;
     FilesPane *m_files;
     RunCheckPane *m_look;
+    PathPane *m_path;
     FileKeeper *m_keeper;
     QStackedLayout *m_panes = nullptr;
     QWidget *m_top = nullptr;
     QWidget *m_bar = nullptr;
+    QAction *m_pathAction = nullptr;
     RunBar *m_runBar = nullptr;
     StepBar *m_steps = nullptr;
     QLabel *m_state = nullptr;

@@ -4,7 +4,6 @@
 #include "pendant/program/runresult.h"
 #include "pendant/state/reasontext.h"
 #include "schema/names.h"
-#include "schema/reasons.h"
 #include "tessa/managerhelper.h"
 
 namespace welmo::pendant {
@@ -178,13 +177,9 @@ bool ProgramRun::send(const QString &command, const QVariant &value, const QStri
 {
     const auto answer = xservice()->execCommand(this, command, value);
     const int code = answer->getInt(0);
-    const QString reason = answer->r(QStringLiteral("reason"))->getString();
-    const QString why = reason.isEmpty()
-        ? schema::codeText(code)
-        : schema::reasonText(
-            reason, answer->toVariant().toMap().value(QStringLiteral("arguments")).toList());
     if (code != 0)
-        tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("error"), failure.arg(why));
+        tessa::ManagerHelper::instance()->throwLog(this, QStringLiteral("error"),
+                                                   failure.arg(answerText(*answer)));
     return code == 0;
 }
 

@@ -1,5 +1,7 @@
 #include "pendant/program/stepbar.h"
 
+#include <QToolButton>
+
 #include "pendant/program/programdocument.h"
 #include "pendant/program/programrun.h"
 
@@ -51,8 +53,9 @@ void StepBar::refresh()
     m_step->setEnabled(mayMove);
     m_back->setEnabled(mayMove && state == State::Paused);
     const QString place = m_run->reweldPlace();
-    m_reweld->setVisible(!place.isEmpty());
-    m_reweld->setEnabled(mayMove);
+    m_reweld->setEnabled(mayMove && !place.isEmpty());
+    // A button of no toolbar does not follow its action there.
+    findChild<QToolButton *>(QStringLiteral("btnReweld"))->setVisible(!place.isEmpty());
     m_reweld->setText(tr("Re-weld from %1 mm").arg(place));
 }
 

@@ -116,6 +116,19 @@ QString Cell::modeText() const
     return m_mode == QLatin1String("test_run") ? tr("Test run") : QString();
 }
 
+QString Cell::gasText() const
+{
+    return m_switches.value(QStringLiteral("gas")).toBool() ? tr("Gas flows") : tr("Gas off");
+}
+
+QString Cell::wireText() const
+{
+    const QString wire = m_switches.value(QStringLiteral("wire")).toString();
+    if (wire == QLatin1String("feeding"))
+        return tr("Wire feeds");
+    return wire == QLatin1String("retracting") ? tr("Wire goes back") : tr("Wire still");
+}
+
 void Cell::turn(const QString &what, bool on)
 {
     const QVariantMap wanted{{what, on}};

@@ -28,6 +28,8 @@ public:
     /// "test_run", "simu" or "real"; empty while nobody knows.
     const QString &mode() const { return m_mode; }
     QString modeText() const;
+    QString gasText() const;
+    QString wireText() const;
     /// The node "cell.state" as it was last told.
     const QVariantMap &switches() const { return m_switches; }
     /// When the link was lost while a program ran; invalid otherwise.

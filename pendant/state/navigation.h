@@ -7,6 +7,7 @@ namespace welmo::pendant {
 // Keys of the pendant's own pages in the centre area.
 inline const QString homeKey = QStringLiteral("pendant.home");
 inline const QString programKey = QStringLiteral("pendant.program");
+inline const QString jogKey = QStringLiteral("pendant.jog");
 inline const QString messagesKey = QStringLiteral("pendant.messages");
 inline const QString controllerKey = QStringLiteral("pendant.controller");
 inline const QString arcCheckKey = QStringLiteral("pendant.arccheck");

@@ -3,6 +3,10 @@
 #include <QString>
 #include <QVariantList>
 
+namespace kelp {
+class ModuleObject;
+}
+
 namespace welmo::pendant {
 
 /// What went wrong where: "line 7, arc lost at 98.9 mm"; a line of 0 is none.
@@ -10,5 +14,8 @@ QString reasonText(const QString &code, const QVariantList &arguments, int line)
 
 /// The items of a list of maps, which a data object that was read keeps as children.
 QVariantList itemsOf(const QVariant &list);
+
+/// Why a command was refused, from its answer.
+QString answerText(const kelp::ModuleObject &answer);
 
 } // namespace welmo::pendant

@@ -1,11 +1,8 @@
 #include "pendant/window/keycolumn.h"
 
-#include <QMouseEvent>
-#include <QTouchEvent>
 #include <QVBoxLayout>
 
 #include "pendant/window/handlekey.h"
-#include "pendant/window/keyholds.h"
 #include "tessa/physicalbutton.h"
 
 namespace welmo::pendant {
@@ -20,14 +17,11 @@ constexpr int keyStretch = 100; // beside the end's: keys take all the height th
 } // namespace
 
 KeyColumn::KeyColumn(tessa::PhysicalKeys *keys, KeyHolds *holds, QWidget *parent)
-    : QWidget(parent)
+    : HoldSurface(holds, parent)
     , m_keys(keys)
-    , m_holds(holds)
     , m_layout(new QVBoxLayout(this))
 {
     setObjectName(QStringLiteral("pndKeys"));
-    setAttribute(Qt::WA_StyledBackground);
-    setAttribute(Qt::WA_AcceptTouchEvents);
     setFixedWidth(columnWidth);
     m_layout->setContentsMargins(6, 6, 6, 6);
     m_layout->setSpacing(keySpacing);
@@ -45,11 +39,13 @@ void KeyColumn::rebuild()
         delete item;
     }
     for (int key = 0; key < m_keys->count(); ++key) {
-        if (key > 0 && m_keys->startsGroup(key))
+        if (!m_keys->isOnHandle(key))
+            continue;
+        if (!m_faces.isEmpty() && m_keys->startsGroup(key))
             m_layout->addSpacing(groupSpacing);
-        m_faces.append(
-            new HandleKey(m_keys->button(key), QStringLiteral("F%1").arg(key + 1), this));
-        m_layout->addWidget(m_faces.last(), keyStretch);
+        auto *face = new HandleKey(m_keys->button(key), QStringLiteral("F%1").arg(key + 1), this);
+        m_faces.insert(key, face);
+        m_layout->addWidget(face, keyStretch);
     }
     m_layout->addStretch(1);
     setVisible(!m_faces.isEmpty());
@@ -58,49 +54,17 @@ void KeyColumn::rebuild()
 
 void KeyColumn::refresh()
 {
-    for (int key = 0; key < m_faces.size(); ++key)
-        m_faces.at(key)->show(m_keys->isEnabled(key), m_keys->isHeld(key));
+    for (auto face = m_faces.begin(); face != m_faces.end(); ++face)
+        face.value()->show(m_keys->isEnabled(face.key()), m_keys->isHeld(face.key()));
 }
 
 int KeyColumn::keyAt(const QPoint &point) const
 {
-    int key = m_faces.size() - 1;
-    while (key >= 0 && !m_faces.at(key)->geometry().contains(point))
-        --key;
-    return key;
-}
-
-void KeyColumn::mousePressEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier)
-        m_holds->down({KeyHolds::Mouse, event->button()}, keyAt(event->pos()));
-}
-
-bool KeyColumn::event(QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-        onTouch(static_cast<QTouchEvent *>(event));
-        return true;
-    case QEvent::TouchCancel:
-        m_holds->up(KeyHolds::Touch);
-        return true;
-    default:
-        return QWidget::event(event);
+    for (auto face = m_faces.begin(); face != m_faces.end(); ++face) {
+        if (face.value()->geometry().contains(point))
+            return face.key();
     }
-}
-
-void KeyColumn::onTouch(const QTouchEvent *event)
-{
-    for (const QTouchEvent::TouchPoint &point : event->touchPoints()) {
-        const KeyHolds::Source finger{KeyHolds::Touch, point.id()};
-        if (point.state() == Qt::TouchPointPressed && event->modifiers() == Qt::NoModifier)
-            m_holds->down(finger, keyAt(point.pos().toPoint()));
-        else if (point.state() == Qt::TouchPointReleased)
-            m_holds->up(finger);
-    }
+    return -1;
 }
 
 } // namespace welmo::pendant

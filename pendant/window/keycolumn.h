@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QList>
-#include <QWidget>
+#include <QMap>
 
-class QTouchEvent;
+#include "pendant/window/holdsurface.h"
+
 class QVBoxLayout;
 
 namespace tessa {
@@ -13,12 +13,10 @@ class PhysicalKeys;
 namespace welmo::pendant {
 
 class HandleKey;
-class KeyHolds;
 
 /// The pendant's physical keys as a column at the window's edge, there whatever page is shown, and
-/// hidden while no package has registered any. A key stays down until the button or finger that
-/// pressed it is lifted, wherever that is by then: a thumb may roll over a key's edge.
-class KeyColumn : public QWidget
+/// hidden while no package has registered any.
+class KeyColumn : public HoldSurface
 {
     Q_OBJECT
 public:
@@ -26,19 +24,15 @@ public:
     KeyColumn(tessa::PhysicalKeys *keys, KeyHolds *holds, QWidget *parent);
 
 protected:
-    bool event(QEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
+    int keyAt(const QPoint &point) const override;
 
 private:
-    void onTouch(const QTouchEvent *event);
-    int keyAt(const QPoint &point) const;
     void rebuild();
     void refresh();
 
     tessa::PhysicalKeys *m_keys;
-    KeyHolds *m_holds;
     QVBoxLayout *m_layout;
-    QList<HandleKey *> m_faces;
+    QMap<int, HandleKey *> m_faces; // by the number of the key
 };
 
 } // namespace welmo::pendant

@@ -121,7 +121,7 @@ bool KeyHolds::eventFilter(QObject *object, QEvent *event)
 bool KeyHolds::isMeant(const QKeyEvent *event) const
 {
     const int key = event->key() - Qt::Key_F1;
-    return key >= 0 && key < m_keys->count() && event->modifiers() == Qt::NoModifier
+    return key >= 0 && m_keys->isOnHandle(key) && event->modifiers() == Qt::NoModifier
         && !QApplication::activeModalWidget();
 }
 

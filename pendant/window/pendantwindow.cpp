@@ -8,6 +8,7 @@
 
 #include "pando/frame.h"
 #include "pendant/state/cell.h"
+#include "pendant/state/jogspeed.h"
 #include "pendant/state/linkbadge.h"
 #include "pendant/state/navigation.h"
 #include "pendant/theme/look.h"
@@ -61,6 +62,7 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries,
 
 PendantWindow::~PendantWindow()
 {
+    delete m_column; // it follows keys that pages take with them
     pando::frame() = {};
 }
 
@@ -91,7 +93,8 @@ QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
     layout->addLayout(places, 1);
     layout->addWidget(m_side);
     // At the edge, so that no page or side bar moves them from under the operator's right hand.
-    layout->addWidget(new KeyColumn(keys, holds, this));
+    m_column = new KeyColumn(keys, holds, this);
+    layout->addWidget(m_column);
     connect(m_nav, &NavPanel::chosen, this, &PendantWindow::showPage);
     connect(m_center, &pando::CenterWidget::pageShown, m_nav, &NavPanel::setCurrent);
     return row;
@@ -141,6 +144,7 @@ QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, const WindowSta
     // The message takes what is left, so that items before the stretch do not move with it.
     m_status->addItem(this, stretchItem, new QWidget(m_status));
     addModeText(state.cell);
+    addHandFacts(state.cell, state.jog);
     auto *badge = new LinkBadge(state.link, m_status);
     badge->setFixedWidth(LinkBadge::fixedWidth);
     m_status->addItem(this, QStringLiteral("pendant.link"), badge);
@@ -166,6 +170,22 @@ void PendantWindow::makeRoom(bool wanted)
     } else if (std::exchange(m_sideWaits, false)) {
         m_side->show();
     }
+}
+
+// What the handle's keys change.
+void PendantWindow::addHandFacts(Cell *cell, JogSpeed *jog)
+{
+    auto *label = new QLabel(m_status);
+    label->setObjectName(QStringLiteral("lblHandFacts"));
+    const auto follow = [label, cell, jog] {
+        label->setText(
+            tr("Jog %1 %   %2   %3")
+                .arg(QString::number(jog->percent()), cell->gasText(), cell->wireText()));
+    };
+    connect(cell, &Cell::changed, label, follow);
+    connect(jog, &JogSpeed::changed, label, follow);
+    follow();
+    m_status->addItem(this, QStringLiteral("pendant.hand"), label);
 }
 
 void PendantWindow::setCount(const QString &key, int count)

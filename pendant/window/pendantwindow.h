@@ -21,6 +21,8 @@ namespace welmo::pendant {
 
 class AlarmList;
 class Cell;
+class JogSpeed;
+class KeyColumn;
 class KeyHolds;
 class LinkControl;
 class NavPanel;
@@ -31,6 +33,7 @@ struct WindowState
     LinkControl *link;
     Cell *cell;
     AlarmList *alarms;
+    JogSpeed *jog;
     QString place; ///< see HeaderBar
 };
 
@@ -73,8 +76,10 @@ private:
     QWidget *makeStrip(Cell *cell);
     QWidget *makeStatus(tessa::ManagerHelper *helper, const WindowState &state);
     void addModeText(Cell *cell);
+    void addHandFacts(Cell *cell, JogSpeed *jog);
 
     NavPanel *m_nav = nullptr;
+    KeyColumn *m_column = nullptr;
     pando::CenterWidget *m_center = nullptr;
     pando::ExpandSideBar *m_side = nullptr;
     pando::StatusBar *m_status = nullptr;

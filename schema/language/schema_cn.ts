@@ -284,5 +284,29 @@
         <source>code %1</source>
         <translation>代码 %1</translation>
     </message>
+    <message>
+        <source>in automatic mode nobody moves the robot by hand</source>
+        <translation>自动模式下不能手动移动机器人</translation>
+    </message>
+    <message>
+        <source>a program has the robot</source>
+        <translation>程序正在使用机器人</translation>
+    </message>
+    <message>
+        <source>the robot moves already</source>
+        <translation>机器人已在移动</translation>
+    </message>
+    <message>
+        <source>the robot does not get there</source>
+        <translation>机器人无法到达</translation>
+    </message>
+    <message>
+        <source>the robot gets no further in this direction</source>
+        <translation>机器人在此方向上已到极限</translation>
+    </message>
+    <message>
+        <source>the pendant was gone for a second</source>
+        <translation>示教器失联一秒</translation>
+    </message>
 </context>
 </TS>

@@ -61,10 +61,12 @@ void display(Tour &tour)
         tour.openSubPage(tour.find("wgtNav")->findChildren<QToolButton *>().at(2)->text());
         testsupport::finger::touch(tour.find("sbxArconVoltage")->findChild<QLineEdit *>());
         tour.takePicture(prefix + "-keypad");
-        for (const char *page : {"messages", "controller"}) {
+        for (const char *page : {"jog", "messages", "controller", "program"}) {
             tour.open(page);
             tour.takePicture(prefix + '-' + page);
         }
+        tour.click("btnProgramPath");
+        tour.takePicture(prefix + "-path");
     };
     tour.step("dark theme", [&] {
         tour.changeDisplay("cbxTheme", "dark");

@@ -1,5 +1,10 @@
 #include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QTest>
 #include <QToolButton>
+#include <algorithm>
 
 #include "support/programtouch.h"
 #include "tour/tour.h"
@@ -41,6 +46,71 @@ void reweld(Tour &tour)
         Tour::await("back", says("paused at line 2"));
         tour.click("btnProgramStop");
         return Tour::await("stopped", says("stopped"));
+    });
+}
+
+void path(Tour &tour)
+{
+    testsupport::ProgramTouch program(tour);
+    const auto current = [&tour] { return tour.find<QLabel>("lblActualCurrent")->text().toInt(); };
+    for (const char *name : {"vgroove", "pipe", "stitch", "fillet"}) {
+        tour.step(QString(name) + " in a picture", "path-" + QString(name), [&] {
+            tour.open("program");
+            program.open(QString(name) + ".tl");
+            tour.click("btnProgramPath");
+            return Tour::require(tour.find<QLabel>("lblPathSums")->text().left(9), "Expected:");
+        });
+    }
+    tour.step("with the torch and its bead while it runs", "path-bead", [&] {
+        tour.click("btnProgramRun");
+        Tour::await("welding", [&] { return current() > 160; });
+        const auto *welded = tour.find<QLabel>("lblWeldingDistance");
+        Tour::await("20 mm", [&] { return welded->text().toDouble() > 20; });
+        return tour.requireText("lblState", "Welding");
+    });
+    tour.step("a touch on the seam opens its line", [&] {
+        tour.click("btnProgramStop");
+        QWidget *view = tour.find("pndPath");
+        for (int y = view->height(); y > 0 && view->isVisible(); y -= 20) // it crosses the middle
+            QTest::mouseClick(view, Qt::LeftButton, {}, {view->width() / 2, y});
+        const int line = tour.find<QListView>("lstLines")->currentIndex().row();
+        return Tour::require(program.line(line + 1), "WMoveL p4,v10,fine,torch1,wobj0");
+    });
+}
+
+void jog(Tour &tour)
+{
+    using Event = welmo::controller::Journal::Event;
+    const auto place = [&tour] { return tour.find<QLabel>("lblJogValue1")->text(); };
+    const auto count = [&tour](Event event) {
+        const auto entries = tour.journal().entries();
+        return std::count_if(entries.begin(), entries.end(),
+                             [event](const auto &entry) { return entry.event == event; });
+    };
+    QString before;
+    tour.step("a key of the jog page is held, and the robot moves", "jog", [&] {
+        tour.open("jog");
+        const auto *state = tour.find<QLabel>("lblJogState");
+        Tour::await("still", [&] { return state->text() == "The robot stands still"; });
+        before = place();
+        const QPoint plus = tour.find("lblJogValue1")->geometry().topRight() + QPoint(60, 10);
+        QTest::mousePress(tour.find("pndJogPad"), Qt::LeftButton, {}, plus);
+        Tour::await("moving", [&] { return place() != before; });
+        return Tour::require(QString::number(count(Event::Jogs)), "1");
+    });
+    tour.step("the key is let go, and it stands", [&] {
+        QTest::mouseRelease(tour.window(), Qt::LeftButton);
+        return Tour::await("standing", [&] { return count(Event::JogStops) == 1; });
+    });
+    tour.step("a point is renamed", "jog-points", [&] {
+        tour.find<QListWidget>("lstPoints")->setCurrentRow(6);
+        tour.find<QLineEdit>("ledtPointName")->setText("corner");
+        tour.click("btnRenamePoint");
+        return tour.requireMessage("info: p7 is corner now");
+    });
+    tour.step("the jog speed is in the status bar, with gas and wire", [&] {
+        tour.click("btnJogFaster");
+        return tour.requireText("lblHandFacts", "Jog 35 %   Gas off   Wire still");
     });
 }
 

@@ -54,6 +54,8 @@ void weldBook(Tour &tour);
 void weldBookFiles(Tour &tour);
 void alarm(Tour &tour);
 void reweld(Tour &tour);
+void jog(Tour &tour);
+void path(Tour &tour);
 void example(Tour &tour);
 void display(Tour &tour);
 

@@ -99,6 +99,23 @@ bool PhysicalKeys::isEnabled(int key) const
     return entry && entry->set.enabled;
 }
 
+bool PhysicalKeys::isOnHandle(int key) const
+{
+    const auto [entry, index] = find(key);
+    return entry && !entry->set.onPage;
+}
+
+int PhysicalKeys::firstOf(const QString &set) const
+{
+    int first = 0;
+    for (const Entry &entry : m_entries) {
+        if (entry.set.name == set)
+            return first;
+        first += int(entry.presses.size());
+    }
+    return -1;
+}
+
 bool PhysicalKeys::isHeld(int key) const
 {
     const auto [entry, index] = find(key);
@@ -141,17 +158,11 @@ void PhysicalKeys::act(int key, bool down)
 
 void PhysicalKeys::releaseSet(const QString &name)
 {
-    int first = 0;
-    for (const Entry &entry : m_entries) {
-        const int end = first + int(entry.presses.size());
-        if (entry.set.name != name) {
-            first = end;
-            continue;
-        }
-        for (int key = first; key < end; ++key)
-            release(key);
-        return;
-    }
+    const int first = firstOf(name);
+    const Entry *entry = find(name);
+    const int end = first + (entry ? int(entry->presses.size()) : 0);
+    for (int key = first; key < end; ++key)
+        release(key);
 }
 
 void PhysicalKeys::releaseAll()

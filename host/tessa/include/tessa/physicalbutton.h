@@ -34,6 +34,7 @@ public:
         QList<PhysicalButton> firstGroup;
         QList<PhysicalButton> secondGroup;
         bool enabled = false;
+        bool onPage = false; ///< a page of the host's own shows them, and no handle
     };
 
     using QObject::QObject;
@@ -51,6 +52,10 @@ public:
     bool startsGroup(int key) const;
     bool isEnabled(int key) const;
     bool isHeld(int key) const;
+    /// Whether the key is on the handle, and not on a page.
+    bool isOnHandle(int key) const;
+    /// The first key of the set; -1 when there is no such set.
+    int firstOf(const QString &set) const;
     /// The presses that hold a key now, oldest first: each press has a number of its own.
     QVector<int> heldPresses() const;
 

@@ -1,4 +1,4 @@
-#include "controller/welding/holdtorun.h"
+#include "controller/core/holdtorun.h"
 
 namespace welmo::controller {
 

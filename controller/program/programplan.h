@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+#include <array>
+#include <vector>
+
+#include "controller/core/reader.h"
+#include "controller/robot/robotarm.h"
+#include "tl/parsedline.h"
+
+namespace welmo::controller {
+
+/// What a program is going to do with real welding when nothing goes wrong: its ways in the base
+/// frame, in mm, and what they take. It is worked out from the same pieces that carry a program
+/// out.
+struct ProgramPlan
+{
+    using Place = std::array<double, 3>;
+
+    struct Leg
+    {
+        int line; ///< from 0
+        bool isSeam;
+        QString file; ///< the welding file of a seam
+        QString target; ///< the point's name, without an offset
+        double length; ///< mm
+        double seconds;
+        std::vector<Place> way; ///< from start to end, without the weave
+        std::vector<Place> weave; ///< with it; empty without one
+    };
+
+    std::vector<Leg> legs;
+    std::vector<int> failed; ///< lines, from 0, that cannot be carried out
+    double seconds = 0;
+    double arcSeconds = 0;
+    double seamLength = 0; ///< mm
+    double wire = 0; ///< m
+
+    /// @p from: where the arm is at first.
+    static ProgramPlan make(const Reader &reader, const std::vector<tl::ParsedLine> &lines,
+                            const Joints &from);
+};
+
+} // namespace welmo::controller

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QObject>
+
+namespace kelp {
+class ModuleObject;
+}
+
+namespace welmo::pendant {
+
+/// How fast the robot is moved by hand, in percent of its full speed: the host's value, which the
+/// handle's keys change as well.
+class JogSpeed : public QObject
+{
+    Q_OBJECT
+public:
+    explicit JogSpeed(QObject *parent = nullptr);
+
+    int percent() const;
+    /// Within 1 and the highest that the host allows.
+    void set(int percent);
+
+signals:
+    void changed();
+
+private:
+    kelp::ModuleObject *m_override; // a fraction of 1
+};
+
+} // namespace welmo::pendant

@@ -1,0 +1,161 @@
+#include "pendant/state/projectpoints.h"
+
+#include <QJsonObject>
+#include <QRegularExpression>
+
+#include "pendant/state/reasontext.h"
+#include "schema/names.h"
+#include "schema/reasons.h"
+#include "tessa/host.h"
+
+namespace names = welmo::names;
+
+namespace welmo::pendant {
+
+namespace {
+
+const QString pointList = QStringLiteral("point._list");
+const QString nameKey = QStringLiteral("name");
+constexpr int positionTimeoutMs = 1600;
+
+kelp::ModuleObject *tree()
+{
+    return m(names::project + QLatin1Char('.') + pointList);
+}
+
+QString nameOf(const QVariant &point)
+{
+    return point.toMap().value(nameKey).toString();
+}
+
+int rowOf(const QVariantList &points, const QString &name)
+{
+    for (int row = 0; row < points.size(); ++row) {
+        if (nameOf(points.at(row)) == name)
+            return row;
+    }
+    return -1;
+}
+
+QVariantList listOf(const kelp::ModuleObject *node)
+{
+    QVariantList points;
+    for (const kelp::ModuleObject *point : node->cmobjs())
+        points.append(point->toVariant());
+    return points;
+}
+
+} // namespace
+
+ProjectPoints::ProjectPoints(tessa::Host *host, QObject *parent)
+    : QObject(parent)
+    , m_host(host)
+{
+    setObjectName(tr("Points"));
+    kelp::ModuleObject *project = host->workspace()->root()->make(names::project);
+    project->observeSubtree(true);
+    connect(project, &kelp::ModuleObject::touched, this, &ProjectPoints::changed);
+}
+
+QStringList ProjectPoints::names() const
+{
+    QStringList result;
+    for (const kelp::ModuleObject *point : tree()->cmobjs())
+        result.append(point->r(nameKey)->getString());
+    return result;
+}
+
+QString ProjectPoints::detail(const QString &name) const
+{
+    const QVariantList points = listOf(tree());
+    const kelp::ModuleObject *point = tree()->cmobj(rowOf(points, name));
+    const auto number = [point](const char *path) {
+        return QString::number(point->r(QString::fromLatin1(path))->getDouble(), 'f', 1);
+    };
+    return tr("x %1, y %2, z %3 mm; a %4, b %5, c %6°; %7 in %8")
+        .arg(number("cart.pose.frame.pos.x"), number("cart.pose.frame.pos.y"),
+             number("cart.pose.frame.pos.z"), number("cart.pose.frame.ori.euler.a"),
+             number("cart.pose.frame.ori.euler.b"), number("cart.pose.frame.ori.euler.c"),
+             point->r(QStringLiteral("tool"))->getString(),
+             point->r(QStringLiteral("wobj"))->getString());
+}
+
+bool ProjectPoints::rename(const QString &name, const QString &to)
+{
+    static const QRegularExpression word(QStringLiteral("^[A-Za-z_]\\w*$"));
+    if (!word.match(to).hasMatch())
+        return fail(tr("A point's name has letters, digits and _, and starts with no digit"));
+    const auto change = [&to](QVariantList &points, int row) {
+        if (rowOf(points, to) >= 0)
+            return false;
+        QVariantMap point = points.at(row).toMap();
+        point.insert(nameKey, to);
+        point.insert(QStringLiteral("id"), to);
+        points.replace(row, point);
+        return true;
+    };
+    if (names().contains(to))
+        return fail(tr("There is a point %1 already").arg(to));
+    return edit(name, change, tr("%1 is %2 now").arg(name, to));
+}
+
+bool ProjectPoints::remove(const QString &name)
+{
+    const auto change = [](QVariantList &points, int row) {
+        points.removeAt(row);
+        return true;
+    };
+    return edit(name, change, tr("%1 removed").arg(name));
+}
+
+bool ProjectPoints::touchUp(const QString &name)
+{
+    const auto change = [this](QVariantList &points, int row) {
+        QVariantMap point = points.at(row).toMap();
+        const QJsonObject seen{
+            {QStringLiteral("tool"), point.value(QStringLiteral("tool")).toString()},
+            {QStringLiteral("wobj"), point.value(QStringLiteral("wobj")).toString()}};
+        const auto here = m_host->helper()->controllerManager()->execRequest(
+            names::robotPosition, {}, seen, true, positionTimeoutMs);
+        if (here->getInt() != 0)
+            return false;
+        const QVariant pose = here->r(QStringLiteral("pose"))->toVariant();
+        const QVariantList joints = here->r(QStringLiteral("q"))->getList();
+        point.insert(QStringLiteral("cart"), QVariantMap{{QStringLiteral("pose"), pose}});
+        point.insert(QStringLiteral("joint"), QVariantMap{{QStringLiteral("q"), joints}});
+        points.replace(row, point);
+        return true;
+    };
+    return edit(name, change, tr("%1 is where the robot is now").arg(name));
+}
+
+// The controller's list, and not the host's copy of it, is what is changed: another pendant may
+// have written since.
+bool ProjectPoints::edit(const QString &name, const Change &change, const QString &done)
+{
+    const QString failure = tr("%1 was not changed (%2)");
+    XService *service = m_host->service();
+    const auto present = service->get(this, names::project, pointList);
+    QVariantList points = listOf(present.get());
+    const int row = rowOf(points, name);
+    if (present->cmobjCount() == 0 && present->getInt() != 0)
+        return fail(failure.arg(name, schema::codeText(present->getInt())));
+    if (row < 0 || !change(points, row))
+        return fail(failure.arg(name, tr("the controller's list or the robot does not allow it")));
+    kelp::ModuleObject whole(pointList, nullptr);
+    whole.setList(this, {}, points);
+    const int code = service->set(this, names::project, pointList, &whole)->getInt();
+    if (code != 0)
+        return fail(failure.arg(name, schema::codeText(code)));
+    tree()->importFromVariant(this, points, true, true, true);
+    m_host->helper()->throwLog(this, QStringLiteral("info"), done);
+    return true;
+}
+
+bool ProjectPoints::fail(const QString &text)
+{
+    m_host->helper()->throwLog(this, QStringLiteral("error"), text);
+    return false;
+}
+
+} // namespace welmo::pendant

@@ -1,0 +1,99 @@
+#include <QFile>
+#include <QtTest>
+
+#include "controller/program/programplan.h"
+#include "programbench.h"
+#include "tl/parse.h"
+
+using namespace welmo::controller;
+
+/// What a program is expected to take is what it takes.
+class tst_ProgramPlan : public QObject
+{
+    Q_OBJECT
+private slots:
+    void agreesWithTheRun_data()
+    {
+        QTest::addColumn<int>("legs");
+        QTest::addColumn<int>("seams");
+        QTest::addColumn<int>("swayed"); // seams
+
+        QTest::newRow("fillet.tl") << 6 << 1 << 0;
+        QTest::newRow("pipe.tl") << 6 << 3 << 0;
+        QTest::newRow("stitch.tl") << 10 << 4 << 0;
+        QTest::newRow("vgroove.tl") << 12 << 3 << 2;
+    }
+    void agreesWithTheRun()
+    {
+        ProgramBench bench;
+        bench.set("arc_weld.weave_param", "weavedata1",
+                  QVariantMap{{"name", "weavedata1"},
+                              {"pattern", "triangular"},
+                              {"weaving_reference", "length"},
+                              {"weave_length_frequency", 5.0},
+                              {"amplitude", QVariantMap{{"left", 2.0}, {"right", 3.0}}}});
+        QFile file(QStringLiteral(EXAMPLES "/") + QTest::currentDataTag());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
+        std::vector<welmo::tl::ParsedLine> parsed;
+        for (const QString &line : lines)
+            parsed.push_back(welmo::tl::parse(line));
+        Joints from{};
+        const QVariantList joints = bench.get("motion.state", "q").value.toList();
+        for (size_t i = 0; i < from.size(); ++i)
+            from[i] = joints.at(int(i)).toDouble();
+        const ControllerContext reader(*bench.store, bench.faults, bench.journal, [] { return 0; });
+        const ProgramPlan plan = ProgramPlan::make(reader, parsed, from);
+
+        QVERIFY(bench.go(lines).ok());
+        const double seconds = double(bench.finish()) / 1000;
+        const QVariantMap result = bench.state("result").toMap();
+        const auto isNear = [](double expected, double actual) {
+            if (qAbs(expected - actual) > 0.05 * actual)
+                qWarning("%g instead of %g", expected, actual);
+            return actual > 0 && qAbs(expected - actual) <= 0.05 * actual;
+        };
+        QCOMPARE(result["end"], QVariant("finished"));
+        QVERIFY(isNear(plan.seconds, seconds));
+        QVERIFY(isNear(plan.arcSeconds, result["arc_seconds"].toDouble()));
+        QVERIFY(isNear(plan.seamLength, result["welded"].toDouble()));
+        QVERIFY(isNear(plan.wire, result["wire"].toDouble()));
+        QVERIFY(plan.failed.empty());
+
+        const auto count = [&plan](const auto &which) {
+            return int(std::count_if(plan.legs.begin(), plan.legs.end(), which));
+        };
+        QTEST(int(plan.legs.size()), "legs");
+        QTEST(count([](const auto &leg) { return leg.isSeam; }), "seams");
+        QTEST(count([](const auto &leg) { return !leg.weave.empty(); }), "swayed");
+        const auto &end = plan.legs.back().way.back();
+        QVERIFY(bench.isAt({end[0], end[1], end[2]}));
+        // A weave is as wide as its file says, to both sides of the way.
+        for (const auto &leg : plan.legs) {
+            double left = 0, right = 0;
+            for (const auto &place : leg.weave) {
+                const double across = place[0] - leg.way.front()[0];
+                const double off = std::hypot(across, place[2] - leg.way.front()[2]);
+                (across < 0 ? left : right) = std::max(across < 0 ? left : right, off);
+            }
+            QVERIFY(leg.weave.empty() || qAbs(left + right - 5) < 0.2);
+        }
+    }
+    void whatCannotBeDoneIsLeftOut()
+    {
+        ProgramBench bench;
+        const QStringList lines{"MoveL p99,v50,fine,torch1", "MoveL p3,v50,fine,torch1",
+                                "ArcOn \"arcondata40\",\"arcdata1\"",
+                                "MoveL Offs(p3,5000,0,0),v50,fine,torch1"};
+        std::vector<welmo::tl::ParsedLine> parsed;
+        for (const QString &line : lines)
+            parsed.push_back(welmo::tl::parse(line));
+        const ControllerContext reader(*bench.store, bench.faults, bench.journal, [] { return 0; });
+        const ProgramPlan plan = ProgramPlan::make(reader, parsed, {0, 20, -5, 0, 75, 0});
+        QCOMPARE(plan.failed, (std::vector<int>{0, 2, 3}));
+        QCOMPARE(int(plan.legs.size()), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ProgramPlan)
+#include "tst_programplan.moc"
