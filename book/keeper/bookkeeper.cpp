@@ -60,6 +60,8 @@ Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QOb
     m_writer = std::make_unique<SeamWriter>(m_keeping.get());
     m_files = std::make_unique<FileWatch>(m_keeping.get());
     connect(m_files.get(), &FileWatch::failed, this, &Bookkeeper::warn);
+    m_restorer = std::make_unique<Restorer>(m_keeping.get(), &m_cell);
+    connect(m_restorer.get(), &Restorer::recovered, this, &Bookkeeper::warn);
     m_recorder = SeamRecorder(m_writer.get());
     m_recorder.limitsOf = [this](const QString &file) { return limits(file); };
     m_recorder.fileInUse = [this](const QString &file) { return fileInUse(file); };
@@ -144,6 +146,9 @@ void Bookkeeper::listen()
     for (const QString &path :
          {names::welderState, names::weldMode, names::programState, names::alarms})
         xservice()->watch(this, path, true);
+    m_cellName = read(names::cellIdentity).value(QStringLiteral("store")).toString();
+    m_recorder.setCell(m_cellName);
+    m_restorer->recover(m_cellName);
     m_files->listen();
     m_recorder.setMode(read(names::weldMode).value(QStringLiteral("mode")).toString());
     m_recorder.tellProgram(read(names::programState));

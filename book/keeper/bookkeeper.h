@@ -7,6 +7,7 @@
 
 #include "book/keeper/cellwriter.h"
 #include "book/keeper/filewatch.h"
+#include "book/keeper/restorer.h"
 #include "book/records/bookthread.h"
 #include "book/records/seamrecorder.h"
 #include "book/records/seamwriter.h"
@@ -38,10 +39,14 @@ public:
     }
     const FileWatch &files() const { return *m_files; }
     CellWriter &cell() { return m_cell; }
+    Restorer &restorer() { return *m_restorer; }
+    /// As the controller tells itself apart from others; empty where it does not.
+    QString cellName() const { return m_cellName; }
     QString programsFolder() const { return m_programsFolder; }
     const SeamRecorder &recorder() const { return m_recorder; }
 
     Limits limits(const QString &file) const;
+    QList<Limits> allLimits() const { return m_limits.values(); }
     /// In force from the next seam on, and kept.
     void setLimits(const Limits &limits);
 
@@ -77,6 +82,8 @@ private:
     std::unique_ptr<BookThread> m_reader;
     SeamRecorder m_recorder;
     CellWriter m_cell;
+    std::unique_ptr<Restorer> m_restorer;
+    QString m_cellName;
     QHash<QString, Limits> m_limits;
     QTimer m_ticks;
     QTimer m_tidying;

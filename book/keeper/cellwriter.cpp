@@ -45,6 +45,14 @@ QString placeOf(const CellChange &change)
     return change.key.isEmpty() ? change.node : change.key;
 }
 
+QVariant listIn(const kelp::ModuleObject *node)
+{
+    QVariantList items;
+    for (const kelp::ModuleObject *item : node->cmobjs())
+        items.append(item->toVariant());
+    return items;
+}
+
 // The reason where one came with the refusal.
 QString why(const kelp::ModuleObject *answer)
 {
@@ -69,6 +77,8 @@ std::optional<QVariant> CellWriter::read(const QString &node, const QString &key
         key.isEmpty() ? xservice()->get(this, node) : xservice()->get(this, node, key);
     if (!answer || (answer->getInt(0) != 0 && answer->cmobjs().isEmpty()))
         return {};
+    if (node == names::project && !key.isEmpty())
+        return listIn(answer.get());
     return answer->cmobjs().isEmpty() ? QVariant() : answer->toVariant();
 }
 
@@ -105,11 +115,13 @@ bool CellWriter::writeOrTakeBack(const QVector<CellChange> &changes,
                                  const QVector<CellChange> &before, QString *problem)
 {
     int done = 0;
+    m_isWhole = true;
     if (write(changes, &done, problem))
         return true;
     QString again;
     int back = 0;
-    if (!write(before.mid(0, done), &back, &again))
+    m_isWhole = write(before.mid(0, done), &back, &again);
+    if (!m_isWhole)
         *problem += tr("; what was written before could not be put back (%1)").arg(again);
     return false;
 }

@@ -30,7 +30,8 @@ std::unique_ptr<SeamBook> openBook(const QString &folder)
 class Cell
 {
 public:
-    explicit Cell(const QString &folder)
+    explicit Cell(const QString &folder,
+                  const QVariantMap &files = {{"arcdata3", file("arcdata3", 100)}})
         : host({folder})
         , m_frame(new pando::CenterWidget(&window))
     {
@@ -43,7 +44,7 @@ public:
         link = made.get();
         link->node("arc_weld.welder_state", QVariantMap{{"state", "ok"}});
         link->node("arc_weld.weld_mode", QVariantMap{{"mode", "real"}});
-        link->node("arc_weld.weld_param", QVariantMap{{"arcdata3", file("arcdata3", 100)}});
+        link->node("arc_weld.weld_param", files);
         host.setLink(std::move(made));
         link->setUp(true);
         QCoreApplication::processEvents();
@@ -188,6 +189,53 @@ private slots:
                                "ArcOn \"arcondata1\",\"arcdata3\"");
         cell.click("btnRemoveFile");
         QTRY_VERIFY(cell.logHas("arcdata3 stays, programs use it: a.tl 1"));
+    }
+    void aRestoreIsAllOrNothing()
+    {
+        const QTemporaryDir folder;
+        Cell cell(
+            folder.path(),
+            {{"arcdata3", Cell::file("arcdata3", 100)}, {"arcdata4", Cell::file("arcdata4", 100)}});
+        cell.window.show();
+        cell.click("btnBackup");
+        cell.click("btnMakeBackup");
+        QVERIFY(cell.logHas("backup written: "));
+        for (const char *file : {"arcdata3", "arcdata4"}) {
+            cell.change({{file, Cell::file(file, 250)}});
+            cell.link->node(QStringLiteral("arc_weld.weld_param ") + file, Cell::file(file, 250));
+        }
+        cell.click("btnReadBackup");
+        QCOMPARE(cell.text("tblRestore", 1, 1), QString("arcdata4"));
+        QCOMPARE(cell.text("tblRestore", 1, 2), QString("Current: 250 A → 100 A"));
+        QStringList written;
+        cell.link->duringCall = [&](const tessa::LinkRequest &request) {
+            if (request.kind != FakeLink::Kind::Set)
+                return;
+            const QVariantMap file = request.payload.toMap();
+            written += request.key + ' ' + file.value("current").toString();
+            if (request.key == "arcdata4")
+                cell.link->fail("arc_weld.weld_param arcdata4", 13);
+        };
+        cell.click("btnRestore");
+        QTRY_VERIFY(cell.logHas("arcdata4: the user may not do that"));
+        QCOMPARE(written, QStringList({"arcdata3 100", "arcdata4 100", "arcdata3 250"}));
+        // Where not even that works, it is done when the controller is back.
+        cell.link->node("arc_weld.weld_param arcdata4", Cell::file("arcdata4", 250));
+        cell.click("btnReadBackup");
+        cell.link->duringCall = [&](const tessa::LinkRequest &request) {
+            cell.link->up = request.kind != FakeLink::Kind::Set;
+        };
+        cell.click("btnRestore");
+        QTRY_VERIFY(cell.logHas("could not be put back") || !cell.host.service()->isConnected());
+        written.clear();
+        cell.link->duringCall = [&](const tessa::LinkRequest &request) {
+            if (request.kind == FakeLink::Kind::Set)
+                written += request.key;
+        };
+        cell.link->setUp(false);
+        cell.link->setUp(true);
+        QTRY_VERIFY(cell.logHas("a restore that was cut off was taken back"));
+        QCOMPARE(written, QStringList({"arcdata3", "arcdata4"}));
     }
     void aBookThatCannotBeOpenedIsTold()
     {
