@@ -15,6 +15,8 @@ namespace {
 
 const QString entriesKey = QStringLiteral("entries");
 
+const QString efficiencyName = QStringLiteral("efficiency");
+
 constexpr int tickMs = 50; // twice a sample, so that none is late by one
 constexpr int tidyMs = 60 * 1000;
 constexpr qint64 courseAgeMs = 90LL * 24 * 3600 * 1000;
@@ -81,6 +83,12 @@ Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QOb
         m_keeping->ask(
             this, [](SeamBook &book) { return FileHistory(book.database()).newest(); },
             [this](const QVector<FileVersion> &newest) { m_files->load(newest); });
+        m_keeping->ask(
+            this, [](SeamBook &book) { return book.setting(efficiencyName).toDouble(); },
+            [this](double kept) {
+                if (kept > 0)
+                    m_recorder.setEfficiency(m_efficiency = kept);
+            });
         m_keeping->ask(
             this, [](SeamBook &book) { return book.allLimits(); },
             [this](const QVector<Limits> &all) {
@@ -206,15 +214,29 @@ Limits Bookkeeper::limits(const QString &file) const
     return m_limits.value(file, none);
 }
 
+void Bookkeeper::setEfficiency(double factor)
+{
+    m_recorder.setEfficiency(m_efficiency = factor);
+    keep([factor](SeamBook &book) {
+        return book.setSetting(efficiencyName, QString::number(factor));
+    });
+}
+
 void Bookkeeper::setLimits(const Limits &limits)
 {
     m_limits.insert(limits.file, limits);
-    m_keeping->post([this, limits](SeamBook &book) {
-        if (!book.setLimits(limits))
-            QMetaObject::invokeMethod(
-                this, [this, line = book.errorText()] { warn(line); }, Qt::QueuedConnection);
-    });
+    keep([limits](SeamBook &book) { return book.setLimits(limits); });
     emit limitsChanged();
+}
+
+void Bookkeeper::keep(const std::function<bool(SeamBook &)> &work)
+{
+    m_keeping->ask(
+        this, [work](SeamBook &book) { return work(book) ? QString() : book.errorText(); },
+        [this](const QString &problem) {
+            if (!problem.isEmpty())
+                warn(problem);
+        });
 }
 
 void Bookkeeper::warn(const QString &line)

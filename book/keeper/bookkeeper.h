@@ -50,6 +50,10 @@ public:
     /// In force from the next seam on, and kept.
     void setLimits(const Limits &limits);
 
+    /// Of the heat input of every weld that begins from now on; kept.
+    double efficiency() const { return m_efficiency; }
+    void setEfficiency(double factor);
+
     /// A line for the message log.
     void tellInfo(const QString &line);
     void tellError(const QString &line);
@@ -70,6 +74,7 @@ private:
     void tick();
     void tidyUp();
     FileInUse fileInUse(const QString &file) const;
+    void keep(const std::function<bool(SeamBook &)> &work);
     void warn(const QString &line);
     void tellLimitLeft(const QString &band, double value, const Seam &seam);
 
@@ -84,6 +89,7 @@ private:
     CellWriter m_cell;
     std::unique_ptr<Restorer> m_restorer;
     QString m_cellName;
+    double m_efficiency = SeamRecorder::usualEfficiency;
     QHash<QString, Limits> m_limits;
     QTimer m_ticks;
     QTimer m_tidying;

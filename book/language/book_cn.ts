@@ -720,6 +720,10 @@
         <source>%1: the lower limit is above the upper one.</source>
         <translation>%1：下限高于上限。</translation>
     </message>
+    <message>
+        <source>Thermal efficiency, of every file</source>
+        <translation>热效率（所有文件）</translation>
+    </message>
 </context>
 <context>
     <name>welmo::book::Restorer</name>
@@ -922,6 +926,34 @@
     <message>
         <source>%1 welds</source>
         <translation>%1 条焊缝</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>This list as CSV</source>
+        <translation>列表导出为 CSV</translation>
+    </message>
+    <message>
+        <source>This list as JSON, with courses</source>
+        <translation>列表导出为 JSON（含曲线）</translation>
+    </message>
+    <message>
+        <source>This weld as PDF</source>
+        <translation>此焊缝导出为 PDF</translation>
+    </message>
+    <message>
+        <source>Its day as PDF</source>
+        <translation>当日焊缝导出为 PDF</translation>
+    </message>
+    <message>
+        <source>written: %1</source>
+        <translation>已写入：%1</translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2</source>
+        <translation>%1 未写入：%2</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,8 @@
 #include <QComboBox>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QLibrary>
+#include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
@@ -124,11 +126,40 @@ private slots:
         const QTemporaryDir folder;
         {
             Cell cell(folder.path());
+            cell.window.findChild<QDoubleSpinBox *>("sbxEfficiency")->setValue(0.6);
+            cell.click("btnLimitsSave");
             cell.tell({{"current", 150.0}, {"voltage", 20.0}});
         }
         const QVector<Seam> seams = openBook(folder.path())->list({});
         QCOMPARE(seams.size(), 1);
         QCOMPARE(seams[0].ended, ending::interrupted);
+        QCOMPARE(seams[0].efficiency, 0.6);
+        QCOMPARE(openBook(folder.path())->setting("efficiency"), QString("0.6"));
+    }
+    void exportsTheListAndAWeld()
+    {
+        const QTemporaryDir folder;
+        QDir(folder.path()).mkdir("weldbook");
+        Seam seam;
+        seam.started = QDateTime::currentMSecsSinceEpoch();
+        seam.ended = ending::regular;
+        QVERIFY(openBook(folder.path())->begin(&seam));
+        Cell cell(folder.path());
+        auto *list = cell.window.findChild<QTableView *>("tblWelds");
+        QTRY_COMPARE(list->model()->rowCount(), 1);
+        list->selectRow(0);
+        const auto actions = cell.window.findChild<QPushButton *>("btnExport")->menu()->actions();
+        for (QAction *action : actions)
+            action->trigger();
+        const QDir reports(folder.filePath("weldbook/reports"));
+        QTRY_COMPARE(reports.entryList(QDir::Files).size(), 4);
+        for (const QFileInfo &file : reports.entryInfoList(QDir::Files))
+            QVERIFY2(file.size() > 100, qPrintable(file.fileName()));
+        QVERIFY(cell.logHas("written: "));
+        QDir(reports).removeRecursively();
+        testsupport::writeFile(reports.path(), "in the way");
+        actions.first()->trigger();
+        QTRY_VERIFY(cell.logHas(" was not written: "));
     }
     void everyChangeOfAFileIsAVersion()
     {
