@@ -152,10 +152,14 @@ private slots:
         for (QAction *action : actions)
             action->trigger();
         const QDir reports(folder.filePath("weldbook/reports"));
-        QTRY_COMPARE(reports.entryList(QDir::Files).size(), 4);
-        for (const QFileInfo &file : reports.entryInfoList(QDir::Files))
-            QVERIFY2(file.size() > 100, qPrintable(file.fileName()));
-        QVERIFY(cell.logHas("written: "));
+        const auto written = [&] {
+            const QFileInfoList files = reports.entryInfoList(QDir::Files);
+            return files.size() == 4
+                && std::all_of(files.begin(), files.end(),
+                               [](const QFileInfo &file) { return file.size() > 100; });
+        };
+        QTRY_VERIFY(written());
+        QTRY_VERIFY(cell.logHas("written: "));
         QDir(reports).removeRecursively();
         testsupport::writeFile(reports.path(), "in the way");
         actions.first()->trigger();
@@ -196,6 +200,31 @@ private slots:
             cell.link->node("arc_weld.weld_param",
                             QVariantMap{{"arcdata3", Cell::file("arcdata3", 120)}});
         }
+    }
+    void anotherControllerIsAnotherCell()
+    {
+        const QTemporaryDir folder;
+        {
+            Cell cell(folder.path());
+            for (const char *store : {"left", "right"}) {
+                cell.link->setUp(false);
+                QCoreApplication::processEvents();
+                cell.link->node("cell.identity", QVariantMap{{"store", store}});
+                cell.link->node("arc_weld.weld_param",
+                                QVariantMap{{"arcdata3", Cell::file("arcdata3", store[0])}});
+                cell.link->setUp(true);
+                QCoreApplication::processEvents();
+                cell.tell({{"welding_name", "arcdata3"},
+                           {"current", 100.0 + store[0]},
+                           {"voltage", 20.0}});
+            }
+        }
+        const auto book = openBook(folder.path());
+        const QVector<Seam> seams = book->list({});
+        QCOMPARE(seams.size(), 2);
+        QCOMPARE(seams[1].cell + ' ' + seams[1].ended, "left " + ending::linkLost);
+        QCOMPARE(seams[0].cell + ' ' + seams[0].ended, "right " + ending::interrupted);
+        QVERIFY(seams[0].weldVersion > seams[1].weldVersion);
     }
     void aStepThatIsRefusedOrOutdatedIsTold()
     {
