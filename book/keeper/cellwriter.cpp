@@ -7,6 +7,7 @@
 #include "book/keeper/filewatch.h"
 #include "book/records/filecontent.h"
 #include "schema/names.h"
+#include "schema/optionsets.h"
 #include "schema/reasons.h"
 
 namespace welmo::book {
@@ -62,11 +63,19 @@ QString why(const kelp::ModuleObject *answer)
     return schema::reasonText(reason, answer->r(QStringLiteral("arguments"))->getList());
 }
 
-// A file that cannot be removed again is as a new one when it is taken back.
+// What cannot be taken away again is put back as the defaults, which is what it read as.
 QVariant insteadOf(const CellChange &change)
 {
-    const schema::FileSet *set = FileWatch::setOf(change.key);
-    return set && !set->isRemovable ? QVariant(defaultContent(*set, change.key)) : QVariant();
+    const schema::FileSet *file = FileWatch::setOf(change.key);
+    if (file && !file->isRemovable)
+        return defaultContent(*file, change.key);
+    const std::initializer_list<const schema::Set *> options{
+        &schema::running(), &schema::anticollision(), &schema::clamping()};
+    for (const schema::Set *set : options) {
+        if (change.node == set->node())
+            return defaultsOf(*set);
+    }
+    return {};
 }
 
 } // namespace

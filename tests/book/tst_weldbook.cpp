@@ -257,28 +257,34 @@ private slots:
             folder.path(),
             {{"arcdata3", Cell::file("arcdata3", 100)}, {"arcdata4", Cell::file("arcdata4", 100)}});
         cell.window.show();
+        const QVariantMap running{{"test_run_speed", 250}};
+        cell.link->node("arc_weld.running_param", running);
         cell.click("btnBackup");
         cell.click("btnMakeBackup");
+        cell.link->node("arc_weld.running_param", {}); // nobody has stored any
+
         QVERIFY(cell.logHas("backup written: "));
         for (const char *file : {"arcdata3", "arcdata4"}) {
             cell.change({{file, Cell::file(file, 250)}});
             cell.link->node(QStringLiteral("arc_weld.weld_param ") + file, Cell::file(file, 250));
         }
         cell.click("btnReadBackup");
-        QCOMPARE(cell.text("tblRestore", 1, 1), QString("arcdata4"));
+        QCOMPARE(cell.text("tblRestore", 1, 1), QString("arcdata3"));
         QCOMPARE(cell.text("tblRestore", 1, 2), QString("Current: 250 A → 100 A"));
         QStringList written;
         cell.link->duringCall = [&](const tessa::LinkRequest &request) {
             if (request.kind != FakeLink::Kind::Set)
                 return;
             const QVariantMap file = request.payload.toMap();
-            written += request.key + ' ' + file.value("current").toString();
+            written += request.key + ' ' + file.value("current").toString()
+                + file.value("test_run_speed").toString();
             if (request.key == "arcdata4")
                 cell.link->fail("arc_weld.weld_param arcdata4", 13);
         };
         cell.click("btnRestore");
         QTRY_VERIFY(cell.logHas("arcdata4: the user may not do that"));
-        QCOMPARE(written, QStringList({"arcdata3 100", "arcdata4 100", "arcdata3 250"}));
+        QCOMPARE(written,
+                 QStringList({" 250", "arcdata3 100", "arcdata4 100", " 200", "arcdata3 250"}));
         // Where not even that works, it is done when the controller is back.
         cell.link->node("arc_weld.weld_param arcdata4", Cell::file("arcdata4", 250));
         cell.click("btnReadBackup");
@@ -295,7 +301,7 @@ private slots:
         cell.link->setUp(false);
         cell.link->setUp(true);
         QTRY_VERIFY(cell.logHas("a restore that was cut off was taken back"));
-        QCOMPARE(written, QStringList({"arcdata3", "arcdata4"}));
+        QCOMPARE(written, QStringList({"", "arcdata3", "arcdata4"}));
     }
     void aBookThatCannotBeOpenedIsTold()
     {
