@@ -68,6 +68,11 @@ void display(Tour &tour)
             tour.open(page);
             tour.takePicture(prefix + '-' + page);
         }
+        tour.open("weldbook");
+        for (const char *tab : {"btnWelds", "btnTrend", "btnFiles", "btnBackup"}) {
+            tour.click(tab);
+            tour.takePicture(prefix + "-book");
+        }
     };
     tour.step("dark theme", [&] {
         tour.changeDisplay("cbxTheme", "dark");
