@@ -48,6 +48,9 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     m_registry.addValue(names::journal, [&journal] {
         return Reply::with(QVariantMap{{QStringLiteral("entries"), journal.recent(journalLength)}});
     });
+    m_registry.addValue(names::cellIdentity, [&store] {
+        return Reply::with(QVariantMap{{QStringLiteral("store"), store.identity()}});
+    });
     m_registry.addEntries(names::audit,
                           [this](const QString &key) { return m_context.audit().page(key); }, {});
 }

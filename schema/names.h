@@ -36,6 +36,7 @@ inline const QString journal = QStringLiteral("cell.journal");
 inline const QString audit = QStringLiteral("cell.audit");
 inline const QString alarms = QStringLiteral("cell.alarms");
 inline const QString acknowledgeAlarms = QStringLiteral("cell.alarms.acknowledge");
+inline const QString cellIdentity = QStringLiteral("cell.identity");
 inline const QString cellState = QStringLiteral("cell.state");
 inline const QString switchCell = QStringLiteral("cell.switch");
 inline const QString control = QStringLiteral("cell.control");

@@ -15,6 +15,8 @@ namespace {
 
 const QString entriesKey = QStringLiteral("entries");
 
+const QString efficiencyName = QStringLiteral("efficiency");
+
 constexpr int tickMs = 50; // twice a sample, so that none is late by one
 constexpr int tidyMs = 60 * 1000;
 constexpr qint64 courseAgeMs = 90LL * 24 * 3600 * 1000;
@@ -60,6 +62,8 @@ Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QOb
     m_writer = std::make_unique<SeamWriter>(m_keeping.get());
     m_files = std::make_unique<FileWatch>(m_keeping.get());
     connect(m_files.get(), &FileWatch::failed, this, &Bookkeeper::warn);
+    m_restorer = std::make_unique<Restorer>(m_keeping.get(), &m_cell);
+    connect(m_restorer.get(), &Restorer::recovered, this, &Bookkeeper::warn);
     m_recorder = SeamRecorder(m_writer.get());
     m_recorder.limitsOf = [this](const QString &file) { return limits(file); };
     m_recorder.fileInUse = [this](const QString &file) { return fileInUse(file); };
@@ -79,6 +83,12 @@ Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QOb
         m_keeping->ask(
             this, [](SeamBook &book) { return FileHistory(book.database()).newest(); },
             [this](const QVector<FileVersion> &newest) { m_files->load(newest); });
+        m_keeping->ask(
+            this, [](SeamBook &book) { return book.setting(efficiencyName).toDouble(); },
+            [this](double kept) {
+                if (kept > 0)
+                    m_recorder.setEfficiency(m_efficiency = kept);
+            });
         m_keeping->ask(
             this, [](SeamBook &book) { return book.allLimits(); },
             [this](const QVector<Limits> &all) {
@@ -144,6 +154,9 @@ void Bookkeeper::listen()
     for (const QString &path :
          {names::welderState, names::weldMode, names::programState, names::alarms})
         xservice()->watch(this, path, true);
+    m_cellName = read(names::cellIdentity).value(QStringLiteral("store")).toString();
+    m_recorder.setCell(m_cellName);
+    m_restorer->recover(m_cellName);
     m_files->listen();
     m_recorder.setMode(read(names::weldMode).value(QStringLiteral("mode")).toString());
     m_recorder.tellProgram(read(names::programState));
@@ -201,15 +214,29 @@ Limits Bookkeeper::limits(const QString &file) const
     return m_limits.value(file, none);
 }
 
+void Bookkeeper::setEfficiency(double factor)
+{
+    m_recorder.setEfficiency(m_efficiency = factor);
+    keep([factor](SeamBook &book) {
+        return book.setSetting(efficiencyName, QString::number(factor));
+    });
+}
+
 void Bookkeeper::setLimits(const Limits &limits)
 {
     m_limits.insert(limits.file, limits);
-    m_keeping->post([this, limits](SeamBook &book) {
-        if (!book.setLimits(limits))
-            QMetaObject::invokeMethod(
-                this, [this, line = book.errorText()] { warn(line); }, Qt::QueuedConnection);
-    });
+    keep([limits](SeamBook &book) { return book.setLimits(limits); });
     emit limitsChanged();
+}
+
+void Bookkeeper::keep(const std::function<bool(SeamBook &)> &work)
+{
+    m_keeping->ask(
+        this, [work](SeamBook &book) { return work(book) ? QString() : book.errorText(); },
+        [this](const QString &problem) {
+            if (!problem.isEmpty())
+                warn(problem);
+        });
 }
 
 void Bookkeeper::warn(const QString &line)

@@ -7,6 +7,7 @@
 
 #include "book/keeper/cellwriter.h"
 #include "book/keeper/filewatch.h"
+#include "book/keeper/restorer.h"
 #include "book/records/bookthread.h"
 #include "book/records/seamrecorder.h"
 #include "book/records/seamwriter.h"
@@ -38,12 +39,20 @@ public:
     }
     const FileWatch &files() const { return *m_files; }
     CellWriter &cell() { return m_cell; }
+    Restorer &restorer() { return *m_restorer; }
+    /// As the controller tells itself apart from others; empty where it does not.
+    QString cellName() const { return m_cellName; }
     QString programsFolder() const { return m_programsFolder; }
     const SeamRecorder &recorder() const { return m_recorder; }
 
     Limits limits(const QString &file) const;
+    QList<Limits> allLimits() const { return m_limits.values(); }
     /// In force from the next seam on, and kept.
     void setLimits(const Limits &limits);
+
+    /// Of the heat input of every weld that begins from now on; kept.
+    double efficiency() const { return m_efficiency; }
+    void setEfficiency(double factor);
 
     /// A line for the message log.
     void tellInfo(const QString &line);
@@ -65,6 +74,7 @@ private:
     void tick();
     void tidyUp();
     FileInUse fileInUse(const QString &file) const;
+    void keep(const std::function<bool(SeamBook &)> &work);
     void warn(const QString &line);
     void tellLimitLeft(const QString &band, double value, const Seam &seam);
 
@@ -77,6 +87,9 @@ private:
     std::unique_ptr<BookThread> m_reader;
     SeamRecorder m_recorder;
     CellWriter m_cell;
+    std::unique_ptr<Restorer> m_restorer;
+    QString m_cellName;
+    double m_efficiency = SeamRecorder::usualEfficiency;
     QHash<QString, Limits> m_limits;
     QTimer m_ticks;
     QTimer m_tidying;

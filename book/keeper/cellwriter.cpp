@@ -7,6 +7,7 @@
 #include "book/keeper/filewatch.h"
 #include "book/records/filecontent.h"
 #include "schema/names.h"
+#include "schema/optionsets.h"
 #include "schema/reasons.h"
 
 namespace welmo::book {
@@ -45,6 +46,14 @@ QString placeOf(const CellChange &change)
     return change.key.isEmpty() ? change.node : change.key;
 }
 
+QVariant listIn(const kelp::ModuleObject *node)
+{
+    QVariantList items;
+    for (const kelp::ModuleObject *item : node->cmobjs())
+        items.append(item->toVariant());
+    return items;
+}
+
 // The reason where one came with the refusal.
 QString why(const kelp::ModuleObject *answer)
 {
@@ -54,11 +63,19 @@ QString why(const kelp::ModuleObject *answer)
     return schema::reasonText(reason, answer->r(QStringLiteral("arguments"))->getList());
 }
 
-// A file that cannot be removed again is as a new one when it is taken back.
+// What cannot be taken away again is put back as the defaults, which is what it read as.
 QVariant insteadOf(const CellChange &change)
 {
-    const schema::FileSet *set = FileWatch::setOf(change.key);
-    return set && !set->isRemovable ? QVariant(defaultContent(*set, change.key)) : QVariant();
+    const schema::FileSet *file = FileWatch::setOf(change.key);
+    if (file && !file->isRemovable)
+        return defaultContent(*file, change.key);
+    const std::initializer_list<const schema::Set *> options{
+        &schema::running(), &schema::anticollision(), &schema::clamping()};
+    for (const schema::Set *set : options) {
+        if (change.node == set->node())
+            return defaultsOf(*set);
+    }
+    return {};
 }
 
 } // namespace
@@ -69,6 +86,8 @@ std::optional<QVariant> CellWriter::read(const QString &node, const QString &key
         key.isEmpty() ? xservice()->get(this, node) : xservice()->get(this, node, key);
     if (!answer || (answer->getInt(0) != 0 && answer->cmobjs().isEmpty()))
         return {};
+    if (node == names::project && !key.isEmpty())
+        return listIn(answer.get());
     return answer->cmobjs().isEmpty() ? QVariant() : answer->toVariant();
 }
 
@@ -105,11 +124,13 @@ bool CellWriter::writeOrTakeBack(const QVector<CellChange> &changes,
                                  const QVector<CellChange> &before, QString *problem)
 {
     int done = 0;
+    m_isWhole = true;
     if (write(changes, &done, problem))
         return true;
     QString again;
     int back = 0;
-    if (!write(before.mid(0, done), &back, &again))
+    m_isWhole = write(before.mid(0, done), &back, &again);
+    if (!m_isWhole)
         *problem += tr("; what was written before could not be put back (%1)").arg(again);
     return false;
 }

@@ -31,8 +31,11 @@ public:
     QString undoTitle() const { return m_steps.isEmpty() ? QString() : m_steps.last().title; }
     /// Takes the last step back, unless somebody else has changed a part of it since.
     bool undo(QString *problem);
+    /// False when the last step was refused half-way and could not be put back either.
+    bool isWhole() const { return m_isWhole; }
 
-    /// What is stored now: invalid for a file that is not there, nothing when it cannot be read.
+    /// What is stored now, a list of the project in its order: invalid for a file that is not
+    /// there, nothing when it cannot be read.
     std::optional<QVariant> read(const QString &node, const QString &key);
     /// As it is stored now, for every place that @p changes name; nothing with a line.
     std::optional<QVector<CellChange>> asStored(const QVector<CellChange> &changes,
@@ -57,6 +60,7 @@ private:
                          QString *problem);
 
     QVector<Step> m_steps;
+    bool m_isWhole = true;
 };
 
 } // namespace welmo::book

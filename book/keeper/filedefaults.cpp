@@ -19,7 +19,7 @@ void insert(QVariantMap *map, const QString &key, const QVariant &value)
 
 } // namespace
 
-QVariantMap defaultContent(const schema::FileSet &set, const QString &file)
+QVariantMap defaultsOf(const schema::Set &set)
 {
     QVariantMap content;
     for (const schema::Row *row : set.rows()) {
@@ -27,6 +27,12 @@ QVariantMap defaultContent(const schema::FileSet &set, const QString &file)
         if (row->twinKey())
             insert(&content, QString::fromLatin1(row->twinKey()), row->defaultValue());
     }
+    return content;
+}
+
+QVariantMap defaultContent(const schema::FileSet &set, const QString &file)
+{
+    QVariantMap content = defaultsOf(set);
     content.insert(QString::fromLatin1(set.fileName.key), file);
     return content;
 }

@@ -85,6 +85,11 @@ void FileWatch::load(const QVector<FileVersion> &newest)
     m_loaded = true;
     for (auto it = m_files.cbegin(); it != m_files.cend(); ++it)
         note(it.key());
+    for (const FileVersion &version : newest) { // whoever ended before it could ask
+        if (version.user.isEmpty() && m_newest.value(version.file).number == version.number)
+            m_unnamed.append({version.file, version.number});
+    }
+    m_soon.start();
     emit changed();
 }
 
@@ -94,6 +99,7 @@ void FileWatch::listen()
         xservice()->watch(this, set->node(), true);
         readAll(*set);
     }
+    m_soon.start();
     emit changed();
 }
 
@@ -138,6 +144,8 @@ void FileWatch::note(const QString &file)
 
 void FileWatch::askWho()
 {
+    if (!xservice()->isConnected() || m_unnamed.isEmpty())
+        return; // listen() comes back to it
     const QVector<Unnamed> unnamed = std::exchange(m_unnamed, {});
     const auto answer = xservice()->get(this, names::audit);
     if (!answer || answer->getInt(0) != 0)

@@ -9,6 +9,88 @@
     </message>
 </context>
 <context>
+    <name>welmo::book::BackupFile</name>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>无法读取 %1</translation>
+    </message>
+    <message>
+        <source>was written by a newer version (format %1, known is %2)</source>
+        <translation>由更新的版本写入（格式 %1，已知 %2）</translation>
+    </message>
+    <message>
+        <source>is damaged, or no backup</source>
+        <translation>已损坏，或不是备份文件</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::BackupPage</name>
+    <message>
+        <source>Take one of another cell, too</source>
+        <translation>也接受其他单元的备份</translation>
+    </message>
+    <message>
+        <source>Restore what is ticked</source>
+        <translation>恢复勾选项</translation>
+    </message>
+    <message>
+        <source>A backup holds all files, options, points, tools and limits.</source>
+        <translation>备份包含全部文件、选项、点、工具和限值。</translation>
+    </message>
+    <message>
+        <source>Make a backup</source>
+        <translation>创建备份</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>See what differs</source>
+        <translation>查看差异</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>备份</translation>
+    </message>
+    <message>
+        <source>Tick all</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>Tick none</source>
+        <translation>全不选</translation>
+    </message>
+    <message>
+        <source>backup written: %1</source>
+        <translation>备份已写入：%1</translation>
+    </message>
+    <message>
+        <source>%1 is of another cell</source>
+        <translation>%1 属于其他单元</translation>
+    </message>
+    <message>
+        <source>Written %1. %2 places differ.</source>
+        <translation>写于 %1。%2 处不同。</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Now → in the backup</source>
+        <translation>当前 → 备份</translation>
+    </message>
+    <message>
+        <source>nothing is ticked</source>
+        <translation>未勾选任何项</translation>
+    </message>
+    <message>
+        <source>%1 restored</source>
+        <translation>%1 已恢复</translation>
+    </message>
+</context>
+<context>
     <name>welmo::book::BookPage</name>
     <message>
         <source>Weld Book</source>
@@ -25,6 +107,10 @@
     <message>
         <source>Files</source>
         <translation>文件</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>备份</translation>
     </message>
 </context>
 <context>
@@ -354,6 +440,58 @@
         <source>Anti-stick: time</source>
         <translation>防粘丝：时间</translation>
     </message>
+    <message>
+        <source>Running parameters</source>
+        <translation>运行参数</translation>
+    </message>
+    <message>
+        <source>Anti-collision</source>
+        <translation>防碰撞</translation>
+    </message>
+    <message>
+        <source>Wire-clamping torch</source>
+        <translation>夹丝焊枪</translation>
+    </message>
+    <message>
+        <source>Tool and work object</source>
+        <translation>工具与工件</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>点</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>工具</translation>
+    </message>
+    <message>
+        <source>Work objects</source>
+        <translation>工件坐标系</translation>
+    </message>
+    <message>
+        <source>User frames</source>
+        <translation>用户坐标系</translation>
+    </message>
+    <message>
+        <source>Limits of %1</source>
+        <translation>%1 的限值</translation>
+    </message>
+    <message>
+        <source>is not there</source>
+        <translation>不存在</translation>
+    </message>
+    <message>
+        <source>%1 items differ</source>
+        <translation>%1 项不同</translation>
+    </message>
+    <message>
+        <source>%1 values differ</source>
+        <translation>%1 个参数不同</translation>
+    </message>
+    <message>
+        <source>Variables</source>
+        <translation>变量</translation>
+    </message>
 </context>
 <context>
     <name>welmo::book::FileCard</name>
@@ -582,6 +720,21 @@
         <source>%1: the lower limit is above the upper one.</source>
         <translation>%1：下限高于上限。</translation>
     </message>
+    <message>
+        <source>Thermal efficiency, of every file</source>
+        <translation>热效率（所有文件）</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::Restorer</name>
+    <message>
+        <source>a restore that was cut off was taken back</source>
+        <translation>中断的恢复已撤回</translation>
+    </message>
+    <message>
+        <source>a restore that was cut off could not be taken back: %1</source>
+        <translation>中断的恢复无法撤回：%1</translation>
+    </message>
 </context>
 <context>
     <name>welmo::book::SeamCard</name>
@@ -773,6 +926,34 @@
     <message>
         <source>%1 welds</source>
         <translation>%1 条焊缝</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>This list as CSV</source>
+        <translation>列表导出为 CSV</translation>
+    </message>
+    <message>
+        <source>This list as JSON, with courses</source>
+        <translation>列表导出为 JSON（含曲线）</translation>
+    </message>
+    <message>
+        <source>This weld as PDF</source>
+        <translation>此焊缝导出为 PDF</translation>
+    </message>
+    <message>
+        <source>Its day as PDF</source>
+        <translation>当日焊缝导出为 PDF</translation>
+    </message>
+    <message>
+        <source>written: %1</source>
+        <translation>已写入：%1</translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2</source>
+        <translation>%1 未写入：%2</translation>
     </message>
 </context>
 <context>

@@ -11,6 +11,7 @@
 #include <tessa/managerhelper.h>
 #include <vu/stylesheet.h>
 
+#include "book/pages/backuppage.h"
 #include "book/pages/filespage.h"
 #include "book/pages/limitspanel.h"
 #include "book/pages/trendpage.h"
@@ -42,6 +43,7 @@ BookPage::BookPage(Bookkeeper *keeper, QWidget *parent, QObject *owner)
     addTab(bar, tr("Welds"), "btnWelds", welds);
     addTab(bar, tr("Trend"), "btnTrend", new TrendPage(keeper, m_pages));
     addTab(bar, tr("Files"), "btnFiles", new FilesPage(keeper, m_pages));
+    addTab(bar, tr("Backup"), "btnBackup", new BackupPage(keeper, m_pages));
     m_pages->addWidget(limits);
     connect(welds, &WeldsPage::limitsWanted, this, [this, limits](const QString &file) {
         limits->edit(file);

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <algorithm>
 
+#include "book/keeper/filewatch.h"
 #include "book/records/filecontent.h"
 #include "schema/filesets.h"
 
@@ -165,6 +166,48 @@ QString FieldWords::value(const schema::FileSet &set, const QString &key, const 
     }
     const QString unit = row ? unitOf(*row, content.toMap()) : QString();
     return unit.isEmpty() ? plain(value) : plain(value) + QLatin1Char(' ') + unit;
+}
+
+QString FieldWords::changes(const schema::FileSet &set, const QVariant &before,
+                            const QVariant &after)
+{
+    QStringList parts;
+    for (const Difference &one : differences(before, after))
+        parts.append(QStringLiteral("%1: %2 → %3")
+                         .arg(title(one.key), value(set, one.key, one.before, before),
+                              value(set, one.key, one.after, after)));
+    return parts.join(QStringLiteral("; "));
+}
+
+QString FieldWords::place(const CellChange &change)
+{
+    const QHash<QString, QString> words{{names::runningParam, tr("Running parameters")},
+                                        {names::anticollisionParam, tr("Anti-collision")},
+                                        {names::clampingTorchParam, tr("Wire-clamping torch")},
+                                        {names::toolPage, tr("Tool and work object")}};
+    const QHash<QString, QString> lists{{QStringLiteral("point"), tr("Points")},
+                                        {QStringLiteral("tool"), tr("Tools")},
+                                        {QStringLiteral("wobj"), tr("Work objects")},
+                                        {QStringLiteral("user_frame"), tr("User frames")},
+                                        {QStringLiteral("var"), tr("Variables")}};
+    if (change.node.isEmpty())
+        return tr("Limits of %1").arg(change.key);
+    return change.node == names::project
+        ? lists.value(change.key.section(QLatin1Char('.'), 0, 0), change.key)
+        : words.value(change.node, change.key);
+}
+
+QString FieldWords::changes(const RestoreItem &item)
+{
+    const schema::FileSet *set = FileWatch::setOf(item.change.key);
+    if (!item.now.isValid())
+        return tr("is not there");
+    if (item.change.value.userType() == QMetaType::QVariantList)
+        return tr("%1 items differ")
+            .arg(differingItems(item.now.toList(), item.change.value.toList()));
+    if (set && !item.change.node.isEmpty())
+        return changes(*set, item.now, item.change.value);
+    return tr("%1 values differ").arg(differences(item.now, item.change.value).size());
 }
 
 QString FieldWords::mainValues(const schema::FileSet &set, const QVariant &content)

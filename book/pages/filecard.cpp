@@ -120,16 +120,8 @@ QString FileCard::changesText(const FileVersion &version, const FileVersion &bef
         return tr("removed");
     if (!before.exists())
         return before.number ? tr("made again") : tr("as found");
-    const QVariant old = contentFromJson(before.content);
-    const QVariant now = contentFromJson(version.content);
-    const schema::FileSet &set = *FileWatch::setOf(version.file);
-    QStringList parts;
-    for (const Difference &one : differences(old, now))
-        parts.append(QStringLiteral("%1: %2 → %3")
-                         .arg(FieldWords::title(one.key),
-                              FieldWords::value(set, one.key, one.before, old),
-                              FieldWords::value(set, one.key, one.after, now)));
-    return parts.join(QStringLiteral("; "));
+    return FieldWords::changes(*FileWatch::setOf(version.file), contentFromJson(before.content),
+                               contentFromJson(version.content));
 }
 
 // What was chosen stays, where it fits the file.

@@ -44,6 +44,7 @@ LimitsPanel::LimitsPanel(Bookkeeper *keeper, QWidget *parent)
     for (const BandRow &row : bandRows())
         addBand(grid, row);
     addMasks(grid);
+    addEfficiency(grid);
     auto *inside = new QVBoxLayout(panel);
     inside->setContentsMargins(16, 12, 16, 12);
     inside->addWidget(m_title);
@@ -101,6 +102,15 @@ void LimitsPanel::addMasks(QGridLayout *grid)
     grid->addWidget(makeLabel(QStringLiteral("s"), "name", this), line, 3);
 }
 
+void LimitsPanel::addEfficiency(QGridLayout *grid)
+{
+    const int line = grid->rowCount();
+    grid->addWidget(new QLabel(tr("Thermal efficiency, of every file"), this), line, 0);
+    m_efficiency = addBox(grid, line, 1, QStringLiteral("sbxEfficiency"));
+    m_efficiency->setRange(0.1, 1);
+    m_efficiency->setSingleStep(0.05);
+}
+
 QWidget *LimitsPanel::makeButtons()
 {
     auto *bar = new QWidget(this);
@@ -132,6 +142,7 @@ void LimitsPanel::edit(const QString &file)
     m_file = file;
     m_title->setText(tr("Limits of %1").arg(file));
     show(m_keeper ? m_keeper->limits(file) : Limits());
+    m_efficiency->setValue(m_keeper ? m_keeper->efficiency() : SeamRecorder::usualEfficiency);
 }
 
 void LimitsPanel::show(const Limits &limits)
@@ -211,8 +222,10 @@ void LimitsPanel::save()
             return;
         }
     }
-    if (m_keeper)
+    if (m_keeper) {
         m_keeper->setLimits(shown());
+        m_keeper->setEfficiency(m_efficiency->value());
+    }
     emit done();
 }
 

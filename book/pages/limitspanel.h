@@ -38,6 +38,7 @@ private:
     void addBand(QGridLayout *grid, const BandRow &row);
     QDoubleSpinBox *addBox(QGridLayout *grid, int row, int column, const QString &name);
     void addMasks(QGridLayout *grid);
+    void addEfficiency(QGridLayout *grid);
     QWidget *makeButtons();
     void show(const Limits &limits);
     Limits shown() const;
@@ -51,6 +52,7 @@ private:
     std::vector<BandBoxes> m_bands;
     QDoubleSpinBox *m_maskStart = nullptr;
     QDoubleSpinBox *m_maskEnd = nullptr;
+    QDoubleSpinBox *m_efficiency = nullptr;
     QString m_file;
     int m_learntFrom = 0;
 };

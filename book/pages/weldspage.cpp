@@ -2,9 +2,11 @@
 
 #include <QComboBox>
 #include <QDateTime>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QTableView>
 
@@ -112,7 +114,11 @@ QWidget *WeldsPage::makeActions()
     m_limits = new QPushButton(tr("Limits"), bar);
     m_limits->setObjectName(QStringLiteral("btnLimits"));
     row->addWidget(m_compare);
+    auto *report = new QPushButton(tr("Export"), bar);
+    report->setObjectName(QStringLiteral("btnExport"));
+    report->setMenu(makeExportMenu());
     row->addStretch(1);
+    row->addWidget(report);
     row->addWidget(m_limits);
     connect(m_compare, &QPushButton::toggled, this, &WeldsPage::compare);
     connect(m_limits, &QPushButton::clicked, this, [this] {
@@ -120,6 +126,36 @@ QWidget *WeldsPage::makeActions()
             emit limitsWanted(m_chosen->weldFile);
     });
     return bar;
+}
+
+QMenu *WeldsPage::makeExportMenu()
+{
+    auto *menu = new QMenu(this);
+    const auto add = [&](const QString &text, ReportKind kind) {
+        return menu->addAction(text, this, [this, kind] { exportAs(kind); });
+    };
+    add(tr("This list as CSV"), ReportKind::Csv);
+    add(tr("This list as JSON, with courses"), ReportKind::Json);
+    m_ofOne = {add(tr("This weld as PDF"), ReportKind::SeamPdf),
+               add(tr("Its day as PDF"), ReportKind::DayPdf)};
+    return menu;
+}
+
+void WeldsPage::exportAs(ReportKind kind)
+{
+    if (!m_keeper)
+        return;
+    const QDir book = QFileInfo(m_keeper->file()).dir();
+    const ReportWish wish{kind, filter(), m_chosen.value_or(Seam()),
+                          book.filePath(QStringLiteral("reports"))};
+    m_keeper->ask(
+        this, [wish](SeamBook &records) { return writeReport(records, wish); },
+        [this](const ReportFile &file) {
+            const QString name = QDir::toNativeSeparators(file.name);
+            file.problem.isEmpty()
+                ? m_keeper->tellInfo(tr("written: %1").arg(name))
+                : m_keeper->tellError(tr("%1 was not written: %2").arg(name, file.problem));
+        });
 }
 
 Filter WeldsPage::filter() const
@@ -183,6 +219,8 @@ void WeldsPage::onChosen()
     const QModelIndexList rows = m_table->selectionModel()->selectedRows();
     m_limits->setEnabled(!rows.isEmpty());
     m_compare->setEnabled(!rows.isEmpty());
+    for (QAction *action : m_ofOne)
+        action->setEnabled(!rows.isEmpty());
     if (rows.isEmpty() || !m_keeper) {
         m_chosen.reset();
         m_compare->setChecked(false);

@@ -5,9 +5,12 @@
 #include <optional>
 
 #include "book/records/seambook.h"
+#include "book/report/reportfile.h"
 
+class QAction;
 class QComboBox;
 class QLabel;
+class QMenu;
 class QPushButton;
 class QTableView;
 
@@ -42,6 +45,8 @@ private:
     void showList(const QVector<Seam> &seams, int count);
     void onChosen();
     void compare(bool on);
+    QMenu *makeExportMenu();
+    void exportAs(ReportKind kind);
 
     QPointer<Bookkeeper> m_keeper;
     QComboBox *m_day = nullptr;
@@ -53,6 +58,7 @@ private:
     SeamModel *m_model;
     SeamCard *m_card;
     QPushButton *m_compare = nullptr;
+    QVector<QAction *> m_ofOne; ///< that need a chosen weld
     QPushButton *m_limits = nullptr;
     std::optional<Seam> m_chosen;
 };

@@ -179,6 +179,18 @@ private slots:
         QCOMPARE(shop.seams.first().clockMoved, -3600 * 1000);
         QCOMPARE(shop.seams.first().duration, 2300);
     }
+    void aSeamOverMidnightIsOneOfTheDayItBeganOn()
+    {
+        Workshop shop;
+        const QDateTime late(QDate(2026, 11, 22), QTime(23, 59, 58), Qt::OffsetFromUTC, 3600);
+        shop.now.wall = late.toMSecsSinceEpoch();
+        shop.weld(4000);
+        QCOMPARE(shop.seams.size(), 1);
+        QCOMPARE(shop.seams.first().startedAt().date(), QDate(2026, 11, 22));
+        QCOMPARE(shop.seams.first().endedAt().date(), QDate(2026, 11, 23));
+        QCOMPARE(shop.seams.first().arcTime, 4.4);
+        QCOMPARE(shop.seams.first().clockMoved, 0);
+    }
     void aSampleBeyondTheLimitIsToldWithin200Ms()
     {
         Workshop shop;

@@ -1,6 +1,8 @@
 #include <QComboBox>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QLibrary>
+#include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
@@ -29,7 +31,8 @@ std::unique_ptr<SeamBook> openBook(const QString &folder)
 class Cell
 {
 public:
-    explicit Cell(const QString &folder)
+    explicit Cell(const QString &folder,
+                  const QVariantMap &files = {{"arcdata3", file("arcdata3", 100)}})
         : host({folder})
         , m_frame(new pando::CenterWidget(&window))
     {
@@ -42,7 +45,7 @@ public:
         link = made.get();
         link->node("arc_weld.welder_state", QVariantMap{{"state", "ok"}});
         link->node("arc_weld.weld_mode", QVariantMap{{"mode", "real"}});
-        link->node("arc_weld.weld_param", QVariantMap{{"arcdata3", file("arcdata3", 100)}});
+        link->node("arc_weld.weld_param", files);
         host.setLink(std::move(made));
         link->setUp(true);
         QCoreApplication::processEvents();
@@ -122,11 +125,44 @@ private slots:
         const QTemporaryDir folder;
         {
             Cell cell(folder.path());
+            cell.window.findChild<QDoubleSpinBox *>("sbxEfficiency")->setValue(0.6);
+            cell.click("btnLimitsSave");
             cell.tell({{"current", 150.0}, {"voltage", 20.0}});
         }
         const QVector<Seam> seams = openBook(folder.path())->list({});
         QCOMPARE(seams.size(), 1);
         QCOMPARE(seams[0].ended, ending::interrupted);
+        QCOMPARE(seams[0].efficiency, 0.6);
+        QCOMPARE(openBook(folder.path())->setting("efficiency"), QString("0.6"));
+    }
+    void exportsTheListAndAWeld()
+    {
+        const QTemporaryDir folder;
+        QDir(folder.path()).mkdir("weldbook");
+        Seam seam;
+        seam.started = QDateTime::currentMSecsSinceEpoch();
+        seam.ended = ending::regular;
+        QVERIFY(openBook(folder.path())->begin(&seam));
+        Cell cell(folder.path());
+        auto *list = cell.window.findChild<QTableView *>("tblWelds");
+        QTRY_COMPARE(list->model()->rowCount(), 1);
+        list->selectRow(0);
+        const auto actions = cell.window.findChild<QPushButton *>("btnExport")->menu()->actions();
+        for (QAction *action : actions)
+            action->trigger();
+        const QDir reports(folder.filePath("weldbook/reports"));
+        const auto written = [&] {
+            const QFileInfoList files = reports.entryInfoList(QDir::Files);
+            return files.size() == 4
+                && std::all_of(files.begin(), files.end(),
+                               [](const QFileInfo &file) { return file.size() > 100; });
+        };
+        QTRY_VERIFY(written());
+        QTRY_VERIFY(cell.logHas("written: "));
+        QDir(reports).removeRecursively();
+        testsupport::writeFile(reports.path(), "in the way");
+        actions.first()->trigger();
+        QTRY_VERIFY(cell.logHas(" was not written: "));
     }
     void everyChangeOfAFileIsAVersion()
     {
@@ -164,6 +200,31 @@ private slots:
                             QVariantMap{{"arcdata3", Cell::file("arcdata3", 120)}});
         }
     }
+    void anotherControllerIsAnotherCell()
+    {
+        const QTemporaryDir folder;
+        {
+            Cell cell(folder.path());
+            for (const char *store : {"left", "right"}) {
+                cell.link->setUp(false);
+                QCoreApplication::processEvents();
+                cell.link->node("cell.identity", QVariantMap{{"store", store}});
+                cell.link->node("arc_weld.weld_param",
+                                QVariantMap{{"arcdata3", Cell::file("arcdata3", store[0])}});
+                cell.link->setUp(true);
+                QCoreApplication::processEvents();
+                cell.tell({{"welding_name", "arcdata3"},
+                           {"current", 100.0 + store[0]},
+                           {"voltage", 20.0}});
+            }
+        }
+        const auto book = openBook(folder.path());
+        const QVector<Seam> seams = book->list({});
+        QCOMPARE(seams.size(), 2);
+        QCOMPARE(seams[1].cell + ' ' + seams[1].ended, "left " + ending::linkLost);
+        QCOMPARE(seams[0].cell + ' ' + seams[0].ended, "right " + ending::interrupted);
+        QVERIFY(seams[0].weldVersion > seams[1].weldVersion);
+    }
     void aStepThatIsRefusedOrOutdatedIsTold()
     {
         const QTemporaryDir folder;
@@ -187,6 +248,59 @@ private slots:
                                "ArcOn \"arcondata1\",\"arcdata3\"");
         cell.click("btnRemoveFile");
         QTRY_VERIFY(cell.logHas("arcdata3 stays, programs use it: a.tl 1"));
+    }
+    void aRestoreIsAllOrNothing()
+    {
+        const QTemporaryDir folder;
+        Cell cell(
+            folder.path(),
+            {{"arcdata3", Cell::file("arcdata3", 100)}, {"arcdata4", Cell::file("arcdata4", 100)}});
+        cell.window.show();
+        const QVariantMap running{{"test_run_speed", 250}};
+        cell.link->node("arc_weld.running_param", running);
+        cell.click("btnBackup");
+        cell.click("btnMakeBackup");
+        cell.link->node("arc_weld.running_param", {}); // nobody has stored any
+
+        QVERIFY(cell.logHas("backup written: "));
+        for (const char *file : {"arcdata3", "arcdata4"}) {
+            cell.change({{file, Cell::file(file, 250)}});
+            cell.link->node(QStringLiteral("arc_weld.weld_param ") + file, Cell::file(file, 250));
+        }
+        cell.click("btnReadBackup");
+        QCOMPARE(cell.text("tblRestore", 1, 1), QString("arcdata3"));
+        QCOMPARE(cell.text("tblRestore", 1, 2), QString("Current: 250 A → 100 A"));
+        QStringList written;
+        cell.link->duringCall = [&](const tessa::LinkRequest &request) {
+            if (request.kind != FakeLink::Kind::Set)
+                return;
+            const QVariantMap file = request.payload.toMap();
+            written += request.key + ' ' + file.value("current").toString()
+                + file.value("test_run_speed").toString();
+            if (request.key == "arcdata4")
+                cell.link->fail("arc_weld.weld_param arcdata4", 13);
+        };
+        cell.click("btnRestore");
+        QTRY_VERIFY(cell.logHas("arcdata4: the user may not do that"));
+        QCOMPARE(written,
+                 QStringList({" 250", "arcdata3 100", "arcdata4 100", " 200", "arcdata3 250"}));
+        // Where not even that works, it is done when the controller is back.
+        cell.link->node("arc_weld.weld_param arcdata4", Cell::file("arcdata4", 250));
+        cell.click("btnReadBackup");
+        cell.link->duringCall = [&](const tessa::LinkRequest &request) {
+            cell.link->up = request.kind != FakeLink::Kind::Set;
+        };
+        cell.click("btnRestore");
+        QTRY_VERIFY(cell.logHas("could not be put back") || !cell.host.service()->isConnected());
+        written.clear();
+        cell.link->duringCall = [&](const tessa::LinkRequest &request) {
+            if (request.kind == FakeLink::Kind::Set)
+                written += request.key;
+        };
+        cell.link->setUp(false);
+        cell.link->setUp(true);
+        QTRY_VERIFY(cell.logHas("a restore that was cut off was taken back"));
+        QCOMPARE(written, QStringList({"", "arcdata3", "arcdata4"}));
     }
     void aBookThatCannotBeOpenedIsTold()
     {

@@ -56,6 +56,7 @@ public:
     tessa::Host *host() { return m_app->host(); }
     welmo::controller::Faults *faults() { return m_link->faults(); }
     const welmo::controller::Journal &journal() const { return m_link->journal(); }
+    const Setup &setup() const { return m_setup; }
     QString dataFolder() const { return m_setup.dataFolder; }
 
     /// The widget of that name, in the window; of several the one that is seen. Throws OutOfReach

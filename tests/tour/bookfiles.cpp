@@ -41,10 +41,10 @@ void weldBookFiles(Tour &tour)
         tour.click("btnFiles");
         Tour::await("programs", [&] { return cellOf(tour, "arcdata2", 5) == "tour.tl 1"; });
         touchRow(tour, "tblFiles", "arcdata1");
+        Tour::await("versions", [&] { return text(tour, "tblVersions", 0, 0).toInt() > 1; });
         return Tour::await("welds", [&] { return cellOf(tour, "arcdata1", 6).toInt() > 0; });
     });
     tour.step("what changed is there, old and new", "book-compare", [&] {
-        Tour::await("versions", [&] { return text(tour, "tblVersions", 0, 0).toInt() > 1; });
         Tour::await("who", [&] { return text(tour, "tblVersions", 0, 2) == "administrator"; });
         return text(tour, "tblDifferences", 0, 0);
     });

@@ -67,6 +67,11 @@ void display(Tour &tour)
         }
         tour.click("btnProgramPath");
         tour.takePicture(prefix + "-path");
+        tour.open("weldbook");
+        for (const char *tab : {"btnWelds", "btnTrend", "btnFiles", "btnBackup"}) {
+            tour.click(tab);
+            tour.takePicture(prefix + "-book");
+        }
     };
     tour.step("dark theme", [&] {
         tour.changeDisplay("cbxTheme", "dark");

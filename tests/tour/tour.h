@@ -52,6 +52,7 @@ void programEditor(Tour &tour);
 void weld(Tour &tour);
 void weldBook(Tour &tour);
 void weldBookFiles(Tour &tour);
+void weldBookBackup(Tour &tour);
 void alarm(Tour &tour);
 void reweld(Tour &tour);
 void jog(Tour &tour);

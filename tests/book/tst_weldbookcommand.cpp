@@ -1,0 +1,104 @@
+#include <QBuffer>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "book/records/seambook.h"
+#include "tools/weldbook/commands.h"
+
+using namespace welmo::book;
+
+/// The weld book from a shell, as it is called.
+class tst_WeldbookCommand : public QObject
+{
+    Q_OBJECT
+    QTemporaryDir m_folder;
+
+    int run(const QString &call, QByteArray *out, QString *problem)
+    {
+        QBuffer buffer(out);
+        buffer.open(QIODevice::WriteOnly);
+        QString line = call;
+        line.replace("DATA", m_folder.path());
+        return runCommand(line.split(' '), &buffer, problem);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QDir(m_folder.path()).mkdir("weldbook");
+        QString problem;
+        SeamBook book(Database::open(m_folder.filePath("weldbook/weldbook.db"), Database::ReadWrite,
+                                     &problem));
+        for (const char *program : {"a.tl", "b, \"c\".tl"}) {
+            Seam seam;
+            seam.started = 1700000000000;
+            seam.utcOffset = 60;
+            seam.program = program;
+            seam.weldFile = "arcdata1";
+            seam.verdict = Verdict::Red;
+            seam.arcTime = 1;
+            QVERIFY(book.begin(&seam) && book.append(seam.id, Samples(10)));
+            seam.ended = ending::regular;
+            QVERIFY(book.finish(seam));
+        }
+    }
+    void calls_data()
+    {
+        QTest::addColumn<QString>("call");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("seen"); ///< in what it writes, or in its complaint
+        const auto row = [](const char *call, int status, const char *seen) {
+            QTest::newRow(call) << QString("weldbook ") + call << status << QString(seen);
+        };
+        row("list --data DATA", 0, "2023-11-14T23:13:20+01:00  red    a.tl:0  arcdata1");
+        row("list --data DATA --program a.tl --verdict green", 0, "");
+        row("show 1 --data DATA", 0, "started          2023-11-14T23:13:20.000+01:00");
+        row("export --data DATA", 0, "\"b, \"\"c\"\".tl\"");
+        row("export --data DATA --from 2023-11-16", 0, "heat_input [kJ/mm]");
+        row("verify --data DATA", 0, "2 records, nothing is damaged");
+        row("show 3 --data DATA", 2, "there is no weld '3'");
+        row("show 1 2 --data DATA", 2, "unexpected argument '2'");
+        row("list", 2, "needs --data DIR");
+        row("list --data DATA/none", 1, "there is no such file");
+        row("list --data DATA --from 14.11.2023", 2, "'14.11.2023' is no day");
+        row("list --data DATA --verdict blue", 2, "'blue' is none of");
+        row("export --data DATA --format xml", 2, "'xml' is neither");
+        row("export --data DATA --output DATA/none/a.csv", 2, "none/a.csv: ");
+        row("export --data DATA --output /dev/full", 1, "No space left");
+        row("report --data DATA", 2, "needs --output");
+        row("weld", 2, "unknown command 'weld'");
+        row("list --color", 2, "color");
+    }
+    void calls()
+    {
+        QFETCH(QString, call);
+        QFETCH(int, status);
+        QFETCH(QString, seen);
+        QByteArray out;
+        QString problem;
+        QCOMPARE(run(call, &out, &problem), status);
+        QCOMPARE(problem.isEmpty(), status == 0);
+        const QString told = status == 0 ? QString::fromUtf8(out) : problem;
+        QVERIFY2(told.contains(seen), qPrintable(told));
+        if (seen.isEmpty())
+            QVERIFY(told.isEmpty());
+    }
+    void jsonHasTheCourses()
+    {
+        QByteArray out;
+        QString problem;
+        QCOMPARE(run("weldbook export --format json --data DATA", &out, &problem), 0);
+        const QJsonObject first =
+            QJsonDocument::fromJson(out).object().value("seams").toArray().first().toObject();
+        const QJsonObject course = first.value("course").toObject();
+        QCOMPARE(course.value("current").toArray().size(), 10);
+        QVERIFY(first.value("user").isNull());
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_WeldbookCommand)
+#include "tst_weldbookcommand.moc"
