@@ -561,10 +561,6 @@
         <translation>真实模式：下次运行将起弧</translation>
     </message>
     <message>
-        <source>State unknown</source>
-        <translation>状态未知</translation>
-    </message>
-    <message>
         <source>Idle</source>
         <translation>空闲</translation>
     </message>
@@ -599,6 +595,10 @@
     <message>
         <source>Cell</source>
         <translation>单元</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>未知</translation>
     </message>
 </context>
 <context>
@@ -883,6 +883,14 @@ New: %2</source>
         <source>This line cannot be inserted: %1.</source>
         <translation>无法插入此行：%1。</translation>
     </message>
+    <message>
+        <source>Insert and go on</source>
+        <translation>插入并继续</translation>
+    </message>
+    <message>
+        <source>a seam</source>
+        <translation>一条焊缝</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::HeaderBar</name>
@@ -1046,6 +1054,10 @@ New: %2</source>
     <message>
         <source>%1 findings</source>
         <translation>%1 个问题</translation>
+    </message>
+    <message>
+        <source>Whole seam</source>
+        <translation>整条焊缝</translation>
     </message>
 </context>
 <context>
@@ -1412,6 +1424,37 @@ From: %2</source>
     <message>
         <source>Before the run: %1 findings</source>
         <translation>运行前检查：%1 个问题</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::SeamForm</name>
+    <message>
+        <source>From</source>
+        <translation>起点</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>终点</translation>
+    </message>
+    <message>
+        <source>Speed of the bead</source>
+        <translation>焊接速度</translation>
+    </message>
+    <message>
+        <source>Arc-start file</source>
+        <translation>起弧文件</translation>
+    </message>
+    <message>
+        <source>Welding file</source>
+        <translation>焊接文件</translation>
+    </message>
+    <message>
+        <source>Arc-end file</source>
+        <translation>收弧文件</translation>
+    </message>
+    <message>
+        <source>Way in and out</source>
+        <translation>进退距离</translation>
     </message>
 </context>
 <context>
