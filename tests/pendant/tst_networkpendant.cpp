@@ -8,6 +8,7 @@
 #include "cell.h"
 #include "link/mqtt/mqttlink.h"
 #include "linkwords.h"
+#include "support/programtouch.h"
 #include "support/testpendant.h"
 
 namespace {
@@ -15,11 +16,17 @@ namespace {
 /// A pendant of bert's on the cell, connected; anna's link to it is not up yet.
 struct Desk
 {
+    explicit Desk(const QString &name = "bert")
+        : user(name)
+    { }
+
+    const QString user;
+
     testsupport::Setup setup() const
     {
         testsupport::Setup setup;
-        setup.controller = QString("mqtt://bert:%1@127.0.0.1:%2/cell")
-                               .arg(broker.as("bert").password)
+        setup.controller = QString("mqtt://%1:%2@127.0.0.1:%3/cell")
+                               .arg(user, broker.as(user).password)
                                .arg(broker.port());
         return setup;
     }
@@ -85,6 +92,22 @@ private slots:
         QCOMPARE(stored()["current"].toDouble(), 111.0);
         desk.pendant.click("btnWeldingSave");
         QTRY_COMPARE_WITH_TIMEOUT(stored()["current"].toDouble(), 222.0, patient);
+    }
+    void aRunWhoseLinkIsLost()
+    {
+        Desk desk("anna"); // who may load a program
+        testsupport::ProgramTouch(desk.pendant).open("fillet.tl");
+        const auto may = [&](const char *name) { return desk.pendant.find(name)->isEnabled(); };
+        desk.pendant.click("btnProgramRun");
+        QTRY_VERIFY_WITH_TIMEOUT(may("btnProgramPause"), patient);
+        desk.cell.service()->faults()->set(welmo::controller::Faults::Fault::LinkDown, true);
+        const auto *banner = desk.pendant.find<QLabel>("lblAlarm");
+        QTRY_VERIFY_WITH_TIMEOUT(banner->text().startsWith("Link lost "), patient);
+        QVERIFY(may("btnProgramStop") && !may("btnInsertLine"));
+        desk.cell.service()->faults()->clear();
+        QTRY_VERIFY_WITH_TIMEOUT(desk.pendant.host()->service()->isConnected(), patient);
+        desk.pendant.click("btnProgramStop");
+        QTRY_VERIFY_WITH_TIMEOUT(may("btnInsertLine"), patient);
     }
     void theWindowLivesOnWhileTheCellIsSilent()
     {
