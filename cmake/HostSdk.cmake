@@ -1,5 +1,14 @@
 # The host's four libraries from a vendor's SDK: headers under include/, libraries under lib/.
 
+# Named one by one, since a path that is wrong by a folder looks right.
+foreach(file lib/libkelpCore.so lib/libkelpPando.so lib/libkelpvu.so lib/libtessa.so
+        include/kelp/moduleobject.h include/pando/bmodule.h include/vu/xtheme.h
+        include/tessa/managerhelper.h)
+    if(NOT EXISTS "${WELMO_HOST_SDK}/${file}")
+        message(FATAL_ERROR "WELMO_HOST_SDK: ${WELMO_HOST_SDK}/${file} is expected and is not there; \
+docs/porting.md says how an SDK is laid out")
+    endif()
+endforeach()
 foreach(library kelpCore kelpPando kelpvu tessa)
     find_library(WELMO_SDK_${library} ${library} REQUIRED
         PATHS "${WELMO_HOST_SDK}/lib" NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)

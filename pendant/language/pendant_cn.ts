@@ -656,6 +656,10 @@
         <source>Wire still</source>
         <translation>焊丝静止</translation>
     </message>
+    <message>
+        <source>Unknown</source>
+        <translation>未知</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::CellPanel</name>
@@ -947,6 +951,14 @@ New: %2</source>
         <source>Use the point's own</source>
         <translation>使用该点自己的</translation>
     </message>
+    <message>
+        <source>Insert and go on</source>
+        <translation>插入并继续</translation>
+    </message>
+    <message>
+        <source>a seam</source>
+        <translation>一条焊缝</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::HeaderBar</name>
@@ -1110,6 +1122,10 @@ New: %2</source>
     <message>
         <source>%1 findings</source>
         <translation>%1 个问题</translation>
+    </message>
+    <message>
+        <source>Whole seam</source>
+        <translation>整条焊缝</translation>
     </message>
 </context>
 <context>
@@ -1728,6 +1744,37 @@ From: %2</source>
     <message>
         <source>%1; without what cannot be carried out: line %2</source>
         <translation>%1；不含无法执行的第 %2 行</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::SeamForm</name>
+    <message>
+        <source>From</source>
+        <translation>起点</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>终点</translation>
+    </message>
+    <message>
+        <source>Speed of the bead</source>
+        <translation>焊接速度</translation>
+    </message>
+    <message>
+        <source>Arc-start file</source>
+        <translation>起弧文件</translation>
+    </message>
+    <message>
+        <source>Welding file</source>
+        <translation>焊接文件</translation>
+    </message>
+    <message>
+        <source>Arc-end file</source>
+        <translation>收弧文件</translation>
+    </message>
+    <message>
+        <source>Way in and out</source>
+        <translation>进退距离</translation>
     </message>
 </context>
 </TS>

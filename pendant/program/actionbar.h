@@ -22,11 +22,22 @@ public:
         connect(action, &QAction::triggered, receiver, slot);
         return action;
     }
+    /// The same with a picture in place of the text, which becomes the button's tool tip.
+    template<typename Receiver>
+    QAction *addIcon(const QString &picture, const QString &text, const char *name,
+                     const QKeySequence &key, QWidget *page, Receiver *receiver,
+                     void (Receiver::*slot)())
+    {
+        QAction *action = add(text, name, key, page, receiver, slot);
+        usePicture(action, picture);
+        return action;
+    }
     void addSpace(int width) { m_layout->addSpacing(width); }
     /// Takes what the buttons leave.
     void addFiller(QWidget *widget) { m_layout->addWidget(widget, 1); }
 
 private:
+    void usePicture(QAction *action, const QString &picture);
     QAction *addButton(const QString &text, const char *name, const QKeySequence &key,
                        QWidget *page);
 

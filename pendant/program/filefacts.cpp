@@ -1,6 +1,7 @@
 #include "pendant/program/filefacts.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 
 #include "schema/filesets.h"
 #include "schema/unit.h"
@@ -72,12 +73,20 @@ FileFacts factsOf(const QString &file, double ratedCurrent, XService *service)
     const auto answer = service->get(nullptr, set->node(), file);
     FileFacts facts;
     facts.isKnown = answer->getInt(0) == 0;
+    facts.annotation = answer->r(QLatin1String(set->annotation.key))->getString();
     facts.exists = answer->r(QLatin1String(set->fileName.key))->getString() == file;
     if (facts.isKnown && !facts.exists)
         facts.finding = Reading::missing();
     else if (const auto *process = dynamic_cast<const schema::ProcessSet *>(set))
         Reading(answer.get()).take(*process, ratedCurrent, &facts);
     return facts;
+}
+
+QString FileFacts::summary() const
+{
+    QStringList parts{annotation, current, voltage, speed, finding};
+    parts.removeAll(QString());
+    return parts.isEmpty() ? QStringLiteral("–") : parts.join(QStringLiteral(", "));
 }
 
 double ratedCurrentIn(const QVariantMap &welderSetting)

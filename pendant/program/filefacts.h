@@ -21,8 +21,12 @@ struct FileFacts
     bool exists = false;
     /// With their units; empty where the kind of file has none.
     QString current, voltage, speed;
+    QString annotation; ///< the user's own words about it
     /// Why no weld comes of it, in words; empty when nothing is wrong with it.
     QString finding;
+
+    /// All of it in a line.
+    QString summary() const;
 };
 
 /// Reads the file; its current is held to the machine's, @p ratedCurrent in A.

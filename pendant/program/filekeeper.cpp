@@ -28,13 +28,14 @@ FileKeeper::FileKeeper(ProgramDocument *document, ProgramRun *run, FilesPane *pa
 
 void FileKeeper::addTo(ActionBar *bar, QWidget *page)
 {
-    m_new = bar->add(tr("New"), "NewProgram", QKeySequence::New, page, this, &FileKeeper::startNew);
-    m_open =
-        bar->add(tr("Open"), "OpenProgram", QKeySequence::Open, page, this, &FileKeeper::startOpen);
-    m_save =
-        bar->add(tr("Save"), "SaveProgram", QKeySequence::Save, page, this, &FileKeeper::startSave);
-    bar->add(tr("Save as"), "SaveProgramAs", QKeySequence::SaveAs, page, this,
-             &FileKeeper::startSaveAs);
+    const auto add = [&](const char *picture, const QString &text, const char *name,
+                         QKeySequence::StandardKey key, void (FileKeeper::*slot)()) {
+        return bar->addIcon(QLatin1String(picture), text, name, key, page, this, slot);
+    };
+    m_new = add("new", tr("New"), "NewProgram", QKeySequence::New, &FileKeeper::startNew);
+    m_open = add("open", tr("Open"), "OpenProgram", QKeySequence::Open, &FileKeeper::startOpen);
+    m_save = add("save", tr("Save"), "SaveProgram", QKeySequence::Save, &FileKeeper::startSave);
+    add("save_as", tr("Save as"), "SaveProgramAs", QKeySequence::SaveAs, &FileKeeper::startSaveAs);
     refresh();
 }
 

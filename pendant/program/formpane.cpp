@@ -1,12 +1,15 @@
 #include "pendant/program/formpane.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollArea>
 
+#include "pendant/program/formstart.h"
 #include "pendant/program/lineform.h"
+#include "pendant/program/seamform.h"
 #include "pendant/program/writtenline.h"
 #include "tessa/managerhelper.h"
 #include "tessa/tlmanager.h"
@@ -47,6 +50,7 @@ FormPane::FormPane(ProgramCheck *check, QWidget *parent)
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setWidgetResizable(true);
     layout->addWidget(m_area, 100); // the labels take no more than they need
+    m_files = addLabel(layout, "lblFormFiles");
     addButtons(layout);
 }
 
@@ -71,23 +75,39 @@ void FormPane::addButtons(QVBoxLayout *layout)
     cancel->setObjectName(QStringLiteral("btnFormCancel"));
     m_accept = new QPushButton;
     m_accept->setObjectName(QStringLiteral("btnFormAccept"));
+    m_goOn = new QPushButton(tr("Insert and go on"));
+    m_goOn->setObjectName(QStringLiteral("btnFormGoOn"));
     buttons->addWidget(cancel);
+    buttons->addWidget(m_goOn);
     buttons->addWidget(m_accept);
     layout->addLayout(buttons);
+    connect(m_goOn, &QPushButton::clicked, this, [this] {
+        m_goesOn = true;
+        onAcceptClicked();
+    });
     connect(cancel, &QPushButton::clicked, this, &FormPane::close);
-    connect(m_accept, &QPushButton::clicked, this, &FormPane::onAcceptClicked);
+    connect(m_accept, &QPushButton::clicked, this, [this] {
+        m_goesOn = false;
+        onAcceptClicked();
+    });
 }
 
-void FormPane::openInsert(const QString &word, int line)
+void FormPane::openInsert(const QString &word, int line, const QString &above)
 {
     m_inserts = true;
+    m_word = word;
     m_before = {};
     const auto *manager = tessa::TlManager::getTlManager();
     const auto create = manager->insertWidgetCreators.value(word);
-    auto *form = create ? create(m_area->viewport()) : new LineForm(m_area->viewport());
+    const bool isSeam = word == seamWord;
+    auto *form = create ? create(m_area->viewport())
+        : isSeam        ? static_cast<tessa::BaseContentWidget *>(new SeamForm(m_area->viewport()))
+                        : new LineForm(m_area->viewport());
     setTextOrHide(m_syntax, manager->syntaxTemplates.value(word));
-    const QString name = word.isEmpty() ? tr("a line") : word;
+    const QString name = word.isEmpty() ? tr("a line") : isSeam ? tr("a seam") : word;
+    startFrom(form, above);
     show(form, tr("Insert %1 as line %2").arg(name).arg(line + 1), tr("Insert"));
+    followFiles();
 }
 
 void FormPane::openEdit(const QString &text, int line, bool isFaithful)
@@ -107,6 +127,9 @@ void FormPane::show(tessa::BaseContentWidget *form, const QString &heading, cons
 {
     m_form = form;
     m_area->setWidget(form);
+    m_goOn->setVisible(m_inserts);
+    m_files->hide();
+    m_goesOn = false;
     m_heading->setText(heading);
     m_accept->setText(button);
     setTextOrHide(m_old, m_before.text);
@@ -134,7 +157,7 @@ QStringList FormPane::read(const QString &text)
 // file that the line names, and stands in the message log.
 void FormPane::fill(bool isFaithful)
 {
-    const bool isText = qobject_cast<LineForm *>(m_form);
+    const bool isText = qobject_cast<HostForm *>(m_form);
     QStringList reasons = read(isText ? m_before.text : m_before.code());
     const bool isWhole = isText || tl::keepsAll(m_before, m_form->ToString());
     if (!isFaithful)
@@ -145,6 +168,20 @@ void FormPane::fill(bool isFaithful)
         reasons.append(tl::normalCode(m_before).isNull() ? tr("it holds more than the form shows")
                                                          : tr("the form shows other values"));
     warn(reasons.join(QStringLiteral("; ")));
+}
+
+// A form that has nothing but a file's name says what is in it.
+void FormPane::followFiles()
+{
+    for (QComboBox *combo : m_form->findChildren<QComboBox *>())
+        connect(combo, qOverload<int>(&QComboBox::currentIndexChanged), this, &FormPane::showFiles);
+    showFiles();
+}
+
+void FormPane::showFiles()
+{
+    if (m_form && m_inserts)
+        setTextOrHide(m_files, filesNamedIn(m_form));
 }
 
 void FormPane::warn(const QString &reason)
@@ -168,7 +205,7 @@ void FormPane::onAcceptClicked()
     if (!agrees)
         return;
     const QString written = m_form->ToString();
-    if (!qobject_cast<LineForm *>(m_form))
+    if (!qobject_cast<HostForm *>(m_form))
         check(written);
     else if (!m_lost.isEmpty() && written != m_before.text)
         ask(written, tr("The form did not take over all of the old line: %1.").arg(m_lost));
@@ -209,6 +246,8 @@ void FormPane::finish(const QString &text)
 {
     close();
     emit accepted(text);
+    if (m_goesOn)
+        emit anotherWanted(m_word);
 }
 
 void FormPane::close()

@@ -7,7 +7,7 @@
 namespace welmo::pendant {
 
 LineForm::LineForm(QWidget *parent)
-    : BaseContentWidget(parent)
+    : HostForm(parent)
     , m_text(new QLineEdit(this))
 {
     m_text->setObjectName(QStringLiteral("ledtLine"));

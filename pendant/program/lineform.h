@@ -1,13 +1,13 @@
 #pragma once
 
-#include "tessa/basecontentwidget.h"
+#include "pendant/program/hostform.h"
 
 class QLineEdit;
 
 namespace welmo::pendant {
 
 /// A line as plain text: for what no package brought a form for.
-class LineForm : public tessa::BaseContentWidget
+class LineForm : public HostForm
 {
     Q_OBJECT
 public:

@@ -16,7 +16,7 @@ namespace welmo::pendant {
 
 namespace {
 
-constexpr int rowHeight = 45; // for a finger
+constexpr int rowHeight = 40; // for a finger, and twelve of them on a page
 constexpr int numberWidth = 64;
 constexpr int markSize = 24;
 constexpr int textLeft = numberWidth + markSize + 20;

@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "pendant/program/actionbar.h"
+#include "pendant/program/formpane.h"
 #include "pendant/program/linelist.h"
 #include "pendant/program/programcheck.h"
 #include "pendant/program/programdocument.h"
@@ -22,13 +23,20 @@ LinesPane::LinesPane(ProgramDocument *document, ProgramCheck *check, ProgramRun 
     , m_run(run)
     , m_list(new LineList(document, check, run, this))
     , m_menu(new QMenu(this))
+    , m_bar(makeBar())
+    , m_detail(new QLabel(this))
+    , m_findings(new QPushButton(this))
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    layout->addWidget(makeBar());
     layout->addWidget(m_list, 1);
-    layout->addLayout(makeFoot());
+    layout->addWidget(m_detail);
+    m_detail->setObjectName(QStringLiteral("lblFinding"));
+    m_detail->setTextFormat(Qt::PlainText);
+    m_detail->setWordWrap(true);
+    m_findings->setObjectName(QStringLiteral("btnNextFinding"));
+    connect(m_findings, &QPushButton::clicked, this, &LinesPane::showNextFinding);
     m_menu->setObjectName(QStringLiteral("mnuInsert"));
     connect(m_list, &LineList::lineChanged, this, &LinesPane::refresh);
     connect(m_list, &LineList::editWanted, this, &LinesPane::edit);
@@ -44,34 +52,18 @@ LinesPane::LinesPane(ProgramDocument *document, ProgramCheck *check, ProgramRun 
 ActionBar *LinesPane::makeBar()
 {
     auto *bar = new ActionBar(this);
-    m_insert =
-        bar->add(tr("Insert"), "InsertLine", Qt::Key_Insert, this, this, &LinesPane::openMenu);
-    m_edit = bar->add(tr("Edit"), "EditLine", Qt::Key_Return, this, this, &LinesPane::edit);
-    m_remove =
-        bar->add(tr("Delete"), "RemoveLine", QKeySequence::Delete, this, this, &LinesPane::remove);
-    m_up = bar->add(tr("Up"), "LineUp", QStringLiteral("Alt+Up"), this, this, &LinesPane::moveUp);
-    m_down = bar->add(tr("Down"), "LineDown", QStringLiteral("Alt+Down"), this, this,
-                      &LinesPane::moveDown);
-    m_undo = bar->add(tr("Undo"), "Undo", QKeySequence::Undo, this, this, &LinesPane::undo);
-    m_redo = bar->add(tr("Redo"), "Redo", QKeySequence::Redo, this, this, &LinesPane::redo);
-    bar->addFiller(new QWidget(bar));
+    const auto add = [&](const char *picture, const QString &text, const char *name,
+                         const QKeySequence &key, void (LinesPane::*slot)()) {
+        return bar->addIcon(QLatin1String(picture), text, name, key, this, this, slot);
+    };
+    m_insert = add("insert", tr("Insert"), "InsertLine", Qt::Key_Insert, &LinesPane::openMenu);
+    m_edit = add("edit", tr("Edit"), "EditLine", Qt::Key_Return, &LinesPane::edit);
+    m_remove = add("remove", tr("Delete"), "RemoveLine", QKeySequence::Delete, &LinesPane::remove);
+    m_up = add("up", tr("Up"), "LineUp", QStringLiteral("Alt+Up"), &LinesPane::moveUp);
+    m_down = add("down", tr("Down"), "LineDown", QStringLiteral("Alt+Down"), &LinesPane::moveDown);
+    m_undo = add("undo", tr("Undo"), "Undo", QKeySequence::Undo, &LinesPane::undo);
+    m_redo = add("redo", tr("Redo"), "Redo", QKeySequence::Redo, &LinesPane::redo);
     return bar;
-}
-
-QLayout *LinesPane::makeFoot()
-{
-    m_detail = new QLabel(this);
-    m_detail->setObjectName(QStringLiteral("lblFinding"));
-    m_detail->setTextFormat(Qt::PlainText);
-    m_detail->setWordWrap(true);
-    m_findings = new QPushButton(this);
-    m_findings->setObjectName(QStringLiteral("btnNextFinding"));
-    connect(m_findings, &QPushButton::clicked, this, &LinesPane::showNextFinding);
-    auto *foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    foot->addWidget(m_detail, 1);
-    foot->addWidget(m_findings);
-    return foot;
 }
 
 int LinesPane::line() const
@@ -95,6 +87,7 @@ void LinesPane::fillMenu()
             m_menu->addAction(word)->setData(word);
     }
     m_menu->addSeparator();
+    m_menu->addAction(tr("Whole seam"))->setData(seamWord);
     m_menu->addAction(tr("Other line"))->setData(QString());
 }
 
@@ -169,7 +162,19 @@ void LinesPane::refresh()
     const QString finding = m_check->textAt(line);
     m_detail->setText(count == 0 ? tr("The program is empty: insert a line, or open a program.")
                                  : finding);
+    // Not now: a list that changes its height under a finger would choose another line.
+    QMetaObject::invokeMethod(this, &LinesPane::showDetail, Qt::QueuedConnection);
     setStyleWord(m_detail, "finding", finding.isEmpty() ? QString() : QStringLiteral("yes"));
+}
+
+void LinesPane::showDetail()
+{
+    const QModelIndex chosen = m_list->currentIndex();
+    const bool isSeen = m_list->viewport()->rect().intersects(m_list->visualRect(chosen));
+    m_detail->setVisible(!m_detail->text().isEmpty());
+    layout()->activate();
+    if (isSeen) // and stays so, though the list has another height now
+        m_list->scrollTo(chosen);
 }
 
 void LinesPane::refreshFindings()
@@ -179,6 +184,8 @@ void LinesPane::refreshFindings()
                             : count == 1 ? tr("1 finding")
                                          : tr("%1 findings").arg(count));
     m_findings->setEnabled(count > 0);
+    setStyleWord(m_findings, "verdict",
+                 count == 0 ? QStringLiteral("good") : QStringLiteral("bad"));
     refresh();
 }
 

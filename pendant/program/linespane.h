@@ -25,6 +25,10 @@ public:
 
     int line() const;
     void setLine(int line);
+    /// What can be done to the lines, for the page's row of tools.
+    ActionBar *bar() const { return m_bar; }
+    /// How many findings there are, and the way to the next; for the page.
+    QPushButton *findings() const { return m_findings; }
 
 signals:
     /// A form is wanted that inserts the instruction before @p line; an empty word is a text line.
@@ -33,7 +37,6 @@ signals:
 
 private:
     ActionBar *makeBar();
-    QLayout *makeFoot();
     void fillMenu();
     void openMenu();
     void edit();
@@ -46,6 +49,7 @@ private:
     void showNextFinding();
     void followRun();
     void refresh();
+    void showDetail();
     void refreshFindings();
 
     ProgramDocument *m_document;
@@ -53,8 +57,9 @@ private:
     ProgramRun *m_run;
     LineList *m_list;
     QMenu *m_menu;
-    QPushButton *m_findings = nullptr;
+    ActionBar *m_bar = nullptr;
     QLabel *m_detail = nullptr;
+    QPushButton *m_findings = nullptr;
     QAction *m_insert = nullptr;
     QAction *m_edit = nullptr;
     QAction *m_remove = nullptr;

@@ -89,6 +89,17 @@ void ProgramDocument::insertLine(int row, const QString &text)
     edit(Change::Inserted, row, row, tr("the insertion of line %1").arg(row + 1), after);
 }
 
+int ProgramDocument::insertLines(int row, const QStringList &texts)
+{
+    if (texts.size() > 1)
+        m_undo.beginMacro(tr("the insertion of line %1").arg(row + 1));
+    for (const QString &text : texts)
+        insertLine(row++, text);
+    if (texts.size() > 1)
+        m_undo.endMacro();
+    return row - 1;
+}
+
 void ProgramDocument::removeLine(int row)
 {
     ProgramText after = m_text;

@@ -23,6 +23,8 @@ public:
     void setLine(int row, const QString &text);
     /// Inserts before @p row, or at the end.
     void insertLine(int row, const QString &text);
+    /// The same for several, which are undone together; answers where the last of them is.
+    int insertLines(int row, const QStringList &texts);
     void removeLine(int row);
     /// The line is at @p to afterwards.
     void moveLine(int from, int to);

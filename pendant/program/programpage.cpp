@@ -2,12 +2,14 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QShowEvent>
 #include <QStackedLayout>
 
 #include "pendant/program/filekeeper.h"
 #include "pendant/program/filespane.h"
 #include "pendant/program/formpane.h"
+#include "pendant/program/formstart.h"
 #include "pendant/program/linespane.h"
 #include "pendant/program/messagelist.h"
 #include "pendant/program/pathpane.h"
@@ -26,7 +28,6 @@ namespace welmo::pendant {
 namespace {
 
 constexpr int logWidth = 248;
-constexpr int widthForLog = 960; // below, the forms need the room
 
 } // namespace
 
@@ -52,16 +53,19 @@ ProgramPage::ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robo
     m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_steps = new StepBar(
         document, m_run, [this] { return m_lines->line(); }, m_lines);
-    auto *runRow = new QHBoxLayout;
-    runRow->addWidget(m_state, 1);
-    runRow->addWidget(m_steps);
-    body()->addLayout(runRow);
+    auto *second = new QHBoxLayout;
+    second->addWidget(m_state, 1);
+    second->addWidget(m_steps);
+    second->addWidget(m_lines->findings());
+    second->addWidget(makeDrawer());
+    body()->addLayout(second);
     auto *row = new QHBoxLayout;
     row->setSpacing(12);
     row->addWidget(makePanes(), 1);
     row->addWidget(makeLog(log));
     body()->addLayout(row, 1);
-    body()->setSpacing(10);
+    body()->setSpacing(8);
+    body()->setContentsMargins(16, 8, 16, 8); // twelve lines are seen
     connectPanes();
     connectRun();
     refreshTitle();
@@ -76,9 +80,9 @@ QWidget *ProgramPage::makeBar()
     m_runBar = new RunBar(m_document, m_run, m_lines);
     auto *bar = new QHBoxLayout(m_top);
     bar->setContentsMargins(0, 0, 0, 0);
-    bar->setSpacing(16);
-    bar->addWidget(files);
-    bar->addWidget(m_runBar);
+    bar->setSpacing(10);
+    for (QWidget *group : QWidgetList{files, m_lines->bar(), m_runBar})
+        bar->addWidget(group);
     bar->addStretch(1);
     auto *views = new ActionBar(this);
     m_pathAction = views->add(tr("Path"), "ProgramPath", {}, this, this, &ProgramPage::togglePath);
@@ -95,6 +99,16 @@ QWidget *ProgramPage::makePanes()
     for (QWidget *pane : QWidgetList{m_lines, m_form, m_files, m_look, m_path})
         m_panes->addWidget(pane);
     return panes;
+}
+
+// Opens the messages beside the program.
+QWidget *ProgramPage::makeDrawer()
+{
+    m_drawer = new QPushButton(tr("Messages"), this);
+    m_drawer->setObjectName(QStringLiteral("btnProgramMessages"));
+    m_drawer->setCheckable(true);
+    connect(m_drawer, &QPushButton::toggled, this, &ProgramPage::makeRoom);
+    return m_drawer;
 }
 
 QWidget *ProgramPage::makeLog(tessa::MessageLog *log)
@@ -119,7 +133,7 @@ void ProgramPage::connectPanes()
     connect(m_lines, &LinesPane::insertWanted, this, [this](const QString &word, int line) {
         m_line = line;
         m_inserts = true;
-        m_form->openInsert(word, line);
+        m_form->openInsert(word, line, lineToStartFrom(*m_document, word, line));
         showPane(m_form);
     });
     connect(m_lines, &LinesPane::editWanted, this, [this](int line) {
@@ -129,6 +143,8 @@ void ProgramPage::connectPanes()
         showPane(m_form);
     });
     connect(m_form, &FormPane::accepted, this, &ProgramPage::takeLine);
+    connect(m_form, &FormPane::anotherWanted, this,
+            [this](const QString &word) { emit m_lines->insertWanted(word, m_line + 1); });
     connect(m_form, &FormPane::closed, this, [this] {
         m_check->refreshProject(); // the form may have made a file or a point
         showPane(m_lines);
@@ -171,7 +187,7 @@ void ProgramPage::look()
 void ProgramPage::takeLine(const QString &text)
 {
     if (m_inserts)
-        m_document->insertLine(m_line, text);
+        m_line = m_document->insertLines(m_line, text.split(QLatin1Char('\n')));
     else if (m_document->line(m_line) != text)
         m_document->setLine(m_line, text);
     m_lines->setLine(m_line);
@@ -182,6 +198,7 @@ void ProgramPage::showPane(QWidget *pane)
     m_panes->setCurrentWidget(pane);
     const bool showsProgram = pane == m_lines || pane == m_path;
     m_bar->setEnabled(showsProgram);
+    m_lines->bar()->setEnabled(pane == m_lines);
     m_runBar->setStartable(showsProgram);
     emit roomWanted(pane == m_form);
     m_steps->setStartable(showsProgram);
@@ -201,10 +218,10 @@ void ProgramPage::togglePath()
 void ProgramPage::makeRoom()
 {
     const bool hasForm = m_panes->currentWidget() == m_form;
-    m_log->setVisible(!hasForm && width() >= widthForLog);
-    m_top->setVisible(!hasForm || m_run->isUnderWay());
-    m_state->setVisible(m_top->isVisibleTo(this));
-    m_steps->setVisible(m_top->isVisibleTo(this));
+    const bool hasTools = !hasForm || m_run->isUnderWay();
+    m_log->setVisible(!hasForm && m_drawer->isChecked());
+    for (QWidget *tool : QWidgetList{m_top, m_state, m_steps, m_lines->findings(), m_drawer})
+        tool->setVisible(hasTools);
 }
 
 void ProgramPage::runExample(const QString &name)
@@ -249,12 +266,6 @@ void ProgramPage::showEvent(QShowEvent *event)
 {
     HostPage::showEvent(event);
     m_check->refreshProject();
-}
-
-void ProgramPage::resizeEvent(QResizeEvent *event)
-{
-    HostPage::resizeEvent(event);
-    makeRoom();
 }
 
 } // namespace welmo::pendant

@@ -52,10 +52,10 @@ signals:
 
 protected:
     void showEvent(QShowEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QWidget *makeBar();
+    QWidget *makeDrawer();
     QWidget *makePanes();
     QWidget *makeLog(tessa::MessageLog *log);
     void connectPanes();
@@ -87,6 +87,7 @@ private:
     StepBar *m_steps = nullptr;
     QLabel *m_state = nullptr;
     QWidget *m_log = nullptr;
+    QPushButton *m_drawer = nullptr;
     int m_line = 0; // that the form is for
     bool m_inserts = false;
 };

@@ -9,11 +9,14 @@ RunBar::RunBar(ProgramDocument *document, ProgramRun *run, QWidget *page)
     : ActionBar(page)
     , m_document(document)
     , m_run(run)
-    , m_look(add(tr("Files"), "ProgramLook", {}, page, this, &RunBar::lookWanted))
-    , m_start(
-          add(tr("Run"), "ProgramRun", QStringLiteral("Ctrl+R"), page, this, &RunBar::runWanted))
-    , m_pause(add(tr("Pause"), "ProgramPause", {}, page, run, &ProgramRun::pause))
-    , m_stop(add(tr("Stop"), "ProgramStop", {}, page, run, &ProgramRun::stop))
+    , m_look(addIcon(QStringLiteral("look"), tr("Files"), "ProgramLook", {}, page, this,
+                     &RunBar::lookWanted))
+    , m_start(addIcon(QStringLiteral("run"), tr("Run"), "ProgramRun", QStringLiteral("Ctrl+R"),
+                      page, this, &RunBar::runWanted))
+    , m_pause(addIcon(QStringLiteral("pause"), tr("Pause"), "ProgramPause", {}, page, run,
+                      &ProgramRun::pause))
+    , m_stop(addIcon(QStringLiteral("stop"), tr("Stop"), "ProgramStop", {}, page, run,
+                     &ProgramRun::stop))
 {
     connect(run, &ProgramRun::changed, this, &RunBar::refresh);
     connect(document, &ProgramDocument::contentsChanged, this, &RunBar::refresh);

@@ -14,11 +14,12 @@ StepBar::StepBar(ProgramDocument *document, ProgramRun *run, std::function<int()
     , m_run(run)
     , m_chosen(std::move(chosen))
     , m_reweld(add(QString(), "Reweld", {}, page, run, &ProgramRun::reweld))
-    , m_fromHere(add(tr("Run from here"), "RunFromHere", QStringLiteral("Ctrl+Shift+R"), page, this,
-                     &StepBar::runFromHere))
-    , m_back(add(tr("Step back"), "StepBack", QStringLiteral("Shift+F10"), page, run,
-                 &ProgramRun::stepBack))
-    , m_step(add(tr("Step"), "Step", Qt::Key_F10, page, this, &StepBar::step))
+    , m_fromHere(addIcon(QStringLiteral("from_here"), tr("Run from here"), "RunFromHere",
+                         QStringLiteral("Ctrl+Shift+R"), page, this, &StepBar::runFromHere))
+    , m_back(addIcon(QStringLiteral("step_back"), tr("Step back"), "StepBack",
+                     QStringLiteral("Shift+F10"), page, run, &ProgramRun::stepBack))
+    , m_step(addIcon(QStringLiteral("step"), tr("Step"), "Step", Qt::Key_F10, page, this,
+                     &StepBar::step))
 {
     m_fromHere->setToolTip(tr("Within a seam there is no arc until the next ArcOn"));
     m_step->setToolTip(tr("One line, without an arc"));

@@ -94,7 +94,7 @@ QString Cell::text() const
 {
     switch (m_state) {
     case State::Unknown:
-        return tr("State unknown");
+        return tr("Unknown");
     case State::Idle:
         return tr("Idle");
     case State::Running:

@@ -94,6 +94,14 @@ QIcon inkBesideText(const QString &key)
     return icon;
 }
 
+QIcon inkIcon(const QString &key, const QString &ink)
+{
+    const QString path = vu::xtheme::current().imagePath(key);
+    QIcon icon(vu::xtheme::pixmap(path, ink));
+    icon.addPixmap(vu::xtheme::pixmap(path, QStringLiteral("text_off")), QIcon::Disabled);
+    return icon;
+}
+
 QPixmap themePixmap(const QString &key)
 {
     return QPixmap(vu::xtheme::current().imagePath(key));

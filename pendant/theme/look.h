@@ -30,6 +30,9 @@ constexpr QSize besideTextSize{34, 24};
 QIcon besideText(const QPixmap &picture);
 /// The theme's one-ink picture @p key as an icon of that size, in light ink while checked.
 QIcon inkBesideText(const QString &key);
+/// The theme's one-ink picture @p key, in the inks of a usable and of a disabled button, and in
+/// @p ink where the button has another ground.
+QIcon inkIcon(const QString &key, const QString &ink = QStringLiteral("text"));
 /// The picture @p key of the theme as it is.
 QPixmap themePixmap(const QString &key);
 

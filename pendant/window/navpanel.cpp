@@ -1,6 +1,7 @@
 #include "pendant/window/navpanel.h"
 
 #include <QLabel>
+#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int wideWidth = 184;
 constexpr int narrowWidth = 64;
+constexpr char groupName[] = "group";
 
 QList<kelp::ModuleObject *> inMenuOrder(const kelp::ModuleObject *entries)
 {
@@ -86,7 +88,8 @@ void NavPanel::addGroup(const QString &group, const QList<kelp::ModuleObject *> 
 {
     auto *heading = new QLabel(this);
     heading->setObjectName(QStringLiteral("lblGroup"));
-    heading->setText(m_narrow ? QString() : groupTitle(group));
+    heading->setProperty(groupName, group);
+    showHeading(heading);
     m_layout->addWidget(heading);
     for (const kelp::ModuleObject *entry : entries)
         addEntry(entry);
@@ -100,9 +103,8 @@ void NavPanel::addEntry(const kelp::ModuleObject *entry)
     button->setText(entry->r(QStringLiteral("title"))->getString());
     button->setIcon(inkBesideText(pictureOf(entry)));
     button->setIconSize(besideTextSize);
-    button->setToolButtonStyle(m_narrow ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
-    button->setToolTip(m_narrow ? button->text() : QString());
     button->setAccessibleName(button->text());
+    showTitle(button);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     button->setCheckable(true);
     connect(button, &QToolButton::clicked, this, [this, page] {
@@ -127,7 +129,24 @@ void NavPanel::setNarrow(bool narrow)
         return;
     setFixedWidth(narrow ? narrowWidth : wideWidth);
     setStyleWord(this, "narrow", narrow ? QStringLiteral("yes") : QString());
-    rebuild();
+    for (auto *heading : findChildren<QLabel *>())
+        showHeading(heading);
+    for (QToolButton *button : qAsConst(m_buttons)) {
+        showTitle(button);
+        button->style()->unpolish(button); // its rules depend on the panel
+        button->style()->polish(button);
+    }
+}
+
+void NavPanel::showHeading(QLabel *heading)
+{
+    heading->setText(m_narrow ? QString() : groupTitle(heading->property(groupName).toString()));
+}
+
+void NavPanel::showTitle(QToolButton *button)
+{
+    button->setToolButtonStyle(m_narrow ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+    button->setToolTip(m_narrow ? button->accessibleName() : QString());
 }
 
 void NavPanel::showCount(const QString &key)

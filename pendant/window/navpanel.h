@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QWidget>
 
+class QLabel;
 class QToolButton;
 class QVBoxLayout;
 
@@ -37,6 +38,8 @@ private:
     void addGroup(const QString &group, const QList<kelp::ModuleObject *> &entries);
     void addEntry(const kelp::ModuleObject *entry);
     void showCount(const QString &key);
+    void showHeading(QLabel *heading);
+    void showTitle(QToolButton *button);
 
     kelp::ModuleObject *m_entries;
     QVBoxLayout *m_layout;

@@ -112,7 +112,7 @@ QWidget *PendantWindow::makeSideHead()
     close->setObjectName(QStringLiteral("btnSideClose"));
     connect(close, &QPushButton::clicked, m_side, &QWidget::hide);
     auto *row = new QHBoxLayout(head);
-    row->setContentsMargins(8, 4, 8, 0);
+    row->setContentsMargins(8, 1, 8, 0);
     row->addWidget(why);
     row->addStretch(1);
     row->addWidget(close);

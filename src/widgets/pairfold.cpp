@@ -76,8 +76,19 @@ bool PairFold::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
+// A scroll area gives a page no more height than the hints of its labels, which know no width.
+void PairFold::keepLabelsWhole()
+{
+    for (const Place &place : qAsConst(m_places)) {
+        QWidget *label = place.column % secondPair == 0 ? place.item->widget() : nullptr;
+        if (label && label->hasHeightForWidth())
+            label->setMinimumHeight(label->heightForWidth(label->minimumWidth()));
+    }
+}
+
 void PairFold::fit()
 {
+    keepLabelsWhole();
     if (!m_folded)
         m_width = m_group->layout()->totalMinimumSize().width();
     if (const bool folded = m_group->width() < m_width; folded != m_folded)

@@ -35,6 +35,7 @@ private:
 
     void collect(QGridLayout *grid);
     void arrange(bool folded);
+    void keepLabelsWhole();
     void fit();
     void fold(bool folded);
 

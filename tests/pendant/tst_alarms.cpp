@@ -151,6 +151,27 @@ private slots:
         pendant.click("btnProgramLook");
         QCOMPARE(findings(), finding);
     }
+    // Nobody knows what the robot does: stopping is offered, changing the program is not.
+    void linkLostInARun()
+    {
+        Setup setup;
+        setup.example = true;
+        TestPendant pendant(setup);
+        testsupport::ProgramTouch(pendant).open("fillet.tl");
+        const auto may = [&](const char *name) { return pendant.find(name)->isEnabled(); };
+        const auto *banner = pendant.find<QLabel>("lblAlarm");
+        pendant.click("btnProgramRun");
+        QTRY_VERIFY(may("btnProgramPause"));
+        pendant.faults()->set(Faults::Fault::LinkDown, true);
+        QTRY_VERIFY(banner->text().startsWith("Link lost "));
+        QVERIFY(banner->isVisible() && may("btnProgramStop"));
+        QVERIFY(!may("btnInsertLine") && !may("btnOpenProgram") && !may("btnProgramRun"));
+        pendant.faults()->clear();
+        QTRY_VERIFY(pendant.waitConnected());
+        QTRY_VERIFY(!banner->isVisible() || !banner->text().startsWith("Link lost "));
+        pendant.click("btnProgramStop");
+        QTRY_VERIFY(may("btnInsertLine") && may("btnOpenProgram"));
+    }
     // An alarm stays over a start in another language, where it is told in that one.
     void anAlarmIsKept()
     {

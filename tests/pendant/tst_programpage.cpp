@@ -139,6 +139,39 @@ private slots:
         m_pendant->click("btnFileCancel");
         QVERIFY2(m_program->title().endsWith("(changed)"), qPrintable(m_program->title()));
     }
+    // A form starts from the lines above, and the next one from the line that it wrote.
+    void insertingGoesOn()
+    {
+        keep("start.tl", "MoveL p2,v50,z5,torch1,wobj0\nWeaveOff\n");
+        m_program->open("start.tl");
+        const auto *list = m_pendant->find<QListView>("lstLines");
+        QTRY_VERIFY(list->viewport()->height() / list->sizeHintForRow(0) >= 12);
+        m_program->choose(2);
+        m_program->insert("WMoveL");
+        QCOMPARE(m_pendant->find<QComboBox>("cbxSpeed")->currentText(), QString("v50"));
+        m_pendant->choose("cbxSpeed", "v10");
+        m_pendant->click("btnFormGoOn");
+        QCOMPARE(m_pendant->find<QComboBox>("cbxSpeed")->currentText(), QString("v10"));
+        m_pendant->click("btnFormAccept");
+        QCOMPARE(m_program->line(3), QString("WMoveL p2,v10,z5,torch1,wobj0"));
+        QCOMPARE(m_program->line(4), m_program->line(3));
+    }
+    void aSeamIsWrittenWhole()
+    {
+        m_program->insert("Whole seam");
+        m_pendant->choose("cbxSeamFrom", "p3");
+        m_pendant->choose("cbxSeamTo", "p4");
+        m_pendant->click("btnFormAccept");
+        QCOMPARE(m_program->lineCount(), 6);
+        QCOMPARE(m_program->line(4), QString("WMoveL p4,v10,fine,torch1,wobj0"));
+        for (int line = 1; line <= 6; ++line) { // no finding but the files that are not there yet
+            m_program->choose(line);
+            const QString finding = m_pendant->find<QLabel>("lblFinding")->text();
+            QVERIFY2(finding.isEmpty() || finding.contains("data1"), qPrintable(finding));
+        }
+        m_pendant->click("btnUndo");
+        QCOMPARE(m_program->lineCount(), 0);
+    }
     // The margin says what the checker says, and follows every change.
     void findings()
     {

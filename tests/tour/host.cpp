@@ -1,5 +1,6 @@
 
 #include "pando/frame.h"
+#include "support/programtouch.h"
 #include "tour/tour.h"
 
 namespace tour {
@@ -48,6 +49,41 @@ void hostPages(Tour &tour)
     });
 }
 
+namespace {
+
+// The program, its files, a form, a run beside the monitor, and what is told when the link breaks.
+void showProgram(Tour &tour, const QString &prefix)
+{
+    using Fault = welmo::controller::Faults::Fault;
+    testsupport::ProgramTouch program(tour);
+    program.open("fillet.tl");
+    tour.takePicture(prefix + "-program");
+    tour.click("btnProgramLook");
+    tour.takePicture(prefix + "-files");
+    tour.click("btnRunCheckBack");
+    for (const char *word : {"WMoveL", "ArcOn"}) {
+        program.insert(word);
+        tour.takePicture(prefix + "-insert-" + QString(word).toLower());
+        tour.click("btnFormCancel");
+    }
+    pando::frame().rightSide->switchTo("welmo.page");
+    pando::frame().rightSide->show();
+    tour.click("btnProgramRun");
+    const auto isRunning = [&tour] { return tour.find("btnProgramPause")->isEnabled(); };
+    Tour::await("running", isRunning);
+    tour.takePicture(prefix + "-run");
+    tour.faults()->set(Fault::LinkDown, true);
+    Tour::await("told", [&tour] { return !tour.host()->service()->isConnected(); });
+    tour.takePicture(prefix + "-link-lost");
+    tour.faults()->clear();
+    tour.waitConnected();
+    Tour::await("known", [&tour] { return tour.find("btnProgramStop")->isEnabled(); });
+    tour.click("btnProgramStop");
+    tour.click("btnSideClose");
+}
+
+} // namespace
+
 // Every page in the dark theme, then in Chinese.
 void display(Tour &tour)
 {
@@ -61,6 +97,7 @@ void display(Tour &tour)
         tour.openSubPage(tour.find("wgtNav")->findChildren<QToolButton *>().at(2)->text());
         testsupport::finger::touch(tour.find("sbxArconVoltage")->findChild<QLineEdit *>());
         tour.takePicture(prefix + "-keypad");
+        showProgram(tour, prefix);
         for (const char *page : {"jog", "messages", "controller", "program"}) {
             tour.open(page);
             tour.takePicture(prefix + '-' + page);
