@@ -11,8 +11,8 @@ namespace {
 
 constexpr int secondPair = 4; // its first column
 constexpr int columnCount = 7;
-constexpr int labelWidths[] = {138, 110}; // of the two pairs, so that few labels take two lines
-constexpr int unitWidths[] = {44, 52};
+constexpr int labelWidths[] = {137, 109}; // of the two pairs, so that few labels take two lines
+constexpr int unitWidths[] = {44, 51};
 constexpr int leastFieldWidths[] = {0, 186};
 constexpr int betweenPairs = 6;
 constexpr int foldedLabelWidth = 170;
@@ -71,7 +71,10 @@ void PairFold::collect(QGridLayout *grid)
 
 bool PairFold::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)
+    // By the time that it is shown it has its style, and the style other widths.
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
+        measureAnew();
+    if (event->type() == QEvent::LayoutRequest && !m_folded)
         fit();
     return QObject::eventFilter(watched, event);
 }
@@ -86,13 +89,18 @@ void PairFold::keepLabelsWhole()
     }
 }
 
+void PairFold::measureAnew()
+{
+    if (m_folded)
+        fold(false);
+    fit();
+}
+
 void PairFold::fit()
 {
     keepLabelsWhole();
-    if (!m_folded)
-        m_width = m_group->layout()->totalMinimumSize().width();
-    if (const bool folded = m_group->width() < m_width; folded != m_folded)
-        fold(folded);
+    if (m_group->width() < m_group->layout()->totalMinimumSize().width())
+        fold(true);
 }
 
 void PairFold::arrange(bool folded)
@@ -115,6 +123,7 @@ void PairFold::fold(bool folded)
 {
     m_folded = folded;
     arrange(folded);
+    keepLabelsWhole();
     if (!m_aside)
         return;
     auto *rows = static_cast<QBoxLayout *>(m_group->layout());

@@ -36,6 +36,7 @@ private:
     void collect(QGridLayout *grid);
     void arrange(bool folded);
     void keepLabelsWhole();
+    void measureAnew();
     void fit();
     void fold(bool folded);
 
@@ -44,7 +45,6 @@ private:
     QVector<QGridLayout *> m_grids;
     QVector<Place> m_places;
     bool m_folded = false;
-    int m_width = 0; // that the pairs need side by side
 };
 
 } // namespace welmo
