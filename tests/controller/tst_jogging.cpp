@@ -1,6 +1,6 @@
 #include <QtTest>
 
-#include "programbench.h"
+#include "programfixture.h"
 
 using namespace welmo::controller;
 using Eigen::Vector3d;
@@ -15,9 +15,9 @@ QVariantMap wish(const QString &axis, int direction = 1, double part = 0.4)
     return {{"axis", axis}, {"direction", direction}, {"override", part}};
 }
 
-double joint(ProgramBench &bench, int index)
+double joint(ProgramFixture &fixture, int index)
 {
-    return bench.get("motion.state", "q").value.toList().at(index).toDouble();
+    return fixture.get("motion.state", "q").value.toList().at(index).toDouble();
 }
 
 } // namespace
@@ -52,39 +52,40 @@ private slots:
         QFETCH(QString, frame);
         QFETCH(int, direction);
         QFETCH(Vector3d, way);
-        ProgramBench bench;
-        bench.set("orbo.project", "wobj._list",
-                  QVariantList{QVariantMap{
-                      {"id", "turned"},
-                      {"name", "turned"},
-                      {"user_frame", "world"},
-                      {"frame", QVariantMap{{"pose", withChild({}, "frame.ori.euler.c", 90.0)}}}}});
-        const double before = joint(bench, 4);
-        bench.live(25, {1});
+        ProgramFixture fixture;
+        fixture.set(
+            "orbo.project", "wobj._list",
+            QVariantList{QVariantMap{
+                {"id", "turned"},
+                {"name", "turned"},
+                {"user_frame", "world"},
+                {"frame", QVariantMap{{"pose", withChild({}, "frame.ori.euler.c", 90.0)}}}}});
+        const double before = joint(fixture, 4);
+        fixture.live(25, {1});
         QVariantMap wanted = wish(axis, direction);
         if (!frame.isEmpty())
             wanted["frame"] = frame;
         wanted["wobj"] = "turned";
-        QVERIFY(bench.run("motion.jog.start", wanted).ok());
-        QCOMPARE(bench.get("motion.state", "state").value, QVariant("jogs"));
-        bench.live(1000, {1});
-        QVERIFY(bench.run("motion.jog.stop").ok());
-        QVERIFY((bench.tip() - p1 - way).norm() < 0.5);
-        QVERIFY(!way.isZero() || qAbs(joint(bench, 4) - before) > 5);
-        const Vector3d end = bench.tip();
-        bench.live(100, {1});
-        QVERIFY(bench.isAt(end));
+        QVERIFY(fixture.run("motion.jog.start", wanted).ok());
+        QCOMPARE(fixture.get("motion.state", "state").value, QVariant("jogs"));
+        fixture.live(1000, {1});
+        QVERIFY(fixture.run("motion.jog.stop").ok());
+        QVERIFY((fixture.tip() - p1 - way).norm() < 0.5);
+        QVERIFY(!way.isZero() || qAbs(joint(fixture, 4) - before) > 5);
+        const Vector3d end = fixture.tip();
+        fixture.live(100, {1});
+        QVERIFY(fixture.isAt(end));
     }
     void everyJoint()
     {
-        ProgramBench bench;
+        ProgramFixture fixture;
         for (int i = 0; i < 6; ++i) {
-            const double before = joint(bench, i);
-            bench.live(25, {i + 1});
-            QVERIFY(bench.run("motion.jog.start", wish("j" + QString::number(i + 1), -1)).ok());
-            bench.live(500, {i + 1});
-            QVERIFY(bench.run("motion.jog.stop").ok());
-            QVERIFY(qAbs(joint(bench, i) - before + 6) < 0.2); // at 12 degrees a second
+            const double before = joint(fixture, i);
+            fixture.live(25, {i + 1});
+            QVERIFY(fixture.run("motion.jog.start", wish("j" + QString::number(i + 1), -1)).ok());
+            fixture.live(500, {i + 1});
+            QVERIFY(fixture.run("motion.jog.stop").ok());
+            QVERIFY(qAbs(joint(fixture, i) - before + 6) < 0.2); // at 12 degrees a second
         }
     }
     void stops_data()
@@ -103,34 +104,34 @@ private slots:
     void stops()
     {
         QFETCH(QString, how);
-        ProgramBench bench;
-        bench.live(25, {7});
-        QVERIFY(bench.run("motion.jog.start", wish("y")).ok());
-        bench.live(500, {7});
-        const qint64 last = bench.now;
+        ProgramFixture fixture;
+        fixture.live(25, {7});
+        QVERIFY(fixture.run("motion.jog.start", wish("y")).ok());
+        fixture.live(500, {7});
+        const qint64 last = fixture.now;
         if (how == "let go" || how == "other")
-            bench.live(25, how == "other" ? QVector<int>{8} : QVector<int>{});
+            fixture.live(25, how == "other" ? QVector<int>{8} : QVector<int>{});
         else if (how == "link")
-            bench.controller.losePendant();
+            fixture.controller.losePendant();
         else if (how == "stop")
-            bench.run("motion.move.stop");
+            fixture.run("motion.move.stop");
         else if (how != "silence")
-            bench.run("cell.switch", QVariantMap{{how, how == "automatic"}});
-        bench.pass(200);
-        const auto entries = bench.journal.entries();
+            fixture.run("cell.switch", QVariantMap{{how, how == "automatic"}});
+        fixture.pass(200);
+        const auto entries = fixture.journal.entries();
         QCOMPARE(entries.last().event, Event::JogStops);
         QFETCH(int, within);
         QVERIFY(entries.last().time - last <= within);
-        const Vector3d end = bench.tip();
-        bench.run("cell.switch", QVariantMap{{"power", true}, {"automatic", false}});
+        const Vector3d end = fixture.tip();
+        fixture.run("cell.switch", QVariantMap{{"power", true}, {"automatic", false}});
         if (how == "let go")
             return; // the next press may count anew
         // The same press moves nothing again.
-        bench.live(25, {7});
-        QCOMPARE(bench.run("motion.jog.start", wish("y")).code, int(WrongState));
-        bench.live(100, {7});
-        QVERIFY(bench.isAt(end));
-        QCOMPARE(bench.events().count(Event::Jogs), 1);
+        fixture.live(25, {7});
+        QCOMPARE(fixture.run("motion.jog.start", wish("y")).code, int(WrongState));
+        fixture.live(100, {7});
+        QVERIFY(fixture.isAt(end));
+        QCOMPARE(fixture.events().count(Event::Jogs), 1);
     }
     void isRefused_data()
     {
@@ -155,42 +156,43 @@ private slots:
         QFETCH(QVariantMap, switches);
         QFETCH(QStringList, program);
         QFETCH(QVariantMap, wanted);
-        ProgramBench bench;
-        bench.live(25, {1});
-        bench.run("cell.switch", switches);
+        ProgramFixture fixture;
+        fixture.live(25, {1});
+        fixture.run("cell.switch", switches);
         if (!program.isEmpty())
-            bench.go(program);
-        const Reply reply = bench.run("motion.jog.start", wanted);
+            fixture.go(program);
+        const Reply reply = fixture.run("motion.jog.start", wanted);
         QTEST(reply.code, "code");
         QTEST(childAt(reply.value, "reason").toString(), "reason");
-        QVERIFY(!bench.events().contains(Event::Jogs));
+        QVERIFY(!fixture.events().contains(Event::Jogs));
     }
     // What a point's panel set off is told to its end.
     void movesAreToldToTheirEnd()
     {
-        ProgramBench bench;
+        ProgramFixture fixture;
         const auto ends = [&](const QVariantMap &target) {
-            bench.run("motion.move.to_point", target);
-            bench.pass(100);
-            bench.told.clear();
-            bench.pass(20000);
-            return bench.get("motion.state").value.toMap();
+            fixture.run("motion.move.to_point", target);
+            fixture.pass(100);
+            fixture.told.clear();
+            fixture.pass(20000);
+            return fixture.get("motion.state").value.toMap();
         };
-        const QVariantMap arrived = ends(ProgramBench::target(p3));
+        const QVariantMap arrived = ends(ProgramFixture::target(p3));
         QCOMPARE(arrived["end"], QVariant("arrived"));
-        QVERIFY(qAbs(childAt(bench.lastTold("motion.state"), "tip.z").toDouble() - p3.z()) < 0.01);
-        const QVariantMap refused = ends(ProgramBench::target({9000, 0, 0}));
+        QVERIFY(qAbs(childAt(fixture.lastTold("motion.state"), "tip.z").toDouble() - p3.z())
+                < 0.01);
+        const QVariantMap refused = ends(ProgramFixture::target({9000, 0, 0}));
         QCOMPARE(refused["end"], QVariant("refused"));
         QCOMPARE(refused["reason"], QVariant("unreachable"));
         QCOMPARE(refused["ends"].toInt(), arrived["ends"].toInt() + 1);
-        bench.run("motion.move.to_point", ProgramBench::target(p1));
-        bench.pass(50);
-        bench.run("cell.switch", QVariantMap{{"fault", true}});
-        bench.pass(50);
-        QCOMPARE(bench.get("motion.state", "reason").value, QVariant("cell_fault"));
-        const Vector3d end = bench.tip();
-        bench.pass(1000);
-        QVERIFY(bench.isAt(end));
+        fixture.run("motion.move.to_point", ProgramFixture::target(p1));
+        fixture.pass(50);
+        fixture.run("cell.switch", QVariantMap{{"fault", true}});
+        fixture.pass(50);
+        QCOMPARE(fixture.get("motion.state", "reason").value, QVariant("cell_fault"));
+        const Vector3d end = fixture.tip();
+        fixture.pass(1000);
+        QVERIFY(fixture.isAt(end));
     }
 };
 

@@ -2,7 +2,7 @@
 #include <QtTest>
 
 #include "controller/program/programplan.h"
-#include "programbench.h"
+#include "programfixture.h"
 #include "tl/parse.h"
 
 using namespace welmo::controller;
@@ -25,13 +25,13 @@ private slots:
     }
     void agreesWithTheRun()
     {
-        ProgramBench bench;
-        bench.set("arc_weld.weave_param", "weavedata1",
-                  QVariantMap{{"name", "weavedata1"},
-                              {"pattern", "triangular"},
-                              {"weaving_reference", "length"},
-                              {"weave_length_frequency", 5.0},
-                              {"amplitude", QVariantMap{{"left", 2.0}, {"right", 3.0}}}});
+        ProgramFixture fixture;
+        fixture.set("arc_weld.weave_param", "weavedata1",
+                    QVariantMap{{"name", "weavedata1"},
+                                {"pattern", "triangular"},
+                                {"weaving_reference", "length"},
+                                {"weave_length_frequency", 5.0},
+                                {"amplitude", QVariantMap{{"left", 2.0}, {"right", 3.0}}}});
         QFile file(QStringLiteral(EXAMPLES "/") + QTest::currentDataTag());
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
@@ -39,15 +39,16 @@ private slots:
         for (const QString &line : lines)
             parsed.push_back(welmo::tl::parse(line));
         Joints from{};
-        const QVariantList joints = bench.get("motion.state", "q").value.toList();
+        const QVariantList joints = fixture.get("motion.state", "q").value.toList();
         for (size_t i = 0; i < from.size(); ++i)
             from[i] = joints.at(int(i)).toDouble();
-        const ControllerContext reader(*bench.store, bench.faults, bench.journal, [] { return 0; });
+        const ControllerContext reader(*fixture.store, fixture.faults, fixture.journal,
+                                       [] { return 0; });
         const ProgramPlan plan = ProgramPlan::make(reader, parsed, from);
 
-        QVERIFY(bench.go(lines).ok());
-        const double seconds = double(bench.finish()) / 1000;
-        const QVariantMap result = bench.state("result").toMap();
+        QVERIFY(fixture.go(lines).ok());
+        const double seconds = double(fixture.finish()) / 1000;
+        const QVariantMap result = fixture.state("result").toMap();
         const auto isNear = [](double expected, double actual) {
             if (qAbs(expected - actual) > 0.05 * actual)
                 qWarning("%g instead of %g", expected, actual);
@@ -67,7 +68,7 @@ private slots:
         QTEST(count([](const auto &leg) { return leg.isSeam; }), "seams");
         QTEST(count([](const auto &leg) { return !leg.weave.empty(); }), "swayed");
         const auto &end = plan.legs.back().way.back();
-        QVERIFY(bench.isAt({end[0], end[1], end[2]}));
+        QVERIFY(fixture.isAt({end[0], end[1], end[2]}));
         // A weave is as wide as its file says, to both sides of the way.
         for (const auto &leg : plan.legs) {
             double left = 0, right = 0;
@@ -81,14 +82,15 @@ private slots:
     }
     void whatCannotBeDoneIsLeftOut()
     {
-        ProgramBench bench;
+        ProgramFixture fixture;
         const QStringList lines{"MoveL p99,v50,fine,torch1", "MoveL p3,v50,fine,torch1",
                                 "ArcOn \"arcondata40\",\"arcdata1\"",
                                 "MoveL Offs(p3,5000,0,0),v50,fine,torch1"};
         std::vector<welmo::tl::ParsedLine> parsed;
         for (const QString &line : lines)
             parsed.push_back(welmo::tl::parse(line));
-        const ControllerContext reader(*bench.store, bench.faults, bench.journal, [] { return 0; });
+        const ControllerContext reader(*fixture.store, fixture.faults, fixture.journal,
+                                       [] { return 0; });
         const ProgramPlan plan = ProgramPlan::make(reader, parsed, {0, 20, -5, 0, 75, 0});
         QCOMPARE(plan.failed, (std::vector<int>{0, 2, 3}));
         QCOMPARE(int(plan.legs.size()), 1);
