@@ -23,9 +23,9 @@ LinesPane::LinesPane(ProgramDocument *document, ProgramCheck *check, ProgramRun 
     , m_run(run)
     , m_list(new LineList(document, check, run, this))
     , m_menu(new QMenu(this))
-    , m_bar(makeBar())
     , m_detail(new QLabel(this))
     , m_findings(new QPushButton(this))
+    , m_bar(makeBar())
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -57,7 +57,6 @@ private:
     ProgramRun *m_run;
     LineList *m_list;
     QMenu *m_menu;
-    ActionBar *m_bar = nullptr;
     QLabel *m_detail = nullptr;
     QPushButton *m_findings = nullptr;
     QAction *m_insert = nullptr;
@@ -67,6 +66,7 @@ private:
     QAction *m_down = nullptr;
     QAction *m_undo = nullptr;
     QAction *m_redo = nullptr;
+    ActionBar *m_bar; // last: what makes it sets the actions
 };
 
 } // namespace welmo::pendant

@@ -96,7 +96,7 @@ private slots:
         addRows<std::function<void(Fixture &)>>(
             {{"a physical key",
               [](Fixture &ui) { QTest::keyClick(ui.pendant.window()->windowHandle(), '7'); }},
-             {"another field", [](Fixture &ui) { ui.touch(ui.pendant.find("sbxArconCurrent")); }},
+             {"another field", [](Fixture &ui) { ui.touch(ui.pendant.find("sbxArconTime")); }},
              {"another page", [](Fixture &ui) { ui.pendant.open("messages"); }}});
     }
     void aPadGoesAway()
