@@ -56,6 +56,10 @@ ProgramPage::ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robo
     auto *second = new QHBoxLayout;
     second->addWidget(m_state, 1);
     second->addWidget(m_steps);
+    auto *views = new ActionBar(this);
+    m_pathAction = views->add(tr("Path"), "ProgramPath", {}, this, this, &ProgramPage::togglePath);
+    m_pathAction->setCheckable(true);
+    second->addWidget(views);
     second->addWidget(m_lines->findings());
     second->addWidget(makeDrawer());
     body()->addLayout(second);
@@ -84,10 +88,6 @@ QWidget *ProgramPage::makeBar()
     for (QWidget *group : QWidgetList{files, m_lines->bar(), m_runBar})
         bar->addWidget(group);
     bar->addStretch(1);
-    auto *views = new ActionBar(this);
-    m_pathAction = views->add(tr("Path"), "ProgramPath", {}, this, this, &ProgramPage::togglePath);
-    m_pathAction->setCheckable(true);
-    bar->addWidget(views);
     m_bar = files;
     return m_top;
 }

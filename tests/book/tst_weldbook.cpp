@@ -205,6 +205,9 @@ private slots:
         const QTemporaryDir folder;
         {
             Cell cell(folder.path());
+            cell.window.show();
+            cell.click("btnFiles");
+            QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString("arcdata3")); // the book is open
             for (const char *store : {"left", "right"}) {
                 cell.link->setUp(false);
                 QCoreApplication::processEvents();

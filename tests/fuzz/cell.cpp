@@ -1,6 +1,7 @@
 #include "controller/core/json.h"
 #include "fuzz.h"
 #include "link/simulatedcell.h"
+#include "schema/names.h"
 
 using namespace welmo::links;
 
@@ -30,13 +31,19 @@ bool isValue(const MqttMessage &message)
     return message.topic.startsWith(mail::root + "value/");
 }
 
+// A movement that was refused is told to all, with the reason.
+bool tellsOfRefusal(const MqttMessage &message)
+{
+    return message.topic == mail::root + "value/" + welmo::names::robotState;
+}
+
 // The changes of a value that others may see, and an answer for whoever asked.
 bool check(const MqttMessage &message, const QVector<MqttMessage> &sent, const QString &user)
 {
     bool changed = false;
     std::optional<welmo::controller::Reply> reply;
     for (const MqttMessage &out : sent) {
-        changed = changed || isValue(out);
+        changed = changed || (isValue(out) && !tellsOfRefusal(out));
         if (out.topic.startsWith(mail::root + "reply/")) {
             require(out.topic == message.responseTopic, "an answer goes to who asked", out.topic);
             require(out.correlation == message.correlation, "and says to what", out.topic);

@@ -50,7 +50,9 @@ QStringList complaints(QWidget *window, const QRegularExpression &foreign)
         const auto *area = qobject_cast<QAbstractScrollArea *>(widget);
         const bool mayHide = widget->objectName() == "sideArea"; // no more than its border
         if (area && !mayHide && area->horizontalScrollBar()->maximum() > 0)
-            wrong.append("sideways: " + widget->objectName());
+            wrong.append(QString("sideways: %1, by %2")
+                             .arg(widget->objectName())
+                             .arg(area->horizontalScrollBar()->maximum()));
         for (const QString &text : textsOf(widget)) {
             if (foreign.match(text).hasMatch() && !inEveryLanguage.contains(text))
                 wrong.append(text);
