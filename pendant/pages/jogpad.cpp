@@ -11,7 +11,7 @@ namespace welmo::pendant {
 namespace {
 
 const QString keySet = QStringLiteral("pendant.jog");
-constexpr int keyWidth = 84; // both cards fit beside the monitor
+constexpr int keyWidth = 104;
 constexpr int keyHeight = 48;
 
 } // namespace

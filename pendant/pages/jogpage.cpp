@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "pendant/pages/jogpad.h"
 #include "pendant/pages/pointspanel.h"
@@ -53,6 +54,8 @@ QWidget *JogPage::makeMoving()
     m_frame = new QComboBox(card);
     m_frame->setObjectName(QStringLiteral("cbxJogFrame"));
     m_frame->setView(new QListView(m_frame));
+    m_frame->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_frame->setMinimumContentsLength(12); // the page fits beside the monitor
     m_frame->addItem(tr("Along the base's axes"), QStringLiteral("base"));
     m_frame->addItem(tr("Along the tool's axes"), QStringLiteral("tool"));
     m_frame->addItem(tr("Along the work object's axes"), QStringLiteral("wobj"));
@@ -69,10 +72,12 @@ QWidget *JogPage::makeMoving()
 
 QLayout *JogPage::makeSpeed(QWidget *card)
 {
-    auto *row = new QHBoxLayout;
+    auto *column = new QVBoxLayout; // beside each other they are too wide beside the monitor
     m_speed = new QLabel(card);
     m_speed->setObjectName(QStringLiteral("lblJogSpeed"));
-    row->addWidget(m_speed, 1);
+    column->addWidget(m_speed);
+    auto *row = new QHBoxLayout;
+    column->addLayout(row);
     for (const int step : {-speedStep, speedStep}) {
         auto *button = new QPushButton(tr("%1 %").arg(step > 0 ? QStringLiteral("+%1").arg(step)
                                                                : QStringLiteral("−%1").arg(-step)),
@@ -86,7 +91,8 @@ QLayout *JogPage::makeSpeed(QWidget *card)
         });
         row->addWidget(button);
     }
-    return row;
+    row->addStretch(1);
+    return column;
 }
 
 bool JogPage::isJoint() const
