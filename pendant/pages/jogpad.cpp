@@ -74,8 +74,8 @@ void JogPad::setAxes(const QStringList &names, const QStringList &units)
     m_units = units;
     for (int axis = 0; axis < axisCount; ++axis) {
         m_names[size_t(axis)]->setText(names.at(axis));
-        m_faces[size_t(2 * axis)]->setText(names.at(axis) + QStringLiteral(" −"));
-        m_faces[size_t(2 * axis + 1)]->setText(names.at(axis) + QStringLiteral(" +"));
+        m_faces[2 * size_t(axis)]->setText(names.at(axis) + QStringLiteral(" −"));
+        m_faces[2 * size_t(axis) + 1]->setText(names.at(axis) + QStringLiteral(" +"));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "data/field.h"
 
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "adapter/hostadapter.h"
 #include "data/choices.h"
@@ -8,6 +9,20 @@
 #include "widgets/touchcombo.h"
 
 namespace welmo {
+
+bool isBeingTyped(const QWidget *control)
+{
+    const auto *line = qobject_cast<const QLineEdit *>(control);
+    if (qobject_cast<const QAbstractSpinBox *>(control))
+        line = control->findChild<const QLineEdit *>();
+    return line && line->hasFocus() && line->isModified();
+}
+
+bool Field::isBeingTyped() const
+{
+    const QList<QWidget *> all = editors();
+    return std::any_of(all.begin(), all.end(), &welmo::isBeingTyped);
+}
 
 Field &Field::unit(QLabel *label)
 {

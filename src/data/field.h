@@ -17,6 +17,9 @@ namespace welmo {
 
 using schema::Range;
 
+/// Whether somebody is at work on the text of @p control: it must not change under the hand.
+bool isBeingTyped(const QWidget *control);
+
 /// One row of the schema and the control that edits it on one form. A key that a file lacks reads
 /// as the row's default.
 class Field
@@ -32,6 +35,7 @@ public:
     virtual QWidget *editor() const = 0;
     /// All of them, where there are several.
     virtual QList<QWidget *> editors() const { return {editor()}; }
+    bool isBeingTyped() const;
 
     /// Gives the control its items.
     virtual void prepare() { }

@@ -96,14 +96,26 @@ void FieldTable::store(kelp::ModuleObject *file) const
 
 void FieldTable::show(const kelp::ModuleObject *file)
 {
+    for (const auto &field : m_fields)
+        show(*field, file);
+}
+
+void FieldTable::showNews(const kelp::ModuleObject *file)
+{
     for (const auto &field : m_fields) {
-        const QSignalBlocker blocker(field->editor());
-        if (field->show(file))
-            m_unknown.remove(field.get());
-        else
-            reportUnknown(file, *field);
-        field->shown();
+        if (!field->isBeingTyped())
+            show(*field, file);
     }
+}
+
+void FieldTable::show(Field &field, const kelp::ModuleObject *file)
+{
+    const QSignalBlocker blocker(field.editor());
+    if (field.show(file))
+        m_unknown.remove(&field);
+    else
+        reportUnknown(file, field);
+    field.shown();
 }
 
 } // namespace welmo

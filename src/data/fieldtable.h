@@ -65,10 +65,13 @@ public:
     /// Fills the controls with their signals blocked; what depends on the values is the caller's to
     /// bring up to date afterwards. A value that a control cannot show is reported.
     void show(const kelp::ModuleObject *file);
+    /// Likewise, for news from elsewhere: a control that is being typed into keeps its text.
+    void showNews(const kelp::ModuleObject *file);
     /// Warns of each number that its control shows differently, once until that changes.
     void reportCuts(const kelp::ModuleObject *file);
 
 private:
+    void show(Field &field, const kelp::ModuleObject *file);
     template<typename Kind, typename Row, typename Control>
     Field &add(const Row &row, Control control)
     {

@@ -166,7 +166,7 @@ QStringList FileForm::reloadKeepingEdits(const QVariant &theirs)
     m_read = theirs;
     setGrey(false);
     return m_edits.take(m_owner, m_data, theirs, [this](const kelp::ModuleObject *merged) {
-        m_fields.show(merged);
+        m_fields.showNews(merged);
         m_afterShow();
         m_fields.reportCuts(merged);
     });

@@ -58,9 +58,8 @@ bool OptionsForm::get()
     return true;
 }
 
-void OptionsForm::display(const kelp::ModuleObject *values)
+void OptionsForm::followShown(const kelp::ModuleObject *values)
 {
-    m_fields.show(values);
     for (const auto &field : m_fields.fields())
         field->editor()->setEnabled(m_known);
     showWhetherRead(m_hint, m_known);
@@ -83,7 +82,8 @@ void OptionsForm::reload()
 
 void OptionsForm::show()
 {
-    display(m_data);
+    m_fields.show(m_data);
+    followShown(m_data);
     m_edits.mark();
 }
 
@@ -96,8 +96,11 @@ void OptionsForm::markSaved()
 bool OptionsForm::takeOver(const QVariant &theirs)
 {
     m_read = theirs;
-    const QStringList overlap = m_edits.take(
-        m_owner, m_data, theirs, [this](const kelp::ModuleObject *merged) { display(merged); });
+    const auto show = [this](const kelp::ModuleObject *merged) {
+        m_fields.showNews(merged);
+        followShown(merged);
+    };
+    const QStringList overlap = m_edits.take(m_owner, m_data, theirs, show);
     FieldEdits::reportOverlap(m_owner, m_set.name, overlap, m_data);
     return overlap.isEmpty();
 }

@@ -51,7 +51,8 @@ private:
     kelp::ModuleObject *node(const QString &name) const;
     void onChanged(const QVariant &values);
     bool takeOver(const QVariant &theirs);
-    void display(const kelp::ModuleObject *values);
+    /// What depends on @p values, which the controls show now.
+    void followShown(const kelp::ModuleObject *values);
 
     QObject *m_owner;
     const schema::OptionSet &m_set;

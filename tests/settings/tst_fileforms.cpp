@@ -273,6 +273,27 @@ private slots:
         QCOMPARE(ui.stored(1)["annotation"].toString(), "mine again");
     }
     void lostChangesAreTold_data() { addRows(forms); }
+    // A number that is half typed stays as it is, whatever comes from elsewhere.
+    void nothingIsTypedIntoABoxThatIsBeingEdited()
+    {
+        Fixture ui(std::get<1>(*forms.begin()));
+        auto *box = child<QDoubleSpinBox>(ui.page->wgt(), "sbxWeldCurrent");
+        ui.page->wgt()->window()->show();
+        ui.page->wgt()->window()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(ui.page->wgt()->window()));
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, "5");
+        const QString half = box->text();
+        QVariantMap theirs = ui.stored(1);
+        theirs["current"] = 111.0;
+        QCOMPARE(ui.host.store(ui.node(), ui.file(1), theirs), 0);
+        QString said;
+        QTRY_VERIFY((said += ui.outcome()).contains("\"current\" was changed elsewhere to 111"));
+        QCOMPARE(box->text(), half);
+        ui.press(ui.form.cancel); // the operator's own wish
+        QCOMPARE(box->value(), 111.0);
+    }
     void lostChangesAreTold()
     {
         Fixture ui;
