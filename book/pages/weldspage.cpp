@@ -171,6 +171,12 @@ Filter WeldsPage::filter() const
     return filter;
 }
 
+void WeldsPage::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    reload();
+}
+
 void WeldsPage::reload()
 {
     if (!m_keeper)

@@ -35,6 +35,9 @@ signals:
     /// The user wants to see or change the limits of this welding file.
     void limitsWanted(const QString &file);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     QWidget *makeFilters();
     QComboBox *makeFilter(const QString &name);

@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 
-#include "fuzz/mail.h"
+#include "../fuzz/mail.h"
 #include "link/mqtt/cellservice.h"
 
 /// A cell on a clock that the test turns, without a thread and a broker.

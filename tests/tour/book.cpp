@@ -46,6 +46,8 @@ void weldBook(Tour &tour)
     });
     tour.step("the arc breaks, and the weld is in the book", "book-broken", [&] {
         tour.faults()->set(welmo::controller::Faults::Fault::ArcBreaks, true);
+        const auto *program = tour.host()->service()->watchNode("tl_program.state");
+        Tour::await("stopped", [&] { return program->r("state")->getString() == "error"; });
         tour.click("btnWelds");
         Tour::await("written", [&] { return cell(tour, 0, 0) == "✗"; });
         tour.faults()->clear();
