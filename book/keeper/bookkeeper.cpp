@@ -80,24 +80,8 @@ Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QOb
         if (interrupted > 0)
             warn(tr("%1 records were closed as interrupted: the recorder had ended")
                      .arg(interrupted));
-        m_keeping->ask(
-            this, [](SeamBook &book) { return FileHistory(book.database()).newest(); },
-            [this](const QVector<FileVersion> &newest) { m_files->load(newest); });
-        m_keeping->ask(
-            this, [](SeamBook &book) { return book.setting(efficiencyName).toDouble(); },
-            [this](double kept) {
-                if (kept > 0)
-                    m_recorder.setEfficiency(m_efficiency = kept);
-            });
-        m_keeping->ask(
-            this, [](SeamBook &book) { return book.allLimits(); },
-            [this](const QVector<Limits> &all) {
-                for (const Limits &one : all)
-                    m_limits.insert(one.file, one);
-                emit limitsChanged();
-                emit recordsChanged(); // now everything can be shown, and judged
-            });
     });
+    load();
     m_ticks.setTimerType(Qt::PreciseTimer);
     m_ticks.setInterval(tickMs);
     connect(&m_ticks, &QTimer::timeout, this, &Bookkeeper::tick);
@@ -111,6 +95,28 @@ Bookkeeper::~Bookkeeper()
     m_recorder.end(Moment::now());
     m_reader.reset();
     m_keeping.reset();
+}
+
+// Asked for at once, so that whoever asks later is answered by a keeper that knows it.
+void Bookkeeper::load()
+{
+    m_keeping->ask(
+        this, [](SeamBook &book) { return FileHistory(book.database()).newest(); },
+        [this](const QVector<FileVersion> &newest) { m_files->load(newest); });
+    m_keeping->ask(
+        this, [](SeamBook &book) { return book.setting(efficiencyName).toDouble(); },
+        [this](double kept) {
+            if (kept > 0)
+                m_recorder.setEfficiency(m_efficiency = kept);
+        });
+    m_keeping->ask(
+        this, [](SeamBook &book) { return book.allLimits(); },
+        [this](const QVector<Limits> &all) {
+            for (const Limits &one : all)
+                m_limits.insert(one.file, one);
+            emit limitsChanged();
+            emit recordsChanged(); // now everything can be shown, and judged
+        });
 }
 
 void Bookkeeper::start()

@@ -30,12 +30,11 @@ public:
 
     QString file() const { return m_file; }
     /// Asks the book as BookThread::ask() does, on a thread of its own, so that no question waits
-    /// for a record. Before the book is open nothing is answered; recordsChanged() follows.
+    /// for a record. A question that comes before the book is open waits for that.
     template<typename Work, typename Then>
     void ask(QObject *context, const Work &work, const Then &then)
     {
-        if (m_reader)
-            m_reader->ask(context, work, then);
+        (m_reader ? m_reader : m_keeping)->ask(context, work, then);
     }
     const FileWatch &files() const { return *m_files; }
     CellWriter &cell() { return m_cell; }
@@ -66,6 +65,7 @@ signals:
     void told();
 
 private:
+    void load();
     void listen();
     template<typename Handler>
     void follow(const QString &path, const Handler &handler);

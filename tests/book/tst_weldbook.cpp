@@ -207,7 +207,9 @@ private slots:
             Cell cell(folder.path());
             cell.window.show();
             cell.click("btnFiles");
-            QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString("arcdata3")); // the book is open
+            QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString("arcdata3"));
+            cell.window.findChild<QTableView *>("tblFiles")->selectRow(0);
+            QTRY_COMPARE(cell.text("tblVersions", 0, 3), QString("as found")); // the book is open
             for (const char *store : {"left", "right"}) {
                 cell.link->setUp(false);
                 QCoreApplication::processEvents();

@@ -49,8 +49,11 @@ void weldBook(Tour &tour)
         const auto *program = tour.host()->service()->watchNode("tl_program.state");
         Tour::await("stopped", [&] { return program->r("state")->getString() == "error"; });
         tour.click("btnWelds");
-        Tour::await("written", [&] { return cell(tour, 0, 0) == "✗"; });
+        const QString late = Tour::await("written", [&] { return cell(tour, 0, 0) == "✗"; });
         tour.faults()->clear();
+        if (!late.isEmpty())
+            return late + ", program " + program->r("state")->getString() + ", first row "
+                + cell(tour, 0, 0) + ' ' + cell(tour, 0, 2);
         touchRow(tour, 0);
         return Tour::require(cell(tour, 0, 2), "vgroove.tl:6");
     });
