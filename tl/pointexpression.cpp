@@ -36,7 +36,7 @@ QString functionOf(Kind kind, Spelling spelling)
 bool isReadAsWritten(const QString &text, const QStringList &parts, Kind kind)
 {
     if (kind == Kind::Plain)
-        return !text.contains(QLatin1Char('('));
+        return nameText(text) == text; // else it would be written under another name
     return text.startsWith(parts.first() + QLatin1Char('('))
         && text.indexOf(QLatin1Char(')')) == text.size() - 1
         && parts.size() == 2 + PointExpression::numberCount(kind)

@@ -235,6 +235,7 @@ private slots:
              {"Offs(,)", Kind::Offs, "", {0, 0, 0}, false, ""},
              {"Offs(RelTool(p1,0,0,1)", Kind::Offs, "RelTool(p1", {0, 0, 1}, true, ""},
              {"f(", Kind::Plain, "f(", {}, false, ""},
+             {"\"p.\t1\"", Kind::Plain, "\"p.\t1\"", {}, false, ""},
              {"f() Offs(p1,1,2,3)", Kind::Offs, "p1", {1, 2, 3}, false, ""}});
     }
     void points()
