@@ -1,10 +1,12 @@
 #include "page/monitorpage.h"
 
+#include <QLineEdit>
 #include <QPushButton>
 #include <array>
 
 #include <tessa/managerhelper.h>
 
+#include "data/field.h"
 #include "data/fieldedits.h"
 #include "data/report.h"
 #include "schema/processsets.h"
@@ -37,6 +39,11 @@ const schema::FileSet &setOf(const QString &name)
     if (name.contains(QLatin1String("arcoff")))
         return schema::arcOff();
     return none;
+}
+
+QLineEdit *lineOf(const QDoubleSpinBox *box)
+{
+    return box->findChild<QLineEdit *>();
 }
 
 } // namespace
@@ -140,9 +147,12 @@ bool MonitorPage::takeOver(QStringList *overlap)
     const Value values[]{{currentKey, ui->sbxCurrent, m_shownCurrent},
                          {voltageKey, ui->sbxVoltage, m_shownVoltage}};
     QHash<QString, double> trimmed;
+    QHash<QString, std::pair<QString, int>> typed; // a number that is not complete, and the caret
     for (const auto &[key, box, shown] : values) {
         if (box->value() != shown)
             trimmed.insert(key, box->value());
+        if (welmo::isBeingTyped(box))
+            typed.insert(key, {lineOf(box)->text(), lineOf(box)->cursorPosition()});
     }
     const double before[]{m_shownCurrent, m_shownVoltage};
     if (!fetch())
@@ -155,6 +165,11 @@ bool MonitorPage::takeOver(QStringList *overlap)
         if (trimmed.contains(key) && shown != before[i] && shown != wanted)
             changed.append(key);
         box->setValue(wanted);
+        if (typed.contains(key)) {
+            lineOf(box)->setText(typed.value(key).first);
+            lineOf(box)->setCursorPosition(typed.value(key).second);
+            lineOf(box)->setModified(true);
+        }
     }
     welmo::FieldEdits::reportOverlap(this, ui->ledtWeldingName->text(), changed, m_data.get());
     if (overlap)

@@ -204,6 +204,28 @@ private slots:
         answers[writeFile] = 0;
         QCOMPARE(ui.saidAfter("btnSave"), "info: save succeed [monitor]");
     }
+    void nothingIsTypedIntoABoxThatIsBeingEdited()
+    {
+        Fixture ui;
+        auto &answers = ui.host.link()->answers;
+        answers[readFile] = QVariantMap{{"current", 100.0}, {"voltage", 20.0}};
+        ui.asked("arcdata2");
+        ui.page.wgt()->window()->show();
+        ui.page.wgt()->window()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(ui.page.wgt()->window()));
+        QDoubleSpinBox *box = ui.box("sbxCurrent");
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, "5");
+        const QString half = box->text();
+        const QVariantMap theirs{{"current", 180.0}, {"voltage", 21.0}};
+        answers[readFile] = theirs;
+        ui.host.notify("arc_weld.weld_param", QVariantMap{{"arcdata2", theirs}});
+        QCOMPARE(ui.box("sbxVoltage")->value(), 21.0);
+        QCOMPARE(box->text(), half);
+        QTest::keyClicks(box, "5\t");
+        QCOMPARE(box->value(), 55.0);
+    }
     // What one saves, the other must not undo.
     void theFormsShowWhatIsTrimmedAndTheOtherWayRound()
     {
