@@ -3,9 +3,11 @@
 #include <QDir>
 #include <QHash>
 #include <QMap>
+#include <QTemporaryDir>
 #include <map>
 #include <sqlite3.h>
 
+#include "support/datarows.h"
 #include "support/files.h"
 
 using Operation = RecordedDisk::Operation;
@@ -127,6 +129,27 @@ bool RecordedDisk::record(const Operation &operation)
 {
     m_operations.append(operation);
     return m_operations.size() - 1 != m_failing;
+}
+
+void RecordedDisk::addCuts()
+{
+    testsupport::addRows<Cut>({{"process killed", Killed},
+                               {"power lost", PowerLost},
+                               {"writes out of order", Reordered}});
+}
+
+void RecordedDisk::cutAnywhere(const std::function<void(const QString &, int)> &check)
+{
+    const Cut cut = std::get<1>(testsupport::currentRow<Cut>());
+    const QVector<Operation> operations = m_operations; // a check adds its own
+    for (int end = 0; end <= operations.size(); ++end) {
+        const QTemporaryDir folder;
+        rebuild(folder.path(), operations, end, cut);
+        const auto later = std::upper_bound(m_acknowledged.begin(), m_acknowledged.end(), end);
+        check(folder.path(), int(later - m_acknowledged.begin()));
+        if (QTest::currentTestFailed())
+            return qInfo("cut at %d", end);
+    }
 }
 
 void RecordedDisk::rebuild(const QString &folder, const QVector<Operation> &operations, int end,

@@ -61,15 +61,6 @@ private slots:
         QCOMPARE(store->revision(path, key), std::optional<qint64>(3));
         QCOMPARE(store->revision(path, "never there"), std::optional<qint64>(0));
     }
-    void whatCannotBeReadIsNotMissing()
-    {
-        const QString file = m_folder.filePath("unreadable.db");
-        QVERIFY(Store::open(file, &m_problem)->write({{path, key, "good"}, {path, "b", 1}}));
-        writeFile(file, contentOf(file).replace("\"good\"", "\"good?"));
-        const auto store = Store::open(file, &m_problem);
-        QVERIFY(!store->read(path, key));
-        QCOMPARE(store->readAll(path)->size(), std::size_t(1)); // the rest is there
-    }
     void refusedFileIsLeftAlone_data()
     {
         const QString own = m_folder.filePath("own.db");

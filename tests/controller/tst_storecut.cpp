@@ -3,9 +3,7 @@
 #include "controller/core/json.h"
 #include "controller/core/store.h"
 #include "recordeddisk.h"
-#include "support/datarows.h"
 
-using namespace testsupport;
 using welmo::controller::Store;
 
 namespace {
@@ -42,12 +40,6 @@ QVector<QVector<Store::Change>> changes()
     };
 }
 
-struct Acknowledged
-{
-    int at; ///< operations of the disk at the time
-    QByteArray content;
-};
-
 } // namespace
 
 /// The power goes, the process is killed or the disk refuses, at every single point at which the
@@ -57,39 +49,26 @@ class tst_StoreCut : public QObject
 {
     Q_OBJECT
 private slots:
-    void cutAnywhere_data()
-    {
-        addRows<RecordedDisk::Cut>({{"process killed", RecordedDisk::Killed},
-                                    {"power lost", RecordedDisk::PowerLost},
-                                    {"writes out of order", RecordedDisk::Reordered}});
-    }
+    void cutAnywhere_data() { RecordedDisk::addCuts(); }
     void cutAnywhere()
     {
-        const auto &[name, cut] = currentRow<RecordedDisk::Cut>();
         RecordedDisk disk;
-        const QVector<Acknowledged> steps = work(&disk);
-        const QVector<RecordedDisk::Operation> operations = disk.operations();
-        QVERIFY(operations.size() > 50);
-        int step = 0;
-        for (int end = 0; end <= operations.size(); ++end) {
-            while (step + 1 < steps.size() && steps[step + 1].at <= end)
-                ++step;
-            const QTemporaryDir folder;
-            RecordedDisk::rebuild(folder.path(), operations, end, cut);
+        const QByteArrayList contents = work(&disk);
+        QVERIFY(disk.operations() > 50);
+        disk.cutAnywhere([&](const QString &folder, int acknowledged) {
             QString problem;
-            const auto store = Store::open(folder.filePath("controller.db"), &problem);
-            QVERIFY2(store, qPrintable(QStringLiteral("cut at %1: %2").arg(end).arg(problem)));
+            const auto store = Store::open(folder + "/controller.db", &problem);
+            QVERIFY2(store, qPrintable(problem));
             const QByteArray content = contentOf(*store);
-            const QByteArray begun = steps.value(step + 1, steps.last()).content;
-            QVERIFY2(content == steps[step].content || content == begun,
-                     qPrintable(QStringLiteral("cut at %1").arg(end)));
+            const QByteArray begun = contents.value(acknowledged, contents.last());
+            QVERIFY(content == contents[qMax(0, acknowledged - 1)] || content == begun);
             QVERIFY(store->write({{path, "afterwards", 1}}));
-        }
+        });
     }
     void refusedAnywhere()
     {
         RecordedDisk disk;
-        const QByteArray expected = work(&disk).last().content;
+        const QByteArray expected = work(&disk).last();
         int failing = 0;
         do {
             const QTemporaryDir folder;
@@ -106,7 +85,7 @@ private slots:
                 QVERIFY(store->write(change));
             }
             store.reset();
-            const int operations = disk.operations().size();
+            const int operations = disk.operations();
             disk.start();
             store = Store::open(file, &problem);
             QVERIFY2(store, qPrintable(problem));
@@ -118,28 +97,29 @@ private slots:
     }
 
 private:
-    /// A life of a store, closed and opened again half-way; what it acknowledged, and when.
-    static QVector<Acknowledged> work(RecordedDisk *disk)
+    /// A life of a store, closed and opened again half-way; what it acknowledged.
+    static QByteArrayList work(RecordedDisk *disk)
     {
         const QTemporaryDir folder;
         const QString file = folder.filePath("controller.db");
         QString problem;
         auto store = Store::open(file, &problem);
-        QVector<Acknowledged> steps;
+        QByteArrayList contents;
         const auto acknowledge = [&] {
-            steps.append({disk->operations().size(), contentOf(*store)});
+            disk->acknowledge();
+            contents.append(contentOf(*store));
         };
         acknowledge();
         for (const auto &change : changes()) {
             if (!store->write(change))
                 qFatal("the store does not work at all");
             acknowledge();
-            if (steps.size() == 4) {
+            if (contents.size() == 4) {
                 store.reset();
                 store = Store::open(file, &problem);
             }
         }
-        return steps;
+        return contents;
     }
 };
 

@@ -1,5 +1,4 @@
 #include <QtTest>
-#include <sqlite3.h>
 #include <unistd.h>
 
 #include "controller/core/backup.h"
@@ -17,6 +16,12 @@ namespace {
 
 const QString path = QStringLiteral("a.node");
 
+/// As any other program would.
+void query(const QString &file, const char *sql)
+{
+    QCOMPARE(QProcess::execute("sqlite3", {file, sql}), 0);
+}
+
 /// Everything that can be read of it, as one value.
 QVariantMap contentIn(const Store &store)
 {
@@ -32,40 +37,6 @@ QVariantMap contentIn(const Store &store)
     return content;
 }
 
-// SQLite's memory, of which one request is refused.
-sqlite3_mem_methods s_memory;
-int s_requests = 0;
-int s_refused = -1;
-
-void *allocate(int size)
-{
-    return s_requests++ == s_refused ? nullptr : s_memory.xMalloc(size);
-}
-
-void *reallocate(void *block, int size)
-{
-    return s_requests++ == s_refused ? nullptr : s_memory.xRealloc(block, size);
-}
-
-void countMemoryRequests()
-{
-    sqlite3_config(SQLITE_CONFIG_GETMALLOC, &s_memory);
-    sqlite3_mem_methods counting = s_memory;
-    counting.xMalloc = allocate;
-    counting.xRealloc = reallocate;
-    sqlite3_config(SQLITE_CONFIG_MALLOC, &counting);
-}
-
-/// As any other program would.
-void executeIn(const QString &file, const char *sql)
-{
-    sqlite3 *handle = nullptr;
-    if (sqlite3_open(qPrintable(file), &handle) != SQLITE_OK
-        || sqlite3_exec(handle, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
-        qFatal("%s: %s", qPrintable(file), sqlite3_errmsg(handle));
-    sqlite3_close(handle);
-}
-
 } // namespace
 
 /// What happens to the files of a store from outside: dead owners, copies, other versions, altered
@@ -74,7 +45,6 @@ class tst_StoreFaults : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase() { countMemoryRequests(); }
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
     void aLockNeedsALivingHolder_data()
@@ -124,10 +94,8 @@ private slots:
             const QString killed = other.filePath("controller.db");
             for (const char *suffix : {"", "-wal", ".lock"})
                 QVERIFY(QFile::copy(file() + suffix, killed + suffix));
-            if (looked) {
-                QCOMPARE(
-                    std::system(qPrintable("sqlite3 " + killed + " 'SELECT 1 FROM entry' >&2")), 0);
-            }
+            if (looked)
+                query(killed, "SELECT 1 FROM entry");
             const auto store = Store::open(killed, &m_problem);
             QVERIFY2(store, qPrintable(m_problem));
             QCOMPARE(store->read(path, "a")->value, QVariant(1));
@@ -227,37 +195,8 @@ private slots:
     void aLostEntryIsTold()
     {
         QVERIFY(open()->write({{path, "a", 1}, {path, "b", 2}}));
-        executeIn(file(), "DELETE FROM entry WHERE key = 'a'");
+        query(file(), "DELETE FROM entry WHERE key = 'a'");
         QCOMPARE(open()->complaints().size(), 1);
-    }
-
-    // In a start, a save and a load, once at each request for memory.
-    void memoryRunsOutOnce()
-    {
-        QVERIFY(open()->write({{path, "a", 0}}));
-        int known = 0;
-        for (int refused = 0;; ++refused) {
-            s_requests = 0;
-            s_refused = refused;
-            bool written = false;
-            if (const auto store = open()) {
-                written = store->write({{path, "a", refused + 1}});
-                if (const auto entry = store->read(path, "a"); entry && written)
-                    QCOMPARE(entry->value, QVariant(refused + 1));
-            }
-            const bool reached = s_requests > refused;
-            s_refused = -1;
-            const auto store = open();
-            QVERIFY2(store, qPrintable(m_problem));
-            QCOMPARE(store->complaints(), QStringList());
-            const int stored = store->read(path, "a")->value.toInt();
-            QVERIFY(stored == refused + 1 || (!written && stored == known));
-            known = stored;
-            if (!reached) {
-                QVERIFY(refused > 300);
-                return;
-            }
-        }
     }
 
     void backedUpAtWorkAndRestored()
