@@ -1,12 +1,12 @@
 #include <QtTest>
 
 #include "programfixture.h"
+#include "support/datarows.h"
 
 using namespace welmo::controller;
 using Eigen::Vector3d;
 using Event = Journal::Event;
-
-Q_DECLARE_METATYPE(Eigen::Vector3d)
+using namespace testsupport;
 
 namespace {
 
@@ -29,29 +29,19 @@ class tst_Jogging : public QObject
 private slots:
     void goesWhereItIsTold_data()
     {
-        QTest::addColumn<QString>("axis");
-        QTest::addColumn<QString>("frame");
-        QTest::addColumn<int>("direction");
-        QTest::addColumn<Vector3d>("way"); // of the tip in a second, mm
-
         const double s = 100; // two fifths of 250 mm/s
-        QTest::newRow("x") << "x"
-                           << "" << 1 << Vector3d(s, 0, 0);
-        QTest::newRow("y, back") << "y"
-                                 << "base" << -1 << Vector3d(0, -s, 0);
-        QTest::newRow("down along the torch") << "z"
-                                              << "tool" << 1 << Vector3d(0, 0, -s);
-        QTest::newRow("in a turned work object") << "x"
-                                                 << "wobj" << 1 << Vector3d(0, s, 0);
-        QTest::newRow("about the tip") << "b"
-                                       << "base" << 1 << Vector3d(0, 0, 0);
+        // the way of the tip in a second, mm
+        addRows<QString, QString, int, Vector3d>(
+            {{"x", "x", "", 1, {s, 0, 0}},
+             {"y, back", "y", "base", -1, {0, -s, 0}},
+             {"down along the torch", "z", "tool", 1, {0, 0, -s}},
+             {"in a turned work object", "x", "wobj", 1, {0, s, 0}},
+             {"about the tip", "b", "base", 1, {0, 0, 0}}});
     }
     void goesWhereItIsTold()
     {
-        QFETCH(QString, axis);
-        QFETCH(QString, frame);
-        QFETCH(int, direction);
-        QFETCH(Vector3d, way);
+        const auto &[name, axis, frame, direction, way] =
+            currentRow<QString, QString, int, Vector3d>();
         ProgramFixture fixture;
         fixture.set(
             "orbo.project", "wobj._list",
@@ -90,20 +80,17 @@ private slots:
     }
     void stops_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<int>("within"); // ms
-
-        QTest::newRow("no beat") << "silence" << 100;
-        QTest::newRow("no key") << "let go" << 35;
-        QTest::newRow("another key") << "other" << 35;
-        QTest::newRow("no link") << "link" << 10;
-        QTest::newRow("no power") << "power" << 10;
-        QTest::newRow("automatic mode") << "automatic" << 10;
-        QTest::newRow("stopped by another pendant") << "stop" << 10;
+        addRows<QString, int>({{"no beat", "silence", 100}, // within ms
+                               {"no key", "let go", 35},
+                               {"another key", "other", 35},
+                               {"no link", "link", 10},
+                               {"no power", "power", 10},
+                               {"automatic mode", "automatic", 10},
+                               {"stopped by another pendant", "stop", 10}});
     }
     void stops()
     {
-        QFETCH(QString, how);
+        const auto &[name, how, within] = currentRow<QString, int>();
         ProgramFixture fixture;
         fixture.live(25, {7});
         QVERIFY(fixture.run("motion.jog.start", wish("y")).ok());
@@ -120,7 +107,6 @@ private slots:
         fixture.pass(200);
         const auto entries = fixture.journal.entries();
         QCOMPARE(entries.last().event, Event::JogStops);
-        QFETCH(int, within);
         QVERIFY(entries.last().time - last <= within);
         const Vector3d end = fixture.tip();
         fixture.run("cell.switch", QVariantMap{{"power", true}, {"automatic", false}});
@@ -135,35 +121,27 @@ private slots:
     }
     void isRefused_data()
     {
-        QTest::addColumn<QVariantMap>("switches");
-        QTest::addColumn<QStringList>("program");
-        QTest::addColumn<QVariantMap>("wanted");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("reason");
-
-        const QVariantMap none;
+        const QVariantMap automatic{{"automatic", true}}, noPower{{"power", false}};
         const QStringList away{"MoveL p3,v5,fine,torch1,wobj0"};
-        QTest::newRow("in automatic mode")
-            << QVariantMap{{"automatic", true}} << QStringList() << wish("x") << 7 << "automatic";
-        QTest::newRow("without power")
-            << QVariantMap{{"power", false}} << QStringList() << wish("x") << 7 << "no_power";
-        QTest::newRow("under a program") << none << away << wish("x") << 7 << "program_has_robot";
-        QTest::newRow("no axis") << none << QStringList() << wish("w") << 4 << "";
-        QTest::newRow("too fast") << none << QStringList() << wish("x", 1, 1.5) << 5 << "";
+        addRows<QVariantMap, QStringList, QVariantMap, int, QString>(
+            {{"in automatic mode", automatic, {}, wish("x"), 7, "automatic"},
+             {"without power", noPower, {}, wish("x"), 7, "no_power"},
+             {"under a program", {}, away, wish("x"), 7, "program_has_robot"},
+             {"no axis", {}, {}, wish("w"), 4, ""},
+             {"too fast", {}, {}, wish("x", 1, 1.5), 5, ""}});
     }
     void isRefused()
     {
-        QFETCH(QVariantMap, switches);
-        QFETCH(QStringList, program);
-        QFETCH(QVariantMap, wanted);
+        const auto &[name, switches, program, wanted, code, reason] =
+            currentRow<QVariantMap, QStringList, QVariantMap, int, QString>();
         ProgramFixture fixture;
         fixture.live(25, {1});
         fixture.run("cell.switch", switches);
         if (!program.isEmpty())
             fixture.go(program);
         const Reply reply = fixture.run("motion.jog.start", wanted);
-        QTEST(reply.code, "code");
-        QTEST(childAt(reply.value, "reason").toString(), "reason");
+        QCOMPARE(reply.code, code);
+        QCOMPARE(childAt(reply.value, "reason").toString(), reason);
         QVERIFY(!fixture.events().contains(Event::Jogs));
     }
     // What a point's panel set off is told to its end.

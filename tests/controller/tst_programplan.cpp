@@ -1,11 +1,28 @@
-#include <QFile>
 #include <QtTest>
 
 #include "controller/program/programplan.h"
 #include "programfixture.h"
+#include "support/datarows.h"
+#include "support/files.h"
 #include "tl/parse.h"
 
 using namespace welmo::controller;
+using namespace testsupport;
+
+namespace {
+
+/// What is expected of the lines on this controller, from these joints.
+ProgramPlan planOf(ProgramFixture &fixture, const QStringList &lines, const Joints &from)
+{
+    std::vector<welmo::tl::ParsedLine> parsed;
+    for (const QString &line : lines)
+        parsed.push_back(welmo::tl::parse(line));
+    const ControllerContext reader(*fixture.store, fixture.faults, fixture.journal,
+                                   [] { return 0; });
+    return ProgramPlan::make(reader, parsed, from);
+}
+
+} // namespace
 
 /// What a program is expected to take is what it takes.
 class tst_ProgramPlan : public QObject
@@ -14,17 +31,15 @@ class tst_ProgramPlan : public QObject
 private slots:
     void agreesWithTheRun_data()
     {
-        QTest::addColumn<int>("legs");
-        QTest::addColumn<int>("seams");
-        QTest::addColumn<int>("swayed"); // seams
-
-        QTest::newRow("fillet.tl") << 6 << 1 << 0;
-        QTest::newRow("pipe.tl") << 6 << 3 << 0;
-        QTest::newRow("stitch.tl") << 10 << 4 << 0;
-        QTest::newRow("vgroove.tl") << 12 << 3 << 2;
+        // legs, seams, swayed ones
+        addRows<int, int, int>({{"fillet.tl", 6, 1, 0},
+                                {"pipe.tl", 6, 3, 0},
+                                {"stitch.tl", 10, 4, 0},
+                                {"vgroove.tl", 12, 3, 2}});
     }
     void agreesWithTheRun()
     {
+        const auto &[name, legs, seams, swayed] = currentRow<int, int, int>();
         ProgramFixture fixture;
         fixture.set("arc_weld.weave_param", "weavedata1",
                     QVariantMap{{"name", "weavedata1"},
@@ -32,19 +47,12 @@ private slots:
                                 {"weaving_reference", "length"},
                                 {"weave_length_frequency", 5.0},
                                 {"amplitude", QVariantMap{{"left", 2.0}, {"right", 3.0}}}});
-        QFile file(QStringLiteral(EXAMPLES "/") + QTest::currentDataTag());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
-        std::vector<welmo::tl::ParsedLine> parsed;
-        for (const QString &line : lines)
-            parsed.push_back(welmo::tl::parse(line));
+        const QStringList lines = QString::fromUtf8(contentOf(EXAMPLES "/" + name)).split('\n');
         Joints from{};
         const QVariantList joints = fixture.get("motion.state", "q").value.toList();
         for (size_t i = 0; i < from.size(); ++i)
             from[i] = joints.at(int(i)).toDouble();
-        const ControllerContext reader(*fixture.store, fixture.faults, fixture.journal,
-                                       [] { return 0; });
-        const ProgramPlan plan = ProgramPlan::make(reader, parsed, from);
+        const ProgramPlan plan = planOf(fixture, lines, from);
 
         QVERIFY(fixture.go(lines).ok());
         const double seconds = double(fixture.finish()) / 1000;
@@ -64,9 +72,9 @@ private slots:
         const auto count = [&plan](const auto &which) {
             return int(std::count_if(plan.legs.begin(), plan.legs.end(), which));
         };
-        QTEST(int(plan.legs.size()), "legs");
-        QTEST(count([](const auto &leg) { return leg.isSeam; }), "seams");
-        QTEST(count([](const auto &leg) { return !leg.weave.empty(); }), "swayed");
+        QCOMPARE(int(plan.legs.size()), legs);
+        QCOMPARE(count([](const auto &leg) { return leg.isSeam; }), seams);
+        QCOMPARE(count([](const auto &leg) { return !leg.weave.empty(); }), swayed);
         const auto &end = plan.legs.back().way.back();
         QVERIFY(fixture.isAt({end[0], end[1], end[2]}));
         // A weave is as wide as its file says, to both sides of the way.
@@ -86,12 +94,7 @@ private slots:
         const QStringList lines{"MoveL p99,v50,fine,torch1", "MoveL p3,v50,fine,torch1",
                                 "ArcOn \"arcondata40\",\"arcdata1\"",
                                 "MoveL Offs(p3,5000,0,0),v50,fine,torch1"};
-        std::vector<welmo::tl::ParsedLine> parsed;
-        for (const QString &line : lines)
-            parsed.push_back(welmo::tl::parse(line));
-        const ControllerContext reader(*fixture.store, fixture.faults, fixture.journal,
-                                       [] { return 0; });
-        const ProgramPlan plan = ProgramPlan::make(reader, parsed, {0, 20, -5, 0, 75, 0});
+        const ProgramPlan plan = planOf(fixture, lines, {0, 20, -5, 0, 75, 0});
         QCOMPARE(plan.failed, (std::vector<int>{0, 2, 3}));
         QCOMPARE(int(plan.legs.size()), 1);
     }

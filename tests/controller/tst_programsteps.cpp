@@ -2,10 +2,12 @@
 #include <set>
 
 #include "programfixture.h"
+#include "support/datarows.h"
 
 using namespace welmo::controller;
 using Eigen::Vector3d;
 using Event = Journal::Event;
+using namespace testsupport;
 
 namespace {
 
@@ -48,8 +50,6 @@ private:
 
 } // namespace
 
-Q_DECLARE_METATYPE(Eigen::Vector3d)
-
 /// Runs that begin in the middle, go line by line, or weld again where the arc was lost.
 class tst_ProgramSteps : public QObject
 {
@@ -57,37 +57,25 @@ class tst_ProgramSteps : public QObject
 private slots:
     void reweld_data()
     {
-        QTest::addColumn<QStringList>("lines");
-        QTest::addColumn<QString>("option");
-        QTest::addColumn<int>("lostAfter"); // of seam, mm
-        QTest::addColumn<int>("foundAfter"); // mm later, 0 for never
-        QTest::addColumn<int>("line");
-        QTest::addColumn<Vector3d>("end"); // of the torch
-        QTest::addColumn<int>("clear"); // of that, mm
-
         const Vector3d last = p3 + Vector3d(0, 100, 0);
-        QTest::newRow("the run stopped") << seam << "stop_and_alarm" << 40 << 0 << 3 << last << 0;
-        QTest::newRow("and goes on") << twoLegs << "stop_and_alarm" << 20 << 0 << 3 << p4 << 0;
-        QTest::newRow("the torch went on")
-            << seam << "continue_running" << 40 << 0 << 3 << last << 50;
-        QTest::newRow("back over a corner")
-            << twoLegs << "stop_and_alarm" << 45 << 0 << 3 << p4 << 0;
-        QTest::newRow("gone on over one")
-            << twoLegs << "continue_running" << 30 << 0 << 3 << last << 50;
-        QTest::newRow("in the second move")
-            << twoLegs << "continue_running" << 70 << 0 << 4 << last << 50;
-        QTest::newRow("it came back") << twoLegs << "continue_running" << 25 << 40 << 3
-                                      << Vector3d(p3 + Vector3d(0, 65, 0)) << 50;
-        QTest::newRow("stopped by hand") << seam << "" << 50 << 0 << 3 << last << 0;
+        const Vector3d middle = p3 + Vector3d(0, 65, 0);
+        const QString alarm = "stop_and_alarm", runOn = "continue_running";
+        // of seam, mm, lost after and found after, 0 for never; the line; the torch's end, off by
+        // mm
+        addRows<QStringList, QString, int, int, int, Vector3d, int>(
+            {{"the run stopped", seam, alarm, 40, 0, 3, last, 0},
+             {"and goes on", twoLegs, alarm, 20, 0, 3, p4, 0},
+             {"the torch went on", seam, runOn, 40, 0, 3, last, 50},
+             {"back over a corner", twoLegs, alarm, 45, 0, 3, p4, 0},
+             {"gone on over one", twoLegs, runOn, 30, 0, 3, last, 50},
+             {"in the second move", twoLegs, runOn, 70, 0, 4, last, 50},
+             {"it came back", twoLegs, runOn, 25, 40, 3, middle, 50},
+             {"stopped by hand", seam, "", 50, 0, 3, last, 0}});
     }
     void reweld()
     {
-        QFETCH(QStringList, lines);
-        QFETCH(QString, option);
-        QFETCH(int, lostAfter);
-        QFETCH(int, foundAfter);
-        QFETCH(Vector3d, end);
-        QFETCH(int, clear);
+        const auto &[name, lines, option, lostAfter, foundAfter, line, end, clear] =
+            currentRow<QStringList, QString, int, int, int, Vector3d, int>();
         SeamFixture fixture;
         fixture.save("weld_param", ProgramFixture::weld(qPrintable(option)));
         QVERIFY(fixture.go(lines).ok());
@@ -104,7 +92,7 @@ private slots:
         fixture.faults.clear();
 
         const QVariantMap offer = fixture.state("reweld").toMap();
-        QTEST(offer["line"].toInt(), "line");
+        QCOMPARE(offer["line"].toInt(), line);
         const double from = offer["from"].toDouble();
         QVERIFY(qAbs(offer["lost"].toDouble() - 10 - from) < 0.11);
         QVERIFY(fixture.run("tl_program.reweld").ok());
@@ -185,20 +173,16 @@ private slots:
     }
     void fromALine_data()
     {
-        QTest::addColumn<int>("line");
-        QTest::addColumn<bool>("welds");
-        QTest::addColumn<bool>("runs");
-
-        QTest::newRow("the seam's start") << 2 << true << true;
-        QTest::newRow("within it") << 4 << false << true;
-        QTest::newRow("the last") << 6 << false << true;
-        QTest::newRow("beyond") << 7 << false << false;
-        QTest::newRow("none") << 0 << false << false;
+        // whether it welds, and runs at all
+        addRows<int, bool, bool>({{"the seam's start", 2, true, true},
+                                  {"within it", 4, false, true},
+                                  {"the last", 6, false, true},
+                                  {"beyond", 7, false, false},
+                                  {"none", 0, false, false}});
     }
     void fromALine()
     {
-        QFETCH(int, line);
-        QFETCH(bool, runs);
+        const auto &[name, line, welds, runs] = currentRow<int, bool, bool>();
         ProgramFixture fixture;
         fixture.go(twoLegs);
         fixture.run("tl_program.stop");
@@ -207,7 +191,7 @@ private slots:
         QCOMPARE(fixture.run("tl_program.run", from).ok(), runs);
         fixture.finish();
         QCOMPARE(fixture.isAt(p4), runs);
-        QTEST(!fixture.toldValues("arc_weld.welder_state", "phase").isEmpty(), "welds");
+        QCOMPARE(!fixture.toldValues("arc_weld.welder_state", "phase").isEmpty(), welds);
         const QVariantList lines = fixture.toldValues("tl_program.state", "line");
         QCOMPARE(lines.contains(from["line"]), runs);
         QVERIFY(!lines.contains(1));
