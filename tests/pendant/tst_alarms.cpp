@@ -2,6 +2,7 @@
 #include <QtTest>
 #include <functional>
 
+#include "support/datarows.h"
 #include "support/files.h"
 #include "support/programtouch.h"
 #include "support/testpendant.h"
@@ -92,27 +93,23 @@ private slots:
     }
     void beforeTheRun_data()
     {
-        QTest::addColumn<QString>("program");
-        QTest::addColumn<QString>("node");
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<double>("current");
-        QTest::addColumn<QString>("finding");
         const QString seam = "ArcOn \"arcondata1\",\"arcdata1\"\nArcOff \"arcoffdata1\"\n";
         const QString start = "arc_weld.arcon_param", weld = "arc_weld.weld_param";
-        QTest::newRow("fine") << seam << weld << "arcdata1" << 120.0 << "";
-        QTest::newRow("0 A") << seam << start << "arcondata1" << 0.0 << "nothing burns at 0 A";
-        QTest::newRow("too much") << seam << weld << "arcdata1" << 900.0
-                                  << "the machine gives 350 A";
-        QTest::newRow("no file") << QString(seam).replace("arcdata1", "arcdata9") << weld
-                                 << "arcdata1" << 120.0 << "the controller has no such file";
-        QTest::newRow("near miss") << QString(seam).replace("ArcOn", "arcon") << weld << "arcdata1"
-                                   << 120.0 << "no instruction and passed over; ArcOn may be meant";
+        const QString otherFile = QString(seam).replace("arcdata1", "arcdata9");
+        const QString otherWord = QString(seam).replace("ArcOn", "arcon");
+        addRows<QString, QString, QString, double, QString>(
+            {{"fine", seam, weld, "arcdata1", 120, ""},
+             {"0 A", seam, start, "arcondata1", 0, "nothing burns at 0 A"},
+             {"too much", seam, weld, "arcdata1", 900, "the machine gives 350 A"},
+             {"no file", otherFile, weld, "arcdata1", 120, "the controller has no such file"},
+             {"near miss", otherWord, weld, "arcdata1", 120,
+              "no instruction and passed over; ArcOn may be meant"}});
     }
     // Where an arc is struck, the run waits until somebody has seen what is wrong.
     void beforeTheRun()
     {
-        QFETCH(const QString, program);
-        QFETCH(const QString, finding);
+        const auto &[name, program, node, file, current, finding] =
+            currentRow<QString, QString, QString, double, QString>();
         Setup setup;
         setup.example = true;
         TestPendant pendant(setup);
@@ -120,9 +117,6 @@ private slots:
         testsupport::writeFile(pendant.dataFolder() + "/programs/seam.tl", program.toUtf8());
         testsupport::ProgramTouch(pendant).open("seam.tl");
         auto *service = pendant.host()->service();
-        QFETCH(const QString, node);
-        QFETCH(const QString, file);
-        QFETCH(const double, current);
         kelp::ModuleObject object("file");
         object.importFromVariant(nullptr, QVariantMap{{"name", file}, {"current", current}});
         QCOMPARE(service->set(nullptr, node, file, &object)->getInt(), 0);
@@ -162,6 +156,7 @@ private slots:
         const auto *banner = pendant.find<QLabel>("lblAlarm");
         pendant.click("btnProgramRun");
         QTRY_VERIFY(may("btnProgramPause"));
+        QVERIFY(!may("btnInsertLine") && !may("btnOpenProgram"));
         pendant.faults()->set(Faults::Fault::LinkDown, true);
         QTRY_VERIFY(banner->text().startsWith("Link lost "));
         QVERIFY(banner->isVisible() && may("btnProgramStop"));

@@ -183,32 +183,27 @@ private slots:
     }
     void everyPressIsReleased_data()
     {
-        addRows<Act>(
-            {{"the sets change",
-              [](Fixture &ui) {
-                  registerPhysicalButtons(&ui.pendant.app(), "other", {{"x", {}, {}, {}}}, {}, {});
-              }},
-             {"another window comes to the front",
-              [](Fixture &ui) {
-                  QWidget other;
-                  other.show();
-                  QVERIFY(QTest::qWaitForWindowActive(&other));
-                  other.close();
-                  ui.window->requestActivate();
-                  QVERIFY(QTest::qWaitForWindowActive(ui.window));
-              }},
-             {"a dialog opens",
-              [](Fixture &ui) {
-                  QWidget dialog;
-                  dialog.setWindowModality(Qt::ApplicationModal);
-                  dialog.show();
-                  QCOMPARE(ui.wire(), "R."); // at once, not when the window system knows
-              }},
-             {"hidden", [](Fixture &ui) {
-                  ui.pendant.window()->hide();
-                  QCOMPARE(ui.wire(), "R.");
-                  ui.pendant.window()->show();
-              }}});
+        addRows<Act>({{"another window comes to the front",
+                       [](Fixture &ui) {
+                           QWidget other;
+                           other.show();
+                           QVERIFY(QTest::qWaitForWindowActive(&other));
+                           other.close();
+                           ui.window->requestActivate();
+                           QVERIFY(QTest::qWaitForWindowActive(ui.window));
+                       }},
+                      {"a dialog opens",
+                       [](Fixture &ui) {
+                           QWidget dialog;
+                           dialog.setWindowModality(Qt::ApplicationModal);
+                           dialog.show();
+                           QCOMPARE(ui.wire(), "R."); // at once, not when the window system knows
+                       }},
+                      {"hidden", [](Fixture &ui) {
+                           ui.pendant.window()->hide();
+                           QCOMPARE(ui.wire(), "R.");
+                           ui.pendant.window()->show();
+                       }}});
     }
     // And what was held takes a fresh press, whatever the keyboard goes on repeating.
     void everyPressIsReleased()

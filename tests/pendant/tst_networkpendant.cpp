@@ -4,7 +4,6 @@
 #include "cell.h"
 #include "link/mqtt/mqttlink.h"
 #include "linkwords.h"
-#include "support/programtouch.h"
 #include "support/testpendant.h"
 
 namespace {
@@ -12,17 +11,11 @@ namespace {
 /// A pendant of bert's on the cell, connected; anna's link to it is not up yet.
 struct Fixture
 {
-    explicit Fixture(const QString &name = "bert")
-        : user(name)
-    { }
-
-    const QString user;
-
     testsupport::Setup setup() const
     {
         testsupport::Setup setup;
-        setup.controller = QString("mqtt://%1:%2@127.0.0.1:%3/cell")
-                               .arg(user, broker.as(user).password)
+        setup.controller = QString("mqtt://bert:%1@127.0.0.1:%2/cell")
+                               .arg(broker.as("bert").password)
                                .arg(broker.port());
         return setup;
     }
@@ -63,22 +56,6 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(take->isEnabled(), patient);
         ui.pendant.click("btnTakeControl");
         QVERIFY(text().startsWith("This pendant"));
-    }
-    void aRunWhoseLinkIsLost()
-    {
-        Fixture ui("anna"); // who may load a program
-        testsupport::ProgramTouch(ui.pendant).open("fillet.tl");
-        const auto may = [&](const char *name) { return ui.pendant.find(name)->isEnabled(); };
-        ui.pendant.click("btnProgramRun");
-        QTRY_VERIFY_WITH_TIMEOUT(may("btnProgramPause"), patient);
-        ui.cell.service()->faults()->set(welmo::controller::Faults::Fault::LinkDown, true);
-        const auto *banner = ui.pendant.find<QLabel>("lblAlarm");
-        QTRY_VERIFY_WITH_TIMEOUT(banner->text().startsWith("Link lost "), patient);
-        QVERIFY(may("btnProgramStop") && !may("btnInsertLine"));
-        ui.cell.service()->faults()->clear();
-        QTRY_VERIFY_WITH_TIMEOUT(ui.pendant.host()->service()->isConnected(), patient);
-        ui.pendant.click("btnProgramStop");
-        QTRY_VERIFY_WITH_TIMEOUT(may("btnInsertLine"), patient);
     }
     void theWindowLivesOnWhileTheCellIsSilent()
     {

@@ -1,23 +1,17 @@
-#include <QAbstractScrollArea>
-#include <QComboBox>
 #include <QRegularExpression>
 #include <QScrollBar>
-#include <QTabWidget>
-#include <QTest>
-#include <QToolButton>
+#include <QStyleOptionComboBox>
 
 #include "pando/frame.h"
+#include "support/datarows.h"
 #include "support/programtouch.h"
 #include "support/testpendant.h"
+#include "tessa/tlmanager.h"
 
-using testsupport::ProgramTouch;
-using testsupport::Setup;
-using testsupport::TestPendant;
+using namespace testsupport;
 
 namespace {
 
-const QStringList instructions{"ArcOn",    "ArcOff",     "WMoveL",       "WMoveC",   "WeaveOn",
-                               "WeaveOff", "FeedOnWire", "FeedBackWire", "DetectGas"};
 // Texts of the weave forms that are the same in every language, and a language's own name.
 const QStringList inEveryLanguage{"摆弧参数(weavedata)：", "摆弧参数(weavedata)", "中文",
                                   "English"};
@@ -27,10 +21,8 @@ QStringList textsOf(const QWidget *widget)
     QStringList texts;
     for (const char *name : {"text", "title", "toolTip", "placeholderText", "suffix"})
         texts.append(widget->property(name).toString());
-    if (const auto *combo = qobject_cast<const QComboBox *>(widget)) {
-        for (int i = 0; i < combo->count(); ++i)
-            texts.append(combo->itemText(i));
-    }
+    if (const auto *combo = qobject_cast<const QComboBox *>(widget))
+        texts += itemsOf(combo).split('|');
     if (const auto *tabs = qobject_cast<const QTabWidget *>(widget)) {
         for (int i = 0; i < tabs->count(); ++i)
             texts.append(tabs->tabText(i));
@@ -38,21 +30,51 @@ QStringList textsOf(const QWidget *widget)
     return texts;
 }
 
+bool showsItsText(const QWidget *widget)
+{
+    const auto *label = qobject_cast<const QLabel *>(widget);
+    if (label && label->wordWrap())
+        return label->heightForWidth(label->width()) <= label->height();
+    // The last message is cut with dots on purpose.
+    if (label && label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored)
+        return true;
+    if (const auto *combo = qobject_cast<const QComboBox *>(widget)) {
+        QStyleOptionComboBox option;
+        option.initFrom(combo);
+        const QRect place = combo->style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                           QStyle::SC_ComboBoxEditField, combo);
+        return combo->fontMetrics().horizontalAdvance(combo->currentText()) <= place.width();
+    }
+    return widget->sizeHint().width() <= widget->width();
+}
+
+/// Its text is not cut off, and it is large enough for a finger.
+bool fits(const QWidget *widget)
+{
+    const bool isTouched =
+        qobject_cast<const QAbstractButton *>(widget) || qobject_cast<const QComboBox *>(widget);
+    if (isTouched && qMin(widget->height(), widget->width()) < finger::smallestTouch)
+        return false;
+    return (!isTouched && !qobject_cast<const QLabel *>(widget)) || showsItsText(widget);
+}
+
 /// What is wrong with what is seen now.
 QStringList complaints(QWidget *window, const QRegularExpression &foreign)
 {
     QStringList wrong;
-    if (window->width() > 1280)
-        wrong.append(QString("%1 wide").arg(window->width()));
+    if (window->size() != QSize(1280, 800))
+        wrong.append(QString("%1 x %2").arg(window->width()).arg(window->height()));
     for (QWidget *widget : window->findChildren<QWidget *>()) {
         if (!widget->isVisible())
             continue;
+        const QString name = widget->metaObject()->className() + (' ' + widget->objectName());
         const auto *area = qobject_cast<QAbstractScrollArea *>(widget);
         const bool mayHide = widget->objectName() == "sideArea"; // no more than its border
         if (area && !mayHide && area->horizontalScrollBar()->maximum() > 0)
-            wrong.append(QString("sideways: %1, by %2")
-                             .arg(widget->objectName())
-                             .arg(area->horizontalScrollBar()->maximum()));
+            wrong.append("sideways: " + name);
+        const QWidget *monitor = pando::frame().rightSide; // which takes room from the page
+        if ((monitor->isHidden() || monitor->isAncestorOf(widget)) && !fits(widget))
+            wrong.append("cut off or small: " + name);
         for (const QString &text : textsOf(widget)) {
             if (foreign.match(text).hasMatch() && !inEveryLanguage.contains(text))
                 wrong.append(text);
@@ -63,62 +85,68 @@ QStringList complaints(QWidget *window, const QRegularExpression &foreign)
 
 } // namespace
 
-/// Every page and form: in one language, and no wider than the room beside the monitor.
+/// Every page and form: in one language, nothing cut off or too small for a finger, and no wider
+/// than the room beside the monitor.
 class TestPages : public QObject
 {
     Q_OBJECT
 private slots:
     void wholeAndInOneLanguage_data()
     {
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<QString>("foreign");
-        QTest::addColumn<bool>("monitor");
         const QString chinese = "[\\x{4e00}-\\x{9fff}]";
         const QString sentence = "\\b[A-Za-z][a-z]+ [a-z]{2,}\\b";
-        QTest::newRow("English") << "en" << chinese << false;
-        QTest::newRow("English, monitor open") << "en" << chinese << true;
-        QTest::newRow("Chinese") << "zh_CN" << sentence << false;
-        QTest::newRow("Chinese, monitor open") << "zh_CN" << sentence << true;
+        addRows<QString, QString, QString, bool>(
+            {{"English", "en", "light", chinese, false},
+             {"English, monitor open", "en", "light", chinese, true},
+             {"Chinese", "zh_CN", "dark", sentence, false},
+             {"Chinese, monitor open", "zh_CN", "dark", sentence, true}});
     }
     void wholeAndInOneLanguage()
     {
-        QFETCH(const QString, language);
-        QFETCH(const QString, foreign);
-        QFETCH(const bool, monitor);
+        const auto &[name, language, theme, foreign, monitor] =
+            currentRow<QString, QString, QString, bool>();
         Setup setup;
         setup.language = language;
+        setup.theme = theme;
         setup.example = setup.withBook = true;
         TestPendant pendant(setup);
         if (monitor) {
             pando::frame().rightSide->switchTo("welmo.page");
             pando::frame().rightSide->show();
-            QCoreApplication::processEvents();
         }
         const QRegularExpression wrongText(foreign);
         QStringList wrong;
         const auto look = [&](const QString &place) {
-            QCoreApplication::processEvents();
+            for (int i = 0; i < 3; ++i)
+                QCoreApplication::processEvents(); // a page is laid out, then its bars
             for (const QString &complaint : complaints(pendant.window(), wrongText))
                 wrong.append(place + ": " + complaint);
         };
-        for (QToolButton *entry : pendant.find("pndNav")->findChildren<QToolButton *>()) {
-            testsupport::finger::touch(entry);
-            look(entry->objectName());
-        }
+        const auto lookAtEach = [&](const char *navigation) {
+            for (QToolButton *entry : pendant.find(navigation)->findChildren<QToolButton *>()) {
+                finger::touch(entry);
+                look(entry->objectName() + entry->text());
+            }
+        };
+        for (const auto &entry : pendant.messages())
+            QVERIFY2(!entry.text.contains("theme tokens"), qPrintable(entry.text));
+        lookAtEach("pndNav");
         pendant.open("home");
         pendant.click("btnWhyNoArc");
         look("checks");
-        pendant.open("arcweldpackage");
-        for (QToolButton *button : pendant.find("wgtNav")->findChildren<QToolButton *>()) {
-            testsupport::finger::touch(button);
-            look(button->text());
+        // First without the link, so that no welder has told its ranges yet.
+        for (const bool down : {true, false}) {
+            pendant.faults()->set(welmo::controller::Faults::Fault::LinkDown, down);
+            QVERIFY(down ? pendant.waitDisconnected() : pendant.waitConnected());
+            pendant.open("arcweldpackage");
+            lookAtEach("wgtNav");
         }
         ProgramTouch program(pendant);
         program.open("fillet.tl");
         pendant.click("btnProgramLook");
         look("files");
         pendant.click("btnRunCheckBack");
-        for (const QString &word : instructions) {
+        for (const QString &word : tessa::TlManager::getTlManager()->instructionNames) {
             program.insert(word);
             look("insert " + word);
             pendant.click("btnFormAccept");

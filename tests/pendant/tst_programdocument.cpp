@@ -28,6 +28,12 @@ private slots:
               "\xEF\xBB\xBFMoveJ p1\r\na b\n\r\nArcOff \"arcoffdata1\""},
              {"remove", [](auto &d) { d.removeLine(1); },
               "\xEF\xBB\xBFMoveJ p1\r\n\r\nArcOff \"arcoffdata1\""},
+             {"insert", [](auto &d) { d.insertLine(2, "x"); },
+              "\xEF\xBB\xBFMoveJ p1\r\n\xC4 raw\nx\r\n\r\nArcOff \"arcoffdata1\""},
+             {"insert at the end", [](auto &d) { d.insertLine(4, "x"); },
+              "\xEF\xBB\xBFMoveJ p1\r\n\xC4 raw\n\r\nArcOff \"arcoffdata1\"\r\nx"},
+             {"remove the last", [](auto &d) { d.removeLine(3); },
+              "\xEF\xBB\xBFMoveJ p1\r\n\xC4 raw\n"},
              {"move down", [](auto &d) { d.moveLine(1, 3); },
               "\xEF\xBB\xBFMoveJ p1\r\n\r\nArcOff \"arcoffdata1\"\r\n\xC4 raw"}});
     }

@@ -132,10 +132,8 @@ private slots:
         QVERIFY(QDir(m_pendant->dataFolder()).mkpath("programs/taken.tl"));
         m_program->saveAs("taken");
         m_program->answer("Replace it");
-        QVERIFY2(m_pendant->lastMessage().startsWith("error: "),
-                 qPrintable(m_pendant->lastMessage()));
-        QVERIFY2(m_pendant->lastMessage().contains("taken.tl: "),
-                 qPrintable(m_pendant->lastMessage()));
+        const QString said = m_pendant->lastMessage();
+        QVERIFY2(said.startsWith("error: ") && said.contains("taken.tl: "), qPrintable(said));
         m_pendant->click("btnFileCancel");
         QVERIFY2(m_program->title().endsWith("(changed)"), qPrintable(m_program->title()));
     }
@@ -213,25 +211,6 @@ private slots:
         m_pendant->click("btnRemoveLine");
         QTRY_COMPARE_WITH_TIMEOUT(m_pendant->find<QPushButton>("btnNextFinding")->text(),
                                   QString("%1 findings").arg(lines - 1), 60000);
-    }
-    void runs()
-    {
-        const auto state = [this] { return m_pendant->find<QLabel>("lblRunState")->text(); };
-        m_program->open("fillet.tl");
-        m_pendant->click("btnProgramRun");
-        QTRY_VERIFY(state().startsWith("fillet.tl runs, line "));
-        QVERIFY(!m_pendant->find("btnInsertLine")->isEnabled());
-        QVERIFY(!m_pendant->find("btnOpenProgram")->isEnabled());
-        m_pendant->click("btnProgramPause");
-        QTRY_VERIFY(state().startsWith("fillet.tl is paused at line "));
-        m_pendant->click("btnProgramStop");
-        QTRY_VERIFY(state().startsWith("Ready (stopped; "));
-        QVERIFY(m_pendant->find("btnInsertLine")->isEnabled());
-
-        m_pendant->click("btnLink");
-        QVERIFY(m_pendant->waitDisconnected());
-        QCOMPARE(state(), QString("No connection to the controller"));
-        QVERIFY(!m_pendant->find("btnProgramRun")->isEnabled());
     }
 
 private:

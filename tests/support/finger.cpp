@@ -63,6 +63,8 @@ void choose(QComboBox *combo, int row)
         combo->model()->index(row, combo->modelColumn(), combo->rootModelIndex());
     view->scrollTo(index);
     QCoreApplication::processEvents();
+    if (view->visualRect(index).height() < smallestTouch)
+        throw OutOfReach(who + " has rows that are too low for a finger");
     touchAt(view->viewport(), view->visualRect(index).center());
     if (!QTest::qWaitFor([view] { return !view || !view->isVisible(); }))
         throw OutOfReach(who + " stayed open");

@@ -22,6 +22,9 @@ public:
 /// is seen. Throws OutOfReach where an operator could not have done it.
 namespace finger {
 
+/// Pixels that a finger needs.
+constexpr int smallestTouch = 45;
+
 /// Touches the middle of @p target, which is scrolled into sight first.
 void touch(QWidget *target);
 /// Opens the combo and touches its row @p row.

@@ -107,13 +107,4 @@ Widget *child(const QObject *form, const QString &name)
     return widget;
 }
 
-/// What the combo offers, "a|b".
-inline QString itemsOf(const QComboBox *combo)
-{
-    QStringList texts;
-    for (int i = 0; i < combo->count(); ++i)
-        texts.append(combo->itemText(i));
-    return texts.join('|');
-}
-
 } // namespace testsupport

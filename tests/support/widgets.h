@@ -15,3 +15,16 @@
 #include <QTableView>
 #include <QToolButton>
 #include <QtTest>
+
+namespace testsupport {
+
+/// What the combo offers, "a|b".
+inline QString itemsOf(const QComboBox *combo)
+{
+    QStringList texts;
+    for (int i = 0; i < combo->count(); ++i)
+        texts.append(combo->itemText(i));
+    return texts.join('|');
+}
+
+} // namespace testsupport

@@ -34,40 +34,6 @@ private slots:
         QCOMPARE(program.lineCount(), lines.size());
         QCOMPARE(program.toBytes(), bytes);
     }
-    void edits()
-    {
-        ProgramText program("a\r\nb\r\nc\n");
-        program.setLine(1, "点");
-        program.insertLine(2, "x");
-        QCOMPARE(program.toBytes(), QByteArray("a\r\n点\r\nx\r\nc\n"));
-        program.insertLine(4, "y");
-        program.removeLine(0);
-        QCOMPARE(program.toBytes(), QByteArray("点\r\nx\r\nc\ny\r\n"));
-        program.moveLine(0, 3);
-        QCOMPARE(program.line(3), QString("点"));
-        program.moveLine(3, 0);
-        QCOMPARE(program.lines(), QStringList({"点", "x", "c", "y"}));
-        program.setLine(0, "x\nWeaveOff\r\n"); // makes no second line
-        QCOMPARE(program.toBytes(), QByteArray("x WeaveOff  \r\nx\r\nc\ny\r\n"));
-
-        ProgramText fresh;
-        fresh.insertLine(0, "a");
-        fresh.insertLine(1, "b");
-        QCOMPARE(fresh.toBytes(), QByteArray("a\nb\n"));
-    }
-    void lastLineStaysWithoutEnd()
-    {
-        ProgramText program("a\r\nb");
-        program.insertLine(2, "c");
-        QCOMPARE(program.toBytes(), QByteArray("a\r\nb\r\nc"));
-        program.moveLine(0, 2);
-        QCOMPARE(program.toBytes(), QByteArray("b\r\nc\r\na"));
-        program.removeLine(2);
-        QCOMPARE(program.toBytes(), QByteArray("b\r\nc"));
-        program.removeLine(1);
-        program.removeLine(0);
-        QCOMPARE(program.toBytes(), QByteArray());
-    }
     void normalForms_data()
     {
         std::vector<Row<QString>> rows{
