@@ -18,8 +18,10 @@ using namespace welmo::book;
 
 namespace {
 
+/// The book of a data folder, which it is made in where there is none.
 std::unique_ptr<SeamBook> openBook(const QString &folder)
 {
+    QDir(folder).mkdir("weldbook");
     QString problem;
     auto database = Database::open(folder + "/weldbook/weldbook.db", Database::ReadWrite, &problem);
     if (!database)
@@ -58,10 +60,28 @@ public:
     }
     void change(const QVariantMap &news) { emit link->notified("arc_weld.weld_param", news); }
     void click(const char *button) { window.findChild<QPushButton *>(button)->click(); }
+    QTableView *table(const char *name) { return window.findChild<QTableView *>(name); }
+    /// Shows the page of files and chooses the first one.
+    void openFiles()
+    {
+        window.show();
+        click("btnFiles");
+        QTRY_COMPARE(text("tblFiles", 0, 0), QString("arcdata3"));
+        table("tblFiles")->selectRow(0);
+    }
+    /// Writes of the controller from now on, "KEY CURRENT", and what @p act does in each.
+    void onWrites(const std::function<void(const QString &key)> &act)
+    {
+        link->duringCall = [=](const tessa::LinkRequest &request) {
+            if (request.kind != FakeLink::Kind::Set)
+                return;
+            written += request.key + ' ' + request.payload.toMap().value("current").toString();
+            act(request.key);
+        };
+    }
     QString text(const char *table, int row, int column)
     {
-        const auto *model = window.findChild<QTableView *>(table)->model();
-        return model->index(row, column).data().toString();
+        return this->table(table)->model()->index(row, column).data().toString();
     }
     void tell(const QVariantMap &news) { emit link->notified("arc_weld.welder_state", news); }
     bool logHas(const QString &part)
@@ -75,6 +95,7 @@ public:
     QWidget window;
     tessa::Host host;
     FakeLink *link;
+    QStringList written;
 
 private:
     pando::CenterWidget *m_frame;
@@ -90,7 +111,6 @@ private slots:
     void aControllerThatTellsLittleIsRecordedAndJudged()
     {
         const QTemporaryDir folder;
-        QDir(folder.path()).mkdir("weldbook");
         Limits limits;
         limits.file = "arcdata3";
         limits.current = {100, 200};
@@ -103,14 +123,13 @@ private slots:
         }
         {
             Cell cell(folder.path());
-            auto *list = cell.window.findChild<QTableView *>("tblWelds");
-            QVERIFY(list);
-            QTRY_COMPARE(list->model()->rowCount(), 1);
+            const auto *list = cell.table("tblWelds")->model();
+            QTRY_COMPARE(list->rowCount(), 1);
             cell.tell({{"welding_name", "arcdata3"}, {"current", 150.0}, {"voltage", 20.0}});
             cell.tell({{"current", 250.0}, {"voltage", 20.0}});
             QTRY_VERIFY(cell.logHas("arcdata3: current 250.0 A is outside its limits"));
             cell.link->setUp(false);
-            QTRY_COMPARE(list->model()->rowCount(), 2);
+            QTRY_COMPARE(list->rowCount(), 2);
         }
         const QVector<Seam> seams = openBook(folder.path())->list({});
         QCOMPARE(seams.size(), 2);
@@ -138,26 +157,18 @@ private slots:
     void exportsTheListAndAWeld()
     {
         const QTemporaryDir folder;
-        QDir(folder.path()).mkdir("weldbook");
         Seam seam;
         seam.started = QDateTime::currentMSecsSinceEpoch();
         seam.ended = ending::regular;
         QVERIFY(openBook(folder.path())->begin(&seam));
         Cell cell(folder.path());
-        auto *list = cell.window.findChild<QTableView *>("tblWelds");
-        QTRY_COMPARE(list->model()->rowCount(), 1);
-        list->selectRow(0);
+        QTRY_COMPARE(cell.table("tblWelds")->model()->rowCount(), 1);
+        cell.table("tblWelds")->selectRow(0);
         const auto actions = cell.window.findChild<QPushButton *>("btnExport")->menu()->actions();
         for (QAction *action : actions)
             action->trigger();
         const QDir reports(folder.filePath("weldbook/reports"));
-        const auto written = [&] {
-            const QFileInfoList files = reports.entryInfoList(QDir::Files);
-            return files.size() == 4
-                && std::all_of(files.begin(), files.end(),
-                               [](const QFileInfo &file) { return file.size() > 100; });
-        };
-        QTRY_VERIFY(written());
+        QTRY_COMPARE(reports.entryList(QDir::Files).size(), 4);
         QTRY_VERIFY(cell.logHas("written: "));
         QDir(reports).removeRecursively();
         testsupport::writeFile(reports.path(), "in the way");
@@ -169,35 +180,26 @@ private slots:
         const QTemporaryDir folder;
         for (const bool again : {false, true}) { // what it knows already is no change
             Cell cell(folder.path());
-            cell.window.show();
-            cell.click("btnFiles");
-            QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString("arcdata3"));
-            cell.window.findChild<QTableView *>("tblFiles")->selectRow(0);
+            cell.openFiles();
             QTRY_COMPARE(cell.text("tblVersions", 0, 3),
                          QString(again ? "made again" : "as found"));
             if (again)
                 break;
-            const QVariantMap change{{"at", "current"}, {"old", 100}, {"new", 120}};
-            const QVariantMap other{{"at", "current"}, {"old", 120}, {"new", 130}};
-            const auto entry = [](int number, const char *user, const QVariantMap &what) {
+            const auto change = [](int number, const char *user, int old, int now) {
+                const QVariantMap what{{"at", "current"}, {"old", old}, {"new", now}};
                 return QVariantMap{{"number", number},
                                    {"key", "arcdata3"},
                                    {"user", user},
                                    {"changes", QVariantList{what}}};
             };
-            cell.link->node(
-                "cell.audit",
-                QVariantMap{
-                    {"entries", QVariantList{entry(1, "anna", change), entry(2, "otto", other)}}});
+            const QVariantList entries{change(1, "anna", 100, 120), change(2, "otto", 120, 130)};
+            cell.link->node("cell.audit", QVariantMap{{"entries", entries}});
             cell.change({{"arcdata3", Cell::file("arcdata3", 120)}});
             QTRY_COMPARE(cell.text("tblVersions", 0, 2), QString("anna"));
             QCOMPARE(cell.text("tblVersions", 0, 3), QString("Current: 100 A → 120 A"));
-            QCOMPARE(cell.text("tblDifferences", 0, 1), QString("120 A"));
             cell.link->node("arc_weld.weld_param", {});
             cell.change({{"arcdata3", {}}});
             QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString());
-            cell.link->node("arc_weld.weld_param",
-                            QVariantMap{{"arcdata3", Cell::file("arcdata3", 120)}});
         }
     }
     void anotherControllerIsAnotherCell()
@@ -205,10 +207,7 @@ private slots:
         const QTemporaryDir folder;
         {
             Cell cell(folder.path());
-            cell.window.show();
-            cell.click("btnFiles");
-            QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString("arcdata3"));
-            cell.window.findChild<QTableView *>("tblFiles")->selectRow(0);
+            cell.openFiles();
             QTRY_COMPARE(cell.text("tblVersions", 0, 3), QString("as found")); // the book is open
             for (const char *store : {"left", "right"}) {
                 cell.link->setUp(false);
@@ -234,25 +233,17 @@ private slots:
     {
         const QTemporaryDir folder;
         Cell cell(folder.path());
-        cell.window.show();
-        cell.click("btnFiles");
-        QTRY_COMPARE(cell.text("tblFiles", 0, 0), QString("arcdata3"));
-        cell.window.findChild<QTableView *>("tblFiles")->selectRow(0);
+        cell.openFiles();
         cell.window.findChild<QComboBox *>("cbxCopyTarget")->setCurrentText("arcdata5");
         cell.click("btnCopyFile");
-        QVERIFY(cell.link->log.last().startsWith("S arc_weld.weld_param arcdata5 "));
-        QVERIFY(cell.link->log.last().contains("\"name\":\"arcdata5\""));
+        QVERIFY(cell.link->log.last().startsWith("S arc_weld.weld_param arcdata5 ")
+                && cell.link->log.last().contains("\"name\":\"arcdata5\""));
         cell.link->node("arc_weld.weld_param arcdata5", Cell::file("arcdata5", 1));
         cell.click("btnUndoFiles"); // somebody else has written it meanwhile
         QVERIFY(cell.logHas("arcdata5 was changed since"));
         cell.link->fail("arc_weld.weld_param arcdata5", 13);
         cell.click("btnCopyFile");
         QVERIFY(cell.logHas("arcdata5 cannot be read"));
-        QDir(folder.path()).mkdir("programs");
-        testsupport::writeFile(folder.filePath("programs/a.tl"),
-                               "ArcOn \"arcondata1\",\"arcdata3\"");
-        cell.click("btnRemoveFile");
-        QTRY_VERIFY(cell.logHas("arcdata3 stays, programs use it: a.tl 1"));
     }
     void aRestoreIsAllOrNothing()
     {
@@ -275,37 +266,27 @@ private slots:
         cell.click("btnReadBackup");
         QCOMPARE(cell.text("tblRestore", 1, 1), QString("arcdata3"));
         QCOMPARE(cell.text("tblRestore", 1, 2), QString("Current: 250 A → 100 A"));
-        QStringList written;
-        cell.link->duringCall = [&](const tessa::LinkRequest &request) {
-            if (request.kind != FakeLink::Kind::Set)
-                return;
-            const QVariantMap file = request.payload.toMap();
-            written += request.key + ' ' + file.value("current").toString()
-                + file.value("test_run_speed").toString();
-            if (request.key == "arcdata4")
+        cell.onWrites([&cell](const QString &file) {
+            if (file == "arcdata4")
                 cell.link->fail("arc_weld.weld_param arcdata4", 13);
-        };
+        });
         cell.click("btnRestore");
         QTRY_VERIFY(cell.logHas("arcdata4: the user may not do that"));
-        QCOMPARE(written,
-                 QStringList({" 250", "arcdata3 100", "arcdata4 100", " 200", "arcdata3 250"}));
+        QCOMPARE(cell.written,
+                 QStringList({" ", "arcdata3 100", "arcdata4 100", " ", "arcdata3 250"}));
+        QVERIFY(cell.link->log.filter("S arc_weld.running_param").last().contains(":200"));
         // Where not even that works, it is done when the controller is back.
         cell.link->node("arc_weld.weld_param arcdata4", Cell::file("arcdata4", 250));
         cell.click("btnReadBackup");
-        cell.link->duringCall = [&](const tessa::LinkRequest &request) {
-            cell.link->up = request.kind != FakeLink::Kind::Set;
-        };
+        cell.onWrites([&cell](const QString &) { cell.link->up = false; });
         cell.click("btnRestore");
         QTRY_VERIFY(cell.logHas("could not be put back") || !cell.host.service()->isConnected());
-        written.clear();
-        cell.link->duringCall = [&](const tessa::LinkRequest &request) {
-            if (request.kind == FakeLink::Kind::Set)
-                written += request.key;
-        };
+        cell.written.clear();
+        cell.onWrites([](const QString &) {});
         cell.link->setUp(false);
         cell.link->setUp(true);
         QTRY_VERIFY(cell.logHas("a restore that was cut off was taken back"));
-        QCOMPARE(written, QStringList({"", "arcdata3", "arcdata4"}));
+        QCOMPARE(cell.written, QStringList({" ", "arcdata3 250", "arcdata4 250"}));
     }
     void aBookThatCannotBeOpenedIsTold()
     {

@@ -150,11 +150,9 @@ private slots:
             QVERIFY(fixture.controller.fillWithExample().ok());
             for (const char *key : {"enable", "connect_to_welder"})
                 QCOMPARE(fixture.get("arc_weld.welder_setting", key).value.toBool(), !used);
-            for (const char *file :
-                 {"arcon_param arcondata3", "weld_param arcdata3", "arcoff_param arcoffdata3"}) {
-                const QByteArrayList parts = QByteArray(file).split(' ');
-                const QVariant stored = fixture.get("arc_weld." + parts[0], parts[1]).value;
-                QCOMPARE(childAt(stored, "current").toDouble() > 0, !used);
+            for (const QString set : {"arcon_param", "weld_param", "arcoff_param"}) {
+                const QVariantMap files = fixture.get("arc_weld." + set).value.toMap();
+                QCOMPARE(childAt(files.value(files.lastKey()), "current").toDouble() > 0, !used);
             }
         }
     }

@@ -84,9 +84,7 @@ private slots:
              {"mode in another case", Do, setWeldMode, "", with(real, "mode", "Real"), OutOfRange},
              {"no payload", Do, setWeldMode, "", {}, BadPayload},
              {"current", Do, setWelder, "", with(good, "current_type", 400), OutOfRange},
-             {"current as text", Do, setWelder, "", with(good, "current_type", "500"), BadPayload},
              {"no signal", Do, setAnticollision, "", without(collision, "signal"), BadPayload},
-             {"arc start as weld data", Do, enableWeldParam, "", named("arcondata7"), BadPayload},
              {"weld data", Do, enableWeldParam, "", data, OutOfRange},
              {"wire, name", Do, wireFeed, "wire_feed", QVariantMap{{"feed", true}}, BadPayload},
              {"stranger", Do, removeArcOn, "", QStringList{file1, "arcdata1"}, UnknownKey},
@@ -96,9 +94,7 @@ private slots:
              // nodes
              {"unknown node", Get, "arc_weld.explode", "", {}, UnknownNode},
              {"read only", Set, "cell.journal", "", real, ReadOnly},
-             {"mode past its command", Set, "arc_weld.weld_mode", "", real, ReadOnly},
              {"one child", Set, runningParam, "test_run_speed", run, UnknownKey},
-             {"too slow", Set, runningParam, "", with(run, "test_run_speed", 0), OutOfRange},
              {"too fast", Set, runningParam, "", with(run, "test_run_speed", 251), OutOfRange},
              {"incomplete", Set, runningParam, "", without(run, "gas_detect_time"), BadPayload},
              {"seldom", Set, welderStateRate, "", QVariantMap{{"rate", 9}}, OutOfRange},
@@ -106,9 +102,7 @@ private slots:
              {"unknown kind", Set, project, "gripper._list", two, UnknownKey},
              {"same id", Set, project, "tool._list", QVariantList{item("a"), item("a")},
               BadPayload},
-             {"no id", Set, project, "tool._list", QVariantList{named("a")}, BadPayload},
              // files
-             {"another set's", Set, arcOn, "arcdata3", named("arcdata3"), UnknownKey},
              {"after the last", Set, arcOn, "arcondata41", named("arcondata41"), UnknownKey},
              {"another spelling", Get, arcOn, "arcondata01", {}, UnknownKey},
              {"another name", Set, arcOn, "arcondata3", named("arcondata4"), BadPayload},
@@ -116,14 +110,12 @@ private slots:
              {"above", Set, arcOn, file1, start("current", 1e9), OutOfRange},
              {"no number", Set, arcOn, file1, start("current", qQNaN()), BadPayload},
              {"fraction", Set, arcOn, file1, start("hold_time", 300.5), BadPayload},
-             {"huge for int", Set, arcOn, file1, start("hold_time", 1e300), OutOfRange},
              {"int for bool", Set, arcOn, file1, start("re_arcon", QVariantMap{{"enable", 1}}),
               BadPayload},
              {"for inner node", Set, arcOn, file1, start("re_arcon", 5), BadPayload},
              {"long text", Set, arcOn, file1, start("x", QString(1 << 20, 'x')), BadPayload},
              {"no JSON", Set, arcOn, file1, start("x", QByteArray("x")), BadPayload},
-             {"two times", Set, weave, "weavedata1", dwell(QVariantList{0, 0}), BadPayload},
-             {"one time", Set, weave, "weavedata1", dwell(5), BadPayload}});
+             {"two times", Set, weave, "weavedata1", dwell(QVariantList{0, 0}), BadPayload}});
     }
     void refused()
     {
@@ -174,7 +166,6 @@ private slots:
              {"tool", toolPage, "", QVariantMap{{"tool", "tool0"}, {"wobj", "fixture1"}}},
              {"list in the writer's order", project, "tool._list",
               QVariantList{item("z"), item("a")}},
-             {"int for number", arcOn, file1, start({{"current", 180}})},
              {"unknown code", arcOn, file1, start({{"mode", "cold_arc"}})},
              {"unknown children", arcOn, file1,
               start({{"hot_start", QVariantMap{{"current", 250.5}, {"on", true}}},
@@ -212,9 +203,6 @@ private slots:
                 most.append(device[range].toMap()["separate"].toList().at(1).toDouble());
         }
         QVERIFY(most.at(2) < most.at(0) && most.at(3) < most.at(1)); // the smaller welder
-        for (const int current : {350, 500, 630, 800})
-            QVERIFY(
-                fixture.run(setWelder, ControllerFixture::welder("RP/RPH", current, true)).ok());
     }
     void welderErrorShowsAndPasses()
     {

@@ -134,17 +134,6 @@ private slots:
         delete second; // its owner may take a page away
         QVERIFY(!center.switchTo("second") && !center.switchTo("third"));
     }
-    void itemsStandBeforeOthers()
-    {
-        pando::StatusBar bar;
-        for (const char *key : {"a", "b"})
-            bar.addItem(this, key, new QWidget);
-        bar.addBeforeItem(this, "x", "b", new QWidget);
-        bar.addBeforeItem(this, "y", "nowhere", new QWidget);
-        int place = 0;
-        for (const char *key : {"a", "x", "b", "y"})
-            QCOMPARE(bar.layout()->itemAt(place++)->widget(), bar.item(key));
-    }
 
 private:
     void create(const QString &name, const QString &addsIn = {})

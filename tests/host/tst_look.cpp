@@ -66,29 +66,6 @@ private slots:
         QVERIFY(problems.at(1).at(0).toString().contains("$color$nobody, $size$big"));
         QVERIFY(problems.at(2).at(0).toString().startsWith(broken + ':'));
     }
-    void iconsComeFromTheThemeAndFromAliases()
-    {
-        QVERIFY(!m_theme.getIcon("widget", "home").isNull());
-        QVERIFY(m_theme.getIcon("handle", "key").isNull());
-        m_theme.addAlias("sample");
-        QVERIFY(!m_theme.getIcon("handle", "key").isNull());
-        QVERIFY(m_theme.getIcon("handle", "nobody").isNull());
-    }
-    void aPictureIsPaintedInOneInk()
-    {
-        QImage image(2, 1, QImage::Format_ARGB32);
-        image.setPixelColor(0, 0, Qt::green);
-        image.setPixelColor(1, 0, Qt::transparent);
-        const QString path = m_folder.filePath("picture.png");
-        QVERIFY(image.save(path));
-        const auto painted = [&](const QString &ink) {
-            return vu::xtheme::pixmap(path, ink).toImage();
-        };
-        QCOMPARE(painted("black").pixelColor(0, 0), QColor("#445566"));
-        QCOMPARE(painted("red").pixelColor(0, 0), QColor(Qt::red));
-        QCOMPARE(painted("black").pixelColor(1, 0).alpha(), 0);
-        QVERIFY(vu::xtheme::pixmap(m_folder.filePath("nobody.png"), "black").isNull());
-    }
     void aSheetIsSetOnceOnTop()
     {
         QWidget above;
@@ -100,19 +77,6 @@ private slots:
         above.setStyleSheet("a{}");
         setRecursiveWidgetStyleSheet(&top, "a{}"); // in force already
         QCOMPARE(top.styleSheet(), QString());
-    }
-    void aSwitchTellsEveryChangeUnlessBlocked()
-    {
-        EnableButton button;
-        QSignalSpy enabled(&button, &EnableButton::enabled);
-        button.setChecked(true);
-        QTest::mouseClick(&button, Qt::LeftButton);
-        button.setChecked(false);
-        QCOMPARE(enabled, QList<QList<QVariant>>({{true}, {false}}));
-        const QSignalBlocker blocker(&button);
-        button.setChecked(true);
-        QCOMPARE(enabled.size(), 2);
-        QVERIFY(static_cast<QWidget &>(button).minimumSizeHint().height() >= 45);
     }
     void aHeldButtonIsReleasedOnce()
     {

@@ -4,12 +4,9 @@
 #include "instructions/forms/arconpropertywidget.h"
 #include "instructions/forms/segonpropertywidget.h"
 #include "instructions/forms/weavedatadialog.h"
-#include "instructions/forms/weavewidget.h"
 #include "instructions/forms/wordwidgets.h"
-#include "instructions/move/movepropertypointwidget.h"
 #include "instructions/tlarcweld.h"
 #include "pendant/program/hostproject.h"
-#include "settings/weavefunctionpage.h"
 #include "support/datarows.h"
 #include "support/formhost.h"
 #include "tl/checker.h"
@@ -58,8 +55,6 @@ private slots:
             insert->FillWith("nonsense, that no form reads");
             QCOMPARE(insert->ToString(), line);
             QCOMPARE(m_host->takeMessages(), QStringList());
-            const QString prefix = QString(name).replace("ArcO", "Arco");
-            QCOMPARE(insert->metaObject()->className(), qPrintable(prefix + "InsertWidget"));
             QVERIFY(insert->CheckInsert() && propertyForm(name)->CheckReplace());
         }
     }
@@ -96,29 +91,6 @@ private slots:
         form.FillWith(R"(ArcOn "arcondata5","arcdata6")");
         QCOMPARE(child<QDoubleSpinBox>(&form, "sbxArconCurrent")->value(), 155.5);
         QVERIFY(m_host->stored("arc_weld.weld_param", "arcdata6").isValid());
-    }
-    // Other parts of a pendant reach the forms by these names.
-    void slotsByName()
-    {
-        const QString group = "onCurrentModeChanged(int) onVoltageModeChanged(int) "
-                              "onParamFileNumberChanged(int) onSaveButtonClicked() "
-                              "onCancelButtonClicked() ";
-        const QString weave = "onFileNumberChanged(int) onStandardTypeChanged(int) "
-                              "onPatternChanged(int) onElevationTypeChanged(int) "
-                              "onStayTypeChanged(int) switchStayTime() onSaveButtonClicked()";
-        const QVector<QPair<const QMetaObject *, QString>> rows{
-            {&ArconPropertyWidget::staticMetaObject,
-             group
-                 + "onArconLeadTimeEditFinished() onArcBreakOptionChanged(int) onTabChanged(int)"},
-            {&ArcoffPropertyWidget::staticMetaObject, group + "onArcOffDataFoldButtonClicked()"},
-            {&WeaveWidget::staticMetaObject, weave},
-            {&WeaveFunctionPage::staticMetaObject, weave},
-            {&MovePropertyPointWidget::staticMetaObject, "onTabChanged(int) stopMove()"},
-        };
-        for (const auto &[meta, names] : rows) {
-            for (const QString &name : names.split(' ', Qt::SkipEmptyParts))
-                QVERIFY2(meta->indexOfSlot(name.toLatin1()) >= 0, qPrintable(name));
-        }
     }
     void tabsToggleTheOtherFold()
     {

@@ -168,20 +168,6 @@ private slots:
                  QStringList("error: arcdata2: read parameter error [monitor]"));
         QCOMPARE(ui.box("sbxCurrent")->value(), 115.0);
     }
-    // What another pendant saved since is not undone by a trim of the other value.
-    void aTrimLeavesTheOtherValueToOthers()
-    {
-        Fixture ui;
-        auto &answers = ui.host.link()->answers;
-        answers[readFile] = QVariantMap{{"current", 100.0}, {"voltage", 20.0}, {"weld_speed", 5}};
-        answers[writeFile] = 0;
-        ui.asked("arcdata2");
-        ui.press("btnVoltageAdd1");
-        answers[readFile] = QVariantMap{{"current", 180.0}, {"voltage", 20.0}, {"weld_speed", 9}};
-        ui.press("btnSave");
-        QCOMPARE(ui.host.link()->lastPayload.toMap(),
-                 (QVariantMap{{"current", 180.0}, {"voltage", 21.0}, {"weld_speed", 9}}));
-    }
     // News of a value that is trimmed here are told, and the save that did not know is not done.
     void whatWasSavedElsewhereIsNotUndone()
     {

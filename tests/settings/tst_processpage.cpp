@@ -149,22 +149,6 @@ private slots:
             QCOMPARE(ui.shownVoltage(), QString("%1 of 0..200 %").arg(group.separateMaximum));
         }
     }
-    void slotsByName()
-    {
-        Fixture ui(weld);
-        for (const char *slot : {"onCurrentModeChanged(int)", "onVoltageModeChanged(int)",
-                                 "onArcBreakOptionChanged(int)", "onParamFileNumberChanged(int)",
-                                 "onArconLeadTimeEditFinished()", "onSaveButtonClicked()",
-                                 "onCancelButtonClicked()", "onEnableButtonClicked()"})
-            QVERIFY2(ui.page.metaObject()->indexOfSlot(slot) >= 0, slot);
-        ui.page.handleSwitchVoltageMode(ui.voltage, 1);
-        QCOMPARE(ui.voltage->maximum(), 35.0);
-        ui.page.setupMode(ui.find<QLabel>("lbl_weldWorkMode"), ui.combo("cbx_weldWorkMode"),
-                          {"Job", "Pulse"}, "Work");
-        QCOMPARE(ui.combo("cbx_weldWorkMode")->itemData(1), QVariant("pulse"));
-        ui.page.initVariant();
-        QCOMPARE(ui.combo("cbx_weldWorkMode")->count(), 12);
-    }
     void withoutTheWeldersRangesTheFixedOnesHold()
     {
         for (const Group &group : groups) {

@@ -74,7 +74,6 @@ private slots:
                                    {"a \"b", {}, "a|\"b"},
                                    {"\"a\\\"b\"", "a\\", "\"a\\\"b\""}, // no escapes
                                    {R"(ArcOn "my data")", "my data", R"(ArcOn|"my|data")"},
-                                   {", DetectGas ,1.5;, ", {}, "DetectGas|1.5;"},
                                    {"f(a\tb,点)", {}, "f(a\tb|点)"}});
     }
     void tokens()
@@ -91,16 +90,11 @@ private slots:
             {{R"(ArcOn "arcondata3", "arcdata40")", R"(ArcOn "arcondata3","arcdata40")"},
              {R"(ArcOn "ARCONDATA3","ArcData40";)", R"(ArcOn "arcondata3","arcdata40")"},
              {R"(ArcOff "ArcOffData1")", R"(ArcOff "arcoffdata1")"},
-             {R"(WeaveOn "weavedata7")", R"(WeaveOn "weavedata7")"},
              {R"(SegOn, ("segdata40");)", R"(SegOn "segdata40")"},
-             {"DetectGas 0.1", "DetectGas 0.1"},
              {"DetectGas 1e2", "DetectGas 100"},
              {"FeedOnWire  1.234,", "FeedOnWire 1.234"},
-             {"FeedBackWire 0.05", "FeedBackWire 0.05"},
              {"FeedBackWire 123456.7", "FeedBackWire 123457"}, // six digits
              {"FeedBackWire -0", "FeedBackWire 0"},
-             {"WeaveOff", "WeaveOff"},
-             {"SegOff", "SegOff"},
              {"WMoveL Offs(p1, 1,2,3), s1 z1,tool0,w0", "WMoveL Offs(p1,1,2,3),s1,z1,tool0,w0"},
              {R"(WMoveC p2,p3,s1,z1,t0,w0,"weavedata1")",
               R"(WMoveC p2,p3,s1,z1,t0,w0,"weavedata1")"},
@@ -108,7 +102,6 @@ private slots:
               "WMoveC RelTool(p2,1,2,3,4,5,6),p3,s1,z1,t0,w0"},
              {" \tWeaveOff ; // done", "WeaveOff"},
              {R"(ArcOff, "arcoffdata1")", R"(ArcOff "arcoffdata1")"},
-             {"FeedOnWire 4000;", "FeedOnWire 4000"},
              {"MoveJ p1,v10,fine,tool0,w0", "MoveJ p1,v10,fine,tool0,w0"},
              {"WMoveL p1,v10,fine,tool0 // wobj9", "WMoveL p1,v10,fine,tool0,-"}});
     }
@@ -128,26 +121,21 @@ private slots:
         addRows<QString, QString>(
             {{R"(  ArcOn "arcondata1")", R"(ArcOn "-","-")", "3: arcon tl command format error"},
              {"ArcOn arcondata1,arcdata1", R"(ArcOn "-","-")", "7: arcondata format error"},
-             {R"(ArcOn "arcondata3",arcdata1)", R"(ArcOn "-","-")", "20: arcdata format error"},
              {R"(ArcOn "arcondata03","arcdata1")", R"(ArcOn "-","-")", "7: arcondata format error"},
              {R"(ArcOn "arcondata3", "arcdata0")", R"(ArcOn "arcondata3","-")",
               "21: arcdata format error"},
              {R"(ArcOff "arcdata1")", R"(ArcOff "-")", "8: arcoffdata format error"},
-             {R"(WeaveOn "WeaveData7")", R"(WeaveOn "-")", "9: weavedata format error"},
              {R"(WeaveOn "weavedata41")", R"(WeaveOn "-")", "9: weavedata format error"},
-             {"SegOn segdata1", R"(SegOn "-")", "7: segdata format error"},
              {"DetectGas 0.05", "-", "11: detectgas time format error"},
              {"DetectGas 1,5", "-", "11: detectgas time format error"},
              {"DetectGas 1, 5", "-", "1: detectgas tl command format error"},
              {"FeedBackWire -1", "-", "14: feedbackwire time format error"},
-             {"FeedOnWire 2;5", "-", "12: feedonwire time format error"},
              {"DetectGas nan", "-", "11: detectgas time format error"},
              {" FeedOnWire 1 2", "-", "2: feedonwire tl command format error"},
              {"FeedBackWire\t1", "-", "1: feedbackwire tl command format error"},
              {"SegOff.", "-", "1: segoff tl command format error"},
              {" WMoveL p1,s1,z1,t0,w0,\"w\",x", "-", "2: wmovel tl command format error"},
              {"WMoveC p1,s1,z1,t0", "-", "1: wmovec tl command format error"},
-             {"WMoveC a,b,c,d,e,f,g,h", "-", "1: wmovec tl command format error"},
              {"MoveL p1,v10,fine,t0,w0,\"weavedata1\"", "-", "1: movel format error"},
              {R"(WMoveL p1,s1,z1,tool0,"weavedata1")", "WMoveL p1,s1,z1,tool0,_weavedata1_",
               "23: wobj format error"}});
@@ -162,25 +150,19 @@ private slots:
         const Problem &problem = line.problems.first();
         QCOMPARE(QString("%1: %2").arg(problem.column).arg(shown(problem.message)), said);
     }
-    void formsReadWhatTheyAreGiven_data()
-    {
-        addRows<Word>({{"WeaveOff ", Word::WeaveOff},
-                       {"SegOff;", Word::SegOff},
-                       {"FeedOnWire 2;", Word::FeedOnWire},
-                       {"DetectGas 2 // s", Word::DetectGas}});
-    }
     // A form is handed text as it stands; what is around an instruction is for others to take off.
     void formsReadWhatTheyAreGiven()
     {
-        const auto &[line, word] = currentRow<Word>();
-        QCOMPARE(parseAs(word, line).problems.size(), 1);
-        QVERIFY(parse(line).problems.isEmpty());
+        for (const auto &[line, word] :
+             {std::pair{"WeaveOff ", Word::WeaveOff}, {"DetectGas 2 // s", Word::DetectGas}}) {
+            QCOMPARE(parseAs(word, line).problems.size(), 1);
+            QVERIFY(parse(line).problems.isEmpty());
+        }
     }
     void whatIsAroundAnInstruction_data()
     {
         addRows<QString>({{" \tWeaveOff ; // a // b", " \t|WeaveOff| ; // a // b"},
                           {"ArcOff \"//\"//", "|ArcOff \"//\"|//"},
-                          {"ArcOff \" // x", "|ArcOff \"| // x"},
                           {"  # WeaveOff", "  ||# WeaveOff"},
                           {"!WeaveOff", "||!WeaveOff"},
                           {"", "||"},
@@ -211,41 +193,34 @@ private slots:
     }
     void points_data()
     {
-        using Kind = PointKind;
         // what is read; whether that is all; the normal form
-        addRows<Kind, QString, QVector<double>, bool, QString>(
-            {{"p10", Kind::Plain, "p10", {}, true, "p10"},
-             {"Offs( p1 , 10,-5.50,0)",
-              Kind::Offs,
-              "p1",
-              {10, -5.5, 0},
-              true,
+        addRows<PointKind, QString, QString, bool, QString>(
+            {{"p10", PointKind::Plain, "p10", "", true, "p10"},
+             {"Offs( p1 , 10,-5.50,0)", PointKind::Offs, "p1", "10 -5.5 0", true,
               "Offs(p1,10,-5.5,0)"},
-             {"Reltool(p1,0,0,1,2,3,4)",
-              Kind::RelTool,
-              "p1",
-              {0, 0, 1, 2, 3, 4},
-              true,
+             {"Reltool(p1,0,0,1,2,3,4)", PointKind::RelTool, "p1", "0 0 1 2 3 4", true,
               "Reltool(p1,0,0,1,2,3,4)"},
-             {"Offs(p1,1,x,3)", Kind::Offs, "p1", {1, 0, 3}, false, ""},
-             {"Offs(p1,1,nan)", Kind::Offs, "p1", {1, 0, 0}, false, ""},
-             {"Offs(p1,1,2,3,4)", Kind::Offs, "p1", {1, 2, 3}, false, ""},
-             {"Offs(p1,1.2345678,0,0)", Kind::Offs, "p1", {1.2345678, 0, 0}, true, ""},
-             {"offs(p1,1,2,3)", Kind::Plain, "p1", {}, false, ""},
-             {"Offs(,)", Kind::Offs, "", {0, 0, 0}, false, ""},
-             {"Offs(RelTool(p1,0,0,1)", Kind::Offs, "RelTool(p1", {0, 0, 1}, true, ""},
-             {"f(", Kind::Plain, "f(", {}, false, ""},
-             {"\"p.\t1\"", Kind::Plain, "\"p.\t1\"", {}, false, ""},
-             {"f() Offs(p1,1,2,3)", Kind::Offs, "p1", {1, 2, 3}, false, ""}});
+             {"Offs(p1,1,x,3)", PointKind::Offs, "p1", "1 0 3", false, ""},
+             {"Offs(p1,1,nan)", PointKind::Offs, "p1", "1 0 0", false, ""},
+             {"Offs(p1,1,2,3,4)", PointKind::Offs, "p1", "1 2 3", false, ""},
+             {"Offs(p1,1.2345678,0,0)", PointKind::Offs, "p1", "1.2345678 0 0", true, ""},
+             {"offs(p1,1,2,3)", PointKind::Plain, "p1", "", false, ""},
+             {"Offs(,)", PointKind::Offs, "", "0 0 0", false, ""},
+             {"Offs(RelTool(p1,0,0,1)", PointKind::Offs, "RelTool(p1", "0 0 1", true, ""},
+             {"\"p.\t1\"", PointKind::Plain, "\"p.\t1\"", "", false, ""},
+             {"f() Offs(p1,1,2,3)", PointKind::Offs, "p1", "1 2 3", false, ""}});
     }
     void points()
     {
         const auto &[text, kind, name, numbers, asWritten, normal] =
-            currentRow<PointKind, QString, QVector<double>, bool, QString>();
+            currentRow<PointKind, QString, QString, bool, QString>();
         const PointReading reading = readPoint(text);
         QCOMPARE(reading.point.kind, kind);
         QCOMPARE(reading.point.name, name);
-        QCOMPARE(reading.point.numbers, numbers);
+        QStringList read;
+        for (const double number : reading.point.numbers)
+            read.append(QString::number(number, 'g', 8));
+        QCOMPARE(read.join(' '), numbers);
         QCOMPARE(reading.isAsWritten, asWritten);
         QCOMPARE(reading.normalForm(), normal);
     }
@@ -272,10 +247,7 @@ private slots:
     {
         addRows<QString, QString>({{"one word before nothing", "", "a"},
                                    {"open expressions", "WMoveL f(x) ", "a("},
-                                   {"empty expressions", "", "a()"},
                                    {"opening parentheses", "f(x)", "("},
-                                   {"quotes", "WeaveOn ", "\""},
-                                   {"separators", "ArcOn ", " ,"},
                                    {"digits", "FeedOnWire ", "9"},
                                    {"letters outside ASCII", "WMoveL ", "点"}});
     }

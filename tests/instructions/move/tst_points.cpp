@@ -21,6 +21,7 @@ const QString writeList = QStringLiteral("set orbo.project point._list");
 const QString getPosition = QStringLiteral("do tl_program.get_rob_pos");
 const QString moveCommand = QStringLiteral("do motion.move.to_point request");
 const QString stopCommand = QStringLiteral("do motion.move.stop request");
+const char readPosition[] = "btnUpdateLocation";
 const QStringList axes{"sbxX", "sbxY", "sbxZ", "sbxA", "sbxB", "sbxC"};
 const Values poseOfP7{800, 0, 200, 180, 0, 180};
 const Values somewhere{12.5, -3, 450.125, 1, 2, 3};
@@ -44,32 +45,31 @@ void whenAsked(const std::function<void(QMessageBox *)> &act)
     });
 }
 
-// Whoever lacks the link says so without a name.
-QString by(const QString &said, const QString &form)
-{
-    return " [" + (said == "tessa not connected" ? QString() : form) + ']';
-}
-
 void agree(QMessageBox *box)
 {
     QCOMPARE(box->text(), "Determine the refresh point?");
     box->buttons().first()->click();
 }
 
-/// The property form of a circular move; a test looks at one point or at the other.
+/// The property form of a circular move, or another; a test looks at one point or at the other.
 struct Fixture
 {
     FormHost host;
-    std::unique_ptr<WMoveCPropertyWidget> form;
-    MovePropertyPointWidget *panel;
-    QWidget *group;
+    std::unique_ptr<tessa::BaseContentWidget> form;
+    MovePropertyPointWidget *panel = nullptr;
+    QWidget *group = nullptr;
 
     explicit Fixture(bool aux = false, const QString &points = "p6,p7")
-        : form(std::make_unique<WMoveCPropertyWidget>(host.window()))
-        , panel(child<MovePropertyPointWidget>(form.get(), "MovePropertyPointWidget"))
-        , group(child(form.get(), aux ? "wgtAux" : "wgtTarget"))
     {
+        make<WMoveCPropertyWidget>(aux ? "wgtAux" : "wgtTarget");
         fill(points);
+    }
+    template<typename Form>
+    void make(const char *point = "wgtTarget")
+    {
+        form = std::make_unique<Form>(host.window());
+        panel = form->template findChild<MovePropertyPointWidget *>();
+        group = child(form.get(), point);
     }
     void fill(const QString &points, const QString &with = "torch1,fixture1")
     {
@@ -81,10 +81,11 @@ struct Fixture
     {
         return child<QDoubleSpinBox>(child(group, row), axis);
     }
-    void readPosition() const
+    void press(const QString &name) const
     {
-        whenAsked(agree);
-        button("btnUpdateLocation")->click();
+        if (name == readPosition)
+            whenAsked(agree);
+        button(name)->click();
     }
     Values position() const
     {
@@ -126,27 +127,6 @@ QVariantMap entry(const QString &id, const QString &name)
 {
     return {{"id", id}, {"name", name}, {"user_frame", "bench"}};
 }
-
-/// One of the forms with two points.
-struct Forms
-{
-    FormHost host;
-    std::unique_ptr<tessa::BaseContentWidget> form;
-
-    explicit Forms(bool insert)
-    {
-        if (insert)
-            form = std::make_unique<WMoveCInsertWidget>(host.window());
-        else
-            form = std::make_unique<WMoveCPropertyWidget>(host.window());
-        form->FillWith("WMoveC p1,p1,v5,fine,torch1,wobj0");
-        host.takeRequests();
-    }
-    void newPoint(const char *edit)
-    {
-        child<QPushButton>(child(form.get(), edit), "btnNewPoint")->click();
-    }
-};
 
 } // namespace
 
@@ -234,7 +214,7 @@ private slots:
             ui.box("wgtPosition", "sbxZ")->setValue(250.5);
             QCOMPARE(move(), "world wobj0");
             QCOMPARE(ui.sentPose(), (Values{800, 0, 250.5, 180, 0, 180}));
-            ui.readPosition();
+            ui.press(readPosition);
             QCOMPARE(ui.position(), somewhere);
             QCOMPARE(move(), "world fixture1");
             QCOMPARE(ui.sentPose(), somewhere);
@@ -252,10 +232,9 @@ private slots:
     {
         Fixture ui;
         m("orbo.toolpage.wobj")->set(nullptr, QString(), "fixture1");
-        ui.form = std::make_unique<WMoveCPropertyWidget>(ui.host.window());
-        ui.group = child(ui.form.get(), "wgtTarget");
+        ui.make<WMoveCPropertyWidget>();
         const auto asked = [&ui] {
-            ui.readPosition();
+            ui.press(readPosition);
             return ui.sent("parameters.tool").toString() + ' '
                 + ui.sent("parameters.wobj").toString();
         };
@@ -281,36 +260,50 @@ private slots:
     }
     void failures_data()
     {
-        const QString noPosition = "get robot position fail";
-        const QString noMove = "move to point fail";
-        addRows<QString, FormHost::Failure, QString>(
-            {{"position refused", getPosition, FormHost::Refused, noPosition},
-             {"no position", getPosition, FormHost::NoAnswer, noPosition},
-             {"no link for it", getPosition, FormHost::LinkDown, noPosition},
-             {"move refused", moveCommand, FormHost::Refused, noMove},
-             {"move not answered", moveCommand, FormHost::NoAnswer, noMove},
-             {"no link to move", moveCommand, FormHost::LinkDown, "tessa not connected"},
-             {"stop refused", stopCommand, FormHost::Refused, "stop move fail"},
-             {"no link to stop", stopCommand, FormHost::LinkDown, "stop move fail"}});
+        const QString noPosition = "get robot position fail", noMove = "move to point fail";
+        const QString noPoint = "create point fail", noLink = "tessa not connected";
+        // a button, the request that fails, and how; what is said
+        addRows<QString, QString, FormHost::Failure, QString>(
+            {{"position refused", readPosition, getPosition, FormHost::Refused, noPosition},
+             {"no position", readPosition, getPosition, FormHost::NoAnswer, noPosition},
+             {"no link for it", readPosition, getPosition, FormHost::LinkDown, noPosition},
+             {"move refused", "btnPointMoveJ", moveCommand, FormHost::Refused, noMove},
+             {"move not answered", "btnPointMoveJ", moveCommand, FormHost::NoAnswer, noMove},
+             {"no link to move", "btnPointMoveJ", moveCommand, FormHost::LinkDown, noLink},
+             {"stop refused", "btnStop", stopCommand, FormHost::Refused, "stop move fail"},
+             {"no link to stop", "btnStop", stopCommand, FormHost::LinkDown, "stop move fail"},
+             {"no link for a point", "btnNewPoint", getPosition, FormHost::LinkDown, noLink},
+             {"no position for one", "btnNewPoint", getPosition, FormHost::NoAnswer, noPosition},
+             {"list refused", "btnNewPoint", readList, FormHost::Refused, noPoint},
+             {"no answer to the list", "btnNewPoint", readList, FormHost::NoAnswer, noPoint},
+             {"disk full", "btnNewPoint", writeList, FormHost::DiskFull, noPoint},
+             {"no answer to the write", "btnNewPoint", writeList, FormHost::NoAnswer, noPoint}});
     }
     void failures()
     {
-        const auto &[name, request, failure, said] =
-            currentRow<QString, FormHost::Failure, QString>();
+        const auto &[name, button, request, failure, said] =
+            currentRow<QString, QString, FormHost::Failure, QString>();
         Fixture ui;
+        if (name == "list refused") // either form reports under its own name
+            ui.make<WMoveCInsertWidget>();
         const QString line = ui.form->ToString();
+        const kelp::ModuleObject *list = m("orbo.project.point._list");
+        const QVariant copy = list->toVariant();
+        const QVariantList stored = storedPoints(ui.host);
         ui.host.spoil(failure, request);
-        if (request == getPosition)
-            ui.readPosition();
-        else
-            ui.button(request == stopCommand ? "btnStop" : "btnPointMoveJ")->click();
-        QCOMPARE(ui.host.takeMessages(),
-                 QStringList("error: " + said + by(said, "WMoveCPropertyWidget")));
-        QCOMPARE(ui.position(), poseOfP7);
+        ui.press(button);
+        // Whoever lacks the link says so without a name.
+        const QString by = said == "tessa not connected" ? QString() : ui.form->objectName();
+        QCOMPARE(ui.host.takeMessages(), QStringList("error: " + said + " [" + by + ']'));
         QCOMPARE(ui.form->ToString(), line);
-        // What can be moved to is still the point, in the point's own frame.
+        QCOMPARE(list->toVariant(), copy);
         QVERIFY(ui.host.mend());
-        ui.button("btnPointMoveJ")->click();
+        QCOMPARE(storedPoints(ui.host), stored);
+        if (!ui.panel)
+            return;
+        QCOMPARE(ui.position(), poseOfP7);
+        // What can be moved to is still the point, in the point's own frame.
+        ui.press("btnPointMoveJ");
         QCOMPARE(ui.sentFrame(), "world wobj0");
     }
     void unknownPoint()
@@ -336,14 +329,6 @@ private slots:
         m("orbo.project.point.system_list")->c("home", true)->set(nullptr, "name", "home");
         ui.fill("p6,home");
         QCOMPARE(ui.host.takeMessages(), QStringList());
-    }
-    void anUnknownFunctionIsAPlainPointWithItsNumbers()
-    {
-        Fixture ui(false, "p6,Foo(p7,1,2,3)");
-        QVERIFY(child<QAbstractButton>(ui.group, "rbtnPlain")->isChecked());
-        QCOMPARE(ui.box("wgtOffsets", "sbxZ")->value(), 3.0);
-        QVERIFY(ui.box("wgtComplex", "sbxX")->isReadOnly());
-        QCOMPARE(ui.panel->getParam(), "p6,p7");
     }
     void aPointTaughtElsewhereIsTold_data()
     {
@@ -379,9 +364,14 @@ private slots:
     void aNewPointIsStoredWholeAndChosen()
     {
         for (const bool insert : {true, false}) {
-            Forms ui(insert);
+            Fixture ui;
+            ui.fill("p1,p1", "torch1,wobj0");
+            if (insert)
+                ui.make<WMoveCInsertWidget>();
+            const auto points = [&ui] { return ui.form->ToString().section(',', 0, 1); };
             QVariantList expected = storedPoints(ui.host);
-            ui.newPoint("wgtTarget");
+            ui.host.takeRequests();
+            ui.press("btnNewPoint");
             QCOMPARE(ui.host.takeRequests(), QStringList({getPosition, readList, writeList}));
             const QVariantMap point = storedPoints(ui.host).last().toMap();
             QCOMPARE(storedPoints(ui.host), expected << point);
@@ -403,9 +393,9 @@ private slots:
             QCOMPARE(QVariant(answer->r("q")->getList()), childAt(point, "joint.q"));
             QCOMPARE(childAt(point, "joint.q").toList().size(), 6);
 
-            QCOMPARE(ui.form->ToString(), "WMoveC p1,p9,v5,fine,torch1,wobj0");
-            ui.newPoint("wgtAux");
-            QCOMPARE(ui.form->ToString(), "WMoveC p10,p9,v5,fine,torch1,wobj0");
+            QCOMPARE(points(), "WMoveC p1,p9");
+            child<QPushButton>(child(ui.form.get(), "wgtAux"), "btnNewPoint")->click();
+            QCOMPARE(points(), "WMoveC p10,p9");
             QCOMPARE(ui.host.takeMessages(), QStringList());
         }
     }
@@ -439,43 +429,14 @@ private slots:
     }
     void aNewPointKeepsWhatAnotherPendantWrote()
     {
-        Forms ui(false);
+        Fixture ui;
         QVariantList points = storedPoints(ui.host);
         points << entry("x", "p9") << entry("p10", "seam");
         QCOMPARE(ui.host.store(project, pointList, points), 0);
-        ui.newPoint("wgtTarget");
+        ui.press("btnNewPoint");
         const QVariantList now = storedPoints(ui.host);
         QCOMPARE(now.mid(0, points.size()), points);
         QCOMPARE(childAt(now.last(), "name").toString(), "p11");
-    }
-    void failuresOfANewPoint_data()
-    {
-        addRows<FormHost::Failure, QString, QString>(
-            {{"not connected", FormHost::LinkDown, getPosition, "tessa not connected"},
-             {"position refused", FormHost::Refused, getPosition, "get robot position fail"},
-             {"no answer to it", FormHost::NoAnswer, getPosition, "get robot position fail"},
-             {"list refused", FormHost::Refused, readList, "create point fail"},
-             {"no answer to the list", FormHost::NoAnswer, readList, "create point fail"},
-             {"disk full", FormHost::DiskFull, writeList, "create point fail"},
-             {"no answer to the write", FormHost::NoAnswer, writeList, "create point fail"}});
-    }
-    void failuresOfANewPoint()
-    {
-        const auto &[name, failure, request, said] =
-            currentRow<FormHost::Failure, QString, QString>();
-        Forms ui(request == readList); // both report under their own name
-        const QString before = ui.form->ToString();
-        const kelp::ModuleObject *shown = m("orbo.project.point._list");
-        const QVariant copy = shown->toVariant();
-        const QVariantList stored = storedPoints(ui.host);
-        ui.host.spoil(failure, request);
-        ui.newPoint("wgtTarget");
-        QCOMPARE(ui.host.takeMessages(),
-                 QStringList("error: " + said + by(said, ui.form->objectName())));
-        QCOMPARE(ui.form->ToString(), before);
-        QCOMPARE(shown->toVariant(), copy);
-        QVERIFY(ui.host.mend());
-        QCOMPARE(storedPoints(ui.host), stored);
     }
 };
 
