@@ -48,7 +48,7 @@ constexpr Forms ownForms[] = {
     forms<DetectGasInsertWidget, DetectGasPropertyWidget>(Word::DetectGas),
 };
 
-// The widgets that serve every instruction of a kind; null where each needs its own.
+// The widget classes that serve all instructions of a kind; null for kinds that need one each.
 template<typename TimedWidget, typename WordWidget>
 std::function<tessa::BaseContentWidget *(QWidget *)> shared(const Instruction &instruction)
 {

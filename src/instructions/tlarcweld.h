@@ -6,15 +6,15 @@
 
 #include "tl/instruction.h"
 
-/// Makes the welding instructions known to the program editor. What it enters stays in the TL
-/// manager; the object itself is only needed while it does so.
+/// Makes the welding instructions known to the program editor. The entries stay in the TL manager;
+/// the object itself is only needed while it makes them.
 class TlArcWeldDefine : public QObject
 {
     Q_OBJECT
 public:
     explicit TlArcWeldDefine(QObject *parent);
 
-    /// Enters the group; called once by the constructor, since a second time would append the names
+    /// Enters the group; called once by the constructor, since a second call would append the names
     /// again.
     void initArcWeldGroup();
 

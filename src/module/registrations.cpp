@@ -1,5 +1,5 @@
-// What the host finds when the library is loaded, before any module exists. A later load writes the
-// same keys again.
+// What the host finds when the library is loaded, before any module exists. Loading the library
+// again writes the same keys again.
 
 #include <kelp/registry.h>
 
@@ -15,7 +15,7 @@ struct ClassVersion
     int number;
 };
 
-// Part of the contract with saved data: a number changes only together with what is saved.
+// These numbers belong to saved data: change one only together with what is saved.
 constexpr ClassVersion classVersions[] = {
     {"welmo.arc_weld_page", 7},         {"welmo.seg_parameter_page", 1},
     {"welmo.monitor_page", 1},          {"welmo.device_setting_page", 1},

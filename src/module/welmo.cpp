@@ -69,7 +69,7 @@ void Welmo::setup()
 
 QString welmo::version()
 {
-    // The host counts five class versions that were there before this numbering began.
+    // The version counts from the host's first five class versions on.
     const int patch = ver(moduleName, true) - 5;
     return mName(QString::number(1), QString::number(1), QString::number(patch));
 }

@@ -5,7 +5,7 @@
 #include <pando/bmodule.h>
 
 /// The module that the host loads: it registers its navigation entry and puts its views into the
-/// host's frame. It owns nothing; what it makes is handed to the host.
+/// host's window. It owns nothing; the host owns what it makes.
 class Welmo : public pando::BModule
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ private:
 
 namespace welmo {
 
-/// The module's version text; its last part counts with the class versions.
+/// The module's version text; its last part grows with the class versions.
 QString version();
 /// The same text under its second name.
 QString api();

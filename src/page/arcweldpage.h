@@ -27,9 +27,9 @@ public:
     {
         QString title;
         QString icon;
-        std::function<BaseSubPage *()> factory; ///< gives the content widget's new sub-page
+        std::function<BaseSubPage *()> factory; ///< makes a sub-page in the content widget
         bool destroyWhenLeft = false;
-        BaseSubPage *page = nullptr; ///< null until first shown, and after destruction
+        BaseSubPage *page = nullptr; ///< null until first shown, and after it was destroyed
         QToolButton *button = nullptr;
     };
 
@@ -41,17 +41,17 @@ public:
     QWidget *wgt() const { return m_wgt; }
     void updateAvailability() override;
 
-    /// Copies what the module's pages need of the controller's state into the module tree, and
+    /// Copies the controller's values that the module's pages need to the module tree, and
     /// subscribes to what the page shows.
     void loadFromRC();
 
-    /// Hands the handle keys to the host.
+    /// Registers the handle keys with the host.
     void registerArcButton();
 
 public slots:
     /// Shows the sub-page whose button sent the click.
     void switchPage();
-    /// One step of the jog speed, as the handle keys make it; see HandleKeys.
+    /// One step of the jog speed, as by a handle key; see HandleKeys.
     void onJogVAddTimeOut();
     void onJogVMinusTimeOut();
 
@@ -75,5 +75,5 @@ private:
     BaseSubPage *m_currentPage = nullptr;
     welmo::HandleKeys *m_keys;
     QPointer<welmo::WeldModeIndicator> m_modeIndicator;
-    bool m_isLoaded = false; ///< the controller was there since init()
+    bool m_isLoaded = false; ///< the link was up at least once since init()
 };

@@ -38,7 +38,7 @@ void setJogPercent(QObject *sender, int percent)
 
 struct HandleKeys::WireMove
 {
-    QString payload; ///< misspelt "wire_feel" on the controller's side
+    QString payload; ///< the controller expects the misspelt "wire_feel"
     QString child;
     QString downText;
     QString upText;
@@ -95,7 +95,7 @@ bool HandleKeys::checkWelderState() const
 
 void HandleKeys::moveWire(const WireMove &move, bool down)
 {
-    // A release is sent even when the link looks down: the wire must not be left moving.
+    // A release is sent even if the link looks down, since the wire must stop.
     if (down && !report::requireConnection())
         return;
     if (!checkWelderState())
@@ -123,7 +123,7 @@ void HandleKeys::jog(QTimer &timer, void (HandleKeys::*step)(), bool down)
         return;
     }
     timer.start(jogIntervalMs);
-    (this->*step)(); // after the start, so that the limit can stop it at once
+    (this->*step)(); // after the start, so that a step at the limit can stop the timer
 }
 
 void HandleKeys::onJogVAddTimeOut()
@@ -165,7 +165,8 @@ void HandleKeys::toggleMonitor(bool down)
     if (down || !bar)
         return;
     bar->switchTo(pageKey);
-    bar->setVisible(bar->isHidden()); // whether or not the window itself is shown
+    // IsHidden() does not depend on whether the window itself is shown.
+    bar->setVisible(bar->isHidden());
 }
 
 } // namespace welmo

@@ -5,22 +5,22 @@
 
 namespace welmo {
 
-/// What the handle's keys do for welding: feed and pull back wire, gas, jog speed, weld mode,
-/// monitor. Everything is reported through the message log; nothing here opens a dialog.
+/// What the handle's keys do for welding: feed and retract wire, gas, jog speed, weld mode,
+/// monitor. Everything is reported in the message log; no dialog opens.
 class HandleKeys : public QObject
 {
     Q_OBJECT
 public:
-    /// The name of the key set at the host.
+    /// The key set's name at the host.
     static const QString setName;
 
     explicit HandleKeys(QObject *page);
 
-    /// Hands the key table to the host, once.
+    /// Registers the key table with the host, once.
     void registerArcButton();
 
 public slots:
-    /// One percent more or less of the jog override, within 1 % and the highest jog speed; at the
+    /// Raises or lowers the jog override by 1 %, between 1 % and the highest jog speed; at the
     /// limit the key's timer stops.
     void onJogVAddTimeOut();
     void onJogVMinusTimeOut();

@@ -21,14 +21,14 @@ const char *const stepProperty = "step";
 const QString stateNode = QStringLiteral("arc_weld.welder_state");
 const QString currentKey = QStringLiteral("current");
 const QString voltageKey = QStringLiteral("voltage");
-constexpr double tolerance = 1e-9; // of a number that was stored and read
+constexpr double tolerance = 1e-9; // for a number that was stored and read again
 
 std::array<const schema::FileSet *, 3> sets()
 {
     return {&schema::arcOn(), &schema::weld(), &schema::arcOff()};
 }
 
-// The set that a data name belongs to; the first word that it contains decides.
+// The set that a data name belongs to: the first one whose word the name contains.
 const schema::FileSet &setOf(const QString &name)
 {
     static const schema::FileSet none({}, {}, {}, schema::FileSet::Removal::None);
@@ -84,7 +84,7 @@ MonitorPage::~MonitorPage()
 
 void MonitorPage::followController()
 {
-    // As long as there are widgets: a host may end its frame before its modules.
+    // The widgets bound the connections: a host may delete them before its modules.
     connect(xservice()->watchNode(stateNode), &kelp::ModuleObject::changed, m_wgt,
             [this](const QVariant &value) { onWelderStateChanged(value); });
     connect(welmo::host::controllerManager(), &tessa::ControllerManager::rcConnected, m_wgt,
@@ -102,12 +102,12 @@ void MonitorPage::reload()
         welmo::report::readFailed(this, stateNode);
     else
         onWelderStateChanged(welmo::host::toVariant(state.get()));
-    const bool isShown = name == ui->ledtWeldingName->text(); // another one was read just now
+    const bool isShown = name == ui->ledtWeldingName->text(); // else the data was read just now
     if (isShown && !name.isEmpty() && !takeOver())
         welmo::report::readFailed(this, name);
 }
 
-// What was told last may not hold any more.
+// Disables the values while the link is down, since they may no longer hold.
 void MonitorPage::followLink()
 {
     const auto show = [this](bool connected) {
@@ -121,7 +121,7 @@ void MonitorPage::followLink()
     show(welmo::arcweld::isConnected());
 }
 
-// What a form or another pendant saves must not be undone by the next trim.
+// Keeps up with other writers, so that the next trim does not undo what they saved.
 void MonitorPage::followFiles()
 {
     for (const schema::FileSet *set : sets())
@@ -180,7 +180,7 @@ bool MonitorPage::takeOver(QStringList *overlap)
 void MonitorPage::render()
 {
     welmo::applyStyleRules(m_wgt);
-    // A link that was up before the page listened is not told again.
+    // If the link came up before the page was made, no signal follows.
     if (!m_isLoaded && welmo::arcweld::isConnected())
         reload();
 }
@@ -241,8 +241,8 @@ void MonitorPage::onWeldingNameChanged()
     showData();
 }
 
-// What could not be read must not be saved: the rest of the file would be lost. A name of no set is
-// the controller's to judge.
+// False for data that could not be read: saving it would lose the rest of the file. A name of no
+// set is left to the controller to judge.
 bool MonitorPage::fetch()
 {
     const QString name = ui->ledtWeldingName->text();
@@ -273,14 +273,14 @@ void MonitorPage::show(const QString &key, QDoubleSpinBox *box, double *shown)
 
 void MonitorPage::onSaveClicked()
 {
-    // Read anew: what another pendant saved and nobody trims here is not undone.
+    // Reads again first, so that the save does not undo what another pendant wrote.
     QStringList overlap;
     if (!takeOver(&overlap)) {
         welmo::report::error(this, tr("save error"));
         return;
     }
     if (!overlap.isEmpty())
-        return; // it was told, and another save is in full knowledge
+        return; // it was reported; the user may save again
     m_data->set(this, currentKey, ui->sbxCurrent->value(), true);
     m_data->set(this, voltageKey, ui->sbxVoltage->value(), true);
     const auto answer = xservice()->set(this, node(), ui->ledtWeldingName->text(), m_data.get());

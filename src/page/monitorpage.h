@@ -15,8 +15,8 @@ class MonitorPage;
 class QDoubleSpinBox;
 class QPushButton;
 
-/// The side bar's panel while welding: the actual values, and the current and voltage of the data
-/// in use to trim.
+/// The side bar's panel while welding: the actual values, and current and voltage of the data in
+/// use, which can be trimmed.
 class MonitorPage : public tessa::BasePage
 {
     Q_OBJECT
@@ -33,17 +33,17 @@ public slots:
     void onSaveClicked();
     /// Reads the data of that name and shows its set values.
     void onWeldingNameChanged();
-    /// Shows what the notification holds; what it does not hold stays.
+    /// Shows what the notification holds; other values stay.
     void onWelderStateChanged(const QVariant &value);
 
 private:
     void followController();
     void followLink();
     void followFiles();
-    /// Takes the welder's state and the data in use as the controller has them.
+    /// Shows the controller's welder state and the data in use.
     void reload();
-    /// Reads the data again, except what is being trimmed; false when it could not be read. What
-    /// was trimmed here and changed elsewhere is told, and is in @p overlap.
+    /// Reads the data again, except what is being trimmed; false if it could not be read. What was
+    /// both trimmed here and changed elsewhere is reported and put into @p overlap.
     bool takeOver(QStringList *overlap = nullptr);
     void onFilesChanged(const QVariant &files);
     bool fetch();
@@ -54,9 +54,9 @@ private:
 
     QPointer<QWidget> m_wgt;
     std::unique_ptr<Ui::MonitorPage> ui;
-    double m_shownCurrent = 0; ///< as read or saved: what differs is trimmed
+    double m_shownCurrent = 0; ///< as read or saved; a box that differs is being trimmed
     double m_shownVoltage = 0;
-    bool m_isLoaded = false; ///< the controller was there since the page was made
-    QString m_told; ///< what was said last of a value that a box cannot show
-    welmo::host::Answer m_data; ///< the welding data last read
+    bool m_isLoaded = false; ///< the link was up at least once since the page was made
+    QString m_told; ///< the last warning of a value that a box cannot show
+    welmo::host::Answer m_data; ///< the welding data as last read
 };

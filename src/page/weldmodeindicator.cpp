@@ -60,7 +60,7 @@ void WeldModeIndicator::announce(const QString &code)
         return;
     setText(tr(mode->labelText));
     showPicture(code);
-    // The two blanks are the message's own.
+    // The message text has two blanks.
     report::info(nullptr, tr("Switch to  ") + tr(mode->logText));
 }
 

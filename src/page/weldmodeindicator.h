@@ -11,9 +11,9 @@ class WeldModeIndicator : public QLabel
 public:
     using QLabel::QLabel;
 
-    /// Shows the picture of @p code ("test_run", "simu", "real"); any other code changes nothing.
+    /// Shows the picture for @p code ("test_run", "simu", "real"); any other code changes nothing.
     void showPicture(const QString &code);
-    /// As showPicture(), and tells the switch in the message log, as the controller's news.
+    /// As showPicture(), and reports the switch in the message log.
     void announce(const QString &code);
 };
 

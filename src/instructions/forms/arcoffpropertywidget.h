@@ -44,7 +44,7 @@ public slots:
     void onParamFileNumberChanged(int) { m_groups.selectFile(sender()); }
     void onSaveButtonClicked() { m_groups.save(sender()); }
     void onCancelButtonClicked() { m_groups.cancel(sender()); }
-    // Of the mode boxes: the sender decides the group.
+    // The slots of the mode boxes; the sender tells the group.
     void onCurrentModeChanged(int index) { m_groups.changeCurrentMode(sender(), index); }
     void onVoltageModeChanged(int index) { m_groups.changeVoltageMode(sender(), index); }
     void onArcOffDataFoldButtonClicked();

@@ -53,15 +53,15 @@ public slots:
     void onParamFileNumberChanged(int) { m_groups.selectFile(sender()); }
     void onSaveButtonClicked() { m_groups.save(sender()); }
     void onCancelButtonClicked() { m_groups.cancel(sender()); }
-    // Of the mode boxes: the sender decides the group.
+    // The slots of the mode boxes; the sender tells the group.
     void onCurrentModeChanged(int index) { m_groups.changeCurrentMode(sender(), index); }
     void onVoltageModeChanged(int index) { m_groups.changeVoltageMode(sender(), index); }
     void onArconLeadTimeEditFinished();
     void onArcBreakOptionChanged(int index);
     void onArcOnDataFoldButtonClicked();
     void onArcDataFoldButtonClicked();
-    /// Coming to a tab toggles the fold of the other tab's group; the programmers at the pendants
-    /// in the field are used to it.
+    /// Choosing a tab toggles the fold of the other tab's group, as programmers in the field
+    /// expect.
     void onTabChanged(int index);
 
 private:

@@ -75,7 +75,7 @@ ArcoffInsertWidget::ArcoffInsertWidget(QWidget *parent)
 WeaveOnInsertWidget::WeaveOnInsertWidget(QWidget *parent)
     : FileInsertWidget(Word::WeaveOn, parent)
 {
-    // Chinese in every language, as on the pendants in the field.
+    // This label is Chinese in every language, as on the pendants in the field.
     addFile(QStringLiteral("摆弧参数(weavedata)："), QStringLiteral("cbxWeaveData"));
 }
 

@@ -9,7 +9,7 @@ class FormScroller : public QScrollArea
 {
     Q_OBJECT
 public:
-    /// Takes the editor over.
+    /// Takes ownership of the editor.
     explicit FormScroller(QWidget *editor);
 };
 

@@ -6,7 +6,7 @@
 
 namespace welmo {
 
-/// What all insert forms have in common: they write new lines and read none.
+/// Base of all insert forms: they write new lines and read none.
 class InsertForm : public tessa::BaseContentWidget
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ private:
     tl::Word m_word;
 };
 
-/// What all property forms have in common: they read a line and write it anew.
+/// Base of all property forms: they read a line and write it anew.
 class PropertyForm : public tessa::BaseContentWidget
 {
     Q_OBJECT
@@ -36,9 +36,9 @@ public:
 
 protected:
     tl::Word word() const { return m_word; }
-    /// The line as this form reads it: from its first character on, whatever its word.
+    /// Parses the line as this form's instruction, whatever word it starts with.
     tl::ParsedLine read(const QString &line) const;
-    /// Tells each problem in the message log, with this form as the sender.
+    /// Reports each problem in the message log, with this form as the sender.
     void report(const tl::Problems &problems);
 
 private:

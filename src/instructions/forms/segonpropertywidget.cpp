@@ -24,7 +24,7 @@ void SegOnPropertyWidget::FillWith(const QString &line)
     if (parsed.names.isEmpty())
         report(parsed.problems);
     else
-        wgtSeg->setFileNumber(parsed.names.front()); // which reports a name that is none itself
+        wgtSeg->setFileNumber(parsed.names.front()); // reports a name that is wrong
 }
 
 QString SegOnPropertyWidget::ToString()

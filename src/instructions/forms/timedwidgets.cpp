@@ -10,7 +10,7 @@ namespace welmo {
 
 namespace {
 
-// Both kinds of form show the same row.
+// Adds the row with the time, which both kinds of form show.
 QDoubleSpinBox *addTimeRow(QWidget *form, tl::Word word)
 {
     constexpr double shortest = 0.1;

@@ -19,7 +19,7 @@ public:
     QString getCurrentWeaveData() const;
 
 protected:
-    /// Draws its own edge: many pendants have no window manager that would.
+    /// Draws its own border: many pendants run without a window manager.
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -17,7 +17,7 @@ WeaveOnPropertyWidget::WeaveOnPropertyWidget(QWidget *parent)
     wgtWeaveData->setObjectName(QStringLiteral("wgtWeaveData"));
     auto *tabs = new QTabWidget(this);
     tabs->setObjectName(QStringLiteral("twgtWeaveData"));
-    // Chinese in every language, as on the pendants in the field.
+    // This label is Chinese in every language, as on the pendants in the field.
     tabs->addTab(new welmo::FormScroller(wgtWeaveData), QStringLiteral("摆弧参数(weavedata)"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -30,8 +30,7 @@ void WeaveOnPropertyWidget::FillWith(const QString &line)
     if (parsed.names.isEmpty())
         report(parsed.problems);
     else
-        wgtWeaveData->setCurrentFileNum(
-            parsed.names.front()); // which reports a name that is none itself
+        wgtWeaveData->setCurrentFileNum(parsed.names.front()); // reports a name that is wrong
 }
 
 QString WeaveOnPropertyWidget::ToString()

@@ -20,7 +20,7 @@ public:
     bool getSaveClicked() const { return m_saveClicked; }
 
 signals:
-    /// After a successful save, or after the edits were dropped.
+    /// Emitted after a successful save, or after the edits were dropped.
     void closeDialog();
 
 private:

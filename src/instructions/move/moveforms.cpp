@@ -52,7 +52,7 @@ MovePropertyForm::MovePropertyForm(tl::Word word, QWidget *parent)
             &MovePropertyPointWidget::updateWobj);
     connect(m_points, &MovePropertyPointWidget::toolAndObjectWanted, m_parameters,
             &MoveParamWidget::useTaught);
-    // From here on the robot is moved with what the form shows, not with what is active elsewhere.
+    // The robot is to move with the tool and work object of the form, not with the active ones.
     m_points->updateTool(m_parameters->tool());
     m_points->updateWobj(m_parameters->wobj());
     onProjectChanged(this, [this] {

@@ -23,8 +23,8 @@ public:
     /// pendant.
     void initUI();
     void initPointList();
-    /// Reads all lists of the project again; what is chosen stays chosen, and what was preselected
-    /// as active follows.
+    /// Reads the project's lists again. The user's choices stay; a tool or work object that was
+    /// preselected as active follows the active one.
     void refresh();
 
     void resetSbxTarget();
@@ -32,8 +32,8 @@ public:
     /// The whole argument text after the instruction word.
     QString getParam() const;
 
-    /// Adds a project point where the robot is, seen with @p tool in @p wobj, and chooses it as the
-    /// auxiliary point when @p auxiliary is set, else as the target. An empty @p name is generated.
+    /// Adds a project point where the robot is, seen with @p tool in @p wobj, and selects it as the
+    /// auxiliary or the target point. An empty @p name is generated.
     void autoAddNewPoint(const QString &name, bool auxiliary, const QString &tool,
                          const QString &wobj);
 

@@ -16,7 +16,7 @@ using namespace welmo;
 
 namespace {
 
-// Selects what is active now, unless something else was chosen than what was active before.
+// Selects the active entry, unless the user chose another one since it was last selected.
 void follow(QComboBox *combo, const QString &active, QString *before)
 {
     const int index = combo->findData(active);
@@ -44,7 +44,7 @@ MoveParamWidget::MoveParamWidget(QWidget *parent)
 
 MoveParamWidget::~MoveParamWidget() = default;
 
-// Names are looked up by item data; the texts are the same names, in every language.
+// Item data and text are the same name in every language; look-ups use the item data.
 void MoveParamWidget::fill(QComboBox *combo, const QStringList &names)
 {
     if (offers(combo, names))
@@ -149,13 +149,13 @@ void MoveParamWidget::onBtnDetailClicked()
     auto *dialog = new WeaveDataDialog(this);
     dialog->initUI(name);
     connect(dialog, &QDialog::finished, this, [this, dialog] {
-        dialog->isSaveClicked(); // the line names the file, whatever became of its content
+        dialog->isSaveClicked(); // reset only: the line names the file whether or not it was saved
         setDetailsBlocked(false);
         dialog->deleteLater();
     });
     setDetailsBlocked(true);
     m_details = dialog;
-    dialog->show(); // not modal: what stops the robot stays within reach
+    dialog->show(); // not modal, so that the robot can still be stopped
 }
 
 void MoveParamWidget::setDetailsBlocked(bool blocked)
@@ -164,7 +164,7 @@ void MoveParamWidget::setDetailsBlocked(bool blocked)
     ui->cbxWeaveData->setEnabled(!blocked);
 }
 
-// The dialog belongs to this form; over another page nobody would know what it is about.
+// Hides the dialog with its form: over another page it would not be clear what it edits.
 void MoveParamWidget::hideEvent(QHideEvent *event)
 {
     if (m_details)

@@ -27,12 +27,12 @@ public:
     void setZoneText(const QString &text);
     void setToolText(const QString &text);
     void setWobj(const QString &text);
-    /// @p text holds the name in double quotes.
+    /// @p text is the name in double quotes.
     void setWeaveData(const QString &text);
-    /// Selects the tool and the work object that are active on the pendant, as far as they are
-    /// listed; again, where the active one is still chosen.
+    /// Selects the tool and the work object that are active on the pendant, where they are listed.
+    /// A later call follows them unless the user chose others.
     void chooseActive();
-    /// Selects what a point was taught with; an empty name leaves the choice as it is.
+    /// Selects the tool and work object of a point; an empty name leaves the choice as it is.
     void useTaught(const QString &tool, const QString &workObject);
 
     QString tool() const;
@@ -59,12 +59,12 @@ private:
     void fill(QComboBox *combo, const QStringList &names);
 
     std::unique_ptr<Ui::MoveParamWidget> ui;
-    QString m_activeTool; ///< as it was selected last
+    QString m_activeTool; ///< the active tool when it was last selected
     QString m_activeWobj;
     void setDetailsBlocked(bool blocked);
 
-    /// Set while the details dialog is open: a second dialog would edit the same file unseen, and
-    /// the line must go on naming the file that is being edited.
+    /// True while the details dialog is open: a second dialog would edit the same file, and the
+    /// line must go on naming the file that is being edited.
     bool m_detailsBlocked = false;
     QPointer<WeaveDataDialog> m_details;
 };

@@ -16,7 +16,7 @@ using tl::PointExpression;
 
 namespace {
 
-// The numbers of an unknown function are shown, though the plain point that it reads as has none.
+// Keeps the numbers of an unknown function, though it is read as a plain point, which has none.
 PointExpression expressionOf(const QStringList &parts)
 {
     PointExpression expression = PointExpression::fromParts(parts);
@@ -67,7 +67,7 @@ QList<PointGroup *> MovePropertyPointWidget::groups() const
 
 void MovePropertyPointWidget::initialize(const QString &type)
 {
-    // The second group is made when it is wanted: it takes as long as the rest of the form.
+    // The second group is made only when needed: it takes as long as the rest of the form.
     const bool circular = type == QLatin1String("movec");
     if (circular && !m_aux)
         m_aux = addGroup(QStringLiteral("wgtAux"), tr("Auxiliary point"));

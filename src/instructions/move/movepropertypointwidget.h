@@ -22,18 +22,18 @@ public:
     ~MovePropertyPointWidget() override;
 
     /// @p type is "movel" (a target point) or "movec" (an auxiliary point before it). Without an
-    /// auxiliary point, what concerns it does nothing.
+    /// auxiliary point, calls that concern it do nothing.
     void initialize(const QString &type);
     /// Fills the points' lists; what is chosen stays chosen.
     void setPointlist();
-    /// The project changed: the lists, and what is shown of the points, are read again.
+    /// Reads the lists, and what is shown of the points, again after the project changed.
     void refresh();
 
     /// The function's name ("default" without one), the point's name, then the numbers.
     static QStringList splitPoint(const QString &text);
-    /// Chooses the point that @p text names, in @p combo, and hands the parts of the text to
-    /// @p setter. A point that the list lacks is chosen nevertheless, since the line keeps it, and
-    /// warned of unless it is a built-in one.
+    /// Selects the point that @p text names, in @p combo, and passes the parts of the text to @p
+    /// setter. A point that the list lacks is added, since the line names it, and reported unless
+    /// it is a built-in one.
     void handleSetPoint(QComboBox *combo, const QString &text, const Setter &setter);
     /// Show one point argument of a line.
     void setTargetPoint(const QString &text);
@@ -44,7 +44,7 @@ public:
     /// The point arguments of the line, the auxiliary point first.
     QString getParam() const;
 
-    // Of one of the two points; of a null one, nothing.
+    // These work on either point, and do nothing if @p point is null.
     static void computeComplex(welmo::PointGroup *point);
     static void saveLocation(welmo::PointGroup *point);
     static void updateLocation(welmo::PointGroup *point);
@@ -79,7 +79,7 @@ public slots:
     void stopMove() { m_target->stopMove(); }
 
 signals:
-    /// The line shall use these: a point was taught with them.
+    /// A point was taught with these, and the line is to use them.
     void toolAndObjectWanted(const QString &tool, const QString &workObject);
 
 private:
@@ -88,5 +88,5 @@ private:
 
     QTabWidget *m_tabs;
     welmo::PointGroup *m_target;
-    welmo::PointGroup *m_aux = nullptr; ///< only while the move is circular
+    welmo::PointGroup *m_aux = nullptr; ///< null unless the move is circular
 };

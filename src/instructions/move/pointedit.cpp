@@ -66,7 +66,8 @@ QString PointEdit::pointName() const
 
 bool PointEdit::choose(const QString &name)
 {
-    const int unknown = ui->cbxPoint->findData(true, unknownRole); // of an earlier line
+    // An unknown point that an earlier line named.
+    const int unknown = ui->cbxPoint->findData(true, unknownRole);
     int index = ui->cbxPoint->findData(name);
     const bool known = index >= 0 && index != unknown;
     if (index < 0) {

@@ -25,15 +25,16 @@ public:
     ~PointEdit() override;
 
     QComboBox *combo() const;
-    /// Offers these points; what is chosen stays chosen, and is offered even if it is not there.
+    /// Offers these points; the chosen one stays chosen, and is offered even if it is not among
+    /// them.
     void setPoints(const QStringList &names);
     QString pointName() const;
-    /// Chooses a point. One that the project lacks is chosen all the same, so that the line that
-    /// names it keeps it; false then.
+    /// Selects a point. False if the project lacks it; it is selected all the same, so that the
+    /// line goes on naming it.
     bool choose(const QString &name);
 
     tl::PointExpression expression() const;
-    /// Shows the kind and the numbers; the point is for choose().
+    /// Shows the kind and the numbers; choose() selects the point.
     void setKindAndNumbers(const tl::PointExpression &expression);
     void setKind(Kind kind);
     void resetNumbers();
@@ -41,7 +42,7 @@ public:
 signals:
     /// Another point was chosen.
     void pointChanged();
-    /// What expression() gives is another one.
+    /// The result of expression() has changed.
     void edited();
     void newPointWanted();
 

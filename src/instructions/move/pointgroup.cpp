@@ -116,7 +116,7 @@ void PointGroup::forgetComplex()
 
 void PointGroup::updateLocation()
 {
-    // The box runs an event loop; the form may be gone afterwards.
+    // The message box runs an event loop, in which the form may be deleted.
     const QPointer<PointGroup> self(this);
     const bool agreed =
         host::isConfirmed(tr("Robot position"), tr("Determine the refresh point?"), tr("OK"));

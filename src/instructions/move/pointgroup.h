@@ -13,8 +13,8 @@ class PointGroup;
 class PointEdit;
 class TaughtNotice;
 
-/// One point of a move in a property form: what the line says of it, where that is, and the robot
-/// brought there. WMoveC has two of them.
+/// One point of a move in a property form: what the line says of it, where it is, and buttons that
+/// move the robot there. WMoveC has two of them.
 class PointGroup : public QWidget
 {
     Q_OBJECT
@@ -23,31 +23,33 @@ public:
     ~PointGroup() override;
 
     PointEdit *edit() const;
-    /// The names with which the position is read, and the tool whose tip is moved: the line's own.
+    /// The tool and work object of the line: positions are read and moves are made with them.
     void setTool(const QString &tool);
     void setWorkObject(const QString &workObject);
 
-    /// Shows the chosen point again if it was changed; what was edited, or read from the robot,
-    /// stays.
+    /// Shows the chosen point again if the project changed it; a position that was edited, or read
+    /// from the robot, stays.
     void refresh();
-    /// Asks first, then shows where the robot is. Without an answer nothing changes but the log.
+    /// Asks the user, then shows where the robot is. If the robot does not answer, that is reported
+    /// and nothing else changes.
     void updateLocation();
     /// Adds a project point where the robot is, and chooses it.
     void saveLocation();
-    /// Shows the pose that the line's expression means. The point's stored pose counts, whatever
-    /// the boxes of the position hold: the line names the point.
+    /// Shows the pose that the line's expression means, computed from the point's stored pose even
+    /// if the shown position was edited: the line names the point.
     void computeComplex();
-    /// A target that no longer belongs to what is shown must not move the robot.
+    /// Clears the computed pose when the expression changed, so that the robot cannot be moved to
+    /// it.
     void forgetComplex();
     void moveToPoint(robot::Motion motion);
-    /// Only to a target that was computed from what is shown.
+    /// Does nothing without a computed pose.
     void moveToComplex(robot::Motion motion);
     void stopMove();
 
 signals:
-    /// The project has another point; the lists are to be read again.
+    /// A point was added to the project; the lists are to be read again.
     void pointAdded();
-    /// The line shall use this tool and this work object.
+    /// The line is to use this tool and this work object.
     void toolAndObjectWanted(const QString &tool, const QString &workObject);
 
 private:
@@ -61,9 +63,9 @@ private:
     TaughtNotice *m_taught;
     QString m_tool;
     QString m_workObject;
-    std::optional<points::Point> m_point; ///< the chosen one, as it was last looked at
-    bool m_showsPoint = true; ///< else the position is the robot's, or was edited
-    PoseFrame m_positionFrame; ///< where the boxes of the position are measured
+    std::optional<points::Point> m_point; ///< the chosen point when it was last read
+    bool m_showsPoint = true; ///< false: the position was read from the robot, or edited
+    PoseFrame m_positionFrame; ///< in which the position's values are measured
     PoseFrame m_complexFrame;
 };
 

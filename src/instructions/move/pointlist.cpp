@@ -45,7 +45,8 @@ const kelp::ModuleObject *entryNamed(const QString &kind, const QString &name)
     return nullptr;
 }
 
-// A point is found by its name and kept by its id, so a new one must not meet either.
+// A name that is neither a name nor an id of a present point: names find points, ids keep them
+// apart.
 QString freeName(const kelp::ModuleObject *present, const QString &wished)
 {
     kelp::ModuleObject taken(QStringLiteral("taken"), nullptr);
@@ -70,7 +71,7 @@ void fill(QObject *sender, kelp::ModuleObject *point, const Position &position)
     set("name", point->name());
     set("id", point->name());
     set("uuid", QUuid::createUuid().toString(QUuid::WithoutBraces));
-    // Stored, so the same in every language.
+    // Stored, so it is not translated.
     set("description", QStringLiteral("Auto generate at: %1").arg(now));
     set("tool", position.tool);
     set("wobj", position.workObject);
@@ -82,8 +83,7 @@ void fill(QObject *sender, kelp::ModuleObject *point, const Position &position)
     point->setList(sender, QStringLiteral("joint.q"), position.joints, true);
 }
 
-// The controller's list, and not the host's copy of it, is what the point is added to: another
-// pendant may have written since.
+// Adds to the controller's list instead of the host's copy: another pendant may have written since.
 bool addOnController(QObject *sender, const kelp::ModuleObject *present,
                      const kelp::ModuleObject *point)
 {

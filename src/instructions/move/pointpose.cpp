@@ -39,8 +39,8 @@ void writePose(QObject *sender, kelp::ModuleObject *frame, const PoseValues &val
 
 PoseValues offsetPose(const PoseValues &pose, const PoseValues &offset)
 {
-    // The pose seen from a frame at the offset that is not turned: every host has this product of
-    // poses, and not every host has another.
+    // An offset frame that is not turned, times the pose: every host has this product of poses, and
+    // some have no other.
     return combined({offset[0], offset[1], offset[2], 0, 0, 0}, pose);
 }
 

@@ -13,7 +13,7 @@ using PoseValues = std::array<double, 6>;
 /// Where a pose is measured: the user frame and the work object, by name.
 struct PoseFrame
 {
-    /// How the controller is told that there is none.
+    /// The name that tells the controller that there is none.
     static inline const QString none = QStringLiteral("default");
 
     QString userFrame = none;
@@ -22,12 +22,12 @@ struct PoseFrame
 
 /// The values of a node with "pos" {x, y, z} and "ori.euler" {a, b, c}; what is missing is 0.
 PoseValues readPose(const kelp::ModuleObject *frame);
-/// Writes them below @p frame, at "pos" and "ori.euler".
+/// Writes them to @p frame, at "pos" and "ori.euler".
 void writePose(QObject *sender, kelp::ModuleObject *frame, const PoseValues &values);
 
 /// @p pose moved by @p offset along the axes of its own reference frame; its orientation stays.
 PoseValues offsetPose(const PoseValues &pose, const PoseValues &offset);
-/// @p pose with @p relative gone in the frame of the tool there.
+/// @p pose moved by @p relative in the axes of the tool at that pose.
 PoseValues toolRelativePose(const PoseValues &pose, const PoseValues &relative);
 
 } // namespace welmo

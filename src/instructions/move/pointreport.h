@@ -7,7 +7,7 @@
 namespace welmo {
 
 /// Who reports for a panel: the instruction form that holds it, so that the program editor knows
-/// which form refused a line; the panel itself when it stands alone.
+/// which form refused a line; without a form, the panel itself.
 inline QObject *reporterFor(QWidget *panel)
 {
     QWidget *widget = panel;

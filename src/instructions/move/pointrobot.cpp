@@ -29,7 +29,7 @@ tessa::ControllerManager *manager()
     return host::controllerManager();
 }
 
-// The command's own request object, which keeps what was set before.
+// The command's request object belongs to the command and keeps its values between calls.
 kelp::ModuleObject *requestOf(const QString &command)
 {
     return manager()->cmdItemMobj(command, QStringLiteral("request"));

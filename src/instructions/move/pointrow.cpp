@@ -16,10 +16,10 @@ const QString axes = QStringLiteral("XYZABC");
 constexpr int cellCount = 6;
 constexpr double farthest = 999999.999;
 constexpr int decimals = 3;
-constexpr double noise = 1e-9; // what the product of poses leaves where nothing is meant
+constexpr double noise = 1e-9; // what the product of poses leaves in place of 0
 constexpr int titleWidth = 88;
 
-// Three, and of a smaller number as many as show two of its digits: it must not look like none.
+// Three, or for a small number as many as show two of its digits: it must not look like 0.
 int decimalsFor(double value)
 {
     const double size = std::abs(value);
@@ -33,7 +33,7 @@ QDoubleSpinBox *makeBox(QWidget *parent)
     box->setLocale(QLocale::c()); // as the program line writes them
     box->setButtonSymbols(QAbstractSpinBox::NoButtons);
     box->setDecimals(decimals);
-    box->setRange(-farthest - 1, farthest); // the lowest value stands for "none"
+    box->setRange(-farthest - 1, farthest); // the lowest value shows dashes
     box->setSpecialValueText(QStringLiteral("–"));
     box->setValue(0);
     box->setAlignment(Qt::AlignRight);

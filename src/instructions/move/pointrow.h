@@ -12,7 +12,7 @@ class QLabel;
 namespace welmo {
 
 /// A title and six cells side by side for a pose or for offsets: x, y, z in millimetres, a, b, c in
-/// degrees. Rows one above the other have their cells aligned.
+/// degrees. The cells of rows below each other are aligned.
 class PointCells : public QWidget
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ class PointCells : public QWidget
 public:
     QString title() const;
     void setTitle(const QString &title);
-    /// Shows the axes and their units above the cells.
+    /// Shows axes and units above the cells.
     void showHeader();
 
     const PoseValues &values() const { return m_values; }
@@ -38,7 +38,7 @@ private:
 
 /// Values that can be edited.
 ///
-/// A box shows three decimals; the value behind it stays exact until somebody edits that box, so
+/// A box shows three decimals; the value behind it stays exact until the user edits that box, so
 /// that showing a number never changes it.
 class PointRow : public PointCells
 {
@@ -46,14 +46,14 @@ class PointRow : public PointCells
 public:
     explicit PointRow(QWidget *parent = nullptr);
 
-    /// Lets the first @p count boxes be edited and disables the others.
+    /// Enables the first @p count boxes and disables the others.
     void setActiveBoxes(int count);
     void setValues(const PoseValues &values);
-    /// Shows dashes: there is nothing to show.
+    /// Shows dashes in place of values.
     void clear();
 
 signals:
-    /// Somebody edited a box.
+    /// The user edited a box.
     void edited();
 
 protected:

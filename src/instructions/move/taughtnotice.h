@@ -6,20 +6,19 @@ class QLabel;
 
 namespace welmo {
 
-/// Says that a point was taught with another tool, or in another work object, than the line uses,
-/// and offers the point's own: the robot would go elsewhere than it was taught. Hidden where they
-/// agree.
+/// Warns that the line uses another tool or work object than the point was taught with, since the
+/// robot would then go elsewhere, and offers the point's own. Hidden while they agree.
 class TaughtNotice : public QWidget
 {
     Q_OBJECT
 public:
     explicit TaughtNotice(QWidget *parent = nullptr);
 
-    /// @p point by its name; an empty @p tool or @p workObject is not compared.
+    /// @p point is a name; an empty @p tool or @p workObject is not compared.
     void compare(const QString &point, const QString &tool, const QString &workObject);
 
 signals:
-    /// The line shall use these; one that is empty stays as it is.
+    /// The line is to use these; an empty one stays as it is.
     void ownWanted(const QString &tool, const QString &workObject);
 
 private:
