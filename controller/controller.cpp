@@ -22,7 +22,7 @@ namespace welmo::controller {
 
 namespace {
 
-constexpr int journalLength = 200; // of the journal as a node
+constexpr int journalLength = 200; // entries of the journal that its node shows
 constexpr int largestProjectList = 256 * 1024; // some thousand points
 
 } // namespace
@@ -84,7 +84,7 @@ void Controller::tellComplaints()
     for (const QString &line : qAsConst(m_complaints)) {
         m_context.record(Journal::Event::Alarm, line);
         const Reason reason{QStringLiteral("storage_damaged"), {line}};
-        if (!m_alarms->isOpen(reason)) // from an earlier start
+        if (!m_alarms->isOpen(reason)) // open since an earlier start
             m_alarms->raise(reason);
     }
 }
@@ -102,7 +102,7 @@ Reply Controller::handle(const Request &request)
     Reply reply = m_registry.dispatch(request);
     m_context.audit().setAuthor({});
     if (request.kind == Request::Kind::Set || request.kind == Request::Kind::Command)
-        tick(); // who watches hears of what the request changed
+        tick(); // notifies watchers of what the request changed
     if (reply.ok() && !request.key.isEmpty() && request.kind != Request::Kind::Command)
         reply.revision = m_context.revision(request.path, request.key);
     return reply;
@@ -132,7 +132,7 @@ int Controller::paceMs() const
 
 void Controller::beat(qint64 time, const QVector<int> &presses)
 {
-    tick(); // a beat does not make up for the ones before it
+    tick(); // stops what is overdue, before this beat counts
     m_hold.beat(time, presses);
     m_surroundings.pendant.beat(time);
     tick();

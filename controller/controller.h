@@ -14,36 +14,36 @@ namespace welmo::controller {
 
 class Alarms;
 
-/// The virtual robot controller: answers requests, and tells what changed. A state machine without
-/// a thread, a timer or a connection; who owns it calls handle() and tick() from one thread.
+/// The virtual robot controller: answers requests and tells what changed. A state machine without a
+/// thread, a timer or a connection; its owner calls handle() and tick() from one thread.
 class Controller
 {
 public:
-    /// Everything is borrowed and must outlive the controller.
+    /// The controller keeps references to all of these; they must outlive it.
     Controller(Store &store, Faults &faults, Journal &journal, const Clock &clock);
     ~Controller();
 
-    /// Called during handle() and tick(), for every node, watched or not.
+    /// @p notify is called during handle() and tick(), for every node, watched or not.
     void setNotify(ControllerContext::Notify notify) { m_context.setNotify(std::move(notify)); }
-    /// Writes what every store has to hold, once in its life; comes before everything else.
+    /// Writes what every store must hold, once for each store; to be called before everything else.
     Reply start();
-    /// What start() found damaged in the store, a line each; each one is an alarm, too.
+    /// What start() found damaged in the store, a line each; each is an alarm as well.
     const QStringList &complaints() const { return m_complaints; }
-    /// As addExampleFiles(); comes before start().
+    /// As addExampleFiles(); to be called before start().
     Reply fillWithExample() { return addExampleFiles(m_context); }
     Reply handle(const Request &request);
-    /// As of Registry::nodes().
+    /// See Registry::nodes().
     QMap<QString, Registry::Entries> nodes() const { return m_registry.nodes(); }
-    /// Carries out what has become due by the clock, or by a fault that was switched.
+    /// Carries out what is due by the clock or because of a switched fault.
     void tick();
-    /// True while something goes on by itself: then tick() is wanted every paceMs().
+    /// True while something proceeds by itself; tick() is then to be called every paceMs().
     bool isBusy() const;
     int paceMs() const;
 
-    /// A pendant was alive at @p time of the clock, with the keys of these presses held; see
-    /// HoldToRun. Wanted every 25 ms: what is held stops at most 100 ms after the last one.
+    /// A pendant was alive at @p time of the clock and held the keys of these presses; see
+    /// HoldToRun. To be called every 25 ms: what is held stops at most 100 ms after the last beat.
     void beat(qint64 time, const QVector<int> &presses);
-    /// The session with the pendant is over: what is held stops now.
+    /// The session with the pendant has ended: what is held stops now.
     void losePendant();
 
 private:
@@ -57,7 +57,7 @@ private:
     HoldToRun m_hold;
     Surroundings m_surroundings;
     std::vector<std::unique_ptr<Subsystem>> m_units;
-    Alarms *m_alarms; // one of the units
+    Alarms *m_alarms; // owned by m_units
 };
 
 } // namespace welmo::controller

@@ -33,7 +33,7 @@ Alarms::Alarms(ControllerContext &context, Registry &registry)
 Reply Alarms::start()
 {
     Reply stored = m_context.loadAll(names::alarms);
-    const QVariantMap kept = stored.value.toMap(); // the keys are in the order of the numbers
+    const QVariantMap kept = stored.value.toMap(); // the map's order is that of the numbers
     for (const QVariant &entry : kept)
         m_entries.push_back(entry.toMap());
     if (!m_entries.empty())
@@ -95,7 +95,7 @@ QVariantMap Alarms::node() const
     return {{QStringLiteral("entries"), list}};
 }
 
-// A disk that is full must neither hide an alarm nor keep one on the screen.
+// A failed save is ignored: a full disk must neither hide an alarm nor keep one on the screen.
 void Alarms::keep(const std::vector<QVariantMap> &changed)
 {
     QVector<Store::Change> changes;

@@ -9,15 +9,15 @@
 
 namespace welmo::controller {
 
-/// A line of a program, counted from 1; 0 and no name while none is carried out.
+/// A line of a program, counted from 1; 0 and an empty name while no program runs.
 struct ProgramPlace
 {
     QString program;
     int line = 0;
-    QString user = {}; ///< who had it carried out
+    QString user = {}; ///< who started it
 };
 
-/// What ended or harmed a weld, kept in the store until long after it was acknowledged.
+/// What ended or harmed a weld, kept in the store also after it was acknowledged.
 ///
 /// The node "cell.alarms" holds {entries}, oldest first: {id, code, arguments, time, program, line,
 /// file, open}. The time is UTC, ISO 8601; line counts from 1, 0 for none. The command
@@ -25,21 +25,21 @@ struct ProgramPlace
 class Alarms : public Subsystem
 {
 public:
-    static constexpr size_t capacity = 50; ///< the oldest give way
+    static constexpr size_t capacity = 50; ///< the oldest are dropped
 
     Alarms(ControllerContext &context, Registry &registry);
 
     Reply start() override;
 
-    /// Where in a program what comes next happens.
+    /// Sets the program line to which later alarms belong.
     void setPlace(const ProgramPlace &place) { m_place = place; }
     const ProgramPlace &place() const { return m_place; }
-    /// @p file is the parameter file in use, if that matters.
+    /// @p file is the parameter file in use, if it matters.
     void raise(const Reason &reason, const QString &file = {});
 
     bool anyOpen() const;
     bool isOpen(const Reason &reason) const;
-    /// What was raised since forgetRun(), as {code, arguments, line}.
+    /// The alarms since forgetRun(), as {code, arguments, line}.
     const QVariantList &ofRun() const { return m_ofRun; }
     void forgetRun() { m_ofRun.clear(); }
 

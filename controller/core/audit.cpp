@@ -81,12 +81,12 @@ Reply Audit::conflict(const Request &request) const
         return {};
     const std::optional<qint64> stored = m_store.revision(request.path, request.key);
     if (!stored || *stored == *request.revision)
-        return {}; // a store that cannot be read will say so itself
+        return {}; // other calls report a store that cannot be read
     AuditLog::Record by = m_log.lastOf(request.path, request.key);
     if (by.revision != *stored)
-        by = {}; // the last one to write gave no name
+        by = {}; // the last writer gave no name
     if (!by.user.isEmpty() && by.user == request.author.user && by.client == request.author.client)
-        return {}; // its own, whose answer got lost
+        return {}; // its own write, whose answer was lost
     Reply reply = Reply::refused(Conflict, QStringLiteral("written by somebody else since"));
     reply.value = QVariantMap{{userKey, by.user}, {timeKey, by.time}};
     return reply;

@@ -6,14 +6,14 @@
 
 namespace welmo::controller {
 
-/// Who changed what, and when: kept in the store with each change, all or none of both. Whoever
-/// writes without a name is not kept.
+/// Who changed what, and when: each record is written in one transaction with its change. Changes
+/// without an author are not recorded.
 class Audit
 {
 public:
-    /// A change that is longer, as JSON, is kept without its values.
+    /// A larger change, as JSON, is recorded without its values.
     static constexpr int longestChange = 16 * 1024;
-    /// What a page holds at most, unless a single record is longer.
+    /// The most records of a page, unless a single one is larger.
     static constexpr int pageLength = 200;
     static constexpr int pageBytes = 128 * 1024;
 
@@ -22,25 +22,25 @@ public:
         , m_log(store.database())
     { }
 
-    /// Reads where it stands; comes before everything else. False when that failed.
+    /// Reads the log's position; to be called before everything else. False if that failed.
     bool start() { return m_log.load(); }
-    /// What shows that somebody else had a hand in it; empty when nothing does.
+    /// What shows that the records were changed by something else; empty if nothing does.
     QString complaint() const;
-    /// In whose name the store is written to from now on.
+    /// Sets who is recorded for later writes.
     void setAuthor(const Author &author) { m_author = author; }
-    /// Writes the changes, and what is kept of them.
+    /// Writes the changes and their records.
     bool write(const QVector<Store::Change> &changes);
 
-    /// What the records say that the entry holds now; invalid when they do not say.
+    /// The entry's present value by the records; invalid if they do not tell.
     QVariant valueOf(const QString &path, const QString &key) const;
 
-    /// Whether the author of the request would write over something newer than what the request was
-    /// made from, that somebody else wrote: then a refusal that says who and when.
+    /// Whether @p request would overwrite a newer revision than it names, written by somebody other
+    /// than its author: then a refusal that says who wrote it and when.
     Reply conflict(const Request &request) const;
     /// A page of records, oldest first: maps of number, time, user, client, path, key, revision and
-    /// either changes (as of difference()) or omitted (how long they were). The newest ones, or
-    /// with a @p key the ones before that number; "before" is the key for what comes before the
-    /// page, unless that is all.
+    /// either changes (see difference()) or omitted (their size). Without @p key the newest ones,
+    /// with it those before that number. "before" is the key of the previous page; the oldest page
+    /// has none.
     Reply page(const QString &key) const;
 
 private:

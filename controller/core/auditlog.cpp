@@ -23,7 +23,7 @@ constexpr char dropSql[] = "DELETE FROM audit WHERE number = ?1";
 constexpr char extentSql[] = "SELECT min(number), max(number), sum(length(CAST(content AS BLOB)))"
                              " FROM audit";
 
-// Where the chain hangs: the seal of the last record that gave way; and the newest seal.
+// The seals of the last dropped record, from which the chain starts, and of the newest record.
 constexpr char anchorName[] = "audit anchor";
 constexpr char sealName[] = "audit seal";
 

@@ -6,45 +6,45 @@
 
 namespace welmo::controller {
 
-/// A table of the store: who changed what, in order. The oldest records give way to the newest, by
-/// number and by size. Each record carries a seal over itself and the seal before it, so that one
-/// that was changed, taken out or put in by another hand shows.
+/// A table of the store: who changed what, in order. The oldest records are dropped, by number and
+/// by size. Each record carries a seal over itself and the seal before it, so that a record that
+/// was changed, removed or inserted from outside shows.
 class AuditLog
 {
 public:
     struct Record
     {
-        qint64 number = 0; ///< counts up from 1, for ever; append() gives it
+        qint64 number = 0; ///< counts up from 1 without end; set by append()
         QString time = {};
         QString user = {};
         QString client = {};
         QString path = {};
         QString key = {};
-        qint64 revision = 0; ///< that the entry has since
+        qint64 revision = 0; ///< the entry's revision after the change
         QByteArray content = {}; ///< JSON
     };
 
     static constexpr qint64 mostRecords = 5000;
-    static constexpr qint64 mostBytes = qint64(4) * 1024 * 1024; ///< of contents
+    static constexpr qint64 mostBytes = qint64(4) * 1024 * 1024; ///< all contents together
 
-    /// The database is borrowed, and has the table.
+    /// The database must outlive the log, and have its table.
     explicit AuditLog(Database &database);
 
-    /// Reads where the log stands, at the start and after a transaction that came to nothing.
+    /// Reads the log's position, at the start and after a transaction that was rolled back.
     bool load();
-    /// Within a transaction of the caller's.
+    /// To be called within a transaction.
     bool append(Record record);
-    /// The newest record about an entry; its number is 0 when there is none.
+    /// The newest record of an entry; its number is 0 if there is none.
     Record lastOf(const QString &path, const QString &key) const;
-    /// Every record about an entry, oldest first.
+    /// Every record of an entry, oldest first.
     QVector<Record> historyOf(const QString &path, const QString &key) const;
-    /// The newest records with a number below @p before, newest first: at most @p count, and no
-    /// more contents than @p bytes, but at least one.
+    /// The newest records with a number below @p before, newest first: at most @p count with @p
+    /// bytes of contents, but at least one.
     QVector<Record> page(qint64 before, int count, int bytes) const;
     qint64 firstNumber() const { return m_first; }
-    /// The seal of the newest record: who keeps it elsewhere can prove the log up to there.
+    /// The newest record's seal; a copy kept elsewhere can prove the log up to there.
     QString seal() const { return m_seal; }
-    /// The number of the first record whose seal does not fit; 0 when all do.
+    /// The number of the first record whose seal does not match; 0 if all do.
     qint64 firstBroken() const;
 
 private:

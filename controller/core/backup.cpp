@@ -26,11 +26,11 @@ QString about(const QString &file, const QString &reason)
     return QStringLiteral("%1: %2").arg(file, reason);
 }
 
-/// Why the content of @p from, as one moment has it, did not get to the new file @p to.
+/// Copies one moment's content of @p from to the new file @p to; returns why that failed.
 QString copy(const QString &from, const QString &to, const QString &sql)
 {
     QFile::remove(to);
-    // Not for writing: whoever closes a log last would take it away from a store that was killed.
+    // Opened read-only: closing as a writer would remove the log of a store that was killed.
     const Connection source = connect(from, SQLITE_OPEN_READONLY);
     const Connection target = connect(to, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     sqlite3_backup *work = sqlite3_backup_init(target.get(), "main", source.get(), "main");
@@ -53,7 +53,7 @@ QString setSql(const char *name, const QString &value)
         .arg(QLatin1String(name), value);
 }
 
-/// Why a closed file is not whole.
+/// Why a closed file is not a whole store; empty if it is.
 QString fault(const QString &file)
 {
     QString problem;

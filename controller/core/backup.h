@@ -4,13 +4,13 @@
 
 namespace welmo::controller {
 
-/// Writes everything that the store @p file holds at this moment to the new file @p backup, which
-/// stands by itself; a controller may be at work on the store. One line when that cannot be done.
+/// Writes all that the store @p file holds at this moment to the new file @p backup, which needs no
+/// log beside it; a controller may be using the store. Returns one line if that failed.
 QString backUp(const QString &file, const QString &backup);
 
-/// Puts what a backup holds in the place of the store @p file, under a new identity. What was there
-/// is kept beside it, under its name with ".replaced-" and the time. One line when that cannot be
-/// done; then everything is as it was.
+/// Replaces the store @p file with a backup, under a new identity. The old store is kept beside it,
+/// with ".replaced-" and the time added to its name. Returns one line if that failed; then nothing
+/// has changed.
 QString restore(const QString &file, const QString &backup);
 
 } // namespace welmo::controller

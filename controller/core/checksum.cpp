@@ -4,12 +4,13 @@ namespace welmo::controller {
 
 namespace {
 
-// FNV-1a with 64 bits: short, quick, and each byte changes all that follows.
+// FNV-1a with 64 bits: short and quick, and each byte affects all later steps.
 class Sum
 {
 public:
     void add(unsigned char byte) { m_state = (m_state ^ byte) * 0x100000001b3U; }
-    /// @p end is no byte of UTF-8, so no two lists of texts are fed in the same way.
+    /// @p end is not a byte of UTF-8, so that different lists of texts are never summed as the same
+    /// bytes.
     void add(const QByteArray &text, unsigned char end)
     {
         for (const char byte : text)

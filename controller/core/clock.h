@@ -5,8 +5,8 @@
 
 namespace welmo::controller {
 
-/// Milliseconds since some fixed moment; they never go back. Everything that takes time in the
-/// controller is measured with it, so that a test turns the hands instead of waiting.
+/// Milliseconds since some fixed moment; they never go back. The controller measures all times with
+/// it, so that a test can set the clock instead of waiting.
 using Clock = std::function<qint64()>;
 
 inline Clock steadyClock()

@@ -12,37 +12,38 @@
 
 namespace welmo::controller {
 
-/// What the units of a controller share: the store, the clock, the journal, the faults, and the way
-/// to tell watchers. Store failures become replies here, and nowhere else.
+/// What the subsystems of a controller share: the store, the clock, the journal, the faults, and
+/// the way to notify watchers. Store failures become replies only here.
 class ControllerContext : public Reader
 {
 public:
     using Notify = std::function<void(const QString &path, const QVariant &values)>;
     using Listener = std::function<void(const QVariant &values)>;
 
-    /// Everything is borrowed and must outlive the context.
+    /// The context keeps references to all of these; they must outlive it.
     ControllerContext(Store &store, Faults &faults, Journal &journal, Clock clock);
 
     void setNotify(Notify notify) { m_notify = std::move(notify); }
-    /// Tells whoever watches @p path; @p values holds what changed, under the node's keys.
+    /// Notifies the watchers of @p path; @p values holds what changed, under the node's keys.
     void notify(const QString &path, const QVariant &values) const;
-    /// For the controller's own units: hears what is told of @p path, before anybody outside.
+    /// For the controller's subsystems: @p listener is called with each notification of @p path,
+    /// before the watchers.
     void listen(const QString &path, const Listener &listener);
 
-    /// The stored value, or @p fallback when there is none.
+    /// The stored value, or @p fallback if there is none.
     Reply load(const QString &path, const QString &key = {},
                const QVariant &fallback = {}) const override;
-    /// A map of everything stored under @p path, by key, without what is damaged.
+    /// A map of all entries of @p path, by key, except damaged ones.
     Reply loadAll(const QString &path) const;
     Reply save(const QString &path, const QString &key, const QVariant &value);
-    /// All or none.
+    /// Writes all of the changes or none.
     Reply save(const QVector<Store::Change> &changes);
     Reply remove(const QString &path, const QStringList &keys);
 
     Audit &audit() { return m_audit; }
-    /// What is damaged in the store, a line each; once audit() has started.
+    /// What is damaged in the store, a line each; valid once audit() has started.
     QStringList complaints() const;
-    /// Of the entry as it is stored now; nothing for what is not stored.
+    /// The revision of a stored entry; empty if it is not stored.
     std::optional<qint64> revision(const QString &path, const QString &key) const;
 
     qint64 now() const { return m_clock(); }

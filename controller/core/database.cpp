@@ -63,7 +63,7 @@ void Database::rollBack()
 Transaction::Transaction(Database &database)
     : m_database(database)
 {
-    database.rollBack(); // of one whose end could not be carried out
+    database.rollBack(); // undoes an earlier transaction that could not be ended
     m_isOpen = database.execute("BEGIN IMMEDIATE");
 }
 

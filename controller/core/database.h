@@ -7,7 +7,7 @@ struct sqlite3_stmt;
 
 namespace welmo::controller {
 
-/// An SQLite connection to the tables of a store. One thread.
+/// An SQLite connection to the tables of a store, for one thread.
 class Database
 {
 public:
@@ -17,12 +17,12 @@ public:
     bool execute(const char *sql);
     bool readNumber(const char *sql, qint64 *number);
     QString readText(const char *sql);
-    /// What the store says about itself, by name; empty for what it does not.
+    /// A named value that describes the store; empty if it has none of that name.
     QString about(const char *name);
-    /// Undoes what was begun and not committed.
+    /// Undoes a transaction that was not committed.
     void rollBack();
     bool setAbout(const char *name, const QString &value);
-    /// What the last failed operation said.
+    /// The error of the last failed operation.
     QString errorText() const;
     sqlite3 *handle() const { return m_handle; }
 
@@ -34,7 +34,7 @@ protected:
     sqlite3 *m_handle = nullptr;
 };
 
-/// Changes that count together; undone, whatever the reason, unless they were committed.
+/// Changes that are made together; undone by the destructor unless they were committed.
 class Transaction
 {
 public:
@@ -51,7 +51,7 @@ private:
     bool m_isOpen;
 };
 
-/// A prepared statement, used again and again; it must not outlive its database.
+/// A prepared statement that is used many times; its database must outlive it.
 class Statement
 {
 public:
@@ -60,16 +60,16 @@ public:
     Statement(const Statement &) = delete;
     Statement &operator=(const Statement &) = delete;
 
-    /// Fills the place @p index, counted from 1.
+    /// Binds the parameter @p index, counted from 1.
     Statement &bind(int index, const QString &text);
     Statement &bind(int index, const QByteArray &utf8);
     Statement &bind(int index, qint64 number);
     Statement &bindNull(int index);
     /// Runs to the next row: SQLITE_ROW, SQLITE_DONE, or an error.
     int step();
-    /// Runs a statement without rows to its end and makes it ready for the next time.
+    /// Runs a statement without result rows to its end and resets it.
     bool run();
-    /// Ready for the next time; the bound values stay.
+    /// Makes the statement ready to run again; the bound values stay.
     void reset();
 
     bool isNull(int column) const;
@@ -81,7 +81,7 @@ private:
     Statement &bound(int result);
 
     sqlite3_stmt *m_handle = nullptr;
-    bool m_incomplete = false; // a place could not be filled: it must not run with what was there
+    bool m_incomplete = false; // a value could not be bound: the old one must not be used
 };
 
 } // namespace welmo::controller

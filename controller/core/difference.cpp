@@ -61,7 +61,7 @@ QVariant changedList(QVariantList list, const QStringList &place, const QVariant
     const int index = place.first().toInt();
     const QVariant item = changedAt(list.value(index), place.mid(1), after);
     if (!item.isValid())
-        return list.mid(0, index); // it became shorter
+        return list.mid(0, index); // the list became shorter
     if (index >= list.size())
         list.append(item);
     else

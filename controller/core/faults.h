@@ -7,19 +7,19 @@
 
 namespace welmo::controller {
 
-/// What can go wrong, by name, and switched on and off at will: from a page of the pendant, from a
-/// test, from a service. Any thread may call.
+/// The faults that can be simulated, by name. A page of the pendant, a test or a service switches
+/// them, from any thread.
 class Faults : public QObject
 {
     Q_OBJECT
 public:
     enum class Fault {
-        LinkDown, ///< the controller cannot be reached
+        LinkDown, ///< the link is down
         WelderError, ///< the welder reports an error
         WireStuck, ///< the wire does not move
         WireSticks, ///< at the end of a weld the wire freezes in the pool
         NoGas, ///< there is no gas pressure
-        NoArc, ///< an arc cannot be struck
+        NoArc, ///< the arc cannot be struck
         ArcBreaks, ///< a burning arc goes out
         DiskFull ///< the store refuses writes
     };
@@ -32,26 +32,26 @@ public:
     void set(Fault fault, bool on);
     bool isOn(Fault fault) const;
 
-    /// The next @p times requests for the node or command @p path are answered with @p code and
-    /// not carried out. A code of 0 ends it.
+    /// The next @p times requests for the node or command @p path are not carried out but answered
+    /// with @p code; 0 ends it.
     void setCode(const QString &path, int code, int times = untilCleared);
-    /// The code that the request for @p path is to be answered with, or 0; counts it as used.
+    /// The code to answer a request for @p path with, or 0; counts as one use of it.
     int takeCode(const QString &path);
 
-    /// Every answer comes this many milliseconds late; the request is carried out at once.
+    /// Delays every answer by this many milliseconds; the request is carried out at once.
     void setDelay(int milliseconds);
     int delay() const;
 
-    /// The next @p count requests are carried out, and their answers get lost.
+    /// The next @p count requests are carried out, but not answered.
     void loseAnswers(int count);
-    /// True when the present answer is to get lost; counts it as used.
+    /// True if the present answer is to be lost; counts as one of them.
     bool takeLoss();
 
-    /// Everything works again.
+    /// Ends all faults.
     void clear();
 
 signals:
-    /// Something was switched; comes from the thread that switched it.
+    /// A fault was switched; emitted in the thread that switched it.
     void changed();
 
 private:

@@ -78,7 +78,7 @@ Reply checkedValue(const Field &field, const QVariant &value)
     return {};
 }
 
-// True when something on the path to the child is no map.
+// True if a node on the path to the child is not a map.
 bool isBlocked(const QVariantMap &map, const QString &path)
 {
     const QVariant parent = childAt(map, path.section(QLatin1Char('.'), 0, -2));

@@ -20,24 +20,24 @@ struct Field
 
 using Fields = std::vector<Field>;
 
-// What the tables of fields are written with.
+// These make the rows of the tables of fields.
 Field text(const char *key);
 Field boolean(const char *key);
 Field number(const char *key, double lowest, double highest);
-/// A number without a fraction; 3.0 passes, and is stored as 3.
+/// A number without a fraction; 3.0 is accepted and stored as 3.
 Field integer(const char *key, int lowest, int highest);
 Field threeIntegers(const char *key, int lowest, int highest);
 
 enum class Missing { Allowed, Refused };
 
-/// @p payload, a plain value, checked against @p fields. The reply carries it with its integers
-/// made ints, or says what is wrong. Texts are not compared with lists of codes, and children that
-/// no field names are kept: newer welders and newer pendants know more than this controller.
+/// Checks the plain value @p payload against @p fields. The reply holds it with its integers
+/// converted to int, or says what is wrong. Codes are not checked, and unknown children are kept,
+/// since newer welders and pendants may know more than this controller.
 Reply checked(const QVariant &payload, const Fields &fields, Missing missing);
 
-/// The value at the dotted @p path in maps within maps; invalid when there is none.
+/// The value at the dotted @p path in nested maps; invalid if there is none.
 QVariant childAt(const QVariant &map, const QString &path);
-/// @p map with @p value at the dotted @p path, maps made on the way.
+/// @p map with @p value set at the dotted @p path; missing maps are made.
 QVariantMap withChild(const QVariantMap &map, const QString &path, const QVariant &value);
 
 } // namespace welmo::controller

@@ -6,7 +6,7 @@ void HoldToRun::beat(qint64 time, const QVector<int> &presses)
 {
     m_lastBeat = time;
     m_presses = presses;
-    // A pendant that starts anew counts its presses from the beginning, with no key held.
+    // A restarted pendant counts its presses from 1 again, and starts with no key held.
     if (presses.isEmpty())
         m_used = 0;
 }

@@ -7,32 +7,32 @@
 
 namespace welmo::controller {
 
-/// Whether what a key moves may go on moving. A pendant proves by its beats that it is alive and
-/// that a hand is on a key; it is believed for a moment after each beat, no longer. Every press
-/// gets one chance: after a refusal or a stop it takes a fresh one.
+/// Whether motion that a held key started may continue. The pendant's beats prove that it is alive
+/// and which keys are held; each beat is valid for a short time only. Every press may start
+/// something once: after a refusal or a stop, only a new press starts it again.
 ///
-/// This keeps a wire from running away from a dead pendant. It is no safety function: enabling
-/// switch and emergency stop are hardware.
+/// This keeps a wire from running away from a dead pendant. It is no safety function: the enabling
+/// switch and the emergency stop are hardware.
 class HoldToRun
 {
 public:
-    /// Milliseconds that a beat counts. With beats every 25 ms two may be missed, and with a look
-    /// every paceMs all stands still 100 ms after the last one.
+    /// How long a beat is valid, in milliseconds. With a beat every 25 ms two may be lost; with a
+    /// check every paceMs(), all motion has stopped 100 ms after the last beat.
     static constexpr int beatCountsMs = 80;
     static constexpr int paceMs = 10;
 
-    /// The pendant was alive at @p time. @p presses are those that hold a key, oldest first; each
-    /// press has a number of its own.
+    /// The pendant was alive at @p time. @p presses are the numbers of the presses whose keys are
+    /// held, oldest first.
     void beat(qint64 time, const QVector<int> &presses);
-    /// There is no pendant any more, until the next beat.
+    /// There is no pendant until the next beat.
     void losePendant() { m_lastBeat.reset(); }
 
-    /// May a key start what it moves? Not before a beat has told of its press, so that an old
-    /// command finds no hand on the key. Uses the newest press up, whatever the answer, and gives
-    /// its number to @p press.
+    /// Whether a key may start its motion: only once a beat has told of its press, so that a late
+    /// command does not start anything after the key came up. Uses up the newest press, whatever
+    /// the answer, and stores its number in @p press.
     Reply start(qint64 now, int *press);
-    /// Why what @p press moves has to stop now; empty while a living pendant holds its key. The
-    /// hand on another key is no excuse.
+    /// Why the motion started by @p press must stop now; empty while a living pendant holds its
+    /// key. Other held keys do not count.
     QString failure(qint64 now, int press) const;
 
 private:

@@ -7,13 +7,13 @@
 
 namespace welmo::controller {
 
-/// What the machine did, with the controller's own times: proof from the far side of what a key on
-/// the pendant set off. In memory; the oldest entries give way. Any thread may call.
+/// What the machine did, with the controller's own times, as evidence of what a key of the pendant
+/// caused. Kept in memory; the oldest entries are dropped. Any thread may call.
 class Journal
 {
 public:
     enum class Event {
-        WireFeeds, ///< by a key or a program; wire that a weld consumes is not told apart
+        WireFeeds, ///< moved by a key or a program; the wire that a weld consumes is not recorded
         WireRetracts,
         WireStops,
         GasFlows,
@@ -21,8 +21,8 @@ public:
         Jogs, ///< a key moves the robot; the cause is the axis
         JogStops,
         Weld, ///< the cause is the phase that begins
-        Program, ///< the cause is the state it is in now
-        Message, ///< something that a program ignores or gets over
+        Program, ///< the cause is the new state
+        Message, ///< something that a program ignored or recovered from
         Alarm ///< something that ended a weld or a program
     };
 
@@ -30,13 +30,13 @@ public:
     {
         qint64 time; ///< of the controller's clock, in milliseconds
         Event event;
-        QString cause; ///< such as the command, or the fault, that set it off
+        QString cause; ///< such as the command or the fault that caused it
     };
 
     static constexpr int capacity = 10000;
 
     void add(qint64 time, Event event, const QString &cause);
-    /// Oldest first.
+    /// All entries, oldest first.
     QVector<Entry> entries() const;
     /// The newest @p count entries, oldest first, as maps {time, event, cause}.
     QVariantList recent(int count) const;

@@ -39,7 +39,7 @@ QVariant valueOf(const QJsonValue &json)
     return fits ? QVariant(value.toInt()) : value;
 }
 
-// The position after the text that starts at @p start with its quote.
+// The position after the JSON string that starts at @p start with its quote.
 int textEnd(const QByteArray &json, int start)
 {
     int i = start + 1;
@@ -55,7 +55,7 @@ bool isFollowedByColon(const QByteArray &json, int position)
     return position < json.size() && json.at(position) == ':';
 }
 
-// One key may be escaped in many ways.
+// Decodes escapes, since the same key can be escaped in many ways.
 QByteArray plainText(const QByteArray &text)
 {
     if (!text.contains('\\'))
@@ -103,7 +103,7 @@ bool isPlainBelow(const QVariant &value, int depth)
 
 QByteArray toJson(const QVariant &value)
 {
-    // The brackets are there because a JSON text of this library is an array or an object.
+    // Put into an array, since the library only writes arrays and objects.
     const QJsonArray wrapped{QJsonValue::fromVariant(value)};
     return QJsonDocument(wrapped).toJson(QJsonDocument::Compact);
 }
@@ -137,7 +137,7 @@ bool repeatsKey(const QByteArray &json)
 
 int sizeOf(const QVariant &value)
 {
-    constexpr int number = 8; // and everything else that is small
+    constexpr int number = 8; // an estimate for numbers and all other short values
     int size = 2;
     if (value.userType() == QMetaType::QVariantMap) {
         const QVariantMap map = value.toMap();

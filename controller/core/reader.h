@@ -4,12 +4,12 @@
 
 namespace welmo::controller {
 
-/// Where stored values are read: the store of a controller, or a copy of it elsewhere.
+/// A source of stored values: the controller's store, or a copy of its values elsewhere.
 class Reader
 {
 public:
     virtual ~Reader() = default;
-    /// The stored value, or @p fallback when there is none.
+    /// The stored value, or @p fallback if there is none.
     virtual Reply load(const QString &path, const QString &key = {},
                        const QVariant &fallback = {}) const = 0;
 };

@@ -6,8 +6,8 @@
 
 namespace welmo::controller {
 
-/// Why something did not go as it should: a code with what belongs to it, so that each pendant can
-/// say it in its operator's language.
+/// Why something failed: a code and its arguments, so that each pendant can show it in its
+/// operator's language.
 struct Reason
 {
     QString code;
@@ -16,7 +16,7 @@ struct Reason
     bool isEmpty() const { return code.isEmpty(); }
 };
 
-/// A refusal that carries its reason to the pendant; @p text is for logs, in English.
+/// A refusal that carries its reason to the pendant; @p text is English, for logs.
 inline Reply refusedFor(int code, const Reason &reason, const QString &text)
 {
     Reply reply = Reply::refused(code, text);
@@ -25,7 +25,7 @@ inline Reply refusedFor(int code, const Reason &reason, const QString &text)
     return reply;
 }
 
-/// The reason of a refusal; for one that names none, what its code and text say.
+/// A refusal's reason; without one, a reason made from its code and text.
 inline Reason reasonOf(const Reply &reply)
 {
     const QVariantMap map = reply.value.toMap();

@@ -8,8 +8,7 @@
 
 namespace welmo::controller {
 
-/// Which node and which command is answered by whom. Subsystems enter what is theirs once, at the
-/// start.
+/// Which subsystem answers which node and command. Subsystems register theirs once, at the start.
 class Registry
 {
 public:
@@ -17,7 +16,7 @@ public:
 
     enum class Entries {
         Together, ///< parts of one value
-        Apart ///< a value each, told and read without the others
+        Apart ///< separate values, each notified and read without the others
     };
 
     using Read = std::function<Reply()>;
@@ -26,17 +25,17 @@ public:
     using WriteEntry = std::function<Reply(const QString &key, const QVariant &value)>;
     using Run = std::function<Reply(const Request &request)>;
 
-    /// A node with one value; a key in a read is a dotted path into it. Without @p write it is read
-    /// only.
+    /// A node with one value; the key of a read is a dotted path into it. Without @p write the node
+    /// is read-only.
     void addValue(const QString &path, const Read &read, const Write &write = {});
-    /// A node with entries, such as numbered files; a read without a key answers them all.
+    /// A node with entries, such as numbered files; a read without a key returns all of them.
     void addEntries(const QString &path, const ReadEntry &read, const WriteEntry &write,
                     Entries entries = Entries::Together);
-    /// How many bytes a value written there may have, as JSON; for who does not say, usualSize.
+    /// Sets the most bytes that a value written there may have as JSON; usualSize unless set.
     void setLargest(const QString &path, int bytes);
     void addCommand(const QString &path, const Run &run);
 
-    /// Every node; one without entries counts as together.
+    /// Every node, with how its entries are to be kept; a node without entries has Together.
     QMap<QString, Entries> nodes() const;
 
     Reply dispatch(const Request &request) const;

@@ -14,7 +14,7 @@ Author us()
             QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"))};
 }
 
-/// A store at work, and the one that may help it out.
+/// Repairs entries of a store from its audit, or from a backup.
 class Mender
 {
 public:
@@ -25,7 +25,7 @@ public:
     { }
 
     bool start() { return m_audit.start(); }
-    /// What came of it, in words; empty when there is nothing to mend it with.
+    /// How the entry was repaired, in words; empty if it could not be.
     QString mend(const Store::Place &place)
     {
         Store::Change entry{place.path, place.key, m_audit.valueOf(place.path, place.key)};

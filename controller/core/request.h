@@ -6,22 +6,22 @@
 
 namespace welmo::controller {
 
-/// Who is behind a request. Of a pendant in the same process, which nobody signs in to, the user is
-/// the level that it is set to.
+/// Who sent a request. A pendant in the same process needs no sign-in: its user is the access level
+/// that it is set to.
 struct Author
 {
     QString user = {};
-    QString client = {}; ///< the user's pendant
-    QString time = {}; ///< of day, as people read it
+    QString client = {}; ///< identifies the user's pendant
+    QString time = {}; ///< date and time, as text for people
 };
 
-/// One question to the controller, as a plain value.
+/// One request to the controller, as a plain value.
 struct Request
 {
     enum class Kind {
         Get, ///< read the node @c path, or its entry @c key
         Set, ///< write @c payload to the node @c path, or to its entry @c key
-        Watch, ///< as Get; who carries the request remembers the subscription
+        Watch, ///< as Get; the link keeps the subscription
         Command ///< run the command @c path; @c key is the name of the payload object
     };
 
@@ -29,38 +29,38 @@ struct Request
     QString path = {};
     QString key = {};
     QVariant payload = {};
-    /// The revision of what a write is to replace; without one, whatever is there.
+    /// The revision that a write is to replace; without one it replaces any.
     std::optional<qint64> revision = std::nullopt;
     Author author = {};
 };
 
-/// Result codes. Everything but Ok says that nothing was carried out.
+/// Result codes. Every code but Ok means that nothing was carried out.
 enum Code {
     Ok = 0,
     UnknownNode = 1, ///< there is no node of that path
-    UnknownKey = 2, ///< the node has no entry of that name, and never will
+    UnknownKey = 2, ///< the node cannot have an entry of that name
     UnknownCommand = 3, ///< there is no command of that name
     BadPayload = 4, ///< a wrong type, a missing child, or a value that contradicts another
-    OutOfRange = 5, ///< a number outside what is physically meaningful
-    ReadOnly = 6, ///< the node changes by commands or by itself, not by writing
-    WrongState = 7, ///< not while the machine is in this state
+    OutOfRange = 5, ///< a number that is physically meaningless
+    ReadOnly = 6, ///< the node changes by commands or by itself, not by writes
+    WrongState = 7, ///< not possible in the machine's present state
     StorageFailed = 8, ///< the store could not be read or written
     WireStuck = 9, ///< the wire does not move
     NoGas = 10, ///< there is no gas pressure
-    Conflict = 11, ///< somebody else has written it since it was read; the value says who and when
+    Conflict = 11, ///< written by somebody else since it was read; the value says who and when
     NotInControl = 12, ///< another pendant holds control
-    NotAllowed = 13, ///< the user's role does not reach so far
-    TooMuch = 14 ///< larger, or more, than is taken: nothing of it was
+    NotAllowed = 13, ///< the user's role does not allow it
+    TooMuch = 14 ///< larger, or more, than is accepted
 };
 
-/// The answer. With Ok an invalid @c value means: there is no such entry. A read that failed has
-/// another code, so the two are never mistaken for each other.
+/// The answer. With Ok an invalid @c value means that there is no such entry. A failed read has
+/// another code, so that the two cannot be confused.
 struct Reply
 {
     int code = Ok;
     QVariant value;
-    QString text = {}; ///< the reason of a refusal, in English, for logs
-    /// Of the entry that was read or written; of nodes without entries there is none.
+    QString text = {}; ///< why a request was refused, in English, for logs
+    /// The revision of the entry that was read or written; nodes without entries have none.
     std::optional<qint64> revision = std::nullopt;
 
     bool ok() const { return code == Ok; }

@@ -74,7 +74,7 @@ Store::Store(std::unique_ptr<StoreFile> database)
     , m_write(*m_database, writeSql)
 { }
 
-/// Looks at everything once; why the store cannot be used.
+/// Checks every entry once; returns why the store cannot be used.
 QString Store::load()
 {
     m_identity = m_database->about(storeformat::identityName);

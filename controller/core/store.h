@@ -13,14 +13,15 @@
 
 namespace welmo::controller {
 
-/// What outlives the controller: one value for each (path, key). What a call acknowledged is on
-/// disk. Values are plain (see isPlain()); their types come back as json.h says. One thread.
+/// What the controller keeps across restarts: one value for each (path, key). When a call has
+/// succeeded its changes are on the disk. Values are plain (see isPlain()); their types come back
+/// as json.h says. For one thread.
 class Store
 {
 public:
     struct Entry
     {
-        QVariant value; ///< invalid: not there, or removed
+        QVariant value; ///< invalid: never written, or removed
         qint64 revision = 0; ///< one more with each write or removal; 0: never written
     };
     struct Change
@@ -29,19 +30,20 @@ public:
         QString key;
         QVariant value; ///< invalid: the entry is removed
     };
-    /// Hears of each change within its transaction, with what was there before: without a value,
-    /// when that is damaged. False: nothing of all the changes is written.
+    /// Called with each change inside its transaction, with the entry before it (without a value if
+    /// that was damaged). If it returns false none of the changes is written.
     using Witness = std::function<bool(const Change &change, const Entry &before)>;
 
     /// Opens or creates the store; null with one line in @p problem, see StoreFile::open().
     static std::unique_ptr<Store> open(const QString &file, QString *problem);
-    /// As of StoreFile::openToRead(); nothing can be written.
+    /// As StoreFile::openToRead(); nothing can be written.
     static std::unique_ptr<Store> openToRead(const QString &file, QString *problem);
     static std::unique_ptr<Store> inMemory();
 
-    /// Another one for each store that was ever made or restored: revisions count within it only.
+    /// Different for each store that was made or restored: revisions are only comparable within
+    /// one.
     const QString &identity() const { return m_identity; }
-    /// Where an entry stands.
+    /// Path and key of an entry.
     struct Place
     {
         QString path;
@@ -49,21 +51,20 @@ public:
     };
     /// What was found damaged when the store was opened, a line each.
     const QStringList &complaints() const { return m_complaints; }
-    /// The damaged entries among it: they cannot be read, but written anew.
+    /// The damaged entries among them: they cannot be read, only written anew.
     const QVector<Place> &damaged() const { return m_damaged; }
 
-    /// The entry, which may be "not there"; nothing at all when reading failed.
+    /// The entry, which may have no value; empty if reading failed.
     std::optional<Entry> read(const QString &path, const QString &key) const;
-    /// The entry's revision, without taking its value apart; nothing at all when reading failed.
+    /// The entry's revision, without parsing its value; empty if reading failed.
     std::optional<qint64> revision(const QString &path, const QString &key) const;
-    /// Every entry of @p path that is there and not damaged, by key; nothing at all when reading
-    /// failed.
+    /// Every entry of @p path that has a value and is not damaged, by key; empty if reading failed.
     std::optional<std::map<QString, Entry>> readAll(const QString &path) const;
     /// Whether this value is what a damaged entry held, as far as its checksum can tell.
     bool wasStored(const Change &entry) const;
-    /// Writes all or none of the changes.
+    /// Writes all of the changes or none.
     bool write(const QVector<Change> &changes, const Witness &witness = {});
-    /// Removes all or none of the entries; one that is not there is no failure.
+    /// Removes all of the entries or none; a missing entry is no failure.
     bool remove(const QString &path, const QStringList &keys);
     /// Why the last operation failed.
     QString errorText() const { return m_errorText; }
@@ -73,7 +74,7 @@ public:
 private:
     struct Row
     {
-        bool there = false; // and not removed
+        bool there = false; // false if it never was written, or was removed
         qint64 revision = 0;
         qint64 sum = 0;
     };
@@ -83,7 +84,7 @@ private:
                                          QString *problem);
     bool inTransaction(const std::function<bool()> &work);
     bool failed(const QString &text = QString()) const;
-    /// From the columns path, key, value, revision and sum.
+    /// Makes an entry of the columns path, key, value, revision and sum.
     std::optional<Entry> entryFrom(const Statement &row) const;
     QString load();
     bool writeOne(const Change &change, const Witness &witness);
@@ -99,7 +100,7 @@ private:
     QStringList m_complaints;
     QVector<Place> m_damaged;
     quint64 m_sum = 0; // of the checksums of all rows
-    // By their text: to take it apart costs more than to read it.
+    // Values by their JSON text, since parsing costs more than reading the row.
     mutable QCache<QByteArray, QVariant> m_values{256};
     mutable QString m_errorText;
 };

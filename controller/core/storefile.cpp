@@ -53,14 +53,14 @@ StoreFile::~StoreFile()
 {
     if (m_marked)
         markClosed();
-    close(); // while the lock is held
+    close(); // while the lock is still held
 }
 
 QString StoreFile::openFile(const QString &file)
 {
     if (QString reason = lockFile(file); !reason.isEmpty())
         return reason;
-    // Looked for before the file is opened, which makes one.
+    // Checked before the file is opened, which creates one.
     const bool hasLog = QFile::exists(file + QStringLiteral("-wal"));
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
     if (sqlite3_open_v2(QFile::encodeName(file).constData(), &m_handle, flags, nullptr)
@@ -68,7 +68,7 @@ QString StoreFile::openFile(const QString &file)
         return tr("cannot be opened (%1)").arg(errorText());
     if (sqlite3_db_readonly(m_handle, "main") == 1)
         return tr("cannot be written");
-    // Until the file is known to be ours, the log that somebody left is not merged into it.
+    // Until the file is known to be ours, closing it must not merge a log that was left beside it.
     sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, hasLog ? 1 : 0, nullptr);
     if (QString reason = prepare(hasLog); !reason.isEmpty())
         return reason;
@@ -98,15 +98,15 @@ QString StoreFile::prepare(bool hasLog)
 {
     if (QString reason = inspect(); !reason.isEmpty())
         return reason;
-    // Where its last owner was killed, somebody may have looked into it since and closed the log.
+    // A killed owner leaves the lock file behind; its log may have been merged by a reader since.
     if (m_version > 1 && !hasLog && !m_wasKilled
         && about(storeformat::openName) == QLatin1String("1"))
         return tr("is a copy of a store in use, without what was written last: "
                   "such a copy is made by controllerd backup");
     const bool isNew = m_version == 0;
-    // EXTRA is FULL once there is a log. Until then it sees to it that a journal which was removed
-    // does not come back after a power cut, to undo what was acknowledged since.
-    // The tables come before the log: a file without tables is then never one of ours.
+    // EXTRA protects the set-up, before there is a log: after a power cut a removed journal cannot
+    // come back and undo acknowledged writes. With a log EXTRA works as FULL. The tables are made
+    // before the log, so that a file without tables is never one of ours.
     const bool ready = execute("PRAGMA synchronous = EXTRA")
         && (!isNew || storeformat::create(*this)) && configure()
         && (isNew || storeformat::migrate(*this, m_version)) && markOpen();
@@ -158,8 +158,8 @@ bool StoreFile::configure()
     return readText("PRAGMA journal_mode = WAL") == QLatin1String("wal");
 }
 
-// While the mark is in the file itself, and not in the log alone, a copy of the file alone shows
-// that something is missing. The log is on the disk before.
+// The mark is written to the file itself, not only to the log, so that a copy of the file alone is
+// recognised as incomplete. The log is on the disk before it.
 bool StoreFile::markOpen()
 {
     m_marked = true;
@@ -167,10 +167,10 @@ bool StoreFile::markOpen()
         && execute("PRAGMA wal_checkpoint(PASSIVE)");
 }
 
-// A mark that stays needs a log that stays.
+// If the mark cannot be cleared, the log is kept with it.
 void StoreFile::markClosed()
 {
-    rollBack(); // or the mark would be undone with what was left open
+    rollBack(); // an open transaction would undo the mark with it
     if (!setAbout(storeformat::openName, QStringLiteral("0")))
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }

@@ -8,17 +8,17 @@
 
 namespace welmo::controller {
 
-/// A database file that is known to be ours, from its first look to its proper end. One owner: a
-/// lock file beside it keeps a second controller out, while readers may look on.
+/// A database file that is verified to be ours, from opening to a clean close. It has one owner: a
+/// lock file beside it keeps a second controller out, while readers are allowed.
 class StoreFile : public Database
 {
     Q_DECLARE_TR_FUNCTIONS(welmo::controller::StoreFile)
 public:
-    /// Opens or creates @p file, and brings one of an earlier version up to date. Null when that
-    /// cannot be done, with one line in @p problem that names the file and the reason; a file that
-    /// is not ours is left exactly as it was.
+    /// Opens or creates @p file, and updates one of an earlier version. Null if that fails, with
+    /// one line in @p problem that names the file and the reason; a file that is not ours is not
+    /// changed.
     static std::unique_ptr<StoreFile> open(const QString &file, QString *problem);
-    /// Opens a file that nobody writes, such as a backup; not for writing.
+    /// Opens a file that no program writes, such as a backup, for reading only.
     static std::unique_ptr<StoreFile> openToRead(const QString &file, QString *problem);
     static std::unique_ptr<StoreFile> inMemory();
     ~StoreFile();
@@ -36,8 +36,8 @@ private:
     void markClosed();
 
     StoreLock m_lock;
-    qint64 m_version = 0; // of the format in the file; 0: there is nothing in it
-    bool m_wasKilled = false; // its last owner, which left its lock behind
+    qint64 m_version = 0; // of the file's format; 0 for an empty file
+    bool m_wasKilled = false; // the last owner left its lock file behind
     bool m_marked = false;
 };
 

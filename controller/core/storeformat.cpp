@@ -14,12 +14,12 @@ namespace welmo::controller::storeformat {
 
 namespace {
 
-// A removed entry keeps its row without a value, so that its revision never starts again.
+// A removed entry keeps its row without a value, so that its revision goes on counting.
 constexpr char entrySql[] = "CREATE TABLE entry (path TEXT NOT NULL, key TEXT NOT NULL,"
                             " value TEXT, revision INTEGER NOT NULL, sum INTEGER NOT NULL,"
                             " PRIMARY KEY (path, key)) WITHOUT ROWID;";
 
-// New with version 2.
+// Added by version 2.
 constexpr char besidesSql[] =
     "CREATE TABLE about (name TEXT PRIMARY KEY, value TEXT NOT NULL) WITHOUT ROWID;"
     "CREATE TABLE audit (number INTEGER PRIMARY KEY, time TEXT NOT NULL, user TEXT NOT NULL,"
@@ -29,7 +29,7 @@ constexpr char besidesSql[] =
 
 constexpr char entriesSql[] = "SELECT path, key, value, revision FROM entry";
 constexpr char setSumSql[] = "UPDATE entry SET sum = ?3 WHERE path = ?1 AND key = ?2";
-// Version 1 kept its audit as entries, numbers going round in a circle.
+// Version 1 kept the audit as entries whose numbers wrapped around.
 constexpr char oldAuditSql[] = "SELECT value FROM entry WHERE path = 'cell.audit'"
                                " AND json_valid(value) ORDER BY json_extract(value, '$.number')";
 constexpr char dropOldAuditSql[] = "DELETE FROM entry WHERE path = 'cell.audit'";

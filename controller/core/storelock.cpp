@@ -13,7 +13,8 @@ namespace welmo::controller {
 StoreLock::~StoreLock()
 {
     if (m_descriptor >= 0)
-        ::unlink(m_file.constData()); // while it is held: nobody else's is removed
+        // While the lock is held, so that another program's file is not removed.
+        ::unlink(m_file.constData());
     close();
 }
 
@@ -25,7 +26,7 @@ StoreLock::Outcome StoreLock::take(const QString &file)
         m_descriptor = ::open(m_file.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
         if (m_descriptor < 0 || ::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0)
             return failed();
-    } while (!isStillThere()); // its last holder removed it between the two calls
+    } while (!isStillThere()); // the last holder may remove the file between the two calls
     return Outcome::Taken;
 }
 

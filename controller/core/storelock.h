@@ -5,9 +5,8 @@
 
 namespace welmo::controller {
 
-/// Keeps a second program out of a store, by a lock on a file beside it that the system holds for
-/// the process: it is gone when its holder is, however that ended, and what the file contains
-/// means nothing.
+/// Keeps a second program out of a store by a system lock on a file beside it. The system releases
+/// the lock when the process ends, however it ends; the file's content does not matter.
 class StoreLock
 {
 public:
@@ -18,9 +17,9 @@ public:
     StoreLock(const StoreLock &) = delete;
     StoreLock &operator=(const StoreLock &) = delete;
 
-    /// Takes the lock at once or not at all: Held, when another program has it.
+    /// Takes the lock without waiting; Held if another program has it.
     Outcome take(const QString &file);
-    /// What the system said when take() failed.
+    /// The system's error text when take() failed.
     QString errorText() const { return m_errorText; }
 
 private:

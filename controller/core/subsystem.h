@@ -4,19 +4,19 @@
 
 namespace welmo::controller {
 
-/// One responsibility of the controller. It enters its nodes and commands into the registry when it
-/// is made, and runs by itself in tick() while it is busy.
+/// One responsibility of the controller. It registers its nodes and commands when it is made, and
+/// proceeds by itself in tick() while it is busy.
 class Subsystem
 {
 public:
     virtual ~Subsystem() = default;
-    /// Writes what has to be in every store, when it is not there yet.
+    /// Writes what every store must hold, where it is missing.
     virtual Reply start() { return {}; }
-    /// Carries out what has become due by the clock.
+    /// Carries out what is due by the clock.
     virtual void tick() { }
-    /// True while something goes on that needs tick() now and then.
+    /// True while something proceeds that needs tick().
     virtual bool isBusy() const { return false; }
-    /// How often tick() is wanted while busy, in milliseconds.
+    /// How often tick() is to be called while busy, in milliseconds.
     virtual int paceMs() const { return 20; }
 };
 

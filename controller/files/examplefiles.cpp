@@ -8,7 +8,7 @@ namespace welmo::controller {
 
 namespace {
 
-/// What a fillet of one bead takes; A and V at the torch, mm/s along the seam.
+/// Settings for a fillet of one bead; A and V at the torch, mm/s along the seam.
 struct Steel
 {
     int thickness; // mm

@@ -11,7 +11,7 @@ using schema::Range;
 using schema::Stored;
 using schema::Unit;
 
-// The widest that a number counted in this unit can mean.
+// The widest range that makes sense for a number in this unit.
 Range widest(Unit unit)
 {
     switch (unit) {
@@ -38,7 +38,7 @@ Range widest(Unit unit)
     return {};
 }
 
-// What a pendant offers is never refused.
+// Includes the pendant's range, so that what it offers is never refused.
 Range accepted(const schema::Row &row)
 {
     const Range wide = widest(row.unit);

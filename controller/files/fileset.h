@@ -5,11 +5,11 @@
 
 namespace welmo::controller {
 
-/// What the controller accepts of a set of files. The ranges are generous: they keep out what no
-/// welder could mean, while what is sensible for the work at hand is the pendant's business.
+/// What the controller accepts in a set of files. Its ranges are wide: they refuse what no welder
+/// could mean, while the pendant limits values to what is sensible.
 const Fields &fieldsOf(const schema::FileSet &set);
 
-/// What it accepts of a set of options: exactly what a pendant offers.
+/// What it accepts in an option set: exactly what a pendant offers.
 Fields strictFieldsOf(const schema::Set &set);
 
 } // namespace welmo::controller

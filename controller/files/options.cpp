@@ -67,8 +67,8 @@ Reply Options::setAnticollision(const QVariant &payload)
     Reply wanted = checked(payload, fields, Missing::Refused);
     if (!wanted.ok())
         return wanted;
-    // A sensor that is switched off is not shielded either: a pendant that switches it off may
-    // still send the shield as it was.
+    // A sensor that is off is not shielded, but a pendant that switches it off may still send the
+    // shield as it was.
     QVariantMap value = wanted.value.toMap();
     value[blockKey] = value.value(blockKey).toBool() && value.value(enableKey).toBool();
     Reply reply = saveAndTell(names::anticollisionParam, value);

@@ -6,11 +6,11 @@
 
 namespace welmo::controller {
 
-/// How long a test of the gas lasts, in seconds.
+/// The duration of a gas test, in seconds.
 Reply gasDetectTime(const ControllerContext &context);
 
-/// The cell's small sets of options, each one value: running parameters, anti-collision, and the
-/// torch that clamps the wire. A set is not there until it was written first.
+/// The option sets, each one value: running parameters, anti-collision, and the torch that clamps
+/// the wire. A set does not exist until it was first written.
 class Options : public Subsystem
 {
 public:

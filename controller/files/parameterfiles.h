@@ -7,7 +7,7 @@
 
 namespace welmo::controller {
 
-/// A whole file, checked: the right children of the right types, and the name of a file of the set.
+/// Checks a whole file: the children, their types, and that its name is one of the set.
 Reply checkedFile(const schema::FileSet &set, const QVariant &payload);
 
 /// The numbered parameter files of every set: read, written and removed.

@@ -59,7 +59,7 @@ QVariantMap CellState::node() const
     return map;
 }
 
-// Whoever moves them: a key, a line, or a weld.
+// Gas and wire, whether a key, a program line or a weld moves them.
 QVariantMap CellState::flows() const
 {
     using Wire = WireAndGas::Wire;

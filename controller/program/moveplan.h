@@ -10,19 +10,20 @@ namespace welmo::controller {
 
 enum class Way { Joint, Line, Circle };
 
-/// Where a move's line leads from where the arm is, and how fast.
+/// How a move's line leads from the arm's position to its target, and how fast.
 struct MovePlan
 {
     std::shared_ptr<const ProgramPath> path;
-    Frame tool = Frame::Identity(); ///< its tip, in the flange's frame
-    double speed = 0; ///< that the line names, mm/s
+    Frame tool = Frame::Identity(); ///< the tool's tip in the flange's frame
+    double speed = 0; ///< mm/s, as the line says
 
-    /// Fills @p plan from a move's line without problems, or says why the robot does not get there.
+    /// Fills @p plan from a move's line without problems, or says why the robot cannot reach the
+    /// target.
     static Reply make(const ProjectData &project, const tl::ParsedLine &line, Way way,
                       const Joints &from, MovePlan *plan);
 };
 
-/// How a move's word goes; nothing for another word.
+/// The kind of path that a move's word stands for; empty for any other word.
 std::optional<Way> wayOf(tl::Word word);
 
 } // namespace welmo::controller

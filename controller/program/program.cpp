@@ -20,8 +20,9 @@ namespace {
 
 const QString endKey = QStringLiteral("end");
 constexpr double defaultDryRunSpeed = 200; // mm/s
-constexpr size_t stepsKept = 1000; // that can be gone back
-constexpr qint64 longestCatchUp = 5000; // ms; a computer that slept goes on where it was
+constexpr size_t stepsKept = 1000; // the number of steps that can be undone
+// In ms; time beyond it, as of a suspended computer, is not made up for.
+constexpr qint64 longestCatchUp = 5000;
 
 Reply wrongState(const char *text)
 {
@@ -84,7 +85,7 @@ Reply Program::load(const QVariant &payload)
     const QString name = childAt(wanted.value, QStringLiteral("name")).toString();
     const QString text = childAt(wanted.value, QStringLiteral("text")).toString();
     if (name != m_name || text != m_text)
-        m_stage.track.clear(); // the same once more has the same gaps
+        m_stage.track.clear(); // loading the same program again keeps its gaps
     m_name = name;
     m_text = text;
     m_lines.clear();
@@ -100,7 +101,7 @@ Reply Program::load(const QVariant &payload)
     return {};
 }
 
-// What goes wrong on the way is put down to who set it off.
+// Remembers the user, to whom alarms of the run are assigned.
 Reply Program::started(const Reply &reply, const QString &user)
 {
     if (reply.ok())
@@ -119,7 +120,7 @@ Reply Program::run(const QVariant &payload)
     return runFrom(line.value.isValid() ? line.value.toUInt() : 0);
 }
 
-// With the line that is wanted, from 0; without a value for none.
+// Whether a run may start; the reply holds the line to start from, from 0, or no value for none.
 Reply Program::mayStart(const QVariant &payload) const
 {
     if (m_state == State::Running)
@@ -135,7 +136,7 @@ Reply Program::mayStart(const QVariant &payload) const
     return wanted;
 }
 
-// What was paused is over then.
+// Ends a paused run and takes the robot.
 Reply Program::takeRobot()
 {
     if (m_name.isEmpty())
@@ -195,7 +196,7 @@ Reply Program::setStage()
     return {};
 }
 
-// What the lines before @p line leave switched on.
+// Sets the weave that the lines before @p line leave on.
 Reply Program::setWeave(size_t line)
 {
     QString file;
@@ -234,7 +235,7 @@ Reply Program::pause()
 
 Reply Program::stop()
 {
-    if (m_state == State::Idle) // whatever else goes on has to stop as well
+    if (m_state == State::Idle) // other motions must stop as well
         end(State::Idle, m_result.value(endKey).toString(), m_message);
     else
         end(State::Idle, QStringLiteral("stopped"), QStringLiteral("stopped"));
@@ -249,7 +250,7 @@ void Program::step()
     else if (!hindered.isEmpty())
         fail(hindered, hindered.code);
     else if (!m_stage.weld.alarm().isEmpty())
-        endFor(m_stage.weld.alarm().code); // which was raised where it came up
+        endFor(m_stage.weld.alarm().code); // the subsystem that ended the weld has raised the alarm
     else if (m_instruction)
         stepInstruction();
     else
@@ -315,7 +316,7 @@ void Program::beginLine(size_t index, std::unique_ptr<ProgramInstruction> instru
         fail(begun);
 }
 
-// After a step the next line is the one that it is at.
+// After a step, the next line becomes the present one.
 void Program::endLine()
 {
     if (!m_oneLine)
@@ -339,7 +340,7 @@ void Program::finish()
 
 void Program::ignore(const tl::ParsedLine &line, const char *why)
 {
-    if (++m_ignored == 1) // one stands for all of them
+    if (++m_ignored == 1) // one alarm stands for all ignored lines
         m_alarms.raise({QStringLiteral("line_ignored"), {line.word.text}});
     m_message = QStringLiteral("line %1: \"%2\" %3 and was ignored")
                     .arg(QString::number(m_line), line.word.text, QLatin1String(why));
@@ -347,7 +348,7 @@ void Program::ignore(const tl::ParsedLine &line, const char *why)
     endLine();
 }
 
-// In manual mode somebody stands beside the robot, who could not stop it any more.
+// In manual mode a person stands beside the robot, who needs the pendant to stop it.
 bool Program::pauseIfAlone()
 {
     const bool alone =

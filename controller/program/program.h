@@ -7,33 +7,33 @@
 
 namespace welmo::controller {
 
-/// Runs a robot program, line by line, and the weld along with it, a millisecond at a time.
+/// Runs a robot program line by line, together with the weld, in steps of a millisecond.
 ///
 /// Commands: "tl_program.load" {name, text}, "tl_program.run" (from the top, from {line}, or on
-/// where it was paused), "tl_program.step", "tl_program.reweld" (the first place
-/// of the last run where a seam lacks its arc), "tl_program.pause", "tl_program.stop". The node
-/// "tl_program.state" holds {name, state, line, message, result, reweld}: state is idle, running,
-/// paused or error; line counts from 1, 0 for none, and is the next one while it is paused between
-/// two; the message is for logs. What can be welded again is {line, lost, from}: a move's line, and
+/// where it was paused), "tl_program.step", "tl_program.reweld" (the first place of the last run
+/// where a seam lacks its arc), "tl_program.pause", "tl_program.stop". The node "tl_program.state"
+/// holds {name, state, line, message, result, reweld}: state is idle, running, paused or error;
+/// line counts from 1, 0 for none, and is the next line while the program is paused between two;
+/// message is for logs. reweld is what can be welded again, {line, lost, from}: a move's line, and
 /// millimetres along the seam; line is 0 for nothing.
 ///
-/// A step carries out one line and pauses: {line} where to begin unless it is paused, {back} to go
-/// back to where the robot was before the last one. Nothing burns in a step, and a seam that it
-/// goes into or leaves stays without an arc until the next "ArcOn".
+/// A step carries out one line and pauses: {line} where to begin unless it is paused, {back} to
+/// return to where the robot was before the last line. A step never strikes an arc, and a seam that
+/// a step enters or leaves has no arc until the next "ArcOn".
 ///
-/// The result says what came of the last run: {end, faults, seams, seams_of, welded, length,
-/// arc_seconds, wire, ignored, arc_on, mode}: how it ended (finished, stopped, failed, or nothing
-/// before it has), what went wrong as {code, arguments, line}, of how many seams so many were
-/// welded, of how many millimetres that it came to, for how long an arc burned, how many metres of
-/// wire it took, how many lines were ignored, whether the arc was still on, and the weld mode.
+/// The result describes the last run: {end, faults, seams, seams_of, welded, length, arc_seconds,
+/// wire, ignored, arc_on, mode}: how it ended (finished, stopped, failed, or empty before its end),
+/// its alarms as {code, arguments, line}, how many seams of how many were welded, how many
+/// millimetres of how many, the seconds of burning arc, the metres of wire, the number of ignored
+/// lines, whether the arc was still on, and the weld mode.
 ///
-/// It knows the language of the program checker and refuses the lines that the checker refuses; a
-/// line whose word is nobody's is ignored with a message. The weld mode at the start counts: "real"
-/// welds, "simu" moves just so and simulates the readings of an arc, "test_run" moves at the speed
-/// of the running parameters.
+/// It uses the language of the program checker and refuses the lines that the checker refuses; a
+/// line with an unknown word is ignored with a message. The weld mode at the start counts: "real"
+/// welds, "simu" makes the same moves and simulates the readings of an arc, "test_run" moves at the
+/// speed of the running parameters.
 ///
-/// It is refused without power and in a fault of the cell, ends where one of these comes up, and in
-/// manual mode pauses when the pendant is gone.
+/// Without power, or in a fault of the cell, a program does not start, and a running one ends; in
+/// manual mode it pauses if the pendant is lost.
 class Program : public Subsystem
 {
 public:
@@ -89,31 +89,31 @@ private:
     Alarms &m_alarms;
     const Surroundings &m_surroundings;
     QString m_name, m_text;
-    QString m_user; ///< who had it run
+    QString m_user; ///< who started the run
     std::vector<tl::ParsedLine> m_lines;
-    size_t m_next = 0; // of m_lines
+    size_t m_next = 0; // index in m_lines
     std::unique_ptr<ProgramInstruction> m_instruction;
-    std::deque<PlannedStep> m_plan; // before the next line
+    std::deque<PlannedStep> m_plan; // to be done before the next line
     struct Done
     {
         size_t line;
         std::unique_ptr<ProgramInstruction> undo;
-        std::optional<Weave> weave; // before it
+        std::optional<Weave> weave; // the weave before it
     };
-    std::deque<Done> m_done; // the newest last
-    std::optional<Weave> m_weaveBefore; // the present line
-    bool m_goesBack = false; // with the present instruction
-    bool m_oneLine = false; // then it pauses
-    bool m_isDry = false; // by a step, whatever the mode says
+    std::deque<Done> m_done; // the newest is the last
+    std::optional<Weave> m_weaveBefore; // the weave before the present line
+    bool m_goesBack = false; // the present instruction leads back
+    bool m_oneLine = false; // pause after one line
+    bool m_isDry = false; // a step made the stage dry, whatever the weld mode
     State m_state = State::Idle;
     int m_line = 0;
     int m_ignored = 0;
-    int m_seams = 0; // of the program
-    QString m_mode; // of the run
+    int m_seams = 0; // of the whole program
+    QString m_mode; // the weld mode of the run
     QVariantMap m_result;
     QString m_message;
     QVariantMap m_told;
-    qint64 m_time = 0; // up to which everything was carried out
+    qint64 m_time = 0; // the clock's time up to which the run was carried out
 };
 
 } // namespace welmo::controller

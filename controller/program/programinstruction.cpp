@@ -12,7 +12,7 @@ namespace welmo::controller {
 
 namespace {
 
-/// An instruction that is through as soon as it has begun.
+/// An instruction that takes no time.
 class Switch : public ProgramInstruction
 {
 public:
@@ -77,7 +77,7 @@ private:
     QString m_file;
 };
 
-/// Wire or gas for a time; a dry run lets the time pass without them.
+/// Wire or gas for a time; in a dry run only the time passes.
 class Timed : public ProgramInstruction
 {
 public:
@@ -106,7 +106,7 @@ public:
     }
 
 private:
-    double m_left; // ms; a line may ask for more than any integer holds
+    double m_left; // ms; a line may ask for more than an integer holds
     Start m_start;
 };
 
@@ -164,7 +164,7 @@ std::unique_ptr<ProgramInstruction> makeInstruction(const tl::ParsedLine &line)
         return makeMove(line);
     case Word::SegOn:
     case Word::SegOff:
-        break; // nobody offers them
+        break; // no form offers them
     }
     return nullptr;
 }

@@ -11,7 +11,7 @@ namespace welmo::controller {
 
 namespace {
 
-/// [AuxPoint,] ToPoint, Speed, Zone, Tool [, Wobj] [, "weavedata"]. Every point is gone to exactly,
+/// [AuxPoint,] ToPoint, Speed, Zone, Tool [, Wobj] [, "weavedata"]. Every point is reached exactly,
 /// whatever its zone allows.
 class Move : public ProgramInstruction
 {
@@ -41,10 +41,10 @@ private:
 
     std::shared_ptr<const ProgramPath> m_path;
     std::optional<Weave> m_weave;
-    double m_gone = 0; // mm of the path
-    double m_until = 0; // there it ends
+    double m_gone = 0; // mm along the path
+    double m_until = 0; // mm along the path, where the move ends
     int m_ms = 0;
-    std::optional<double> m_back; // where the torch goes back to
+    std::optional<double> m_back; // mm along the path, to which the torch returns
 };
 
 Reply Move::begin(ProgramStage &stage)
@@ -92,7 +92,7 @@ std::optional<Reply> Move::step(ProgramStage &stage)
     return {};
 }
 
-// Along a seam the file says how fast; a test run has a speed of its own for everything.
+// A test run has one speed for all moves; along a seam the welding file's speed counts.
 double Move::wantedSpeed(const ProgramStage &stage) const
 {
     if (stage.dryRunSpeed > 0)
@@ -130,7 +130,7 @@ std::unique_ptr<ProgramInstruction> Move::undo() const
     return makeTravelBack(m_path, m_gone, m_speed);
 }
 
-/// The rest of a move that was begun in an earlier run, or a part of it.
+/// A part of a move that was begun in an earlier run.
 class MoveOn : public Move
 {
 public:

@@ -38,7 +38,7 @@ private:
     Joints m_from, m_to;
 };
 
-/// The tip goes somewhere, and turns evenly from one orientation to the other.
+/// A path of the tool's tip that turns evenly from one orientation to the other.
 class TipPath : public ProgramPath
 {
 public:
@@ -84,11 +84,11 @@ private:
 
 struct Circle
 {
-    Vector3d centre, outwards, along; // to where the way starts, and there along it
-    double angle; // of the whole way
+    Vector3d centre, outwards, along; // unit vectors: to the start, and along the circle there
+    double angle; // of the whole path
 };
 
-// Nothing when the three points lie on a straight line, or nearly so.
+// Empty if the three points are on a straight line, or nearly so.
 std::optional<Circle> circleThrough(const Vector3d &from, const Vector3d &by, const Vector3d &to)
 {
     constexpr double straight = 1e-6;

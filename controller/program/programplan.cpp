@@ -13,7 +13,7 @@ namespace welmo::controller {
 namespace {
 
 constexpr double millisecond = 0.001;
-constexpr double wayStep = 4; // mm between two places of a way
+constexpr double wayStep = 4; // mm between two places of a path
 constexpr double weaveStep = 0.25;
 constexpr int mostSteps = 2000;
 
@@ -46,7 +46,7 @@ private:
     std::optional<ArcWeld> m_seam;
     QString m_seamFile;
     std::optional<Weave> m_weave;
-    double m_current = 0; // of the arc
+    double m_current = 0; // of the arc, in A
     ProgramPlan m_plan;
 };
 
@@ -162,7 +162,7 @@ std::optional<QVariantMap> Planner::file(const schema::FileSet &set, const QStri
                                                  : std::nullopt;
 }
 
-// The current goes evenly to where it is aimed.
+// The current changes evenly to its target.
 void Planner::burn(double seconds, double current, int ramp)
 {
     const double ramping = std::min(seconds, ramp * millisecond);

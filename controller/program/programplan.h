@@ -10,9 +10,8 @@
 
 namespace welmo::controller {
 
-/// What a program is going to do with real welding when nothing goes wrong: its ways in the base
-/// frame, in mm, and what they take. It is worked out from the same pieces that carry a program
-/// out.
+/// What a program will do with real welding if nothing fails: its paths in the base frame, in mm,
+/// and the time and wire that it takes. Computed with the code that also runs a program.
 struct ProgramPlan
 {
     using Place = std::array<double, 3>;
@@ -26,7 +25,7 @@ struct ProgramPlan
         double length; ///< mm
         double seconds;
         std::vector<Place> way; ///< from start to end, without the weave
-        std::vector<Place> weave; ///< with it; empty without one
+        std::vector<Place> weave; ///< with the weave; empty without one
     };
 
     std::vector<Leg> legs;
@@ -36,7 +35,7 @@ struct ProgramPlan
     double seamLength = 0; ///< mm
     double wire = 0; ///< m
 
-    /// @p from: where the arm is at first.
+    /// @p from is the arm's position at the start.
     static ProgramPlan make(const Reader &reader, const std::vector<tl::ParsedLine> &lines,
                             const Joints &from);
 };

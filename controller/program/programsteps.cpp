@@ -2,7 +2,7 @@
 #include "controller/program/program.h"
 #include "controller/robot/robot.h"
 
-// A program line by line, and a seam once more.
+// The steps of a program line by line, and of welding a seam again.
 
 namespace welmo::controller {
 
@@ -63,7 +63,7 @@ void Program::takeBack()
     m_instruction = std::move(last.undo);
     m_goesBack = m_instruction != nullptr;
     if (m_instruction)
-        m_instruction->begin(m_stage); // which is never refused
+        m_instruction->begin(m_stage); // a travel is never refused
 }
 
 Reply Program::reweld()

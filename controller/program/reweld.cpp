@@ -6,7 +6,8 @@ namespace welmo::controller {
 
 namespace {
 
-// Where the arc came back the weld has to end, whatever became of the run.
+// The line that ends the weld: where the arc came back there must be one, even if the run did not
+// reach it.
 std::optional<size_t> closingLine(const SeamTrack::Gap &gap,
                                   const std::vector<tl::ParsedLine> &lines)
 {

@@ -6,19 +6,19 @@
 
 namespace welmo::controller {
 
-/// Something to be carried out apart from the order of the lines.
+/// Something to be carried out outside the order of the lines.
 struct PlannedStep
 {
-    size_t line; ///< that it belongs to, from 0
+    size_t line; ///< the line that it belongs to, from 0
     std::unique_ptr<ProgramInstruction> instruction; ///< null: what the line says
 };
 
-/// How a gap is welded: to its start, an arc there, along to its end or the seam's, and the arc off
-/// again. Where the run ended within the seam the rest is the program's own, from resumeAt().
+/// The steps that weld a gap: to its start, an arc there, along to its end or the seam's, and the
+/// arc off again. If the run ended within the seam, the program itself continues from resumeAt().
 std::deque<PlannedStep> reweldSteps(const SeamTrack::Gap &gap,
                                     const std::vector<tl::ParsedLine> &lines);
 
-/// The line, from 0, that the program goes on with afterwards; beyond the last for none.
+/// The line, from 0, with which the program continues afterwards; past the last line for none.
 size_t resumeAt(const SeamTrack::Gap &gap, const std::vector<tl::ParsedLine> &lines);
 
 } // namespace welmo::controller

@@ -27,7 +27,7 @@ void SeamTrack::open(size_t line)
     m_burned = m_isMissing = false;
     m_burnedTo = 0;
     if (m_mends)
-        return; // the legs before the gap are there
+        return; // keeps the legs before the gap
     m_legs.clear();
     m_until.reset();
     m_gaps.erase(std::remove_if(m_gaps.begin(), m_gaps.end(),

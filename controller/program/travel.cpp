@@ -16,7 +16,7 @@ constexpr double clearance = 50; // mm, between the torch and the work
 using Path = std::shared_ptr<const ProgramPath>;
 using Paths = std::vector<Path>;
 
-/// A path the other way round, from @p way mm of it.
+/// A path in reverse, from @p way mm of it.
 class Reversed : public ProgramPath
 {
 public:
@@ -34,7 +34,7 @@ private:
     Path m_path;
 };
 
-/// Along one path after the other.
+/// Moves along several paths in turn.
 class Travel : public ProgramInstruction
 {
 public:
@@ -73,7 +73,7 @@ private:
     Plan m_plan;
     double m_speed;
     Paths m_paths;
-    double m_gone = 0; // mm of the first one
+    double m_gone = 0; // mm along the first path
 };
 
 Frame lifted(const Frame &tip)
@@ -81,8 +81,8 @@ Frame lifted(const Frame &tip)
     return tip * Eigen::Translation3d(0, 0, -clearance);
 }
 
-// Along with where the arm is at their end; false, and nothing is added, when it does not get
-// there.
+// Appends a straight path and moves @p present to its end; false, with nothing added, if the arm
+// cannot follow it.
 bool addLine(Paths &paths, Joints &present, const Frame &to, const Frame &tool)
 {
     Path line = ProgramPath::line(arm::forward(present) * tool, to, tool);

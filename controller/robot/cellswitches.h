@@ -6,16 +6,16 @@
 
 namespace welmo::controller {
 
-/// What stands around the controller of a cell: its key switch, its power, its safety circuit.
+/// The switches of a cell: power, operating mode and safety circuit.
 struct CellSwitches
 {
     bool power = true;
-    bool automatic = false; ///< otherwise manual: somebody stands beside the robot
+    bool automatic = false; ///< false: manual, a person stands beside the robot
     bool fault = false; ///< such as a pressed emergency stop
 };
 
-/// Whether the pendant that last proved itself still does. A controller that no pendant ever beat
-/// to has none to lose.
+/// Whether the pendant is lost: it has sent a beat before, but no longer does. Without any beat
+/// there is no pendant to lose.
 class PendantWatch
 {
 public:
@@ -28,13 +28,13 @@ private:
     std::optional<qint64> m_last;
 };
 
-/// What everything that moves the robot has to look at first.
+/// What to check before anything moves the robot.
 struct Surroundings
 {
     CellSwitches switches;
     PendantWatch pendant;
 
-    /// Why nothing may move; empty when it may.
+    /// Why nothing may move; empty if it may.
     Reason hindrance() const
     {
         if (!switches.power)

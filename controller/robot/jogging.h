@@ -5,17 +5,17 @@
 
 namespace welmo::controller {
 
-/// The keys of a pendant move the robot while they are held, as they move wire: a beat has to prove
-/// the hand on the key, and what proves nothing stops within 100 ms.
+/// The keys of a pendant move the robot while they are held, under the rules of HoldToRun: a beat
+/// must prove that the key is held, else the motion stops within 100 ms.
 ///
 /// "motion.jog.start" takes {axis, direction, override}: x, y, z along and a, b, c about the axes
 /// of "frame", or j1 to j6; direction is 1 or -1; override is a part of the full speed, above 0 and
-/// at most 1. "frame" is base, tool or wobj, without it base; "tool" and "wobj" are those of the
-/// tool page unless they are named. "motion.jog.stop" stops it.
+/// at most 1. "frame" is base, tool or wobj, base if it is missing; "tool" and "wobj" are those of
+/// the tool page unless they are named. "motion.jog.stop" stops it.
 class Jogging : public Subsystem
 {
 public:
-    /// Everything is borrowed.
+    /// These must outlive the subsystem.
     Jogging(ControllerContext &context, Registry &registry, Robot &robot, HoldToRun &hold);
 
     void tick() override;
@@ -30,7 +30,7 @@ private:
     ControllerContext &m_context;
     Robot &m_robot;
     HoldToRun &m_hold;
-    int m_press = 0; // of the key that is held
+    int m_press = 0; // the number of the press that is held
 };
 
 } // namespace welmo::controller

@@ -9,7 +9,8 @@ namespace {
 
 constexpr double degree = M_PI / 180.0;
 constexpr qint64 longestStep = 20; // ms
-constexpr double fastestJoint = 360; // degrees a second; beyond, the wrist turns over
+// Degrees a second; faster only where the wrist would turn over.
+constexpr double fastestJoint = 360;
 
 bool turnsOver(const Joints &from, const Joints &to, double seconds)
 {

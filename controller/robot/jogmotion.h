@@ -6,26 +6,27 @@
 
 namespace welmo::controller {
 
-/// Moving by hand in one direction, as long as somebody wants it.
+/// A motion by hand in one direction.
 struct Jog
 {
     enum class Kind { Joint, Along, About };
 
     Kind kind = Kind::Joint;
-    int joint = 0; ///< Joint: from 0
-    Eigen::Vector3d axis = Eigen::Vector3d::UnitX(); ///< otherwise; in the base frame
-    double speed = 0; ///< mm or degrees a second, with its sign
-    Frame tool = Frame::Identity(); ///< whose tip moves, in the flange's frame
+    int joint = 0; ///< for Joint: its number, from 0
+    /// For other kinds: the axis in the base frame.
+    Eigen::Vector3d axis = Eigen::Vector3d::UnitX();
+    double speed = 0; ///< mm or degrees a second, signed
+    Frame tool = Frame::Identity(); ///< the tip that moves, in the flange's frame
 };
 
-/// Where a jog has the arm. It starts from where the arm was, so that a straight way stays
-/// straight.
+/// Where a jog moves the arm. It is computed from where the jog began, so that a straight path
+/// stays straight.
 class JogMotion
 {
 public:
     JogMotion(const Jog &jog, const Joints &from, qint64 now);
 
-    /// Brings @p joints up to @p now; false where the arm gets no further. Time that nobody looked
+    /// Moves @p joints on to @p now; false if the arm cannot go further. A long time without a call
     /// is not made up for.
     bool advance(qint64 now, Joints *joints);
 

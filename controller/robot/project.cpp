@@ -22,7 +22,7 @@ bool isList(const QString &key)
         && (key.endsWith(systemList) || key.endsWith(ownList)) && key.count(QLatin1Char('.')) == 1;
 }
 
-// Every item is a map with a name and an id of its own.
+// Every item must be a map with a name and an id of its own.
 Reply checkedItems(const QVariant &payload)
 {
     static const Fields fields{text("id"), text("name")};
@@ -59,7 +59,8 @@ Reply Project::start()
 {
     QVector<Store::Change> missing;
     for (const Store::Change &item : projectSeed()) {
-        // What is damaged is refused to who asks for it, and keeps nobody from the rest.
+        // A damaged list is refused when it is read, but does not prevent the others from being
+        // written.
         const Reply present = m_context.load(item.path, item.key);
         if (present.ok() && !present.value.isValid())
             missing.append(item);

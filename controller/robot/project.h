@@ -8,11 +8,11 @@
 
 namespace welmo::controller {
 
-/// The robot project: variables, tools, work objects, points and user frames as lists of maps
-/// {id, name, ...} in their own order; the inputs and outputs; what is chosen on the tool page.
+/// The robot project: variables, tools, work objects, points and user frames as lists of maps {id,
+/// name, ...} in their own order; the inputs and outputs; the choices on the tool page.
 ///
-/// The lists are the entries of one node ("tool._list" and so on); read without a key they come as
-/// maps within maps. The built-in lists ("tool.system_list") cannot be written.
+/// The lists are the entries of one node ("tool._list" and so on); a read without a key returns
+/// them as nested maps. The built-in lists ("tool.system_list") cannot be written.
 class Project : public Subsystem
 {
 public:

@@ -7,35 +7,35 @@
 
 namespace welmo::controller {
 
-/// What the robot project says by name: tools, work objects, points and speeds. A name that the
-/// project does not have is refused, with the name in the text.
+/// Looks up the robot project's tools, work objects, points and speeds by name. An unknown name is
+/// refused, with the name in the text.
 class ProjectData
 {
 public:
-    /// @p reader is borrowed.
+    /// @p reader must outlive this.
     explicit ProjectData(const Reader &reader)
         : m_reader(reader)
     { }
 
-    /// Stands for the base frame, or for a work object's own user frame.
+    /// The name of the base frame, or of a work object's own user frame.
     static const QString noFrame;
 
-    /// The pose in a map that holds it as "pose.frame", as all of the project's do.
+    /// The pose at "pose.frame" in a map of the project.
     static Frame frameIn(const QVariant &map);
     /// The inverse, without the outer "pose".
     static QVariantMap poseMap(const Frame &frame);
 
-    /// The tip of a tool in the flange's frame; without a name the tool of the tool page.
+    /// The tip of a tool in the flange's frame; an empty name is the tool of the tool page.
     Reply toolTip(const QString &name, Frame *frame) const;
-    /// @p name, or without one what is chosen on the tool page of that kind: "tool" or "wobj".
+    /// @p name or, if it is empty, the tool page's choice of that kind: "tool" or "wobj".
     QString chosen(const QString &kind, const QString &name) const;
     /// A work object in the base frame.
     Reply reference(const QString &userFrame, const QString &workObject, Frame *frame) const;
     /// A point in its work object's frame, and that work object's name.
     Reply point(const QString &name, Frame *frame, QString *workObject) const;
-    /// Millimetres a second.
+    /// In mm/s.
     Reply speed(const QString &name, double *speed) const;
-    /// Only whether there is such a zone: every point is gone to exactly.
+    /// Only checks that there is such a zone: every point is reached exactly.
     Reply zone(const QString &name) const;
 
 private:

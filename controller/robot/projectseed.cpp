@@ -36,7 +36,7 @@ QVariantMap variable(const QString &name, const QString &type, const QVariantMap
     return named(name, {{QStringLiteral("type"), type}, {QStringLiteral("value"), value}});
 }
 
-// Millimetres and degrees a second.
+// The values are mm/s and degrees a second.
 QVariantMap speed(const QString &name, double linear)
 {
     return variable(
@@ -44,7 +44,7 @@ QVariantMap speed(const QString &name, double linear)
         {{QStringLiteral("linear"), linear}, {QStringLiteral("angular"), qMin(linear, 500.0)}});
 }
 
-// How far from the point the robot may start to round the corner, in millimetres.
+// The radius is the distance from the point, in mm, at which the robot may start to cut the corner.
 QVariantMap zone(const QString &name, double radius)
 {
     return variable(name, QStringLiteral("zone"), {{QStringLiteral("radius"), radius}});
@@ -96,7 +96,7 @@ QVariantMap point(int number, const Pose &pose, const QVariantList &joints)
          {QStringLiteral("coordinate"), coordinate}});
 }
 
-// A fillet of 400 mm with a way in and out, then a half circle of 100 mm radius.
+// A fillet of 400 mm with points before and after it, then a half circle of 100 mm radius.
 QVariantList points()
 {
     return {
@@ -123,7 +123,7 @@ QVariantList board(const QString &prefix, int count, int signalType, int taken)
     return list;
 }
 
-// The first ones of a board are wired to the controller's own functions.
+// The first ones of each board are reserved for the controller's own functions.
 QVariantList inputsAndOutputs()
 {
     constexpr int input = 1;

@@ -73,7 +73,7 @@ void Robot::tick()
     tell();
 }
 
-// In manual mode somebody stands beside the robot, who could not stop it any more.
+// In manual mode a person stands beside the robot, who needs the pendant to stop it.
 void Robot::watchOver()
 {
     Reason why = m_surroundings.hindrance();
@@ -236,7 +236,7 @@ QVariantMap Robot::node() const
 
 void Robot::tell()
 {
-    constexpr qint64 paceOfPlaces = 100; // ms
+    constexpr qint64 paceOfPlaces = 100; // ms between notifications of the arm's place
     const QVariantMap now = words();
     const bool isDue = isUntold() && m_context.now() - m_toldAt >= paceOfPlaces;
     if (now == m_toldWords && !isDue)

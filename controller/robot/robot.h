@@ -9,8 +9,8 @@
 
 namespace welmo::controller {
 
-/// The robot: where it is, moving it to a point by hand, and stopping it. It starts where it was
-/// built, not where it was left: the arm has no memory of its own.
+/// The robot: where it is, moving it to a point by hand, and stopping it. Its position is not
+/// stored: it starts where it was built.
 ///
 /// "tl_program.get_rob_pos" takes "parameters" {tool, wobj} and answers the tool's tip in the work
 /// object as "pose.frame" (pos x, y, z in millimetres; ori.euler a, b, c in degrees), and the six
@@ -18,18 +18,18 @@ namespace welmo::controller {
 ///
 /// "motion.move.to_point" takes "cartesian.pose.frame" in the frame of "coordinate" {user_frame,
 /// wobj.name}, where "default" stands for the base, or for the work object's own user frame;
-/// "movetype" is "joint" or "linear". "tool" is the tool whose tip goes there, without it the one
-/// chosen on the tool page. While the robot moves, or a program has it, a move is refused.
+/// "movetype" is "joint" or "linear". "tool" is the tool whose tip goes there; without it, the one
+/// chosen on the tool page. A move is refused while the robot moves or a program has it.
 ///
-/// "motion.move.stop" stops at once, whatever the payload says, and also while nothing moves; a
-/// program that moves the robot is paused by it. Power and safety circuit stop it as well, and in
-/// manual mode a pendant that is gone; in automatic mode nobody moves it by hand.
+/// "motion.move.stop" stops at once, whatever the payload says, also while nothing moves; it pauses
+/// a program that moves the robot. A loss of power and the safety circuit stop it as well, and in
+/// manual mode the loss of the pendant; in automatic mode it cannot be moved by hand.
 ///
 /// The node "motion.state" holds {state, ends, end, reason, arguments, q, tip, pose}: state is
-/// still, moves (to a point), jogs or program; ends counts how often a move to a point ended, and
-/// end says how the last one did: arrived, stopped or refused, with the reason. q are the joints in
+/// still, moves (to a point), jogs or program; ends counts the moves to a point that ended, and end
+/// says how the last one did: arrived, stopped or refused, with the reason. q are the joints in
 /// degrees, tip is that of the chosen tool in the base frame {x, y, z}, pose the same in the chosen
-/// work object {x, y, z, a, b, c}. Places are told ten times a second while they change.
+/// work object {x, y, z, a, b, c}. Places are notified ten times a second while they change.
 class Robot : public Subsystem
 {
 public:
@@ -39,17 +39,17 @@ public:
     void tick() override;
     bool isBusy() const override { return m_motion.isMoving() || isUntold(); }
 
-    /// A program takes the robot: until yield() nothing else moves it. Refused while it moves.
+    /// Gives the robot to a program: until yield() nothing else moves it. Refused while it moves.
     Reply seize();
     void yield() { m_seized = false; }
-    /// Where the program has the arm now.
+    /// Moves the arm to where the program has it now.
     void place(const Joints &joints) { m_motion.place(joints); }
     const Joints &joints() const { return m_motion.joints(); }
     /// Moves by hand until stopJog().
     Reply jog(const Jog &jog);
     void stopJog();
     bool isJogging() const { return m_motion.isJogging(); }
-    /// True once after somebody stopped the robot that a program moves.
+    /// Whether a stop was commanded while a program moves the robot; true only once for each.
     bool takeStop();
 
 private:

@@ -13,9 +13,9 @@ namespace welmo::controller::arm {
 namespace {
 
 constexpr double degree = M_PI / 180.0;
-constexpr double straight = 1e-9; // the wrist's outer axes turn about the same line
+constexpr double straight = 1e-9; // the wrist's outer axes are parallel
 
-// Millimetres.
+// In millimetres.
 constexpr double shoulderHeight = 450;
 constexpr double shoulderOffset = 150;
 constexpr double upperArm = 600;
@@ -45,7 +45,7 @@ AngleAxisd aboutZ(double degrees)
     return {degrees * degree, Vector3d::UnitZ()};
 }
 
-// The turn of the whole that leaves @p angle nearest to @p present and within its limits.
+// The full turn of @p angle that is nearest to @p present, within its limits.
 double unwound(double angle, double present, const Limit &limit)
 {
     angle += 360.0 * std::round((present - angle) / 360.0);
@@ -56,7 +56,7 @@ double unwound(double angle, double present, const Limit &limit)
     return angle;
 }
 
-// Base, shoulder and elbow put the wrist's centre in its place.
+// Sets base, shoulder and elbow so that they bring the wrist's centre to its place.
 bool reach(const Vector3d &wrist, Joints &joints)
 {
     const double forward = std::hypot(wrist.x(), wrist.y()) - shoulderOffset;
@@ -76,7 +76,7 @@ bool reach(const Vector3d &wrist, Joints &joints)
     return true;
 }
 
-// The wrist turns by x, y, x; there are two ways, and the nearer one is taken.
+// The wrist turns about x, y, x; of its two solutions the nearer one is taken.
 void orient(const Matrix3d &wrist, const Joints &present, Joints &joints)
 {
     const double bent = std::hypot(wrist(0, 1), wrist(0, 2));

@@ -9,22 +9,22 @@ namespace welmo::controller {
 /// Six joint angles in degrees, from the base to the flange.
 using Joints = std::array<double, 6>;
 
-/// A frame within another: right-handed, millimetres.
+/// A frame within another: right-handed, in millimetres.
 using Frame = Eigen::Isometry3d;
 
-/// An arm with a reach of some 1.4 m and a wrist whose three axes meet. The base frame has z up and
-/// x to the front; the flange's z points away from the arm. With all joints at 0 the upper arm
-/// stands upright and the forearm points to the front.
+/// An arm with a reach of about 1.4 m and a wrist whose three axes meet. The base frame has z up
+/// and x to the front; the flange's z points away from the arm. With all joints at 0 the upper arm
+/// is upright and the forearm points to the front.
 namespace arm {
 
 /// The flange in the base frame, at the joint angles @p q.
 Frame forward(const Joints &q);
 
 /// The joints that bring the flange to @p flange, elbow up, as near to @p present as the wrist
-/// allows; nothing when the arm does not get there.
+/// allows; empty if the arm cannot get there.
 std::optional<Joints> inverse(const Frame &flange, const Joints &present);
 
-/// Whether the arm can stand so.
+/// Whether all joints are within their limits.
 bool isWithinLimits(const Joints &joints);
 
 /// The pose of a frame whose angles turn by @p a about x, then @p b about y, then @p c about z, all

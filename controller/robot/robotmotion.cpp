@@ -50,7 +50,7 @@ bool RobotMotion::start(qint64 now, Way way, const Frame &target, const Frame &t
     return true;
 }
 
-// The end has to be in reach, and for a straight way every step towards it as well.
+// The target must be in reach, and for a straight move every step to it as well.
 bool RobotMotion::isPossible(Move &move) const
 {
     constexpr int steps = 100;

@@ -7,14 +7,14 @@
 
 namespace welmo::controller {
 
-/// Where the arm stands, and how it gets somewhere else: at the steady speed of a robot that is
-/// moved by hand, without ramps. Times are the controller's clock.
+/// The arm's position, and its motion elsewhere: at the constant speed of a robot that is moved by
+/// hand, without ramps. Times are the controller's clock.
 class RobotMotion
 {
 public:
     enum class Way {
-        Joint, ///< every joint turns at its own steady speed, all arrive together
-        Linear ///< the tool's tip goes straight, and turns evenly on the way
+        Joint, ///< every joint turns at its own constant speed; all arrive together
+        Linear ///< the tool's tip moves straight and turns evenly
     };
 
     static constexpr double jointSpeed = 30; ///< degrees a second
@@ -24,17 +24,17 @@ public:
     const Joints &joints() const { return m_joints; }
     bool isMoving() const { return m_move || m_jog; }
     bool isJogging() const { return m_jog.has_value(); }
-    /// The last movement went to its end; a jog has none.
+    /// Whether the last movement reached its target; a jog has none.
     bool hasArrived() const { return m_hasArrived; }
 
-    /// Sets off for @p target, the tip of @p tool in the base frame; @p tool is the tip in the
-    /// flange's frame. False, and nothing moves, when the arm does not get there that way.
+    /// Starts a move to @p target, the tip of @p tool in the base frame; @p tool is the tip in the
+    /// flange's frame. False, without a move, if the arm cannot get there that way.
     bool start(qint64 now, Way way, const Frame &target, const Frame &tool);
-    /// Sets off in a direction, until stop() or until the arm gets no further.
+    /// Moves in a direction until stop(), or until the arm cannot go further.
     void jog(qint64 now, const Jog &jog);
     void advance(qint64 now);
     void stop();
-    /// Puts the arm where something else has it at the moment.
+    /// Sets the arm to where a program has it.
     void place(const Joints &joints) { m_joints = joints; }
 
 private:

@@ -8,27 +8,27 @@
 
 namespace welmo::controller {
 
-/// The electrical side of a weld: what flows, with the noise of a real arc, and what was counted
-/// while it burned. A millisecond at a time.
+/// The electrical side of a weld: current and voltage with the noise of a real arc, and what was
+/// counted while it burned. It proceeds in steps of a millisecond.
 class Arc
 {
 public:
-    /// The same seed, the same noise.
+    /// The same seed gives the same noise.
     explicit Arc(quint32 seed)
         : m_random(seed)
     { }
 
     bool isBurning() const { return m_burning; }
-    /// Strikes, and rises to @p setpoint within @p ramp ms.
+    /// Strikes the arc, and rises to @p setpoint within @p ramp ms.
     void strike(const Setpoint &setpoint, int ramp);
-    /// Another set value, with or without an arc.
+    /// Changes the set values, with or without an arc.
     void aim(const Setpoint &setpoint, int ramp);
-    /// Power is on, and no arc: the wire shows the machine's full voltage.
+    /// Power is on without an arc: the wire has the machine's full voltage.
     void openCircuit();
     void off();
 
-    /// One millisecond, with the torch at @p speed mm/s and, without an arc, wire coming at
-    /// @p wireSpeed m/min.
+    /// Carries out one millisecond, with the torch at @p speed mm/s; without an arc the wire comes
+    /// at @p wireSpeed m/min.
     void step(double speed, double wireSpeed);
     void resetCounters();
 

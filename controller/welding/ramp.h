@@ -2,13 +2,13 @@
 
 namespace welmo::controller {
 
-/// A value that moves evenly to where it is aimed, a millisecond at a time.
+/// A value that moves evenly to its target, in steps of a millisecond.
 class Ramp
 {
 public:
     double value() const { return m_value; }
     void jump(double value) { aim(value, 0); }
-    /// Sets off from the present value; @p ms of 0 jumps.
+    /// Starts from the present value; 0 ms jumps.
     void aim(double target, int ms)
     {
         m_target = target;

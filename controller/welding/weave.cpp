@@ -25,7 +25,7 @@ double Weave::aside(double way, int ms) const
         return 0;
     const double turns = (m_byLength ? way : ms) / m_period;
     const double phase = turns - std::floor(turns);
-    // Both start in the middle, and go to the left first.
+    // Both patterns start in the middle and go to the left first.
     const double triangle = phase < 0.25 ? 4 * phase : phase < 0.75 ? 2 - 4 * phase : 4 * phase - 4;
     const double sway = m_pattern == Pattern::Triangle ? triangle : std::sin(2 * M_PI * phase);
     return sway * (sway > 0 ? m_left : m_right);

@@ -45,7 +45,7 @@ Reason reasonFor(Trouble trouble)
         return {};
     case Trouble::NoGas:
         return {QStringLiteral("no_gas")};
-    case Trouble::NoCurrent: // a file as it comes into being
+    case Trouble::NoCurrent: // as in a new file
         return {QStringLiteral("no_current")};
     case Trouble::NoArc:
         return {QStringLiteral("no_arc")};
@@ -123,7 +123,7 @@ Reply Weld::refusal() const
     if (!m_welder.isConnected())
         return refusedFor(WrongState, {QStringLiteral("welder_not_connected")},
                           QStringLiteral("no actual welder is connected"));
-    // Nobody freed it since the last weld.
+    // The wire still sticks from the last weld.
     if (m_process.trouble() == Trouble::WireSticks && m_context.suffers(Fault::WireSticks))
         return refusedFor(WireStuck, reasonFor(Trouble::WireSticks),
                           QStringLiteral("the wire sticks"));
@@ -185,7 +185,7 @@ void Weld::advance(double speed)
     note();
 }
 
-// Of the present weld, as the arc counts.
+// The counts of the present weld.
 Weld::Tally Weld::counters() const
 {
     const welmo::controller::Arc &arc = m_process.arc();
@@ -207,7 +207,7 @@ void Weld::count(const Tally &before)
         ++m_tally.seams;
 }
 
-// To a tenth of a millimetre, as it is told.
+// Rounded to tenths of a millimetre, as it is shown.
 double Weld::distance() const
 {
     return std::round(m_process.arc().distance() * 10) / 10;
@@ -220,7 +220,7 @@ Reason Weld::arcLoss() const
     return {QStringLiteral("arc_lost"), {distance()}};
 }
 
-// What is only simulated goes well.
+// A simulated arc has no faults.
 WeldProcess::Conditions Weld::conditions() const
 {
     if (m_arc == Arc::Simulated)

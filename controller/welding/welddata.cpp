@@ -6,7 +6,7 @@ namespace welmo::controller {
 
 namespace {
 
-/// Reads a file's values by their keys; what is not there is 0.
+/// Reads a file's values by their keys; a missing one is 0.
 class File
 {
 public:
@@ -27,7 +27,7 @@ private:
     const QVariantMap &m_map;
 };
 
-// A common steel wire of 1.2 mm: 33 A melt a metre a minute, and this many volts suit the current.
+// For steel wire of 1.2 mm: 33 A melt a metre a minute, and this voltage suits the current.
 constexpr double amperesPerSpeed = 33;
 constexpr double arcVoltage = 14;
 constexpr double voltsPerAmpere = 0.05;

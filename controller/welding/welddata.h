@@ -4,7 +4,7 @@
 
 namespace welmo::controller {
 
-/// What a welding machine is set to: ampere and volt, whatever a file says them in.
+/// A welding machine's set values in ampere and volt, however the file gives them.
 struct Setpoint
 {
     double current = 0;
@@ -12,28 +12,28 @@ struct Setpoint
 };
 
 /// The set values of a file. A wire speed ("wire_feed", in mm/s) stands for the current that melts
-/// as much; a unified voltage, in percent, trims the voltage that suits the current: 100 is that
+/// that much; a unified voltage, in percent, trims the voltage that suits the current: 100 is that
 /// voltage, 0 and 200 are a quarter less and more.
 Setpoint setpointOf(const QVariantMap &file);
 
 /// Metres of wire that @p current melts in a minute.
 double wireSpeedAt(double current);
 
-/// How a file set starts an arc. Times in milliseconds.
+/// How a file starts an arc. Times in milliseconds.
 struct ArcStart
 {
     Setpoint setpoint;
     int preFlow = 0; ///< gas before anything else
-    int lead = 0; ///< power on and wire on its way, until it touches
+    int lead = 0; ///< power and wire on, until the wire touches
     double slowWireSpeed = 0; ///< of that wire, m/min
-    int detect = 0; ///< how long the arc is waited for
-    int stay = 0; ///< how long it burns before the torch moves: confirmation, and the hold
+    int detect = 0; ///< how long the arc may take to strike
+    int stay = 0; ///< how long the arc burns before the torch moves: confirmation, and the hold
     int ramp = 0;
     int retries = 0;
     int retractDelay = 0;
     int retract = 0;
-    double currentStep = 0; ///< more with each retry, A
-    double voltageStep = 0; ///< more with each retry, V
+    double currentStep = 0; ///< added with each retry, A
+    double voltageStep = 0; ///< added with each retry, V
 
     static ArcStart from(const QVariantMap &file);
 };
@@ -43,11 +43,11 @@ struct ArcWeld
     enum class WhenBroken { ContinueRunning, StopAndAlarm, Reignite };
 
     Setpoint setpoint;
-    double speed = 0; ///< mm/s; 0: the line of the program says it
+    double speed = 0; ///< mm/s; 0: the program line gives it
     int ramp = 0;
     int breakDetect = 0;
     WhenBroken whenBroken = WhenBroken::ContinueRunning;
-    double backDistance = 0; ///< mm before the break, where the arc starts again
+    double backDistance = 0; ///< mm before the break, where the arc is struck again
 
     static ArcWeld from(const QVariantMap &file);
 };
@@ -55,7 +55,7 @@ struct ArcWeld
 struct ArcEnd
 {
     Setpoint setpoint;
-    int hold = 0; ///< filling the crater
+    int hold = 0; ///< fills the crater
     int postFlow = 0;
     int stickDetect = 0;
     bool antiStick = false;

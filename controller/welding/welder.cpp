@@ -64,7 +64,7 @@ Reply Welder::deviceParam() const
 
 Reply Welder::start()
 {
-    const QVariant present = setting().value; // nothing, when it is damaged: then it is off
+    const QVariant present = setting().value; // no value if damaged: then the welder is off
     m_enabled = valueOf(present, rows().enable).toBool();
     m_connected = valueOf(present, rows().connectToWelder).toBool();
     return {};

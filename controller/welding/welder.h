@@ -15,9 +15,9 @@ public:
     Reply start() override;
     bool isInError() const { return m_context.suffers(Faults::Fault::WelderError); }
     bool isEnabled() const { return m_enabled; }
-    /// To the actual welding machine; without it there is no arc.
+    /// Whether the actual welding machine is connected; without it there is no arc.
     bool isConnected() const { return m_connected; }
-    /// "ok", "disabled" or "error", the contract's words.
+    /// "ok", "disabled" or "error", the words of the node.
     QString stateWord() const;
 
 private:

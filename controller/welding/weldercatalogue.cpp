@@ -6,7 +6,7 @@ namespace welmo::controller {
 
 namespace {
 
-// The open arc's voltage grows with the machine: 35 V at 350 A up to 54 V at 800 A.
+// The open-circuit voltage grows with the machine: 35 V at 350 A up to 54 V at 800 A.
 double maxSeparateVoltage(int ratedCurrent)
 {
     return 20.0 + 0.0425 * ratedCurrent;
@@ -40,7 +40,7 @@ const schema::Welder *findWelder(const QString &protocol, const QString &brand, 
 QVariantMap deviceParamOf(const schema::Welder &welder, int ratedCurrent)
 {
     const double volts = qRound(maxSeparateVoltage(ratedCurrent));
-    // The crater is filled with less than the seam is welded with.
+    // The crater is filled with less voltage than the seam is welded with.
     const double arcOffVolts = qRound(0.9 * volts);
     return {{QStringLiteral("work_mode"), QVariant(welder.workModes).toList()},
             {QStringLiteral("current_mode"), textsOf(schema::choices::currentModes())},

@@ -6,10 +6,10 @@
 
 namespace welmo::controller {
 
-/// A choice among the welders: null when there is no such machine.
+/// The welder of these names; null if there is none.
 const schema::Welder *findWelder(const QString &protocol, const QString &brand,
                                  const QString &type);
-/// Modes and voltage ranges of a welder with a rated current: what a pendant offers.
+/// Modes and voltage ranges of a welder with a rated current, as a pendant offers them.
 QVariantMap deviceParamOf(const schema::Welder &welder, int ratedCurrent);
 
 } // namespace welmo::controller

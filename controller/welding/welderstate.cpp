@@ -12,8 +12,8 @@ namespace welmo::controller {
 
 namespace {
 
-// In the order of the readings. Program, line and user of the seam are told here with the phase: of
-// two nodes that change together a pendant may hear either first.
+// In the order of the readings. The seam's program, line and user are in the node of the phase,
+// since of two nodes that change together a pendant may be notified of either first.
 const QVector<QString> wordKeys{QStringLiteral("state"),        QStringLiteral("phase"),
                                 QStringLiteral("welding_name"), QStringLiteral("program"),
                                 QStringLiteral("line"),         QStringLiteral("user")};
@@ -38,7 +38,7 @@ void insertAll(QVariantMap &map, const QVector<QString> &keys, const Readings &r
         map.insert(keys.at(i), readings[i]);
 }
 
-// Inserts each value that differs from what was told last, and remembers it as told.
+// Inserts each value that differs from the last notification, and remembers it.
 template<typename Readings>
 bool takeChanges(QVariantMap &map, const QVector<QString> &keys, Readings &told,
                  const Readings &readings)

@@ -13,10 +13,10 @@ class Weld;
 class Welder;
 
 /// The node "arc_weld.welder_state": {state, phase, welding_name, program, line and user of the
-/// seam, current A, voltage V,
-/// welding_speed mm/s, welding_time min, welding_distance mm, welding_wire_used m}.
+/// seam, current A, voltage V, welding_speed mm/s, welding_time min, welding_distance mm,
+/// welding_wire_used m}.
 ///
-/// Told when something changed: words at once, numbers at the rate of the node
+/// Words are notified when they change, numbers at the rate of the node
 /// "arc_weld.welder_state_rate" {rate}, 10 to 500 a second. A notification holds what changed;
 /// current and voltage come together.
 class WelderState : public Subsystem
@@ -42,7 +42,7 @@ private:
     ControllerContext &m_context;
     const Welder &m_welder;
     const Weld &m_weld;
-    int m_rate = 50; // a second
+    int m_rate = 50; // notifications a second
     Words m_toldWords;
     Numbers m_toldNumbers{};
     qint64 m_toldAt = 0;

@@ -23,7 +23,7 @@ WeldMode::WeldMode(ControllerContext &context, Registry &registry)
 Reply WeldMode::start()
 {
     const QString first = schema::weldmode::all().first();
-    const QVariant kept = m_context.load(names::weldMode).value; // nothing, when it is damaged
+    const QVariant kept = m_context.load(names::weldMode).value; // no value if damaged
     if (!kept.isValid() || childAt(kept, modeKey) == first)
         return {};
     return m_context.save(names::weldMode, {}, QVariantMap{{modeKey, first}});

@@ -6,13 +6,13 @@
 
 namespace welmo::controller {
 
-/// In which of its modes a program runs: dry ("test_run"), simulated ("simu") or welding ("real").
+/// The weld mode of programs: dry ("test_run"), simulated ("simu") or welding ("real").
 class WeldMode : public Subsystem
 {
 public:
     WeldMode(ControllerContext &context, Registry &registry);
 
-    /// Nobody expects an arc of what was just switched on: it starts in test run.
+    /// Sets test run: an operator does not expect an arc from a controller that was just started.
     Reply start() override;
 
 private:

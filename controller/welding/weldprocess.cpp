@@ -162,7 +162,7 @@ void WeldProcess::weldOn(const Conditions &conditions)
         return;
     }
     if (conditions.burns) {
-        // The power is still on: where the wire touches again, the arc is back.
+        // The power is still on, so the arc is back where the wire touches again.
         if (!m_arc.isBurning())
             m_arc.strike(m_weld.setpoint, m_weld.ramp);
         m_withoutArc = 0;
@@ -247,7 +247,7 @@ void WeldProcess::enter(Stage stage)
     m_inStage = 0;
 }
 
-// Each retry tries with more.
+// The values of the present attempt: each retry uses more.
 Setpoint WeldProcess::startSetpoint() const
 {
     return {m_start.setpoint.current + m_tries * m_start.currentStep,

@@ -4,52 +4,52 @@
 
 namespace welmo::controller {
 
-/// A weld as the welding machine goes through it, a millisecond at a time: gas, ignition with its
-/// retries, the seam, the crater, gas again. It knows no clock and no robot; who drives it says how
-/// fast the torch moves and what the world is like.
+/// A weld as the welding machine carries it out, in steps of a millisecond: gas, ignition with
+/// retries, the seam, the crater, gas again. It knows no clock and no robot; its owner passes the
+/// torch's speed and the conditions.
 class WeldProcess
 {
 public:
     enum class Phase { Idle, PreFlow, Ignition, Welding, Crater, PostFlow };
-    /// Why a weld ended; stays until the next one starts.
+    /// Why a weld ended; kept until the next one starts.
     enum class Trouble { None, NoGas, NoCurrent, NoArc, ArcLost, WireSticks };
 
     struct Conditions
     {
         bool gas = true;
         bool strikes = true; ///< the arc can be struck
-        bool burns = true; ///< and goes on burning
-        bool wireSticks = false; ///< in the crater, at the end
+        bool burns = true; ///< the arc keeps burning
+        bool wireSticks = false; ///< the wire sticks in the crater, at the end
     };
 
-    /// The same seed, the same noise.
+    /// The same seed gives the same noise.
     explicit WeldProcess(quint32 seed = 1)
         : m_arc(seed)
     { }
 
-    /// Begins a weld; what was counted of the last one is gone.
+    /// Begins a weld and resets the counts.
     void start(const ArcStart &start, const ArcWeld &weld);
-    /// Strikes the arc again where it was interrupted; the counting goes on.
+    /// Strikes the arc again where it was interrupted; counting continues.
     void resume();
     void finish(const ArcEnd &end);
-    /// The arc goes out at once; gas protects the seam for as long as it came before.
+    /// Puts the arc out at once; gas then protects the seam for as long as the pre-flow.
     void interrupt();
-    /// Everything off at once.
+    /// Switches everything off at once.
     void halt();
 
-    /// New values for what is under way; actual values move there within the ramp time.
+    /// Sets new values for the present weld; the actual values reach them within the ramp time.
     void trim(const ArcStart &start);
     void trim(const ArcWeld &weld);
     void trim(const ArcEnd &end);
 
-    /// One millisecond further, with the torch at @p speed mm/s.
+    /// Carries out one millisecond, with the torch at @p speed mm/s.
     void step(const Conditions &conditions, double speed);
 
     Phase phase() const;
     Trouble trouble() const { return m_trouble; }
     /// The arc broke and was not found again, while the torch moves on.
     bool isArcMissing() const { return m_breakKnown; }
-    /// The arc broke, and the torch has to go back before it is struck again.
+    /// The arc broke, and the torch must go back before it is struck again.
     bool wantsReturn() const { return m_stage == Stage::Returning; }
     void returned();
     const ArcWeld &weld() const { return m_weld; }

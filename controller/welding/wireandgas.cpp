@@ -118,7 +118,7 @@ void WireAndGas::setMoving(Wire direction, const QString &mover)
     m_context.record(direction == Wire::Feeding ? Event::WireFeeds : Event::WireRetracts, mover);
 }
 
-// Does nothing without a cause, or when the wire stands still already.
+// Does nothing without a cause, or if the wire stands still.
 void WireAndGas::stopWire(const QString &cause)
 {
     if (m_wire == Wire::Still || cause.isEmpty())

@@ -10,15 +10,15 @@ namespace welmo::controller {
 class Weld;
 class Welder;
 
-/// Wire and gas apart from a weld: the keys of a pendant move wire while they are held and start a
-/// test of the gas, and so do the lines of a program. Starting is refused while something stands
-/// against it, stopping never. Every start and stop is in the journal, with its reason.
+/// Wire and gas outside a weld: keys of the pendant move wire while they are held and start a gas
+/// test, and so do program lines. A start may be refused, a stop never is. Every start and stop is
+/// in the journal, with its reason.
 class WireAndGas : public Subsystem
 {
 public:
     enum class Wire { Still, Feeding, Retracting };
 
-    /// @p hold is borrowed; it says whether what a key moves may go on.
+    /// @p hold must outlive this; it says whether a key's motion may continue.
     WireAndGas(ControllerContext &context, Registry &registry, const Welder &welder,
                const Weld &weld, HoldToRun &hold);
 
@@ -29,13 +29,13 @@ public:
     Wire wire() const { return m_wire; }
     bool gasFlows() const { return m_gasEnd > 0; }
 
-    /// A line of a program moves the wire until stopProgram(); no key is held for it.
+    /// A program line moves the wire until stopProgram(); no key is held for it.
     Reply moveByProgram(Wire direction);
-    /// A line of a program lets gas flow until stopProgram().
+    /// A program line lets gas flow until stopProgram().
     Reply flowByProgram();
-    /// True while either goes on.
+    /// True while wire or gas is on for a program.
     bool runsForProgram() const;
-    /// Stops what a program started.
+    /// Stops the wire and gas of a program.
     void stopProgram();
 
 private:
@@ -54,7 +54,7 @@ private:
     HoldToRun &m_hold;
     Wire m_wire = Wire::Still;
     QString m_mover; // the key, or the program, that moves the wire
-    int m_press = 0; // of that key
+    int m_press = 0; // the press of that key
     qint64 m_gasEnd = 0; // 0: no gas flows
 };
 

@@ -149,7 +149,7 @@ void MoveParamWidget::onBtnDetailClicked()
     auto *dialog = new WeaveDataDialog(this);
     dialog->initUI(name);
     connect(dialog, &QDialog::finished, this, [this, dialog] {
-        dialog->isSaveClicked(); // reset only: the line names the file whether or not it was saved
+        dialog->isSaveClicked(); // not used: the line names the file either way
         setDetailsBlocked(false);
         dialog->deleteLater();
     });
