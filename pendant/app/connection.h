@@ -12,15 +12,15 @@ namespace welmo::pendant {
 
 struct Options;
 
-/// The way to a controller, and what can be made to go wrong there.
+/// The link to a controller, and the faults that can be simulated there.
 struct Connection
 {
     std::unique_ptr<tessa::ControllerLink> link;
-    controller::Faults *faults = nullptr; ///< lives with the link; null when there are none
+    controller::Faults *faults = nullptr; ///< owned by the link; null if none can be simulated
 };
 
-/// The cell on the network that the options name, else a virtual controller inside this process,
-/// its files in the data folder.
+/// A link to the cell that the options name, else to a virtual controller in this process whose
+/// files are in the data folder.
 Connection connectTo(const Options &options);
 
 } // namespace welmo::pendant

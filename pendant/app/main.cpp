@@ -7,7 +7,7 @@
 
 namespace {
 
-// Without a display there is no QApplication, yet there is an answer to --help.
+// Reads the arguments before there is a QApplication, so that --help works without a display.
 welmo::pendant::ParsedOptions readArguments(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);

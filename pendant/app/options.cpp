@@ -20,7 +20,8 @@ QString defaultDataFolder()
 
 const QString noBook = QStringLiteral("none");
 
-// As built and as installed; empty when it is not there.
+// The library's path relative to the program, the same as built and as installed; empty if it is
+// not there.
 QString besideProgram(const QString &library)
 {
     return QFileInfo(QCoreApplication::applicationDirPath() + QStringLiteral("/../lib/welmo/")
@@ -35,7 +36,7 @@ QString defaultModulePath()
     return beside.isEmpty() ? QStringLiteral("libwelmo.so") : beside;
 }
 
-// It is a package of its own, and need not be there.
+// The book is a package of its own that need not be installed.
 QString defaultBookPath()
 {
     const QString beside = besideProgram(QStringLiteral("libweldbook.so"));

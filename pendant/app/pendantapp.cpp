@@ -31,7 +31,7 @@
 #include "vu/xnav.h"
 #include "vu/xtheme.h"
 
-// Nothing else asks for what a static library compiled in. At namespace scope, as Qt demands.
+// A static library's resources must be initialised by name; Qt requires that outside any namespace.
 static void useResources()
 {
     Q_INIT_RESOURCE(pendant);
@@ -42,7 +42,7 @@ namespace welmo::pendant {
 
 namespace {
 
-// USER@CELL of a cell on the network.
+// The "USER@CELL" part of a cell's address.
 QString placeOf(const QString &controller)
 {
     links::BrokerAddress address;
@@ -125,13 +125,13 @@ void PendantApp::stop()
     m_cell.reset();
     m_control.reset();
     m_host.reset();
-    // What the library still has to be deleted must be gone before its code is.
+    // Objects of the library that wait for deletion must be deleted before it is unloaded.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_book.reset();
     m_loader.reset();
 }
 
-// A theme that cannot be read would leave nothing readable, the complaint included.
+// An unusable theme is replaced, since not even the error could be read with it.
 void PendantApp::checkTheme(QString *error)
 {
     const auto theme = vu::xtheme::Theme::load(themeFile(m_options.theme), error);
@@ -162,7 +162,7 @@ void PendantApp::makeHost()
     applyTheme();
 }
 
-// Each works without the other; what is missing is told.
+// Each library works without the other; a missing one is reported.
 void PendantApp::loadModules()
 {
     if (!load(m_loader, m_options.modulePath))
@@ -271,7 +271,7 @@ void PendantApp::addArcCheckPage(const QString &packageKey)
             });
 }
 
-// One press from a fresh start to an arc, with what it says about it.
+// Takes the operator from a fresh start to a burning arc with one press, and says what happens.
 void PendantApp::weldExample()
 {
     const QVariantMap real{{QStringLiteral("mode"), QLatin1String(schema::weldmode::real)}};
@@ -285,8 +285,8 @@ void PendantApp::weldExample()
         tr("The example runs: one bead of 400 mm, the arc in the monitor; Stop ends it"));
 }
 
-// Who works at a controller in here may do there what the level says, as a user of a cell on the
-// network may.
+// With a controller in this process, the user's level decides what is allowed, as the user's role
+// does on the network.
 void PendantApp::bindLevel(links::EmbeddedLink *link)
 {
     if (!link)

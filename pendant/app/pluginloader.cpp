@@ -11,7 +11,7 @@ PluginLoader::PluginLoader(const QString &path)
 
 PluginLoader::~PluginLoader()
 {
-    // The keys, too, may point into the library's own constants.
+    // Removed before the library is unloaded: even the keys may be constants of the library.
     std::exchange(m_brought, {}).withdraw();
     if (m_library.isLoaded())
         m_library.unload();
@@ -30,7 +30,7 @@ bool PluginLoader::load()
     return !m_brought.modules.isEmpty();
 }
 
-// For a file that is not there the loader names the last of the names it made up itself.
+// For a missing file the loader would name one of the other names that it tried.
 QString PluginLoader::reason() const
 {
     if (path().contains(QLatin1Char('/')) && !QFileInfo::exists(path()))

@@ -9,8 +9,8 @@
 
 namespace welmo::pendant {
 
-/// Loads a library of modules and knows which modules it brought. Unloads it when it goes; by then
-/// nothing that the library made may be alive.
+/// Loads a library of modules and records which modules it registered. Its destructor unloads the
+/// library; until then all objects that the library made must be deleted.
 class PluginLoader
 {
     Q_DECLARE_TR_FUNCTIONS(welmo::pendant::PluginLoader)
@@ -20,11 +20,11 @@ public:
     PluginLoader(const PluginLoader &) = delete;
     PluginLoader &operator=(const PluginLoader &) = delete;
 
-    /// False with a line in error() when there is no such library, or when it is not a module.
+    /// False, with a line in error(), if there is no such library or it is not a module.
     bool load();
     QString path() const { return m_library.fileName(); }
     QString error() const { return m_error; }
-    /// The keys in the module factory that the library registered.
+    /// The keys that the library registered in the module factory.
     QStringList modules() const { return m_brought.modules; }
 
 private:

@@ -4,11 +4,11 @@
 
 namespace welmo::pendant {
 
-/// What the operator chose on the pendant itself, kept in the data folder.
+/// The operator's choices on the pendant, kept in the data folder.
 class Preferences
 {
 public:
-    /// Reads what is kept; a file that does not parse leaves the defaults and a line in error().
+    /// Reads the file; one that does not parse gives the defaults and a line in error().
     explicit Preferences(const QString &dataFolder);
 
     QString language = QStringLiteral("en");
@@ -16,7 +16,7 @@ public:
     int jogPercent = 30; ///< of the robot's full speed by hand
 
     QString error() const { return m_error; }
-    /// False when it could not be kept. A file that did not parse is left as it is.
+    /// False if the file could not be written. A file that did not parse is not overwritten.
     bool save();
 
 private:

@@ -4,7 +4,7 @@
 
 namespace welmo::pendant {
 
-/// The keys under which libraries have entered something with the host.
+/// The keys under which libraries have registered something with the host.
 struct Registrations
 {
     QStringList modules; ///< in the module factory
@@ -12,10 +12,10 @@ struct Registrations
     QStringList classes; ///< in the class-version registry
 
     static Registrations present();
-    /// What is here and not in @p before.
+    /// The keys that are not in @p before.
     Registrations since(const Registrations &before) const;
-    /// Removes these keys from the host's registries. What stands there is code of a library, so
-    /// it has to go before the library does.
+    /// Removes these keys from the host's registries. The entries are code of a library, so they
+    /// must be removed before it is unloaded.
     void withdraw() const;
 };
 

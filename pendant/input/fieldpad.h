@@ -9,21 +9,21 @@ class QVBoxLayout;
 
 namespace welmo::pendant {
 
-/// Keys on the screen for one field, which keeps the focus: what is touched here reaches it as if
-/// it were typed. Goes with its window.
+/// Keys on the screen for one field, which keeps the focus: a touch of a key acts as if it were
+/// typed. Deleted with its window.
 class FieldPad : public QFrame
 {
     Q_OBJECT
 public:
-    /// @p field is where the keys go; the pad lies over @p parent.
+    /// The keys act on @p field; the pad is shown over @p parent.
     FieldPad(QWidget *field, QWidget *parent);
 
     QWidget *field() const { return m_field; }
-    /// Beside its field, and not over it, within @p area of its parent.
+    /// Places the pad within @p area of its parent, beside the field without covering it.
     void place(const QRect &area);
 
 signals:
-    /// What was typed is to be taken, or not; then the pad is not wanted any more.
+    /// What was typed is to be accepted, or dropped; the pad can then be closed.
     void entered();
     void cancelled();
 
@@ -31,7 +31,7 @@ protected:
     static constexpr int keyHeight = 50;
 
     QVBoxLayout *column() const { return m_column; }
-    /// A key of the pad; it types nothing yet.
+    /// Adds a key that does nothing yet.
     QPushButton *addKey(QGridLayout *grid, const QString &text, int row, int column, int width = 1);
     void type(Qt::Key key, const QString &text = {});
 

@@ -30,7 +30,7 @@ bool FieldPads::eventFilter(QObject *object, QEvent *event)
         if (m_pad && object->isWidgetType())
             onPressed(static_cast<QWidget *>(object));
         break;
-    case QEvent::KeyPress: // what the pad itself types does not come by way of a window
+    case QEvent::KeyPress: // what the pad types is sent to the field, not to a window
         if (object->isWindowType())
             close();
         break;
@@ -72,7 +72,7 @@ void FieldPads::open(QLineEdit *line)
         return;
     close();
     if (box)
-        box->selectAll(); // typing starts afresh, also where the focus was before
+        box->selectAll(); // typing replaces the number, even if the field had the focus before
     QWidget *window = line->window();
     const bool hasArea = m_area && m_area->window() == window;
     m_pad = box ? makeNumberPad(box, window) : makeTextPad(line, window);
@@ -93,7 +93,7 @@ FieldPad *FieldPads::makeNumberPad(QWidget *box, QWidget *parent)
         if (!m_numbers->enter())
             return;
         close();
-        // A stroke of Enter would press the button of a dialog, too.
+        // Sending an Enter key instead would also press a dialog's default button.
         QMetaObject::invokeMethod(box, "editingFinished");
     });
     return pad;

@@ -15,14 +15,14 @@ class NumberEntry;
 
 /// Opens keys on the screen for the field that is touched: a keypad for a number, a keyboard for a
 /// text. They do not take the focus, and close when the field loses it, when something else is
-/// touched, or with the first stroke of a physical key. Follows the whole application.
+/// touched, or at the first press of a physical key. Works in the whole application.
 class FieldPads : public QObject
 {
     Q_OBJECT
 public:
     explicit FieldPads(NumberEntry *numbers, QObject *parent = nullptr);
 
-    /// The pads of fields in the window of @p area lie within it.
+    /// Pads in the window of @p area are placed within it.
     void follow(QWidget *area) { m_area = area; }
 
     bool eventFilter(QObject *object, QEvent *event) override;

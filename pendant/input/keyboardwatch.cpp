@@ -12,7 +12,7 @@ namespace welmo::pendant {
 
 namespace {
 
-constexpr int eventBits = 0x7f; // the one above says that another client sent it
+constexpr int eventBits = 0x7f; // the bit above marks events sent by other clients
 
 struct Free
 {
@@ -21,7 +21,7 @@ struct Free
 template<typename Reply>
 using Answer = std::unique_ptr<Reply, Free>;
 
-// The first fields of every event of this extension.
+// The first fields of every event of the XKB extension.
 struct XkbEvent
 {
     uint8_t responseType;
@@ -72,7 +72,7 @@ bool KeyboardWatch::repeatWithoutReleases()
     return reply && (reply->value & flag) != 0;
 }
 
-// What came up while another client had the keyboard.
+// Reports the keys that are up now: they may have come up while another client had the keyboard.
 void KeyboardWatch::tellReleased()
 {
     xcb_connection_t *server = QX11Info::connection();

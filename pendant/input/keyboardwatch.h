@@ -5,25 +5,26 @@
 
 namespace welmo::pendant {
 
-/// What an X server does with the keyboard beside keys going down and up. Silent elsewhere.
+/// What an X server does with the keyboard that Qt's key events do not show. Does nothing without
+/// X.
 ///
-/// It also asks the server to repeat a key that stays down as presses alone: otherwise it sends a
-/// release before each, and what a handle key holds stutters whenever the toolkit misses one.
+/// It also asks the server to repeat a held key as presses only: otherwise the server sends a
+/// release before each, and if Qt misses one, what a handle key moves stops and starts.
 class KeyboardWatch : public QObject, public QAbstractNativeEventFilter
 {
     Q_OBJECT
 public:
-    /// Wants the application to be there.
+    /// The QApplication must exist.
     explicit KeyboardWatch(QObject *parent = nullptr);
 
     bool nativeEventFilter(const QByteArray &type, void *message, long *result) override;
 
 signals:
-    /// From here on a release may go elsewhere, or look like another key's: the focus left, another
-    /// client grabbed the keyboard, or the keys got other meanings.
+    /// A release may be lost from now on, or look like another key's: the focus was lost, another
+    /// client grabbed the keyboard, or the keys' meanings changed.
     void disturbed();
-    /// The key of that scan code is up, whether or not the toolkit makes an event of it: it makes
-    /// none of a key without a meaning, and none of what another client got.
+    /// The key of that scan code is up. Qt may send no event for it: not for a key without a
+    /// meaning, nor for one that another client received.
     void released(int scanCode);
 
 private:

@@ -14,7 +14,8 @@ namespace {
 
 const QString point = QStringLiteral(".");
 
-// Calls with the box as what it is: the two kinds have the same operations, and no base for them.
+// Calls @p call with the box as its own class: the two have the same operations, but no base with
+// them.
 template<typename Call>
 auto with(const QAbstractSpinBox *box, Call call)
 {
@@ -114,7 +115,8 @@ bool NumberEntry::takesPoint(const QAbstractSpinBox *box)
     return real && real->decimals() > 0;
 }
 
-// The field's own validator drops each digit that makes the number too large, and takes the rest.
+// Replaces the field's validator, which drops a digit that makes the number too large and keeps the
+// rest.
 void NumberEntry::begin(QAbstractSpinBox *box)
 {
     m_box = box;
@@ -122,7 +124,7 @@ void NumberEntry::begin(QAbstractSpinBox *box)
     QLineEdit *line = lineOf(box);
     delete line->findChild<QRegularExpressionValidator *>();
     line->setValidator(new QRegularExpressionValidator(QRegularExpression(shapeOf(box)), line));
-    // After the press that brings the focus has put the cursor where it was.
+    // Queued, since the press that gives the focus sets the cursor afterwards.
     QMetaObject::invokeMethod(box, "selectAll", Qt::QueuedConnection);
 }
 
@@ -182,7 +184,7 @@ bool NumberEntry::eventFilter(QObject *object, QEvent *event)
         return false;
     case QEvent::FocusOut:
         if (object == m_box) {
-            if (isField(object)) // not when it is being destroyed
+            if (isField(object)) // false while it is being destroyed
                 enter();
             m_box = nullptr;
         }

@@ -9,45 +9,45 @@ class QLineEdit;
 
 namespace welmo::pendant {
 
-/// How numbers are typed, in every page and the package's too. The decimal sign is the point,
-/// whatever the environment says; a comma becomes one, and nothing separates thousands. A number is
-/// taken whole: what is out of range can be typed, and is refused when it is entered. A field that
-/// gets the focus is selected whole. Follows the whole application.
+/// How numbers are typed on all pages, the packages' included. The decimal sign is the point in
+/// every language; a typed comma becomes one, and thousands are not separated. A number is checked
+/// as a whole: one out of range can be typed, and is refused when it is entered. A field that gets
+/// the focus is selected completely. Works in the whole application.
 class NumberEntry : public QObject
 {
     Q_OBJECT
 public:
-    /// To be made before the first field, which takes its format from then on.
+    /// To be made before the first field, whose format it sets.
     explicit NumberEntry(QObject *parent = nullptr);
 
-    /// Takes what is typed in the field that has the focus; false when it was refused, and the
-    /// field shows again what it had.
+    /// Accepts what was typed in the focused field. False if it was refused; the field then shows
+    /// its old value.
     bool enter();
-    /// Gives that field back what it had when it got the focus.
+    /// Restores the value that the focused field had when it got the focus.
     void takeBack();
 
     bool eventFilter(QObject *object, QEvent *event) override;
 
-    /// Whether it holds a number that can be typed; a date has none.
+    /// Whether the object is a box for a number that can be typed; a date's is not.
     static bool isField(const QObject *object);
-    /// The text of @p box without what stands before and behind the number.
+    /// The text of @p box without prefix and suffix.
     static QString typed(const QAbstractSpinBox *box);
     static QString lowest(const QAbstractSpinBox *box);
     static QString highest(const QAbstractSpinBox *box);
     static bool takesSign(const QAbstractSpinBox *box);
     static bool takesPoint(const QAbstractSpinBox *box);
-    /// Where its text is edited.
+    /// The line edit inside @p box.
     static QLineEdit *lineOf(const QAbstractSpinBox *box);
 
 signals:
-    /// A number was out of range: one line that says so.
+    /// A number was out of range; @p line says so.
     void refused(const QString &line);
 
 private:
     void begin(QAbstractSpinBox *box);
     bool onKey(const QKeyEvent *event);
 
-    QPointer<QAbstractSpinBox> m_box; // that has the focus
+    QPointer<QAbstractSpinBox> m_box; // the box with the focus
     double m_before = 0;
 };
 

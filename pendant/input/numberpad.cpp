@@ -16,7 +16,7 @@ namespace {
 constexpr int padWidth = 300;
 constexpr int longestUnit = 6;
 
-// The text of the label that stands in the same line: to the left of the field, or to its right.
+// The text of the label beside the field, on its left or on its right.
 QString neighbour(const QWidget *field, bool left)
 {
     const QLabel *nearest = nullptr;
@@ -97,7 +97,7 @@ void NumberPad::addKeys()
     connect(enter, &QPushButton::clicked, this, &NumberPad::entered);
 }
 
-// The sign belongs to the number before it: a key for it need not be touched first.
+// Changes the sign of what was typed, so that the key can be touched at any time.
 void NumberPad::onSign()
 {
     QString text = NumberEntry::typed(m_box);

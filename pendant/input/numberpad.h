@@ -7,14 +7,14 @@ class QLabel;
 
 namespace welmo::pendant {
 
-/// A keypad for one number: what it is, what it was, its range and unit, and what is typed.
+/// A keypad for one number: its name, old value, range and unit, and what is typed.
 class NumberPad : public FieldPad
 {
     Q_OBJECT
 public:
     NumberPad(QAbstractSpinBox *box, QWidget *parent);
 
-    /// Says why a number was not taken.
+    /// Shows why a number was refused.
     void complain(const QString &line);
 
 private:

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int padWidth = 700;
 constexpr int keysInRow = 10;
-// Ten keys in each of four rows.
+// Four rows of ten keys.
 const QString small = QStringLiteral("1234567890qwertyuiopasdfghjkl-zxcvbnm,._");
 const QString signs = QStringLiteral("1234567890!?\"'()[]{}+-*/=<>%&#@:;~$|\\,._");
 
@@ -61,7 +61,7 @@ void TextPad::show(Face face)
     for (int key = 0; key < m_letters.size(); ++key) {
         const QChar letter = faces.at(key);
         const QString text = face == Face::Capital ? letter.toUpper() : letter;
-        // A single one would underline the next.
+        // A single "&" would underline the next character.
         m_letters.at(key)->setText(text == QLatin1String("&") ? QStringLiteral("&&") : text);
     }
 }

@@ -22,8 +22,8 @@ ViewerProofs::ViewerProofs(QObject *parent)
     m_looks.start();
 }
 
-// Read here and not when something comes in: a busy user interface must not take its own delay for
-// silence.
+// Reads the pipe here, not when a byte arrives: a user interface that was busy must not take its
+// own delay for a missing byte.
 void ViewerProofs::look()
 {
     char bytes[256];

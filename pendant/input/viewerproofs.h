@@ -7,20 +7,20 @@
 
 namespace welmo::pendant {
 
-/// Whether somebody looks after the viewers of a pendant that is shown elsewhere. The program that
-/// carries a viewer's hand to the pendant writes a byte into a pipe every 100 ms; when it hangs,
-/// the release of what is held hangs with it. Silent when there is no such pipe.
+/// Checks that the program that shows the pendant to viewers elsewhere is alive: it writes a byte
+/// into a pipe every 100 ms. If it hangs, the release of a held key is not passed on either. Does
+/// nothing without such a pipe.
 class ViewerProofs : public QObject
 {
     Q_OBJECT
 public:
-    /// The number of the pipe, as the environment tells it.
+    /// The environment variable with the pipe's number.
     static constexpr const char *variable = "WELMO_VIEWER_PROOFS";
 
     explicit ViewerProofs(QObject *parent = nullptr);
 
 signals:
-    /// Nobody does; told again and again while that lasts.
+    /// No byte came; emitted repeatedly while that lasts.
     void missing();
 
 private:

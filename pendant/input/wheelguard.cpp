@@ -37,14 +37,14 @@ bool WheelGuard::eventFilter(QObject *object, QEvent *event)
         return false;
     auto *field = static_cast<QWidget *>(object);
     if (event->type() == QEvent::Polish) {
-        // Otherwise the first notch brings the focus, and the field has it by the time it turns.
+        // Otherwise the first wheel step would give the field the focus.
         if (field->focusPolicy() == Qt::WheelFocus)
             field->setFocusPolicy(Qt::StrongFocus);
         return false;
     }
     if (mayTurn(field))
         return false;
-    event->ignore(); // so that it goes on to what scrolls
+    event->ignore(); // so that the scroll area gets it
     return true;
 }
 

@@ -4,8 +4,9 @@
 
 namespace welmo::pendant {
 
-/// Keeps the wheel from changing what it merely passes over: no field that has not the focus, and
-/// never a closed combo box. The page below scrolls instead. Follows the whole application.
+/// Keeps the wheel from changing a field that the pointer merely passes over: it acts only on the
+/// focused field, and never on a closed combo box. Otherwise the page scrolls. Works in the whole
+/// application.
 class WheelGuard : public QObject
 {
     Q_OBJECT

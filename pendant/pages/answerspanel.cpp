@@ -62,7 +62,7 @@ void AnswersPanel::addAction(QHBoxLayout *row, const QString &text, const QStrin
     row->addWidget(button);
 }
 
-// Paths are shown as the controller names them: who plays with faults reads its log as well.
+// Paths are shown untranslated, as in the controller's log.
 void AnswersPanel::fillRefusals()
 {
     namespace names = welmo::names;

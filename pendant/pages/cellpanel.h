@@ -14,8 +14,8 @@ namespace welmo::pendant {
 
 class Cell;
 
-/// What stands around a cell and is turned by hand: key switch, power, emergency stop, and who
-/// works here. A cell on the network knows its users itself.
+/// The switches of a cell: operating mode, power, emergency stop, and the user's level. A cell on
+/// the network knows its users itself.
 class CellPanel : public Card
 {
     Q_OBJECT

@@ -20,7 +20,7 @@ ControllerPage::ControllerPage(LinkControl *link, Cell *cell, tessa::ControllerS
 {
     auto *row = new QHBoxLayout;
     auto *right = new QVBoxLayout;
-    body()->setContentsMargins(16, 10, 16, 10); // all of it fits without scrolling
+    body()->setContentsMargins(16, 10, 16, 10); // so that all fits without scrolling
     row->setSpacing(10);
     right->setSpacing(10);
     right->addWidget(makeLink(link));
@@ -29,7 +29,8 @@ ControllerPage::ControllerPage(LinkControl *link, Cell *cell, tessa::ControllerS
         row->addWidget(new FaultsPanel(faults, this), 1);
         right->addWidget(new AnswersPanel(faults, this));
     } else {
-        right->addWidget(new ControlPanel(xservice(), this)); // others may work this cell too
+        // Several pendants may use the same cell.
+        right->addWidget(new ControlPanel(xservice(), this));
     }
     right->addStretch(1);
     row->addLayout(right, 1);

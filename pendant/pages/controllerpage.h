@@ -15,12 +15,12 @@ namespace welmo::pendant {
 class Cell;
 class LinkControl;
 
-/// The controller seen from the pendant: the link, and what can be made to go wrong.
+/// The controller as seen from the pendant: the link, and the faults that can be simulated.
 class ControllerPage : public HostPage
 {
     Q_OBJECT
 public:
-    /// @p faults is null for a controller elsewhere, which others may work too.
+    /// @p faults is null for a controller on the network, which other pendants may use too.
     ControllerPage(LinkControl *link, Cell *cell, tessa::ControllerStatus *status,
                    controller::Faults *faults, QWidget *parent = nullptr);
 

@@ -8,8 +8,8 @@ class XService;
 
 namespace welmo::pendant {
 
-/// Who holds control of a cell that several pendants can work, and the buttons that pass it on. It
-/// is taken only when nobody has it.
+/// Who has control of a cell that several pendants can use, and the buttons to hand it over. It can
+/// only be taken while no pendant has it.
 class ControlPanel : public Card
 {
     Q_OBJECT

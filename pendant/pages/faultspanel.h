@@ -9,8 +9,7 @@ class EnableButton;
 
 namespace welmo::pendant {
 
-/// A switch for each thing that can be broken at the virtual controller, and one button that mends
-/// everything.
+/// A switch for each fault of the virtual controller, and one button that ends all of them.
 class FaultsPanel : public Card
 {
     Q_OBJECT

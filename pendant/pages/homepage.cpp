@@ -49,7 +49,7 @@ HomePage::HomePage(const Facts &facts, tessa::MessageLog *log, LinkControl *link
     auto *problems = new ProblemsPanel(log, this);
     body()->addWidget(introduction);
     body()->addWidget(problems);
-    // There is room for one of the two, and a problem goes before the welcome.
+    // There is room for one of the two, and problems matter more than the introduction.
     const auto makeRoom = [introduction](bool any) { introduction->setVisible(!any); };
     connect(problems, &ProblemsPanel::anyChanged, this, makeRoom);
     makeRoom(problems->any());

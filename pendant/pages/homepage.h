@@ -12,7 +12,7 @@ namespace welmo::pendant {
 
 class LinkControl;
 
-/// The first page: what this is, how to begin, how the link is, what went wrong, and the choice of
+/// The first page: an introduction, first steps, the link's state, problems, and the choice of
 /// language and theme.
 class HomePage : public HostPage
 {
@@ -23,10 +23,11 @@ public:
         QString language;
         QString theme; ///< name or path of the theme in use
         QString dataFolder;
-        QString firstPage; ///< page key that "open" leads to, empty when there is none
+        QString firstPage; ///< key of the page that "open" leads to; empty for none
         QString firstTitle;
         QString version;
-        bool hasExample = false; ///< the controller is simulated in here, so nothing can burn
+        /// The controller is simulated in this process, so that nothing can burn.
+        bool hasExample = false;
     };
 
     HomePage(const Facts &facts, tessa::MessageLog *log, LinkControl *link,
@@ -34,7 +35,7 @@ public:
 
 signals:
     void pageWanted(const QString &key);
-    /// The example program is to be welded.
+    /// The operator wants the example program welded.
     void exampleWanted();
     /// The operator chose another language or theme.
     void displayChosen(const QString &language, const QString &theme);

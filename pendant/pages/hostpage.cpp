@@ -18,7 +18,8 @@ HostPage::HostPage(const QString &title, QWidget *parent)
 {
     setAttribute(Qt::WA_StyledBackground);
     m_title->setObjectName(QStringLiteral("lblPageTitle"));
-    // Beside an open side bar a page may find less room than it needs; the window must not grow.
+    // Beside an open side bar the page may be too narrow; it scrolls, since the window must not
+    // grow.
     auto *area = new QScrollArea(this);
     area->setObjectName(QStringLiteral("pndPageArea"));
     area->setFrameShape(QFrame::NoFrame);

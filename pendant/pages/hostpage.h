@@ -19,7 +19,7 @@ public:
 
 protected:
     QVBoxLayout *body() { return m_body; }
-    /// Adds columns, which stand one below the other where there is no room for both.
+    /// Adds columns, which are put below each other if there is not enough room.
     void addColumns(QBoxLayout *columns);
     void resizeEvent(QResizeEvent *event) override;
 
@@ -37,7 +37,7 @@ public:
     explicit Card(const QString &heading, QWidget *parent = nullptr);
 
     QVBoxLayout *body() { return m_body; }
-    /// Adds a paragraph that breaks its lines.
+    /// Adds a paragraph with line breaks.
     QLabel *addText(const QString &text);
 
 private:

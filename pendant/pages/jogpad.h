@@ -13,9 +13,9 @@ class PhysicalKeys;
 
 namespace welmo::pendant {
 
-/// Twelve keys that move the robot while they are held: six axes there and back, with the place on
-/// each axis between them. They are keys of the host as those of the handle are, and keep the same
-/// promise: who cannot prove a hand on them moves nothing.
+/// Twelve keys that move the robot while they are held: two for each of six axes, with the position
+/// on the axis between them. They are keys of the host like those of the handle, under the same
+/// rule: without proof that a key is held nothing moves.
 class JogPad : public HoldSurface
 {
     Q_OBJECT
@@ -24,14 +24,14 @@ public:
 
     JogPad(tessa::PhysicalKeys *keys, KeyHolds *holds, QWidget *parent);
 
-    /// The names of the axes, and the unit of each.
+    /// Sets the axes' names and units.
     void setAxes(const QStringList &names, const QStringList &units);
     void setValue(int axis, double value);
-    /// Whether a press moves anything; keys that are held get their release.
+    /// Whether a press moves anything; if not, held keys are released.
     void setUsable(bool usable);
 
 signals:
-    /// A key went down: @p axis counts from 0, @p direction is 1 or -1.
+    /// A key was pressed: @p axis counts from 0, @p direction is 1 or -1.
     void pressed(int axis, int direction);
     void released();
 
@@ -45,7 +45,7 @@ private:
     int hostKey(int key) const;
 
     tessa::PhysicalKeys *m_keys;
-    std::vector<QLabel *> m_faces; // minus and plus of each axis
+    std::vector<QLabel *> m_faces; // minus and plus key of each axis
     std::vector<QLabel *> m_names, m_values;
     QStringList m_units;
 };

@@ -53,7 +53,7 @@ QWidget *JogPage::makeMoving()
     m_frame->setObjectName(QStringLiteral("cbxJogFrame"));
     m_frame->setView(new QListView(m_frame));
     m_frame->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_frame->setMinimumContentsLength(12); // the page fits beside the monitor
+    m_frame->setMinimumContentsLength(12); // so that the page fits beside the monitor
     m_frame->addItem(tr("Along the base's axes"), QStringLiteral("base"));
     m_frame->addItem(tr("Along the tool's axes"), QStringLiteral("tool"));
     m_frame->addItem(tr("Along the work object's axes"), QStringLiteral("wobj"));
@@ -70,7 +70,7 @@ QWidget *JogPage::makeMoving()
 
 QLayout *JogPage::makeSpeed(QWidget *card)
 {
-    auto *column = new QVBoxLayout; // beside each other they are too wide beside the monitor
+    auto *column = new QVBoxLayout; // below each other, to fit beside the monitor
     m_speed = new QLabel(card);
     m_speed->setObjectName(QStringLiteral("lblJogSpeed"));
     column->addWidget(m_speed);
@@ -83,7 +83,7 @@ QLayout *JogPage::makeSpeed(QWidget *card)
         button->setObjectName(step > 0 ? QStringLiteral("btnJogFaster")
                                        : QStringLiteral("btnJogSlower"));
         connect(button, &QPushButton::clicked, this, [this, step] {
-            // Down from 3 % to 1, and from there up to 5.
+            // Below 5 % the steps are to 1 % and from there to 5 %.
             const int percent = m_parts.speed->percent();
             m_parts.speed->set(percent == 1 && step > 0 ? step : percent + step);
         });
@@ -146,7 +146,7 @@ void JogPage::refresh()
     m_pad->setUsable(isVisible() && why.isEmpty());
 }
 
-// Why no key moves anything; empty when they do.
+// Why the keys move nothing; empty if they do.
 QString JogPage::obstacle() const
 {
     const QVariantMap &switches = m_parts.cell->switches();

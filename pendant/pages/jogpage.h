@@ -18,7 +18,7 @@ class KeyHolds;
 class ProjectPoints;
 class RobotState;
 
-/// What the page shows and works with; all of it outlives the page.
+/// What the page shows and uses; everything must outlive the page.
 struct JogParts
 {
     tessa::Host *host;
@@ -28,8 +28,8 @@ struct JogParts
     JogSpeed *speed;
 };
 
-/// Moving the robot by hand, and the project's points. Its keys work while the page is seen, in
-/// manual mode, with a link and no program on the robot.
+/// Moving the robot by hand, and the project's points. The keys work while the page is visible, in
+/// manual mode, with the link up and no program on the robot.
 class JogPage : public HostPage
 {
     Q_OBJECT

@@ -95,7 +95,7 @@ void MessagesPage::showEvent(QShowEvent *event)
     m_log->markSeen();
 }
 
-// What comes while the page is open is looked at.
+// Messages that arrive while the page is open count as seen.
 void MessagesPage::onUnseen()
 {
     if (isVisible())

@@ -4,7 +4,7 @@
 
 namespace welmo::pendant {
 
-/// Stands where the welding package would be when its library cannot be used.
+/// Shown in place of the welding package if its library cannot be used.
 class PluginErrorPage : public HostPage
 {
     Q_OBJECT

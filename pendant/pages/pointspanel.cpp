@@ -34,7 +34,7 @@ PointsPanel::PointsPanel(tessa::Host *host, QWidget *parent)
     body()->addLayout(naming);
     body()->addLayout(row);
     connect(m_list, &QListWidget::currentRowChanged, this, &PointsPanel::refresh);
-    // Not in the middle of a change.
+    // Queued, so that it does not run in the middle of a change.
     connect(m_points, &ProjectPoints::changed, this, &PointsPanel::fill, Qt::QueuedConnection);
     connect(m_rename, &QPushButton::clicked, this, &PointsPanel::rename);
     connect(m_touchUp, &QPushButton::clicked, this, [this] {
@@ -86,7 +86,7 @@ void PointsPanel::refresh()
         widget->setEnabled(!name.isEmpty());
     m_detail->setText(name.isEmpty() ? tr("The project has no points.") : m_points->detail(name));
     if (name != std::exchange(m_shown, name))
-        m_name->setText(name); // what is being typed stays otherwise
+        m_name->setText(name); // only for another point, to keep what is being typed
 }
 
 void PointsPanel::rename()

@@ -15,7 +15,7 @@ namespace welmo::pendant {
 
 class ProjectPoints;
 
-/// The project's points, and what is done to the chosen one. What cannot be undone is asked about.
+/// The project's points, and actions on the chosen one. Those that cannot be undone ask first.
 class PointsPanel : public Card
 {
     Q_OBJECT
@@ -32,8 +32,8 @@ private:
              bool (ProjectPoints::*act)(const QString &));
 
     ProjectPoints *m_points;
-    QString m_shown; // the point
-    QString m_renamed; // it is chosen when the list comes anew
+    QString m_shown; // name of the shown point
+    QString m_renamed; // name of a renamed point, to choose in the next list
     QListWidget *m_list;
     QLabel *m_detail;
     QLineEdit *m_name;

@@ -24,7 +24,7 @@ ProblemsPanel::ProblemsPanel(tessa::MessageLog *log, QWidget *parent)
     refresh();
 }
 
-// The host's own lines are about files and the controller; a module's are about what was pressed.
+// Shows the host's own lines, on files and the controller; a module's lines answer the operator.
 void ProblemsPanel::refresh()
 {
     const QString host = QString::fromLatin1(tessa::Host::staticMetaObject.className());

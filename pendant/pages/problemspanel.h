@@ -8,14 +8,14 @@ class MessageLog;
 
 namespace welmo::pendant {
 
-/// What the host itself has to complain about: the newest few lines, hidden while there are none.
+/// The newest few problems that the host reported; hidden while there are none.
 class ProblemsPanel : public Card
 {
     Q_OBJECT
 public:
     explicit ProblemsPanel(tessa::MessageLog *log, QWidget *parent = nullptr);
 
-    /// True while there is something to complain about.
+    /// True while there are problems to show.
     bool any() const;
 
 signals:

@@ -6,14 +6,14 @@
 
 namespace welmo::pendant {
 
-/// A row of buttons, each for an action that a key of the keyboard can start as well.
+/// A row of buttons whose actions can also be started by keyboard shortcuts.
 class ActionBar : public QFrame
 {
     Q_OBJECT
 public:
     explicit ActionBar(QWidget *parent = nullptr);
 
-    /// Adds a button, named "btn" and @p name. Its key works on the page that @p page is a part of.
+    /// Adds a button, named "btn" and @p name. Its shortcut works on the page around @p page.
     template<typename Receiver>
     QAction *add(const QString &text, const char *name, const QKeySequence &key, QWidget *page,
                  Receiver *receiver, void (Receiver::*slot)())
@@ -33,7 +33,7 @@ public:
         return action;
     }
     void addSpace(int width) { m_layout->addSpacing(width); }
-    /// Takes what the buttons leave.
+    /// Adds a widget that takes the remaining width.
     void addFiller(QWidget *widget) { m_layout->addWidget(widget, 1); }
 
 private:

@@ -14,8 +14,8 @@ class Cell;
 class ProgramDocument;
 struct ArcCheck;
 
-/// Why is there no arc? Everything that one needs, green or red, with the way to where it is put
-/// right. Looked at anew while it is shown.
+/// Why is there no arc? Shows everything that an arc needs, green or red, with a button to the page
+/// where it can be corrected. Updated while it is shown.
 class ArcCheckPage : public HostPage
 {
     Q_OBJECT

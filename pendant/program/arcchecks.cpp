@@ -42,7 +42,7 @@ public:
 
 private:
     static Verdict verdict(bool good) { return good ? Verdict::Good : Verdict::Bad; }
-    // What the controller would have to say is unknown without it.
+    // Without a link the controller's part is unknown.
     void add(const QString &id, const QString &text, const QString &good, const QString &bad,
              bool isGood, const QString &page)
     {

@@ -10,22 +10,22 @@ namespace welmo::pendant {
 class Cell;
 class ProgramDocument;
 
-/// One thing that an arc needs.
+/// One precondition of an arc.
 struct ArcCheck
 {
     enum class Verdict { Unknown, Good, Bad };
 
-    QString id; ///< for the row's widgets
-    QString text; ///< what is looked at
-    QString value; ///< how it is
+    QString id; ///< names the row's widgets
+    QString text; ///< what is checked
+    QString value; ///< its present value
     Verdict verdict;
-    QString page; ///< where it can be put right
+    QString page; ///< the page where it can be corrected
 };
 
-/// Where a row leads besides the pendant's own pages.
+/// The page that is not one of the pendant's own.
 inline const QString packagePage = QStringLiteral("package");
 
-/// Everything that an arc needs, as the controller and the program say it now. Waits for the
+/// All preconditions of an arc by controller and program, in their present state. Waits for the
 /// controller's answers.
 QVector<ArcCheck> arcChecks(const ProgramDocument &program, const Cell &cell, XService *service);
 

@@ -34,7 +34,8 @@ public:
         facts->voltage = withUnit(number(set.voltage), inVolts ? units::volt : units::percent);
         if (&set == &schema::weld())
             facts->speed = withUnit(number(schema::weld().weldSpeed), units::mmPerSecond);
-        if (current <= 0 && &set != &schema::arcOff()) // a crater may be left unfilled
+        // An arc end without crater filling is allowed.
+        if (current <= 0 && &set != &schema::arcOff())
             facts->finding = tr("nothing burns at %1").arg(facts->current);
         else if (inAmperes && current > ratedCurrent)
             facts->finding = tr("the machine gives %1").arg(withUnit(ratedCurrent, units::ampere));

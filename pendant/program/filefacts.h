@@ -11,27 +11,27 @@ class FileSet;
 
 namespace welmo::pendant {
 
-/// The set of the parameter file of that name; null for a name that none can have.
+/// The set that a parameter file's name belongs to; null for any other name.
 const schema::FileSet *setOfFile(const QString &file);
 
-/// What the controller holds in a parameter file, as far as a weld depends on it.
+/// What the controller has in a parameter file, as far as a weld depends on it.
 struct FileFacts
 {
-    bool isKnown = false; ///< false when the controller could not be asked
+    bool isKnown = false; ///< false if the controller did not answer
     bool exists = false;
-    /// With their units; empty where the kind of file has none.
+    /// With their units; empty if this kind of file has none.
     QString current, voltage, speed;
-    QString annotation; ///< the user's own words about it
-    /// Why no weld comes of it, in words; empty when nothing is wrong with it.
+    QString annotation; ///< the user's own note
+    /// Why it cannot be welded with, in words; empty if it can.
     QString finding;
 
-    /// All of it in a line.
+    /// All of it in one line.
     QString summary() const;
 };
 
-/// Reads the file; its current is held to the machine's, @p ratedCurrent in A.
+/// Reads the file and compares its current with the machine's @p ratedCurrent in A.
 FileFacts factsOf(const QString &file, double ratedCurrent, XService *service);
-/// The rated current in a value of the node of the welder's setting, in A.
+/// The rated current in the node of the welder's setting, in A.
 double ratedCurrentIn(const QVariantMap &welderSetting);
 
 } // namespace welmo::pendant

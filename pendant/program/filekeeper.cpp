@@ -165,7 +165,7 @@ void FileKeeper::askToReplace()
     box->open();
 }
 
-// The changes stay in the program until something takes its place.
+// The changes stay in the program until another one replaces it.
 void FileKeeper::discard()
 {
     m_document->undoStack()->setClean();

@@ -14,24 +14,24 @@ class FilesPane;
 class ProgramDocument;
 class ProgramRun;
 
-/// Opens and keeps the program's file, and lets no change be lost without a question.
+/// Opens and saves the program's file, and asks before changes are lost.
 class FileKeeper : public QObject
 {
     Q_OBJECT
 public:
     FileKeeper(ProgramDocument *document, ProgramRun *run, FilesPane *pane, QObject *parent);
 
-    /// Adds the buttons for it; @p page is where their keys work.
+    /// Adds its buttons; their shortcuts work on @p page.
     void addTo(ActionBar *bar, QWidget *page);
-    /// True when nothing would be lost. Otherwise asks the operator, and calls @p goOn once there
-    /// is nothing to lose any more.
+    /// True if no change would be lost. Otherwise asks the operator, and calls @p goOn once the
+    /// changes are saved or discarded.
     bool mayGo(const std::function<void()> &goOn);
-    /// Opens a program that came with the pendant; what was changed before is lost.
+    /// Opens an example that came with the pendant; unsaved changes are lost.
     void openExample(const QString &name);
 
 signals:
     void paneWanted();
-    /// The pane is not needed any more.
+    /// The pane can be closed.
     void done();
 
 private:
@@ -55,7 +55,7 @@ private:
     QAction *m_new = nullptr;
     QAction *m_open = nullptr;
     QAction *m_save = nullptr;
-    std::function<void()> m_goOn; // once the program is saved
+    std::function<void()> m_goOn; // called once the program is saved
     QPointer<QMessageBox> m_question;
 };
 

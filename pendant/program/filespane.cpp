@@ -18,7 +18,7 @@ const QString examples = QStringLiteral(":/pendant/examples");
 const QString suffix = QStringLiteral(".tl");
 constexpr int pathRole = Qt::UserRole;
 
-// A name for a file in the folder, nothing that leads elsewhere; empty when it is none.
+// @p text as a file's name within the folder; empty if it cannot be one.
 QString fileNameOf(const QString &text)
 {
     QString name = text.trimmed();
@@ -110,7 +110,7 @@ void FilesPane::list(const QString &heading, const QString &folder)
 void FilesPane::refresh()
 {
     const auto *item = m_files->currentItem();
-    if (m_saves && item && m_files->hasFocus()) // touched: that file is meant
+    if (m_saves && item && m_files->hasFocus()) // the operator touched the list: that file is meant
         m_name->setText(QFileInfo(item->data(pathRole).toString()).fileName());
     m_accept->setEnabled(m_saves ? !fileNameOf(m_name->text()).isEmpty() : item != nullptr);
 }
@@ -120,7 +120,7 @@ void FilesPane::onAcceptClicked()
     if (!m_accept->isEnabled())
         return;
     if (m_saves) {
-        QDir().mkpath(m_folder); // when that fails, saving says why
+        QDir().mkpath(m_folder); // if that fails, saving reports it
         save(QDir(m_folder).filePath(fileNameOf(m_name->text())));
     } else {
         emit openWanted(m_files->currentItem()->data(pathRole).toString());

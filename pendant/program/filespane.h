@@ -9,22 +9,22 @@ class QPushButton;
 
 namespace welmo::pendant {
 
-/// Chooses the file that a program is read from or kept in: the pendant's own programs, the
-/// examples that came with it, or any other file of the machine.
+/// Chooses the file from which a program is read or to which it is saved: the pendant's own
+/// programs, the examples that came with it, or any other file of the machine.
 class FilesPane : public QFrame
 {
     Q_OBJECT
 public:
-    /// @p folder holds the pendant's own programs; it is made when something is kept there.
+    /// @p folder holds the pendant's own programs; it is made at the first save.
     explicit FilesPane(const QString &folder, QWidget *parent = nullptr);
 
     void chooseToOpen();
-    /// @p name is offered as the file's name.
+    /// @p name is suggested as the file's name.
     void chooseToSave(const QString &name);
 
 signals:
     void openWanted(const QString &file);
-    /// The operator agreed to replace the file if there is one.
+    /// The operator has agreed to replace an existing file.
     void saveWanted(const QString &file);
     void closed();
 

@@ -49,7 +49,7 @@ FormPane::FormPane(ProgramCheck *check, QWidget *parent)
     addTop(layout);
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setWidgetResizable(true);
-    layout->addWidget(m_area, 100); // the labels take no more than they need
+    layout->addWidget(m_area, 100); // the area takes all height that the labels do not need
     m_files = addLabel(layout, "lblFormFiles");
     addButtons(layout);
 }
@@ -137,7 +137,7 @@ void FormPane::show(tessa::BaseContentWidget *form, const QString &heading, cons
     form->setFocus();
 }
 
-// What the form tells in the message log while it reads.
+// Fills the form and returns what it reports in the message log meanwhile.
 QStringList FormPane::read(const QString &text)
 {
     QStringList told;
@@ -153,8 +153,8 @@ QStringList FormPane::read(const QString &text)
     return told;
 }
 
-// A form that shows all of the line has nothing to say about it: what it tells then is about the
-// file that the line names, and stands in the message log.
+// If the form shows all of the line, its reports are about the files that the line names; the
+// message log has them, so no warning is shown.
 void FormPane::fill(bool isFaithful)
 {
     const bool isText = qobject_cast<HostForm *>(m_form);
@@ -170,7 +170,8 @@ void FormPane::fill(bool isFaithful)
     warn(reasons.join(QStringLiteral("; ")));
 }
 
-// A form that has nothing but a file's name says what is in it.
+// Shows the content of the files that the form names, since a form with only a file's name does
+// not.
 void FormPane::followFiles()
 {
     for (QComboBox *combo : m_form->findChildren<QComboBox *>())
@@ -193,7 +194,7 @@ void FormPane::warn(const QString &reason)
     m_lost = reason;
 }
 
-// Forms know nothing of how a program is laid out.
+// Adds the indentation and comment of the line, which the form did not see.
 QString FormPane::around(const QString &written) const
 {
     return m_before.before() + written + m_before.after();
@@ -252,7 +253,7 @@ void FormPane::finish(const QString &text)
 
 void FormPane::close()
 {
-    // The form is in the middle of a click of its own when a button of it closes the pane.
+    // Not deleted: the form may be handling a click on its own button, which closes the pane.
     m_area->takeWidget();
     m_form->hide();
     m_form->deleteLater();

@@ -17,30 +17,29 @@ namespace welmo::pendant {
 
 class ProgramCheck;
 
-/// In place of an instruction: the form of a whole seam.
+/// Stands for an instruction's word: the form of a whole seam.
 inline const QString seamWord = QStringLiteral("#seam");
 
-/// Shows one instruction form: what it is for on top, the form, and the buttons that take it over
-/// or drop it.
+/// Shows one instruction form: its title on top, the form, and the buttons to accept or drop it.
 class FormPane : public QFrame
 {
     Q_OBJECT
 public:
     explicit FormPane(ProgramCheck *check, QWidget *parent = nullptr);
 
-    /// Opens the form that inserts an instruction; an empty @p word is a line as text.
-    /// The form starts from what @p above, a line of the program, names.
+    /// Opens the form that inserts an instruction; an empty @p word means a line as text.
+    /// The form starts with the names in @p above, a line of the program.
     void openInsert(const QString &word, int line, const QString &above = {});
-    /// Opens the form of the line's instruction, or the line as text when nobody has a form for it.
-    /// The form sees the instruction alone: indentation and comment are kept for it.
-    /// @p isFaithful is false when the text does not show all that the file holds.
+    /// Opens the form of the line's instruction, or the line as text if there is no form for it.
+    /// The form gets only the instruction; indentation and comment are kept for it. @p isFaithful
+    /// is false if the text does not show all bytes of the file's line.
     void openEdit(const QString &text, int line, bool isFaithful);
     bool isOpen() const { return m_form; }
 
 signals:
-    /// The operator wants this line. It is closed by then.
+    /// The operator accepted this line. The pane is closed by then.
     void accepted(const QString &text);
-    /// After accepted(): the operator wants to insert the same instruction after it.
+    /// Follows accepted(): the operator wants to insert the same instruction again after it.
     void anotherWanted(const QString &word);
     void closed();
 
@@ -72,9 +71,9 @@ private:
     tessa::BaseContentWidget *m_form = nullptr;
     bool m_inserts = false;
     bool m_goesOn = false;
-    QString m_word; // that is inserted
+    QString m_word; // the word to insert
     tl::ParsedLine m_before; // empty for an insert form
-    QString m_lost; // what the form did not take over of it
+    QString m_lost; // what the form did not take over from it
 };
 
 } // namespace welmo::pendant

@@ -4,8 +4,7 @@
 
 namespace welmo::pendant {
 
-/// A form of the pendant's own: what it writes goes into the program as it is, and may be several
-/// lines.
+/// A form of the pendant's own. Its text goes into the program as it is, and may be several lines.
 class HostForm : public tessa::BaseContentWidget
 {
     Q_OBJECT

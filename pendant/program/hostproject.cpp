@@ -11,7 +11,7 @@ namespace {
 
 using Names = QSet<QString>;
 
-// Variables have a type; everything else in a list counts.
+// Adds the names of a list's entries; only variables have a type to select by.
 void addNames(Names &names, const char *list, const char *type = nullptr)
 {
     const auto *node = m(welmo::names::project + QLatin1Char('.') + QLatin1String(list));
@@ -40,7 +40,7 @@ void addFiles(Names &names)
     }
 }
 
-// What the package brought is in the table; all else is somebody else's.
+// Adds the words that are not the package's, which the table of instructions has.
 void addWords(Names &names)
 {
     for (const QString &word : tessa::TlManager::getTlManager()->instructionNames)

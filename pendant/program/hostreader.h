@@ -6,8 +6,8 @@
 
 namespace welmo::pendant {
 
-/// The controller's values as the pendant knows them: the robot project in the host's tree, the
-/// parameter files as the controller answers, each set asked for once.
+/// The controller's values as the pendant knows them: the robot project from the host's tree, and
+/// the parameter files from the controller, which is asked once for each set.
 class HostReader : public controller::Reader
 {
 public:

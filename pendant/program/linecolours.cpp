@@ -13,7 +13,7 @@ bool isInstruction(const tl::ParsedLine &line)
     return line.instruction || manager->propertyWidgetCreators.contains(line.word.text);
 }
 
-/// Hands out the line's text from left to right.
+/// Takes pieces off the line's text from left to right.
 class Cutter
 {
 public:

@@ -12,8 +12,8 @@ struct ColouredPart
     const char *color; ///< a key of the theme
 };
 
-/// The line cut into instruction word, arguments, quoted names and comment. The words of the
-/// instructions that packages brought stand out from all others.
+/// The line split into instruction word, arguments, quoted names and comment. Words of the
+/// packages' instructions have a colour of their own.
 QVector<ColouredPart> colouredParts(const QString &line);
 
 } // namespace welmo::pendant

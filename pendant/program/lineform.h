@@ -6,7 +6,7 @@ class QLineEdit;
 
 namespace welmo::pendant {
 
-/// A line as plain text: for what no package brought a form for.
+/// A line as plain text, for words without a form.
 class LineForm : public HostForm
 {
     Q_OBJECT

@@ -16,7 +16,7 @@ namespace welmo::pendant {
 
 namespace {
 
-constexpr int rowHeight = 40; // for a finger, and twelve of them on a page
+constexpr int rowHeight = 40; // high enough for a finger, and low enough for twelve on a page
 constexpr int numberWidth = 64;
 constexpr int markSize = 24;
 constexpr int textLeft = numberWidth + markSize + 20;
@@ -73,7 +73,7 @@ private:
         if (m_check->isWrong(row)) {
             const QPoint place(margin.right() + 11, rect.center().y() - markSize / 2);
             const QRect mark(place, QSize(markSize, markSize));
-            if (isChosen) // the mark's own colour would drown in the choice's
+            if (isChosen) // the mark's own colour would not show on the selection
                 painter->fillRect(mark.adjusted(-3, -3, 3, 3), color("input_bkg"));
             painter->drawPixmap(mark, m_mark);
         }

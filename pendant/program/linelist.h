@@ -8,7 +8,7 @@ class ProgramCheck;
 class ProgramDocument;
 class ProgramRun;
 
-/// The program's lines with their numbers, what is wrong with them and where the controller is.
+/// The program's lines with numbers, marks for findings, and a mark where the controller is.
 class LineList : public QListView
 {
     Q_OBJECT
@@ -16,9 +16,9 @@ public:
     LineList(ProgramDocument *document, const ProgramCheck *check, const ProgramRun *run,
              QWidget *parent = nullptr);
 
-    /// The chosen line, -1 when there is none.
+    /// The chosen line, -1 if there is none.
     int line() const { return currentIndex().row(); }
-    /// Chooses the line and scrolls it into sight; the nearest one when there is no such line.
+    /// Chooses the line and scrolls to it; the nearest one if there is no such line.
     void setLine(int line);
 
 signals:

@@ -76,7 +76,7 @@ void LinesPane::setLine(int line)
     m_list->setLine(line);
 }
 
-// When the menu opens: by then every package has entered its instructions.
+// Filled when it opens, since all packages have registered their instructions by then.
 void LinesPane::fillMenu()
 {
     m_menu->clear();
@@ -162,7 +162,7 @@ void LinesPane::refresh()
     const QString finding = m_check->textAt(line);
     m_detail->setText(count == 0 ? tr("The program is empty: insert a line, or open a program.")
                                  : finding);
-    // Not now: a list that changes its height under a finger would choose another line.
+    // Queued: if the list changed its height during a touch, another line would be chosen.
     QMetaObject::invokeMethod(this, &LinesPane::showDetail, Qt::QueuedConnection);
     setStyleWord(m_detail, "finding", finding.isEmpty() ? QString() : QStringLiteral("yes"));
 }
@@ -173,7 +173,7 @@ void LinesPane::showDetail()
     const bool isSeen = m_list->viewport()->rect().intersects(m_list->visualRect(chosen));
     m_detail->setVisible(!m_detail->text().isEmpty());
     layout()->activate();
-    if (isSeen) // and stays so, though the list has another height now
+    if (isSeen) // kept visible although the list's height changed
         m_list->scrollTo(chosen);
 }
 

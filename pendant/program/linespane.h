@@ -15,8 +15,8 @@ class ProgramCheck;
 class ProgramDocument;
 class ProgramRun;
 
-/// The lines with what can be done to them, and what is wrong with the chosen one. While the
-/// controller goes through a program nothing can be changed.
+/// The lines, the actions on them, and the findings of the chosen one. While the controller runs a
+/// program nothing can be changed.
 class LinesPane : public QFrame
 {
     Q_OBJECT
@@ -25,13 +25,14 @@ public:
 
     int line() const;
     void setLine(int line);
-    /// What can be done to the lines, for the page's row of tools.
+    /// The buttons of these actions, for the page's tool row.
     ActionBar *bar() const { return m_bar; }
-    /// How many findings there are, and the way to the next; for the page.
+    /// The button with the number of findings, which leads to the next one; for the page.
     QPushButton *findings() const { return m_findings; }
 
 signals:
-    /// A form is wanted that inserts the instruction before @p line; an empty word is a text line.
+    /// A form to insert the instruction before @p line is to be opened; an empty word is a text
+    /// line.
     void insertWanted(const QString &word, int line);
     void editWanted(int line);
 
@@ -66,7 +67,7 @@ private:
     QAction *m_down = nullptr;
     QAction *m_undo = nullptr;
     QAction *m_redo = nullptr;
-    ActionBar *m_bar; // last: what makes it sets the actions
+    ActionBar *m_bar; // the last one: its making sets the actions
 };
 
 } // namespace welmo::pendant

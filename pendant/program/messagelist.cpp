@@ -14,7 +14,7 @@ using tessa::MessageLog;
 
 namespace {
 
-constexpr int messageHeight = 96; // time, and three lines of text
+constexpr int messageHeight = 96; // for the time and three lines of text
 constexpr int padding = 8;
 constexpr int pictureSize = 20;
 

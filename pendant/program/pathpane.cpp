@@ -61,7 +61,7 @@ void PathPane::showEvent(QShowEvent *event)
     follow();
 }
 
-// While a program runs its path begins where the robot was before.
+// While a program runs, the path begins where the robot was before the run.
 void PathPane::plan()
 {
     std::vector<tl::ParsedLine> lines;

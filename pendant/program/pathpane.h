@@ -19,7 +19,7 @@ class ProgramDocument;
 class ProgramRun;
 class RobotState;
 
-/// What a program's picture is made from; all of it outlives the picture.
+/// What the picture of a program is made from; everything must outlive the pane.
 struct PathParts
 {
     ProgramDocument *document;
@@ -29,8 +29,8 @@ struct PathParts
     Cell *cell;
 };
 
-/// The program as a picture, with what it is expected to take. Follows the program, the project and
-/// the robot while it is seen.
+/// The program as a picture, with its expected time and wire. Follows the program, the project and
+/// the robot while it is visible.
 class PathPane : public QFrame
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ public:
     PathPane(const PathParts &parts, QWidget *parent);
 
 signals:
-    /// Its way was touched; counted from 0.
+    /// The operator touched the path of this line, counted from 0.
     void lineWanted(int line);
 
 protected:
@@ -53,8 +53,8 @@ private:
     PathView *m_view;
     QLabel *m_sums;
     QLabel *m_files;
-    QTimer m_soon; // a form or a project changes much at a time
-    std::array<double, 6> m_start{}; // where the robot was before the program
+    QTimer m_soon; // delays the update, since a form or a project changes often at once
+    std::array<double, 6> m_start{}; // joints of the robot before the run
     bool m_hasStart = false;
     bool m_wasUnderWay = false;
 };

@@ -12,7 +12,7 @@ namespace welmo::pendant {
 
 namespace {
 
-constexpr double margin = 44; // pixels, around and between the two sides
+constexpr double margin = 44; // pixels, around and between the two views
 constexpr double touchRadius = 26;
 constexpr double leastSize = 20; // mm
 
@@ -103,7 +103,7 @@ QColor PathView::colourOf(const QString &file)
     return QColor::fromHsv((205 + 97 * (number - 1)) % 360, 200, dark ? 235 : 165);
 }
 
-// The longer of x and y lies across, so that the picture fills the page.
+// The longer of x and y is drawn across, so that the picture fills the page.
 PathView::Frame PathView::frameNow() const
 {
     Span x, y, z;
@@ -140,7 +140,7 @@ QRectF PathView::area(const Frame &frame, Side side) const
                              : QRectF(left, top + above + margin, across, beside);
 }
 
-// Seen from above with y to the right, x comes towards who looks.
+// If y points to the right in the view from above, x points down.
 QPointF PathView::at(const Frame &frame, Side side, const Place &place) const
 {
     const QRectF rect = area(frame, side);
@@ -255,7 +255,7 @@ void PathView::mouseReleaseEvent(QMouseEvent *event)
     int line = -1;
     for (const auto &leg : m_plan.legs) {
         for (const Side side : {FromAbove, FromTheSide}) {
-            // A seam is meant rather than the move that crosses it.
+            // A seam is preferred over a move that crosses it.
             const double away = distance(event->localPos(), polygon(frame, side, leg.way))
                 + (leg.isSeam ? 0 : touchRadius / 2);
             if (away < nearest) {

@@ -7,7 +7,7 @@
 
 namespace welmo::pendant {
 
-/// A program's ways from above and from the side, on one scale: moves, seams coloured by their
+/// A program's paths from above and from the side, to one scale: moves, seams coloured by their
 /// file, points, lines with findings, the torch and what it has welded.
 class PathView : public QWidget
 {
@@ -17,9 +17,9 @@ public:
 
     explicit PathView(QWidget *parent = nullptr);
 
-    /// @p wrong are lines in which something is wrong, from 0.
+    /// @p wrong are the lines with findings, from 0.
     void setPlan(const controller::ProgramPlan &plan, const QSet<int> &wrong);
-    /// Where the torch is; where it welds, a bead follows it.
+    /// Shows the torch; while it welds, a bead is drawn behind it.
     void setTorch(const Place &tip, bool welds);
     void clearBead();
 
@@ -27,7 +27,7 @@ public:
     static QColor colourOf(const QString &file);
 
 signals:
-    /// A way was touched.
+    /// The operator touched a path.
     void lineTouched(int line);
 
 protected:
@@ -38,10 +38,10 @@ private:
     enum Side { FromAbove, FromTheSide };
     struct Frame
     {
-        double u0 = 0, v0 = 0, w0 = 0; ///< the least of each axis, mm
+        double u0 = 0, v0 = 0, w0 = 0; ///< the lowest value of each axis, mm
         double uSize = 1, vSize = 1, wSize = 1;
-        bool turned = false; ///< y goes to the right, and not x
-        double scale = 1; ///< pixels for a mm
+        bool turned = false; ///< y is drawn to the right instead of x
+        double scale = 1; ///< pixels per mm
     };
 
     Frame frameNow() const;

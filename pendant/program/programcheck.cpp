@@ -53,7 +53,7 @@ void ProgramCheck::takeProject()
     m_checker = tl::Checker(project);
 }
 
-// Another pendant makes files and removes them.
+// Another pendant may create and remove files.
 void ProgramCheck::followFiles()
 {
     for (const schema::FileSet *set : schema::fileSets()) {
@@ -99,7 +99,7 @@ void ProgramCheck::finish()
     m_uses = std::exchange(m_comingUses, {});
     m_lines.clear();
     m_byLine.clear();
-    for (int i = m_findings.size() - 1; i >= 0; --i) // the hash hands out the newest first
+    for (int i = m_findings.size() - 1; i >= 0; --i) // the hash returns the newest first
         m_byLine.insert(m_findings.at(i).line, i);
     emit checked();
 }

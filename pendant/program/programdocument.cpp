@@ -20,7 +20,7 @@ QByteArray digest(const QByteArray &bytes)
 
 } // namespace
 
-// Holds the program before and after: the bytes of a line are back when its change is undone.
+// Holds the program before and after the change, so that undoing it restores the lines' bytes.
 class ProgramDocument::Edit : public QUndoCommand
 {
 public:

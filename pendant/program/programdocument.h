@@ -7,8 +7,8 @@
 
 namespace welmo::pendant {
 
-/// The program that is being worked on: its lines as a model, every change undoable, and its file.
-/// Lines are counted from 0. What nobody touches keeps its bytes.
+/// The program that is being edited: its lines as a model, every change undoable, and its file.
+/// Lines are counted from 0. A line that is not edited keeps its bytes.
 class ProgramDocument : public QAbstractListModel
 {
     Q_OBJECT
@@ -23,37 +23,37 @@ public:
     void setLine(int row, const QString &text);
     /// Inserts before @p row, or at the end.
     void insertLine(int row, const QString &text);
-    /// The same for several, which are undone together; answers where the last of them is.
+    /// Inserts several lines as one undo step; returns the last one's row.
     int insertLines(int row, const QStringList &texts);
     void removeLine(int row);
-    /// The line is at @p to afterwards.
+    /// Moves a line so that it is at @p to afterwards.
     void moveLine(int from, int to);
     QUndoStack *undoStack() { return &m_undo; }
 
-    /// Where the program is kept; empty for one that was never saved.
+    /// The program's file; empty if it was never saved.
     QString fileName() const { return m_fileName; }
-    /// The name to show, without the folder.
+    /// The file's name without its folder.
     QString title() const;
     bool isModified() const { return !m_undo.isClean(); }
 
     /// An empty program without a file.
     void clear();
-    /// Shows the file instead, or, with the reason in @p problem, leaves everything as it was. A
-    /// file that came with the pendant opens as a program that was never saved, under its name.
+    /// Opens the file; on failure nothing changes and @p problem has the reason. A file that came
+    /// with the pendant opens as a program that was never saved, under its name.
     bool open(const QString &file, QString *problem);
-    /// Somebody else wrote the program's file since it was opened or saved here.
+    /// Whether the program's file was changed by another program since it was opened or saved.
     bool isChangedElsewhere() const;
-    /// Writes the file whole, or, with the reason in @p problem, leaves it as it was.
+    /// Writes the file as a whole; on failure the old one stays and @p problem has the reason.
     bool save(const QString &file, QString *problem);
 
-    /// The controller has the program as it is shown; true until the next change.
+    /// Whether the controller has the program as it is shown; false after the next change.
     bool isSent() const { return m_isSent; }
     void setSent() { m_isSent = true; }
 
 signals:
-    /// Any line, in whatever way.
+    /// Any line has changed in any way.
     void contentsChanged();
-    /// The title, or whether the program is modified.
+    /// The title, or whether the program is modified, has changed.
     void titleChanged();
 
 private:
@@ -70,7 +70,7 @@ private:
     bool m_isSent = false;
     QString m_fileName;
     QString m_name; // of a program without a file
-    QByteArray m_onDisk; // what tells the file's content, as it was opened or saved
+    QByteArray m_onDisk; // a hash of the file's content when it was opened or saved
 };
 
 } // namespace welmo::pendant

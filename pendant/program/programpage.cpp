@@ -69,7 +69,7 @@ ProgramPage::ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robo
     row->addWidget(makeLog(log));
     body()->addLayout(row, 1);
     body()->setSpacing(8);
-    body()->setContentsMargins(16, 8, 16, 8); // twelve lines are seen
+    body()->setContentsMargins(16, 8, 16, 8); // so that twelve lines are visible
     connectPanes();
     connectRun();
     refreshTitle();
@@ -101,7 +101,7 @@ QWidget *ProgramPage::makePanes()
     return panes;
 }
 
-// Opens the messages beside the program.
+// The button that shows the messages beside the program.
 QWidget *ProgramPage::makeDrawer()
 {
     m_drawer = new QPushButton(tr("Messages"), this);
@@ -166,7 +166,7 @@ void ProgramPage::connectRun()
     });
 }
 
-// Where an arc is struck, what spoils the weld is said before it is spoilt.
+// If the program strikes an arc, problems of its files are shown before it runs.
 void ProgramPage::run()
 {
     const bool strikes = m_cell->mode() == QLatin1String(schema::weldmode::real)
@@ -214,7 +214,7 @@ void ProgramPage::togglePath()
     showPane(m_pathAction->isChecked() ? static_cast<QWidget *>(m_path) : m_lines);
 }
 
-// A form needs all the room there is, but what runs must be stoppable.
+// A form gets all the room, except that a running program must have its stop button.
 void ProgramPage::makeRoom()
 {
     const bool hasForm = m_panes->currentWidget() == m_form;
@@ -237,7 +237,7 @@ void ProgramPage::runExample(const QString &name)
 void ProgramPage::showLine(int line)
 {
     if (m_panes->currentWidget() == m_form)
-        return; // what is being edited comes first
+        return; // the form that is open has priority
     showPane(m_lines);
     m_lines->setLine(line);
 }

@@ -28,26 +28,26 @@ class RunBar;
 class RunCheckPane;
 class StepBar;
 
-/// The program editor: the lines, the forms of their instructions, the files, and running it, with
-/// the message log beside.
+/// The program editor: the lines, the forms of their instructions, the files, and running the
+/// program, with the message log beside it.
 class ProgramPage : public HostPage
 {
     Q_OBJECT
 public:
-    /// The document outlives the page, which is built anew with another language. @p folder holds
-    /// the pendant's own programs.
+    /// The document outlives the page, which is made anew for another language. @p folder holds the
+    /// pendant's own programs.
     ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robot, tessa::MessageLog *log,
                 const QString &folder, QWidget *parent = nullptr);
 
     /// See FileKeeper::mayGo().
     bool mayGo(const std::function<void()> &goOn);
-    /// Opens the example and runs it, once nothing would be lost by that.
+    /// Opens the example and runs it, once no change would be lost.
     void runExample(const QString &name);
-    /// Chooses the line, unless one is being edited.
+    /// Chooses the line, unless a form is open.
     void showLine(int line);
 
 signals:
-    /// A form needs the whole width, or does not any more.
+    /// A form needs the whole width, or no longer does.
     void roomWanted(bool wanted);
 
 protected:
@@ -88,7 +88,7 @@ private:
     QLabel *m_state = nullptr;
     QWidget *m_log = nullptr;
     QPushButton *m_drawer = nullptr;
-    int m_line = 0; // that the form is for
+    int m_line = 0; // the line that the form is for
     bool m_inserts = false;
 };
 

@@ -138,7 +138,7 @@ void ProgramRun::stepBack()
     send(names::stepProgram, back, tr("The controller made no step (%1)"));
 }
 
-// Sent first, so that nothing is welded into another program of the same name.
+// The program is sent first: the controller may have another one of the same name.
 void ProgramRun::reweld()
 {
     if (load())

@@ -7,7 +7,7 @@ namespace welmo::pendant {
 
 class ProgramDocument;
 
-/// The program on the controller: sends it, starts, pauses and stops it, and follows where it is.
+/// The program on the controller: sends it, starts, pauses and stops it, and follows its line.
 class ProgramRun : public QObject
 {
     Q_OBJECT
@@ -17,27 +17,27 @@ public:
     explicit ProgramRun(ProgramDocument *document, QObject *parent = nullptr);
 
     State state() const { return m_state; }
-    /// True while the controller goes through a program, also through a paused one; and when the
-    /// link was lost then, until it is known again.
+    /// True while the controller runs a program or has paused it; if the link was lost meanwhile,
+    /// until the state is known again.
     bool isUnderWay() const
     {
         return m_state == State::Running || m_state == State::Paused || m_wasUnderWay;
     }
-    /// The line that the controller is at, or failed at; -1 when it is in none, or in a program
-    /// that is not the one shown.
+    /// The line that the controller is at, or failed at; -1 if it is at none, or runs another
+    /// program than the one shown.
     int line() const;
     /// The state in words for the operator.
     QString text() const;
 
-    /// Where a seam of the shown program can be welded again, in mm with one decimal; empty when
-    /// none can.
+    /// The place in the shown program from which a seam can be welded again, in mm with one
+    /// decimal; empty if there is none.
     QString reweldPlace() const;
 
-    /// Sends the program as it is shown and starts it, or goes on where it was paused.
+    /// Sends the program as it is shown and starts it, or resumes it if it is paused.
     void start();
-    /// The same from @p line, counted from 0, on; what was paused is over.
+    /// As start(), but from @p line, counted from 0; a paused run ends.
     void runFrom(int line);
-    /// One line without an arc: the next one where it is paused, otherwise @p line.
+    /// Runs one line without an arc: the next one if paused, otherwise @p line.
     void step(int line);
     void stepBack();
     void reweld();

@@ -39,7 +39,7 @@ void RunBar::refresh()
                         && m_document->rowCount() > 0);
     m_look->setEnabled(m_startable);
     m_pause->setEnabled(state == State::Running);
-    m_stop->setEnabled(isThere || m_run->isUnderWay()); // also where nobody knows any more
+    m_stop->setEnabled(isThere || m_run->isUnderWay()); // also while the state is unknown
 }
 
 } // namespace welmo::pendant

@@ -7,19 +7,19 @@ namespace welmo::pendant {
 class ProgramDocument;
 class ProgramRun;
 
-/// Pauses and stops the program, and says that it is to be run or looked through.
+/// The buttons that pause and stop the program, and those that ask to run it or to look through it.
 class RunBar : public ActionBar
 {
     Q_OBJECT
 public:
     RunBar(ProgramDocument *document, ProgramRun *run, QWidget *page);
 
-    /// False while a line is being edited: the program is not what it is going to be.
+    /// @p startable is false while a form is open, since the program may change.
     void setStartable(bool startable);
 
 signals:
     void runWanted();
-    /// Somebody wants to see what the program is going to weld with.
+    /// The operator wants to see what the program will weld with.
     void lookWanted();
 
 private:

@@ -17,7 +17,7 @@ namespace welmo::pendant {
 namespace {
 
 constexpr int rowHeight = 48;
-constexpr int namedLines = 3; // of a file that many lines name
+constexpr int namedLines = 3; // lines shown for a file that many name
 
 enum Column { Lines, Name, Exists, Current, Voltage, Speed, Finding, columnCount };
 

@@ -10,21 +10,21 @@ namespace welmo::pendant {
 
 class FileUses;
 
-/// What a program is about to weld with: its files, what they hold, and what is wrong with them.
+/// What a program will weld with: its files, their content, and what is wrong with them.
 class RunCheckPane : public QFrame
 {
     Q_OBJECT
 public:
     explicit RunCheckPane(QWidget *parent);
 
-    /// Reads every file anew; true when nothing is wrong with any.
+    /// Reads every file again; true if nothing is wrong with any.
     bool look(const FileUses &uses);
-    /// @p mayRun offers to run the program from here.
+    /// If @p mayRun, shows a button that runs the program.
     void offerRun(bool mayRun);
 
 signals:
     void runWanted();
-    /// Somebody wants to see the line, counted from 0.
+    /// The operator wants to see the line, counted from 0.
     void lineWanted(int line);
     void closed();
 

@@ -58,7 +58,7 @@ private:
         return faults.size() == 1 ? tr("1 fault: %1").arg(what)
                                   : tr("%1 faults, the first: %2").arg(faults.size()).arg(what);
     }
-    // What was never meant to be welded need not be counted.
+    // Empty if no seams were to be welded.
     QString seamsText() const
     {
         if (number("seams_of") == 0)

@@ -4,7 +4,7 @@
 
 namespace welmo::pendant {
 
-/// What came of a run, in words: how it ended, what went wrong, how much of it was welded.
+/// A run's result in words: how it ended, what went wrong, how much of it was welded.
 QString runResultText(const QVariantMap &result);
 
 } // namespace welmo::pendant

@@ -33,7 +33,7 @@ QStringList inOrder(QStringList names)
     return names;
 }
 
-// ",tool,wobj" as the point was taught.
+// ",tool,wobj" with which the point was taught.
 QString frameOf(const QString &point)
 {
     const tl::ProjectNames::Taught taught = project().points.value(point);

@@ -8,7 +8,7 @@ class QSpinBox;
 
 namespace welmo::pendant {
 
-/// A whole seam: the way to it, the arc, the bead from one point to another, and the way off.
+/// A whole seam: the move to it, the arc, the bead from one point to another, and the move away.
 class SeamForm : public HostForm
 {
     Q_OBJECT

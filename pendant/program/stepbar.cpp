@@ -55,7 +55,7 @@ void StepBar::refresh()
     m_back->setEnabled(mayMove && state == State::Paused);
     const QString place = m_run->reweldPlace();
     m_reweld->setEnabled(mayMove && !place.isEmpty());
-    // A button of no toolbar does not follow its action there.
+    // A button outside a tool bar does not hide with its action.
     findChild<QToolButton *>(QStringLiteral("btnReweld"))->setVisible(!place.isEmpty());
     m_reweld->setText(tr("Re-weld from %1 mm").arg(place));
 }

@@ -9,16 +9,16 @@ namespace welmo::pendant {
 class ProgramDocument;
 class ProgramRun;
 
-/// Runs parts of the program: from the chosen line, line by line there and back, and once more
-/// where a seam lacks its arc.
+/// Runs parts of the program: from the chosen line, single lines forwards and backwards, and a seam
+/// again where it lacks its arc.
 class StepBar : public ActionBar
 {
     Q_OBJECT
 public:
-    /// @p chosen tells the chosen line, counted from 0.
+    /// @p chosen returns the chosen line, counted from 0.
     StepBar(ProgramDocument *document, ProgramRun *run, std::function<int()> chosen, QWidget *page);
 
-    /// False while a line is being edited: the program is not what it is going to be.
+    /// @p startable is false while a form is open, since the program may change.
     void setStartable(bool startable);
 
 private:

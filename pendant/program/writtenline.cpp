@@ -18,7 +18,7 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(WrittenLine)
 };
 
-// An argument without a name leaves its commas behind.
+// An argument without a name shows as commas with nothing between.
 bool lacksName(const QString &written)
 {
     const QStringList holes{QStringLiteral(" ,"), QStringLiteral(",,"), QStringLiteral("(,")};
@@ -27,7 +27,7 @@ bool lacksName(const QString &written)
         || written.endsWith(QLatin1Char(','));
 }
 
-// What a form cannot have meant. That the project lacks a file or a point is another matter.
+// Whether a form cannot have meant this. A file or point that the project lacks is allowed.
 bool refuses(const Finding &finding)
 {
     return finding.message;

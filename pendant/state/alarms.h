@@ -18,18 +18,18 @@ struct Alarm
     int id = 0;
     QString code;
     QVariantList arguments;
-    QDateTime time; ///< of day, here
+    QDateTime time; ///< in local time
     QString program;
-    int line = 0; ///< from 1, 0 for none
+    int line = 0; ///< from 1; 0 for none
     QString file;
     bool open = false;
 
-    /// What and where, without the time.
+    /// What happened and where, without the time.
     QString text() const;
 };
 
-/// The controller's alarms, followed; each new one goes to the message log as well. While the link
-/// is down, the last ones known.
+/// The controller's alarms, kept up to date; each new one goes to the message log as well. While
+/// the link is down, the last known ones.
 class AlarmList : public QObject
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ public:
 
     /// Oldest first.
     const QVector<Alarm> &all() const { return m_all; }
-    /// Those that nobody acknowledged.
+    /// Those that were not acknowledged yet.
     QVector<Alarm> open() const;
     void acknowledgeAll();
 
@@ -53,7 +53,7 @@ private:
     XService *m_service;
     tessa::ManagerHelper *m_helper;
     QVector<Alarm> m_all;
-    int m_logged = -1; // the newest that the log has, none before the first look
+    int m_logged = -1; // number of the newest one in the log; -1 before the first reading
 };
 
 } // namespace welmo::pendant

@@ -64,7 +64,7 @@ void Cell::take(const QVariantMap &map)
     status->setPower(isOn ? ControllerStatus::Power::On : ControllerStatus::Power::Off);
     status->setMode(isAutomatic ? ControllerStatus::Mode::Automatic
                                 : ControllerStatus::Mode::Manual);
-    // A welder's error or a failed program leaves the pages usable: they are needed to mend it.
+    // A welder's error or a failed program does not lock the pages: they are needed to correct it.
     if (m_switches.value(QStringLiteral("fault")).toBool())
         status->setState(ControllerStatus::State::Fault);
     else

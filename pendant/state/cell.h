@@ -10,7 +10,7 @@ class Host;
 
 namespace welmo::pendant {
 
-/// The cell as its controller tells it: what it does, its switches, and the weld mode. The host's
+/// The cell's state from its controller: what it does, its switches, and the weld mode. The host's
 /// status follows it.
 class Cell : public QObject
 {
@@ -25,16 +25,16 @@ public:
     QString word() const;
     /// The state in words for the operator.
     QString text() const;
-    /// "test_run", "simu" or "real"; empty while nobody knows.
+    /// "test_run", "simu" or "real"; empty while it is unknown.
     const QString &mode() const { return m_mode; }
     QString modeText() const;
     QString gasText() const;
     QString wireText() const;
-    /// The node "cell.state" as it was last told.
+    /// The node "cell.state" as last read.
     const QVariantMap &switches() const { return m_switches; }
     /// When the link was lost while a program ran; invalid otherwise.
     const QDateTime &lostAt() const { return m_lostAt; }
-    /// Turns "power", "automatic" or "fault" at the cell.
+    /// Switches "power", "automatic" or "fault" at the cell.
     void turn(const QString &what, bool on);
 
 signals:

@@ -8,8 +8,8 @@ class ModuleObject;
 
 namespace welmo::pendant {
 
-/// How fast the robot is moved by hand, in percent of its full speed: the host's value, which the
-/// handle's keys change as well.
+/// The jog speed in percent of full speed: the host's value, which the handle's keys change as
+/// well.
 class JogSpeed : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     explicit JogSpeed(QObject *parent = nullptr);
 
     int percent() const;
-    /// Within 1 and the highest that the host allows.
+    /// Limits @p percent to 1 and the highest that the host allows.
     void set(int percent);
 
 signals:

@@ -13,7 +13,7 @@ class LinkBadge : public QFrame
 {
     Q_OBJECT
 public:
-    /// Wide enough for every word, so that what stands beside it never moves.
+    /// Wide enough for every word, so that nothing beside it moves.
     static constexpr int fixedWidth = 152;
 
     explicit LinkBadge(LinkControl *link, QWidget *parent = nullptr);

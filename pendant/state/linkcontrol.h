@@ -9,7 +9,7 @@ class Host;
 
 namespace welmo::pendant {
 
-/// The switch between pendant and controller, and what there is to say about it.
+/// Opens and closes the link, and describes its state.
 class LinkControl : public QObject
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ class MessageModel : public QSortFilterProxyModel
 public:
     explicit MessageModel(tessa::MessageLog *log, QObject *parent = nullptr);
 
-    /// Shows the messages of @p level only; an empty one shows all.
+    /// Shows only messages of @p level; empty shows all.
     void setLevel(const QString &level);
     QVariant data(const QModelIndex &index, int role) const override;
 

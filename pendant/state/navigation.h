@@ -18,11 +18,11 @@ inline const QString mainGroup = QStringLiteral("pendant");
 inline const QString packageGroup = QStringLiteral("robot.pack");
 inline const QString systemGroup = QStringLiteral("system");
 
-/// The heading of a navigation group; the group's own name when nobody gave it one.
+/// The heading of a navigation group; the group's own name if it has no heading.
 QString groupTitle(const QString &group);
 
-/// Enters a page of the pendant itself into the navigation. @p picture is a theme image, @p
-/// position counts in the whole menu, -1 is its end.
+/// Adds a page of the pendant to the navigation. @p picture is a theme image; @p position counts in
+/// the whole menu, -1 is its end.
 void addNavEntry(const QString &page, const QString &title, const QString &group,
                  const QString &picture, int position);
 

@@ -129,8 +129,7 @@ bool ProjectPoints::touchUp(const QString &name)
     return edit(name, change, tr("%1 is where the robot is now").arg(name));
 }
 
-// The controller's list, and not the host's copy of it, is what is changed: another pendant may
-// have written since.
+// Changes the controller's list instead of the host's copy: another pendant may have written since.
 bool ProjectPoints::edit(const QString &name, const Change &change, const QString &done)
 {
     const QString failure = tr("%1 was not changed (%2)");

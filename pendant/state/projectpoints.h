@@ -10,8 +10,8 @@ class Host;
 
 namespace welmo::pendant {
 
-/// The points of the robot project, changed on the controller first and then in the host's tree.
-/// What was not done is in the message log, with the reason.
+/// The points of the robot project, changed first on the controller, then in the host's tree.
+/// Failures are reported in the message log with the reason.
 class ProjectPoints : public QObject
 {
     Q_OBJECT
@@ -19,13 +19,13 @@ public:
     explicit ProjectPoints(tessa::Host *host, QObject *parent = nullptr);
 
     QStringList names() const;
-    /// Where the point is, with which tool and in which work object, in words.
+    /// The point's place, tool and work object, in words.
     QString detail(const QString &name) const;
 
     bool rename(const QString &name, const QString &to);
     bool remove(const QString &name);
-    /// The point is where the robot is now, seen with the tool and in the work object that it was
-    /// taught with.
+    /// Moves the point to the robot's position, read with the tool and in the work object that the
+    /// point was taught with.
     bool touchUp(const QString &name);
 
 signals:

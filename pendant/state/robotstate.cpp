@@ -42,7 +42,7 @@ void RobotState::take(const QVariantMap &values)
     emit changed();
 }
 
-// What an operator waits for after a press of "Joint" or "Linear" in a point's form.
+// Reports the end of a move, which the operator of a point's form waits for.
 void RobotState::log()
 {
     const auto tell = [this](const char *level, const QString &text) {

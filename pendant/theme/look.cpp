@@ -12,12 +12,12 @@ namespace welmo::pendant {
 
 namespace {
 
-// The only family below that is always asked for: Chinese texts stand in every language, too.
+// The one family that is always added: Chinese texts appear in every language.
 const QString chineseFamily = QStringLiteral("WenQuanYi Micro Hei");
 
 QPixmap withDistance(const QPixmap &picture)
 {
-    if (picture.isNull()) // a theme need not have every picture
+    if (picture.isNull()) // a theme may lack pictures
         return picture;
     const int width = picture.height() * besideTextSize.width() / besideTextSize.height();
     QPixmap wide(width, picture.height());

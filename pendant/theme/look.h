@@ -14,29 +14,29 @@ class Theme;
 
 namespace welmo::pendant {
 
-/// The font that the theme's token @p key describes, with a family that covers Chinese.
+/// The font of the theme's token @p key, with a family that covers Chinese.
 QFont themeFont(const vu::xtheme::Theme &theme, const QString &key);
-/// The theme's colours for what no style rule reaches, such as the boxes of the platform.
+/// The theme's colours for what style rules do not reach, such as the platform's dialogs.
 QPalette themePalette(const vu::xtheme::Theme &theme);
-/// False when the theme lacks what it takes to read anything at all.
+/// False if the theme lacks colours or fonts without which nothing can be read.
 bool isUsable(const vu::xtheme::Theme &theme);
-/// Font and palette of the whole application from the theme in use.
+/// Sets the whole application's font and palette to those of the theme in use.
 void applyTheme();
 
-/// The size of an icon beside a text: the right part is the distance between the two, which no
-/// style rule can set.
+/// The size of an icon beside a text: its right part is the distance to the text, which style rules
+/// cannot set.
 constexpr QSize besideTextSize{34, 24};
 /// @p picture as an icon of that size.
 QIcon besideText(const QPixmap &picture);
-/// The theme's one-ink picture @p key as an icon of that size, in light ink while checked.
+/// The theme's one-colour picture @p key as an icon of that size, light while checked.
 QIcon inkBesideText(const QString &key);
-/// The theme's one-ink picture @p key, in the inks of a usable and of a disabled button, and in
-/// @p ink where the button has another ground.
+/// The theme's one-colour picture @p key in the colours of an enabled and of a disabled button; @p
+/// ink replaces the first on a button with another background.
 QIcon inkIcon(const QString &key, const QString &ink = QStringLiteral("text"));
 /// The picture @p key of the theme as it is.
 QPixmap themePixmap(const QString &key);
 
-/// Sets the property @p name that style rules select by, and styles the widget anew.
+/// Sets the property @p name, which style rules select by, and applies them to the widget again.
 void setStyleWord(QWidget *widget, const char *name, const QString &word);
 
 } // namespace welmo::pendant

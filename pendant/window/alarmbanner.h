@@ -10,8 +10,8 @@ namespace welmo::pendant {
 class AlarmList;
 class Cell;
 
-/// What went wrong, on every page under the header until it is acknowledged; while the link is lost
-/// in the middle of a run, that.
+/// Shows alarms under the header of every page until they are acknowledged, and a link that was
+/// lost during a run.
 class AlarmBanner : public QFrame
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     AlarmBanner(AlarmList *alarms, Cell *cell, QWidget *parent = nullptr);
 
 signals:
-    /// Counted from 1.
+    /// @p line is counted from 1.
     void lineWanted(const QString &program, int line);
     void reasonWanted();
 

@@ -8,9 +8,8 @@ class QMessageBox;
 
 namespace welmo::pendant {
 
-/// Dims the window behind a message box, and gives the box the pendant's own symbol: without a
-/// window manager nothing else tells the box from the page that it locks. Follows the whole
-/// application.
+/// Dims the window behind a message box and gives the box the pendant's own icon: without a window
+/// manager nothing else sets it apart from the page. Works in the whole application.
 class DialogShade : public QObject
 {
     Q_OBJECT
@@ -23,7 +22,7 @@ private:
     void dim(QMessageBox *box);
 
     QPointer<QWidget> m_shade;
-    QPointer<QObject> m_box; // it lies behind
+    QPointer<QObject> m_box; // the box that it is behind
 };
 
 } // namespace welmo::pendant

@@ -12,7 +12,7 @@ namespace {
 constexpr int hintWidth = 18;
 constexpr int pictureSize = 48;
 constexpr int smallestTouch = 64;
-constexpr int highest = 92; // more adds nothing to a thumb's target
+constexpr int highest = 92; // more would not make it easier to hit
 
 } // namespace
 

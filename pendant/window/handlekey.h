@@ -8,8 +8,8 @@ class QLabel;
 
 namespace welmo::pendant {
 
-/// The face of one handle key: its picture, label and the function key that stands for it. It only
-/// shows; the column that it stands in takes the touches.
+/// The face of one handle key: picture, label and its function key. It only shows; its column
+/// handles the touches.
 class HandleKey : public QFrame
 {
     Q_OBJECT

@@ -14,14 +14,13 @@ namespace welmo::pendant {
 class Cell;
 class LinkControl;
 
-/// The strip above everything: which cell, who works it, what it does, in which weld mode, and the
-/// link to it.
+/// The strip at the top: the cell, its user, its state, the weld mode, and the link.
 class HeaderBar : public QWidget
 {
     Q_OBJECT
 public:
-    /// @p place is the cell and the user of a networked cell; empty for the one in here, whose user
-    /// is the level.
+    /// @p place is cell and user of a cell on the network; empty for a controller in this process,
+    /// whose user is the level.
     HeaderBar(tessa::ControllerStatus *status, Cell *cell, LinkControl *link, const QString &place,
               QWidget *parent = nullptr);
 

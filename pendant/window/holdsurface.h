@@ -9,7 +9,7 @@ namespace welmo::pendant {
 class KeyHolds;
 
 /// A widget that shows keys. A key stays down until the button or finger that pressed it is lifted,
-/// wherever that is by then: a thumb may roll over a key's edge.
+/// even outside the key: a thumb may roll over its edge.
 class HoldSurface : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
 protected:
     bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
-    /// The key of the host at that place; -1 for none.
+    /// The host's key at that place; -1 for none.
     virtual int keyAt(const QPoint &point) const = 0;
 
 private:

@@ -12,7 +12,8 @@ namespace {
 constexpr int columnWidth = 100;
 constexpr int keySpacing = 2;
 constexpr int groupSpacing = 14;
-constexpr int keyStretch = 100; // beside the end's: keys take all the height that they can use
+// Against the column's end: the keys take all the height that they can use.
+constexpr int keyStretch = 100;
 
 } // namespace
 

@@ -14,13 +14,13 @@ namespace welmo::pendant {
 
 class HandleKey;
 
-/// The pendant's physical keys as a column at the window's edge, there whatever page is shown, and
-/// hidden while no package has registered any.
+/// The pendant's physical keys as a column at the window's edge, visible on every page, and hidden
+/// while no package has registered any.
 class KeyColumn : public HoldSurface
 {
     Q_OBJECT
 public:
-    /// @p holds follows the same keys.
+    /// @p holds is to follow the same keys.
     KeyColumn(tessa::PhysicalKeys *keys, KeyHolds *holds, QWidget *parent);
 
 protected:
@@ -32,7 +32,7 @@ private:
 
     tessa::PhysicalKeys *m_keys;
     QVBoxLayout *m_layout;
-    QMap<int, HandleKey *> m_faces; // by the number of the key
+    QMap<int, HandleKey *> m_faces; // by the key's number
 };
 
 } // namespace welmo::pendant

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int none = -1;
 
-// The window system's number of the key; events made by a program may carry none.
+// The window system's number of the key; synthetic events may have none.
 int placeOf(const QKeyEvent *event)
 {
     const int code = int(event->nativeScanCode());
@@ -39,13 +39,13 @@ void KeyHolds::follow(tessa::PhysicalKeys *keys, QWidget *window)
         if (!held)
             forget(key);
     });
-    // The keys have other numbers now.
+    // The keys may have other numbers now.
     connect(keys, &tessa::PhysicalKeys::setsChanged, this, &KeyHolds::letGo);
 }
 
 void KeyHolds::down(Source source, int key)
 {
-    // What is down has to come up first; not every repetition says what it is.
+    // A source that is already down is ignored: not every repeated event is marked as one.
     if (!m_down.emplace(source, none).second || key == none || m_keys->isHeld(key))
         return;
     m_down[source] = key;
@@ -63,7 +63,8 @@ void KeyHolds::up(Source source)
 
 void KeyHolds::up(Kind kind)
 {
-    const auto held = m_down; // an action may change the sets, and with them this
+    // A copy, since an action may change the key sets and with them m_down.
+    const auto held = m_down;
     for (const auto &[source, key] : held) {
         if (source.first == kind)
             up(source);
@@ -76,7 +77,8 @@ void KeyHolds::letGo()
         return;
     for (auto entry = m_down.begin(); entry != m_down.end();) {
         entry->second = none;
-        // The keyboard may go on repeating, so that its keys have to come up first.
+        // Keyboard keys are kept: the keyboard may repeat them, and they must come up before a new
+        // press counts.
         entry = entry->first.first == Keyboard ? std::next(entry) : m_down.erase(entry);
     }
     m_keys->releaseAll();
@@ -90,7 +92,7 @@ void KeyHolds::forget(int key)
     }
 }
 
-// Keyboard and mouse are taken where they reach a window, before any field or popup.
+// Keyboard and mouse events are handled at the window, before any field or popup.
 bool KeyHolds::eventFilter(QObject *object, QEvent *event)
 {
     if (!m_keys)
@@ -101,7 +103,7 @@ bool KeyHolds::eventFilter(QObject *object, QEvent *event)
     case QEvent::KeyRelease:
         return object->isWindowType() && onKeyRelease(static_cast<QKeyEvent *>(event));
     case QEvent::MouseButtonRelease:
-    case QEvent::MouseMove: // the first one after a release that went elsewhere
+    case QEvent::MouseMove: // the first move after a lost release
         if (object->isWindowType()
             && !static_cast<QMouseEvent *>(event)->buttons().testFlag(Qt::LeftButton))
             up(Mouse);
@@ -117,7 +119,7 @@ bool KeyHolds::eventFilter(QObject *object, QEvent *event)
     }
 }
 
-// Alt+F4 and its like mean something else, and a dialog has the keyboard to itself.
+// A key with a modifier such as Alt+F4 means something else, and a dialog gets all keys itself.
 bool KeyHolds::isMeant(const QKeyEvent *event) const
 {
     const int key = event->key() - Qt::Key_F1;
@@ -127,7 +129,7 @@ bool KeyHolds::isMeant(const QKeyEvent *event) const
 
 bool KeyHolds::onKeyPress(const QKeyEvent *event)
 {
-    // From here on another client or another meaning of the key may get the release.
+    // With a modifier, another client may get the release, or the key may change its meaning.
     if (isModifier(event->key()) || event->modifiers() != Qt::NoModifier)
         letGo();
     const bool meant = isMeant(event);

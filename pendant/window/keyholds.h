@@ -12,32 +12,32 @@ class QWidget;
 
 namespace welmo::pendant {
 
-/// What holds which handle key down: the mouse, fingers, and the function keys of a keyboard, of
-/// which F1 is the first handle key. Follows the whole application, so that no release is missed;
-/// where one could be, it gives the release itself: when the window loses the operator's hand, a
-/// modifier comes down, a dialog opens, or the key sets change. What was released that way takes a
-/// fresh press, also when the pendant was started anew meanwhile. A press with a modifier is none.
+/// Which mouse button, finger or function key holds which handle key; F1 is the first handle key.
+/// It filters the events of the whole application, so that no release is missed. Where one could
+/// be, it releases the key itself: when the window loses focus, a modifier is pressed, a dialog
+/// opens, or the key sets change. After that only a new press counts, also if the pendant was
+/// restarted meanwhile. Presses with a modifier are ignored.
 class KeyHolds : public QObject
 {
     Q_OBJECT
 public:
     enum Kind { Mouse, Touch, Keyboard };
-    /// A mouse button, a touch point, or the scan code of a key of the keyboard: what the key means
-    /// may have changed when it comes up.
+    /// A mouse button, a touch point, or a keyboard key by its scan code, since a key's meaning may
+    /// change before its release.
     using Source = std::pair<Kind, int>;
 
     explicit KeyHolds(QObject *parent = nullptr);
 
-    /// From now on these keys are meant; they act while @p window is there and not behind a dialog.
+    /// Sets the keys to act on; they act while @p window is visible and not behind a dialog.
     void follow(tessa::PhysicalKeys *keys, QWidget *window);
 
-    /// @p source came down on the handle key @p key, or on none. Nothing when another one holds it
-    /// already: who pressed it decides when it comes up.
+    /// @p source was pressed on the handle key @p key, or on none. Ignored if another source holds
+    /// the key: the one that pressed it decides when it comes up.
     void down(Source source, int key);
     void up(Source source);
-    /// Every source of that kind comes up.
+    /// Releases every source of that kind.
     void up(Kind kind);
-    /// Everything comes up.
+    /// Releases everything.
     void letGo();
 
     bool eventFilter(QObject *object, QEvent *event) override;
@@ -50,7 +50,7 @@ private:
 
     QPointer<tessa::PhysicalKeys> m_keys;
     QPointer<QWidget> m_window;
-    std::map<Source, int> m_down; // the handle key, or none when that came up by itself
+    std::map<Source, int> m_down; // the handle key, or none if it has been released already
 };
 
 } // namespace welmo::pendant

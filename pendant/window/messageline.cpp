@@ -31,7 +31,7 @@ MessageLine::MessageLine(MessageLog *log, QWidget *parent)
     refresh();
 }
 
-// A later success must not hide an error.
+// A later success must not replace an error.
 void MessageLine::refresh()
 {
     const auto &entries = m_log->entries();

@@ -10,15 +10,15 @@ class MessageLog;
 
 namespace welmo::pendant {
 
-/// The newest message in one line, or an error that nobody has looked at yet: the level as picture
-/// and colour, a long text cut with dots.
+/// The newest message in one line, or an error that was not looked at yet: the level as picture and
+/// colour, a long text shortened.
 class MessageLine : public QFrame
 {
     Q_OBJECT
 public:
     explicit MessageLine(tessa::MessageLog *log, QWidget *parent = nullptr);
 
-    /// The message in full.
+    /// The whole message.
     QString text() const { return m_full; }
 
 signals:

@@ -54,7 +54,7 @@ NavPanel::NavPanel(kelp::ModuleObject *entries, QWidget *parent)
     rebuild();
 }
 
-// An entry is filled leaf by leaf; the panel waits for the whole of it.
+// An entry is filled leaf by leaf; the rebuild waits until it is complete.
 void NavPanel::scheduleRebuild()
 {
     if (std::exchange(m_stale, true))
@@ -133,7 +133,7 @@ void NavPanel::setNarrow(bool narrow)
         showHeading(heading);
     for (QToolButton *button : qAsConst(m_buttons)) {
         showTitle(button);
-        button->style()->unpolish(button); // its rules depend on the panel
+        button->style()->unpolish(button); // its style rules depend on the panel's state
         button->style()->polish(button);
     }
 }

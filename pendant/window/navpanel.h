@@ -13,19 +13,19 @@ class ModuleObject;
 
 namespace welmo::pendant {
 
-/// The navigation on the left: the entries of the application-wide tree in their order, a heading
-/// before each group. Follows the tree.
+/// The navigation on the left: the entries of the application-wide tree in their order, with a
+/// heading before each group. Follows changes of the tree.
 class NavPanel : public QWidget
 {
     Q_OBJECT
 public:
     explicit NavPanel(kelp::ModuleObject *entries, QWidget *parent = nullptr);
 
-    /// Marks the entry of the page @p key; marks none when no entry leads there.
+    /// Marks the entry of the page @p key; none if no entry leads there.
     void setCurrent(const QString &key);
     /// Shows a number beside the entry of the page @p key; 0 shows none.
     void setCount(const QString &key, int count);
-    /// Shows the pictures of the entries alone.
+    /// Shows only the entries' pictures.
     void setNarrow(bool narrow);
 
 signals:

@@ -28,7 +28,7 @@ namespace {
 constexpr QSize windowSize{1280, 800};
 constexpr QSize smallestSize{1024, 640};
 constexpr int sideBarWidth = 360;
-// Modules put their items before this one.
+// Modules insert their items before this one.
 const QString stretchItem = QStringLiteral("orbo.body.statuspage.wgtStrech2");
 
 } // namespace
@@ -41,13 +41,13 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries,
     setAttribute(Qt::WA_StyledBackground);
     setWindowTitle(tr("Pendant"));
     resize(windowSize);
-    // Before there are children: the sheet is then worked out once for each of them.
+    // Set before there are children, so that each is styled only once.
     setRecursiveWidgetStyleSheet(
         this,
         helper->themeManager()->genStyleSheet(QStringLiteral(":/pendant/render/pendant.json")));
     setMinimumSize(smallestSize);
     auto *layout = new QVBoxLayout(this);
-    layout->setSizeConstraint(QLayout::SetNoConstraint); // the screen does not grow with a page
+    layout->setSizeConstraint(QLayout::SetNoConstraint); // a page must not enlarge the window
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(new HeaderBar(helper->status(), state.cell, state.link, state.place, this));
@@ -62,7 +62,7 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries,
 
 PendantWindow::~PendantWindow()
 {
-    delete m_column; // it follows keys that pages take with them
+    delete m_column; // deleted before the pages, which remove keys that it follows
     pando::frame() = {};
 }
 
@@ -82,7 +82,7 @@ QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    // The status bar ends where the side bar begins, which needs the whole height.
+    // The side bar takes the whole height, so the status bar ends beside it.
     auto *places = new QGridLayout;
     places->setSpacing(0);
     places->addWidget(m_nav, 0, 0);
@@ -92,7 +92,8 @@ QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
     places->setRowStretch(0, 1);
     layout->addLayout(places, 1);
     layout->addWidget(m_side);
-    // At the edge, so that no page or side bar moves them from under the operator's right hand.
+    // At the edge, so that pages and side bars do not move the keys away from the operator's right
+    // hand.
     m_column = new KeyColumn(keys, holds, this);
     layout->addWidget(m_column);
     connect(m_nav, &NavPanel::chosen, this, &PendantWindow::showPage);
@@ -100,7 +101,7 @@ QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
     return row;
 }
 
-// The package's panel has no way out of its own.
+// A head with a close button, which the package's panel does not have.
 QWidget *PendantWindow::makeSideHead()
 {
     auto *head = new QWidget(m_side);
@@ -119,7 +120,7 @@ QWidget *PendantWindow::makeSideHead()
     return head;
 }
 
-// Seen from afar: in this colour the next run strikes an arc.
+// A strip that can be seen from afar: its colour says that the next run strikes an arc.
 QWidget *PendantWindow::makeStrip(Cell *cell)
 {
     auto *strip = new QFrame(this);
@@ -141,7 +142,7 @@ QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, const WindowSta
     auto *message = new MessageLine(helper->log(), m_status);
     connect(message, &MessageLine::touched, this, [this] { showPage(messagesKey); });
     m_status->addItem(this, QStringLiteral("pendant.message"), message, 1);
-    // The message takes what is left, so that items before the stretch do not move with it.
+    // The message takes the remaining width, so that items before the stretch do not move.
     m_status->addItem(this, stretchItem, new QWidget(m_status));
     addModeText(state.cell);
     addHandFacts(state.cell, state.jog);
@@ -151,7 +152,7 @@ QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, const WindowSta
     return m_status;
 }
 
-// The package shows the weld mode as a picture; this says it, beside it.
+// The weld mode in words, beside the package's picture of it.
 void PendantWindow::addModeText(Cell *cell)
 {
     auto *label = new QLabel(m_status);
@@ -172,7 +173,7 @@ void PendantWindow::makeRoom(bool wanted)
     }
 }
 
-// What the handle's keys change.
+// Shows the values that the handle's keys change.
 void PendantWindow::addHandFacts(Cell *cell, JogSpeed *jog)
 {
     auto *label = new QLabel(m_status);

@@ -27,7 +27,7 @@ class KeyHolds;
 class LinkControl;
 class NavPanel;
 
-/// What the window shows of the controller; everything outlives the window.
+/// What the window shows of the controller; everything must outlive the window.
 struct WindowState
 {
     LinkControl *link;
@@ -38,32 +38,32 @@ struct WindowState
 };
 
 /// The pendant's screen: header, alarms, navigation, centre area, right side bar, physical keys,
-/// status bar. It offers these places to modules as the frame in use.
+/// status bar. Modules put their views into these areas.
 class PendantWindow : public QWidget
 {
     Q_OBJECT
 public:
-    /// @p entries is the node of the navigation entries; @p holds outlives the window.
+    /// @p entries is the node of the navigation entries; @p holds must outlive the window.
     PendantWindow(tessa::Host *host, kelp::ModuleObject *entries, const WindowState &state,
                   KeyHolds *holds);
     ~PendantWindow() override;
 
     pando::CenterWidget *center() { return m_center; }
     pando::ExpandSideBar *side() { return m_side; }
-    /// Shows the page @p key and marks its entry; false when there is no such page.
+    /// Shows the page @p key and marks its entry; false if there is no such page.
     bool showPage(const QString &key);
 
-    /// Closes the side bar while the room is wanted, and opens it again after that.
+    /// Closes the side bar while a form needs the room, and opens it again afterwards.
     void makeRoom(bool wanted);
 
-    /// Asked before the window closes; it stays open when the answer is false.
+    /// @p guard is asked before the window closes; if it returns false the window stays open.
     void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
 
-    /// Shows beside the entry of the page @p key how much there is to look at; 0 shows nothing.
+    /// Shows a count beside the entry of the page @p key; 0 shows none.
     void setCount(const QString &key, int count);
 
 signals:
-    /// Somebody wants to see line @p line, from 1, of that program.
+    /// The operator wants to see line @p line, from 1, of that program.
     void lineWanted(const QString &program, int line);
 
 protected:
