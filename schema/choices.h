@@ -6,7 +6,7 @@
 
 namespace welmo::schema {
 
-/// The values of one kind that a file stores, each with the text that is shown for it.
+/// The possible values of one kind that a file stores, each with the text that is shown for it.
 class ChoiceTable
 {
 public:
@@ -32,16 +32,16 @@ public:
     { }
 
     const std::vector<Choice> &choices() const { return m_choices; }
-    /// The choice with this source or shown text; null when there is none.
+    /// The choice with this source text or shown text; null if there is none.
     const Choice *withText(const QString &text) const;
-    /// Whether a bool is stored rather than a keyword.
+    /// Whether a bool is stored instead of a keyword.
     bool isBoolean() const { return m_choices.front().code.userType() == QMetaType::Bool; }
 
 private:
     std::vector<Choice> m_choices;
 };
 
-/// The codes that a rule of the package or of the controller asks for.
+/// The codes that rules of the package or the controller refer to.
 namespace codes {
 
 inline constexpr char flatCharacteristic[] = "flat_characteristic";

@@ -9,13 +9,13 @@ namespace welmo::schema {
 class WeaveSet : public FileSet
 {
 public:
-    /// @p frequency is what a new file starts with: page and instruction differ, and programs in
-    /// the field rely on both. The instruction's 0.01 lies below the range and is shown as 0.1.
+    /// @p frequency is the default of a new file: page and instruction differ, and programs in the
+    /// field rely on both. The instruction's 0.01 is below the range and shown as 0.1.
     explicit WeaveSet(double frequency);
 
     ChoiceRow reference{*this, "weaving_reference", choices::weaveReferences(), codes::cycle};
     ChoiceRow pattern{*this, "pattern", choices::weavePatterns(), codes::triangular};
-    RealRow lengthOrFrequency; ///< the range is a frequency's; a length takes 1 to 500
+    RealRow lengthOrFrequency; ///< the range is the frequency's; a length takes 1 to 500
     RealRow amplitude{*this,      "amplitude.left", 0.1,
                       {0.1, 100}, Unit::Millimetre, AlsoStoredAs{"amplitude.right"}};
     ChoiceRow dwellType{*this, "dwell_type", choices::weaveDwellTypes(), codes::robotStay};

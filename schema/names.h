@@ -25,7 +25,7 @@ inline const QString removePrefix = QStringLiteral("arc_weld.remove.");
 inline const QString wireFeed = QStringLiteral("arc_weld.wire_feed");
 inline const QString gasFlow = QStringLiteral("arc_weld.gas_flow");
 
-// "feel" is what the controllers in the field expect.
+// The misspelt "feel" is what the controllers in the field expect.
 inline const QString wireFeelPayload = QStringLiteral("wire_feel");
 inline const QString wireFeelBackPayload = QStringLiteral("wire_feel_back");
 

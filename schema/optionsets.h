@@ -4,7 +4,7 @@
 
 namespace welmo::schema {
 
-/// A set that is a single node, not a row of numbered files.
+/// A set that is a single node instead of numbered files.
 class OptionSet : public Set
 {
 public:
@@ -19,7 +19,7 @@ public:
     RunningSet();
 
     IntegerRow testRunSpeed{*this, "test_run_speed", 200, {1, 250}, Unit::MillimetrePerSecond};
-    /// A whole number by default; the operator's own has decimals.
+    /// The default is a whole number; what the operator sets has decimals.
     RealRow wireFeedSpeed{*this, "wire_feed_speed", 1, {1, 21}, Unit::MetrePerMinute};
     IntegerRow gasDetectTime{*this, "gas_detect_time", 15, {1, 30}, Unit::Second};
 };

@@ -10,7 +10,7 @@ WeldSet::WeldSet()
     : ProcessSet(QStringLiteral("weld_param"), QStringLiteral("arcdata"), 200)
 { }
 
-// The voltage is offered wider here than in the other two.
+// The voltage's range is wider than in the other two sets.
 ArcOffSet::ArcOffSet()
     : ProcessSet(QStringLiteral("arcoff_param"), QStringLiteral("arcoffdata"), 10000)
 { }

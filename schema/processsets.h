@@ -17,7 +17,7 @@ public:
     ChoiceRow currentMode{*this, "current_mode", choices::currentModes(), codes::current};
     ChoiceRow voltageMode{*this, "voltage_mode", choices::voltageModes(), codes::unified};
     RealRow current{*this, "current", 0, {0, 2000}, Unit::ByCurrentMode};
-    RealRow voltage; ///< until the welder has told its own limits
+    RealRow voltage; ///< range until the welder has told its own limits
 };
 
 class ArcOnSet : public ProcessSet

@@ -7,7 +7,7 @@ namespace welmo::schema {
 
 namespace {
 
-// Texts of the class Reasons, with the arguments in the order in which the controller tells them.
+// Texts in the context Reasons; %1 and so on are the controller's arguments in their order.
 const QHash<QString, const char *> &texts()
 {
     static const QHash<QString, const char *> table{

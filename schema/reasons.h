@@ -5,11 +5,11 @@
 
 namespace welmo::schema {
 
-/// The controller's reason, as of an alarm, in the language of the pendant; of an unknown code, the
-/// code itself.
+/// The controller's reason, as of an alarm, in the language of the pendant; an unknown code is
+/// returned as it is.
 QString reasonText(const QString &code, const QVariantList &arguments);
 
-/// What the controller's or the link's result code says when no reason came with it.
+/// The text of a controller's or link's result code, for an answer without a reason.
 QString codeText(int code);
 
 } // namespace welmo::schema

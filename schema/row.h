@@ -6,7 +6,7 @@
 
 namespace welmo::schema {
 
-/// What a number may be, both ends included.
+/// The smallest and largest value of a number, both included.
 struct Range
 {
     double minimum;
@@ -16,27 +16,27 @@ struct Range
 /// The type in which a value is stored.
 enum class Stored { Text, Boolean, Integer, Real, Integers };
 
-/// One value of a set: all that is known of it, declared once, as a member of its set. The kind of
-/// the row decides which kind of control a form can bind to it.
+/// One value of a set, declared once as a member of its set. The kind of the row decides which kind
+/// of control a form can bind to it.
 class Row
 {
 public:
     virtual ~Row() = default;
     Q_DISABLE_COPY(Row)
 
-    /// Relative to the file or set; a dotted key is a child of a child.
+    /// Below the file or set; a dotted key is a child of a child.
     const char *const key;
     const Stored stored;
-    /// Of a number: what the package offers. The controller accepts more.
+    /// For a number: the range that the package offers. The controller accepts more.
     const Range range;
     const Unit unit;
 
-    /// What a new file holds, and what a missing key reads as. Its own type is written to a new
-    /// file, often an int where a save stores a real number.
+    /// The value in a new file, and of a missing key. It is written to a new file in its own type,
+    /// often an int where a save stores a real number.
     virtual QVariant defaultValue() const { return m_default; }
     /// A second key that holds the same value, or null.
     virtual const char *twinKey() const { return nullptr; }
-    /// False for a value that no form shows and no save touches.
+    /// False for a value that forms neither show nor save.
     virtual bool isEdited() const { return true; }
 
 protected:
@@ -47,7 +47,7 @@ private:
     QVariant m_default;
 };
 
-/// The file's own name: chosen with the file combo box, so it is only ever stored.
+/// The file's own name: the file combo box chooses it, so it is stored but not shown.
 struct FileNameRow : Row
 {
     explicit FileNameRow(Set &set)
@@ -102,11 +102,11 @@ struct IntegersRow : Row
     { }
 };
 
-/// The word of a row whose stored fraction is dropped when it is shown.
+/// Marks a row whose stored fraction is dropped when it is shown.
 struct ReadAsInteger
 { };
 inline constexpr ReadAsInteger readAsInteger{};
-/// The word of a row whose number is written to a second key; the first is the one that is shown.
+/// Marks a row whose number is also written to a second key; the first one is shown.
 struct AlsoStoredAs
 {
     const char *key;
@@ -135,7 +135,7 @@ private:
     const char *m_twinKey = nullptr;
 };
 
-/// A name out of those that exist at the moment (speeds), stored as its text.
+/// One of the names that exist at the moment (speeds), stored as its text.
 struct NameRow : Row
 {
     NameRow(Set &set, const char *rowKey, const QString &defaultName)
@@ -147,7 +147,7 @@ struct NameRow : Row
 extern const char *const noSignalSource;
 
 /// The name of an input. "No signal" is stored as its translation, as the controllers in the field
-/// expect it: the one stored text that follows the language.
+/// expect: the one stored text that depends on the language.
 struct InputRow : NameRow
 {
     InputRow(Set &set, const char *rowKey)
@@ -156,7 +156,7 @@ struct InputRow : NameRow
     QVariant defaultValue() const override;
 };
 
-/// A value that only the default file sets: no form shows it and no save touches it.
+/// A value that only the default file sets: forms neither show nor save it.
 struct DefaultOnlyRow : Row
 {
     DefaultOnlyRow(Set &set, const char *rowKey, bool defaultValue)

@@ -9,12 +9,13 @@ namespace welmo::schema {
 
 class Row;
 
-/// Values that the controller keeps together. A derived set declares its rows as members; they
-/// enter themselves here, in the order in which they stand.
+/// Values that the controller keeps together. A derived set declares its rows as members, which add
+/// themselves here in their order.
 class Set
 {
 public:
-    /// @p setName is the set's node below "arc_weld."; @p branch the branch of the module's tree.
+    /// @p setName is the set's node below "arc_weld."; @p branch is the branch of the module's
+    /// tree.
     Set(const QString &branch, const QString &setName)
         : section(branch)
         , name(setName)

@@ -4,7 +4,7 @@
 
 namespace welmo::schema {
 
-/// What a number counts in; some follow another value of the same file.
+/// The unit of a number; some depend on another value of the same file.
 enum class Unit {
     None,
     ByCurrentMode, ///< ampere, or mm/s of wire
@@ -20,12 +20,13 @@ enum class Unit {
     Degree
 };
 
-/// The symbol behind a control, the same in every language; empty where it follows another value.
+/// The symbol shown behind a control, the same in every language; empty if it depends on another
+/// value.
 QString symbol(Unit unit);
 
 } // namespace welmo::schema
 
-/// The symbols by themselves, for what follows another value.
+/// The symbols by themselves, for units that depend on another value.
 namespace welmo::units {
 
 inline const QString ampere = QStringLiteral("A");

@@ -13,17 +13,17 @@ struct Welder
     QString protocol;
     QString brand;
     QString type;
-    QVector<int> currents; ///< rated currents that it comes in, A
-    QStringList workModes; ///< what it can do: source texts of choices::workModes()
+    QVector<int> currents; ///< the rated currents in which it is built, A
+    QStringList workModes; ///< its modes: source texts of choices::workModes()
 };
 
-/// Every welder that can be chosen; a new controller is set to the first.
+/// Every welder that can be chosen; a new controller has the first.
 const QVector<Welder> &welders();
 
 /// One of the catalogue's texts in the language of the pendant.
 QString shownWelderText(const QString &text);
 
-/// The setting of the welder, of the switches and of the chosen machine.
+/// The setting of the welder: the switches and the chosen machine.
 class WelderSettingSet : public Set
 {
 public:

@@ -11,7 +11,7 @@ const QStringList &all()
 
 QString next(const QString &mode)
 {
-    // indexOf gives -1 for an unknown mode, which leads to the first.
+    // indexOf() returns -1 for an unknown mode, so that the first one follows.
     return all().at((all().indexOf(mode) + 1) % all().size());
 }
 

@@ -10,7 +10,7 @@ inline constexpr char testRun[] = "test_run"; ///< moves only, at the dry-run sp
 inline constexpr char simulation[] = "simu"; ///< moves as in the weld, without an arc
 inline constexpr char real[] = "real"; ///< welds
 
-/// The order in which the mode key goes round.
+/// In the order in which the mode key switches them.
 const QStringList &all();
 
 /// The mode after @p mode; an unknown one is followed by the first.

@@ -46,13 +46,13 @@ Finding doubtful(int column, const char *detail, const QStringList &names)
     return {0, column, FindingKind::Doubtful, nullptr, detail, names};
 }
 
-// A name that cannot be one has a finding already.
+// False for what cannot be a name and has a finding already.
 bool isName(const Token &token)
 {
     return !token.text.contains(QLatin1Char('"')) && !token.text.contains(QLatin1Char('('));
 }
 
-// Only of names that exist; the others have a worse finding already.
+// Only for names that exist; the others have a worse finding already.
 void checkTaught(const ParsedLine::Point &point, const QString &taught,
                  const std::optional<Token> &used, const QSet<QString> &names, const char *detail,
                  Findings *findings)

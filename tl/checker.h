@@ -10,22 +10,23 @@
 
 namespace welmo::tl {
 
-/// Finds what is wrong in a program: what its lines' property forms would say, what the project
-/// does not have, and what cannot be meant. What it calls clean, the virtual controller carries
-/// out. Lines whose word is nobody's here are not looked at, unless the word looks like an
+/// Finds what is wrong in a program: what its lines' property forms would report, what the project
+/// does not have, and what cannot be meant. A line without findings can be carried out by the
+/// virtual controller. Lines with an unknown word are not checked, unless the word looks like an
 /// instruction.
 class Checker
 {
 public:
-    /// Without a project no name is looked up, and only what could not be a name is refused.
+    /// Without a project names are not looked up, only those that cannot be names are refused.
     explicit Checker(std::optional<ProjectNames> project = {});
 
-    /// Every finding, by line and column. @p progress is told now and then how many lines are done.
+    /// All findings, by line and column. @p progress is called now and then with the number of
+    /// lines done.
     Findings check(const QStringList &lines, const std::function<void(int)> &progress = {}) const;
 
-    /// What is wrong with one line by itself; @p number goes into the findings.
+    /// The findings of one line by itself; @p number is put into them.
     Findings checkLine(const ParsedLine &line, int number) const;
-    /// Puts findings in the order of lines and columns.
+    /// Sorts findings by line and column.
     static void sort(Findings &findings);
 
 private:

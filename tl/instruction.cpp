@@ -89,7 +89,7 @@ constexpr Instruction instructions[wordCount] = {
           QT_TRANSLATE_NOOP("ProgramLine", "Feed Wire Time(s): ")),
     timed(Word::FeedBackWire, "FeedBackWire", "FeedBackWire t",
           QT_TRANSLATE_NOOP("ProgramLine", "feedbackwire tl command format error"),
-          0, // programs in the field hold times below a tenth
+          0, // programs in the field have times below a tenth
           QT_TRANSLATE_NOOP("ProgramLine", "feedbackwire time format error"),
           QT_TRANSLATE_NOOP("ProgramLine", "Back Wire Time(s): ")),
     timed(Word::DetectGas, "DetectGas", "DetectGas t",
@@ -122,9 +122,10 @@ constexpr bool standInOrder()
 }
 static_assert(standInOrder(), "each word has its row, in the order of the words");
 
-constexpr int shortestMisspelt = 5; // letters; one of fewer would be another word
+// In letters; a shorter word with another letter would be another word.
+constexpr int shortestMisspelt = 5;
 
-// One letter too many, missing or another one.
+// Whether the words differ by one letter: one too many, missing, or different.
 bool isOneOff(QStringView shorter, QStringView longer)
 {
     if (shorter.size() > longer.size())

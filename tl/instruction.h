@@ -6,7 +6,7 @@
 
 namespace welmo::tl {
 
-/// The words that the language knows: the package's own, and the host's moves.
+/// The words of the language: the package's own, and the host's moves.
 enum class Word {
     ArcOn,
     ArcOff,
@@ -21,19 +21,19 @@ enum class Word {
     SegOff,
     MoveJ,
     MoveL,
-    MoveC, // stays the last one, see wordCount
+    MoveC, // must stay the last one, see wordCount
 };
 constexpr int wordCount = int(Word::MoveC) + 1;
 
-/// What follows a word.
+/// The kind of arguments that follow a word.
 enum class Kind {
     Files, ///< names of parameter files in quotes
-    Move, ///< points, speed, zone, tool and what may follow
+    Move, ///< points, speed, zone, tool, and optional arguments
     Timed, ///< a time in seconds
-    Bare, ///< nothing
+    Bare, ///< no arguments
 };
 
-/// Whose instruction it is, and who carries it out.
+/// Who defines the instruction, and whether it is carried out.
 enum class Standing {
     Registered, ///< the package's, in the program editor's menu
     Unregistered, ///< the package's, with forms, but neither offered nor carried out
@@ -43,14 +43,14 @@ enum class Standing {
 /// A set of numbered parameter files as lines name them.
 struct FileSet
 {
-    QStringList (*names)(); ///< all that there can be
-    const char *error; ///< source text, when an argument is no file of the set
+    QStringList (*names)(); ///< all possible names
+    const char *error; ///< source text, for an argument that is no file of the set
 };
 
-/// All that is declared of an instruction. What belongs to another kind stays empty.
+/// The declaration of an instruction. Members for other kinds stay empty.
 struct Instruction
 {
-    /// Which text operation takes the arguments apart.
+    /// The text operation that splits the arguments.
     enum class Splitter { Blanks, Expressions };
 
     Word word{};
@@ -75,21 +75,20 @@ struct Instruction
     QString text() const { return QString::fromLatin1(name); }
 };
 
-/// One row for each word, in the order of the words.
+/// One row for each word, in the words' order.
 extern const Instruction instructions[wordCount];
 
-/// The word's row.
+/// The row of a word.
 const Instruction &row(Word word);
-/// The row of that word; null for a word of somebody else. Upper and lower case are different
-/// words.
+/// The row of this word, with the same case; null for an unknown word.
 const Instruction *findInstruction(const QString &word);
-/// The instruction that somebody may have meant by a word that is none: the same but for the case
-/// of the letters or, among the package's, one letter; null when there is none.
+/// The instruction that an unknown word probably means: the same word in another case or, for the
+/// package's own, with one letter different; null if there is none.
 const Instruction *meantBy(const QString &word);
 
 /// The names of the set's 40 files.
 const QStringList &fileNames(const FileSet &set);
-/// The names that the argument @p argument, counted from 0, can have; none beyond the last.
+/// The possible names of the argument @p argument, counted from 0; none past the last one.
 QStringList fileNames(Word word, int argument);
 /// The names of the 40 weave files, which moves can name as well.
 const QStringList &weaveFileNames();

@@ -25,8 +25,8 @@ struct MoveParameters
     QString format() const;
 };
 
-/// The whole line. @p points are formatted point expressions (the auxiliary point first), and
-/// @p parameters is what MoveParameters::format() gave.
+/// The whole line. @p points are formatted point expressions, the auxiliary point first; @p
+/// parameters is the result of MoveParameters::format().
 QString formatMoveLine(Word word, const QStringList &points, const QString &parameters);
 
 } // namespace welmo::tl

@@ -9,7 +9,7 @@ namespace welmo::tl {
 
 namespace {
 
-// With blanks for the tabs between the arguments.
+// The text with its tabs replaced by blanks.
 QString withoutTabs(QString text)
 {
     bool quoted = false;
@@ -30,7 +30,7 @@ bool isGap(QStringView gap, int mostCommas)
            });
 }
 
-// True when there is nothing but the word and its arguments, and no argument is empty.
+// True if the line has only the word and its arguments, and no argument is empty.
 bool isComplete(const ParsedLine &line)
 {
     const Tokens &tokens = line.tokens;
@@ -53,7 +53,7 @@ QString normalFiles(const ParsedLine &line)
     QStringList names;
     for (const auto &file : line.files) {
         names.append(*file);
-        if (line.tokens.at(names.size()).text.size() != file->size() + 2) // the quotes, no more
+        if (line.tokens.at(names.size()).text.size() != file->size() + 2) // the two quotes only
             return {};
     }
     return formatFileLine(line.instruction->word, names);

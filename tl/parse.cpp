@@ -13,7 +13,7 @@ bool startsComment(const QString &line, int at)
     return line.midRef(at, 2) == QLatin1String("//");
 }
 
-// A "//" between two quotes belongs to a name.
+// Skips a "//" between two quotes, which is part of a name.
 int findComment(const QString &line, int from)
 {
     for (int i = from; i < line.size(); ++i) {

@@ -4,11 +4,11 @@
 
 namespace welmo::tl {
 
-/// Reads any line.
+/// Parses any line.
 ParsedLine parse(const QString &line);
 
-/// Reads a line as the instruction's property form does: all of the text is code, and its first
-/// word is not looked at.
+/// Parses a line as the instruction's property form does: all of the text is code, and its first
+/// word is not checked.
 ParsedLine parseAs(Word word, const QString &text);
 
 } // namespace welmo::tl

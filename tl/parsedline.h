@@ -9,11 +9,11 @@
 
 namespace welmo::tl {
 
-/// A line of a program, read once; whoever has to do with the line works with this.
+/// A line of a program, parsed once and used by all that deal with the line.
 ///
-/// Around its instruction a line may carry white space, and after it semicolons and a comment,
-/// which starts with "//". A line whose text starts with "//", "#" or "!" is a comment as a whole.
-/// What stands between is the line's code.
+/// White space may stand before and after the instruction, then semicolons and a comment, which
+/// starts with "//". A line whose text starts with "//", "#" or "!" is a comment as a whole. The
+/// text in between is the line's code.
 struct ParsedLine
 {
     /// A point argument.
@@ -24,31 +24,32 @@ struct ParsedLine
     };
 
     QString text; ///< the whole line
-    int codeStart = 0; ///< in the text, counted from 0
-    int codeEnd = 0; ///< the place after it; codeStart in a line without code
-    int commentStart = -1; ///< -1 without one
+    int codeStart = 0; ///< index in the text
+    int codeEnd = 0; ///< index after the code; codeStart if there is none
+    int commentStart = -1; ///< -1 if there is none
 
     Token word; ///< the first word of the code
-    const Instruction *instruction = nullptr; ///< its row; null for a word that is nobody's here
-    /// The code as the instruction's form cuts it, the word included; empty without an instruction.
+    const Instruction *instruction = nullptr; ///< its row; null for an unknown word
+    /// The code as the instruction's form splits it, the word included; empty without an
+    /// instruction.
     Tokens tokens;
     Problems problems; ///< in the order in which they are to be reported
-    /// The number of arguments was wrong, and nothing below was filled in.
+    /// The number of arguments is wrong, and the members below are empty.
     bool isRefused = false;
 
-    /// Files: an entry for each that the instruction names, empty where none was recognised; the
+    /// Files: one entry for each file that the instruction names, empty if none was recognised; the
     /// names are spelled as in the table of files.
     std::vector<std::optional<QString>> files;
-    /// Files: what stands in the quotes, a file or not, up to the first argument without quotes.
+    /// Files: what is in the quotes, a file or not, up to the first argument without quotes.
     QStringList names;
 
     std::optional<double> seconds; ///< Timed: as written; empty for a time that is refused
 
-    std::optional<Point> aux; ///< Move: only where the instruction has two points
+    std::optional<Point> aux; ///< Move: only for instructions with two points
     std::optional<Point> target; ///< Move
     std::optional<Token> speed, zone, tool; ///< Move
-    std::optional<Token> wobj; ///< Move: may be missing
-    std::optional<Token> weave; ///< Move: may be missing; with its quotes
+    std::optional<Token> wobj; ///< Move: optional
+    std::optional<Token> weave; ///< Move: optional; with its quotes
 
     QString code() const { return text.mid(codeStart, codeEnd - codeStart); }
     QString before() const { return text.left(codeStart); }
@@ -56,7 +57,7 @@ struct ParsedLine
     bool hasCode() const { return codeEnd > codeStart; }
     int column() const { return codeStart + 1; } ///< where the code starts
     bool is(Word which) const { return instruction && instruction->word == which; }
-    /// Move: the weave file; empty for none, and for what is none.
+    /// Move: the weave file; empty if there is none, or the name is wrong.
     QString weaveFile() const;
 };
 

@@ -46,7 +46,7 @@ bool isReadAsWritten(const QString &text, const QStringList &parts, Kind kind)
 
 } // namespace
 
-// The first call in the text: what the expression "(\w+)\(([^)]+)\)" would find.
+// The first call in the text, as the expression "(\w+)\(([^)]+)\)" finds it.
 QStringList splitPoint(const QString &text)
 {
     const int lastClosing = text.isValidUtf16() ? text.lastIndexOf(QLatin1Char(')')) : -1;

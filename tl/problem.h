@@ -6,7 +6,7 @@
 
 namespace welmo::tl {
 
-/// One complaint about a line.
+/// One thing that is wrong with a line.
 struct Problem
 {
     enum class Kind {
@@ -14,8 +14,8 @@ struct Problem
         Misread, ///< reading takes over something else than what is written
     };
 
-    const char *message = nullptr; ///< source text of what the property form says, see shown()
-    int column = 0; ///< of what it is about, counted from 1
+    const char *message = nullptr; ///< source text of what the property form reports, see shown()
+    int column = 0; ///< where the wrong part starts, counted from 1
     const char *detail = nullptr; ///< more about it, with %1 and so on for @p names; may be null
     QStringList names;
     Kind kind = Kind::Refused;
@@ -25,11 +25,11 @@ struct Problem
 };
 using Problems = QVector<Problem>;
 
-/// A message's text: translated where a translator is installed, English otherwise.
+/// A message's text: translated if a translator is installed, else English.
 QString shown(const char *message);
 
-/// What is said about the arguments of a line; what depends on the instruction stands in its row of
-/// the table of instructions.
+/// Messages on the arguments of a line; those that depend on the instruction are in its row of the
+/// table of instructions.
 namespace messages {
 
 constexpr auto arconData = QT_TRANSLATE_NOOP("ProgramLine", "arcondata format error");
@@ -41,7 +41,7 @@ constexpr auto speed = QT_TRANSLATE_NOOP("ProgramLine", "speed format error");
 constexpr auto zone = QT_TRANSLATE_NOOP("ProgramLine", "zone format error");
 constexpr auto tool = QT_TRANSLATE_NOOP("ProgramLine", "tool format error");
 constexpr auto wobj = QT_TRANSLATE_NOOP("ProgramLine", "wobj format error");
-/// Readable, but as something else than what is written.
+/// The text can be read, but not as it is written.
 constexpr auto point = QT_TRANSLATE_NOOP("ProgramLine", "point format error");
 
 } // namespace messages

@@ -8,9 +8,10 @@ namespace welmo::tl {
 
 namespace {
 
-constexpr qint64 largestProgram = qint64(64) * 1024 * 1024; // bytes; a device never ends
+// In bytes; reading a device would never end.
+constexpr qint64 largestProgram = qint64(64) * 1024 * 1024;
 
-// The first line above longestLine, counted from 1; 0 when there is none.
+// The first line longer than longestLine, counted from 1; 0 if there is none.
 int tooLongLine(const QByteArray &bytes)
 {
     int start = 0;
@@ -51,8 +52,8 @@ std::optional<QByteArray> readProgram(const QString &name, QString *problem)
 bool writeProgram(const QString &name, const QByteArray &bytes, QString *problem)
 {
     QSaveFile file(name);
-    // commit() alone does not notice that what was still buffered could not be written, and a
-    // rename may reach the disk before the bytes do.
+    // Flushed and synchronised first: commit() does not notice if buffered bytes cannot be written,
+    // and the rename may reach the disk before them.
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()
         && ::fsync(file.handle()) == 0 && file.commit())
         return true;

@@ -8,13 +8,13 @@ namespace {
 
 const QByteArray byteOrderMark = QByteArrayLiteral("\xEF\xBB\xBF");
 
-// A NUL ends nothing here, as it would for fromUtf8(QByteArray).
+// A NUL does not end the text, as it would with fromUtf8(QByteArray).
 QString decoded(const QByteArray &bytes)
 {
     return QString::fromUtf8(bytes.constData(), bytes.size());
 }
 
-// A line end in the text of one line would make two instructions of it.
+// A line end within one line's text would make two instructions of it.
 QByteArray oneLine(QString text)
 {
     std::replace_if(

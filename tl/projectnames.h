@@ -6,10 +6,10 @@
 
 namespace welmo::tl {
 
-/// What a robot project offers to its programs, by name.
+/// The names that programs can use of a robot project.
 struct ProjectNames
 {
-    /// The tool and the work object with which a point was taught; empty where that is not known.
+    /// The tool and the work object with which a point was taught; empty if unknown.
     struct Taught
     {
         QString tool;
@@ -23,9 +23,9 @@ struct ProjectNames
     QSet<QString> wobjs;
     /// The parameter files that the controller holds.
     QSet<QString> files;
-    /// False when nobody can tell which files there are; nothing is said about them then.
+    /// false if the existing files are unknown; file names are not checked then
     bool knowsFiles = true;
-    /// Instruction words that the host or another package brought.
+    /// Instruction words that the host or another package registered.
     QSet<QString> words;
 };
 

@@ -47,7 +47,7 @@ std::optional<QString> lookUp(const QString &name, const FileSet &set, Qt::CaseS
     return known == files.end() ? std::nullopt : std::make_optional(*known);
 }
 
-// All quotes are checked before any name is looked up; the first problem stops, and what was
+// All quotes are checked before names are looked up. The first problem stops the reading; what was
 // recognised before it stays.
 void readFiles(ParsedLine *line)
 {
@@ -71,7 +71,7 @@ void readFiles(ParsedLine *line)
     }
 }
 
-// "1,5" is one word, and a time that somebody spelled with a comma; "1, 5" are two times.
+// "1,5" is one word, a time written with a comma; "1, 5" are two times.
 bool isOneWord(const ParsedLine &line)
 {
     const int from = line.tokens.at(1).column - 1;
@@ -109,7 +109,7 @@ void readPointAt(ParsedLine *line, int index, std::optional<ParsedLine::Point> *
                                Problem::Kind::Misread});
 }
 
-// An argument is what its place makes it: a weave file where the work object belongs is taken for
+// The place decides what an argument is: a weave file in the place of the work object is read as
 // the work object.
 void readName(ParsedLine *line, int index, const char *message, std::optional<Token> *name)
 {
@@ -150,7 +150,7 @@ void readMove(ParsedLine *line)
     readWeave(line, fewest + 1);
 }
 
-// The whole code: white space around the word is wrong too.
+// Compares the whole code, since white space around the word is wrong too.
 void readBare(ParsedLine *line)
 {
     if (line->code() != line->instruction->text())

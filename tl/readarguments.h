@@ -4,7 +4,7 @@ namespace welmo::tl {
 
 struct ParsedLine;
 
-/// Reads what follows the word, for the instruction that the line has; part of parse().
+/// Parses what follows the word of the line's instruction; part of parse().
 void readArguments(ParsedLine *line);
 
 } // namespace welmo::tl

@@ -7,14 +7,14 @@
 
 namespace welmo::tl {
 
-/// Goes through a program from line to line and finds what is wrong between them: what stands alone
-/// of instructions that belong together, and what is switched on for nothing.
+/// Goes through a program line by line and finds what is wrong between lines: one of a pair of
+/// instructions without the other, and what is switched on without being used.
 class Sequence
 {
 public:
-    /// The next line; @p number, counted from 0, goes into the findings.
+    /// The next line; @p number, counted from 0, is put into the findings.
     void add(const ParsedLine &line, int number);
-    /// After the last line: everything that was found.
+    /// To be called after the last line; returns all findings.
     Findings finish();
 
 private:
@@ -23,11 +23,11 @@ private:
         int line;
         int column;
     };
-    /// An On that waits for its Off.
+    /// An On that needs its Off.
     struct Open
     {
         std::vector<Place> places; ///< at most one
-        int weldMoves = 0; ///< since then
+        int weldMoves = 0; ///< since the On
     };
 
     void switchOn(Open *open, const ParsedLine &line, int number, const char *alone);

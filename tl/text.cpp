@@ -21,7 +21,7 @@ bool breaksLine(QChar character)
 
 constexpr int longestName = 80;
 
-// A name may be anything that a line can hold, a megabyte of escape sequences included.
+// A name may be any text that a line can hold, even a megabyte of escape sequences.
 QString presentable(const QString &name)
 {
     QString text = name.left(longestName);
@@ -56,7 +56,7 @@ QString nameText(const QString &name)
 QString filledIn(const QString &pattern, const QStringList &names)
 {
     const auto name = [&names](int i) { return presentable(names.value(i)); };
-    switch (names.size()) { // all at once: a name may hold "%1"
+    switch (names.size()) { // all at once, since a name may contain "%1"
     case 0:
         return pattern;
     case 1:

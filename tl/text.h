@@ -5,21 +5,21 @@
 
 namespace welmo::tl {
 
-/// General format with at most 6 significant digits and a decimal point, whatever the locale:
-/// "1.5", "2", "123457", "1e+06". @p value is finite.
+/// The number in general format with at most 6 significant digits and a decimal point, in every
+/// locale: "1.5", "2", "123457", "1e+06". @p value must be finite.
 QString numberText(double value);
 
-/// The inverse; nothing for a text that is no finite number. White space around it does not matter.
+/// The inverse; empty if the text is no finite number. White space around it is ignored.
 std::optional<double> readNumber(const QString &text);
 
-/// @p name as it may stand in a line. Each character that would end the name, the argument or the
-/// line (quotes, commas, semicolons, parentheses, control characters and line ends) becomes "_":
-/// the name then most likely names nothing, which is reported when the line is read, whereas left
-/// out it could name something else, and written as it is it could start another instruction.
+/// @p name as it may be written in a line. Each character that would end the name, the argument or
+/// the line (quotes, commas, semicolons, parentheses, control characters and line ends) becomes
+/// "_". The result then most likely names nothing, which is reported when the line is read. Left
+/// out, the rest could name something else; written, it could start another instruction.
 QString nameText(const QString &name);
 
-/// @p pattern with its %1, %2 and %3 replaced by @p names, which may hold anything: cut where they
-/// are long, and without characters that do not print.
+/// @p pattern with %1, %2 and %3 replaced by @p names, which may be any text: long ones are
+/// shortened, and characters that cannot be printed are replaced.
 QString filledIn(const QString &pattern, const QStringList &names);
 
 } // namespace welmo::tl

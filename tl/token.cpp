@@ -2,8 +2,8 @@
 
 namespace welmo::tl {
 
-// Both scanners give what the expressions "[ ,]" and "(\w+\([^)]+\)|"[^"]*"|\w+)" would; these
-// refuse a text with half a surrogate pair as a whole, and so it is here.
+// The scanners return what the expressions "[ ,]" and "(\w+\([^)]+\)|"[^"]*"|\w+)" would match.
+// Those refuse a whole text with half a surrogate pair, so the scanners do as well.
 
 namespace {
 
@@ -18,7 +18,7 @@ int indexOf(const QString &line, QChar character, int from, int to)
     return index < to ? index : -1;
 }
 
-// Where the token ends that starts here; @p from when none does.
+// The end of the token that starts at @p from; @p from if there is none.
 int tokenEnd(const QString &line, int from, int to, int lastClosing)
 {
     if (line.at(from) == QLatin1Char('"'))
@@ -69,9 +69,9 @@ Tokens splitMoveArguments(const QString &line, int from, int to)
     Tokens tokens;
     if (!isText(line, from, to))
         return tokens;
-    // Nobody has to look for the end of an expression where none can end.
+    // After the last closing parenthesis the end of an expression need not be searched for.
     const int lastClosing = to > from ? line.lastIndexOf(QLatin1Char(')'), to - 1) : -1;
-    bool mayQuote = true; // until a quote was found that has no partner
+    bool mayQuote = true; // until a quote without a partner was found
     for (int i = from; i < to;) {
         const bool isQuote = line.at(i) == QLatin1Char('"');
         const int end = isQuote && !mayQuote ? i : tokenEnd(line, i, to, lastClosing);

@@ -5,7 +5,7 @@
 
 namespace welmo::tl {
 
-/// A piece of a line and where it stands.
+/// A piece of a line and its place.
 struct Token
 {
     QString text;
@@ -15,17 +15,18 @@ struct Token
 };
 using Tokens = QVector<Token>;
 
-// Each looks at the characters from @p from up to, and without, @p to; columns are the line's.
+// These scan the characters from @p from up to, but not including, @p to; columns count in the
+// line.
 
 /// As CharacterCheck::splitTlCommand().
 Tokens splitArguments(const QString &line, int from, int to);
 /// As CharacterCheck::splitMoveTlCommand().
 Tokens splitMoveArguments(const QString &line, int from, int to);
 
-/// The end of the call, such as "Offs(p1,1,2,3)", whose name ends at @p nameEnd: the place after
-/// its first closing parenthesis. -1 when no call with something in its parentheses stands there.
+/// The end of a call such as "Offs(p1,1,2,3)" whose name ends at @p nameEnd: the place after its
+/// first closing parenthesis. -1 if there is no call with something in its parentheses.
 int callEnd(const QString &line, int nameEnd, int to);
-/// A letter or digit of ASCII, or the underscore: what words are made of.
+/// A letter or digit of ASCII, or the underscore; words consist of them.
 bool isWordCharacter(QChar character);
 
 } // namespace welmo::tl
