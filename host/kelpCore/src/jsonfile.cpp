@@ -47,7 +47,7 @@ QJsonDocument readJsonFile(const QString &path, QString *error)
 bool writeJsonFile(const QString &path, const QJsonDocument &document, QString *error)
 {
     QSaveFile file(path);
-    // commit() alone misses a flush that failed, and would put an empty file in place.
+    // commit() alone does not notice a failed flush, and would replace the file with an empty one.
     if (file.open(QIODevice::WriteOnly) && file.write(document.toJson()) >= 0 && file.flush()
         && file.commit())
         return true;

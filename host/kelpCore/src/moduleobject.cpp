@@ -19,7 +19,7 @@ ModuleObject::ModuleObject(const QString &name, QObject *parent)
     if (auto *node = qobject_cast<ModuleObject *>(parent)) {
         if (node->isMissing())
             return;
-        node->removeChild(name); // names are unique below one node
+        node->removeChild(name); // names are unique among siblings
         m_parentNode = node;
         node->m_children.append(this);
         node->m_byName.insert(name, this);
@@ -28,7 +28,7 @@ ModuleObject::ModuleObject(const QString &name, QObject *parent)
 
 ModuleObject::~ModuleObject()
 {
-    // QObject would delete the children after these members are gone.
+    // QObject would delete the children only after these members were destroyed.
     const QVector<ModuleObject *> children = std::exchange(m_children, {});
     for (ModuleObject *child : children) {
         child->m_parentNode = nullptr;
@@ -200,7 +200,7 @@ void ModuleObject::assign(QObject *sender, const QVariant &value, bool notify)
     if (isMissing())
         return;
     const bool same = sameValue(m_value, value);
-    // 1 and 1.0 are equal, but the stored type is the writer's.
+    // 1 and 1.0 are equal, but the written type is stored.
     const QVariant old = std::exchange(m_value, value);
     if (!same)
         touch();
@@ -211,7 +211,7 @@ void ModuleObject::assign(QObject *sender, const QVariant &value, bool notify)
 void ModuleObject::announce(QObject *sender, const QVariant &old)
 {
     const QVariant value = m_value;
-    // A receiver may remove the node.
+    // A receiver may delete the node.
     QPointer<ModuleObject> node(this);
     for (bool below = false; node; below = true) {
         if (node->m_watched && (!below || node->m_watchedBelow))
@@ -355,7 +355,7 @@ bool EmptyModuleObject::isMissing() const
 
 EmptyModuleObject *EmptyModuleObject::instance()
 {
-    // Never destroyed: what goes at the end of the program may still look for a node.
+    // Never destroyed, since objects that are destroyed at exit may still look up nodes.
     static auto *node = new EmptyModuleObject;
     return node;
 }

@@ -8,7 +8,7 @@
 namespace kelp {
 
 namespace {
-constexpr int saveDelayMs = 300; // long enough to gather one form's writes into one file write
+constexpr int saveDelayMs = 300; // collects the writes of one form into one write of the file
 }
 
 TreeFile::TreeFile(const QString &path, ModuleObject *tree)
@@ -40,7 +40,7 @@ void TreeFile::follow()
     m_tree->observeSubtree(true);
     connect(m_tree, &ModuleObject::touched, this, [this] {
         m_dirty = true;
-        // Not started anew: a tree that changes all the time is saved all the same.
+        // Not restarted, so that a tree that changes all the time is saved as well.
         if (!m_delay.isActive())
             m_delay.start();
     });

@@ -7,19 +7,19 @@
 
 namespace kelp {
 
-/// Keeps one tree and its JSON file together: loads at once, saves a moment after a change.
+/// Keeps a tree and its JSON file equal: loads at once, saves shortly after a change.
 class TreeFile : public QObject
 {
     Q_OBJECT
 public:
     TreeFile(const QString &path, ModuleObject *tree);
 
-    /// Fills the tree from the file. False with a line in @p error when there is a file that cannot
+    /// Fills the tree from the file. False, with a line in @p error, if the file exists but cannot
     /// be read; it is then never written, so that nothing in it is lost.
     bool load(QString *error);
-    /// Starts following changes; call after load().
+    /// Starts to follow changes; call it after load().
     void follow();
-    /// Writes now if anything changed since the last write that succeeded.
+    /// Writes now if anything changed since the last successful write.
     void flush();
 
 signals:

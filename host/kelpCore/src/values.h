@@ -9,9 +9,9 @@ namespace kelp {
 
 using Entries = QVector<QPair<QString, QVariant>>;
 
-/// A map's entries by key; a list's in its order, named by their "id", else by their position.
+/// A map's entries by key; a list's entries in its order, named by their "id", else by position.
 Entries entriesOf(const QVariant &variant);
-/// A map, or a list of maps.
+/// Whether it is a map or a list of maps.
 bool hasEntries(const QVariant &variant);
 
 } // namespace kelp

@@ -13,7 +13,7 @@ namespace {
 
 Workspace *s_current = nullptr;
 
-// What the saved tree lacks comes from the template; what it holds wins.
+// Adds from the template what the saved tree lacks; the saved values stay.
 void complete(ModuleObject *node, const QVariantMap &defaults)
 {
     for (auto it = defaults.begin(); it != defaults.end(); ++it) {

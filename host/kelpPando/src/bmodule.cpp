@@ -19,7 +19,7 @@ BModule::~BModule()
     qDeleteAll(m_submodules);
 }
 
-// A module overrides the steps that it needs; the others do nothing.
+// A module overrides the steps that it needs.
 void BModule::init() { }
 void BModule::afterInit() { }
 void BModule::setup() { }
@@ -60,7 +60,7 @@ void BModule::addSubmodule(BModule *module)
 {
     if (m_submodules.contains(module))
         return;
-    // The list owns it from here; a QObject parent would delete it a second time.
+    // The list owns it; a QObject parent would delete it a second time.
     module->setParent(nullptr);
     m_submodules.append(module);
     if (m_stage == Stage::Idle)
@@ -78,7 +78,7 @@ void BModule::advance(Stage stage)
         for (const Step step : steps[int(m_stage)])
             (this->*step)();
     }
-    // By index, since a step may add to any list.
+    // By index, since a step may append to the list.
     for (int i = 0; i < m_submodules.size(); ++i)
         m_submodules.at(i)->advance(stage);
 }

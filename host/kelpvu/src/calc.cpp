@@ -33,7 +33,7 @@ Eigen::Vector3d eulerAngles(const Eigen::Matrix3d &r)
 {
     const double cosB = std::hypot(r(0, 0), r(1, 0));
     const double b = std::atan2(-r(2, 0), cosB);
-    constexpr double locked = 1e-9; // a and c turn about the same axis; c takes it all
+    constexpr double locked = 1e-9; // a and c turn about the same axis; c gets the whole angle
     if (cosB < locked)
         return Eigen::Vector3d(0.0, b, std::atan2(-r(0, 1), r(1, 1))) / degree;
     return Eigen::Vector3d(std::atan2(r(2, 1), r(2, 2)), b, std::atan2(r(1, 0), r(0, 0))) / degree;

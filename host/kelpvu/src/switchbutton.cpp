@@ -53,7 +53,7 @@ TouchButton::TouchButton(QWidget *parent)
     connect(this, &QAbstractButton::released, this, [this] { emit touched(false); });
 }
 
-// The base class tells the release of a button that is disabled, but not of one that is hidden.
+// The base class releases a button that is disabled, but not one that is hidden.
 void TouchButton::hideEvent(QHideEvent *event)
 {
     QAbstractButton::hideEvent(event);

@@ -16,7 +16,7 @@ Theme &instance()
     return theme;
 }
 
-// A theme file of its own need not bring every picture along.
+// A theme file from elsewhere may lack pictures.
 const QString ownImages = QStringLiteral(":/tessa/theme/images/");
 
 } // namespace

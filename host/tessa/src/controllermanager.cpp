@@ -22,7 +22,7 @@ XService::Answer ControllerManager::execRequest(const QString &command, const QS
 
 kelp::ModuleObject *ControllerManager::cmdItemMobj(const QString &command, const QString &item)
 {
-    // The command's name holds points of its own, so it is one child, not a path.
+    // The command's name contains points, so it is a child's name and not a path.
     return m_commands.c(command, true)->c(item, true);
 }
 

@@ -12,7 +12,7 @@ namespace {
 Host *s_current = nullptr;
 constexpr int heartbeatMs = 25;
 
-// Project data lives on the controller; pages look it up in the host's tree.
+// Pages look up project data in the host's tree, but the controller has it.
 const QStringList mirroredNodes{QStringLiteral("orbo.project"),
                                 QStringLiteral("orbo.robot.io.signal_detail"),
                                 QStringLiteral("orbo.toolpage")};
@@ -30,12 +30,12 @@ Host::Host(const HostOptions &options)
     handle->set(this, QStringLiteral("max_jog_speed"), 100);
     handle->set(this, QStringLiteral("jog.override"), 0.3);
     connect(&m_workspace, &kelp::Workspace::problem, this, &Host::reportProblem);
-    // On the GUI thread: when that hangs, the beats end, and what a key moves stops.
+    // On the GUI thread: if that hangs, the beats end, and what a key moves stops.
     m_heartbeat.setTimerType(Qt::PreciseTimer);
     m_heartbeat.setInterval(heartbeatMs);
     connect(&m_heartbeat, &QTimer::timeout, this, &Host::beat);
     connect(&m_service, &XService::connectedChanged, this, &Host::onConnectedChanged);
-    // A press that waited for a busy GUI thread comes before the beat that is due.
+    // A beat must tell of the press before its command arrives, and the regular one may be late.
     connect(&m_keys, &PhysicalKeys::heldChanged, this, [this](int, bool held) {
         if (held)
             beat();
@@ -54,7 +54,7 @@ Host::~Host()
 {
     stopModules();
     TlManager::getTlManager()->clear();
-    // What cannot be saved is told while there is a log; the workspace itself ends after it.
+    // Saved while the log can still show failures; the workspace is destroyed after it.
     m_workspace.saveTrees();
     m_workspace.disconnect(this);
     m_service.setLink(nullptr);
@@ -65,7 +65,7 @@ Host::~Host()
 
 void Host::stopModules()
 {
-    m_keys.releaseAll(); // while there are modules that can act
+    m_keys.releaseAll(); // while the modules can still act
     m_helper.framework()->stop();
 }
 

@@ -11,7 +11,7 @@ namespace tessa {
 
 namespace {
 
-/// A message box takes Escape, or being closed, for a press of its only button. Here it is none.
+/// A message box counts Escape and closing as a press of its only button; this one does not.
 class Question : public QMessageBox
 {
 public:
@@ -25,7 +25,7 @@ protected:
         else
             QMessageBox::keyPressEvent(event);
     }
-    // QMessageBox itself refuses to be closed without a button to press instead.
+    // QMessageBox cannot be closed without a button that it counts as pressed.
     // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     void closeEvent(QCloseEvent *event) override { QDialog::closeEvent(event); }
 };

@@ -45,7 +45,7 @@ QByteArray lineFor(const MessageLog::Entry &entry)
 void MessageLog::keepIn(const QString &file)
 {
     m_file.setFileName(file);
-    m_file.open(QIODevice::ReadWrite); // where it cannot be kept it is shown all the same
+    m_file.open(QIODevice::ReadWrite); // messages are shown even if the file cannot be opened
     beginResetModel();
     while (m_file.isOpen() && !m_file.atEnd()) {
         const QJsonObject line = QJsonDocument::fromJson(m_file.readLine()).object();
@@ -107,7 +107,7 @@ void MessageLog::rewrite()
         unseen += entry.level == errorLevel ? 1 : 0;
     for (int i = m_entries.size() - 1; i >= 0; --i) {
         if (unseen == m_unseen)
-            m_file.write(seenLine); // what comes from here on was not
+            m_file.write(seenLine); // later messages are unseen
         unseen -= m_entries.at(i).level == errorLevel ? 1 : 0;
         m_file.write(lineFor(m_entries.at(i)));
     }

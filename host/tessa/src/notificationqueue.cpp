@@ -15,7 +15,7 @@ bool isEvent(const QVariant &value)
     return value.userType() == QMetaType::QString || value.userType() == QMetaType::Bool;
 }
 
-// Whether merging would hide that a word or a switch changed.
+// Whether merging would hide a change of a word or a switch.
 bool hidesEvent(const QVariantMap &earlier, const QVariantMap &later)
 {
     for (auto it = later.begin(); it != later.end(); ++it) {
@@ -29,7 +29,7 @@ bool hidesEvent(const QVariantMap &earlier, const QVariantMap &later)
 void merge(QVariant &values, const QVariant &later)
 {
     QVariantMap map = values.toMap();
-    values.clear(); // or else every insertion copies the map
+    values.clear(); // releases the shared copy, so that insertions do not copy the map
     const QVariantMap added = later.toMap();
     for (auto it = added.begin(); it != added.end(); ++it)
         map.insert(it.key(), it.value());
@@ -64,8 +64,8 @@ void NotificationQueue::push(const QString &path, const QVariant &values)
     const QMutexLocker lock(&m_mutex);
     Node &node = m_nodes[path];
     append(node, values);
-    // One event at a time, however fast they come: a busy screen must not gather a backlog. And
-    // none for what the timer will find: it may be hundreds a second.
+    // One event at a time, so that a busy screen gathers no backlog. No event either if the timer
+    // will deliver in time: there may be hundreds of notifications a second.
     const bool timerIsInTime = node.due >= m_wakeAt && node.due > m_clock();
     if (m_wakePosted || timerIsInTime)
         return;

@@ -15,7 +15,7 @@ PhysicalKeys::~PhysicalKeys()
 
 void PhysicalKeys::regist(QObject *owner, const Set &set)
 {
-    // Held keys are released first, by the actions that they were pressed with.
+    // Held keys are first released with the actions that they were pressed with.
     releaseSet(set.name);
     const size_t keys = size_t(set.firstGroup.size()) + size_t(set.secondGroup.size());
     Entry entry{set, owner, std::vector<int>(keys, 0)};
@@ -29,7 +29,7 @@ void PhysicalKeys::regist(QObject *owner, const Set &set)
 
 void PhysicalKeys::remove(QObject *owner)
 {
-    Q_UNUSED(owner) // its pointer is null by now
+    Q_UNUSED(owner) // a QPointer to it is null by now
     m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(),
                                    [](const Entry &entry) { return entry.owner.isNull(); }),
                     m_entries.end());
@@ -150,7 +150,7 @@ void PhysicalKeys::act(int key, bool down)
 {
     const auto [entry, index] = find(key);
     entry->presses[size_t(index)] = down ? ++m_presses : 0;
-    const auto action = button(key).action; // whoever hears of it may change the sets
+    const auto action = button(key).action; // a copy, since receivers may change the sets
     emit heldChanged(key, down);
     if (action)
         action(down);

@@ -12,7 +12,7 @@ namespace {
 
 const QString connectedKey = QStringLiteral("connected");
 
-// A notification holds the keys that the controller told; what it does not tell stays as it was.
+// A notification holds only the keys that changed; the others keep their values.
 bool differs(const QVariant &values, const QVariant &known)
 {
     if (values.userType() != QMetaType::QVariantMap)
@@ -35,7 +35,7 @@ QVariant merged(const QVariant &known, const QVariant &values)
     return map;
 }
 
-// A list is told whole, and what it lacks is gone; a map tells what changed.
+// A list is notified as a whole, so entries that it lacks are removed; a map holds only changes.
 void takeOver(QObject *sender, kelp::ModuleObject *node, const QVariant &values)
 {
     if (values.userType() != QMetaType::QVariantMap) {
@@ -47,11 +47,11 @@ void takeOver(QObject *sender, kelp::ModuleObject *node, const QVariant &values)
         takeOver(sender, node->c(it.key(), true), it.value());
 }
 
-// The code is the value, unless a plain value was read: that takes its place.
+// The node's value is the code, unless a plain value was read, which replaces it.
 XService::Answer makeAnswer(LinkRequest::Kind kind, const LinkReply &reply)
 {
     auto answer = std::make_unique<kelp::ModuleObject>(QStringLiteral("answer"));
-    // The code first: children stand beside it.
+    // The code is set first, since it would remove children.
     answer->set(nullptr, QString(), reply.code, false);
     const bool inner = reply.value.userType() == QMetaType::QVariantMap;
     const bool plain = kind == LinkRequest::Kind::Get && reply.value.isValid();
@@ -76,9 +76,9 @@ struct XService::Subscription
     }
 
     kelp::ModuleObject node;
-    bool wanted = false; // somebody asked for it
+    bool wanted = false; // the node is to be watched
     bool filled = false; // a value was delivered before
-    QVariant last; // what was delivered so far, as the controller told it
+    QVariant last; // all delivered values, as the controller sent them
 };
 
 XService::XService(QObject *parent)
@@ -157,7 +157,7 @@ void XService::watch(QObject *, const QString &path, bool notify)
     if (!first || !isConnected() || !subscribe(path, &value))
         return;
     deliver(entry, value, true);
-    if (kelp::habits().firstWatchFires) // as all news, through the event loop
+    if (kelp::habits().firstWatchFires) // through the event loop, like all notifications
         QMetaObject::invokeMethod(
             &entry.node, [&entry, value] { entry.node.notifyWhole(value, {}, nullptr); },
             Qt::QueuedConnection);
@@ -210,7 +210,7 @@ void XService::deliver(Subscription &entry, const QVariant &values, bool silent)
 
 void XService::onNotified(const QString &path, const QVariant &values)
 {
-    // What a lost session still had on the way is stale: every value is read anew.
+    // Notifications of an ended session are dropped: every value will be read again.
     if (!isConnected())
         return;
     if (m_mirrored.contains(path))
@@ -261,14 +261,14 @@ void XService::mirror(const QString &path, const QVariant &values, bool isWhole)
     else
         takeOver(this, node, values);
     if (const QVariant now = node->toVariant(); !kelp::sameValue(now, before))
-        node->notifyWhole(now, before, this); // of what is gone its own node can tell nothing
+        node->notifyWhole(now, before, this); // removed nodes emit nothing themselves
 }
 
 void XService::setConnected(bool connected)
 {
     if (connected == isConnected())
         return;
-    // The value counts from now on, the signal follows through the event loop: a call that fails
+    // The value is set now, but the signal is emitted through the event loop: a call that fails
     // must not run its caller's slots.
     m_tree.set(this, connectedKey, connected, false);
     if (kelp::habits().tellsInsideCalls)

@@ -5,14 +5,14 @@
 
 namespace kelp {
 
-/// One line of the host's file-and-console log: items are separated by one blank, the line ends
-/// when the stream goes out of scope.
+/// One line of the host's file-and-console log: items are separated by one blank, and the line ends
+/// with the object's lifetime.
 class QFLog
 {
 public:
-    /// @p colour is a terminal escape for the console, @p tag begins the line, @p category and
-    /// @p context follow it when they are not empty. @p file names the log file, a relative one
-    /// from the host's data folder; one that cannot be opened leaves the console.
+    /// @p colour is a terminal escape for the console, @p tag begins the line, @p category and @p
+    /// context follow it unless empty. @p file is the log file; a relative name starts at the
+    /// host's data folder. If it cannot be opened, only the console is written to.
     QFLog(const QString &colour, const QString &tag, const QString &file, const QString &category,
           const QString &context = QString());
     ~QFLog();

@@ -8,8 +8,8 @@
 
 namespace kelp {
 
-/// Creators by key. Libraries fill it from static initialisers, before any host object exists; a
-/// key that is registered again gets the newer creator.
+/// Creators by key. Libraries fill it from static initialisers, before any host object exists;
+/// registering a key again replaces its creator.
 template<typename Signature>
 class CreatorManager
 {
@@ -26,17 +26,18 @@ private:
     QHash<QString, Creator> m_creators;
 };
 
-/// The plug-in registry: one function a plug-in, giving its number.
+/// The plug-in registry: one function for each plug-in, which returns its number.
 CreatorManager<int()> *pluginManager();
 
-/// The class-version registry: one function a class, keyed by a dotted name ("welmo.monitor_page").
+/// The class-version registry: one function for each class, keyed by a dotted name
+/// ("welmo.monitor_page").
 QHash<QString, std::function<int()>> &versionManager();
 
 } // namespace kelp
 
-/// The build number that the host keeps for the module @p name: with @p classes, the sum of the
-/// registered class versions below that name; without, the plug-in's own number. 0 if unknown.
+/// The build number that the host has for the module @p name: with @p classes the sum of the
+/// registered class versions below that name, else the plug-in's own number. 0 if unknown.
 int ver(const QString &name, bool classes);
 
-/// A version text from its three parts, joined by points.
+/// A version text of three parts, joined by points.
 QString mName(const QString &major, const QString &minor, const QString &patch);

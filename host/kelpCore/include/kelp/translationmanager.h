@@ -8,20 +8,19 @@ class QTranslator;
 
 namespace kelp {
 
-/// The application's translations. Modules hand in their files; the host's language decides which
-/// of them is active, so a module never asks what language it runs in.
+/// The application's translations. Modules install their files, and the host's language decides
+/// which of them are active, so that a module need not know the language.
 class TranslationManager
 {
 public:
-    /// @p language "en" (the source texts) or "zh_CN".
+    /// @p language is "en" (the source texts) or "zh_CN".
     explicit TranslationManager(const QString &language);
     ~TranslationManager();
 
     QString language() const { return m_language; }
 
-    /// Loads one .qm file; it becomes active when it is of the host's language: one whose name ends
-    /// in "_cn" for zh_CN, any other for English. False when the file cannot be loaded: its texts
-    /// stay in English.
+    /// Loads one .qm file. It is active if it is of the host's language: a name ending in "_cn" for
+    /// zh_CN, any other for English. False if the file cannot be loaded; its texts stay in English.
     bool installQMTranslator(const QString &path);
 
 private:

@@ -9,9 +9,9 @@
 
 namespace pando {
 
-/// Base of every module and sub-module. The host drives the life cycle: init, setup, then render
-/// for all, idle for all, and at the end beforeDetach, detach, destruction; each step's after…
-/// companion follows it at once. A sub-module takes each step after the module it was handed to.
+/// Base of every module and sub-module. The host drives the life cycle: init, setup, then render of
+/// all, idle of all, and at the end beforeDetach, detach, destruction; each step is followed at
+/// once by its after… function. A sub-module takes each step after its parent module.
 class BModule : public QObject
 {
     Q_OBJECT
@@ -32,17 +32,17 @@ public:
     virtual void beforeDetach();
     virtual void detach();
 
-    /// The root of the bound tree; the empty node before anything was bound.
+    /// The root of the bound tree; the empty node before one is bound.
     kelp::ModuleObject *mobj() const;
-    /// Binds the existing tree at the dotted path @p key, made when missing.
+    /// Binds the tree at the dotted path @p key, which is made if missing.
     void bindMobj(const QString &key);
-    /// Binds the tree @p key, created from the JSON template where no saved tree exists; with
-    /// @p persistent the host saves and restores it.
+    /// Binds the tree @p key, filled from the JSON template if there is no saved tree; with @p
+    /// persistent the host saves and restores it.
     void bindMobjJson(const QString &key, const QString &templatePath, bool persistent);
 
-    /// Hands @p module to the host, which drives its life cycle and owns it from now on: it catches
-    /// up on the steps already done as soon as the step that adds it is over, or at once when this
-    /// module has been through all of them.
+    /// Hands @p module to the host, which owns it from now on. It catches up on the steps that are
+    /// already done, as soon as the step that adds it is over, or at once if this module has been
+    /// through all steps.
     void addSubmodule(BModule *module);
     const QList<BModule *> &submodules() const;
 

@@ -11,16 +11,16 @@ namespace pando {
 
 class BModule;
 
-/// The frame's centre area: one page at a time, by page key. A page's widget belongs to the area.
+/// The frame's centre area: one page at a time, by page key. It owns the pages' widgets.
 class CenterWidget : public QStackedWidget
 {
     Q_OBJECT
 public:
     explicit CenterWidget(QWidget *parent = nullptr);
 
-    /// @p owner is the module that the page belongs to; a key that is added again is replaced.
+    /// @p owner is the module of the page; adding a key again replaces its page.
     void addPage(QObject *owner, const QString &key, QWidget *page);
-    /// Shows the page; false when there is none with that key.
+    /// Shows the page; false if there is none with that key.
     bool switchTo(const QString &key);
     QString currentKey() const;
 
@@ -31,7 +31,7 @@ private:
     QHash<QString, QPointer<QWidget>> m_pages;
 };
 
-/// The frame's expandable side bar: hidden until it is shown, one page at a time.
+/// The frame's side bar: hidden at first, one page at a time.
 class ExpandSideBar : public QWidget
 {
     Q_OBJECT
@@ -41,11 +41,11 @@ public:
     void addPage(QObject *owner, const QString &key, QWidget *page);
     bool switchTo(const QString &key);
     QString currentKey() const;
-    /// Puts @p bar above the pages; the bar belongs to the side bar.
+    /// Puts @p bar above the pages; the side bar owns it.
     void addBar(QWidget *bar);
 
 signals:
-    /// It was shown or hidden, whether or not the window is there to be seen.
+    /// The side bar was shown or hidden, even while the window itself is hidden.
     void opened(bool open);
 
 protected:
@@ -62,9 +62,9 @@ class StatusBar : public QWidget
 public:
     explicit StatusBar(QWidget *parent = nullptr);
 
-    /// Appends an item; its widget belongs to the bar. A key that is added again is replaced.
+    /// Appends an item; the bar owns its widget. Adding a key again replaces its item.
     void addItem(QObject *owner, const QString &key, QWidget *item, int stretch = 0);
-    /// Puts an item just before the item @p before; at the end when there is no such item.
+    /// Inserts an item before the item @p before, or at the end if there is no such item.
     void addBeforeItem(QObject *owner, const QString &key, const QString &before, QWidget *item);
     QWidget *item(const QString &key) const { return m_items.value(key); }
 
@@ -90,7 +90,7 @@ Frame &frame();
 
 /// The host's centre area for @p module.
 pando::CenterWidget *instantiatedCenterWidget(pando::BModule *module);
-/// The host's right expandable side bar for @p module, null when the host has none.
+/// The host's right side bar for @p module; null if the host has none.
 pando::ExpandSideBar *instantiatedRightExpandSideWidget(pando::BModule *module);
 /// The host's status bar for @p module.
 pando::StatusBar *instantiatedStatusBar(pando::BModule *module);

@@ -7,7 +7,7 @@
 
 namespace pando {
 
-/// Creates modules through bfactory() and drives them and their sub-modules through the life cycle.
+/// Creates modules through bfactory() and takes them and their sub-modules through the life cycle.
 class ModuleFramework
 {
 public:
@@ -16,13 +16,13 @@ public:
     ModuleFramework(const ModuleFramework &) = delete;
     ModuleFramework &operator=(const ModuleFramework &) = delete;
 
-    /// Creates the module registered under @p key; false when there is none, or its creator gives
-    /// none.
+    /// Creates the module registered under @p key; false if there is none, or its creator returns
+    /// null.
     bool create(const QString &key);
-    /// init and setup of every module, then render of all, then idle of all; a module that has been
-    /// through them is left alone.
+    /// Runs init and setup of every module, then render of all, then idle of all; modules that have
+    /// been through them are skipped.
     void start();
-    /// beforeDetach of all, detach of all, then destruction, last created first.
+    /// Runs beforeDetach of all, detach of all, then destroys them, last created first.
     void stop();
 
     QList<BModule *> modules() const;

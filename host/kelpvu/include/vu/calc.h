@@ -3,9 +3,9 @@
 #include "kelp/moduleobject.h"
 
 /// Pose arithmetic on data objects. A pose has the children "pos" (x, y, z in millimetres) and
-/// "ori.euler" (a, b, c in degrees). Frames are right-handed. The orientation is
-/// R = Rz(c) · Ry(b) · Rx(a): turned by a about x, then by b about y, then by c about z, all axes
-/// fixed. Results have b within ±90 degrees; where b is ±90, a is 0. Missing values count as 0.
+/// "ori.euler" (a, b, c in degrees). Frames are right-handed. The orientation is R = Rz(c) · Ry(b)
+/// · Rx(a): turned by a about x, then by b about y, then by c about z, all axes fixed. Results have
+/// b within ±90 degrees; at ±90, a is 0. Missing values count as 0.
 namespace vu::calc {
 
 /// @p result = @p pose · @p relative: @p relative is given in the frame of the tool at @p pose.

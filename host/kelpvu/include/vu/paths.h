@@ -9,10 +9,10 @@ enum class LanguageType {
     Installed ///< a .qm file in the folder "language" beside the executable
 };
 
-/// Path of the translation @p name ("welmo_cn", without ending) of @p module.
+/// The path of the translation @p name ("welmo_cn", without extension) of @p module.
 QString languagePath(const QString &name, LanguageType type, const QString &module);
 
-/// Path of the JSON template @p name of @p module, among its compiled-in resources.
+/// The path of the JSON template @p name of @p module, among its compiled-in resources.
 QString templatePath(const QString &module, const QString &name);
 
 } // namespace vu

@@ -3,7 +3,7 @@
 class QString;
 class QWidget;
 
-/// Gives @p top and everything below it the style sheet. The sheet is set once, on the top widget,
-/// from where Qt hands it down; a sheet that is already in force there is not set again, since
-/// polishing a form anew costs more than building it.
+/// Gives @p top and its descendants the style sheet. It is set once, on the top widget, from which
+/// Qt passes it down; a sheet that is already in force is not set again, since styling a form again
+/// costs more than building it.
 void setRecursiveWidgetStyleSheet(QWidget *top, const QString &sheet);

@@ -2,10 +2,10 @@
 
 #include <QAbstractButton>
 
-/// An on/off switch painted in the theme's colours: a track with a knob that a thumb can hit.
+/// An on/off switch painted in the theme's colours: a track with a knob large enough for a thumb.
 ///
-/// enabled() tells a change of the state, by the user or by setChecked(); block the signals to put
-/// the switch back without its handler.
+/// enabled() is emitted when the state changes, by the user or by setChecked(); block the signals
+/// to change the state without its handler.
 class EnableButton : public QAbstractButton
 {
     Q_OBJECT
@@ -21,8 +21,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 };
 
-/// A push button that acts while it is held: pressed and released are told as one state. A button
-/// that is disabled or hidden while it is held is released at once.
+/// A push button that acts while it is held: pressed and released are emitted as one state. If it
+/// is disabled or hidden while held, it is released at once.
 class TouchButton : public QAbstractButton
 {
     Q_OBJECT

@@ -11,21 +11,20 @@ namespace vu::xtheme {
 class Theme
 {
 public:
-    /// Reads a theme file; an unreadable one leaves an empty theme and a line in @p error.
+    /// Reads a theme file; an unreadable one gives an empty theme and a line in @p error.
     static Theme load(const QString &path, QString *error);
 
     QString name() const;
-    /// The text of the token @p key of @p kind ("font", "color", "border", "image"); null when the
-    /// theme does not know it. An image's token is the url() of its file.
+    /// The text of the token @p key of @p kind ("font", "color", "border", "image"); null if the
+    /// theme lacks it. An image's token is the url() of its file.
     QString token(const QString &kind, const QString &key) const;
-    /// Path of the image @p key: below "images" beside the theme file, else that of the host's own
-    /// themes. Empty when the theme does not know it.
+    /// The path of the image @p key: in "images" beside the theme file, else among the host's own
+    /// themes. Empty if it is in neither.
     QString imagePath(const QString &key) const;
     /// Replaces every token in @p text: the kind between two dollar signs and the key, of letters,
-    /// digits and "_./". Tokens that the theme does not know are appended to @p unknown and become
-    /// empty.
+    /// digits and "_./". Unknown tokens are appended to @p unknown and replaced by nothing.
     QString resolve(const QString &text, QStringList *unknown = nullptr) const;
-    /// A colour of the theme, else a colour that Qt knows by that name.
+    /// A colour of the theme, else the colour that Qt has by that name.
     QColor color(const QString &key) const;
 
 private:
@@ -33,12 +32,13 @@ private:
     QString m_images;
 };
 
-/// The theme in use; a host sets it before it shows anything.
+/// Sets the theme in use; a host does so before it shows anything.
 void setCurrent(const Theme &theme);
 const Theme &current();
 
-/// The picture @p icon with every opaque pixel in @p color: a colour key of the theme ("black" and
-/// "white" are its two icon inks, so that a dark theme may turn them round) or any colour name.
+/// The picture @p icon with every opaque pixel in @p color: a colour key of the theme or any colour
+/// name. "black" and "white" are keys too, the theme's two icon colours, which a dark theme may
+/// swap.
 QPixmap pixmap(const QString &icon, const QString &color);
 
 } // namespace vu::xtheme

@@ -8,13 +8,13 @@ class QWidget;
 
 namespace tessa {
 
-/// A named page whose availability follows the cell: available while the state is no fault, the
-/// operating mode is manual, the power is on and the user level is operator or above.
+/// A named page that is available while the cell has no fault, the operating mode is manual, the
+/// power is on and the user level is operator or above.
 class BasePage : public pando::BModule
 {
     Q_OBJECT
 public:
-    /// @p owner is the QObject parent until the page is handed to the host as a sub-module.
+    /// @p owner is the QObject parent until the host owns the page as a sub-module.
     BasePage(const QString &name, const QString &title, QObject *owner);
 
     QString name() const override;
@@ -25,7 +25,7 @@ public:
     virtual void updateAvailability();
 
 protected:
-    /// Which conditions make the host call updateAvailability() when they change.
+    /// Sets for which conditions the host calls updateAvailability().
     void autoUpdate(bool state, bool mode, bool power, bool level);
 
 private:

@@ -8,27 +8,29 @@
 
 namespace tessa {
 
-/// Motion-level requests to the controller, and the news that it is there.
+/// Motion requests to the controller, and the signal that the link is up.
 class ControllerManager : public QObject
 {
     Q_OBJECT
 public:
     explicit ControllerManager(XService *service, QObject *parent = nullptr);
 
-    /// A synchronous request: @p command with "target" and "parameters". With @p wait false only
-    /// the acceptance is awaited, which this host answers as fast. The answer is XService's.
+    /// Sends @p command with "target" and "parameters" and waits for the answer. Without @p wait
+    /// only acceptance would be waited for, which takes this host the same time. Returns XService's
+    /// answer.
     XService::Answer execRequest(const QString &command, const QString &target,
                                  const QJsonValue &parameters, bool wait, int timeoutMs);
 
-    /// The part @p item ("request") of a command's local object, made when missing; it belongs to
-    /// the manager and keeps what was set before.
+    /// The part @p item ("request") of a command's local object, made if missing; the manager owns
+    /// it, and it keeps its values between requests.
     kelp::ModuleObject *cmdItemMobj(const QString &command, const QString &item);
-    /// Sends a command with @p object, or with the "request" part of its local object when null.
+    /// Sends a command with @p object, or if that is null with the "request" part of its local
+    /// object.
     XService::Answer request(const QString &command, const kelp::ModuleObject *object,
                              int timeoutMs);
 
 signals:
-    /// The controller link has (re)connected; pages reload from the controller.
+    /// The link is up, for the first time or again; pages reload from the controller.
     void rcConnected();
 
 private:

@@ -4,7 +4,7 @@
 
 namespace tessa {
 
-/// What the pendant knows of the cell as a whole; pages are available or not by it.
+/// The cell's state as the pendant knows it; the availability of pages depends on it.
 class ControllerStatus : public QObject
 {
     Q_OBJECT

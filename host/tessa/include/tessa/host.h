@@ -18,11 +18,11 @@ struct HostOptions
     QString dataFolder; ///< where the host keeps its trees and logs
     QString language = QStringLiteral("en");
     QString themeFile = QStringLiteral(":/tessa/theme/light.json");
-    kelp::Habits habits{}; ///< other than the defaults only to try a package out
+    kelp::Habits habits{}; ///< other than the defaults only in tests of a package
 };
 
-/// One running host: everything that modules reach through the four libraries' functions. Exactly
-/// one at a time; it installs itself as the current one and takes itself back when it goes.
+/// One running host: everything that modules reach through the four libraries' functions. Only one
+/// exists at a time; it is the current one until it is destroyed.
 class Host : public QObject
 {
     Q_OBJECT
@@ -37,10 +37,10 @@ public:
     PhysicalKeys *keys() { return &m_keys; }
     kelp::Workspace *workspace() { return &m_workspace; }
 
-    /// Takes over the link and opens it; null leaves the host without a controller.
+    /// Takes ownership of the link and opens it; null leaves the host without a controller.
     void setLink(std::unique_ptr<ControllerLink> link);
     ControllerLink *link() { return m_link.get(); }
-    /// Releases the keys that are held, and ends the modules.
+    /// Releases held keys, and ends the modules.
     void stopModules();
 
 private:
@@ -50,7 +50,7 @@ private:
 
     kelp::Workspace m_workspace;
     XService m_service;
-    PhysicalKeys m_keys; // outlives the modules, whose keys it releases
+    PhysicalKeys m_keys; // destroyed after the modules, whose keys it releases
     ManagerHelper m_helper;
     std::unique_ptr<ControllerLink> m_link;
     QTimer m_heartbeat;

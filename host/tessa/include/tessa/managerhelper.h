@@ -12,7 +12,7 @@
 
 namespace tessa {
 
-/// The way to the host's managers, and the message log. One for each running host.
+/// Access to the host's managers, and the message log. One for each running host.
 class ManagerHelper : public QObject
 {
     Q_OBJECT
@@ -22,15 +22,15 @@ public:
     /// The running host's helper; null between hosts.
     static ManagerHelper *instance();
 
-    /// Writes one message to the pendant's log. @p sender (may be null) is who reports, @p level is
-    /// "error", "warning" or "info", @p text is for the user and translated.
+    /// Writes one message to the pendant's log. @p sender (may be null) reports it, @p level is
+    /// "error", "warning" or "info", @p text is translated text for the user.
     void throwLog(const QObject *sender, const QString &level, const QString &text);
 
-    /// A modal message box with one button; true when the button was pressed, false when the box
-    /// was closed without it. The only call of the host that runs an event loop.
+    /// A modal message box with one button; true if the button was pressed, false if the box was
+    /// closed otherwise. The only call of the host that runs an event loop.
     bool execMsgOk(const QString &title, const QString &text, const QString &button);
 
-    /// Makes the compiled-in resources under ":/<name>/" addressable for icons and themes.
+    /// Lets icons and themes use the compiled-in resources under ":/<name>/".
     void registQrcAlias(const QString &name);
 
     ThemeManager *themeManager();

@@ -7,8 +7,8 @@
 
 namespace tessa {
 
-/// The pendant's message log, newest first: a model that a window can show. Bounded; the oldest
-/// message goes when it is full. Kept in a file, it outlives the program, with what was seen.
+/// The pendant's message log, newest first, as a model for views. Its size is limited; the oldest
+/// message is dropped. With keepIn() it lasts over restarts, including which messages were seen.
 class MessageLog : public QAbstractTableModel
 {
     Q_OBJECT
@@ -18,8 +18,8 @@ public:
         QDateTime time;
         QString level; ///< "error", "warning" or "info"
         QString text;
-        QString sender; ///< the reporting object's name, empty when it named none
-        bool old = false; ///< from before this program was started
+        QString sender; ///< the reporting object's name; empty if it has none
+        bool old = false; ///< from an earlier run of the program
     };
     enum Column { Time, Level, Text, Sender, ColumnCount };
     enum Role { LevelRole = Qt::UserRole, SenderRole };
@@ -28,14 +28,14 @@ public:
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Takes in what the file kept, and keeps everything there from now on.
+    /// Loads the messages in the file, and keeps all further ones there.
     void keepIn(const QString &file);
     void append(const QObject *sender, const QString &level, const QString &text);
     const QVector<Entry> &entries() const { return m_entries; }
     void clear();
-    /// Errors since somebody last looked.
+    /// The number of errors since the log was last looked at.
     int unseenErrors() const { return m_unseen; }
-    /// The newest of them; null when there is none.
+    /// The newest of them; null if there is none.
     const Entry *unseenError() const;
     void markSeen();
 
@@ -56,7 +56,7 @@ private:
     QVector<Entry> m_entries;
     int m_unseen = 0;
     QFile m_file;
-    int m_lines = 0; // of the file
+    int m_lines = 0; // in the file
 };
 
 } // namespace tessa

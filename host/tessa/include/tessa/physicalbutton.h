@@ -18,7 +18,7 @@ struct PhysicalButton
     QString label;
     QIcon unpressed;
     QIcon pressed;
-    /// True when the key goes down, false when it comes up.
+    /// Called with true when the key is pressed, with false when it is released.
     std::function<void(bool pressed)> action;
 };
 
@@ -34,36 +34,37 @@ public:
         QList<PhysicalButton> firstGroup;
         QList<PhysicalButton> secondGroup;
         bool enabled = false;
-        bool onPage = false; ///< a page of the host's own shows them, and no handle
+        bool onPage = false; ///< shown on one of the host's own pages instead of the handle
     };
 
     using QObject::QObject;
     ~PhysicalKeys() override;
 
-    /// Adds the set, or replaces the one of that name. It goes with its owner, silently.
+    /// Adds the set, or replaces the one of that name. It is removed, without releases, when its
+    /// owner is deleted.
     void regist(QObject *owner, const Set &set);
-    /// Switches a set; keys of it that are held get their release at once.
+    /// Enables or disables a set; held keys of a disabled set are released at once.
     void setEnabled(const QString &name, bool enabled);
 
-    /// All keys: each set's first group, then its second, in registration order.
+    /// The number of all keys: each set's first group, then its second, in registration order.
     int count() const;
     const PhysicalButton &button(int key) const;
     /// Whether the key is the first one of its group.
     bool startsGroup(int key) const;
     bool isEnabled(int key) const;
     bool isHeld(int key) const;
-    /// Whether the key is on the handle, and not on a page.
+    /// Whether the key is on the handle instead of a page.
     bool isOnHandle(int key) const;
-    /// The first key of the set; -1 when there is no such set.
+    /// The first key of the set; -1 if there is no such set.
     int firstOf(const QString &set) const;
-    /// The presses that hold a key now, oldest first: each press has a number of its own.
+    /// The numbers of the presses whose keys are held, oldest first.
     QVector<int> heldPresses() const;
 
-    /// A key went down. Nothing when it is disabled or held already; a key that is held while
-    /// disabled has to be pressed afresh.
+    /// A key was pressed. Ignored if it is disabled or held already; a key that was pressed while
+    /// disabled must be pressed again.
     void press(int key);
     void release(int key);
-    /// Gives every held key its release: the window lost the operator's hand.
+    /// Releases every held key, as when the window loses the focus.
     void releaseAll();
 
 signals:
@@ -77,7 +78,7 @@ private:
     {
         Set set;
         QPointer<QObject> owner;
-        std::vector<int> presses; ///< for each key the press that holds it, or 0
+        std::vector<int> presses; ///< for each key the number of the press that holds it, or 0
     };
 
     std::pair<const Entry *, int> find(int key) const;
@@ -94,11 +95,11 @@ private:
 } // namespace tessa
 
 /// Registers a set of handle keys in two groups for @p owner. The keys start disabled. @p places
-/// names places on the handle; this host has none to name and ignores it.
+/// names places on the handle, which this host ignores, since its places have no names.
 void registerPhysicalButtons(QObject *owner, const QString &set,
                              const QList<tessa::PhysicalButton> &firstGroup,
                              const QList<tessa::PhysicalButton> &secondGroup,
                              const QStringList &places);
 
-/// Switches a whole set on or off.
+/// Enables or disables a whole set.
 void enableRegisterPhysicalButtons(QObject *owner, const QString &set, bool enabled);

@@ -14,18 +14,18 @@ class ThemeManager : public QObject
 public:
     explicit ThemeManager(QObject *parent = nullptr);
 
-    /// Makes the resources under ":/<alias>/" known to getIcon().
+    /// Lets getIcon() use the resources under ":/<alias>/".
     void addAlias(const QString &alias);
 
     /// The picture images/@p group/@p name.png of the theme or of a module's resources; a null icon
-    /// when nobody has it.
+    /// if none has it.
     QIcon getIcon(const QString &group, const QString &name) const;
 
-    /// Turns a rules file (a JSON array of objects: "name" is the selector, every other member a
-    /// property with its value, which may hold theme tokens) into one style sheet, rules in the
-    /// file's order, the properties of a rule in alphabetical order. A file that cannot be read
-    /// gives an empty sheet, an unknown token an empty value, a rule without a selector nothing;
-    /// all are told by problem(), once a file.
+    /// Makes one style sheet of a rules file: a JSON array of objects whose "name" is the selector
+    /// and whose other members are properties; their values may contain theme tokens. The rules
+    /// stay in the file's order, a rule's properties are in alphabetical order. A file that cannot
+    /// be read gives an empty sheet, an unknown token an empty value, and a rule without a selector
+    /// is left out; problem() reports each, once for each file.
     QString genStyleSheet(const QString &path);
 
 signals:

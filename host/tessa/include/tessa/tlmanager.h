@@ -14,8 +14,8 @@ namespace tessa {
 
 class BaseContentWidget;
 
-/// The instructions that the program editor knows. Packages fill the tables directly when they
-/// initialise; nothing is taken out again.
+/// The instructions that the program editor knows. Packages fill the tables directly when they are
+/// initialised, and do not remove entries.
 class TlManager
 {
 public:
@@ -23,7 +23,7 @@ public:
 
     /// The one manager of the process, made on first use.
     static TlManager *getTlManager();
-    /// Empties the tables: a host that ends takes its packages' instructions with it.
+    /// Empties the tables, since packages' entries end with their host.
     void clear() { *this = TlManager(); }
 
     QStringList instructionNames; ///< in registration order

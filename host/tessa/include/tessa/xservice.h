@@ -9,19 +9,18 @@
 #include "kelp/moduleobject.h"
 #include "tessa/controllerlink.h"
 
-/// The controller's nodes and commands, as the HMI reaches them. Every call is synchronous, on the
-/// GUI thread, and bounded in time; a call that gets no answer takes "connected" down at once.
+/// The controller's nodes and commands for the HMI. Every call is synchronous, on the GUI thread,
+/// and bounded in time; a call without an answer sets "connected" to false at once.
 class XService : public QObject
 {
     Q_OBJECT
 public:
-    /// What get, set and execCommand hand back: a free-standing node that the caller owns. Stands
-    /// behind this alias because another host may hand back another kind of pointer.
+    /// The result of get, set and execCommand: a root node that the caller owns. It is an alias
+    /// because other hosts may return another kind of pointer.
     ///
-    /// Its integer value is the result code, 0 for success; what was read or answered stands in its
-    /// children. A node or entry that the controller does not have answers 0 and has no children; a
-    /// read that failed has a code other than 0, so that the two are told apart. Where what was
-    /// read is a plain value, that value takes the place of the 0.
+    /// Its integer value is the result code, 0 for success; the values read are its children. For a
+    /// node or entry that the controller does not have it is 0 without children; a failed read has
+    /// a code other than 0, so that the two differ. A plain value that was read replaces the 0.
     using Answer = std::unique_ptr<kelp::ModuleObject>;
 
     static constexpr int defaultTimeoutMs = 1600;
@@ -29,7 +28,7 @@ public:
     explicit XService(QObject *parent = nullptr);
     ~XService() override;
 
-    /// The link to speak through; it must outlive the service or be replaced by null.
+    /// Sets the link to use; it must outlive the service or be replaced by null.
     void setLink(tessa::ControllerLink *link);
 
     Answer get(QObject *sender, const QString &path);
@@ -38,24 +37,25 @@ public:
     Answer set(QObject *sender, const QString &path, const kelp::ModuleObject *object);
     Answer set(QObject *sender, const QString &path, const QString &key,
                const kelp::ModuleObject *object);
-    /// Runs a command with a payload object (its name and children are the command's), or none.
+    /// Runs a command with a payload object (its name and children are the payload's), or without
+    /// one.
     Answer execCommand(QObject *sender, const QString &command,
                        const kelp::ModuleObject *object = nullptr);
     Answer execCommand(QObject *sender, const QString &command, const QVariant &value);
-    /// One request of any kind with a time limit of its own.
+    /// Sends one request of any kind with its own time limit.
     Answer exchange(const tessa::LinkRequest &request, int timeoutMs = defaultTimeoutMs);
 
-    /// Subscribes to a controller node. The first subscription fills the local copy silently; from
-    /// then on the copy follows the controller, also over a lost link. @p notify false stops it for
-    /// everybody who watches the node.
+    /// Subscribes to a controller node. The first subscription fills the local copy without
+    /// signals; from then on the copy follows the controller, also after the link was lost. With @p
+    /// notify false the node is no longer followed, for all of its watchers.
     void watch(QObject *sender, const QString &path, bool notify);
-    /// The local copy of a node, watched or not yet. Its changed() carries the notified map, and
-    /// fires only when a value differs from what was delivered before.
+    /// The local copy of a node, watched or not. Its changed() carries the notified map, and is
+    /// emitted only if a value differs from the last delivery.
     kelp::ModuleObject *watchNode(const QString &path);
 
-    /// The controller nodes whose values are copied into the application-wide tree, at their own
-    /// paths, each time the link has come up and whenever the controller tells news of them: the
-    /// project data that pages look up with m(). The node tells its changed() after what is below.
+    /// Sets the controller nodes that are copied to the application-wide tree, at their own paths,
+    /// each time the link comes up and when they change: the project data that pages look up with
+    /// m(). A node's changed() is emitted after those of its descendants.
     void setMirrored(const QStringList &paths) { m_mirrored = paths; }
 
     /// The service's own tree; its leaf "connected" says whether the controller can be reached.
@@ -63,10 +63,10 @@ public:
     bool isConnected() const;
 
 signals:
-    /// The link was set up, every subscription is in force again and the mirrored nodes are there;
-    /// fires before the watched values that changed meanwhile are delivered.
+    /// The link is up, every subscription is set up again and the mirrored nodes are read; emitted
+    /// before the watched values that changed meanwhile.
     void cameUp();
-    /// "connected" changed; never fires from inside a call.
+    /// "connected" changed; never emitted from inside a call.
     void connectedChanged(bool connected);
 
 private:
