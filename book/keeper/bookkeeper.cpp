@@ -17,12 +17,12 @@ const QString entriesKey = QStringLiteral("entries");
 
 const QString efficiencyName = QStringLiteral("efficiency");
 
-constexpr int tickMs = 50; // twice a sample, so that none is late by one
+constexpr int tickMs = 50; // twice the pace of the samples, so that none is late by one
 constexpr int tidyMs = 60 * 1000;
 constexpr qint64 courseAgeMs = 90LL * 24 * 3600 * 1000;
 constexpr qint64 bookBytes = 900LL * 1024 * 1024;
 
-// A list that was read is kept as children.
+// A list in a node that was read is kept as children.
 QVariantList itemsOf(const QVariant &list)
 {
     return list.userType() == QMetaType::QVariantMap ? list.toMap().values() : list.toList();
@@ -74,7 +74,7 @@ Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QOb
     connect(m_writer.get(), &SeamWriter::samplesDropped, this, [this](int count) {
         warn(tr("%1 samples of the last seam were dropped, the disk is too slow").arg(count));
     });
-    // A book that is not there yet cannot be opened to be read.
+    // A book that does not exist yet cannot be opened for reading, so the reader waits.
     connect(m_keeping.get(), &BookThread::opened, this, [this](int interrupted) {
         m_reader = std::make_unique<BookThread>(m_file, Database::ReadOnly);
         if (interrupted > 0)
@@ -89,7 +89,7 @@ Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QOb
     m_tidying.start(tidyMs);
 }
 
-// The record of a seam that is under way is closed as interrupted, and written before this is over.
+// Closes an open seam's record as interrupted, and waits until it is written.
 Bookkeeper::~Bookkeeper()
 {
     m_recorder.end(Moment::now());
@@ -97,7 +97,7 @@ Bookkeeper::~Bookkeeper()
     m_keeping.reset();
 }
 
-// Asked for at once, so that whoever asks later is answered by a keeper that knows it.
+// Loaded at once, so that later questions find everything in place.
 void Bookkeeper::load()
 {
     m_keeping->ask(
@@ -115,7 +115,7 @@ void Bookkeeper::load()
             for (const Limits &one : all)
                 m_limits.insert(one.file, one);
             emit limitsChanged();
-            emit recordsChanged(); // now everything can be shown, and judged
+            emit recordsChanged(); // now records can be shown with their limits
         });
 }
 
@@ -154,7 +154,7 @@ void Bookkeeper::follow(const QString &path, const Handler &handler)
             });
 }
 
-// A host may tell what is there at the first subscription, or nothing: so it is read as well.
+// The values are read as well, since not every host notifies them at the first subscription.
 void Bookkeeper::listen()
 {
     for (const QString &path :
@@ -191,7 +191,7 @@ void Bookkeeper::tick()
     emit told();
 }
 
-// While nothing is welded, so that a record never waits for it.
+// Runs only while no seam is welded, so that a record never waits for it.
 void Bookkeeper::tidyUp()
 {
     if (m_recorder.isBusy())
@@ -208,7 +208,7 @@ FileInUse Bookkeeper::fileInUse(const QString &file) const
     use.current = setValue(content, "current_mode", "current", "current");
     use.voltage = setValue(content, "voltage_mode", "separate", "voltage");
     const double speed = content.value(QStringLiteral("weld_speed")).toDouble();
-    if (speed > 0) // 0 leaves it to the program
+    if (speed > 0) // 0 means that the program gives the speed
         use.speed = speed;
     return use;
 }

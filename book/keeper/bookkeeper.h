@@ -14,23 +14,23 @@
 
 namespace welmo::book {
 
-/// Listens to the controller and fills the book; what the pages show comes from here. GUI thread;
-/// it waits for the disk nowhere.
+/// Follows the controller and fills the book; the pages get what they show from here. On the GUI
+/// thread, where it never waits for the disk.
 class Bookkeeper : public QObject
 {
     Q_OBJECT
 public:
-    /// The book lies in @p folder, which is made when missing; programs are looked for in @p
+    /// The book is in @p folder, which is made if missing; programs are searched in @p
     /// programsFolder.
     Bookkeeper(const QString &folder, const QString &programsFolder, QObject *parent = nullptr);
     ~Bookkeeper() override;
 
-    /// Begins to listen, now or as soon as there is a controller.
+    /// Starts to follow the controller, now or as soon as the link is up.
     void start();
 
     QString file() const { return m_file; }
-    /// Asks the book as BookThread::ask() does, on a thread of its own, so that no question waits
-    /// for a record. A question that comes before the book is open waits for that.
+    /// Asks the book as BookThread::ask() does, on a second thread, so that no question waits for a
+    /// record. A question that comes before the book is open waits until it is.
     template<typename Work, typename Then>
     void ask(QObject *context, const Work &work, const Then &then)
     {
@@ -39,29 +39,29 @@ public:
     const FileWatch &files() const { return *m_files; }
     CellWriter &cell() { return m_cell; }
     Restorer &restorer() { return *m_restorer; }
-    /// As the controller tells itself apart from others; empty where it does not.
+    /// The name by which controllers are told apart; empty if this one has none.
     QString cellName() const { return m_cellName; }
     QString programsFolder() const { return m_programsFolder; }
     const SeamRecorder &recorder() const { return m_recorder; }
 
     Limits limits(const QString &file) const;
     QList<Limits> allLimits() const { return m_limits.values(); }
-    /// In force from the next seam on, and kept.
+    /// Sets limits from the next seam on, and stores them.
     void setLimits(const Limits &limits);
 
-    /// Of the heat input of every weld that begins from now on; kept.
+    /// The thermal efficiency for the heat input of further welds; stored.
     double efficiency() const { return m_efficiency; }
     void setEfficiency(double factor);
 
-    /// A line for the message log.
+    /// Emits one line for the message log.
     void tellInfo(const QString &line);
     void tellError(const QString &line);
 
 signals:
-    /// There is a new record, or one changed.
+    /// A record was added or changed.
     void recordsChanged();
     void limitsChanged();
-    /// Something was told that the recorder saw; at most as often as the host tells.
+    /// The recorder received a notification; emitted at most as often as the host notifies.
     void told();
 
 private:
@@ -80,7 +80,7 @@ private:
 
     const QString m_file;
     const QString m_programsFolder;
-    // Goes after the threads, whose last jobs speak through it.
+    // Destroyed after the threads, whose last jobs use it.
     std::unique_ptr<SeamWriter> m_writer;
     std::unique_ptr<FileWatch> m_files;
     std::unique_ptr<BookThread> m_keeping;
@@ -95,7 +95,7 @@ private:
     QTimer m_tidying;
 };
 
-/// The word of a band for the user.
+/// The name of a band for the user.
 QString bandTitle(const QString &band);
 
 } // namespace welmo::book

@@ -49,7 +49,7 @@ std::optional<QVariantMap> project(CellWriter &cell)
     return project;
 }
 
-// The places of a backup, in the order in which they are written: what others name comes first.
+// The entries of a backup in the order of writing: first those that others refer to by name.
 QVector<CellChange> placesOf(const BackupFile &file)
 {
     QVector<CellChange> places;

@@ -8,23 +8,23 @@ namespace welmo::book {
 
 class Bookkeeper;
 
-/// A place that is not the same in a backup and on the controller.
+/// An entry that differs between a backup and the controller.
 struct RestoreItem
 {
-    CellChange change; ///< without a node: limits
+    CellChange change; ///< limits have no node
     QVariant now;
     Limits limits = {};
 };
 
-/// All that a backup holds, as the controller and the book have it now. Nothing, with a line, when
-/// a part cannot be read.
+/// All that a backup holds, in its present state on the controller and in the book. Empty, with a
+/// line in @p problem, if a part cannot be read.
 std::optional<BackupFile> collectBackup(Bookkeeper *keeper, QString *problem);
 
-/// What differs, place by place; nothing with a line.
+/// All entries that differ; empty, with a line in @p problem, if a part cannot be read.
 std::optional<QVector<RestoreItem>> differencesTo(const BackupFile &file, Bookkeeper *keeper,
                                                   QString *problem);
 
-/// How many items of a list are not the same, not there or not there any more.
+/// The number of items in a list that were changed, added or removed.
 int differingItems(const QVariantList &before, const QVariantList &after);
 
 } // namespace welmo::book

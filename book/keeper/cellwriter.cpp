@@ -14,7 +14,7 @@ namespace welmo::book {
 
 namespace {
 
-// A list of maps would become children with the names that stand in it.
+// Sets lists as such: a list of maps would become children with names from the maps.
 void fill(kelp::ModuleObject *node, const QVariant &value)
 {
     if (value.userType() == QMetaType::QVariantList) {
@@ -54,7 +54,7 @@ QVariant listIn(const kelp::ModuleObject *node)
     return items;
 }
 
-// The reason where one came with the refusal.
+// The reason that came with a refusal, else the code's text.
 QString why(const kelp::ModuleObject *answer)
 {
     const QString reason = answer->r(QStringLiteral("reason"))->getString();
@@ -63,7 +63,7 @@ QString why(const kelp::ModuleObject *answer)
     return schema::reasonText(reason, answer->r(QStringLiteral("arguments"))->getList());
 }
 
-// What cannot be taken away again is put back as the defaults, which is what it read as.
+// What to write to undo a change: an option set cannot be removed, so its defaults are written.
 QVariant insteadOf(const CellChange &change)
 {
     const schema::FileSet *file = FileWatch::setOf(change.key);

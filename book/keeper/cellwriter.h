@@ -11,37 +11,39 @@ namespace welmo::book {
 struct CellChange
 {
     QString node;
-    QString key; ///< the entry; empty for a node that is one value
-    QVariant value; ///< invalid: the numbered file is removed
+    QString key; ///< the entry; empty for a node with one value
+    QVariant value; ///< invalid: removes the numbered file
 };
 
-/// Changes what the controller keeps, through the host's service as every form does, in steps that
-/// are carried out as a whole or taken back, and that can be undone. GUI thread; each request waits
-/// for its answer.
+/// Changes what the controller keeps, through the host's service like all forms. Each step is
+/// carried out completely or taken back, and can be undone. GUI thread; each request waits for its
+/// answer.
 class CellWriter : public QObject
 {
     Q_OBJECT
 public:
     using QObject::QObject;
 
-    /// Carries out the step and remembers how to undo it. When a part of it is refused, what was
-    /// written before is put back; false with a line.
+    /// Carries out the step and remembers how to undo it. If a part is refused, the earlier parts
+    /// are undone; false, with a line in @p problem.
     bool apply(const QString &title, const QVector<CellChange> &changes, QString *problem);
-    /// What undo() would take back; empty when there is nothing.
+    /// The title of the step that undo() would take back; empty if there is none.
     QString undoTitle() const { return m_steps.isEmpty() ? QString() : m_steps.last().title; }
-    /// Takes the last step back, unless somebody else has changed a part of it since.
+    /// Undoes the last step, unless a part of it was changed by somebody else since.
     bool undo(QString *problem);
-    /// False when the last step was refused half-way and could not be put back either.
+    /// False if the last step was refused half-way and the earlier parts could not be undone
+    /// either.
     bool isWhole() const { return m_isWhole; }
 
-    /// What is stored now, a list of the project in its order: invalid for a file that is not
-    /// there, nothing when it cannot be read.
+    /// The present value, a list of the project in its order: invalid for a missing file, empty if
+    /// it cannot be read.
     std::optional<QVariant> read(const QString &node, const QString &key);
-    /// As it is stored now, for every place that @p changes name; nothing with a line.
+    /// The present values of all entries in @p changes; empty, with a line in @p problem, on
+    /// failure.
     std::optional<QVector<CellChange>> asStored(const QVector<CellChange> &changes,
                                                 QString *problem);
-    /// Writes them one by one, without a way back. False at the first that is refused, with a line;
-    /// @p done tells how many were written.
+    /// Writes the changes one by one, without undoing them. Stops at the first refusal with false
+    /// and a line in @p problem; @p done is the number of changes written.
     bool write(const QVector<CellChange> &changes, int *done, QString *problem);
 
 signals:

@@ -6,9 +6,9 @@
 
 namespace welmo::book {
 
-/// What the set's values are where nobody has stored any.
+/// The values of a set that was never stored.
 QVariantMap defaultsOf(const schema::Set &set);
-/// What a new file of the set holds.
+/// The content of a new file of the set.
 QVariantMap defaultContent(const schema::FileSet &set, const QString &file);
 
 } // namespace welmo::book

@@ -23,7 +23,7 @@ qint64 numberOf(const QVariant &entry)
     return entry.toMap().value(QStringLiteral("number")).toLongLong();
 }
 
-// The audit goes into lists, item by item.
+// The audit's paths also name the items of lists.
 QVariant valueAt(const QVariantMap &content, const QString &at)
 {
     const QVariant list = content.value(at.section(QLatin1Char('.'), 0, -2));
@@ -31,7 +31,7 @@ QVariant valueAt(const QVariantMap &content, const QString &at)
                                 : list.toList().value(at.section(QLatin1Char('.'), -1).toInt());
 }
 
-// An entry is about a version when what it says became of the file is so there.
+// Whether an audit entry made this version: the content has the new values that it names.
 bool tells(const QVariantMap &entry, const QVariantMap &content)
 {
     const QVariant changes = entry.value(QStringLiteral("changes"));
@@ -85,7 +85,7 @@ void FileWatch::load(const QVector<FileVersion> &newest)
     m_loaded = true;
     for (auto it = m_files.cbegin(); it != m_files.cend(); ++it)
         note(it.key());
-    for (const FileVersion &version : newest) { // whoever ended before it could ask
+    for (const FileVersion &version : newest) { // the book was closed before it asked for the user
         if (version.user.isEmpty() && m_newest.value(version.file).number == version.number)
             m_unnamed.append({version.file, version.number});
     }
@@ -115,7 +115,7 @@ void FileWatch::readAll(const schema::FileSet &set)
     }
 }
 
-// A file that was removed is told without content, as an empty one or as none.
+// A removed file is notified with an empty content or none.
 void FileWatch::take(const QString &file, const QVariant &content)
 {
     if (!setOf(file))
@@ -145,7 +145,7 @@ void FileWatch::note(const QString &file)
 void FileWatch::askWho()
 {
     if (!xservice()->isConnected() || m_unnamed.isEmpty())
-        return; // listen() comes back to it
+        return; // listen() calls again once the link is up
     const QVector<Unnamed> unnamed = std::exchange(m_unnamed, {});
     const auto answer = xservice()->get(this, names::audit);
     if (!answer || answer->getInt(0) != 0)
@@ -163,7 +163,7 @@ void FileWatch::name(const Unnamed &version, const QVariantList &audit)
 {
     FileVersion &newest = m_newest[version.file];
     if (newest.number != version.number)
-        return; // one that was there for a moment only
+        return; // a newer version has replaced it
     const QVariantMap content = flattened(contentFromJson(newest.content));
     for (const QVariant &one : audit) {
         const QVariantMap entry = one.toMap();
@@ -177,7 +177,7 @@ void FileWatch::name(const Unnamed &version, const QVariantList &audit)
     }
 }
 
-// Who shows versions reads them from the book, so it has to hear when they are there.
+// Emits changed() afterwards, since the pages read versions from the book.
 void FileWatch::keep(const std::function<bool(FileHistory)> &work)
 {
     m_keeping->ask(

@@ -14,24 +14,24 @@ class FileSet;
 
 namespace welmo::book {
 
-/// The parameter files as the controller has them, and which version of each that is. A change,
-/// made by whomever, becomes a new version in the book; who made it is looked up in the
-/// controller's audit, where there is one.
+/// The parameter files as the controller has them, and the version number of each. Every change,
+/// whoever made it, becomes a new version in the book; its author is looked up in the controller's
+/// audit, if there is one.
 class FileWatch : public QObject
 {
     Q_OBJECT
 public:
-    /// @p keeping is borrowed.
+    /// @p keeping must outlive this.
     FileWatch(BookThread *keeping, QObject *parent = nullptr);
 
-    /// Hands over what the book knew; nothing gets a version before.
+    /// Passes the versions that the book has; files get no new version before.
     void load(const QVector<FileVersion> &newest);
-    /// Reads everything, and hears of changes from now on: the link has come up.
+    /// Reads everything and follows changes; called each time the link has come up.
     void listen();
 
-    /// By name; each as the controller told it.
+    /// By name, as the controller sent them.
     const QMap<QString, QVariant> &files() const { return m_files; }
-    /// 0 for a file that the book never saw.
+    /// 0 for a file that the book has never seen.
     qint64 version(const QString &file) const { return m_newest.value(file).number; }
     FileVersion newest(const QString &file) const { return m_newest.value(file); }
 
@@ -39,7 +39,7 @@ public:
 
 signals:
     void changed();
-    /// A line: what could not be kept.
+    /// One line: what could not be stored.
     void failed(const QString &line);
 
 private:
@@ -61,7 +61,8 @@ private:
     QMap<QString, QVariant> m_files;
     QHash<QString, FileVersion> m_newest;
     QVector<Unnamed> m_unnamed;
-    QTimer m_soon; // many changes come at once, and the audit is long
+    // Delays the look at the audit, which is long, until changes that come together are in.
+    QTimer m_soon;
     bool m_loaded = false;
 };
 

@@ -12,10 +12,10 @@ struct ProgramUse
     QString program;
     QVector<int> lines; ///< from 1
 };
-/// By the name of the file.
+/// By the file's name.
 using ProgramUses = QHash<QString, QVector<ProgramUse>>;
 
-/// Reads every program in the folder. Takes its time: not for the GUI thread.
+/// Reads every program in the folder. It is slow: not for the GUI thread.
 ProgramUses readProgramUses(const QString &folder);
 
 /// "vgroove.tl 6, 9; pipe.tl 3"

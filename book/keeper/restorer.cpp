@@ -64,7 +64,8 @@ void Restorer::restore(const QString &cellName, const QString &title,
             QString problem = failure;
             if (!problem.isEmpty())
                 return then(problem);
-            // Whoever could not put everything back is tried again when the link is.
+            // If the old values could not be put back, the journal stays, and recover() tries again
+            // later.
             if (m_cell->apply(title, changes, &problem) || m_cell->isWhole())
                 forget();
             then(problem);

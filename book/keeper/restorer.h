@@ -7,23 +7,23 @@
 
 namespace welmo::book {
 
-/// Writes many values as one: before the first one the book keeps what was there, so that a restore
-/// that a crash or a lost link cut off is taken back when there is a way to that controller again.
+/// Writes many values as one step. The book first stores the old values, so that a restore that was
+/// cut off by a crash or a lost link is undone when the link to that controller is up again.
 class Restorer : public QObject
 {
     Q_OBJECT
 public:
-    /// Both are borrowed.
+    /// Both must outlive this.
     Restorer(BookThread *keeping, CellWriter *cell, QObject *parent = nullptr);
 
-    /// @p then hears why nothing was changed, or an empty line.
+    /// Calls @p then with the reason why nothing was changed, or with an empty line.
     void restore(const QString &cellName, const QString &title, const QVector<CellChange> &changes,
                  const std::function<void(const QString &problem)> &then);
-    /// Takes back what was left half-done on this cell.
+    /// Undoes a restore that was cut off on this cell.
     void recover(const QString &cellName);
 
 signals:
-    /// A line about a restore that was taken back, or could not be.
+    /// One line about a restore that was undone, or could not be.
     void recovered(const QString &line);
 
 private:

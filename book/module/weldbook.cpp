@@ -18,7 +18,8 @@ namespace {
 const QString moduleName = QStringLiteral("weldbook");
 const QString pageKey = QStringLiteral("weldbook.page");
 
-// The one thing that the book needs of a host besides what every package does.
+// The folder for a file of the book; the data folder is all that it needs of a host besides what
+// every package uses.
 QString folderFor(const QString &name)
 {
     return QDir(kelp::Workspace::current()->dataFolder()).filePath(name);

@@ -8,7 +8,7 @@ namespace welmo::book {
 class Bookkeeper;
 }
 
-/// The module that the host loads: a navigation entry, the page, and the bookkeeper behind them.
+/// The module that the host loads: a navigation entry, the page, and the bookkeeper.
 class WeldBook : public pando::BModule
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     void init() override;
     void setup() override;
     void render() override;
-    /// Closes the book; a seam that is under way is written as interrupted.
+    /// Closes the book; an open seam is stored as interrupted.
     void detach() override;
 
 private:

@@ -105,7 +105,7 @@ void BackupPage::makeItemTable()
     m_table->setSelectionMode(QAbstractItemView::NoSelection);
     connect(m_table, &QTableView::clicked, this, [this](const QModelIndex &index) {
         QStandardItem *item = m_model->item(index.row());
-        if (index.column() > 0) // all of the row is a place for a finger
+        if (index.column() > 0) // a touch anywhere in the row checks it
             item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
     });
 }

@@ -18,8 +18,8 @@ namespace welmo::book {
 
 class Bookkeeper;
 
-/// Writes all that the controller keeps to one file, and shows what differs from such a file before
-/// any of it is taken back.
+/// Writes all that the controller keeps to a file, and shows what differs from such a file before
+/// any of it is restored.
 class BackupPage : public QWidget
 {
     Q_OBJECT

@@ -55,8 +55,7 @@ BookPage::BookPage(Bookkeeper *keeper, QWidget *parent, QObject *owner)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(title);
-    // Beside an open side bar there is less room than the pages want; the window must not grow by
-    // what is missing.
+    // Beside an open side bar the pages may get less room than they want; the window must not grow.
     m_wgt->setMinimumSize(1, 1);
     m_pages->setContentsMargins(12, 10, 12, 10);
     column->addWidget(m_pages, 1);
@@ -86,7 +85,7 @@ void BookPage::render()
     auto *theme = tessa::ManagerHelper::instance()->themeManager();
     setRecursiveWidgetStyleSheet(
         m_wgt, theme->genStyleSheet(QStringLiteral(":/weldbook/render/book.json")));
-    // What had asked for its size before it was told how to look would keep it.
+    // Widgets that were measured before they had a style must be styled again.
     for (QWidget *widget : m_wgt->findChildren<QWidget *>()) {
         widget->style()->unpolish(widget);
         widget->style()->polish(widget);

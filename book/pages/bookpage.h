@@ -13,7 +13,7 @@ namespace welmo::book {
 
 class Bookkeeper;
 
-/// The page of the weld book: a row of buttons, and what is chosen with them.
+/// The page of the weld book: a row of buttons, and the page that they choose.
 class BookPage : public tessa::BasePage
 {
     Q_OBJECT

@@ -38,7 +38,7 @@ QComboBox *makeCombo(const QString &name, QWidget *parent)
 {
     auto *combo = new QComboBox(parent);
     combo->setObjectName(name);
-    combo->setView(new QListView(combo)); // whose rows the style rules make large enough
+    combo->setView(new QListView(combo)); // the style rules make this view's rows high enough
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setMinimumContentsLength(fewestLetters);
     return combo;

@@ -8,9 +8,9 @@ class QWidget;
 
 namespace welmo::book {
 
-/// A table for fingers: whole rows are chosen, one at a time, and a drag scrolls.
+/// A table for fingers: it selects whole rows, one at a time, and a drag scrolls.
 QTableView *makeTable(const QString &name, QWidget *parent);
-/// A combo box that keeps its width, whatever stands in it.
+/// A combo box that keeps its width whatever its items are.
 QComboBox *makeCombo(const QString &name, QWidget *parent);
 
 } // namespace welmo::book

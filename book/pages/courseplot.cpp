@@ -51,7 +51,7 @@ CoursePlot::CoursePlot(QWidget *parent)
         m_strips.push_back(makeStrip(row));
         column->addWidget(m_strips.back().plot, 1);
     }
-    for (size_t i = 0; i + 1 < m_strips.size(); ++i) // one axis of time for all
+    for (size_t i = 0; i + 1 < m_strips.size(); ++i) // one time axis for all strips
         m_strips[i].plot->enableAxis(QwtPlot::xBottom, false);
 }
 
@@ -85,7 +85,7 @@ CoursePlot::Strip CoursePlot::makeStrip(const BandRow &row)
     for (QwtPlotItem *item :
          {static_cast<QwtPlotItem *>(strip.band), static_cast<QwtPlotItem *>(strip.set),
           static_cast<QwtPlotItem *>(strip.second), static_cast<QwtPlotItem *>(strip.first)})
-        item->attach(plot); // which owns it from now on
+        item->attach(plot); // the plot owns it from now on
     return strip;
 }
 
@@ -145,7 +145,7 @@ void CoursePlot::clear()
     setSetValues({});
 }
 
-// From 0 up to what is there, with a little air; the band counts as well.
+// From 0 to the highest value, with a margin; the band counts as well.
 void CoursePlot::scale(Strip &strip)
 {
     double most = 0;

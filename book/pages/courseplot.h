@@ -13,8 +13,8 @@ class QwtPlotZoneItem;
 
 namespace welmo::book {
 
-/// Current, voltage and speed over time, one above the other: limits as bands, set values as dashed
-/// lines, a second course in a fainter line.
+/// Current, voltage and speed over time, in strips: limits as bands, set values as dashed lines, a
+/// second course as fainter lines.
 class CoursePlot : public QWidget
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     void setSecond(const Course &course);
     void setLimits(const Limits &limits);
     void setSetValues(const Seam &seam);
-    /// What of time is shown, in seconds; by itself all of it.
+    /// Sets the shown time span in seconds; without a call all of the course is shown.
     void setSpan(double from, double to);
     void clear();
     void replot();

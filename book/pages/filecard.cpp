@@ -96,7 +96,7 @@ void FileCard::showFile(const QString &file)
 
 void FileCard::showVersions(const QVector<FileVersion> &versions)
 {
-    // Who looks at the newest goes on to do so.
+    // If the newest version was chosen, choose the newest again.
     const bool newest = chosen().number == m_versions.value(0).number;
     const qint64 before = chosen().file == m_file && !newest ? chosen().number : 0;
     m_versions = versions;
@@ -124,7 +124,7 @@ QString FileCard::changesText(const FileVersion &version, const FileVersion &bef
                                contentFromJson(version.content));
 }
 
-// What was chosen stays, where it fits the file.
+// Keeps the choice if it fits the file.
 void FileCard::fillOthers()
 {
     const QVariant wanted = m_with->currentData();

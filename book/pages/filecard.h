@@ -14,17 +14,17 @@ namespace welmo::book {
 
 class Bookkeeper;
 
-/// The versions of one file, each with what it changed, and beside them two versions or files with
-/// only what differs.
+/// The versions of one file, each with what it changed, and a comparison of two versions or files
+/// that shows only the differences.
 class FileCard : public QWidget
 {
     Q_OBJECT
 public:
     FileCard(Bookkeeper *keeper, QWidget *parent);
 
-    /// An empty name clears it.
+    /// An empty name clears the card.
     void showFile(const QString &file);
-    /// The chosen version; its number is 0 when there is none.
+    /// The chosen version; its number is 0 if there is none.
     FileVersion chosen() const;
 
 signals:

@@ -19,7 +19,7 @@ public:
         QString file;
         QVariant content;
         FileVersion newest;
-        QString programs; ///< and lines
+        QString programs; ///< with their lines
         int welds = 0;
     };
 

@@ -248,7 +248,7 @@ void FilesPage::useDefaults()
         carryOut(tr("%1 set to the defaults").arg(name), write(name, defaultContent(*set, name)));
 }
 
-// The programs are looked through at that moment: one may have been saved since.
+// The programs are read again now, since one may have been saved meanwhile.
 void FilesPage::remove()
 {
     m_keeper->ask(

@@ -18,8 +18,7 @@ class Bookkeeper;
 class FileCard;
 class FileModel;
 
-/// Every parameter file of the controller: where it is used, what it was, and what can be done with
-/// it.
+/// Every parameter file of the controller: where it is used, its versions, and actions on it.
 class FilesPage : public QWidget
 {
     Q_OBJECT

@@ -172,7 +172,7 @@ Limits LimitsPanel::shown() const
     return limits;
 }
 
-// Good is what ended as programmed, without trouble, and was not found outside limits before.
+// Good seams ended as programmed, without trouble, and were not outside earlier limits.
 void LimitsPanel::learn()
 {
     if (!m_keeper)

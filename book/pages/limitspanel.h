@@ -14,8 +14,8 @@ namespace welmo::book {
 
 class Bookkeeper;
 
-/// The limits of one welding file, to set by hand or to learn from good seams; nothing is in force
-/// before it is saved.
+/// The limits of one welding file, to set by hand or to learn from good seams; they apply only once
+/// they are saved.
 class LimitsPanel : public QWidget
 {
     Q_OBJECT

@@ -14,7 +14,7 @@ namespace welmo::book {
 
 class CoursePlot;
 
-/// All of one record: verdict and why, what was set and what became of it, and the course.
+/// All of one record: verdict and reasons, set values and results, and the course.
 class SeamCard : public QWidget
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     explicit SeamCard(QWidget *parent = nullptr);
 
     void showSeam(const Seam &seam, const Course &course, const Limits &limits);
-    /// Another seam's course over this one's; an empty one takes it away.
+    /// Draws another seam's course over this one's; an empty one removes it.
     void showOver(const Course &course, const QString &which);
     void clear();
 

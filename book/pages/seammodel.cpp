@@ -41,7 +41,7 @@ QVariant SeamModel::data(const QModelIndex &index, int role) const
 QString SeamModel::textOf(const Seam &seam, int column) const
 {
     switch (column) {
-    case Judged: // the sign tells it without its colour, too
+    case Judged: // the sign can be read without its colour
         return QStringLiteral("○✓!✗").at(static_cast<int>(seam.verdict));
     case Started:
         return seam.startedAt().toString(QStringLiteral("MM-dd HH:mm:ss"));

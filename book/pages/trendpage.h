@@ -13,7 +13,7 @@ namespace welmo::book {
 class Bookkeeper;
 class CoursePlot;
 
-/// The running weld as a strip: the last minute of the actual values, with the limits in force.
+/// The running weld as a strip: the last minute of the actual values, with the present limits.
 class TrendPage : public QWidget
 {
     Q_OBJECT

@@ -21,14 +21,14 @@ class LimitsPanel;
 class SeamCard;
 class SeamModel;
 
-/// The records as a list with filters, and the card of the one that was touched.
+/// The records as a list with filters, and the card of the chosen one.
 class WeldsPage : public QWidget
 {
     Q_OBJECT
 public:
     WeldsPage(Bookkeeper *keeper, QWidget *parent);
 
-    /// Reads the list anew; the chosen record stays chosen.
+    /// Reads the list again; the chosen record stays chosen.
     void reload();
 
 signals:
@@ -61,7 +61,7 @@ private:
     SeamModel *m_model;
     SeamCard *m_card;
     QPushButton *m_compare = nullptr;
-    QVector<QAction *> m_ofOne; ///< that need a chosen weld
+    QVector<QAction *> m_ofOne; ///< enabled while a weld is chosen
     QPushButton *m_limits = nullptr;
     std::optional<Seam> m_chosen;
 };

@@ -11,7 +11,7 @@ class QWidget;
 
 namespace welmo::book {
 
-/// What the codes in a record are called, and values as they are shown. What was not told is "–".
+/// The names of the codes in a record, and values as they are shown; "–" for an unknown one.
 class Words
 {
     Q_DECLARE_TR_FUNCTIONS(welmo::book::Words)
@@ -19,12 +19,12 @@ public:
     static QString verdict(Verdict verdict);
     static QString ending(const QString &code);
     static QString mode(const QString &code);
-    /// Every reason of a record, in words.
+    /// Every reason in a record, in words.
     static QString reasons(const QString &codes);
     static QString number(const std::optional<double> &value, int decimals,
                           const QString &unit = {});
     static QString text(const QString &text);
-    /// Day and time here.
+    /// Local date and time.
     static QString moment(qint64 msUtc);
     static QString notTold() { return tr("not told"); }
 };
@@ -33,9 +33,9 @@ public:
 QColor themeColor(const char *key);
 QColor verdictColor(Verdict verdict);
 
-/// A label of the kind that the style rules know: "name", "value", "big", "head", "hint".
+/// A label of a kind that the style rules know: "name", "value", "big", "head", "hint".
 QLabel *makeLabel(const QString &text, const char *kind, QWidget *parent);
-/// Sets the property that the style rules select by, and styles the widget anew.
+/// Sets the property that the style rules select by, and styles the widget again.
 void setStyleWord(QWidget *widget, const char *name, const QString &word);
 
 } // namespace welmo::book

@@ -19,7 +19,7 @@ const QString writtenKey = QStringLiteral("written");
 const QString valuesKey = QStringLiteral("values");
 const QString limitsKey = QStringLiteral("limits");
 
-constexpr qint64 longest = 64 * 1024 * 1024; // whoever claims more has no backup
+constexpr qint64 longest = 64 * 1024 * 1024; // a file that claims to be larger is no backup
 
 QString checksumOf(const QJsonObject &content)
 {
@@ -27,7 +27,7 @@ QString checksumOf(const QJsonObject &content)
     return QString::fromLatin1(QCryptographicHash::hash(json, QCryptographicHash::Sha256).toHex());
 }
 
-// The first four bytes say how much will come out.
+// The first four bytes are the unpacked size.
 QByteArray unzipped(const QByteArray &bytes)
 {
     const bool sane = bytes.size() > 4 && qFromBigEndian<quint32>(bytes.constData()) < longest;

@@ -14,16 +14,16 @@ class BackupFile
 public:
     static constexpr int format = 1;
 
-    QString cell; ///< whose; null where no controller told
+    QString cell; ///< the cell's name; null if the controller has none
     QString written; ///< ISO 8601 with zone
     QVariantMap values; ///< by node, below that by entry
-    QVariantMap limits; ///< by welding file, as of toJson(Limits)
+    QVariantMap limits; ///< by welding file, see toJson(Limits)
 
     QByteArray pack() const;
-    /// Nothing, with a line, for what is damaged, no backup, or of a newer format.
+    /// Empty, with a line in @p problem, if the bytes are damaged, no backup, or of a newer format.
     static std::optional<BackupFile> unpack(const QByteArray &bytes, QString *problem);
 
-    /// Written as a whole or not at all; false with a line.
+    /// Writes the file completely or not at all; false, with a line in @p problem, on failure.
     bool save(const QString &file, QString *problem) const;
     static std::optional<BackupFile> load(const QString &file, QString *problem);
 };

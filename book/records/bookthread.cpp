@@ -52,7 +52,7 @@ int BookThread::dropped() const
     return m_dropped;
 }
 
-// Null when it is time to end, and everything is done.
+// The next job; null once the thread is to end and all jobs are done.
 BookThread::Job BookThread::next()
 {
     const QMutexLocker lock(&m_mutex);

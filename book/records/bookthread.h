@@ -13,9 +13,9 @@
 
 namespace welmo::book {
 
-/// A thread with a book of its own. Nobody waits for it: jobs queue up, and their answers come back
-/// through the event loop of the thread that made it. A queue that is full drops jobs that may be
-/// dropped, and counts them.
+/// A thread with its own connection to the book. Callers do not wait for it: jobs queue up, and
+/// answers arrive through the event loop of the thread that made it. If the queue is full, jobs
+/// that may be dropped are dropped and counted.
 class BookThread : public QObject
 {
     Q_OBJECT
@@ -23,16 +23,17 @@ public:
     using Job = std::function<void(SeamBook &book)>;
     enum Importance { MayBeDropped, MustBeDone };
 
-    static constexpr int capacity = 1000; ///< jobs that may be dropped
+    static constexpr int capacity = 1000; ///< the most waiting jobs that may be dropped
 
     BookThread(const QString &file, Database::Access access, QObject *parent = nullptr);
-    /// Does what is queued, and ends.
+    /// Carries out all waiting jobs, then ends the thread.
     ~BookThread() override;
 
-    /// Queues a job. False when it was dropped.
+    /// Queues a job. False if it was dropped.
     bool post(const Job &job, Importance importance = MustBeDone);
 
-    /// Runs @p work over there and @p then here with what it answered, unless @p context is gone.
+    /// Runs @p work on the thread, then @p then here with its result, unless @p context was
+    /// deleted.
     template<typename Work, typename Then>
     void ask(QObject *context, const Work &work, const Then &then)
     {
@@ -54,7 +55,7 @@ public:
 signals:
     /// One line: the book cannot be opened, or something could not be written.
     void problem(const QString &line);
-    /// The book is open; so many records of an earlier run were closed as interrupted.
+    /// The book is open; @p interrupted records of an earlier run were closed as interrupted.
     void opened(int interrupted);
 
 private:

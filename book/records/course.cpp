@@ -19,7 +19,8 @@ qint32 stored(double value)
 
 } // namespace
 
-// Channel by channel, so that like stands beside like; most differences need one byte of four.
+// The channels one after the other, so that similar bytes are adjacent; most differences need one
+// byte of four.
 QByteArray packed(const Samples &samples)
 {
     QByteArray plain;

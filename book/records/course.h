@@ -19,15 +19,15 @@ using Samples = QVector<Sample>;
 struct Course
 {
     static constexpr int fullRate = 10; ///< a second, as recorded
-    static constexpr int thinRate = 1; ///< of what is old
+    static constexpr int thinRate = 1; ///< of old seams
 
     int rate = fullRate; ///< a second
     Samples samples;
 };
 
-/// The samples in few bytes: tenths, as differences, compressed. Every kept value is within 0.05.
+/// Compresses the samples: tenths, as differences. Every stored value is within 0.05 of its sample.
 QByteArray packed(const Samples &samples);
-/// Nothing when the bytes are damaged.
+/// Empty if the bytes are damaged.
 Samples unpacked(const QByteArray &bytes);
 /// One sample for each @p count: their mean.
 Samples thinned(const Samples &samples, int count);

@@ -35,7 +35,7 @@ const QStringList &tables()
     return list;
 }
 
-// For the filters, newest first, and for what looks for open or old records.
+// For the filters, newest first, and for finding open and old records.
 const QStringList &indices()
 {
     static const QStringList list{
@@ -99,7 +99,7 @@ QString Database::inspect(Access access)
             .arg(schemaVersion);
     if (access == ReadOnly)
         return run(QStringLiteral("PRAGMA query_only = 1")) ? QString() : m_error;
-    // EXTRA first: without a log yet, a removed journal must not come back after a power cut.
+    // EXTRA first: before there is a log, a removed journal must not come back after a power cut.
     if (!run(QStringLiteral("PRAGMA synchronous = EXTRA"))
         || !run(QStringLiteral("PRAGMA journal_mode = WAL"))
         || !atOnce([this] { return makeTables(); }))
@@ -123,7 +123,7 @@ bool Database::makeTables()
         && run(QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion));
 }
 
-// A value that an older book does not have yet is null in its records.
+// A column that an older book lacks is added; its value is null in existing records.
 bool Database::addMissingColumns()
 {
     QSqlQuery present = query();

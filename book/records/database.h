@@ -10,15 +10,15 @@
 
 namespace welmo::book {
 
-/// The book's file: SQLite with a write-ahead log and full synchronisation, so that what was
-/// committed stays, whoever is killed. One thread uses a Database; several may be open on a file.
+/// The book's file: SQLite with a write-ahead log and full synchronisation, so that committed data
+/// survives any crash. One thread uses a Database; a file may be open in several.
 class Database
 {
     Q_DECLARE_TR_FUNCTIONS(welmo::book::Database)
 public:
     enum Access { ReadWrite, ReadOnly };
 
-    /// Opens the file, makes or completes its tables; null with a line in @p problem when it is
+    /// Opens the file and makes or completes its tables; null, with a line in @p problem, if it is
     /// damaged, another program's, of a newer version, or cannot be written.
     static std::unique_ptr<Database> open(const QString &file, Access access, QString *problem);
     ~Database();
@@ -26,12 +26,12 @@ public:
     Database &operator=(const Database &) = delete;
 
     QSqlQuery query() const { return QSqlQuery(m_database); }
-    /// Runs a statement without results; false with errorText().
+    /// Runs a statement without results; on failure false, with errorText().
     bool run(const QString &sql, const QVariantList &values = {});
     QVariant value(const QString &sql);
-    /// Runs the query as it is bound; false with errorText().
+    /// Runs the query with its bound values; on failure false, with errorText().
     bool run(QSqlQuery &query);
-    /// All that @p work does, or nothing of it where it answers false.
+    /// Runs @p work in a transaction, which is rolled back if it returns false.
     template<typename Work>
     bool atOnce(const Work &work)
     {

@@ -6,24 +6,24 @@
 
 namespace welmo::book {
 
-/// One value of a file that is not the same in another one, or was not before.
+/// One value that differs between two contents of a file.
 struct Difference
 {
     QString key; ///< dotted
-    QVariant before; ///< invalid where it is missing
+    QVariant before; ///< invalid if it is missing
     QVariant after;
 };
 
-/// The values of a file by their dotted keys; a list is one value.
+/// A file's values by their dotted keys; a list counts as one value.
 QVariantMap flattened(const QVariant &content);
-/// What differs, by key; the file's own name does not count.
+/// All differences, by key; the file's own name is ignored.
 QVector<Difference> differences(const QVariant &before, const QVariant &after);
 
-/// Whether two values are the same as JSON, in which 12 is 12.0.
+/// Whether two values are equal as JSON, in which 12 equals 12.0.
 bool sameValues(const QVariant &a, const QVariant &b);
 
-/// A content as it is kept and compared: JSON, the same bytes for the same values. Null for a
-/// content that is no map: the file is not there.
+/// The content as JSON for storing and comparing: equal values give equal bytes. Null if the
+/// content is no map, that is if the file does not exist.
 QByteArray contentJson(const QVariant &content);
 QVariant contentFromJson(const QByteArray &json);
 

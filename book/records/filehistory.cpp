@@ -30,7 +30,7 @@ QVector<FileVersion> FileHistory::versions(const QString &file)
                 {file});
 }
 
-// A column that is not aggregated comes from the row with the maximum.
+// SQLite takes the other columns from the row with the maximum.
 QVector<FileVersion> FileHistory::newest()
 {
     return read(QStringLiteral("SELECT file, max(number), time, user, content FROM version"

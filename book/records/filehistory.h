@@ -6,37 +6,37 @@
 
 namespace welmo::book {
 
-/// A file as it was from one moment on.
+/// A file's content from one moment on.
 struct FileVersion
 {
     QString file;
     qint64 number = 0; ///< counts from 1 for each file
-    qint64 time = 0; ///< ms UTC when the book heard of it
-    QString user; ///< null where nobody told
-    QByteArray content; ///< as of contentJson(); null: there was no such file
+    qint64 time = 0; ///< ms UTC when the book was notified
+    QString user; ///< null if unknown
+    QByteArray content; ///< see contentJson(); null if the file did not exist
 
     bool exists() const { return !content.isEmpty(); }
 };
 
-/// Every version of every parameter file that the book heard of.
+/// All versions of the parameter files that the book was notified of.
 class FileHistory
 {
 public:
-    /// Older ones of a file give way.
+    /// A file's older versions are dropped.
     static constexpr int mostVersions = 500;
 
     explicit FileHistory(Database &database)
         : m_database(database)
     { }
 
-    /// False, with the database's errorText(), when it could not be kept.
+    /// On failure false, with the database's errorText().
     bool add(const FileVersion &version);
     bool setUser(const QString &file, qint64 number, const QString &user);
     /// Newest first.
     QVector<FileVersion> versions(const QString &file);
-    /// The newest one of each file.
+    /// The newest version of each file.
     QVector<FileVersion> newest();
-    /// In how many welds each file was used.
+    /// The number of welds in which each file was used.
     QHash<QString, int> welds();
 
 private:

@@ -8,16 +8,16 @@ namespace {
 
 constexpr int msPerSample = 1000 / Course::fullRate;
 
-constexpr double leastHalfWidth = 0.02; // of the mean
+constexpr double leastHalfWidth = 0.02; // as a part of the mean
 
-// Otherwise welds that are all alike would reject the next one for a rounding.
+// A least width, since limits from identical welds would reject the next one for a rounding error.
 Band threeSigma(double mean, double deviation)
 {
     const double half = std::max(3 * deviation, leastHalfWidth * mean);
     return {std::max(0.0, mean - half), mean + half};
 }
 
-// Over all samples of all seams, from what each seam's record kept of its own.
+// Over all samples of all seams, computed from the statistics in the seams' records.
 Band ofSamples(const QVector<Seam> &seams, Spread Seam::*value)
 {
     double weight = 0;

@@ -10,7 +10,7 @@
 
 namespace welmo::book {
 
-/// Between what a value has to be; either end may be open.
+/// The range in which a value must be; either end may be open.
 struct Band
 {
     std::optional<double> low;
@@ -18,11 +18,11 @@ struct Band
 
     bool isSet() const { return low || high; }
     bool holds(double value) const { return !(low && value < *low) && !(high && value > *high); }
-    /// Within the middle two thirds, for a band that has both ends.
+    /// Within the middle two thirds of a band that has both ends.
     bool holdsEasily(double value) const;
 };
 
-/// What a seam with this welding file is held to.
+/// The limits for seams with this welding file.
 struct Limits
 {
     QString file;
@@ -31,32 +31,32 @@ struct Limits
     Band speed; ///< mm/s, each sample
     Band length; ///< mm
     Band heatInput; ///< kJ/mm
-    int maskStart = 500; ///< ms after the arc burns in which nothing is judged
-    int maskEnd = 0; ///< ms before its end; the alarm comes later by as much
-    int learntFrom = 0; ///< how many seams they come from; 0: set by hand
+    int maskStart = 500; ///< ms after the arc starts burning that are not judged
+    int maskEnd = 0; ///< ms before its end that are not judged; delays the alarm by as much
+    int learntFrom = 0; ///< the number of seams that they were learnt from; 0: set by hand
 
     bool areSet() const;
 };
 
-/// A band by its name in the book, in the order in which they are shown.
+/// A band with its name in the book; the rows are in the order in which they are shown.
 struct BandRow
 {
     QString name;
     QString unit;
     Band Limits::*band;
-    double Sample::*sample; ///< what of a sample it is held to; null for the whole seam's
+    double Sample::*sample; ///< the sample's value to judge; null for a value of the whole seam
 };
 const QVector<BandRow> &bandRows();
 
 constexpr int fewestToLearnFrom = 10;
 
-/// Mean ± 3 standard deviations over good seams, to be looked at before it is taken: of the samples
-/// for what is held to each sample, of the seams' values for the rest; never narrower than ± 2 % of
-/// the mean. Nothing from fewer than fewestToLearnFrom seams.
+/// Suggests limits of mean ± 3 standard deviations over good seams: of the samples for bands that
+/// judge samples, else of the seams' values; at least ± 2 % of the mean. Empty if there are fewer
+/// than fewestToLearnFrom seams.
 std::optional<Limits> learnt(const QString &file, const QVector<Seam> &goodSeams);
 
-/// Why a seam is not green, as kept: "current" and the other bands' names for what left its band,
-/// and these.
+/// Why a seam is not green, as stored: the names of the bands that it left, such as "current", and
+/// these words.
 namespace reason {
 inline const QString alarm = QStringLiteral("alarm");
 inline const QString near = QStringLiteral("near_limit");
@@ -66,20 +66,20 @@ inline const QString stopped = QStringLiteral("stopped");
 inline const QString incomplete = QStringLiteral("incomplete"); ///< not recorded to its end
 } // namespace reason
 
-/// Judges a seam while it runs and when it is over.
+/// Judges a seam, while it is welded and at its end.
 class Judge
 {
 public:
-    /// Without limits only trouble is judged.
+    /// Without limits it only judges trouble.
     explicit Judge(Limits limits = {})
         : m_limits(std::move(limits))
     { }
 
     const Limits &limits() const { return m_limits; }
-    /// The next sample of the burning arc. Answers the band that it, or an earlier one that the end
-    /// mask held back, leaves for the first time; else null.
+    /// Judges the next sample of the burning arc. Returns the band that this sample, or an earlier
+    /// one that the end mask delayed, leaves for the first time; else null.
     const BandRow *take(const Sample &sample);
-    /// Puts verdict and reason into the record of the finished seam.
+    /// Sets verdict and reasons in the record of the finished seam.
     void conclude(Seam *seam) const;
 
 private:

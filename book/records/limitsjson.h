@@ -6,9 +6,10 @@
 
 namespace welmo::book {
 
-/// Limits as they are kept and backed up: {"current": {"low": 1, "high": 2}, "mask_start": 500, …}.
+/// Limits as they are stored and backed up: {"current": {"low": 1, "high": 2}, "mask_start": 500,
+/// …}.
 QByteArray toJson(const Limits &limits);
-/// What is not in there is not set.
+/// Missing values are not set.
 Limits limitsFromJson(const QString &file, const QByteArray &json);
 
 } // namespace welmo::book

@@ -5,7 +5,7 @@
 
 namespace welmo::book {
 
-/// What became of a measured value over a seam. Without samples everything is 0.
+/// Statistics of a measured value over a seam; all 0 without samples.
 struct Spread
 {
     double mean = 0;
@@ -14,7 +14,8 @@ struct Spread
     double deviation = 0; ///< standard deviation of the samples
 };
 
-/// Gathers samples one by one, without keeping them (after Welford, so that it stays exact).
+/// Computes statistics sample by sample, without keeping the samples (Welford's method, which stays
+/// exact).
 class Statistics
 {
 public:

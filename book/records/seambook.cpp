@@ -198,7 +198,7 @@ Course SeamBook::course(qint64 seam)
     return {rate > 0 ? rate : Course::fullRate, samples(seam)};
 }
 
-// Through the index from name to name, and not over every record.
+// Jumps from name to name in the index instead of reading every record.
 QStringList SeamBook::distinct(const QString &column)
 {
     QSqlQuery query = m_database->query();

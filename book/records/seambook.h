@@ -10,19 +10,19 @@
 
 namespace welmo::book {
 
-/// Which records; what is empty or not set does not matter.
+/// Which records to list; an empty or unset member matches all.
 struct Filter
 {
-    qint64 from = 0; ///< ms UTC, first moment of the start
-    qint64 until = 0; ///< first moment after it; 0: open
+    qint64 from = 0; ///< ms UTC, the earliest start
+    qint64 until = 0; ///< ms UTC, before which the seam started; 0: no limit
     QString program;
     QString file; ///< the welding file
     std::optional<Verdict> verdict;
     bool realOnly = false;
 };
 
-/// The records, courses and limits in a book. Every operation that answers false leaves the book as
-/// it was, with a line in errorText().
+/// The records, courses and limits in a book. An operation that returns false has changed nothing,
+/// and set errorText().
 class SeamBook
 {
 public:
@@ -30,13 +30,13 @@ public:
         : m_database(std::move(database))
     { }
 
-    /// Puts an open record in and gives it its number; on the disk when this answers.
+    /// Inserts an open record and sets its number; it is on the disk on return.
     bool begin(Seam *seam);
     bool append(qint64 seam, const Samples &more);
-    /// Closes the record with what is in @p seam; its course becomes one piece.
+    /// Closes the record with the values of @p seam, and joins its course into one piece.
     bool finish(const Seam &seam);
-    /// Closes what an earlier run left open as interrupted, from the course as far as it got.
-    /// Answers how many; -1 when that failed.
+    /// Closes the records that an earlier run left open as interrupted, with the course as far as
+    /// it was stored. Returns their number; -1 on failure.
     int closeInterrupted();
 
     /// Newest first.
@@ -44,20 +44,21 @@ public:
     int count(const Filter &filter);
     std::optional<Seam> seam(qint64 id);
     Course course(qint64 seam);
-    /// The programs, or welding files, that there are records of.
+    /// All programs, or welding files, that occur in records.
     QStringList programs();
     QStringList files();
 
     Limits limits(const QString &file);
     QVector<Limits> allLimits();
-    /// Limits without any band are taken out.
+    /// Limits without any band are removed.
     bool setLimits(const Limits &limits);
 
-    /// Courses of seams that began before @p olderThan, and the oldest ones while the book is
-    /// larger than @p bytes, keep one sample a second. Does at most @p most; answers how many.
+    /// Reduces courses to one sample a second: those of seams that began before @p olderThan, and
+    /// the oldest ones while the book is larger than @p bytes. Does at most @p most; returns the
+    /// number.
     int thin(qint64 olderThan, qint64 bytes, int most = 100);
 
-    /// A word that the book keeps for its user.
+    /// A named text that the book stores for its user.
     QString setting(const QString &name);
     bool setSetting(const QString &name, const QString &value);
 

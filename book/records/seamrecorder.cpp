@@ -11,10 +11,10 @@ namespace {
 
 constexpr int msPerSample = 1000 / Course::fullRate;
 constexpr double secondsPerSample = 1.0 / Course::fullRate;
-constexpr int samplesToSend = Course::fullRate; // a second's worth
+constexpr int samplesToSend = Course::fullRate; // one second
 constexpr qint64 mostMissed = 600;
-// How long a seam may be quiet before it is over: with phases until the program was heard as well,
-// without them until the arc would have been struck again.
+// How long a seam may be quiet before it is over: settleMs with phases, until the program's state
+// has arrived too; arcOutMs without phases, the time for striking the arc again.
 constexpr qint64 settleMs = 300;
 constexpr qint64 arcOutMs = 1000;
 constexpr qint64 clockSlackMs = 2000;
@@ -30,7 +30,7 @@ const QString paused = QStringLiteral("paused");
 
 double growth(double before, double now)
 {
-    return now >= before ? now - before : now; // counted from 0 again
+    return now >= before ? now - before : now; // the counter has restarted from 0
 }
 
 void addEnergy(Seam *seam, double joule)
@@ -117,7 +117,7 @@ void SeamRecorder::followPhase(const QString &before)
         m_wasPaused = false;
 }
 
-// The set is known by the name: a file name is its set's prefix and a number.
+// A file's name begins with the prefix of its set.
 void SeamRecorder::followFile(const QString &file)
 {
     const FileInUse use = fileInUse && !file.isEmpty() ? fileInUse(file) : FileInUse{};
@@ -182,7 +182,7 @@ void SeamRecorder::tellLink(bool up, const Moment &now)
     if (up)
         return;
     close(ending::linkLost, now);
-    m_phase.clear(); // what comes up again tells it anew
+    m_phase.clear(); // the welder tells it again when the link is up again
     m_actual = {};
 }
 
@@ -208,7 +208,7 @@ void SeamRecorder::open(const Moment &now)
     m_sink->opened(m_seam);
 }
 
-// The welder's own words come first: the program's may be heard later than the arc they belong to.
+// The welder's own values come first, since the program's may arrive later than their arc.
 void SeamRecorder::takePlace()
 {
     const QString state = m_program.value(QStringLiteral("state")).toString();
@@ -233,7 +233,7 @@ void SeamRecorder::tick(const Moment &now)
         const qint64 due = (now.steady - m_firstSample) / msPerSample - m_samples;
         for (qint64 i = counts ? qMin(due, mostMissed) : 0; i > 0; --i)
             takeSample();
-        if (!counts || due > mostMissed) // what is left out does not stretch the course
+        if (!counts || due > mostMissed) // missing samples must not stretch the course
             m_firstSample = now.steady - m_samples * qint64(msPerSample);
     }
     if (m_unsent.size() >= samplesToSend)

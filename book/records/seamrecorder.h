@@ -9,7 +9,7 @@
 
 namespace welmo::book {
 
-/// Now, by the wall clock and by one that nobody sets.
+/// The present time, by the wall clock and by a steady clock.
 struct Moment
 {
     qint64 wall = 0; ///< ms since 1970, UTC
@@ -19,7 +19,7 @@ struct Moment
     static Moment now();
 };
 
-/// A welding file as it is in use: which version, and what it sets.
+/// The welding file in use: its version, and its set values.
 struct FileInUse
 {
     qint64 version = 0;
@@ -28,25 +28,25 @@ struct FileInUse
     std::optional<double> speed;
 };
 
-/// Who keeps what a recorder finds out.
+/// Receives what a recorder finds out.
 class SeamSink
 {
 public:
     virtual ~SeamSink() = default;
     virtual void opened(const Seam &seam) = 0;
-    /// More of the course of the seam that is open.
+    /// Further samples of the open seam.
     virtual void sampled(const Samples &more) = 0;
-    /// The samples that were not told by then are not worth a second.
+    /// The seam is over; fewer samples than a second's worth may not have been sent before.
     virtual void closed(const Seam &seam) = 0;
-    /// The running seam left its limits: a band's value now.
+    /// The running seam left its limits; @p value is the band's present value.
     virtual void exceeded(const Seam &seam, const BandRow &band, double value) = 0;
 };
 
-/// Makes a record of every seam out of what a controller tells. It asks nobody and knows no clock:
-/// who drives it hands in what was told, and a tick ten times a second while isBusy().
+/// Makes a record of every seam from a controller's notifications. It makes no requests and has no
+/// clock: its owner passes the notifications, and a tick ten times a second while isBusy().
 ///
-/// A seam goes from the first gas to the last where the phases are told, else from arc to arc. A
-/// program that is told to be paused leaves its seam open.
+/// If phases are notified a seam goes from the first gas to the last, else from arc to arc. While
+/// its program is paused a seam stays open.
 class SeamRecorder
 {
 public:
@@ -65,21 +65,21 @@ public:
     void setEfficiency(double factor) { m_efficiency = factor; }
     void setMode(const QString &mode) { m_mode = mode; }
 
-    /// News of "arc_weld.welder_state": only the keys that changed.
+    /// A notification of "arc_weld.welder_state": only the keys that changed.
     void tellWelder(const QVariantMap &news, const Moment &now);
-    /// News of the program under way: any of name, state, line, message.
+    /// A notification of the running program: any of name, state, line, message.
     void tellProgram(const QVariantMap &news);
-    /// Every alarm that is kept, as {id, code, arguments, …}; one is news when its id is.
+    /// All stored alarms, as {id, code, arguments, …}; one is new if its id is.
     void tellAlarms(const QVariantList &entries);
     void tellLink(bool up, const Moment &now);
-    /// What is open is closed as interrupted: the recorder ends.
+    /// Closes the open seam as interrupted, before the recorder is destroyed.
     void end(const Moment &now) { close(ending::interrupted, now); }
     void tick(const Moment &now);
 
     bool isBusy() const { return m_open; }
     const Seam &seam() const { return m_seam; }
     const Judge &judge() const { return m_judge; }
-    /// The actual values as told last.
+    /// The actual values as last notified.
     const Sample &actual() const { return m_actual; }
 
 private:
@@ -100,41 +100,41 @@ private:
 
     SeamSink *m_sink; // not owned
     QString m_cell, m_user, m_mode;
-    QString m_seamProgram; ///< of the seam, where the welder tells it
+    QString m_seamProgram; ///< the seam's program, if the welder tells it
     int m_seamLine = 0;
     double m_efficiency = usualEfficiency;
 
-    // As told last.
+    // The last notified values.
     Sample m_actual;
     QString m_phase, m_state, m_file;
     QVariantMap m_program;
-    qint64 m_lastAlarm = -1; ///< its id; -1 before the first look
+    qint64 m_lastAlarm = -1; ///< its id; -1 before the first reading
     double m_distance = 0;
     double m_wire = 0;
     bool m_tellsPhase = false;
     bool m_tellsDistance = false;
     bool m_tellsWire = false;
 
-    // Of the open seam.
+    // Values of the open seam.
     bool m_open = false;
     Seam m_seam;
     Judge m_judge;
     Moment m_start;
-    qint64 m_firstSample = -1; ///< steady time, later by every pause; -1 before the arc burned
-    qint64 m_quietSince = -1; ///< since when it is not under way; -1 while it is
+    qint64 m_firstSample = -1; ///< steady time, moved on by each pause; -1 before the arc burned
+    qint64 m_quietSince = -1; ///< steady time since when nothing happens; -1 while something does
     bool m_sawEnd = false;
     bool m_wasPaused = false;
-    bool m_failed = false; ///< its program says so
+    bool m_failed = false; ///< its program failed
     bool m_gap = false; ///< the arc is out within the seam
     int m_samples = 0;
     int m_burning = 0;
     double m_energy = 0; ///< J
-    double m_travelled = 0; ///< mm, from the speed
+    double m_travelled = 0; ///< mm, computed from the speed
     Statistics m_current, m_voltage, m_speed;
     Samples m_unsent;
 };
 
-/// The values of a record that follow from its course alone, for one that nobody closed.
+/// Sets the values of an unclosed record that can be computed from its course.
 void completeFromCourse(Seam *seam, const Samples &samples);
 
 } // namespace welmo::book

@@ -26,7 +26,7 @@ void SeamWriter::sampled(const Samples &more)
         m_dropped += more.size();
 }
 
-// A record that could not be begun, as on a full disk, gets a second chance.
+// A record that could not be begun, as on a full disk, is tried again here.
 void SeamWriter::closed(const Seam &seam)
 {
     m_thread->post([this, seam, number = m_number](SeamBook &book) {

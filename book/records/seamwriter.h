@@ -8,8 +8,8 @@
 
 namespace welmo::book {
 
-/// Carries what a recorder finds out into the book, without ever waiting for it. A record is always
-/// written; of a course what does not fit the queue is left out, counted and told once a seam.
+/// Passes a recorder's results to the book without waiting. A record is always written; samples
+/// that do not fit into the queue are dropped, counted, and reported once for each seam.
 class SeamWriter : public QObject, public SeamSink
 {
     Q_OBJECT
@@ -26,17 +26,17 @@ public:
 
 signals:
     void seamOpened(const welmo::book::Seam &seam);
-    /// The record is in the book, on the disk.
+    /// The record is in the book, and on the disk.
     void seamWritten(qint64 number);
     void limitLeft(const QString &band, double value, const welmo::book::Seam &seam);
-    /// A line: what could not be written, and why.
+    /// One line: what could not be written, and why.
     void failed(const QString &line);
-    /// So many samples of the last seam found no place in the queue.
+    /// Samples of the last seam did not fit into the queue.
     void samplesDropped(int count);
 
 private:
     BookThread *m_thread;
-    /// The number in the book of the seam that is being written; on the book's thread only.
+    /// The number in the book of the open seam; used on the book's thread only.
     QSharedPointer<qint64> m_number;
     int m_dropped = 0;
 };

@@ -15,8 +15,8 @@ const QColor bandColor(26, 105, 48, 40);
 struct Strip
 {
     QRectF box;
-    double seconds = 0; ///< the width
-    double most = 0; ///< the height
+    double seconds = 0; ///< the time at the right edge
+    double most = 0; ///< the value at the upper edge
 
     QPointF at(double time, double value) const
     {
@@ -25,7 +25,7 @@ struct Strip
     }
 };
 
-// The next of 1, 2, 5, 10, … above a quarter of the range: three or four lines.
+// The smallest of 1, 2, 5, 10, … above a quarter of the range, which gives three or four lines.
 double stepFor(double range)
 {
     const double power = std::pow(10, std::floor(std::log10(range / 4)));

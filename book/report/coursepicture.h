@@ -6,8 +6,8 @@
 
 namespace welmo::book {
 
-/// A course for paper: a strip for each of current, voltage and speed, limits as bands, the set
-/// value dashed.
+/// A course for printing: a strip each for current, voltage and speed, with the limits as bands and
+/// the set values dashed.
 QImage coursePicture(const Seam &seam, const Course &course, const Limits &limits, QSize size);
 
 } // namespace welmo::book

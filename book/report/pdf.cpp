@@ -16,7 +16,7 @@ namespace welmo::book {
 namespace {
 
 constexpr int dotsPerInch = 150;
-constexpr QSize pictureSize{640, 380}; // in the 96th of an inch that texts count in
+constexpr QSize pictureSize{640, 380}; // in 1/96 inch, the unit of text documents
 const QString pictureName = QStringLiteral("course");
 
 const QString style = QStringLiteral(

@@ -6,22 +6,22 @@ namespace welmo::book {
 
 enum class ReportKind { Csv, Json, SeamPdf, DayPdf };
 
-/// What is to be written.
+/// What report to write.
 struct ReportWish
 {
     ReportKind kind = ReportKind::Csv;
     Filter filter; ///< of a table
-    Seam seam; ///< of a page on one weld, or of the day that it began on
-    QString folder; ///< made when missing; the file gets a name of its own
+    Seam seam; ///< the seam of a page, or one that began on the day
+    QString folder; ///< made if missing; the file's name is generated
 };
 
 struct ReportFile
 {
     QString name; ///< with its path
-    QString problem; ///< a line when it was not written
+    QString problem; ///< one line if it was not written
 };
 
-/// Takes its time: not for the GUI thread.
+/// Writes the report. It is slow: not for the GUI thread.
 ReportFile writeReport(SeamBook &book, const ReportWish &wish);
 
 } // namespace welmo::book

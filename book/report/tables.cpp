@@ -21,7 +21,7 @@ QString isoTime(const QDateTime &time)
     return time.toString(Qt::ISODateWithMs);
 }
 
-// Beyond what any welder measures.
+// More digits than any welder measures.
 QVariant rounded(const QVariant &value)
 {
     constexpr double scale = 10000;
