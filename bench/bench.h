@@ -4,18 +4,18 @@
 
 namespace bench {
 
-/// What a theme hands its rows to: decides which are run, runs them and keeps the figures.
+/// Runs the rows of the themes that are wanted, and keeps their figures.
 class Bench
 {
 public:
-    /// @p quick: each row only shows that it runs. @p filter: rows whose name holds this text.
+    /// @p quick runs each row only once; @p filter selects rows whose name contains it.
     Bench(bool quick, const QString &filter);
 
-    /// Nothing that is needed for the rows alone has to be made when none of them is wanted.
+    /// Whether a row is wanted; if not, what only it needs is not made.
     bool wants(const QString &what) const { return what.contains(m_filter, Qt::CaseInsensitive); }
     /// Times in microseconds.
     void row(const QString &what, const QString &floor, const Trial &ours, const Trial &floorTrial);
-    /// Windows of @p seconds each, or other trials of which a few must do.
+    /// Measures in windows of @p seconds each, or by other trials of which few must do.
     void fewTrials(const QString &what, const QString &floor, const QString &unit,
                    const Trial &ours, const Trial &floorTrial);
     bool isQuick() const { return m_quick; }
@@ -29,7 +29,7 @@ private:
     Table m_table;
 };
 
-// The themes, each in the file of its name.
+// The themes; each is in the file of its name.
 void forms(Bench &bench);
 void pages(Bench &bench);
 void text(Bench &bench);

@@ -17,7 +17,7 @@ inline void waitUntilConnected(XService *service)
     }
 }
 
-/// A host that is connected to a controller over a link of any kind.
+/// A host that is connected to a controller over any link.
 class Desk
 {
 public:

@@ -17,11 +17,13 @@ namespace bench {
 
 namespace {
 
-/// The floor: the same values into widgets that nobody listens to, and out of them into a map.
+/// The floor: the same values written to widgets without connections, and read from them into a
+/// map.
 class RawFields
 {
 public:
-    /// The widgets in @p form that bear the names of the rows' editors, with the same items.
+    /// Finds the widgets in @p form by the names of the rows' editors, and gives them the same
+    /// items.
     RawFields(const welmo::FieldTable &fields, const QWidget *form)
     {
         for (const auto &row : fields.fields()) {
@@ -93,7 +95,7 @@ private:
     Fields<QComboBox> m_choices;
 };
 
-// A second file of the same shape, in which every number and switch is another.
+// The value changed, for a second file in which every number and switch differs.
 QVariant changed(const QVariant &value)
 {
     switch (value.userType()) {
@@ -143,7 +145,7 @@ void compareFilling(Bench &bench, testsupport::FormHost &host, const QString &na
     form.start(); // creates the first file
     QVariantMap second = changed(host.stored(node, files[0])).toMap();
     second.insert(QStringLiteral("name"), files[1]);
-    if (second.contains(angles)) // a V pattern has none
+    if (second.contains(angles)) // a V pattern has no angles
         second.insert(angles, at(host.stored(node, files[0]), angles));
     if (host.store(node, files[1], second) != 0)
         qFatal("the second file was refused");

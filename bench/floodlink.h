@@ -9,8 +9,8 @@
 
 namespace bench {
 
-/// A link to a controller in this process that also knows many signals, which can be made to
-/// change far faster than a screen can follow.
+/// A link to a controller in this process that has many additional signals, which can change far
+/// faster than a screen can follow.
 class FloodLink : public tessa::ControllerLink
 {
     Q_OBJECT
@@ -21,12 +21,12 @@ public:
     FloodLink();
     ~FloodLink() override;
 
-    /// The node of a signal; the first is the one that the welding monitor shows.
+    /// The node of a signal; the first one is shown by the welding monitor.
     static QString node(int signal);
     void start();
     void stop();
 
-    /// Called when the controller has carried out a command, before the caller hears of it.
+    /// Called when the controller has carried out a command, before the caller gets the answer.
     std::function<void(const QString &command)> carriedOut;
 
     tessa::LinkReply call(const tessa::LinkRequest &request, int timeoutMs) override;

@@ -24,7 +24,7 @@ constexpr Theme themes[] = {{"forms", bench::forms},
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
-    // The forms are linked in to be measured one by one; the module comes from the library only.
+    // The forms are also linked into this program; the module must come from the library.
     welmo::pendant::Registrations::present().withdraw();
 
     QCommandLineParser parser;

@@ -6,8 +6,8 @@
 
 namespace bench {
 
-/// Does the work of one side once and gives what it cost, in the unit of its row. What has to be
-/// made ready or cleared away is left out of the figure.
+/// Does the work of one side once and returns its cost in the unit of its row. Preparing and
+/// cleaning up do not count.
 using Trial = std::function<double()>;
 
 /// How long @p work takes, in microseconds.
@@ -23,16 +23,16 @@ double microseconds(const Work &work)
 struct Spread
 {
     double median = 0;
-    double p99 = 0; ///< of fewer than a hundred trials: the largest
+    double p99 = 0; ///< the largest if there are fewer than a hundred trials
 
-    /// By nearest rank; @p values is not empty.
+    /// By nearest rank; @p values must not be empty.
     static Spread of(std::vector<double> values);
 };
 
 struct Effort
 {
-    int trials; ///< of each side, at most
-    int fewest; ///< of each side, however long they take
+    int trials; ///< at most, for each side
+    int fewest; ///< at least, however long they take
     double seconds; ///< for the whole row
 };
 
@@ -46,8 +46,8 @@ struct Comparison
     double p99Ratio() const { return ours.p99 / floor.p99; }
 };
 
-/// Runs both sides in turns, so that whatever drifts meets both; who goes first alternates, too.
-/// The first tenth warms up and does not count.
+/// Runs both sides alternately, so that drift affects both alike, and alternates which goes first.
+/// The first tenth is warm-up and does not count.
 Comparison compare(const Trial &ours, const Trial &floor, const Effort &effort);
 
 } // namespace bench

@@ -9,7 +9,7 @@
 
 namespace bench {
 
-/// A host with the place for pages, and the package's library in it once load() ran.
+/// A host with a centre area for pages, and after load() the package's library.
 class Module
 {
 public:
@@ -19,7 +19,7 @@ public:
         pando::frame().center->resize(pageSize);
     }
 
-    /// From the library's file to the module that runs; the page is in its place then.
+    /// Loads the library's file and runs its module; its page is then in the centre area.
     void load()
     {
         if (!m_loader.load() || !framework()->create(QStringLiteral("welmo")))
@@ -37,7 +37,7 @@ public:
 private:
     pando::ModuleFramework *framework() { return host.host().helper()->framework(); }
 
-    /// What the library still has to be deleted must be gone before its code is.
+    /// Deletes what the library left for deletion before its code is unloaded.
     struct Loader : welmo::pendant::PluginLoader
     {
         Loader()
@@ -46,7 +46,7 @@ private:
         ~Loader() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
     };
 
-    Loader m_loader; // goes after the host, whose modules are its code
+    Loader m_loader; // destroyed after the host, whose modules are code of the library
 
 public:
     testsupport::FormHost host;

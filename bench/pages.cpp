@@ -18,7 +18,7 @@ namespace {
 constexpr int pageCount = 4;
 const QString fromUic = QStringLiteral("the same page from uic");
 
-// A page's widget lives in the styled page around it, and goes with the page.
+// The page's widget is inside the styled page around it, and is deleted with it.
 template<typename Page>
 void openPage(Bench &bench, testsupport::FormHost &host, const QString &name,
               QWidget *(*raw)(QWidget *))
@@ -107,7 +107,7 @@ void loadLibrary(Bench &bench)
               QStringLiteral("a window with the same widgets"), ours, floor);
 }
 
-// What is in use on the GUI thread's heap more than before @p build, in KiB.
+// The growth of the GUI thread's heap by @p build, in KiB.
 template<typename Build>
 double kibibytes(const Build &build)
 {

@@ -75,7 +75,8 @@ double share(int ms)
     return (processorSeconds() - before) / elapsed * 100;
 }
 
-// Between two turns of the event loop that a timer asks for every millisecond, in milliseconds.
+// The longest time between two turns of the event loop, which a timer runs every millisecond, in
+// ms.
 double longestGap(int ms)
 {
     QTimer ticks;

@@ -4,8 +4,8 @@ class QWidget;
 
 namespace bench {
 
-/// The package's forms and pages from uic alone, put together and styled as the package does it,
-/// with the same parts hidden; nothing is connected, listed or filled.
+/// The package's forms and pages as uic makes them, arranged and styled like the package's, with
+/// the same parts hidden, but without connections, items and values.
 namespace raw {
 
 QWidget *arcOn(QWidget *parent);
@@ -21,8 +21,8 @@ QWidget *options(QWidget *parent);
 QWidget *process(QWidget *parent);
 QWidget *weave(QWidget *parent);
 
-/// The page around the four, with its strip of buttons; @p pages of them on a stack, the first one
-/// shown. The stack is its child.
+/// The page around the four, with its strip of buttons; @p pages of them on a stack, its child,
+/// which shows the first one.
 QWidget *arcWeldPage(QWidget *parent, int pages);
 QWidget *monitor(QWidget *parent);
 

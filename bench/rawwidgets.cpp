@@ -13,7 +13,7 @@ namespace {
 
 constexpr int cellCount = 6;
 
-// Folded, as the package's groups begin.
+// Folded, as the package's groups are at first.
 template<typename Form>
 void setUp(QGroupBox *group, QWidget *Form::*advanced)
 {

@@ -3,8 +3,8 @@
 #include <QGroupBox>
 #include <QLabel>
 
-// The package's own classes inside its forms, as widgets alone: what uic made, and for the rows of
-// six cells the same six cells.
+// Plain widgets for the classes that the package's forms contain: what uic made, and six cells for
+// the rows of six cells.
 
 class RawArconGroup : public QGroupBox
 {

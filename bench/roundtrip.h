@@ -10,18 +10,19 @@ struct mosquitto_message;
 
 namespace bench {
 
-/// The floor of every link over a broker: a message to another client and its answer, with the
-/// library's own threads and nothing else.
+/// The floor of every link over a broker: a message to another client and its answer, with only the
+/// library's own threads.
 class RoundTrip
 {
 public:
-    /// The broker is on this machine and asks for no user.
+    /// The broker is on this machine and needs no user.
     explicit RoundTrip(int port);
     ~RoundTrip();
     RoundTrip(const RoundTrip &) = delete;
     RoundTrip &operator=(const RoundTrip &) = delete;
 
-    /// Sends @p question; the other client does @p work and sends @p answer. Back when it is here.
+    /// Sends @p question; the other client runs @p work and sends @p answer. Returns when it has
+    /// arrived.
     void run(const QByteArray &question, const QByteArray &answer,
              const std::function<void()> &work);
 

@@ -8,10 +8,10 @@
 
 namespace bench {
 
-constexpr QSize pageSize{1024, 700}; ///< of the place that the pendant has for a form or a page
+constexpr QSize pageSize{1024, 700}; ///< of the pendant's area for a form or a page
 
-/// What an operator waits for: the widget is made, laid out and painted. Microseconds; that it is
-/// taken down again does not count.
+/// The time that an operator waits for a widget: making, layout and painting, in microseconds; its
+/// deletion does not count.
 template<typename Make>
 Trial opening(const Make &make)
 {

@@ -25,7 +25,7 @@ void demand(const XService::Answer &answer)
         qFatal("the controller refused");
 }
 
-/// Carries work to a thread and waits for it: what every call across threads pays.
+/// Runs work on a thread and waits for it, as every call across threads must.
 class Hop
 {
 public:
@@ -59,7 +59,7 @@ private:
     QSemaphore m_done;
 };
 
-/// One file of parameters in the controller's store and, the same bytes, in a plain one.
+/// One parameter file in the controller's store and, with the same bytes, in a plain one.
 struct Stores
 {
     Desk desk;
@@ -99,7 +99,7 @@ struct Stores
         if (!answer->hasCmobj(QStringLiteral("name")))
             qFatal("the file is not there");
     }
-    // Other bytes each time: what stays the same is not written at all.
+    // Different bytes each time, since equal ones are not written.
     void write()
     {
         content.set(nullptr, QStringLiteral("annotation"), m_letters.at(++m_ourTurn % 2));

@@ -7,7 +7,7 @@ namespace bench {
 
 namespace {
 
-// Three digits that count.
+// Three significant digits.
 QString figure(double value)
 {
     const int decimals = value >= 100 ? 0 : value >= 10 ? 1 : value >= 1 ? 2 : 3;

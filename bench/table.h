@@ -11,12 +11,12 @@ namespace bench {
 struct Row
 {
     QString what;
-    QString floor; ///< what it is held against
+    QString floor; ///< what it is compared with
     QString unit;
     Comparison figures;
 };
 
-/// The figures of a run, as a table for a terminal or for the docs.
+/// The figures of a run as a table, for a terminal or for the docs.
 class Table
 {
 public:

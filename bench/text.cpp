@@ -11,9 +11,9 @@ namespace {
 
 const QString line =
     QStringLiteral(R"(WMoveC Offs(p1, 10, 0, 2.5), p2, v100, fine, tool1, wobj0, "weavedata3")");
-constexpr int repetitions = 100; // of one trial: a line alone is shorter than the clock's tick
+constexpr int repetitions = 100; // of one trial: one line is shorter than the clock's tick
 
-/// The expression that finds a move's arguments, compiled to machine code once.
+/// The expression that finds a move's arguments, compiled once to machine code.
 class JitTokenizer
 {
 public:
@@ -63,7 +63,7 @@ bool isWord(QChar c)
     return (u >= 'a' && u <= 'z') || (u >= 'A' && u <= 'Z') || (u >= '0' && u <= '9') || u == '_';
 }
 
-// What somebody would write by hand.
+// A scanner as one would write it by hand.
 QStringList scan(const QString &text)
 {
     QStringList tokens;

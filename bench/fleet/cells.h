@@ -10,15 +10,14 @@
 
 namespace fleet {
 
-/// Many cells, each telling a value again and again. A value carries its number, so that who reads
-/// it can ask when it was sent.
+/// Many cells that send a value repeatedly. Each value is a number that tells when it was sent.
 class Cells
 {
 public:
-    static constexpr int firstValue = 10; ///< what the node takes
-    static constexpr int values = 490; ///< then the numbers begin anew
+    static constexpr int firstValue = 10; ///< the least that the node accepts
+    static constexpr int values = 490; ///< the count of values, after which they repeat
 
-    /// On @p threads threads, each cell @p rate times a second.
+    /// Each cell sends @p rate times a second, on one of @p threads threads.
     Cells(const welmo::links::BrokerAddress &broker, int count, int rate, int threads);
     ~Cells();
 
@@ -29,7 +28,7 @@ public:
     void setTelling(bool on) { m_telling = on; }
     qint64 sent() const { return m_sent; }
     qint64 nowUs() const { return m_clock.nsecsElapsed() / 1000; }
-    /// When the cell told this value last.
+    /// When the cell last sent this value.
     qint64 sentAtUs(int cell, int value) const { return m_times[slot(cell, value)]; }
 
 private:
@@ -42,7 +41,7 @@ private:
     const int m_rate;
     QElapsedTimer m_clock;
     std::vector<std::unique_ptr<QThread>> m_threads;
-    std::vector<welmo::links::CellService *> m_cells; // each goes with its thread
+    std::vector<welmo::links::CellService *> m_cells; // each is deleted on its thread
     std::vector<int> m_next;
     std::vector<std::atomic<qint64>> m_times;
     std::atomic<int> m_online{0};

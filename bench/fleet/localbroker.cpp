@@ -45,7 +45,7 @@ double LocalBroker::processorSeconds() const
     QFile file(QStringLiteral("/proc/%1/stat").arg(m_process.processId()));
     if (!file.open(QIODevice::ReadOnly))
         return 0;
-    // The fields behind the program's name; the 12th and 13th are ticks in user and system mode.
+    // The fields after the program's name; the 12th and 13th are the ticks in user and system mode.
     const QList<QByteArray> fields = file.readAll().split(')').last().simplified().split(' ');
     return double(fields.value(11).toLong() + fields.value(12).toLong())
         / double(sysconf(_SC_CLK_TCK));

@@ -7,8 +7,8 @@
 
 namespace fleet {
 
-/// A broker of our own on this machine with the settings that the project ships, accounts aside:
-/// making a thousand of them would take longer than the measurement.
+/// A broker on this machine with the project's own settings, but without accounts: making a
+/// thousand of them would take longer than the measurement.
 class LocalBroker
 {
 public:
@@ -16,7 +16,7 @@ public:
     ~LocalBroker();
 
     const welmo::links::BrokerAddress &address() const { return m_address; }
-    /// Processor time so far, in seconds.
+    /// The processor time used so far, in seconds.
     double processorSeconds() const;
 
 private:

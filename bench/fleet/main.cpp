@@ -22,7 +22,7 @@ constexpr int limitMs = 120000;
 constexpr int callMs = 1600;
 const QString node = welmo::names::welderStateRate;
 
-/// Reads the value of every cell, as a plant's own tools would.
+/// Reads the value of every cell, as tools of a plant would.
 class Reader
 {
 public:
@@ -61,14 +61,14 @@ private:
     QMutex m_mutex;
     std::vector<qint64> m_latencies;
     std::atomic<qint64> m_delivered{0};
-    welmo::links::MqttClient m_client; // last: its thread ends first
+    welmo::links::MqttClient m_client; // the last member, so that its thread ends first
 };
 
 template<typename Condition>
 bool waitFor(Condition condition, int timeoutMs = limitMs)
 {
     const QDeadlineTimer deadline(timeoutMs);
-    // With a limit of time the call would not wait at all: a timer ends it instead.
+    // With a time limit processEvents() would not wait for events, so a timer ends it.
     QTimer wake;
     wake.start(5);
     while (!condition() && !deadline.hasExpired())
@@ -76,7 +76,7 @@ bool waitFor(Condition condition, int timeoutMs = limitMs)
     return condition();
 }
 
-// A thousand cells are four thousand descriptors.
+// A thousand cells need four thousand descriptors.
 void raiseDescriptorLimit()
 {
     rlimit limit{};
