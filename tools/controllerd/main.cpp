@@ -16,7 +16,7 @@ void say(const QString &line)
     std::fprintf(stderr, "controllerd: %s\n", qPrintable(line));
 }
 
-/// Backs up, restores or repairs; the exit status.
+/// Backs up, restores or repairs the store; returns the exit status.
 int tendStore(const controllerd::Options &options)
 {
     const QString file = welmo::links::ControllerRunner::storeIn(options.dataFolder);
@@ -35,7 +35,7 @@ int tendStore(const controllerd::Options &options)
     return problem.isEmpty() ? 0 : couldNotStart;
 }
 
-/// The users, and what they may do; a file that cannot be used changes nothing.
+/// Reads the users' roles again; a file that cannot be used changes nothing.
 void reread(const QString &usersFile, welmo::links::CellService *service)
 {
     QString problem;

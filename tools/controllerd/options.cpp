@@ -52,7 +52,7 @@ QString complaintAbout(const QCommandLineParser &parser, Options *options)
         welmo::links::parseAddress(parser.value(QStringLiteral("broker")), &options->broker, &path);
     if (complaint.isEmpty() && !path.isEmpty())
         return QStringLiteral("--broker takes no cell");
-    // A cell is at home under its own name.
+    // A cell's user at the broker has the cell's name.
     if (options->broker.user.isEmpty() && !options->broker.password.isEmpty())
         options->broker.user = options->cell;
     return complaint;

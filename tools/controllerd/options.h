@@ -11,13 +11,13 @@ struct Options
     enum class Task { Serve, BackUp, Restore, Repair };
 
     Task task = Task::Serve;
-    QString backup; ///< the file to write or to read; for a repair it may be empty
+    QString backup; ///< the file to write or to read; optional for a repair
     QString cell;
     welmo::links::BrokerAddress broker;
     QString dataFolder;
     QString usersFile;
-    QString error; ///< one line when the arguments cannot be used
-    QString help; ///< the help text when that was asked for
+    QString error; ///< one line, if the arguments cannot be used
+    QString help; ///< the help text, if it was asked for
 };
 
 Options parseOptions(const QStringList &arguments);

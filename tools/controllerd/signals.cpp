@@ -18,7 +18,7 @@ volatile std::sig_atomic_t ended = 0;
 
 } // namespace
 
-// All that a signal handler may do is to set a flag and to write to a descriptor.
+// A signal handler may do no more than set a flag and write to a descriptor.
 void Signals::handle(int number)
 {
     (number == SIGHUP ? reread : ended) = 1;

@@ -5,7 +5,7 @@
 
 namespace controllerd {
 
-/// SIGTERM, SIGINT and SIGHUP as signals of the event loop. One in a process.
+/// SIGTERM, SIGINT and SIGHUP as signals of the event loop. Only one in a process.
 class Signals : public QObject
 {
     Q_OBJECT

@@ -24,7 +24,7 @@ int complain(const QString &reason)
     return couldNotRun;
 }
 
-// The program as it is on the disk afterwards.
+// Fixes the program and returns it as it is on the disk afterwards.
 ProgramText fixed(const QString &file, const QByteArray &bytes, Report &report)
 {
     ProgramText program(bytes);

@@ -5,16 +5,16 @@
 
 namespace welmo::tlcheck {
 
-/// What the command line asks for.
+/// The command line's options.
 struct Options
 {
     QStringList files;
-    QString dataFolder; ///< the pendant's; empty: no names are looked up
-    bool mayBeBuiltIn = false; ///< no folder was named: the built-in project will do
+    QString dataFolder; ///< the pendant's; empty: names are not looked up
+    bool mayBeBuiltIn = false; ///< no folder was named: the built-in project may be used
     bool fix = false;
     bool json = false;
-    QString error; ///< one line when the arguments cannot be used
-    QString help; ///< the help text when that was asked for
+    QString error; ///< one line, if the arguments cannot be used
+    QString help; ///< the help text, if it was asked for
 };
 
 /// @p arguments includes the program's name.

@@ -4,12 +4,12 @@
 
 namespace welmo::tlcheck {
 
-/// A bar on the terminal behind the standard error stream; nothing where that is no terminal.
+/// A progress bar on the standard error stream; does nothing if that is no terminal.
 class ProgressBar
 {
 public:
     ProgressBar(QString title, int total);
-    /// Wipes the bar away.
+    /// Removes the bar.
     ~ProgressBar();
     ProgressBar(const ProgressBar &) = delete;
     ProgressBar &operator=(const ProgressBar &) = delete;

@@ -20,7 +20,7 @@ namespace {
 const QString storeName = QStringLiteral("controller.db");
 const QString logSuffix = QStringLiteral("-wal");
 const QString indexSuffix = QStringLiteral("-shm");
-constexpr int patience = 1000; // milliseconds, while a pendant writes
+constexpr int patience = 1000; // in ms, for a pendant that is writing
 
 using Connection = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
 using Statement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
@@ -34,14 +34,15 @@ Connection connect(const QString &file, const QByteArray &how)
     return {handle, &sqlite3_close};
 }
 
-// How the file can be read without leaving a trace depends on how its last owner left it.
+// Opens the file in a way that writes nothing beside it; which one depends on how its owner closed
+// it.
 Connection connectWithoutTrace(const QString &file, const QString &scratch)
 {
     if (!QFile::exists(file + logSuffix))
         return connect(file, "immutable=1");
     if (QFile::exists(file + indexSuffix))
         return connect(file, "mode=ro&readonly_shm=1");
-    // A log without its index, as in a copied folder: the index is made elsewhere.
+    // A log without its index, as in a copied folder: the index is made in a copy.
     const QString copy = QDir(scratch).filePath(storeName);
     QFile::copy(file, copy);
     QFile::copy(file + logSuffix, copy + logSuffix);
@@ -54,7 +55,7 @@ QString textAt(sqlite3_stmt *row, int column)
     return QString::fromUtf8(text, sqlite3_column_bytes(row, column));
 }
 
-// The entries of one node as JSON texts, by key; nothing when they cannot be read.
+// The entries of one node as JSON texts, by key; empty if they cannot be read.
 std::optional<std::map<QString, QByteArray>> readNode(sqlite3 *store, const QString &path)
 {
     sqlite3_stmt *handle = nullptr;
@@ -70,7 +71,7 @@ std::optional<std::map<QString, QByteArray>> readNode(sqlite3 *store, const QStr
     return result == SQLITE_DONE ? std::make_optional(entries) : std::nullopt;
 }
 
-// The names in a list of the project; of variables only those of the type.
+// The names in a list of the project; of the variables only those of the type.
 QSet<QString> namesIn(const QVariantList &items, const QString &type = {})
 {
     QSet<QString> names;

@@ -7,7 +7,7 @@
 
 namespace welmo::tlcheck {
 
-/// What a run tells: findings on the standard output, the rest on the standard error stream; with
+/// What a run prints: findings on the standard output, the rest on the standard error stream; with
 /// @p json all of it as one object at the end.
 class Report
 {
@@ -21,7 +21,7 @@ public:
     /// A file that could not be read or written.
     void addError(const QString &file, const QString &reason);
 
-    /// Writes what is left to write, and gives the exit status: 0, 1 with findings, 2 with errors.
+    /// Prints what is left and returns the exit status: 0, 1 with findings, 2 with errors.
     int finish();
 
 private:

@@ -19,7 +19,7 @@ constexpr int wrongBook = 1;
 struct Call
 {
     QCommandLineParser parser;
-    QStringList words; ///< the command and what follows it
+    QStringList words; ///< the command and its arguments
     Filter filter;
     QIODevice *out = nullptr;
     QString problem;
@@ -195,7 +195,7 @@ struct Command
 {
     const char *name;
     int (*run)(SeamBook &book, Call &call);
-    int most; ///< words
+    int most; ///< the most arguments
 };
 
 constexpr Command commands[] = {

@@ -6,9 +6,9 @@ class QIODevice;
 
 namespace welmo::book {
 
-/// Runs "weldbook list|show|export|report|verify" and writes what it tells to @p out. Answers the
-/// exit status: 0, 1 when something is wrong with the book, 2 when the arguments are; then there
-/// is a line in @p problem.
+/// Runs "weldbook list|show|export|report|verify" and writes the result to @p out. Returns the exit
+/// status: 0, 1 if something is wrong with the book, 2 if the arguments are wrong, with a line in
+/// @p problem.
 int runCommand(const QStringList &arguments, QIODevice *out, QString *problem);
 
 } // namespace welmo::book

@@ -1,4 +1,4 @@
-// The weld book from a shell: what is kept below a pendant's data folder.
+// The weld book on the command line, from a pendant's data folder.
 
 #include <QFile>
 #include <QGuiApplication>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// A page needs fonts, and no display; everything else needs neither.
+// A page needs fonts but no display; other commands need neither.
 std::unique_ptr<QCoreApplication> makeApplication(int &argc, char *argv[])
 {
     const bool paints = std::any_of(argv, argv + argc,
