@@ -1,6 +1,6 @@
 # The host's four libraries from a vendor's SDK: headers under include/, libraries under lib/.
 
-# Named one by one, since a path that is wrong by a folder looks right.
+# Each file is checked, since a path that is wrong by one folder looks right.
 foreach(file lib/libkelpCore.so lib/libkelpPando.so lib/libkelpvu.so lib/libtessa.so
         include/kelp/moduleobject.h include/pando/bmodule.h include/vu/xtheme.h
         include/tessa/managerhelper.h)

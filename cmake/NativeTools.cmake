@@ -1,5 +1,5 @@
-# Cross builds: what runs during the build is this machine's own. Qt's packages take targets that are
-# there already as they are.
+# In a cross build, programs that run during the build are this machine's own. Qt's packages keep
+# targets that already exist.
 
 foreach(tool qmake moc uic rcc)
     find_program(WELMO_NATIVE_${tool} ${tool} REQUIRED

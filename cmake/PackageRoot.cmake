@@ -1,5 +1,5 @@
-# Read by cpack for each kind of package: where its files begin. The archives of plug-in and pendant
-# unpack into the same folder, and work there together.
+# cpack reads this for each kind of package: the folder where its files begin. The archives of
+# plug-in and pendant unpack into the same folder and work together there.
 
 if(CPACK_GENERATOR STREQUAL "DEB")
     set(CPACK_PACKAGING_INSTALL_PREFIX "/usr")

@@ -1,6 +1,6 @@
-# What is shipped: the plug-in, for a host that brings its own four libraries; the weld book, for the same
-# hosts; and the pendant with the stand-in for them, the tools and the examples. A Debian package and an
-# archive of each.
+# The packages: the plug-in, for a host with its own four libraries; the weld book, for the same
+# hosts; and the pendant with the stand-in libraries, the tools and the examples. Each is a Debian
+# package and an archive.
 
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_COMPONENTS_ALL plugin weldbook pendant)
@@ -25,8 +25,8 @@ foreach(component PLUGIN WELDBOOK PENDANT)
     set(CPACK_ARCHIVE_${component}_FILE_NAME "${package}-${PROJECT_VERSION}-${architecture}")
 endforeach()
 
-# Named here and not found by dpkg-shlibdeps, which knows nothing of a sysroot's packages; installing
-# into a clean root shows what is missing.
+# Named by hand, since dpkg-shlibdeps does not know the sysroot's packages; installing into a clean
+# root shows if one is missing.
 set(runtime "libc6 (>= 2.36), libgcc-s1, libstdc++6 (>= 12), libqt5core5a (>= 5.15.8)")
 set(widgets "libqt5gui5 (>= 5.15.8) | libqt5gui5-gles (>= 5.15.8), libqt5widgets5 (>= 5.15.8)")
 set(CPACK_DEBIAN_PLUGIN_PACKAGE_DEPENDS "${runtime}, ${widgets}")
@@ -55,5 +55,5 @@ checker tlcheck for welding programs, and example programs.")
 
 include(CPack)
 
-# cpack packs what is there; this builds it.
+# cpack packs what is built; this target builds it.
 add_custom_target(shipped DEPENDS welmo weldbook weldbook-cli welmo-pendant tlcheck controllerd)

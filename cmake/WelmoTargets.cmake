@@ -1,4 +1,4 @@
-# What every target of the project has in common, one function for each kind.
+# What all targets of the project have in common, one function for each kind.
 
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -7,7 +7,7 @@ set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTOUIC ON)
 set(CMAKE_AUTORCC ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-# Installed or not, programs find what they load at the same place beside them.
+# Built and installed programs find what they load at the same relative path.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib/welmo")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
@@ -15,10 +15,10 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib/welmo")
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME pendant)
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual)
-# In every build: what a new instruction or state lacks is found by its missing case.
+# In every build: a switch without a case for a new instruction or state is an error.
 add_compile_options(-Werror=switch)
 add_compile_definitions(QT_DEPRECATED_WARNINGS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
-# The product's own code only: tests write names and texts as they come.
+# For the product's own code only: tests may use plain literals.
 set(product_flags -Wshadow -DQT_NO_CAST_FROM_ASCII)
 add_definitions(${product_flags})
 if(WELMO_WERROR)
@@ -32,10 +32,10 @@ if(WELMO_SANITIZE)
     add_compile_options(-fno-sanitize-recover=all)
 endif()
 
-# What most sources include is parsed once for each kind of target: "core" without widgets, "widgets",
-# "plugin" (the same, names hidden) and "tests" with QtTest. Sources still name what they use:
-# `./dev lint` compiles every header by itself, without any of these. A short list of large headers is
-# faster than <QtWidgets>: what is precompiled is read again by each source.
+# Headers that most sources include are parsed once for each kind of target: "core" without widgets,
+# "widgets", "plugin" (the same with hidden names) and "tests" with QtTest. Sources still include
+# what they use: `./dev lint` compiles every header without these. A short list of large headers is
+# faster than <QtWidgets>, since every source reads the whole precompiled file.
 set(pch_core_headers <QHash> <QJsonDocument> <QJsonObject> <QMap> <QObject> <QSet> <QStringList> <QTimer>
     <QVariant> <QVector> <algorithm> <functional> <map> <memory> <optional> <vector>)
 set(pch_core_link Qt5::Core)
@@ -49,7 +49,7 @@ set(pch_strict_link Qt5::Widgets)
 set(pch_tests_headers <QtTest> ${pch_widgets_headers})
 set(pch_tests_link Qt5::Test Qt5::Widgets Qt5::Network)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-    add_compile_options(-fpch-preprocess) # so that a compiler cache can tell what is in it
+    add_compile_options(-fpch-preprocess) # for the compiler cache, which must see what is precompiled
 endif()
 
 function(welmo_precompiled name kind)
@@ -70,12 +70,13 @@ function(welmo_precompiled name kind)
     welmo_quick_to_compile(${name} ${kind})
 endfunction()
 
-# In the development build the tests' own code runs once: to optimise it takes longer than it saves.
+# The development build does not optimise the tests' own code: it runs once, so that optimising
+# takes longer than it saves.
 function(welmo_quick_to_compile name kind)
     if(kind STREQUAL tests)
         target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
     elseif(kind STREQUAL strict)
-        target_compile_options(${name} PRIVATE -O0 -g0) # never run
+        target_compile_options(${name} PRIVATE -O0 -g0) # it never runs
     endif()
 endfunction()
 
@@ -114,8 +115,8 @@ function(welmo_static_library name)
     welmo_precompiled(${name} ${ARG_PCH})
 endfunction()
 
-# welmo_translation(qm NAME welmo_cn.qm FROM a.ts b.ts): one compiled file of the texts of several rooms.
-# A library's texts stand beside it once, and go into every file of those who show them.
+# welmo_translation(qm NAME welmo_cn.qm FROM a.ts b.ts): one compiled file with the texts of several
+# rooms. A library's texts are kept beside it, and go into the file of each program that shows them.
 function(welmo_translation variable)
     cmake_parse_arguments(ARG "" "NAME" "FROM" ${ARGN})
     set(qm "${CMAKE_CURRENT_BINARY_DIR}/${ARG_NAME}")
@@ -124,10 +125,11 @@ function(welmo_translation variable)
     set(${variable} "${qm}" PARENT_SCOPE)
 endfunction()
 
-# welmo_test(tst_name LABEL unit SOURCES a.cpp LINK x): one QtTest executable, run offscreen. With NASTY it
-# runs once more, as tst_name_nasty, on a host that decides otherwise wherever one may. A second
-# label "process" is for tests that start programs by QProcess: they stay out of emulated runs, because
-# the emulator lacks the system call behind it (clone with a file descriptor of the process).
+# welmo_test(tst_name LABEL unit SOURCES a.cpp LINK x): one QtTest executable, run offscreen. With
+# NASTY it runs once more, as tst_name_nasty, on a host with the other habits (kelp::Habits). A
+# second label "process" is for tests that start programs by QProcess: emulated runs leave them out,
+# because the emulator lacks the system call behind it (clone with a file descriptor of the
+# process).
 function(welmo_test name)
     cmake_parse_arguments(ARG "NASTY" "TIMEOUT" "LABEL;SOURCES;LINK;ARGUMENTS" ${ARGN})
     if(NOT ARG_TIMEOUT)
@@ -139,7 +141,7 @@ function(welmo_test name)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE ${pch_tests_link} ${ARG_LINK})
     welmo_precompiled(${name} tests)
-    # Most often empty, since a test brings its own .moc.
+    # Often there are none, since a test includes its own .moc.
     set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp"
         PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
     add_test(NAME ${name} COMMAND ${name} ${ARG_ARGUMENTS})
@@ -154,7 +156,7 @@ function(welmo_test name)
     endif()
 endfunction()
 
-# welmo_soak(tst_name VARIABLE=VALUE): the test once more, at length, for ./dev soak.
+# welmo_soak(tst_name VARIABLE=VALUE): a longer run of the test for ./dev soak.
 function(welmo_soak name)
     add_test(NAME ${name}_soak CONFIGURATIONS Soak COMMAND ${name})
     set_tests_properties(${name}_soak PROPERTIES LABELS soak TIMEOUT 7200

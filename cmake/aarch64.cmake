@@ -1,4 +1,4 @@
-# Toolchain: AArch64 from any Debian machine, with the libraries of a sysroot (./dev cross makes it).
+# Toolchain: AArch64 on any Debian machine, with the libraries of a sysroot (./dev cross makes it).
 
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
@@ -11,6 +11,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(ENV{PKG_CONFIG_SYSROOT_DIR} "${CMAKE_SYSROOT}")
 set(ENV{PKG_CONFIG_LIBDIR}
     "${CMAKE_SYSROOT}/usr/lib/aarch64-linux-gnu/pkgconfig:${CMAKE_SYSROOT}/usr/share/pkgconfig")
-# Qt looks for its plug-ins where its library was loaded from, by the path that the emulator replaced.
+# Qt searches its plug-ins relative to its library, by the path that the emulator replaced.
 set(CMAKE_CROSSCOMPILING_EMULATOR /usr/bin/qemu-aarch64 -L "${CMAKE_SYSROOT}"
     -E "QT_PLUGIN_PATH=${CMAKE_SYSROOT}/usr/lib/aarch64-linux-gnu/qt5/plugins")

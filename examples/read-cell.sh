@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Reads a welding cell with a plain MQTT client: its state, and the welding file that is asked for.
-# Shows nothing that a pendant could not be without; what the topics hold says docs/wire-protocol.md.
+# Reads a welding cell with a plain MQTT client: its state, and a welding file.
+# docs/wire-protocol.md describes the topics.
 set -euo pipefail
 
 if (($# < 2)); then
@@ -16,8 +16,8 @@ port=$1 cell=$2 node=${3:-arc_weld.welder_state}
 
 config=$(mktemp -d)
 trap 'rm -rf "$config"' EXIT
-# Not on the command line, where everybody could read the password.
+# Not on the command line, where other users could read the password.
 printf -- '-u %s\n-P %s\n' "${WELMO_USER:?}" "${WELMO_BROKER_PASSWORD:?}" > "$config/mosquitto_sub"
 
-# Retained: the value comes at once. -C 1 waits for one message, -W at most five seconds.
+# The value is retained, so it arrives at once. -C 1 waits for one message, -W at most five seconds.
 XDG_CONFIG_HOME=$config mosquitto_sub -V 5 -p "$port" -C 1 -W 5 -t "welmo/1/$cell/value/$node"

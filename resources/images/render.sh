@@ -1,5 +1,5 @@
 #!/bin/sh
-# Renders every SVG source to the PNG that is compiled in. Needs rsvg-convert (librsvg2-bin).
+# Renders every SVG source to the PNG files that are compiled in. Needs rsvg-convert (librsvg2-bin).
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 theme=$here/../../host/tessa/theme
@@ -10,7 +10,7 @@ render() { # source, picture, further options
     rsvg-convert "$@" -o "$png" "$svg"
 }
 
-# A theme's colours as style classes: key (stroke) and key-fill, so that a colour stands once.
+# A theme's colours as style classes: key (stroke) and key-fill, so that each is written once.
 palette() { # theme name
     sed -n 's/^ *"\([a-z_]*\)": "\(#[0-9A-Fa-f]\{6\}\)",\{0,1\}$/.\1 { stroke: \2 } .\1-fill { fill: \2 }/p' \
         "$theme/$1.json"

@@ -1,9 +1,9 @@
-# What the tests of build/coverage reached. Read by ./dev.
+# The lines that the tests of build/coverage reached. Read by ./dev.
 # shellcheck shell=bash
 
 forget_coverage() { find "$root/build/coverage" -name '*.gcda' -delete; }
 
-# Branches that only an exception takes are gcc's, not ours.
+# Branches that only an exception takes come from gcc, not from the source.
 print_coverage() {
     say "coverage by folder"
     (cd "$root" && gcovr --object-directory build/coverage -j "$(nproc)" --csv \

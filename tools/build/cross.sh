@@ -10,14 +10,14 @@ debian_sources() {
         'Created-By: Packages' 'Origin: Debian' | sort -u
 }
 
-# Where the lists were thrown away, as in a container's image, apt does not know whose a mirror is.
+# Without package lists, as in a container image, apt does not know which addresses are mirrors.
 need_sources() {
     [[ $(debian_sources) ]] || as_root apt-get -q update
     [[ $(debian_sources) ]] || die "apt knows of no Debian mirror"
 }
 
-# Unpacks packages and all they depend on, without installing them. By way of an archive, so that the
-# files belong to whoever asks.
+# Unpacks packages and their dependencies without installing them. It goes through an archive, so
+# that the files belong to the present user.
 unpack() { # FOLDER ARCHITECTURE MMDEBSTRAP ARGUMENT...
     mkdir -p "$1"
     debian_sources | as_root mmdebstrap --quiet --variant=extract --arch="$2" --format=tar "${@:3}" '' - - \

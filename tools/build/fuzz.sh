@@ -10,7 +10,7 @@ cmd_fuzz() { # [SECONDS [TARGET...]]
     done
     need build fuzz
     build fuzz "${targets[@]/#/fuzz_}"
-    # Some targets write files: in memory that costs nothing.
+    # Some targets write files, which costs nothing in memory.
     [[ ! -w /dev/shm ]] || export TMPDIR=/dev/shm
     [[ ${scratch:-} ]] || go_private
     say "fuzzing ${#targets[@]} targets, $seconds s each"
@@ -22,8 +22,8 @@ cmd_fuzz() { # [SECONDS [TARGET...]]
     [[ ! -e $scratch/found ]] || die "fuzzing found something"
 }
 
-# New inputs go to the scratch folder; what fails is kept. Leaks are looked for once, at the end: to do
-# it after each input takes nine tenths of the time.
+# New inputs go to the scratch folder; those that fail are kept. Leaks are searched once at the end,
+# since doing it after each input takes nine tenths of the time.
 fuzz_one() { # TARGET SECONDS
     local target=$1 found=$root/build/fuzz/found log=$scratch/$1.log
     mkdir -p "$found" "$scratch/$target"
@@ -36,7 +36,7 @@ fuzz_one() { # TARGET SECONDS
         return
     fi
     touch "$scratch/found"
-    # A leak shows at the end, where no input is at work: they are gone through once more.
+    # A leak is found at the end, when its input is unknown, so the inputs are run once more.
     if grep -aq LeakSanitizer "$log"; then
         find "$found" -name "$target-*" -empty -delete
         run_target "$target" -runs=0 >> "$log" 2>&1 || true

@@ -12,8 +12,8 @@ pack() { # PRESET
     rm -rf "$packages/_CPack_Packages"
 }
 
-# Arguments of mmdebstrap that bring the packages for an architecture into a root; a path must lead
-# to the same file inside it.
+# Arguments of mmdebstrap that bring the packages for an architecture into a root; a path must be
+# the same inside it.
 with_packages() { # ARCHITECTURE
     local package
     for package in "$packages"/welmo-*_"$1".deb; do
@@ -23,7 +23,7 @@ with_packages() { # ARCHITECTURE
         --setup-hook="cp '$packages'/*_$1.deb \"\$1\"'$packages'")
 }
 
-# A fresh Debian in which dpkg itself has installed them; it is gone afterwards.
+# Installs the packages in a fresh Debian, which is deleted afterwards.
 try_installed() { # ARCHITECTURE
     local include=()
     with_packages "$1"
@@ -33,7 +33,7 @@ try_installed() { # ARCHITECTURE
         --customize-hook="chroot \"\$1\" /starts ''" '' /dev/null -
 }
 
-# A foreign dpkg cannot run here; what they and all they depend on unpack to, can.
+# A foreign dpkg cannot run here, so the packages and their dependencies are only unpacked.
 try_unpacked() { # ARCHITECTURE EMULATOR
     local include=()
     with_packages "$1"

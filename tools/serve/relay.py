@@ -19,27 +19,27 @@ from rfb import LONGEST, ViewerStream
 PAGE = os.path.join(os.path.dirname(__file__), "page")
 NOVNC = "/usr/share/novnc"
 
-# The page repeats the pointer every 250 ms while something is held; a browser that
-# is silent for longer is gone, however alive its connection may look.
+# The page repeats the pointer every 250 ms while something is held. A browser that is silent for
+# longer counts as lost, even if its connection is open.
 SILENCE_LIMIT = 1.0
-# A browser that takes nothing for this long is gone too.
+# A browser that receives nothing for this long counts as lost, too.
 SEND_LIMIT = 2.0
 FIRST_PORT = 6080
 
-# The names of this machine to itself. A page that lets its own name point here sends that name.
+# This machine's names for itself. A foreign page whose name points here sends that name instead.
 LOOPBACK_NAMES = ("127.0.0.1", "localhost")
 COOKIE = "welmo-token"
 
-# A browser opens about six connections at once; one that says nothing may not keep a place.
+# A browser opens about six connections at once; one that sends nothing must not keep a place.
 MOST_CONNECTIONS = 64
 MOST_VIEWERS = 4
 REQUEST_LIMIT = 3.0
-# While a viewer holds something, the pendant hears so often that the relay still looks after it.
+# How often the relay tells the pendant that it is alive while a viewer holds something.
 PROOF_PACE = 0.1
 
 
 class Server(ThreadingHTTPServer):
-    """Serves a limited number of connections; those beyond are closed unheard."""
+    """Serves a limited number of connections; further ones are closed at once."""
 
     request_queue_size = MOST_CONNECTIONS
 
@@ -58,7 +58,7 @@ class Server(ThreadingHTTPServer):
         return f"http://127.0.0.1:{self.server_port}/?token={self._token}"
 
     def redeem(self, token):
-        """Whether this is the token of the address; then there is another address from now on."""
+        """Whether this is the address's token, which works once: the next address is announced."""
         with self._redeeming:
             if not same(token, self._token):
                 return False
@@ -87,8 +87,8 @@ class Handler(WebSocketRequestHandlerMixIn, SimpleHTTPRequestHandler):
         return super().parse_request() and self.is_welcome()
 
     def is_welcome(self):
-        """Whether the request names this machine and knows the token; answers it otherwise."""
-        # With any port: a tunnel from another machine has one of its own.
+        """Whether the request names this machine and has the cookie or the token; if not, answers it."""
+        # Any port is allowed: a tunnel from another machine has its own.
         if self.headers.get("Host", "").split(":")[0] not in LOOPBACK_NAMES:
             self.send_error(403, "Not the name of this machine")
             return False
@@ -103,7 +103,7 @@ class Handler(WebSocketRequestHandlerMixIn, SimpleHTTPRequestHandler):
         return False
 
     def hand_out_cookie(self, path):
-        """The token leaves the address, so that no history or screenshot keeps it."""
+        """Redirects to an address without the token, so that no history or screenshot keeps it."""
         self.send_response(303)
         self.send_header("Location", path)
         self.send_header(
@@ -124,7 +124,7 @@ class Handler(WebSocketRequestHandlerMixIn, SimpleHTTPRequestHandler):
         pass
 
     def handle_upgrade(self):
-        # Any page in the user's browser can reach the loopback address; only ours may.
+        # Any page in the user's browser can reach the loopback address; only ours is allowed.
         if urlsplit(self.headers.get("Origin", "")).netloc != self.headers.get("Host"):
             self.send_error(403)
             return
@@ -147,7 +147,7 @@ class Handler(WebSocketRequestHandlerMixIn, SimpleHTTPRequestHandler):
                 screen.connect(self.server.vnc_socket)
                 carry(self.request, screen, viewer, self.server.prove)
             except (OSError, ValueError):
-                pass  # However a connection ends, what follows is the same.
+                pass  # What follows is the same however the connection ends.
             finally:
                 let_go(screen, viewer)
 
@@ -157,7 +157,7 @@ def same(one, other):
 
 
 def carry(browser, screen, viewer, prove):
-    """Carries both directions until one side ends, or the browser holds and is silent."""
+    """Carries both directions until one side ends, or a browser that holds a key is silent."""
     last_heard = time.monotonic()
     while True:
         ready, _, _ = select.select([browser, screen], [], [], PROOF_PACE)
@@ -178,7 +178,7 @@ def carry(browser, screen, viewer, prove):
 
 
 def receive(browser):
-    """What the browser has sent; None when it has closed."""
+    """What the browser has sent; None if it has closed the connection."""
     data = b""
     try:
         while not data or browser.pending():
@@ -187,7 +187,7 @@ def receive(browser):
                 return None
             data += message
     except WebSocketWantReadError:
-        # websockify keeps what is not whole yet, however much a browser announces.
+        # websockify keeps incomplete messages, however large a browser says they are.
         if len(browser._recv_buffer) + len(browser._partial_msg) > 2 * LONGEST:
             raise ValueError("a message beyond reason") from None
     return data
@@ -202,14 +202,14 @@ def let_go(screen, viewer):
         while screen.recv(65536):
             pass
     except OSError:
-        pass  # The X server is gone, and its pendant with it.
+        pass  # The X server has ended, and the pendant with it.
 
 
 def open_server(vnc_socket, prove, announce):
     """A server on the first free port of the loopback address.
 
-    It calls prove() again and again while a viewer is looked after, and announce() with the next
-    address once a browser has used the one before.
+    It calls prove() repeatedly while it serves a viewer, and announce() with the next address when
+    a browser has used the last one.
     """
     for port in range(FIRST_PORT, FIRST_PORT + 100):
         try:

@@ -24,12 +24,12 @@ LENGTHS = {
 }
 
 
-# The longest message that a viewer has a reason to send: a clipboard of text.
+# The longest message that a viewer may send: a clipboard of text.
 LONGEST = 256 * 1024
 
 
 class ViewerStream:
-    """Cuts what a viewer sends into whole messages and follows its buttons and keys."""
+    """Splits what a viewer sends into whole messages and follows its buttons and keys."""
 
     def __init__(self):
         self._pending = b""
@@ -39,7 +39,7 @@ class ViewerStream:
         self._position = (0, 0)
 
     def feed(self, data):
-        """The bytes that can be passed on now; ValueError when it is not RFB."""
+        """The bytes of whole messages, to be passed on; ValueError if they are not RFB."""
         self._pending += data
         passed = b""
         while (length := self._message_length()) and len(self._pending) >= length:
@@ -52,7 +52,7 @@ class ViewerStream:
         return bool(self._buttons or self._keys)
 
     def release(self):
-        """The messages that let go of everything, in place as a lifted finger would."""
+        """The messages that release everything that is held, at the pointer's last place."""
         messages = [struct.pack(">BBHH", POINTER, 0, *self._position)] if self._buttons else []
         messages += [struct.pack(">BBxxI", KEY, 0, key) for key in self._keys]
         return b"".join(messages)

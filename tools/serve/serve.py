@@ -18,9 +18,9 @@ SIGNALS = (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
 
 
 def start(command, **options):
-    """A child in a session of its own, so that Ctrl-C reaches this program only.
+    """Starts a child in a session of its own, so that Ctrl-C reaches this program only.
 
-    It is told to end should this program be killed without a chance to clean up.
+    The child gets SIGTERM if this program is killed and cannot clean up.
     """
     return subprocess.Popen(
         ["setpriv", "--pdeathsig", "TERM", *command],
@@ -40,13 +40,13 @@ def stop(child):
 
 
 def start_screen(folder, stack):
-    """An X server on a free display; returns the display's number."""
+    """Starts an X server on a free display; returns the display's number."""
     log = os.path.join(folder, "xvnc.log")
     read_end, write_end = os.pipe()
     command = ["Xvnc", "-displayfd", str(write_end), "-geometry", "1280x800", "-depth", "24"]
     command += ["-dpi", "96", "-nolisten", "tcp", "-SecurityTypes", "None", "-AlwaysShared"]
     command += ["-rfbport", "-1", "-rfbunixpath", vnc_socket(folder), "-AcceptSetDesktopSize=0"]
-    # Only the relay reaches the socket, and it would be the one that is shut out.
+    # Only the relay connects to this socket, and a blacklist would shut it out.
     command += ["-UseBlacklist=0"]
     with open(log, "wb") as output:
         screen = start(command, pass_fds=[write_end], stdout=output, stderr=output)
@@ -71,7 +71,7 @@ def program_environment(folder, display):
 
 
 def prove(pipe):
-    """Tells the pendant that its viewers are looked after; a full pipe holds enough of it."""
+    """Tells the pendant that the relay is alive; if the pipe is full, enough bytes are waiting."""
     with contextlib.suppress(OSError):
         os.write(pipe, b".")
 
@@ -93,7 +93,7 @@ def serve(program):
         child = start(program, env=environment, pass_fds=[proofs])
         os.close(proofs)
         stack.callback(stop, child)
-        # A second Ctrl-C must not interrupt the cleaning up.
+        # A second Ctrl-C must not interrupt the clean-up.
         stack.callback(lambda: [signal.signal(number, signal.SIG_IGN) for number in SIGNALS])
         print(f"==> the pendant is at {server.address()}", flush=True)
         print("==> Ctrl-C stops it", flush=True)
