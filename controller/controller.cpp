@@ -60,9 +60,9 @@ Controller::~Controller() = default;
 template<typename T, typename... Args>
 T &Controller::add(Args &...others)
 {
-    auto unit = std::make_unique<T>(m_context, m_registry, others...);
-    T &result = *unit;
-    m_units.push_back(std::move(unit));
+    auto subsystem = std::make_unique<T>(m_context, m_registry, others...);
+    T &result = *subsystem;
+    m_subsystems.push_back(std::move(subsystem));
     return result;
 }
 
@@ -71,8 +71,8 @@ Reply Controller::start()
     if (!m_context.audit().start())
         return Reply::refused(StorageFailed, QStringLiteral("the audit journal cannot be read"));
     m_complaints = m_context.complaints();
-    for (const auto &unit : m_units) {
-        if (Reply reply = unit->start(); !reply.ok())
+    for (const auto &subsystem : m_subsystems) {
+        if (Reply reply = subsystem->start(); !reply.ok())
             return reply;
     }
     tellComplaints();
@@ -110,22 +110,22 @@ Reply Controller::handle(const Request &request)
 
 void Controller::tick()
 {
-    for (const auto &unit : m_units)
-        unit->tick();
+    for (const auto &subsystem : m_subsystems)
+        subsystem->tick();
 }
 
 bool Controller::isBusy() const
 {
-    return std::any_of(m_units.begin(), m_units.end(),
-                       [](const auto &unit) { return unit->isBusy(); });
+    return std::any_of(m_subsystems.begin(), m_subsystems.end(),
+                       [](const auto &subsystem) { return subsystem->isBusy(); });
 }
 
 int Controller::paceMs() const
 {
     int pace = Subsystem().paceMs();
-    for (const auto &unit : m_units) {
-        if (unit->isBusy())
-            pace = std::min(pace, unit->paceMs());
+    for (const auto &subsystem : m_subsystems) {
+        if (subsystem->isBusy())
+            pace = std::min(pace, subsystem->paceMs());
     }
     return pace;
 }

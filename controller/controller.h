@@ -56,8 +56,8 @@ private:
     Registry m_registry;
     HoldToRun m_hold;
     Surroundings m_surroundings;
-    std::vector<std::unique_ptr<Subsystem>> m_units;
-    Alarms *m_alarms; // owned by m_units
+    std::vector<std::unique_ptr<Subsystem>> m_subsystems;
+    Alarms *m_alarms; // owned by m_subsystems
 };
 
 } // namespace welmo::controller
