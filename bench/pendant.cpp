@@ -7,7 +7,7 @@
 #include <sys/resource.h>
 
 #include "bench/bench.h"
-#include "bench/desk.h"
+#include "bench/connectedhost.h"
 #include "bench/floodlink.h"
 #include "pando/frame.h"
 

@@ -2,7 +2,7 @@
 #include <QThread>
 
 #include "bench/bench.h"
-#include "bench/desk.h"
+#include "bench/connectedhost.h"
 #include "bench/fleet/localbroker.h"
 #include "bench/rawstore.h"
 #include "bench/roundtrip.h"
@@ -62,14 +62,14 @@ private:
 /// One parameter file in the controller's store and, with the same bytes, in a plain one.
 struct Stores
 {
-    Desk desk;
-    RawStore raw{desk.folder.filePath(QStringLiteral("raw.db"))};
+    ConnectedHost host;
+    RawStore raw{host.folder.filePath(QStringLiteral("raw.db"))};
     kelp::ModuleObject content{file};
     QByteArray path = filesNode.toUtf8();
     QByteArray key = file.toUtf8();
 
     explicit Stores(std::unique_ptr<tessa::ControllerLink> link)
-        : desk(std::move(link))
+        : host(std::move(link))
     {
         QVariantMap values{{"name", file},
                            {"annotation", "a"},
@@ -95,7 +95,7 @@ struct Stores
 
     void read()
     {
-        const auto answer = desk.service()->get(nullptr, filesNode, file);
+        const auto answer = host.service()->get(nullptr, filesNode, file);
         if (!answer->hasCmobj(QStringLiteral("name")))
             qFatal("the file is not there");
     }
@@ -103,12 +103,12 @@ struct Stores
     void write()
     {
         content.set(nullptr, QStringLiteral("annotation"), m_letters.at(++m_ourTurn % 2));
-        demand(desk.service()->set(nullptr, filesNode, file, &content));
+        demand(host.service()->set(nullptr, filesNode, file, &content));
     }
     void subscribe()
     {
-        desk.service()->watch(nullptr, filesNode, false);
-        desk.service()->watch(nullptr, filesNode, true);
+        host.service()->watch(nullptr, filesNode, false);
+        host.service()->watch(nullptr, filesNode, true);
     }
     void rawRead() { raw.read(path, key); }
     QByteArray json() const { return m_json[0]; }

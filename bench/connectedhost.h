@@ -18,10 +18,10 @@ inline void waitUntilConnected(XService *service)
 }
 
 /// A host that is connected to a controller over any link.
-class Desk
+class ConnectedHost
 {
 public:
-    explicit Desk(std::unique_ptr<tessa::ControllerLink> link)
+    explicit ConnectedHost(std::unique_ptr<tessa::ControllerLink> link)
         : host(tessa::HostOptions{folder.path()})
     {
         host.setLink(std::move(link));
