@@ -12,16 +12,16 @@ namespace welmo::links {
 
 class EmbeddedServer;
 
-/// A link to a virtual controller in the same process, on a thread of the link's own. The
-/// controller lives as long as the link, also while the link is closed. While the store cannot be
-/// opened the link stays down, and problem() has named the reason.
+/// A link to a virtual controller in the same process, on a thread of its own. The controller
+/// exists as long as the link, even while the link is closed. If the store cannot be opened the
+/// link stays down, and problem() gives the reason.
 class EmbeddedLink : public SessionLink
 {
     Q_OBJECT
 public:
     struct Options
     {
-        QString dataFolder; ///< holds controller.db; empty: everything is in memory
+        QString dataFolder; ///< holds controller.db; empty: the store is in memory
         controller::Clock clock = controller::steadyClock(); ///< called on both threads
         bool example = false; ///< a controller without parameter files gets those of the examples
     };
@@ -29,9 +29,10 @@ public:
     explicit EmbeddedLink(const Options &options, QObject *parent = nullptr);
     ~EmbeddedLink() override;
 
-    /// The switches of what can go wrong; owned by the link.
+    /// The faults that can be simulated; owned by the link.
     controller::Faults *faults() { return &m_faults; }
-    /// What the pendant's user may have carried out; everything, until this is called. Any thread.
+    /// Sets which requests the pendant's user may make; all of them until this is called. Any
+    /// thread.
     void setRole(Role role);
     /// What the machine did; owned by the link.
     const controller::Journal &journal() const { return m_journal; }
@@ -49,7 +50,7 @@ private:
     controller::Faults m_faults;
     controller::Journal m_journal;
     QThread m_thread;
-    EmbeddedServer *m_server; // lives on the thread and goes with it
+    EmbeddedServer *m_server; // deleted on the thread, with which it ends
 };
 
 } // namespace welmo::links

@@ -71,7 +71,7 @@ void EmbeddedServer::beat(int session, const QVector<int> &presses)
 {
     const QMutexLocker lock(&m_beatMutex);
     if (m_beat && session < m_beat->session)
-        return; // it must not hide what the later session said
+        return; // it must not replace a beat of the later session
     m_beat = Beat{session, m_runner.now(), presses};
 }
 
@@ -92,7 +92,7 @@ LinkReply EmbeddedServer::carryOut(const LinkRequest &request)
     const Role role = m_role;
     controller::Request wanted = toController(request);
     wanted.author = {roleName(role), QStringLiteral("embedded"), timeOfDay()};
-    // The controller refuses a request that names no user.
+    // The controller refuses a request without a user.
     if (needOf(wanted).role > role)
         return {controller::NotAllowed, {}};
     const controller::Reply reply = m_runner.controller()->handle(wanted);

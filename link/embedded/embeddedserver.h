@@ -13,40 +13,40 @@
 
 namespace welmo::links {
 
-/// The controller's side of the embedded link: one pendant in front of a runner, on the link's
-/// thread, where everything here is called. A session is what the two sides agreed on since the
-/// link was last set up; what belongs to an earlier one is thrown away.
+/// The controller's side of the embedded link: one pendant and a runner, on the link's thread, on
+/// which all functions are called. Requests and beats of an earlier session are dropped.
 class EmbeddedServer : public QObject
 {
     Q_OBJECT
 public:
-    /// @p dataFolder empty: the store is in memory. Faults and journal are borrowed.
+    /// With an empty @p dataFolder the store is in memory. Faults and journal must outlive the
+    /// server.
     EmbeddedServer(const QString &dataFolder, controller::Faults &faults,
                    controller::Journal &journal, const controller::Clock &clock);
     ~EmbeddedServer() override;
 
-    /// Asks for a session; greeted() is the answer, if there is one.
+    /// Asks for a session; greeted() is emitted if there is one.
     void greet(int session);
-    /// Carries out the request and answers the call; not when the caller gave up before.
+    /// Carries out the request and answers the call, unless its caller has given up.
     void ask(int session, const std::shared_ptr<PendingCall> &call);
     /// See ControllerRunner::setExample().
     void setExample(bool wanted) { m_runner.setExample(wanted); }
-    /// The session is over.
+    /// The session has ended.
     void leave();
-    /// What the user of the pendant may have carried out. Any thread.
+    /// Sets which requests the pendant's user may make. Any thread.
     void setRole(Role role) { m_role = role; }
-    /// Carries out what has become due; by itself while something goes on.
+    /// Carries out what is due; called by timers while something proceeds.
     void tick() { m_runner.tick(); }
 
-    /// The pendant of the session is alive, see tessa::ControllerLink::beat(). Any thread; costs
-    /// next to nothing and never queues: a slow server finds the newest beat only.
+    /// The session's pendant is alive, see tessa::ControllerLink::beat(). Any thread. Beats do not
+    /// queue: a slow server gets only the newest.
     void beat(int session, const QVector<int> &presses);
 
 signals:
     void greeted(int session);
     void broken(int session);
     void notified(int session, const QString &path, const QVariant &values);
-    /// Why there is no controller; once for each reason and leave().
+    /// Why there is no controller; emitted once for each reason until leave().
     void problem(const QString &line);
 
 private:
@@ -66,7 +66,7 @@ private:
     QSet<QString> m_watched;
     std::atomic<Role> m_role{Role::Administrator};
     QMutex m_beatMutex;
-    std::optional<Beat> m_beat; // not looked at yet
+    std::optional<Beat> m_beat; // not passed on yet
 };
 
 } // namespace welmo::links

@@ -31,7 +31,7 @@ bool BrokerAddress::isLoopback() const
 {
     static const QRegularExpression numbers(QStringLiteral("^127(\\.\\d{1,3}){3}$"));
     return host == QLatin1String("localhost") || host == QLatin1String("::1")
-        || numbers.match(host).hasMatch(); // 127.example.org is somewhere else
+        || numbers.match(host).hasMatch(); // a name such as 127.example.org is not this machine
 }
 
 QString parseAddress(const QString &text, BrokerAddress *address, QString *cell)

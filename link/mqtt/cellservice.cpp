@@ -14,8 +14,8 @@ namespace welmo::links {
 
 namespace {
 
-constexpr int echoMs = 2500; // after which our own connection counts as dead
-constexpr int workMs = 5; // at a stretch, for what came in
+constexpr int echoMs = 2500; // without an echo for so long, our own connection counts as dead
+constexpr int workMs = 5; // for the messages of one turn
 
 const QString sessionKey = QStringLiteral("session");
 const QString timeKey = QStringLiteral("time");
@@ -52,7 +52,7 @@ CellService::CellService(const Options &options, QObject *parent)
     connect(&m_runner, &ControllerRunner::notified, this,
             [this](const QString &path, const QVariant &values) { m_board.update(path, values); });
 
-    // A second service of the name takes the connection of the first.
+    // A second service with the same name takes over the first one's connection.
     MqttClient::Options how{options.address,
                             clientIdFor(options.address, QStringLiteral("cell-") + options.cell),
                             protocol::toStatusMessage(false)};
@@ -86,7 +86,8 @@ void CellService::start()
         m_client->start();
         return;
     }
-    // The store may be another's for a moment, such as an earlier service's that is still ending.
+    // Another process may have the store for a moment, such as an earlier service that is still
+    // ending.
     QTimer::singleShot(protocol::aliveIdleMs, this, &CellService::start);
 }
 
@@ -129,7 +130,7 @@ void CellService::onOffline(const QString &reason)
     m_reported = reason;
 }
 
-/// On the client's thread: what is too much never gets to ours.
+/// On the client's thread, so that a flood never reaches the service's own thread.
 void CellService::takeIn(const MqttMessage &message)
 {
     if (message.topic == m_topics.alive()) {
@@ -149,10 +150,10 @@ void CellService::workOff()
     QElapsedTimer stretch;
     stretch.start();
     m_refused.crowded = m_crowded;
-    do { // once at least, however slow the machine is
+    do { // at least one message, however slow the machine is
         const std::optional<Inbox::Item> next = m_inbox.take();
         if (!next && !m_workWanted.exchange(false))
-            return; // nothing came in between the two looks
+            return; // no message came between the two checks
         if (next)
             onMessage(next->message, next->user);
     } while (stretch.elapsed() < workMs);
@@ -165,7 +166,7 @@ void CellService::onMessage(const MqttMessage &message, const QString &user)
     if (!m_runner.isReachable())
         return;
     if (message.retained)
-        ++m_refused.stale; // a command that was left lying about
+        ++m_refused.stale; // a retained command is out of date
     else if (user.isEmpty())
         ++m_refused.malformed;
     else if (message.topic == m_topics.request(user))
@@ -189,7 +190,7 @@ void CellService::onRequest(const MqttMessage &message, const QString &user)
 {
     const QString client = m_topics.replier(message.responseTopic, user);
     if (client.isEmpty()) {
-        ++m_refused.malformed; // an answer there could be a command to somebody else
+        ++m_refused.malformed; // the answer could be a command to another client
         return;
     }
     const std::optional<protocol::Request> request = protocol::toRequest(message);
@@ -213,7 +214,7 @@ void CellService::onRequest(const MqttMessage &message, const QString &user)
         send(message, *reply);
 }
 
-/// Nothing, for a request that is too old to be answered.
+/// Empty for a request that is too old to be answered.
 std::optional<Reply> CellService::answerTo(PendantSession &session,
                                            const protocol::Request &request)
 {
@@ -330,7 +331,7 @@ void CellService::onBeat(const MqttMessage &message, const QString &user)
     }
     session->lastBeat = beat->sequence;
     session->lastSeen = m_runner.now();
-    // A beat that was long on its way does not prove that the pendant lives now.
+    // A beat that was delayed does not prove that the pendant is alive now.
     if (!protocol::isCredible(beat->time, m_runner.now())) {
         ++m_refused.stale;
     } else if (m_pendants.holdsControl(*session)) {
@@ -352,14 +353,14 @@ void CellService::showAlive()
         alive.beat = holder->lastBeat;
     }
     publish(m_topics.alive(), protocol::toMessage(alive));
-    // While this thread was held up nothing was sent, and nothing could come back.
+    // While this thread was blocked no echo could arrive.
     if (std::exchange(m_shown, now) - m_echo > echoMs) {
         m_echo = now;
         m_client->restart();
     }
 }
 
-// Whoever came or went: what follows from it.
+// Updates what depends on the sessions.
 void CellService::afterSessions()
 {
     const int pace = m_pendants.isEmpty() ? protocol::aliveIdleMs : protocol::aliveMs;
@@ -375,7 +376,7 @@ void CellService::tellControl()
     if (now == m_told)
         return;
     m_told = now;
-    m_runner.controller()->losePendant(); // a key that was held was not held on this one
+    m_runner.controller()->losePendant(); // what the old holder's keys moved must stop
     publish(m_topics.value(names::control), protocol::toValueMessage(control()));
 }
 

@@ -15,9 +15,9 @@
 
 namespace welmo::links {
 
-/// The controller's side of a link over a broker: one cell in front of all pendants and of whoever
-/// reads its values. Lives on a thread with an event loop, where everything here is called; there
-/// may be many in a process. Starts with start() and serves until it is destroyed.
+/// The controller's side of a link over a broker: one cell with its pendants and other readers of
+/// its values. All functions are called on its thread, which has an event loop; a process may have
+/// many cells. It serves from start() until it is destroyed.
 class CellService : public QObject
 {
     Q_OBJECT
@@ -26,20 +26,20 @@ public:
     {
         QString cell;
         BrokerAddress address;
-        QString dataFolder; ///< holds controller.db; empty: everything is in memory
+        QString dataFolder; ///< holds controller.db; empty: the store is in memory
         Roles roles;
         controller::Clock clock = controller::steadyClock(); ///< called on two threads
     };
 
-    /// What came in and was not carried out, by reason.
+    /// Counts of messages that were not carried out, by reason.
     struct Refused
     {
-        int malformed = 0; ///< no request of ours, or one that may not be answered where it wants
-        int stale = 0; ///< nobody waited any more
-        int repeated = 0; ///< answered before; the answer was given again
+        int malformed = 0; ///< not a valid request, or one whose reply topic is not allowed
+        int stale = 0; ///< the deadline has passed
+        int repeated = 0; ///< answered before; the answer was sent again
         int strange = 0; ///< of another session
-        int forbidden = 0; ///< not for this user
-        int crowded = 0; ///< more than a user's share
+        int forbidden = 0; ///< not allowed to this user
+        int crowded = 0; ///< beyond a user's share
 
         int all() const { return malformed + stale + repeated + strange + forbidden + crowded; }
     };
@@ -48,20 +48,20 @@ public:
     ~CellService() override;
 
     void start();
-    /// From now on; who may no longer do so loses control, or the session.
+    /// Applies from now on; a user who may no longer do so loses control, or the session.
     void setRoles(const Roles &roles);
-    /// A request from inside the process, in nobody's name; only once it is online.
+    /// A request from inside the process, without a user; only while online.
     controller::Reply handle(const controller::Request &request);
-    /// Carries out what has become due; by itself as time goes on.
+    /// Carries out what is due; called by timers.
     void tick();
     const Refused &refused() const { return m_refused; }
     controller::Faults *faults() { return &m_faults; }
     const controller::Journal &journal() const { return m_journal; }
 
 signals:
-    /// The broker has taken the cell, and every value was told to it.
+    /// The broker has accepted the cell, and every value is published.
     void online();
-    /// One line: why there is no controller, or no broker.
+    /// One line: why there is no controller, or no connection to the broker.
     void problem(const QString &line);
 
 private:
@@ -86,7 +86,7 @@ private:
     void showAlive();
     void afterSessions();
     void tellControl();
-    /// Who holds control; told to a pendant, also whether it does itself.
+    /// The node's value: who has control and, for a pendant, whether it has it itself.
     QVariant control(const PendantSession *asking = nullptr) const;
     void publish(const QString &topic, MqttMessage message);
     template<typename Work>
@@ -101,17 +101,17 @@ private:
     ControllerRunner m_runner;
     RetainedValues m_board;
     Pendants m_pendants;
-    QString m_told; // who held control when that was told last
+    QString m_told; // who had control when that was last published
     Refused m_refused;
     QString m_reported;
     QTimer m_alive;
     Inbox m_inbox;
-    QTimer m_work; // of no length: the other timers get their turn in between
+    QTimer m_work; // with an interval of 0, so that other timers run in between
     std::atomic<bool> m_workWanted{false};
     std::atomic<int> m_crowded{0};
-    std::atomic<qint64> m_echo{0}; // when our own sign of life came back last
-    qint64 m_shown = 0; // when it was sent last
-    std::unique_ptr<MqttClient> m_client; // last: its thread ends first
+    std::atomic<qint64> m_echo{0}; // when our own echo last came back
+    qint64 m_shown = 0; // when it was last sent
+    std::unique_ptr<MqttClient> m_client; // the last member, so that its thread ends first
 };
 
 } // namespace welmo::links

@@ -9,13 +9,13 @@
 
 namespace welmo::links {
 
-/// What came in for a cell and waits for it: a queue for each user, and the users in turn, so that
-/// nobody waits for what somebody else sent. What is more than a user's share is not taken in. Any
-/// thread may put, one takes.
+/// Messages that wait for a cell: a queue for each user, served in turn, so that no user is delayed
+/// by another one's messages. Messages beyond a user's share are refused. Any thread may put, one
+/// takes.
 class Inbox
 {
 public:
-    /// A user's share. What a pendant sends by itself is a hundredth of it.
+    /// A user's share; a pendant by itself sends a hundredth of it.
     static constexpr int mostWaiting = 256;
     static constexpr int mostBytesWaiting = 4 * 1024 * 1024;
     static constexpr int messagesEachSecond = 5000;
@@ -27,13 +27,13 @@ public:
         MqttMessage message;
     };
 
-    /// False, when it is too much; @p now in milliseconds of any clock that only goes on.
+    /// False if it is beyond the user's share; @p now is in milliseconds of any steady clock.
     bool put(const QString &user, const MqttMessage &message, qint64 now);
-    /// The next one, of the user whose turn it is.
+    /// The next message, of the user whose turn it is.
     std::optional<Item> take();
 
 private:
-    // What is left of a second's share; it fills up again as time goes on.
+    // What is left of a second's share; it grows with time.
     struct Allowance
     {
         double left;
@@ -50,7 +50,7 @@ private:
 
     QMutex m_mutex;
     QHash<QString, Queue> m_queues;
-    std::deque<QString> m_turns; // users with something in their queue, the next one first
+    std::deque<QString> m_turns; // users with waiting messages, the next one first
 };
 
 } // namespace welmo::links

@@ -16,15 +16,15 @@ namespace welmo::links {
 
 namespace {
 
-constexpr int keepAliveSeconds = 5; // the least the library takes
-constexpr int answerMs = 2000; // for the broker to take us
-constexpr int restMs = 200; // before the next attempt, longer after each that came to nothing
+constexpr int keepAliveSeconds = 5; // the least that the library accepts
+constexpr int answerMs = 2000; // for the broker to accept the connection
+constexpr int restMs = 200; // before the next attempt; longer after each failed one
 constexpr int longestRestMs = 1500;
-constexpr int idleMs = 500; // for keep-alive and for a broker that does not answer
+constexpr int idleMs = 500; // between checks of keep-alive and of a silent broker
 
 void useLibrary()
 {
-    // Never cleaned up: other clients of the process may still be at work.
+    // Never cleaned up, since other clients in the process may still need it.
     static const int once = mosquitto_lib_init();
     Q_UNUSED(once)
 }
@@ -159,21 +159,21 @@ void MqttClient::run()
 
 void MqttClient::rest()
 {
-    // Never all of a hall at the same moment.
+    // Random, so that the clients of a plant do not all reconnect at the same moment.
     const int rest = QRandomGenerator::global()->bounded(m_rest / 2, m_rest + 1);
     m_rest = std::min(m_rest * 3 / 2, longestRestMs);
     std::unique_lock lock(m_mutex);
     m_ended.wait_for(lock, std::chrono::milliseconds(rest), [this] { return m_ending.load(); });
 }
 
-// What the library has still to send goes with its handle: each connection has a new one.
+// Each connection has a new handle; unsent messages are dropped with the old one.
 void MqttClient::setHandle(Handle handle)
 {
     const std::lock_guard lock(m_mutex);
     m_handle = std::move(handle);
 }
 
-/// Through a connection's whole life; why it is over.
+/// Runs one connection from start to end; returns why it ended.
 QString MqttClient::connectOnce()
 {
     m_restart = false;
@@ -203,7 +203,7 @@ MqttClient::Handle MqttClient::makeHandle()
     return handle;
 }
 
-/// One line when it cannot be done.
+/// Returns one line on failure.
 QString MqttClient::setUp(mosquitto *handle)
 {
     const BrokerAddress &address = m_options.address;
@@ -257,7 +257,7 @@ int MqttClient::step(mosquitto *handle) const
     return result == MOSQ_ERR_SUCCESS ? mosquitto_loop_misc(handle) : result;
 }
 
-// A clean end sends no will, so what it would say has to be said.
+// A clean end sends no will, so its message is published here.
 void MqttClient::sayLast(mosquitto *handle)
 {
     if (m_last)

@@ -21,9 +21,9 @@ struct mosquitto;
 
 namespace welmo::links {
 
-/// A connection to an MQTT 5 broker on a thread of its own, set up anew whenever it breaks, until
-/// stop(). Every connection starts from nothing: no subscription and no message of the one before
-/// comes back with it, so that no old command arrives late.
+/// A connection to an MQTT 5 broker on a thread of its own, which is set up again whenever it
+/// breaks, until stop(). A new connection keeps no subscription and no message of the old one, so
+/// that no old command arrives late.
 class MqttClient
 {
 public:
@@ -31,14 +31,16 @@ public:
     {
         BrokerAddress address;
         QString clientId;
-        std::optional<MqttMessage> will = std::nullopt; ///< sent by the broker when this dies
+        /// Published by the broker if this client dies.
+        std::optional<MqttMessage> will = std::nullopt;
     };
 
-    /// All of them run on the client's thread and must not block, nor stop the client.
+    /// All are called on the client's thread and must not block, nor stop the client.
     struct Handlers
     {
-        std::function<void()> online; ///< the broker took us: subscribe now
-        std::function<void(const QString &reason)> offline; ///< broken, or could not be set up
+        std::function<void()> online; ///< the broker has accepted the connection: subscribe now
+        /// The connection broke, or could not be set up.
+        std::function<void(const QString &reason)> offline;
         std::function<void(const MqttMessage &message)> message;
         std::function<void()> pulse = {}; ///< at least every pulseMs while online
     };
@@ -49,14 +51,14 @@ public:
     ~MqttClient();
 
     void start();
-    /// Ends the connection and the thread; @p last is still sent before, if that is possible.
+    /// Ends the connection and the thread; sends @p last before, if possible.
     void stop(const std::optional<MqttMessage> &last = std::nullopt);
-    /// Drops the connection, which may be dead without showing it, and sets it up anew.
+    /// Drops the connection, which may be dead unnoticed, and sets it up again.
     void restart();
 
     bool isOnline() const { return m_online; }
-    /// False when it could not even be tried: there is no connection now, and it is not kept for
-    /// later. Any thread; returns at once.
+    /// False if there is no connection now; the message is not kept for later. Any thread; returns
+    /// at once.
     bool publish(const MqttMessage &message);
     bool subscribe(const QString &filter, int qos);
     bool unsubscribe(const QString &filter);
@@ -86,17 +88,17 @@ private:
     const Options m_options;
     const Handlers m_handlers;
     std::thread m_thread;
-    std::mutex m_mutex; // guards the handle against its end, and the wish to end
+    std::mutex m_mutex; // guards the handle and the wish to end
     std::condition_variable m_ended;
-    std::unique_ptr<TlsContext> m_tls; // outlives the handle
+    std::unique_ptr<TlsContext> m_tls; // destroyed after the handle
     Handle m_handle;
     std::optional<MqttMessage> m_last;
     std::atomic<bool> m_ending{false};
     std::atomic<bool> m_restart{false};
     std::atomic<bool> m_online{false};
-    QString m_refusal; // why the broker, or we, would not have the connection
-    int m_rest = 0; // milliseconds before the next attempt, at most
-    int m_wake = -1; // an eventfd: something is to be sent
+    QString m_refusal; // why the broker, or this client, refused the connection
+    int m_rest = 0; // most milliseconds before the next attempt
+    int m_wake = -1; // an eventfd, written when there is something to send
 };
 
 } // namespace welmo::links

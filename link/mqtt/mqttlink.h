@@ -7,8 +7,8 @@
 namespace welmo::links {
 
 /// A link to a cell on the network, over a broker. It is up once the cell has answered a first
-/// request; a subscription proves nothing, since a broker grants a forbidden one too. It is down
-/// when the cell, the broker or the way to them is silent for a quarter of a second.
+/// request; a granted subscription is no proof, since a broker grants forbidden ones too. It goes
+/// down when cell, broker or network is silent for a quarter of a second.
 class MqttLink : public SessionLink
 {
     Q_OBJECT

@@ -10,7 +10,7 @@ namespace welmo::links::properties {
 
 namespace {
 
-// What the library hands out belongs to us.
+// Frees what the library returns.
 struct Free
 {
     void operator()(void *memory) const { std::free(memory); }

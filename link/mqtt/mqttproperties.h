@@ -8,7 +8,7 @@ namespace welmo::links {
 struct MqttMessage;
 }
 
-/// What MQTT 5 carries beside a message's payload, between our form and the library's.
+/// Converts MQTT 5 properties between MqttMessage and the library's form.
 namespace welmo::links::properties {
 
 struct Closer

@@ -15,7 +15,7 @@ namespace welmo::links {
 namespace {
 
 constexpr size_t rememberedBeats = 64; // of the last second and a half
-constexpr int unansweredMs = 2000; // a greeting, until somebody is told
+constexpr int unansweredMs = 2000; // after which an unanswered greeting is reported
 
 const QString nobody = QStringLiteral("nobody"); // a broker that asks for no user
 
@@ -42,7 +42,7 @@ MqttSession::MqttSession(const BrokerAddress &address, const QString &cell, cont
     m_silence.start();
     m_end = protocol::toMessage(protocol::Beat{m_client, 0, 0, {}, true});
     m_end.topic = m_topics.beat(m_user);
-    // Another name than in the topics: who knew it could cut this pendant off.
+    // Not the name in the topics: a client that knew the id could disconnect this pendant.
     const QString id = QStringLiteral("pendant-") + QUuid::createUuid().toString(QUuid::Id128);
     const MqttClient::Options how{address, id, m_end};
     m_mqtt = std::make_unique<MqttClient>(
@@ -75,7 +75,7 @@ void MqttSession::sendGreeting()
 {
     protocol::Request hello;
     hello.hello = true;
-    hello.content.key = QString::number(m_wanted); // asked again, it is the same session
+    hello.content.key = QString::number(m_wanted); // asking again gives the same session
     m_watched.clear();
     if (send(hello, {nullptr, m_wanted}) && m_asked == 0)
         m_asked = m_silence.elapsed();
@@ -101,7 +101,7 @@ void MqttSession::ask(int session, const std::shared_ptr<PendingCall> &call, int
     const LinkRequest &asked = call->request;
     protocol::Request request;
     request.session = m_wireSession;
-    // The answer has a way to go too: what is begun at the last moment is done for nobody.
+    // Earlier than the call's limit, since the answer takes time as well.
     request.deadline = m_cellClock.at(m_clock()) + timeoutMs - timeoutMs / 8;
     request.content = toController(asked);
     if (asked.kind == LinkRequest::Kind::Set && hasRevision(asked))
@@ -112,7 +112,7 @@ void MqttSession::ask(int session, const std::shared_ptr<PendingCall> &call, int
         call->answer({LinkReply::Lost, {}});
 }
 
-// Before the question, so that nothing is missed between its answer and the first value.
+// Before the request, so that no value between its answer and the subscription is missed.
 void MqttSession::watch(const QString &path)
 {
     m_mqtt->subscribe(m_topics.value(path), 0);
@@ -192,9 +192,9 @@ void MqttSession::onReply(const MqttMessage &message)
     const auto found = m_pending.find(message.correlation);
     const std::optional<Reply> reply = protocol::toReply(message);
     if (found == m_pending.end())
-        return; // too late, or twice
+        return; // it came too late, or twice
     if (!reply) {
-        breakOff(); // who waits for it is told too
+        breakOff(); // also answers the calls that wait for it
         return;
     }
     const Pending pending = *found;
@@ -226,7 +226,7 @@ void MqttSession::onGreeting(int session, const Reply &reply)
     emit greeted(session);
 }
 
-// Revisions count within one store: in another the same number may be another content.
+// Revisions are only comparable within one store.
 void MqttSession::meetStore(const QString &store)
 {
     const QString life = store + QLatin1Char('/') + m_boot;
@@ -254,7 +254,7 @@ void MqttSession::onAnswer(const std::shared_ptr<PendingCall> &call, const Reply
     call->answer({reply.code, reply.value});
 }
 
-// The host knows that the call failed; why, which only the cell knows, is told here.
+// The host reports that the call failed; the reason, which only the cell knows, is reported here.
 void MqttSession::tellRefusal(const LinkRequest &request, const Reply &reply)
 {
     const QVariantMap about = reply.value.toMap();
@@ -280,10 +280,10 @@ void MqttSession::onAlive(const protocol::Alive &alive)
     if (alive.boot == m_boot)
         hearTime(alive.time, sentAt(alive));
     else
-        breakOff(); // another life of the cell, which knows nothing of our session
+        breakOff(); // the cell was restarted and does not know this session
 }
 
-// Whose last beat the cell had got; nothing when that is not ours, or long ago.
+// When the last beat that had reached the cell was sent; empty if it was not ours, or is too old.
 std::optional<qint64> MqttSession::sentAt(const protocol::Alive &alive) const
 {
     const auto found = std::find_if(m_sent.begin(), m_sent.end(),
@@ -313,7 +313,7 @@ void MqttSession::pulse()
     const qint64 now = m_silence.elapsed();
     if (m_session != 0 && now - m_heard > protocol::silentCellMs) {
         breakOff();
-        m_mqtt->restart(); // whatever holds the cell's messages back may hold back this socket's
+        m_mqtt->restart(); // the fault may be this socket's
     } else if (m_session == 0 && m_asked != 0 && now - m_asked > unansweredMs) {
         m_asked = 0;
         complain(tr("%1 does not answer: there is no such cell, or %2 may not reach it")

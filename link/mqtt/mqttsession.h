@@ -16,21 +16,21 @@
 
 namespace welmo::links {
 
-/// The pendant's end of the wire: carries the link's sessions to a cell over a broker. Any thread
+/// The pendant's side of a link over a broker: carries the link's sessions to a cell. Any thread
 /// may call, and every call returns at once; the signals come from the client's thread.
 class MqttSession : public QObject
 {
     Q_OBJECT
 public:
-    /// @p clock is what the pendant knows the cell's time by.
+    /// @p clock is the pendant's own; the cell's time is computed from it.
     MqttSession(const BrokerAddress &address, const QString &cell, controller::Clock clock);
     ~MqttSession() override;
 
-    /// Asks the cell for a session; greeted() is the answer, if there is one.
+    /// Asks the cell for a session; greeted() is emitted if there is one.
     void greet(int session);
-    /// Takes the call to the cell; it is answered at the latest when the link breaks.
+    /// Sends the call to the cell; it is answered at the latest when the link breaks.
     void ask(int session, const std::shared_ptr<PendingCall> &call, int timeoutMs);
-    /// The session is over, and so is the connection.
+    /// Ends the session and the connection.
     void leave();
     void beat(int session, const QVector<int> &presses);
 
@@ -43,7 +43,7 @@ signals:
 private:
     struct Pending
     {
-        std::shared_ptr<PendingCall> call; // null: the greeting
+        std::shared_ptr<PendingCall> call; // null for the greeting
         int session;
     };
 
@@ -70,30 +70,30 @@ private:
     const protocol::Topics m_topics;
     const QString m_cell;
     const QString m_user;
-    const QString m_client; // one for each session object: two pendants are never mistaken for one
-    MqttMessage m_end; // that this pendant is gone
+    const QString m_client; // different for each object, so that pendants are never confused
+    MqttMessage m_end; // says that this pendant has ended
     const controller::Clock m_clock;
-    QElapsedTimer m_silence; // of the cell, and of one that is to greet us
+    QElapsedTimer m_silence; // since the last message, of the cell or in answer to the greeting
 
-    QMutex m_mutex; // guards everything below
+    QMutex m_mutex; // guards all members below
     int m_wanted = 0; // the link's session; 0: none is wanted
-    int m_session = 0; // the link's session that the cell has agreed to; 0: none
+    int m_session = 0; // the link's session that the cell has accepted; 0: none
     QString m_wireSession;
     QString m_boot;
-    QString m_store; // whose identity the cell told last
-    QString m_life; // of that store, with that boot
-    qint64 m_sequence = 0; // never used twice, whatever the session
+    QString m_store; // the store's identity, as the cell last sent it
+    QString m_life; // that store and boot
+    qint64 m_sequence = 0; // never used twice, in any session
     qint64 m_beats = 0;
-    std::deque<std::pair<qint64, qint64>> m_sent; // the last beats, and when they left
+    std::deque<std::pair<qint64, qint64>> m_sent; // the last beats, and when they were sent
     CellClock m_cellClock;
-    qint64 m_heard = 0; // the cell's last sign of life
-    qint64 m_asked = 0; // since when a greeting is without an answer; 0: it is not
+    qint64 m_heard = 0; // the cell's last heartbeat
+    qint64 m_asked = 0; // when the unanswered greeting was sent; 0: it was answered
     QHash<QByteArray, Pending> m_pending;
-    QSet<QString> m_watched; // nodes whose values count
-    QHash<QString, qint64> m_revisions; // of what this pendant read or wrote last
+    QSet<QString> m_watched; // nodes whose values are passed on
+    QHash<QString, qint64> m_revisions; // of the entries that this pendant read or wrote
     QString m_complaint;
 
-    std::unique_ptr<MqttClient> m_mqtt; // last: its thread ends first
+    std::unique_ptr<MqttClient> m_mqtt; // the last member, so that its thread ends first
 };
 
 } // namespace welmo::links

@@ -9,13 +9,13 @@
 
 namespace welmo::links {
 
-/// One pendant that a cell talks to, from its greeting until it is silent too long.
+/// One pendant of a cell, from its greeting until it is silent for too long.
 struct PendantSession
 {
     QString id;
     QString user;
     QString client;
-    QString greeting; ///< which of the client's greetings began it
+    QString greeting; ///< the client's number of the greeting that began it
     qint64 lastSeen = 0;
     qint64 lastSequence = 0;
     qint64 lastBeat = 0; ///< its sequence
@@ -24,25 +24,25 @@ struct PendantSession
         qint64 sequence;
         controller::Reply reply;
     };
-    std::deque<Answered> answered; ///< the newest, for a request that comes again
+    std::deque<Answered> answered; ///< the newest, for repeated requests
 
-    /// What this request was answered with, if it is one of the newest.
+    /// The answer to this request, if it is among the newest.
     std::optional<controller::Reply> answerTo(qint64 sequence) const;
     void remember(qint64 sequence, const controller::Reply &reply);
 };
 
-/// The pendants of a cell, and which of them holds control. One at most does; it keeps it until it
-/// gives it back or its session ends, whoever else asks.
+/// The pendants of a cell, and which of them has control. One at most has it, and keeps it until it
+/// gives it back or its session ends.
 class Pendants
 {
 public:
     static constexpr int mostOfAUser = 32;
 
-    /// A new session, in place of an earlier one of the same client, whose control it keeps; the
-    /// same one again for the same greeting. Null, when the user has too many already.
+    /// A new session, which replaces an earlier one of the same client and keeps its control; for a
+    /// repeated greeting the same session. Null if the user has too many already.
     PendantSession *greet(const QString &user, const QString &client, const QString &greeting,
                           qint64 now);
-    /// Null for a session that is not, or not this user's.
+    /// Null if there is no such session, or it belongs to another user.
     PendantSession *find(const QString &id, const QString &user);
     void endAll();
     void endClient(const QString &user, const QString &client);
@@ -57,10 +57,10 @@ public:
     }
     bool isEmpty() const { return m_sessions.isEmpty(); }
 
-    /// Null while nobody holds control.
+    /// Null while none has control.
     const PendantSession *holder() const;
     bool holdsControl(const PendantSession &session) const { return session.id == m_holder; }
-    /// Control to who asks, if nobody has it; true when the session holds it afterwards.
+    /// Gives the session control if none has it; true if it has control afterwards.
     bool takeControl(const PendantSession &session);
     void giveControl(const PendantSession &session);
 
@@ -69,8 +69,8 @@ private:
 
     Sessions::iterator erase(Sessions::iterator session);
 
-    Sessions m_sessions; // by their id
-    QHash<QString, QHash<QString, QString>> m_ids; // by user and client
+    Sessions m_sessions; // by id
+    QHash<QString, QHash<QString, QString>> m_ids; // ids by user and client
     QString m_holder;
 };
 

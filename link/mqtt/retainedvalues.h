@@ -12,20 +12,21 @@ class Controller;
 
 namespace welmo::links {
 
-/// The values of a cell's nodes as they are told to everybody: whole, while the controller tells
-/// what changed.
+/// The values of a cell's nodes as they are published: as a whole, although the controller notifies
+/// only changes.
 class RetainedValues
 {
 public:
-    /// @p key is that of an entry that has a value of its own; an invalid value: there is none.
+    /// @p key is the entry's, if entries are published separately; an invalid value removes it.
     using Tell =
         std::function<void(const QString &path, const QString &key, const QVariant &value)>;
 
     explicit RetainedValues(Tell tell);
 
-    /// Tells everything, also which entries are not there: another controller's may be kept.
+    /// Publishes everything, also that entries are missing: those of another controller may be
+    /// retained.
     void tellAll(controller::Controller &controller);
-    /// @p values as of controller::Controller::setNotify().
+    /// @p values as in controller::Controller::setNotify().
     void update(const QString &path, const QVariant &values);
 
 private:

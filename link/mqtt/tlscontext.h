@@ -11,19 +11,19 @@ namespace welmo::links {
 
 struct BrokerAddress;
 
-/// What a connection is encrypted with: it takes a broker only with a certificate that is valid
-/// now, for this host, and signed by somebody who is trusted; there is no way around it.
+/// The encryption of a connection: it accepts a broker only with a certificate that is valid now,
+/// for this host, and signed by a trusted authority, without exception.
 class TlsContext
 {
     Q_DECLARE_TR_FUNCTIONS(welmo::links::TlsContext)
 public:
-    /// One line in @p problem when what is trusted cannot be read.
+    /// @p problem gets one line if the trusted certificates cannot be read.
     TlsContext(const BrokerAddress &address, QString *problem);
     TlsContext(const TlsContext &) = delete;
     TlsContext &operator=(const TlsContext &) = delete;
 
     ssl_ctx_st *handle() const { return m_handle.get(); }
-    /// Why the last certificate was refused; empty when it was not.
+    /// Why the last certificate was refused; empty if it was accepted.
     QString refusal() const;
 
 private:

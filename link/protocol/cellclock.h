@@ -5,19 +5,20 @@
 
 namespace welmo::links {
 
-/// What a pendant knows of its cell's clock, from what the cell says of it. It is never ahead of
-/// the cell, so that a beat never looks fresher than it is, while the clocks drift by up to 500 ppm
-/// against each other; and it is behind by little more than the fastest way between the two.
+/// The cell's time as its pendant computes it from the cell's heartbeats. It is never ahead of the
+/// cell's clock, so that a beat never looks newer than it is, while the clocks drift by up to 500
+/// ppm; it is behind by little more than the fastest message took.
 ///
-/// Kept is the largest difference that was seen, which loses 1 ms in each second: twice the drift.
-/// It is dropped when an answer proves it wrong, because one of the clocks stood still or stepped.
+/// It keeps the largest difference seen, which loses 1 ms in each second, twice the drift. The
+/// difference is dropped when an answer proves it wrong, because one of the clocks stopped or was
+/// set.
 class CellClock
 {
 public:
-    /// Nothing is known any more.
+    /// Forgets the difference.
     void forget() { m_known = false; }
-    /// The cell's clock showed @p theirs in a message that came in at @p now of the own clock,
-    /// after it had got what was sent at @p sent.
+    /// The cell's clock was @p theirs in a message that arrived at @p now of the own clock, after
+    /// the cell had received what was sent at @p sent.
     void hear(qint64 theirs, qint64 now, std::optional<qint64> sent = {});
     /// The cell's time at @p now of the own clock.
     qint64 at(qint64 now) const { return now + offset(now); }

@@ -18,7 +18,7 @@ struct MqttMessage
     QByteArray correlation = {};
     QVector<QPair<QString, QString>> properties = {};
 
-    /// The value of the user property @p name; empty when there is none.
+    /// The value of the user property @p name; empty if there is none.
     QString property(const QString &name) const;
 };
 

@@ -57,8 +57,8 @@ QByteArray compact(const QVariantMap &map)
     return QJsonDocument(QJsonObject::fromVariantMap(map)).toJson(QJsonDocument::Compact);
 }
 
-/// A message's payload as a map of plain values; QJsonDocument refuses what is no UTF-8, what is no
-/// number, and what is nested beyond reason.
+/// A message's payload as a map of plain values; QJsonDocument refuses what is not UTF-8, not a
+/// number, or nested too deeply.
 std::optional<QVariantMap> mapOf(const QByteArray &payload, int longest)
 {
     if (payload.size() > longest || !payload.startsWith('{') || controller::repeatsKey(payload))
@@ -69,7 +69,7 @@ std::optional<QVariantMap> mapOf(const QByteArray &payload, int longest)
     return map->toMap();
 }
 
-/// Checks types while it reads: once something was wrong, it stays wrong.
+/// Reads values and checks their types; an error remains until the end.
 class Reader
 {
 public:
@@ -174,13 +174,13 @@ bool isName(const QString &text)
 
 bool isCredible(qint64 beat, qint64 now)
 {
-    constexpr qint64 rounding = 2; // both clocks show whole milliseconds
+    constexpr qint64 rounding = 2; // both clocks count whole milliseconds
     return beat <= now + rounding;
 }
 
 bool isTime(qint64 ms)
 {
-    // What every reader of JSON can tell from its neighbours.
+    // Larger numbers are not exact in every JSON reader.
     constexpr qint64 last = qint64(1) << 53;
     return ms >= 0 && ms <= last;
 }

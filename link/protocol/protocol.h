@@ -5,33 +5,33 @@
 #include "controller/core/request.h"
 #include "link/protocol/mqttmessage.h"
 
-/// What goes over the wire between a pendant and a cell: topics and payloads, here and nowhere
-/// else. docs/wire-protocol.md says the same to people.
+/// The messages between pendants and a cell: all topics and payloads. docs/wire-protocol.md
+/// describes them.
 namespace welmo::links::protocol {
 
 constexpr int version = 1;
 
-/// What a pendant may not exceed; a cell may answer more.
+/// The largest request of a pendant; answers may be larger.
 constexpr int longestRequest = 256 * 1024;
 constexpr int longestMessage = 4 * 1024 * 1024;
 
-/// How often both sides show that they are alive, and after how long a silence the other is lost.
+/// How often both sides send a heartbeat, and after what silence the other counts as lost.
 constexpr int aliveMs = 50; ///< a cell with pendants
 constexpr int aliveIdleMs = 1000; ///< a cell without
 constexpr int silentCellMs = 230;
 constexpr int silentPendantMs = 5000;
 
-/// Codes below zero: the link's own, nothing was carried out.
+/// Codes below zero are the link's own: nothing was carried out.
 constexpr int otherSession = -3;
 
-/// True for what can stand as the name of a cell, a user or a client in a topic.
+/// Whether the text can be the name of a cell, a user or a client in a topic.
 bool isName(const QString &text);
 
-/// True for what can be the time of a cell's clock. Sums and differences of two stay numbers.
+/// Whether this can be the time of a cell's clock. Sums and differences of two do not overflow.
 bool isTime(qint64 ms);
 
-/// Whether a beat of that time may have come in at @p now of the cell's clock: one from the future
-/// tells that its pendant has a wrong idea of the time, and proves nothing.
+/// Whether a beat with that time can have arrived at @p now of the cell's clock. One from the
+/// future is refused, since its pendant's time is wrong.
 bool isCredible(qint64 beat, qint64 now);
 
 /// The topics of one cell.
@@ -40,19 +40,19 @@ class Topics
 public:
     explicit Topics(const QString &cell);
 
-    QString status() const; ///< retained: whether the cell is there
-    QString alive() const; ///< the cell's working thread is
+    QString status() const; ///< retained: whether the cell is online
+    QString alive() const; ///< the heartbeat of the cell's working thread
     QString request(const QString &user) const;
-    QString beat(const QString &user) const; ///< a pendant's user interface is
+    QString beat(const QString &user) const; ///< the heartbeat of a pendant's user interface
     QString reply(const QString &user, const QString &client) const;
-    /// Where a node's value is retained; with a key, that of one of its entries.
+    /// The topic of a node's retained value; with a key, of one of its entries.
     QString value(const QString &path, const QString &key = {}) const;
-    /// Whose request or beat it is; empty for another topic, or none of this cell.
+    /// The user whose request or beat this is; empty for any other topic.
     QString requester(const QString &topic) const;
     QString beater(const QString &topic) const;
-    /// The client whose reply topic it is in the area of @p user; empty when it is not there.
+    /// The client whose reply topic this is, if @p user may use it; else empty.
     QString replier(const QString &topic, const QString &user) const;
-    /// The node, and entry, whose value it is; empty for another topic.
+    /// The node and entry whose value this is; empty for another topic.
     std::pair<QString, QString> valueOf(const QString &topic) const;
 
 private:
@@ -63,34 +63,34 @@ private:
 
 struct Request
 {
-    bool hello = false; ///< asks for a session, and for nothing else
+    bool hello = false; ///< only asks for a session
     QString session;
     qint64 sequence = 0; ///< counts up within a session
-    qint64 deadline = 0; ///< by the cell's clock: nobody waits for the answer after it
+    qint64 deadline = 0; ///< by the cell's clock; it is not carried out later
     controller::Request content = {};
 };
 
-/// A pendant shows that it is alive; or, with end, that it is gone.
+/// A pendant's heartbeat or, with end, the message that it has ended.
 struct Beat
 {
-    QString session; ///< with end: the client instead, whose last session is over
+    QString session; ///< with end: the client whose last session has ended
     qint64 sequence = 0;
-    qint64 time = 0; ///< by the cell's clock, as the pendant knows it
-    QVector<int> presses; ///< those that hold a key now, oldest first
+    qint64 time = 0; ///< by the cell's clock, as the pendant computes it
+    QVector<int> presses; ///< the presses whose keys are held, oldest first
     bool end = false;
 };
 
-/// What a cell says of itself.
+/// A cell's heartbeat.
 struct Alive
 {
-    QString boot; ///< another one each time that the cell starts
+    QString boot; ///< different after each start of the cell
     qint64 time = 0;
-    int refused = 0; ///< messages that were no use since then
-    QString client = {}; ///< who holds control; empty for nobody
-    qint64 beat = 0; ///< the sequence of its last beat that came in before this
+    int refused = 0; ///< messages discarded since then
+    QString client = {}; ///< who has control; empty for none
+    qint64 beat = 0; ///< the sequence of its last beat that had arrived
 };
 
-// Each is one message without its topic; reading gives nothing when the message is not such a one.
+// Each makes or reads one message without its topic; reading another message gives nothing.
 MqttMessage toMessage(const Request &request);
 std::optional<Request> toRequest(const MqttMessage &message);
 MqttMessage toMessage(const Beat &beat);
@@ -99,10 +99,10 @@ MqttMessage toMessage(const Alive &alive);
 std::optional<Alive> toAlive(const MqttMessage &message);
 MqttMessage toMessage(const controller::Reply &reply);
 std::optional<controller::Reply> toReply(const MqttMessage &message);
-/// A node's value, retained; an invalid one takes what was retained away.
+/// A node's value, retained; an invalid one removes the retained value.
 MqttMessage toValueMessage(const QVariant &value);
 std::optional<QVariant> toValue(const MqttMessage &message);
-/// Whether the cell is there, retained.
+/// Whether the cell is online, retained.
 MqttMessage toStatusMessage(bool present);
 std::optional<bool> toStatus(const MqttMessage &message);
 

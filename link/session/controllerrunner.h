@@ -10,51 +10,51 @@
 
 namespace welmo::links {
 
-/// A controller at work: its store, the pace at which it runs, and what can go wrong on the way of
-/// its answers. Everything is called on the thread that it lives on; who stands in front of it
-/// knows of sessions and pendants.
+/// Runs a controller: its store, its pace, and the simulated faults of its answers. All functions
+/// are called on its thread; sessions and pendants are its owner's matter.
 class ControllerRunner : public QObject
 {
     Q_OBJECT
 public:
     using Work = std::function<void()>;
 
-    /// @p dataFolder empty: the store is in memory. Faults and journal are borrowed.
+    /// With an empty @p dataFolder the store is in memory. Faults and journal must outlive the
+    /// runner.
     ControllerRunner(QString dataFolder, controller::Faults &faults, controller::Journal &journal,
                      controller::Clock clock, QObject *parent = nullptr);
     ~ControllerRunner() override;
 
-    /// The file of the store in a data folder.
+    /// The store's file in a data folder.
     static QString storeIn(const QString &dataFolder);
 
-    /// A controller without parameter files gets those of the examples; before it is ready.
+    /// A controller without parameter files gets those of the examples; to be set before isReady().
     void setExample(bool wanted) { m_example = wanted; }
-    /// Opens the store and starts the controller, unless it runs already; false while that cannot
-    /// be done, and problem() has told why.
+    /// Opens the store and starts the controller, unless it runs already; false if that fails, with
+    /// problem() emitted.
     bool isReady();
-    /// A reason that was told already is worth telling again.
+    /// A reason that was reported before will be reported again.
     void forgetProblem() { m_reported.clear(); }
-    /// Null until it was ready.
+    /// Null until isReady() was true.
     controller::Controller *controller() { return m_controller.get(); }
-    /// Of the store; empty until it was ready.
+    /// The store's identity; empty until isReady() was true.
     QString storeIdentity() const;
     bool isReachable() const { return !m_faults.isOn(controller::Faults::Fault::LinkDown); }
     qint64 now() const { return m_clock(); }
 
-    /// Lets @p deliver take an answer to who waits for it, at once, late or never, as the faults
-    /// want it; @p drop is called instead when the link breaks before.
+    /// Calls @p deliver, which passes on an answer, at once, late or never, as the faults demand;
+    /// @p drop is called instead if the link breaks before.
     void answer(Work deliver, Work drop = {});
-    /// Called before each look at the clock: brings in what came from elsewhere.
+    /// @p work is called before each tick, to pass on what came from other threads.
     void setBeforeTick(Work work) { m_beforeTick = std::move(work); }
-    /// Carries out what has become due; by itself while something goes on.
+    /// Carries out what is due; called by timers while something proceeds.
     void tick();
 
 signals:
-    /// As of controller::Controller::setNotify().
+    /// See controller::Controller::setNotify().
     void notified(const QString &path, const QVariant &values);
-    /// The link went down by a fault.
+    /// A fault took the link down.
     void broken();
-    /// Why there is no controller; once for each reason.
+    /// Why there is no controller; emitted once for each reason.
     void problem(const QString &line);
 
 private:

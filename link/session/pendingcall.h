@@ -7,8 +7,8 @@
 
 namespace welmo::links {
 
-/// One call on its way. The caller waits on it, the server answers it; whoever comes second finds
-/// it answered, so an answer that comes too late goes nowhere. Any thread may call.
+/// A call that waits for its answer. The first answer counts, whether it comes from the server or
+/// from the time limit; later ones are dropped. Any thread may call.
 class PendingCall
 {
 public:
@@ -16,10 +16,10 @@ public:
 
     const tessa::LinkRequest request;
 
-    /// The reply, or TimedOut after @p timeoutMs, which answers the call as well.
+    /// Waits for the reply; after @p timeoutMs the call is answered with TimedOut.
     tessa::LinkReply wait(int timeoutMs);
     void answer(const tessa::LinkReply &reply);
-    /// True when nobody waits any more: what was not carried out yet must not be.
+    /// True if the call needs no answer any more: it must not be carried out then.
     bool isAnswered() const;
 
 private:

@@ -5,9 +5,9 @@
 
 namespace welmo::links {
 
-/// A host's question in the controller's words.
+/// A host's request in the controller's form.
 controller::Request toController(const tessa::LinkRequest &request);
-/// Now, as the audit keeps it.
+/// The present time, as the audit stores it.
 QString timeOfDay();
 
 } // namespace welmo::links

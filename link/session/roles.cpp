@@ -18,7 +18,7 @@ namespace {
 struct Row
 {
     Kind kind;
-    QString path; ///< with a dot at its end: everything that begins so
+    QString path; ///< a path that ends with a dot stands for all that begin with it
     Need need;
 };
 
@@ -66,7 +66,7 @@ const QVector<Row> &table()
     return rows;
 }
 
-// A key's release: it takes back what the same command began.
+// A key's release ends what the same command began.
 bool isRelease(const Request &request)
 {
     const bool back = request.key == names::wireFeelBackPayload;

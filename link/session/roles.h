@@ -7,21 +7,21 @@
 
 namespace welmo::links {
 
-/// What a user may do at a cell; each may do what the ones before may.
+/// What a user may do at a cell; each role may do what those before it may.
 enum class Role { Nobody, Viewer, Operator, Programmer, Administrator };
 
 /// As in the file of users: "operator".
 QString roleName(Role role);
 
-/// What a request takes.
+/// What is needed for a request.
 struct Need
 {
-    Role role = Role::Nobody; ///< Nobody: it is allowed to nobody
-    bool control = false; ///< the pendant has to hold control as well
+    Role role = Role::Nobody; ///< Nobody: no user may do it
+    bool control = false; ///< the pendant must have control as well
 };
 
-/// By one table; what is not in it is allowed to nobody. What stops a movement is allowed to every
-/// user that the cell knows, in control or not.
+/// By one table; no user may do what is not in it. Every known user may stop a movement, with or
+/// without control.
 Need needOf(const controller::Request &request);
 
 /// The users that a cell knows.
@@ -31,11 +31,11 @@ public:
     Roles() = default;
     explicit Roles(QMap<QString, Role> users);
 
-    /// From a file of lines "NAME ROLE"; nothing is read, and @p problem says why, when it cannot
-    /// be used.
+    /// Reads a file of lines "NAME ROLE"; if that fails there are no users, and @p problem says
+    /// why.
     static Roles read(const QString &file, QString *problem);
 
-    /// Nobody, for a user that the cell does not know.
+    /// Role::Nobody for an unknown user.
     Role of(const QString &user) const { return m_users.value(user, Role::Nobody); }
     bool allows(const QString &user, const controller::Request &request) const;
 

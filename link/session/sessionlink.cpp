@@ -47,7 +47,7 @@ void SessionLink::beat(const QVector<int> &presses)
         beatOn(m_session, presses);
 }
 
-// No slot may run in here, since a call to the controller is going on.
+// No slot may run in here, since a call to the controller may be waiting.
 void SessionLink::goDown(State next)
 {
     const bool wasUp = isUp();
@@ -68,7 +68,7 @@ void SessionLink::onGreeted(int session)
         return;
     m_state = State::Up;
     m_retry.stop();
-    m_queue.clear(); // what an earlier session left behind
+    m_queue.clear(); // notifications of an earlier session
     emit upChanged(true);
 }
 

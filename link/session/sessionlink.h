@@ -9,9 +9,8 @@
 
 namespace welmo::links {
 
-/// What every link has in common: one session at a time with a server that lives on another
-/// thread. A link that went down asks for a new session, again and again, until close(); nothing is
-/// subscribed then until it is asked for again.
+/// Base of the links: one session at a time with a server on another thread. A link that is down
+/// asks for a new session until close(); subscriptions must be made again then.
 class SessionLink : public tessa::ControllerLink
 {
     Q_OBJECT
@@ -26,13 +25,13 @@ public:
     void beat(const QVector<int> &presses) override;
 
 protected:
-    // The way to the server; each returns at once.
+    // Requests to the server; each returns at once.
     virtual void greet(int session) = 0;
     virtual void ask(int session, const std::shared_ptr<PendingCall> &call, int timeoutMs) = 0;
     virtual void leave() = 0;
     virtual void beatOn(int session, const QVector<int> &presses) = 0;
 
-    // What comes back; on the GUI thread, the notifications on any.
+    // Answers of the server, on the GUI thread; notifications come on any thread.
     void onGreeted(int session);
     void onBroken(int session);
     void take(const QString &path, const QVariant &values) { m_queue.push(path, values); }
