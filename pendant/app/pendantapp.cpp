@@ -73,7 +73,7 @@ PendantApp::PendantApp(const Options &options, Connector connector)
     m_keepSoon.setSingleShot(true);
     m_keepSoon.setInterval(1000);
     connect(&m_keepSoon, &QTimer::timeout, this, &PendantApp::keepJogSpeed);
-    connect(&m_proofs, &ViewerProofs::missing, &m_holds, &KeyHolds::letGo);
+    connect(&m_relay, &RelayWatch::missing, &m_holds, &KeyHolds::letGo);
     connect(&m_keyboard, &KeyboardWatch::disturbed, &m_holds, &KeyHolds::letGo);
     connect(&m_keyboard, &KeyboardWatch::released, this, [this](int scanCode) {
         m_holds.up({KeyHolds::Keyboard, scanCode});

@@ -10,7 +10,7 @@
 #include "pendant/input/fieldpads.h"
 #include "pendant/input/keyboardwatch.h"
 #include "pendant/input/numberentry.h"
-#include "pendant/input/viewerproofs.h"
+#include "pendant/input/relaywatch.h"
 #include "pendant/input/wheelguard.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/window/dialogshade.h"
@@ -89,7 +89,7 @@ private:
     FieldPads m_pads{&m_numbers};
     WheelGuard m_wheel;
     DialogShade m_shade;
-    ViewerProofs m_proofs;
+    RelayWatch m_relay;
     std::unique_ptr<PluginLoader> m_loader;
     std::unique_ptr<PluginLoader> m_book;
     std::unique_ptr<tessa::Host> m_host;

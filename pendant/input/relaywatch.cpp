@@ -1,4 +1,4 @@
-#include "pendant/input/viewerproofs.h"
+#include "pendant/input/relaywatch.h"
 
 namespace welmo::pendant {
 
@@ -9,7 +9,7 @@ constexpr int silenceMs = 400;
 
 } // namespace
 
-ViewerProofs::ViewerProofs(QObject *parent)
+RelayWatch::RelayWatch(QObject *parent)
     : QObject(parent)
 {
     bool given = false;
@@ -18,13 +18,13 @@ ViewerProofs::ViewerProofs(QObject *parent)
         return;
     m_silence.start();
     m_looks.setInterval(lookMs);
-    connect(&m_looks, &QTimer::timeout, this, &ViewerProofs::look);
+    connect(&m_looks, &QTimer::timeout, this, &RelayWatch::look);
     m_looks.start();
 }
 
 // Reads the pipe here, not when a byte arrives: a user interface that was busy must not take its
 // own delay for a missing byte.
-void ViewerProofs::look()
+void RelayWatch::look()
 {
     char bytes[256];
     if (m_pipe.read(bytes, sizeof bytes) > 0)

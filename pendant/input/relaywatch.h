@@ -10,14 +10,14 @@ namespace welmo::pendant {
 /// Checks that the program that shows the pendant to viewers elsewhere is alive: it writes a byte
 /// into a pipe every 100 ms. If it hangs, the release of a held key is not passed on either. Does
 /// nothing without such a pipe.
-class ViewerProofs : public QObject
+class RelayWatch : public QObject
 {
     Q_OBJECT
 public:
     /// The environment variable with the pipe's number.
     static constexpr const char *variable = "WELMO_VIEWER_PROOFS";
 
-    explicit ViewerProofs(QObject *parent = nullptr);
+    explicit RelayWatch(QObject *parent = nullptr);
 
 signals:
     /// No byte came; emitted repeatedly while that lasts.

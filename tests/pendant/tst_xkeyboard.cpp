@@ -5,7 +5,7 @@
 #include <unistd.h>
 #include <xcb/xcb.h>
 
-#include "pendant/input/viewerproofs.h"
+#include "pendant/input/relaywatch.h"
 #include "support/datarows.h"
 #include "support/locale.h"
 #include "support/testpendant.h"
@@ -124,12 +124,12 @@ private slots:
     {
         int ends[2];
         QVERIFY(pipe2(ends, O_NONBLOCK) == 0);
-        qputenv(welmo::pendant::ViewerProofs::variable, QByteArray::number(ends[0]));
+        qputenv(welmo::pendant::RelayWatch::variable, QByteArray::number(ends[0]));
         QTimer proofs;
         connect(&proofs, &QTimer::timeout, [&] { QCOMPARE(write(ends[1], ".", 1), ssize_t(1)); });
         proofs.start(50);
         Fixture ui;
-        qunsetenv(welmo::pendant::ViewerProofs::variable);
+        qunsetenv(welmo::pendant::RelayWatch::variable);
         ui.down("F1");
         QTRY_COMPARE(ui.wire(), "F");
         proofs.stop();
