@@ -14,6 +14,7 @@
 #include "pendant/input/wheelguard.h"
 #include "pendant/program/programdocument.h"
 #include "pendant/window/dialogshade.h"
+#include "pendant/window/editmarker.h"
 #include "pendant/window/keyholds.h"
 #include "tessa/controllerstatus.h"
 
@@ -89,6 +90,7 @@ private:
     FieldPads m_pads{&m_numbers};
     WheelGuard m_wheel;
     DialogShade m_shade;
+    EditMarker m_marker;
     RelayWatch m_relay;
     std::unique_ptr<PluginLoader> m_loader;
     std::unique_ptr<PluginLoader> m_book;

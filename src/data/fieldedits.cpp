@@ -15,12 +15,27 @@ void FieldEdits::collect(kelp::ModuleObject *values) const
     }
 }
 
+void FieldEdits::showOn(QObject *page, QWidget *save)
+{
+    m_marks = std::make_unique<EditMarks>(page, m_fields, save, [this] {
+        const QList<QString> keys = values().keys();
+        return QSet<QString>(keys.begin(), keys.end());
+    });
+}
+
+void FieldEdits::showMarks()
+{
+    if (m_marks)
+        m_marks->refresh();
+}
+
 void FieldEdits::mark()
 {
     kelp::ModuleObject now(m_shown.name(), nullptr);
     collect(&now);
     m_shown.copyFrom(nullptr, &now, true, true);
     m_isKnown = true;
+    showMarks();
 }
 
 FieldEdits::Values FieldEdits::values() const
@@ -62,6 +77,7 @@ QStringList FieldEdits::take(QObject *owner, kelp::ModuleObject *data, const QVa
     mark();
     for (auto value = before.begin(); value != before.end(); ++value)
         m_shown.set(nullptr, value.key(), value.value(), true); // still edited
+    showMarks();
     return overlap;
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QMap>
+#include <memory>
 
-#include "data/fieldtable.h"
+#include "data/editmarks.h"
 
 namespace welmo {
 
@@ -19,6 +20,9 @@ public:
         , m_shown(fields.set().name, nullptr)
     { }
 
+    /// From now on the properties of EditMarks say what is edited; @p save is the button that saves
+    /// it, @p page where the form stands.
+    void showOn(QObject *page, QWidget *save);
     /// What the controls hold counts as unchanged: it was shown, saved, or set by the welder.
     void mark();
     Values values() const;
@@ -34,12 +38,14 @@ public:
     static void reportLoss(const QObject *sender, const QString &name);
 
 private:
+    void showMarks();
     void collect(kelp::ModuleObject *values) const;
 
     const FieldTable &m_fields;
     const QWidget *m_skipped;
     kelp::ModuleObject m_shown;
     bool m_isKnown = false;
+    std::unique_ptr<EditMarks> m_marks; ///< null: nobody shows them
 };
 
 } // namespace welmo

@@ -54,6 +54,8 @@ public:
     /// or when another wrote into a field that is edited here. Other news of the file is taken
     /// over.
     bool maySave();
+    /// See FieldEdits::showOn(); once the fields are bound.
+    void showEdits(QWidget *save) { m_edits.showOn(m_owner, save); }
     /// Whether the form holds changes that were not saved.
     bool isEdited() const { return !m_edits.values().isEmpty(); }
     /// See FieldEdits::mark().

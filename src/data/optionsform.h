@@ -24,6 +24,8 @@ public:
 
     /// Puts the line that says "not read" on top of @p box, whose layout goes from top to bottom.
     void addHint(QWidget *box) { m_hint = addNotReadHint(box); }
+    /// See FieldEdits::showOn(); once the fields are bound.
+    void showEdits(QWidget *save) { m_edits.showOn(m_owner, save); }
     void useDefaultNode();
     void writeDefaults();
     /// Reads the set; where the controller answers that it has none, the defaults are taken over.

@@ -1,5 +1,6 @@
 #include "page/arcweldpage.h"
 
+#include <QPainter>
 #include <QToolButton>
 #include <algorithm>
 
@@ -28,6 +29,20 @@ const QString weldModeKey = QStringLiteral("welding_options.weld_mode");
 // The theme's two icon inks: on the strip's own ground, and on a checked button.
 const QString plainInk = QStringLiteral("black");
 const QString checkedInk = QStringLiteral("white");
+const QString editedDot = QStringLiteral(":/welmo/images/ArconEdited.png");
+
+// Says that the sub-page holds changes; a gap keeps it apart from the icon below.
+void addDot(QPixmap *icon, const QPixmap &dot)
+{
+    QPainter painter(icon);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    painter.drawEllipse(QPointF(38, 10), 13, 13);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.drawPixmap(0, 0, dot);
+}
 
 } // namespace
 
@@ -84,7 +99,10 @@ void ArcWeldPage::createButton(SubPageCfg &entry)
 
 void ArcWeldPage::paintIcon(const SubPageCfg &entry, const QString &ink)
 {
-    entry.button->setIcon(vu::xtheme::pixmap(entry.icon, ink));
+    QPixmap picture = vu::xtheme::pixmap(entry.icon, ink);
+    if (entry.page && entry.page->isEdited())
+        addDot(&picture, vu::xtheme::pixmap(editedDot, ink));
+    entry.button->setIcon(picture);
 }
 
 void ArcWeldPage::switchPage()
@@ -128,6 +146,9 @@ void ArcWeldPage::show(SubPageCfg &entry)
     } else {
         Q_ASSERT(entry.factory);
         entry.page = entry.factory();
+        connect(entry.page, &BaseSubPage::editedChanged, entry.button, [this, &entry] {
+            paintIcon(entry, entry.button == m_currentButton ? checkedInk : plainInk);
+        });
         ui->contentLayout->addWidget(entry.page->wgt());
     }
     ui->lblTitle->setText(entry.title);

@@ -1,5 +1,9 @@
 #include "settings/basesubpage.h"
 
+#include <QDynamicPropertyChangeEvent>
+
+#include "data/editmarks.h"
+
 BaseSubPage::BaseSubPage(QWidget *parent, const QString &name, const QString &title, QObject *owner)
     : BasePage(name, title, owner)
     , m_wgt(new QWidget(parent))
@@ -8,4 +12,18 @@ BaseSubPage::BaseSubPage(QWidget *parent, const QString &name, const QString &ti
 BaseSubPage::~BaseSubPage()
 {
     delete m_wgt;
+}
+
+bool BaseSubPage::isEdited() const
+{
+    return property(welmo::editedFormsProperty).toInt() > 0;
+}
+
+bool BaseSubPage::event(QEvent *event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange
+        && static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName()
+            == welmo::editedFormsProperty)
+        emit editedChanged();
+    return BasePage::event(event);
 }

@@ -17,6 +17,12 @@ public:
     QWidget *wgt() const { return m_wgt; }
     /// Called each time the sub-page is shown, and when the controller has connected again.
     virtual void initPage() { }
+    /// Whether a form of it holds changes that were not saved.
+    bool isEdited() const;
+    bool event(QEvent *event) override;
+
+signals:
+    void editedChanged();
 
 private:
     QPointer<QWidget> m_wgt;

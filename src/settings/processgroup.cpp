@@ -21,6 +21,7 @@ void ProcessGroup::initUI(QObject *owner)
     bindFields(m_file->fields());
     m_file->prepare();
     m_file->addHint(this);
+    m_file->showEdits(m_controls.save);
     m_fixedVoltage = {m_controls.voltage->minimum(), m_controls.voltage->maximum()};
     applyWelder({});
     m_controls.advanced->setVisible(false);

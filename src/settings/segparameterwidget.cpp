@@ -18,6 +18,7 @@ SegParameterWidget::SegParameterWidget(QWidget *parent)
     m_file = std::make_unique<FileForm>(this, schema::seg(), ui->cbxFileNumber, [] {});
     bindFields();
     m_file->addHint(this);
+    m_file->showEdits(ui->btnSave);
     connect(ui->cbxFileNumber, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &SegParameterWidget::onCbxFileNumberSelectionChanged);
     connect(ui->btnCancel, &QPushButton::clicked, this, &SegParameterWidget::onBtnCancelClicked);

@@ -77,6 +77,7 @@ void WeaveEditor::initControl(const Home &home)
 {
     m_file->prepare();
     m_file->addHint(this);
+    m_file->showEdits(ui->btnSave);
     choices::choose(ui->cbxWeaveStandard, codes::cycle);
     choices::choose(ui->cbxWeaveShape, codes::triangular);
     // What this build leaves to the file: shown, not edited.

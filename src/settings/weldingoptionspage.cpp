@@ -66,6 +66,8 @@ void WeldingOptionsPage::initControl()
     m_running.addHint(ui->gbx_baseSetting);
     m_anticollision.addHint(ui->gbx_antiCollision);
     m_clamping.addHint(ui->gbx_wireTorch);
+    m_running.showEdits(ui->btn_baseSetSave);
+    m_clamping.showEdits(ui->btn_wireTouchSave); // the sensor has no Save, its switch sends it
     offerInputs();
 }
 

@@ -125,6 +125,38 @@ private slots:
         box.close();
         QCOMPARE(lightness(), before);
     }
+    // The field, the button that saves it, and the sub-page's entry.
+    void whatIsEditedShows()
+    {
+        Fixture ui;
+        const auto isMarked = [](const QWidget *widget) {
+            const auto *mark = widget->findChild<QWidget *>("editMark");
+            return mark && mark->isVisible();
+        };
+        const QToolButton *entry = nullptr;
+        for (auto *each : ui.pendant.window()->findChildren<QToolButton *>()) {
+            if (each->text() == "Process Setting")
+                entry = each;
+        }
+        auto *save = ui.pendant.find("btnArcOnSave");
+        const auto marks = [&] {
+            return QVector<bool>{isMarked(ui.voltage), isMarked(ui.annotation), isMarked(save)};
+        };
+        const auto icon = [&] { return entry->icon().pixmap(48).toImage(); };
+        ui.pendant.click("btnArcOnSave");
+        const QImage plain = icon();
+        QCOMPARE(marks(), QVector<bool>({false, false, false}));
+        ui.pendant.type("sbxArconVoltage", "21");
+        QCOMPARE(marks(), QVector<bool>({true, false, true}));
+        QVERIFY(icon() != plain);
+        ui.pendant.type("sbxArconVoltage", "20"); // as it was
+        QCOMPARE(marks(), QVector<bool>({false, false, false}));
+        ui.annotation->setText("root");
+        QCOMPARE(marks(), QVector<bool>({false, true, true}));
+        ui.pendant.click("btnArcOnSave");
+        QCOMPARE(marks(), QVector<bool>({false, false, false}));
+        QCOMPARE(icon(), plain);
+    }
     void theWheel()
     {
         Fixture ui;

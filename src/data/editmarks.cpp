@@ -1,0 +1,46 @@
+#include "data/editmarks.h"
+
+#include <QMetaProperty>
+
+namespace welmo {
+
+const char *const editedProperty = "edited";
+const char *const editedFormsProperty = "editedForms";
+
+EditMarks::EditMarks(QObject *page, const FieldTable &fields, QWidget *save,
+                     std::function<QSet<QString>()> edited)
+    : m_page(page)
+    , m_fields(fields)
+    , m_save(save)
+    , m_edited(std::move(edited))
+{
+    const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("refresh()"));
+    for (const auto &field : fields.fields()) {
+        for (QWidget *editor : field->editors())
+            connect(editor, editor->metaObject()->userProperty().notifySignal(), this, slot);
+    }
+}
+
+void EditMarks::refresh()
+{
+    const QSet<QString> keys = m_edited();
+    for (const auto &field : m_fields.fields()) {
+        for (QWidget *editor : field->editors())
+            mark(editor, keys.contains(field->key()));
+    }
+    if (m_save)
+        mark(m_save, !keys.isEmpty());
+    if (keys.isEmpty() != m_isEdited || !m_page)
+        return;
+    m_isEdited = !keys.isEmpty();
+    m_page->setProperty(editedFormsProperty,
+                        m_page->property(editedFormsProperty).toInt() + (m_isEdited ? 1 : -1));
+}
+
+void EditMarks::mark(QWidget *widget, bool edited)
+{
+    if (widget->property(editedProperty).toBool() != edited)
+        widget->setProperty(editedProperty, edited);
+}
+
+} // namespace welmo
