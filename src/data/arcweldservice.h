@@ -25,7 +25,7 @@ inline QString node(const QString &name)
 /// The welder's state in words ("ok", "disabled", "error"); empty when it is not known.
 QString welderState(QObject *sender);
 
-/// True when the read itself failed, which says nothing about whether the node exists.
+/// True if the read itself failed, which does not say whether the node exists.
 inline bool readFailed(const host::Answer &answer)
 {
     return answer->getInt(0) != 0;

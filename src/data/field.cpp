@@ -144,7 +144,7 @@ void InputField::store(QObject *sender, kelp::ModuleObject *file) const
 bool InputField::show(const kelp::ModuleObject *file)
 {
     const QString name = nodeIn(file)->getString(row().defaultValue().toString());
-    // What one pendant stored, another may read in its own language.
+    // The stored text for "none" may be in the language of another pendant.
     const bool isNone = inputs::noSignalTexts().contains(name);
     m_combo->setCurrentIndex(isNone ? 0 : m_combo->findText(name));
     return m_combo->currentIndex() >= 0;

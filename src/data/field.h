@@ -17,10 +17,10 @@ namespace welmo {
 
 using schema::Range;
 
-/// Whether somebody is at work on the text of @p control: it must not change under the hand.
+/// Whether the user is typing into @p control: then its text must not be changed.
 bool isBeingTyped(const QWidget *control);
 
-/// One row of the schema and the control that edits it on one form. A key that a file lacks reads
+/// One row of the schema with the control that edits it on one form. A key that a file lacks reads
 /// as the row's default.
 class Field
 {
@@ -33,7 +33,7 @@ public:
     const schema::Row &row() const { return m_row; }
     QString key() const { return QString::fromLatin1(m_row.key); }
     virtual QWidget *editor() const = 0;
-    /// All of them, where there are several.
+    /// All of the row's controls, where it has several.
     virtual QList<QWidget *> editors() const { return {editor()}; }
     bool isBeingTyped() const;
 
@@ -45,19 +45,19 @@ public:
     virtual void store(QObject *sender, kelp::ModuleObject *file) const = 0;
     /// File to control. False when the control cannot show the stored value.
     virtual bool show(const kelp::ModuleObject *file) = 0;
-    /// Of a number: what is stored and what the control made of it, where the two differ.
+    /// For a number: the stored and the shown value if they differ, else an empty list.
     virtual QVariantList cut(const kelp::ModuleObject *) const { return {}; }
 
-    /// The label behind the control shows the row's unit.
+    /// Shows the row's unit in this label.
     Field &unit(QLabel *label);
-    /// Runs right after the row was shown: for a value that decides the range in which the rows
-    /// after it are shown.
+    /// Runs @p action right after the row is shown, for a value that decides the range of later
+    /// rows.
     Field &whenShown(std::function<void()> action);
     void shown() const;
 
 protected:
     const kelp::ModuleObject *nodeIn(const kelp::ModuleObject *file) const;
-    /// As cut(), for one number.
+    /// cut() for one number.
     static QVariantList cutNumber(const QVariant &stored, double shown);
 
 private:
@@ -96,8 +96,8 @@ private:
     QLineEdit *m_edit;
 };
 
-/// A stored code that the combo does not offer shows an empty choice; as long as the user chooses
-/// nothing, storing leaves that code as it is.
+/// A stored code that the combo does not offer shows an empty choice, and stays stored until the
+/// user chooses another.
 class ChoiceField : public Field
 {
 public:
@@ -131,8 +131,8 @@ private:
     QAbstractButton *m_button;
 };
 
-/// A stored name that does not exist leaves the combo on its present item, which is what the next
-/// save stores.
+/// A stored name that does not exist leaves the combo's selection as it is; the next save then
+/// stores that selection.
 class NameField : public Field
 {
 public:
@@ -149,8 +149,8 @@ private:
     QComboBox *m_combo;
 };
 
-/// An input. One that is gone shows an empty choice and stays stored until the user chooses
-/// another.
+/// An input. One that no longer exists shows an empty choice, and stays stored until the user
+/// chooses another.
 class InputField : public Field
 {
 public:

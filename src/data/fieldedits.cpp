@@ -46,7 +46,7 @@ FieldEdits::Values FieldEdits::values() const
     kelp::ModuleObject now(m_shown.name(), nullptr);
     collect(&now);
     for (const auto &field : m_fields.fields()) {
-        const kelp::ModuleObject *node = now.r(field->key()); // missing: nothing is chosen
+        const kelp::ModuleObject *node = now.r(field->key()); // a missing node: nothing is chosen
         if (!host::isMissing(node)
             && host::toVariant(node) != host::toVariant(m_shown.r(field->key())))
             edits.insert(field->key(), host::toVariant(node));
@@ -76,7 +76,7 @@ QStringList FieldEdits::take(QObject *owner, kelp::ModuleObject *data, const QVa
     show(&merged);
     mark();
     for (auto value = before.begin(); value != before.end(); ++value)
-        m_shown.set(nullptr, value.key(), value.value(), true); // still edited
+        m_shown.set(nullptr, value.key(), value.value(), true); // remains an edit
     showMarks();
     return overlap;
 }

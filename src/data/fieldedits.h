@@ -7,34 +7,34 @@
 
 namespace welmo {
 
-/// What somebody changed in the controls of a form since its values were shown or saved.
+/// What the user changed in a form's controls since its values were shown or saved.
 class FieldEdits
 {
 public:
     using Values = QMap<QString, QVariant>; ///< by key
 
-    /// @p fields must outlive this; @p skipped, the control of one of them, is no matter of edits.
+    /// @p fields must outlive this. Changes of the field whose control is @p skipped do not count.
     explicit FieldEdits(const FieldTable &fields, const QWidget *skipped = nullptr)
         : m_fields(fields)
         , m_skipped(skipped)
         , m_shown(fields.set().name, nullptr)
     { }
 
-    /// From now on the properties of EditMarks say what is edited; @p save is the button that saves
-    /// it, @p page where the form stands.
+    /// Shows what is edited by the properties of EditMarks; @p save is the button that saves it,
+    /// @p page the page of the form.
     void showOn(QObject *page, QWidget *save);
-    /// What the controls hold counts as unchanged: it was shown, saved, or set by the welder.
+    /// Counts the present values as unchanged: they were shown, saved, or set by the welder.
     void mark();
     Values values() const;
-    /// Takes @p theirs, what the controller has now, over into @p data, and hands @p show what the
-    /// form is to show: theirs, with what is edited here. The keys of what both changed.
+    /// Copies the controller's values @p theirs to @p data, and passes to @p show what the form is
+    /// to show: theirs, except in the fields edited here. Returns the keys that both sides changed.
     QStringList take(QObject *owner, kelp::ModuleObject *data, const QVariant &theirs,
                      const std::function<void(const kelp::ModuleObject *)> &show);
-    /// Tells of the keys that take() gave: @p name is the file's.
+    /// Reports the keys that take() returned; @p name is the file's.
     static void reportOverlap(const QObject *sender, const QString &name, const QStringList &keys,
                               const kelp::ModuleObject *data);
 
-    /// Tells that changes of the file @p name are gone.
+    /// Reports that unsaved changes of the file @p name are lost.
     static void reportLoss(const QObject *sender, const QString &name);
 
 private:

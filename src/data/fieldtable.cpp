@@ -54,7 +54,7 @@ void FieldTable::reportCuts(const kelp::ModuleObject *file)
         QCoreApplication::translate("FieldTable", "%1: of \"%2\", %3 is stored and %4 is shown");
     for (const auto &field : m_fields) {
         const QVariantList cut = field->cut(file);
-        // No warning of a default that its box cannot show: nobody chose it.
+        // A default that its box cannot show is not reported: the user did not choose it.
         if (cut.isEmpty() || cut[0] == field->row().defaultValue())
             m_cuts.remove(field.get());
         else
@@ -89,7 +89,7 @@ void FieldTable::store(kelp::ModuleObject *file) const
 {
     for (const auto &field : m_fields) {
         field->store(m_owner, file);
-        if (host::isMissing(file->r(field->key()))) // nothing is chosen, and nothing was stored
+        if (host::isMissing(file->r(field->key()))) // nothing was stored, and nothing is chosen
             writeDefault(m_owner, file, field->row().key, field->row().defaultValue());
     }
 }

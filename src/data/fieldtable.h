@@ -10,13 +10,13 @@
 
 namespace welmo {
 
-/// The rows of one set, bound to the controls of one form. A row takes only the kind of control
-/// that fits it, and its name through the generated form, so that a wrong one does not compile.
-/// Four loops over the rows do all the moving between file and form.
+/// The rows of one set, bound to the controls of one form. A binding takes only a control that fits
+/// its row, by its name in the generated form, so that a wrong one does not compile. All values
+/// move between file and form in four loops over the rows.
 class FieldTable
 {
 public:
-    /// @p owner is named as the sender of the values it writes and of what it reports.
+    /// @p owner is the sender of the values it writes and of what it reports.
     FieldTable(QObject *owner, const schema::Set &set)
         : m_owner(owner)
         , m_set(set)
@@ -56,18 +56,19 @@ public:
     const schema::Set &set() const { return m_set; }
     const std::vector<std::unique_ptr<Field>> &fields() const { return m_fields; }
 
-    /// Every row's default, also of the rows that no control shows.
+    /// Writes every row's default, also of the rows that no control shows.
     void writeDefaults(kelp::ModuleObject *file) const;
     void prepare();
-    /// Gives the numbers the rows' ranges again.
+    /// Sets the number boxes to the rows' ranges again.
     void applyRanges();
     void store(kelp::ModuleObject *file) const;
-    /// Fills the controls with their signals blocked; what depends on the values is the caller's to
-    /// bring up to date afterwards. A value that a control cannot show is reported.
+    /// Shows the file with the controls' signals blocked; the caller then updates what depends on
+    /// the values. A value that a control cannot show is reported.
     void show(const kelp::ModuleObject *file);
-    /// Likewise, for news from elsewhere: a control that is being typed into keeps its text.
+    /// As show(), for a change made elsewhere: a control that the user is typing into keeps its
+    /// text.
     void showNews(const kelp::ModuleObject *file);
-    /// Warns of each number that its control shows differently, once until that changes.
+    /// Warns of each number that its control shows differently, once until the difference changes.
     void reportCuts(const kelp::ModuleObject *file);
 
 private:
@@ -80,13 +81,13 @@ private:
     }
     void reportUnknown(const kelp::ModuleObject *file, const Field &field);
     QString nameOf(const kelp::ModuleObject *file) const;
-    /// Tells a text of a field once, until the field has shown something else.
+    /// Reports @p text once, until the field has shown something else.
     void tellOnce(QHash<const Field *, QString> &told, const Field &field, const QString &text);
 
     QObject *m_owner;
     const schema::Set &m_set;
     std::vector<std::unique_ptr<Field>> m_fields;
-    QHash<const Field *, QString> m_unknown; ///< what was told
+    QHash<const Field *, QString> m_unknown; ///< what was reported
     QHash<const Field *, QString> m_cuts;
 };
 

@@ -65,7 +65,7 @@ void FileForm::writeDefaults()
 
 void FileForm::useFreshDefaults()
 {
-    // Another form of the set may have written defaults of its own since.
+    // Another form of the set may have written other defaults since.
     writeDefaults();
     useDefaultNode();
 }
@@ -128,7 +128,7 @@ bool FileForm::maySave()
     const auto theirs = xservice()->get(m_owner, m_set.node(), file);
     const bool isRead = !arcweld::readFailed(theirs) && theirs->hasCmobj(nameKey, false);
     if (!isRead || host::toVariant(theirs.get()) == m_read)
-        return true; // else the save itself tells what is wrong
+        return true; // the save itself reports what is wrong
     const QStringList overlap = reloadKeepingEdits(host::toVariant(theirs.get()));
     reportOverlap(overlap);
     return overlap.isEmpty();
@@ -149,7 +149,7 @@ QString FileForm::editedFile() const
 void FileForm::onFilesChanged(const QVariant &files)
 {
     const QVariant theirs = files.toMap().value(m_combo->currentText());
-    const bool isFile = theirs.toMap().contains(nameKey); // else it was removed
+    const bool isFile = theirs.toMap().contains(nameKey); // a removed file has no name
     if (isFile && holdsChosenFile() && theirs != m_read)
         reportOverlap(reloadKeepingEdits(theirs));
 }

@@ -3,14 +3,14 @@
 #include <QString>
 #include <QStringList>
 
-/// The cell's digital inputs, as the option pages offer them.
+/// The controller's digital inputs, as the option pages offer them.
 namespace welmo::inputs {
 
 /// The text for "none", translated. It is also what the files store: the one place where a stored
 /// value follows the language, as the controllers in the field expect it.
 QString noSignal();
 
-/// The text for "none" in every language: what one pendant stored, another may read.
+/// The text for "none" in every language: another pendant may have stored any of them.
 QStringList noSignalTexts();
 
 /// noSignal() first, then the free digital inputs in board and pin order.
@@ -21,7 +21,7 @@ QStringList getDIRange();
 /// Not a strict weak order for two short names; sort through sortInputs().
 bool ioCompare(const QString &a, const QString &b);
 
-/// Sorts by ioCompare(), keeping the order of names that it puts before each other.
+/// Sorts by ioCompare(); names that it puts before each other keep their order.
 void sortInputs(QStringList &names);
 
 } // namespace welmo::inputs

@@ -5,8 +5,8 @@ class QWidget;
 
 namespace welmo {
 
-/// The line on top of @p form, whose layout goes from top to bottom, that says that what is shown
-/// was not read. It belongs to the form, and is hidden at first.
+/// Adds a hidden line above @p form, whose layout is vertical, that says that the shown values were
+/// not read. The form owns it.
 QLabel *addNotReadHint(QWidget *form);
 /// @p hint may be null.
 void showWhetherRead(QLabel *hint, bool isRead);

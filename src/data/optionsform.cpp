@@ -107,7 +107,7 @@ bool OptionsForm::takeOver(const QVariant &theirs)
 
 void OptionsForm::onChanged(const QVariant &values)
 {
-    QVariantMap theirs = m_read.toMap(); // what is not told stayed as it was
+    QVariantMap theirs = m_read.toMap(); // a notification holds only what changed
     theirs.insert(values.toMap());
     if (m_known && !values.toMap().isEmpty() && theirs != m_read)
         takeOver(theirs);
@@ -116,11 +116,12 @@ void OptionsForm::onChanged(const QVariant &values)
 bool OptionsForm::maySave()
 {
     if (!m_known)
-        return true; // and the save itself tells that it was not read
+        return true; // the save itself reports that the set was not read
     const auto theirs = xservice()->get(m_owner, m_set.node());
     const bool isRead = !arcweld::readFailed(theirs) && theirs->cmobjCount() > 0;
     const bool isNews = isRead && host::toVariant(theirs.get()) != m_read;
-    return !isNews || takeOver(host::toVariant(theirs.get())); // else the save tells what is wrong
+    // Otherwise the save reports what is wrong.
+    return !isNews || takeOver(host::toVariant(theirs.get()));
 }
 
 std::unique_ptr<kelp::ModuleObject> OptionsForm::payload() const

@@ -8,11 +8,11 @@
 
 namespace welmo {
 
-/// One parameter set that is a single node, not a row of numbered files, as a page edits it. Its
-/// present values stand in the module's tree beside its factory defaults.
+/// One parameter set that is a single node instead of numbered files, as a page edits it. The
+/// module's tree holds its present values beside its defaults.
 ///
-/// What anybody writes into the set is shown here too, except in fields that are being edited.
-/// Until the set was read the controls are grey.
+/// What another pendant writes into the set is shown here too, except in fields that are edited
+/// here. Until the set was read its controls are disabled.
 class OptionsForm
 {
 public:
@@ -22,38 +22,38 @@ public:
     FieldTable &fields() { return m_fields; }
     kelp::ModuleObject *data() const { return m_data; }
 
-    /// Puts the line that says "not read" on top of @p box, whose layout goes from top to bottom.
+    /// Adds the hint that the set was not read above @p box, whose layout is vertical.
     void addHint(QWidget *box) { m_hint = addNotReadHint(box); }
     /// See FieldEdits::showOn(); once the fields are bound.
     void showEdits(QWidget *save) { m_edits.showOn(m_owner, save); }
     void useDefaultNode();
     void writeDefaults();
-    /// Reads the set; where the controller answers that it has none, the defaults are taken over.
-    /// False when it could not be read, which is reported, and nothing changed.
+    /// Reads the set; if the controller answers that it has none, the defaults are taken over.
+    /// False, with a report and nothing changed, if it could not be read.
     bool get();
-    /// Reads the set and shows it; when it cannot be read the form stays as it is. Changes that
-    /// nobody saved are lost, which is reported.
+    /// Reads the set and shows it; a failed read leaves the form as it is. Unsaved changes are
+    /// lost, which is reported.
     void reload();
-    /// False until the set was read once: what is shown are defaults that nobody chose, and the
-    /// controller's own values must not be replaced with them.
+    /// False until the set was read once: the form shows defaults then, which must not replace the
+    /// controller's values.
     bool isKnown() const { return m_known; }
-    /// Takes the defaults over as the present values.
+    /// Makes the defaults the present values.
     void useDefault();
-    /// What is sent: the present values, under the set's name.
+    /// What a save sends: the present values, under the set's name.
     std::unique_ptr<kelp::ModuleObject> payload() const;
     void store() { m_fields.store(m_data); }
     void show();
-    /// Before a save: takes over what another wrote meanwhile. False, and told, where that is a
-    /// field that is edited here too.
+    /// To be called before a save: shows what was written elsewhere. False, with a report, if that
+    /// changed a field that is edited here.
     bool maySave();
-    /// The controller took payload().
+    /// To be called when the controller took payload().
     void markSaved();
 
 private:
     kelp::ModuleObject *node(const QString &name) const;
     void onChanged(const QVariant &values);
     bool takeOver(const QVariant &theirs);
-    /// What depends on @p values, which the controls show now.
+    /// Updates what depends on @p values, which the controls show now.
     void followShown(const kelp::ModuleObject *values);
 
     QObject *m_owner;
@@ -64,8 +64,8 @@ private:
     kelp::ModuleObject *m_data = nullptr;
     bool m_known = false;
     QLabel *m_hint = nullptr;
-    QVariant m_read; ///< the set as the controller had it last
-    QObject m_guard; ///< the connection goes with the form
+    QVariant m_read; ///< the set as last read
+    QObject m_guard; ///< ends the connection with the form
 };
 
 } // namespace welmo

@@ -7,8 +7,8 @@
 
 class QObject;
 
-/// Names of the robot project's speeds, zones, tools and work objects, from the host's store. Every
-/// call reads the store afresh: built-in entries first, then the project's, in store order, neither
+/// Names of the robot project's speeds, zones, tools and work objects, from the host's store. Each
+/// call reads the store anew: built-in entries first, then the project's, in store order, neither
 /// sorted nor made unique.
 class OrboData
 {
@@ -29,8 +29,8 @@ public:
 
 namespace welmo {
 
-/// Runs @p action when the project, or what is active on the pendant, has changed: once for all
-/// that changed together, as long as @p context lives.
+/// Runs @p action when the project, or what is active on the pendant, has changed; once for changes
+/// that come together, as long as @p context lives.
 void onProjectChanged(QObject *context, const std::function<void()> &action);
 
 } // namespace welmo

@@ -33,14 +33,14 @@ kelp::ModuleObject *keepAnswer(QObject *sender, const schema::FileSet &set, cons
     kelp::ModuleObject *local = moduleTree()->r(set.localPath(file));
     if (host::isMissing(local))
         local = makeLocalCopy(sender, set, file);
-    // Equal values are not written: a host may tell of that too, and two forms that follow the
-    // file would make each other read it for ever.
+    // Equal values are not written: a host may report that as a change, and two forms on the same
+    // file would then reload each other without end.
     if (host::toVariant(local) != host::toVariant(answer))
         local->copyFrom(sender, answer, true, true);
     return local;
 }
 
-// False when the controller did not take the file.
+// False if the controller did not take the file.
 bool create(QObject *sender, const schema::FileSet &set, const QString &file,
             kelp::ModuleObject *&data)
 {
@@ -51,8 +51,8 @@ bool create(QObject *sender, const schema::FileSet &set, const QString &file,
     const bool taken = xservice()->set(sender, set.node(), file, data)->getInt(0) == 0;
     if (!taken)
         report::error(sender, ParameterFile::tr("%1: could not be created").arg(file));
-    // The copy of the node onto itself changes nothing; controllers in the field are used to this
-    // order of calls.
+    // Copying the node onto itself changes nothing; it is kept because controllers in the field
+    // know this order of calls.
     data->copyFrom(sender, moduleTree()->r(set.localPath(file)), true, true);
     return taken;
 }
@@ -78,7 +78,7 @@ Fetch handleGetParam(QObject *sender, const schema::FileSet &set, const QComboBo
     useDefault();
     if (create(sender, set, file, data))
         return Fetch::Created;
-    data = before; // what the controller does not have is not shown either
+    data = before; // values that the controller does not have must not be shown
     return Fetch::Failed;
 }
 

@@ -11,10 +11,10 @@
 
 namespace welmo {
 
-/// The one way in which every form chooses, reads, shows and saves a numbered parameter file.
+/// How every form chooses, reads, shows and saves a numbered parameter file.
 ///
-/// A form's current data object is a plain pointer: it points at the set's default node or at the
-/// chosen file's local copy, both of which belong to the module's tree.
+/// A form's current data object is a plain pointer to the set's default node or to the chosen
+/// file's local copy; the module's tree owns both.
 namespace parameterfile {
 
 enum class Fetch {
@@ -23,9 +23,9 @@ enum class Fetch {
     Failed ///< the controller could not be read, or did not take the new file; nothing changed
 };
 
-/// Reads the file named by @p combo and leaves @p data pointing at its local copy. A file that the
-/// controller answers not to have is created there from the defaults; a read that failed is
-/// reported and leaves @p data alone, since a file that cannot be read may well be there.
+/// Reads the file that @p combo names and leaves @p data pointing at its local copy. A file that
+/// the controller does not have is created there from the defaults. A failed read is reported and
+/// leaves @p data alone, since the file may exist.
 Fetch handleGetParam(QObject *sender, const schema::FileSet &set, const QComboBox *combo,
                      kelp::ModuleObject *&data, const std::function<void()> &useDefault);
 

@@ -15,7 +15,7 @@ QStringList texts(const kelp::ModuleObject *answer, const QString &key)
     return list;
 }
 
-// Two numbers, minimum first; anything else counts as not told.
+// Two numbers, minimum first; any other answer counts as none.
 std::optional<schema::Range> range(const kelp::ModuleObject *answer, const QString &key)
 {
     const QVariantList pair = answer->r(key)->getList();

@@ -21,8 +21,8 @@ struct VoltageRanges
     }
 };
 
-/// What the connected welder offers: its modes, as source texts in its own order, and the voltage
-/// ranges in its two voltage modes, for the weld and for the arc end.
+/// What the connected welder offers: its modes, as source texts in its own order, and its voltage
+/// ranges for the weld and for the arc end.
 struct WelderLimits
 {
     QStringList workModes;
@@ -31,7 +31,7 @@ struct WelderLimits
     VoltageRanges voltage;
     VoltageRanges arcoffVoltage;
 
-    /// Asks the controller; nothing when it cannot be reached or knows no welder.
+    /// Asks the controller; empty if it cannot be reached or has no welder.
     static std::optional<WelderLimits> read(QObject *sender);
 };
 

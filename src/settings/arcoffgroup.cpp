@@ -43,7 +43,7 @@ void ArcoffGroup::voltageUnitChanged(const QString &unit)
 
 void ArcoffGroup::handleSwitchVoltageMode(int mode)
 {
-    // The general range clamps once on the way; the arc-end range is the one that stays.
+    // The base clamps to the general range first; the arc-end range then stays.
     ProcessGroup::handleSwitchVoltageMode(mode);
     setVoltageRange(m_arcoffVoltageRanges, mode);
 }

@@ -47,7 +47,7 @@ void ArconGroup::bindFields(FieldTable &f)
 
 void ArconGroup::initConnect()
 {
-    // Stored from its box like every other value, but not offered to the operator.
+    // Stored from their boxes like all values, but not offered to the operator.
     for (QWidget *widget :
          {static_cast<QWidget *>(ui->lbl_retryOffset), static_cast<QWidget *>(ui->sbxRetryOffset),
           static_cast<QWidget *>(ui->lblRetryOffsetUnit)})

@@ -15,7 +15,7 @@ using namespace welmo;
 
 namespace {
 
-// Misspelt in the trees of every pendant in the field, so it stays.
+// Misspelt, but the trees of every pendant in the field have it.
 const QString catalogueKey = QStringLiteral("welder_sertting");
 const QString nowhere = QStringLiteral("-"); // no child has this name
 
@@ -56,7 +56,7 @@ QVariantList currentsOf(const schema::Welder &welder)
     return currents;
 }
 
-/// The texts of all welders that are like the first in the members before @p member.
+/// The distinct texts of @p member among the welders equal to the first one in the members before.
 QStringList firstChoices(QString schema::Welder::*member)
 {
     const schema::Welder &first = schema::welders().first();
@@ -93,7 +93,7 @@ DevicesSettingPage::DevicesSettingPage(QWidget *parent, QObject *owner)
                  {rows.type.key, ui->cbx_type}};
     initVariant();
     initUI();
-    // After onEnableChanged: what is kept is the state that the switch ended up in.
+    // Connected after onEnableChanged, which may put the switch back: the final state is kept.
     connect(ui->btn_connectSwitch, &EnableButton::enabled, this,
             [this] { mobj()->set(this, enableKey(), ui->btn_connectSwitch->isChecked(), true); });
     kelp::ModuleObject *leaf = mobj()->c(enableKey(), true);
@@ -154,7 +154,7 @@ void DevicesSettingPage::initConnect()
             &DevicesSettingPage::onWelderSettingChanged);
 }
 
-// Another pendant chose a welder; what is being chosen here stays.
+// Another pendant chose a welder; choices that are being made here stay.
 void DevicesSettingPage::onWelderSettingChanged()
 {
     const bool isEdited = choices() != m_shownChoices;
@@ -180,7 +180,7 @@ void DevicesSettingPage::loadFromRc()
     if (arcweld::readFailed(setting))
         return;
     weldersetting::keep(this, mobj(), setting);
-    // Else the next command would take a machine away that another pendant connected.
+    // Otherwise the next command would disconnect a welder that another pendant connected.
     const QString connect = QString::fromLatin1(schema::welderSetting().connectToWelder.key);
     if (setting->hasCmobj(connect, false))
         mobj()->set(this, connectKey(), setting->r(connect)->getBool(false), true);
@@ -203,7 +203,7 @@ void DevicesSettingPage::showSwitches()
 void DevicesSettingPage::showChoices()
 {
     const auto show = [](QComboBox *combo, int index) {
-        combo->setCurrentIndex(qMax(0, index)); // the first, where the stored one is not offered
+        combo->setCurrentIndex(qMax(0, index)); // the first, if the stored one is not offered
     };
     for (const Choice &choice : m_choices) {
         const QString stored =
@@ -292,7 +292,7 @@ void DevicesSettingPage::setSelectionEnabled(bool on)
         combo->setEnabled(on);
 }
 
-// Of what was chosen in the first @p count boxes; looking it up makes nothing.
+// The catalogue entry for the first @p count boxes; the look-up creates no node.
 const kelp::ModuleObject *DevicesSettingPage::chosen(size_t count) const
 {
     const kelp::ModuleObject *node = mobj()->r(catalogueKey);
@@ -322,7 +322,8 @@ void DevicesSettingPage::onWelderStateChanged(const QVariant &value)
 {
     kelp::ModuleObject returned(QStringLiteral("return_state"), nullptr);
     returned.importFromVariant(this, value, true, true, false);
-    // Only what is shown: whether welding is enabled, operator and controller's setting decide.
+    // For display only: the operator and the controller's setting decide whether welding is
+    // enabled.
     const QString state = returned.r(QStringLiteral("state"))->getString(QString());
     if (state == QLatin1String("ok"))
         setWithoutTriggering(ui->btn_connectSwitch, true);

@@ -11,8 +11,8 @@ class DevicesSettingPage;
 class EnableButton;
 class QComboBox;
 
-/// The sub-page that switches the welding function on and chooses the welder: protocol, brand, type
-/// and rated current, each list depending on the choices before it.
+/// The sub-page that enables welding and chooses the welder: protocol, brand, type and rated
+/// current, where each list depends on the choices before it.
 class DevicesSettingPage : public BaseSubPage
 {
     Q_OBJECT
@@ -43,9 +43,10 @@ private:
     void loadFromRc();
     void loadFromMobj();
     void storeDeviceParam();
-    /// Sends switches and choices to the controller; false when it did not take them.
+    /// Sends switches and choices to the controller; false if it did not take them.
     bool cmdSetWelder();
-    /// Shows the switch in the accepted state, without its handler, and keeps that in the tree.
+    /// Shows the state that the controller accepted, without the switch's handler, and keeps it in
+    /// the tree.
     void putBack(EnableButton *button, const QString &key, bool on);
     void setSelectionEnabled(bool on);
     void showSwitches();
@@ -55,7 +56,7 @@ private:
 
     const kelp::ModuleObject *chosen(size_t count) const;
 
-    /// A choice of the welder: what it is called in the setting, and its box, whose items carry the
+    /// One choice of the welder: its key in the setting, and its box, whose items carry the
     /// controller's texts.
     struct Choice
     {
@@ -65,5 +66,5 @@ private:
 
     std::unique_ptr<Ui::DevicesSettingPage> ui;
     std::vector<Choice> m_choices; ///< each list depends on the choices before it
-    QStringList m_shownChoices; ///< what differs is being chosen
+    QStringList m_shownChoices; ///< as last shown; a box that differs is being changed
 };

@@ -98,7 +98,7 @@ void ProcessGroup::offerModes(QLabel *label, QComboBox *combo, const schema::Cho
                               const QStringList &items, const QString &labelText)
 {
     label->setText(labelText);
-    // A welder that does not tell its modes restricts nothing.
+    // If the welder does not tell its modes, all are offered.
     const QStringList unknown = choices::refill(combo, table, items);
     if (!unknown.isEmpty())
         report::warning(
@@ -137,7 +137,7 @@ void ProcessGroup::handleSwitchVoltageMode(int mode)
 
 void ProcessGroup::setVoltageRange(const VoltageRanges &ranges, int mode)
 {
-    // The row's fixed range holds for a welder that does not tell its own.
+    // If the welder does not tell its range, the row's fixed range holds.
     const Range range = ranges.forMode(mode).value_or(m_fixedVoltage);
     m_controls.voltage->setRange(range.minimum, range.maximum);
 }
@@ -145,7 +145,8 @@ void ProcessGroup::setVoltageRange(const VoltageRanges &ranges, int mode)
 void ProcessGroup::afterShow()
 {
     onCurrentModeChanged(m_controls.currentMode->currentIndex());
-    // Only now: a stored voltage is clamped by the range of the mode that was shown before.
+    // Only after the values are shown: the range of the previous mode must clamp the stored
+    // voltage.
     onVoltageModeChanged(m_controls.voltageMode->currentIndex());
     applyRules();
 }

@@ -10,9 +10,9 @@
 
 namespace welmo {
 
-/// What the arc-start, welding and arc-end groups have in common: a numbered file with its modes,
-/// current and voltage, a fold-out area and the buttons. A group works the same wherever it stands,
-/// on the process page or in an instruction's form; its home only connects the buttons.
+/// Base of the arc-start, welding and arc-end groups: a numbered file with its modes, current and
+/// voltage, a fold-out area and the buttons. It works the same on the process page and in an
+/// instruction's form; its home only connects the buttons.
 class ProcessGroup : public QGroupBox
 {
     Q_OBJECT
@@ -21,8 +21,8 @@ public:
         : QGroupBox(parent)
     { }
 
-    /// Builds the controls, ranges and connections; call once, after the form was set up. @p owner,
-    /// the page or form that the group stands in, is named as the sender of what is reported.
+    /// Sets up the controls, ranges and connections; call it once, after the generated form. @p
+    /// owner, the page or form around the group, is the sender of what is reported.
     void initUI(QObject *owner);
 
     FileForm &file() { return *m_file; }
@@ -33,19 +33,19 @@ public:
     const QComboBox *voltageMode() const { return m_controls.voltageMode; }
     const QDoubleSpinBox *voltage() const { return m_controls.voltage; }
 
-    /// Offers every mode, as before a welder has told its own.
+    /// Offers every mode, as before the welder has told its own.
     void initVariant();
-    /// Gives the numbers their fixed ranges again.
+    /// Sets the numbers to their fixed ranges again.
     void initParamRange();
-    /// Offers these source or shown texts in one of the mode boxes, under this label; false for a
-    /// box of others.
+    /// Offers these source or shown texts in one of the mode boxes, under this label; false if the
+    /// box is not this group's.
     bool setupMode(QLabel *label, QComboBox *combo, const QStringList &items,
                    const QString &labelText);
     /// Sets the voltage box's range for the mode (0: unified), which clamps its value, and the
     /// units that follow it.
     virtual void handleSwitchVoltageMode(int mode);
 
-    /// Offers the welder's modes and takes over its voltage ranges; the user's choices stay.
+    /// Offers the welder's modes and uses its voltage ranges; the user's choices stay.
     void applyWelder(const WelderLimits &limits);
 
 public slots:
@@ -77,17 +77,17 @@ protected:
         QString unfoldText;
     };
 
-    /// Called by the derived group once its generated form stands.
+    /// To be called by the derived group once its generated form is set up.
     void setControls(const Controls &controls, const schema::ProcessSet &set);
-    /// Binds the rows that the other sets do not have.
+    /// Binds the rows that only this set has.
     virtual void bindFields(FieldTable &fields) = 0;
     /// The group's own connections.
     virtual void initConnect() { }
-    /// What else follows the current mode's unit ("A" or "mm/s").
+    /// Called with the current mode's unit ("A" or "mm/s") for other labels that show it.
     virtual void currentUnitChanged(const QString &) { }
-    /// What else follows the voltage mode's unit ("%" or "V").
+    /// Called with the voltage mode's unit ("%" or "V") for other labels that show it.
     virtual void voltageUnitChanged(const QString &) { }
-    /// Brings up to date what depends on the values just shown.
+    /// Updates what depends on the values just shown.
     virtual void applyRules() { }
     void setVoltageRange(const VoltageRanges &ranges, int mode);
     VoltageRanges m_voltageRanges;

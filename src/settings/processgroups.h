@@ -8,19 +8,18 @@
 
 namespace welmo {
 
-/// The process groups of one home, a page or an instruction's form, and what the home's buttons do
-/// to them: the sender decides the group.
+/// The process groups of one home, a page or an instruction's form, and the handlers of the home's
+/// buttons: the sender tells the group.
 class ProcessGroups
 {
 public:
-    /// @p home is named as the sender of what is reported. The groups are in the order in which
-    /// they are read and shown.
+    /// @p home is the sender of what is reported. The groups are read and shown in this order.
     ProcessGroups(QObject *home, const QList<ProcessGroup *> &groups)
         : m_home(home)
         , m_groups(groups)
     { }
 
-    /// Builds every group, connects its file combo box and buttons to the home's slots, takes over
+    /// Sets up every group, connects its file combo box and buttons to the home's slots, applies
     /// the welder's modes and shows the first files.
     template<typename Home>
     void initUI(Home *home);
@@ -30,10 +29,10 @@ public:
     void getParamFromTessa();
     /// Reads every group's chosen file and shows it.
     void reload();
-    /// Takes over the modes and voltage ranges of the connected welder.
+    /// Applies the modes and voltage ranges of the connected welder.
     void getWelderParamRange();
 
-    // What the homes pass on: to the group that has the sender or the box, or to each of them.
+    // Handlers that the homes forward, to the group of the sender or box, or to every group.
     void initVariant();
     void initParamRange();
     void initParamValue();
@@ -45,8 +44,8 @@ public:
 
     /// A file combo box changed: its group reads and shows the file.
     void selectFile(const QObject *sender);
-    /// Saves the group whose button it is, and tells the outcome. A sender that is no save button
-    /// saves nothing and is still told of success; other parts of the pendant rely on that.
+    /// Saves the group whose button sent the signal, and reports the outcome. Any other sender
+    /// saves nothing and success is reported all the same; other parts of the pendant rely on that.
     void save(const QObject *sender);
     /// Shows the group's file again as it was last read or stored.
     void cancel(const QObject *sender);
@@ -54,13 +53,13 @@ public:
 private:
     QObject *m_home;
     QList<ProcessGroup *> m_groups;
-    QObject m_guard; ///< the connection goes with the groups
+    QObject m_guard; ///< ends the connection with the groups
 };
 
 template<typename Home>
 void ProcessGroups::initUI(Home *home)
 {
-    // Before the groups read their files: the modes decide what of them can be shown.
+    // Connected before the groups' own: the modes decide what can be shown of a file.
     arcweld::onConnected(&m_guard, [this] { getWelderParamRange(); });
     for (ProcessGroup *group : qAsConst(m_groups)) {
         group->initUI(home);

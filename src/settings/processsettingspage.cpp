@@ -4,7 +4,7 @@
 #include "data/report.h"
 #include "ui_processsettingspage.h"
 
-// Not all of welmo, which has a namespace Ui of its own.
+// An alias only, since welmo has a namespace Ui of its own.
 namespace arcweld = welmo::arcweld;
 namespace names = welmo::names;
 namespace parameterfile = welmo::parameterfile;
@@ -14,7 +14,7 @@ using welmo::FileForm;
 
 namespace {
 
-// Before the groups are listed.
+// Sets the form up before the groups are listed.
 std::unique_ptr<Ui::ProcessSettingsPage> setUp(QWidget *widget)
 {
     auto ui = std::make_unique<Ui::ProcessSettingsPage>();
@@ -66,7 +66,7 @@ void ProcessSettingsPage::initConnect()
 {
     connect(ui->gbx_weldParam->enableButton(), &QPushButton::clicked, this,
             &ProcessSettingsPage::onEnableButtonClicked);
-    // The welder's own parameters change with the device that is chosen.
+    // The chosen device has welder parameters of its own.
     connect(xservice()->watchNode(names::deviceParam), &kelp::ModuleObject::changed, this,
             [this] { getWelderParamRange(); });
 }

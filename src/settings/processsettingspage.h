@@ -22,7 +22,7 @@ public:
     /// form stays as it is.
     void initPage() override;
 
-    /// Takes over the modes and voltage ranges of the connected welder.
+    /// Applies the modes and voltage ranges of the connected welder.
     void getWelderParamRange() { m_groups.getWelderParamRange(); }
 
     void initVariant() { m_groups.initVariant(); }
@@ -67,11 +67,11 @@ public:
 
 public slots:
     void onParamFileNumberChanged(int index);
-    /// One slot for the three save buttons: the sender decides the set. Any other sender saves
-    /// nothing and is still told of success; other parts of the pendant rely on that answer.
+    /// One slot for the three save buttons: the sender tells the set. Any other sender saves
+    /// nothing and success is reported all the same; other parts of the pendant rely on that.
     void onSaveButtonClicked();
     void onCancelButtonClicked();
-    // Of the mode boxes: the sender decides the group.
+    // The slots of the mode boxes; the sender tells the group.
     void onCurrentModeChanged(int index) { m_groups.changeCurrentMode(sender(), index); }
     void onVoltageModeChanged(int index) { m_groups.changeVoltageMode(sender(), index); }
     void onArconLeadTimeEditFinished();

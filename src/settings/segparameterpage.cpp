@@ -10,7 +10,7 @@ SegParameterPage::SegParameterPage(QWidget *parent, QObject *owner)
 {
     wgtSeg->setObjectName(QStringLiteral("wgtSeg"));
     auto *layout = new QVBoxLayout(wgt());
-    layout->setContentsMargins(0, 0, 0, 0); // the editor brings its own
+    layout->setContentsMargins(0, 0, 0, 0); // the editor has margins of its own
     layout->addWidget(wgtSeg);
 }
 

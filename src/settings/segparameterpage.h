@@ -4,7 +4,7 @@
 
 class SegParameterWidget;
 
-/// The segment editor as a sub-page. Complete, but not among the arc-weld page's entries: segment
+/// The segment editor as a sub-page. Complete, but the arc-weld page does not offer it: segment
 /// welding is not released to operators yet.
 class SegParameterPage : public BaseSubPage
 {

@@ -17,7 +17,7 @@ public:
     explicit SegParameterWidget(QWidget *parent = nullptr);
     ~SegParameterWidget() override;
 
-    /// Builds the lists, connects and shows the first file; again, to rebuild the lists.
+    /// Fills the lists, connects, and shows the first file; a second call fills the lists again.
     void init();
     /// Reads the file again and shows it; while it cannot be read the form stays as it is.
     void initPage();

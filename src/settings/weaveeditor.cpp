@@ -52,7 +52,7 @@ void WeaveEditor::bindFields(FieldTable &f, const schema::WeaveSet &set)
 {
     f.bind(set.fileName, ui->cbxWeaveFileNumber);
     f.bind(set.annotation, ui->ledtWeaveAnnotation);
-    // Decides the range in which the frequency below is shown.
+    // This decides the range of the frequency in a later row.
     f.bind(set.reference, ui->cbxWeaveStandard).whenShown([this] {
         onStandardTypeChanged(ui->cbxWeaveStandard->currentIndex());
     });
@@ -63,7 +63,7 @@ void WeaveEditor::bindFields(FieldTable &f, const schema::WeaveSet &set)
     f.bind(set.dwellTime, {ui->sbxWeaveLeftStay, ui->sbxWeaveCenterStay, ui->sbxWeaveRightStay});
     f.bind(set.radius, ui->sbxWeaveRadius).unit(ui->lblWeaveRadiusUnit);
     f.bind(set.phaseInvert, ui->cbxWeaveWaveformDirection);
-    // Remembers or puts back the angles before the file's own are shown.
+    // Remembers or restores the angles before the file's own are shown.
     f.bind(set.elevationType, ui->cbxWeaveElevationType).whenShown([this] {
         forgetOtherAngles();
         onElevationTypeChanged(ui->cbxWeaveElevationType->currentIndex());
@@ -80,7 +80,7 @@ void WeaveEditor::initControl(const Home &home)
     m_file->showEdits(ui->btnSave);
     choices::choose(ui->cbxWeaveStandard, codes::cycle);
     choices::choose(ui->cbxWeaveShape, codes::triangular);
-    // What this build leaves to the file: shown, not edited.
+    // Shown, but not offered for editing in this release.
     for (QWidget *widget : std::initializer_list<QWidget *>{
              ui->cbxWeaveStandard, ui->cbxWeaveShape, ui->cbxWeaveWaveformDirection,
              ui->cbxWeaveElevationType, ui->sbxWeaveLeftElevation, ui->sbxWeaveRightElevation,
@@ -137,7 +137,7 @@ void WeaveEditor::onFileNumberChanged(int)
 void WeaveEditor::onStandardTypeChanged(int index)
 {
     QDoubleSpinBox *box = ui->sbxWeaveLength_Frequency;
-    // Whenever a file is shown this is called twice, and a box that is set up anew formats anew.
+    // Called twice for each file shown; setting up a box again would format its text again.
     if (index == m_standard) {
         switchStayTime();
         return;
@@ -187,8 +187,8 @@ void WeaveEditor::onElevationTypeChanged(int index)
     QDoubleSpinBox *left = ui->sbxWeaveLeftElevation;
     QDoubleSpinBox *right = ui->sbxWeaveRightElevation;
     const bool vPattern = choices::isItem(ui->cbxWeaveElevationType, index, codes::vPattern);
-    // What is remembered are angles: a "V-Pattern" file that is shown again must not replace them
-    // with its zeros.
+    // Only angles are remembered: showing a "V-Pattern" file again must not replace them with its
+    // zeros.
     const bool angles = left->value() != 0 || right->value() != 0;
     if (vPattern && (angles || !m_vPattern)) {
         m_leftElevation = left->value();
@@ -205,7 +205,7 @@ void WeaveEditor::onElevationTypeChanged(int index)
     }
 }
 
-// The angles of one file must not be put back into the next.
+// The angles of one file must not be restored into the next.
 void WeaveEditor::forgetOtherAngles()
 {
     const QString file = m_file->data()->name();

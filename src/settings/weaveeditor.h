@@ -14,15 +14,15 @@ namespace Ui {
 class WeaveEditor;
 }
 
-/// The editor of one weave file, with its rules. The weave page and the weave instructions hold the
-/// same editor; what differs is said by Home.
+/// The editor of one weave file, with its rules. The weave page and the weave instructions use the
+/// same editor; Home says in what they differ.
 class WeaveEditor : public QWidget
 {
     Q_OBJECT
 public:
     struct Home
     {
-        /// The two homes differ in what a new file starts with.
+        /// The set, which gives the defaults of a new file: they differ between the two homes.
         const schema::WeaveSet &set = schema::weave();
         bool titlesAndPictures = true;
     };
@@ -30,7 +30,7 @@ public:
     explicit WeaveEditor(QWidget *parent = nullptr);
     ~WeaveEditor() override;
 
-    /// Builds the controls and shows the first file. @p owner is named as the sender of reports.
+    /// Sets up the controls and shows the first file. @p owner is the sender of reports.
     void initUI(QObject *owner, const Home &home);
 
     FileForm &file() { return *m_file; }
@@ -50,13 +50,13 @@ public slots:
     void onPatternChanged(int index);
     void onElevationTypeChanged(int index);
     void onStayTypeChanged(int index);
-    /// The unit of the stays, which follows reference and stay type.
+    /// Updates the unit of the dwells, which follows reference and dwell type.
     void switchStayTime();
     void onCancelButtonClicked();
     void onSaveButtonClicked();
 
 signals:
-    /// The file was saved, after the message.
+    /// Emitted after the file was saved and that was reported.
     void saved();
     /// The edits were dropped.
     void cancelled();
@@ -76,7 +76,7 @@ private:
     double m_rightElevation = 0;
     bool m_vPattern = true;
     QString m_anglesOf; ///< the file whose angles are remembered
-    int m_standard = -1; ///< that the length or frequency box is set up for
+    int m_standard = -1; ///< the reference for which the length or frequency box is set up
 };
 
 } // namespace welmo

@@ -10,7 +10,7 @@ WeaveFunctionPage::WeaveFunctionPage(QWidget *parent, QObject *owner)
 {
     setObjectName(name());
     auto *layout = new QVBoxLayout(wgt());
-    layout->setContentsMargins(0, 0, 0, 0); // the editor brings its own
+    layout->setContentsMargins(0, 0, 0, 0); // the editor has margins of its own
     layout->addWidget(m_editor);
     m_editor->initUI(this, welmo::WeaveEditor::Home{});
 }

@@ -18,11 +18,12 @@ public:
     explicit WeldGroup(QWidget *parent = nullptr);
     ~WeldGroup() override;
 
-    /// Applies the edited values to the welder at once; only the process page offers it.
+    /// The button that applies the edited values to the welder at once; only the process page shows
+    /// it.
     QPushButton *enableButton() const;
 
 public slots:
-    /// The restart distance is only offered where the weld can be taken up again.
+    /// Offers the restart distance only where the weld can be resumed.
     void onArcBreakOptionChanged(int index);
 
 protected:

@@ -12,7 +12,8 @@ using namespace welmo;
 
 namespace {
 
-constexpr int notRead = -1; // refused here, before the controller is asked
+// The code of a save that was refused here, without asking the controller.
+constexpr int notRead = -1;
 
 } // namespace
 
@@ -115,7 +116,7 @@ void WeldingOptionsPage::checkWelderState()
 
 void WeldingOptionsPage::showWelderState(const QString &state)
 {
-    // The settings can be edited all the same; the operator should know why nothing moves.
+    // The settings can be edited without a ready welder; the hint says why nothing happens.
     ui->lblWelderHint->setVisible(state != QLatin1String("ok"));
 }
 
@@ -227,13 +228,14 @@ void WeldingOptionsPage::onAnticollisionEnableChanged(bool on)
     if (on)
         return;
     setButtonEnabledWithoutTriggeringSlot(ui->btn_antiCollisionShield, false);
-    storeAnticollisionParam(); // else the next "on" carries a shield that nobody asked for
+    // So that switching it on again does not send a shield that the operator did not choose.
+    storeAnticollisionParam();
     m_anticollision.markSaved();
 }
 
 void WeldingOptionsPage::lockByAnticollision(bool on)
 {
-    // The input is chosen before the sensor is switched on, and locked while it is active.
+    // The input must be chosen before the sensor is switched on, and cannot change while it is on.
     ui->btn_antiCollisionShield->setEnabled(on);
     ui->cbx_DISelection_anti->setEnabled(!on);
 }

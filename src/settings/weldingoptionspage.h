@@ -11,8 +11,8 @@ class WeldingOptionsPage;
 }
 class EnableButton;
 
-/// The sub-page of three small settings, each with its own way to the controller: running
-/// parameters, the torch's collision sensor, and the wire-clamping torch.
+/// The sub-page of three small sets of options: running parameters, the torch's collision sensor,
+/// and the wire-clamping torch. Each is sent to the controller in its own way.
 class WeldingOptionsPage : public BaseSubPage
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ public:
     void useDefaultRunningParam() { m_running.useDefault(); }
     void useDefaultAnticollisionParam() { m_anticollision.useDefault(); }
     void useDefaultWireClampingTorchModeParam() { m_clamping.useDefault(); }
-    /// Takes a set's defaults over, where the controller has none.
+    /// Makes a set's defaults its values, if the controller has none.
     void handleDefaultParam(welmo::OptionsForm &set) { set.useDefault(); }
 
     QStringList getDIRange() const { return welmo::inputs::getDIRange(); }
@@ -79,7 +79,7 @@ private:
     int saveRunningParam();
     int cmdAnticollisionParam();
     int cmdWireClampingTorchModeParam();
-    /// The two on/off buttons act alike: send at once, put back what was refused.
+    /// Sends an on/off button's state at once; if it is refused, puts the button back.
     bool actOnAnticollision(EnableButton *button, bool on, const QString &error,
                             const QString &success);
     void lockByAnticollision(bool on);

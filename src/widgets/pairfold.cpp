@@ -9,7 +9,7 @@ namespace welmo {
 
 namespace {
 
-constexpr int secondPair = 4; // its first column
+constexpr int secondPair = 4; // column in which the second pair starts
 constexpr int columnCount = 7;
 constexpr int labelWidths[] = {137, 109}; // of the two pairs, so that few labels take two lines
 constexpr int unitWidths[] = {44, 51};
@@ -27,7 +27,7 @@ void shapeColumns(QGridLayout *grid, bool folded)
         const bool isUsed = !folded || column < secondPair - 1;
         const bool isField = column % secondPair == 1;
         const bool isUnit = column % secondPair == 2;
-        // A column without a stretch of its own takes that of a box that reaches over it.
+        // With a stretch of 0 a column would take that of a box that spans it.
         grid->setColumnStretch(column, !isUsed ? 0 : isField ? fieldStretch : isUnit ? 1 : 0);
         const int pair = column > secondPair ? 1 : 0;
         const int width = isUnit       ? unitWidths[folded ? 1 : pair]
@@ -54,7 +54,7 @@ PairFold::PairFold(QGroupBox *group, QAbstractButton *aside)
     for (QGridLayout *grid : group->findChildren<QGridLayout *>())
         collect(grid);
     arrange(false);
-    group->setMinimumWidth(narrowest); // the layout's own would keep it from being folded
+    group->setMinimumWidth(narrowest); // else the layout's own minimum would prevent folding
     group->installEventFilter(this);
 }
 
@@ -71,7 +71,7 @@ void PairFold::collect(QGridLayout *grid)
 
 bool PairFold::eventFilter(QObject *watched, QEvent *event)
 {
-    // By the time that it is shown it has its style, and the style other widths.
+    // A shown widget has its style, which changes the widths.
     if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
         measureAnew();
     if (event->type() == QEvent::LayoutRequest && !m_folded)
@@ -79,7 +79,8 @@ bool PairFold::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-// A scroll area gives a page no more height than the hints of its labels, which know no width.
+// A scroll area uses only the labels' size hints, which do not know that narrow text takes more
+// lines.
 void PairFold::keepLabelsWhole()
 {
     for (const Place &place : qAsConst(m_places)) {
@@ -106,7 +107,7 @@ void PairFold::fit()
 void PairFold::arrange(bool folded)
 {
     for (QGridLayout *grid : qAsConst(m_grids)) {
-        while (grid->takeAt(0)) { } // the places keep them
+        while (grid->takeAt(0)) { } // m_places keeps the items
         shapeColumns(grid, folded);
     }
     for (const Place &place : qAsConst(m_places)) {

@@ -10,15 +10,15 @@ class QLayoutItem;
 
 namespace welmo {
 
-/// Gives the grids of a group the same columns as everywhere, and folds them where the group has
-/// less room than they need. Such a grid has pairs side by side, each a label, a field and a unit
-/// in three columns, with one column between; folded, the second pair stands below the first.
+/// Gives the grids of a group the usual columns, and folds them where the group is too narrow. Such
+/// a grid has pairs side by side, each a label, a field and a unit in three columns, with one
+/// column between; when folded, the second pair stands below the first.
 class PairFold : public QObject
 {
 public:
-    /// For every group below @p form, as its generated form made it; each goes with its group.
+    /// One for every group below @p form; each lives as long as its group.
     static void follow(QWidget *form);
-    /// Lives with @p group. @p aside, if any, is a button at the left of the group's last row that
+    /// @p group owns it. @p aside, if any, is a button at the left of the group's last row that
     /// gets a row of its own when folded.
     explicit PairFold(QGroupBox *group, QAbstractButton *aside = nullptr);
 

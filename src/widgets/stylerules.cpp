@@ -13,7 +13,7 @@ namespace welmo {
 
 void applyStyleRules(QWidget *top)
 {
-    // The sign in a number must not depend on the language of the environment that a host runs in.
+    // Without this, the decimal point would depend on the language of the host's environment.
     QLocale plain = QLocale::c();
     plain.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::RejectGroupSeparator);
     top->setLocale(plain);

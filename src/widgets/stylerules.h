@@ -4,9 +4,8 @@ class QWidget;
 
 namespace welmo {
 
-/// Gives @p top, and what is and will be below it, the look of the package in the host's theme, and
-/// numbers the point as their sign.
-/// Cheapest before there are children.
+/// Gives @p top and all its descendants, also later ones, the package's look in the host's theme,
+/// with a point as the decimal sign. Cheapest while @p top has no children.
 void applyStyleRules(QWidget *top);
 
 } // namespace welmo

@@ -8,8 +8,8 @@ namespace welmo {
 
 namespace {
 
-/// Waits for the press that opens the combo's list for the first time. Until then the combo has no
-/// list, and making those of a form is a good part of the time that opening the form takes.
+/// Waits for the press that opens the combo's list for the first time. The list is made only then,
+/// since making all lists would take a good part of the time that opening a form takes.
 class TouchRows : public QObject
 {
 public:
@@ -36,8 +36,8 @@ void makeTouchable(QComboBox *combo)
         rows->setObjectName(name);
         combo->installEventFilter(rows);
     }
-    // May become narrower than its longest item: a form must fit the screen. The policy that says
-    // so outright would make the list at once.
+    // The combo may become narrower than its longest item, so that a form fits the screen. The size
+    // policy for this would make the list at once.
     combo->setMinimumContentsLength(6);
 }
 

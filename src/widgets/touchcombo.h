@@ -6,14 +6,15 @@ class QComboBox;
 
 namespace welmo {
 
-/// Gives the combo's list rows that a finger can hit (its own delegate ignores the style rules' row
-/// height) and lets it be narrower than its longest item. Calling it again changes nothing.
+/// Gives the combo's list rows that are high enough for a finger (its own delegate ignores the
+/// style rules' row height) and lets the combo be narrower than its longest item. Calling it again
+/// changes nothing.
 void makeTouchable(QComboBox *combo);
 
-/// Whether the combo offers just these; filling it again would close its open list.
+/// Whether the combo offers exactly these names; filling it again would close its open list.
 bool offers(const QComboBox *combo, const QStringList &names);
 
-/// Chooses the first entry that has a text; nothing where none has.
+/// Selects the first entry with a text, if there is one.
 void chooseFirstNamed(QComboBox *combo);
 
 } // namespace welmo
