@@ -1,8 +1,10 @@
-"""Format, headers, clang-tidy and clazy: lint.py [--all] [--quick]
+"""Format, headers, clang-tidy and clazy: lint.py [--quick] [--all | FOLDER...]
 
-Looks at what changed since origin/main, or in the last commit; with --all at everything; with --quick
-at format and headers alone, as CI does. A clone that has neither, such as one of depth 1, has only its
-format looked at. Needs the build in build/dev, which ./dev sees to.
+Checks what changed: files that are not committed, and the commits since origin/main. A clean clone of
+origin/main, as in CI, has neither; there it checks what the last commits changed. Of the changed files
+it checks the newest, up to a limit that CI can afford, and says how many it leaves out. --all checks
+everything, FOLDER everything below it. --quick leaves out clang-tidy and clazy. Needs the build in
+build/dev, which ./dev makes first.
 """
 
 import json
@@ -18,8 +20,10 @@ BUILD = os.path.join(ROOT, "build", "dev")
 DATABASE = os.path.join(ROOT, "build", "lint")
 EMPTY = os.path.join(DATABASE, "empty")
 FOLDERS = "bench|book|controller|host|link|pendant|schema|src|tests|tl|tools"
-# The linters take some ten seconds for a source, and CI has minutes.
+# Both linters together take some five seconds for a source, and CI has minutes.
 MOST_SOURCES = 40
+MOST_HEADERS = 60
+LAST_COMMITS = 30
 
 # clang cannot read what gcc precompiled.
 PRECOMPILED = re.compile(r" -include \S*/cmake_pch\.hxx| -Winvalid-pch| -fpch-preprocess")
@@ -30,33 +34,50 @@ def git(*arguments):
     return result.stdout.split() if result.returncode == 0 else []
 
 
-def changed():
-    """The newest first: what is not committed, then commit by commit; None where nothing says."""
+def since():
+    """The commit after which changes count; None in a clone of a single commit."""
     head = git("rev-parse", "HEAD")
     base = git("merge-base", "HEAD", "origin/main")
-    if not base or base == head:
-        base = git("rev-parse", "--verify", "HEAD~1")
-    if not base:
-        return None
+    if base and (base != head or git("status", "--porcelain")):
+        return base[0]
+    oldest = git("rev-list", f"--max-count={LAST_COMMITS + 1}", "HEAD")[-1:]
+    return None if oldest in ([], head) else oldest[0]
+
+
+def changed():
+    """The newest first: what is not committed, then commit by commit; without any, all files."""
     files = git("ls-files", "--others", "--exclude-standard") + git("diff", "--name-only", "HEAD")
-    files += git("log", "--format=", "--name-only", f"{base[0]}..HEAD")
+    base = since()
+    files += git("log", "--format=", "--name-only", f"{base}..HEAD") if base else git("ls-files")
     return [file for file in dict.fromkeys(files) if os.path.exists(os.path.join(ROOT, file))]
 
 
+def newest(what, files, most):
+    """The first files of the list; says how many it leaves out."""
+    if len(files) > most:
+        print(f"==> {what}: {len(files) - most} older ones are not checked; ./dev lint --all does it")
+    return files[:most]
+
+
 def sources_for(files):
-    """A header is looked at through the first source that includes it."""
+    """The sources to check; a header is checked in its own source, or in one that includes it."""
     sources = {}
     for file in files:
         if file.endswith(".h"):
             pattern = rf'#include [<"](.*/)?{re.escape(os.path.basename(file))}[>"]'
-            sources.update(dict.fromkeys(git("grep", "-lE", pattern, "--", "*.cpp")[:1]))
+            own = os.path.splitext(file)[0] + ".cpp"
+            near = os.path.join(os.path.dirname(file), "*.cpp")
+            users = git("ls-files", "--", own) or git("grep", "-lE", pattern, "--", near)
+            users = users or git("grep", "-lE", pattern, "--", "*.cpp", ":!tests", ":!bench")
+            users = users or git("grep", "-lE", pattern, "--", "*.cpp")
+            sources.update(dict.fromkeys(users[:1]))
         else:
             sources[file] = None
     return list(sources)
 
 
 def write_database():
-    """The build's commands without what is precompiled; the command of each file of ours."""
+    """Writes the build's commands without precompiled headers; returns each file's command."""
     with open(os.path.join(BUILD, "compile_commands.json"), encoding="utf-8") as file:
         entries = json.load(file)
     for entry in entries:
@@ -70,7 +91,7 @@ def write_database():
 
 
 def alone(header, commands):
-    """The header and nothing else, with the flags of a source from its folder, or from above it."""
+    """The command that compiles a header by itself, with the flags of a source near it."""
     folder = header
     near = []
     while not near:
@@ -83,12 +104,12 @@ def alone(header, commands):
 
 
 def run_each(what, commands):
-    """Runs the commands, as many at a time as there are processors; whether all were content."""
+    """Runs the commands, one for each processor at a time; returns whether all succeeded."""
     print(f"==> {what}: {len(commands)} files", flush=True)
 
     def run(command):
         result = subprocess.run(command, cwd=BUILD, capture_output=True, text=True)
-        # Both tools end well after a warning unless told otherwise, and count what they left out.
+        # Both tools succeed in spite of warnings unless told otherwise, and count those they left out.
         found = re.sub(r"^\d+ (warning|error)s?.* generated\..*\n?", "", result.stderr, flags=re.M)
         return result.returncode == 0, result.stdout + (found if result.returncode else "")
 
@@ -101,25 +122,30 @@ def run_each(what, commands):
         return good
 
 
+def options(arguments):
+    """The flags and the folders."""
+    flags = {argument for argument in arguments if argument.startswith("--")}
+    folders = [argument for argument in arguments if argument not in flags]
+    missing = [folder for folder in folders if not git("ls-files", "--", folder)]
+    if flags - {"--all", "--quick"} or missing or (folders and "--all" in flags):
+        sys.exit("usage: ./dev lint [--quick] [--all | FOLDER...]")
+    return flags, folders
+
+
 def main():
-    if set(sys.argv[1:]) - {"--all", "--quick"}:
-        sys.exit("usage: ./dev lint [--all] [--quick]")
-    everything = "--all" in sys.argv
-    quick = "--quick" in sys.argv
-    known = None if everything else changed()
-    files = [f for f in (git("ls-files") if known is None else known) if f.endswith((".cpp", ".h"))]
-    looked_at = files
-    if known is None and not everything:
-        print("==> no commit to compare with: the format only; ./dev lint --all takes all")
-        looked_at = []
+    flags, folders = options(sys.argv[1:])
+    limited = not folders and "--all" not in flags
+    known = changed() if limited else git("ls-files", "--", *folders)
+    files = [file for file in known if file.endswith((".cpp", ".h"))]
     commands = write_database()
-    headers = [file for file in looked_at if file.endswith(".h")]
-    sources = [file for file in sources_for(looked_at) if file in commands]
-    if quick:
+    headers = [file for file in files if file.endswith(".h")]
+    sources = [file for file in sources_for(files) if file in commands]
+    if limited:
+        headers = newest("headers", headers, MOST_HEADERS)
+    if "--quick" in flags:
         sources = []
-    elif not everything and len(sources) > MOST_SOURCES:
-        print(f"==> of {len(sources)} sources those that changed last; ./dev lint --all takes all")
-        sources = sources[:MOST_SOURCES]
+    elif limited:
+        sources = newest("sources", sources, MOST_SOURCES)
     in_root = [os.path.join(ROOT, file) for file in files]
     tidy = ["clang-tidy", "-p", DATABASE, "--quiet", f"--header-filter=^{ROOT}/({FOLDERS})/"]
     tidy += ["--extra-arg=-Wno-unknown-warning-option"]
