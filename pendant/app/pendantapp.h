@@ -38,22 +38,22 @@ class PluginLoader;
 class ProgramPage;
 class RobotState;
 
-/// Everything of a running pendant, put together here and nowhere else. One at a time; it can be
-/// started and stopped as often as one likes within a process.
+/// A whole running pendant; all its parts are put together here only. One at a time, which can be
+/// started and stopped repeatedly in one process.
 class PendantApp : public QObject
 {
     Q_OBJECT
 public:
-    /// Makes what a start connects through; the link is opened later.
+    /// Makes the connection that a start uses; the link is opened later.
     using Connector = std::function<Connection(const Options &)>;
 
     PendantApp(const Options &options, Connector connector);
     ~PendantApp() override;
 
-    /// Builds the window, loads the package and begins to connect. What goes wrong on the way is
-    /// told in the window.
+    /// Builds the window, loads the packages and begins to connect. Failures are shown in the
+    /// window.
     void start();
-    /// Takes everything down: modules, window, link, library.
+    /// Ends everything: modules, window, link, libraries.
     void stop();
 
     tessa::Host *host() { return m_host.get(); }
@@ -61,7 +61,7 @@ public:
     LinkControl *link() { return m_control.get(); }
 
 signals:
-    /// The pendant was started, anew after a change of language or theme.
+    /// The pendant was started, also again after a change of language or theme.
     void started();
 
 private:
@@ -82,9 +82,9 @@ private:
 
     Options m_options;
     Connector m_connector;
-    ProgramDocument m_program; // stays open over a change of language
+    ProgramDocument m_program; // kept over a change of language
     tessa::ControllerStatus::Level m_level = tessa::ControllerStatus::Level::Administrator;
-    KeyHolds m_holds; // what is down stays so as well
+    KeyHolds m_holds; // kept over it too, so that held keys stay known
     KeyboardWatch m_keyboard;
     NumberEntry m_numbers;
     FieldPads m_pads{&m_numbers};
@@ -100,9 +100,9 @@ private:
     std::unique_ptr<AlarmList> m_alarms;
     std::unique_ptr<RobotState> m_robot;
     std::unique_ptr<JogSpeed> m_jog;
-    QTimer m_keepSoon; // what a held key goes on changing
+    QTimer m_keepSoon; // saves the jog speed, which a held key changes often
     std::unique_ptr<PendantWindow> m_window;
-    ProgramPage *m_programPage = nullptr; // in the window
+    ProgramPage *m_programPage = nullptr; // owned by the window
 };
 
 } // namespace welmo::pendant

@@ -26,7 +26,7 @@
 namespace {
 
 const QString weldModeKey = QStringLiteral("welding_options.weld_mode");
-// The theme's two icon inks: on the strip's own ground, and on a checked button.
+// The theme's two icon colours: on the strip's own ground, and on a checked button.
 const QString plainInk = QStringLiteral("black");
 const QString checkedInk = QStringLiteral("white");
 const QString editedDot = QStringLiteral(":/welmo/images/ArconEdited.png");
@@ -122,7 +122,7 @@ void ArcWeldPage::switchPage()
             leave(entry);
     }
     show(*chosen);
-    ui->wgtNav->update(); // with all that changed, and not a second time at once
+    ui->wgtNav->update(); // one repaint for all changes
 }
 
 void ArcWeldPage::leave(SubPageCfg &entry)
@@ -193,7 +193,7 @@ void ArcWeldPage::init()
     autoUpdate(true, true, true, false);
     connect(welmo::host::controllerManager(), &tessa::ControllerManager::rcConnected, this,
             &ArcWeldPage::reload);
-    TlArcWeldDefine instructions(this); // what it enters stays in the TL manager
+    TlArcWeldDefine instructions(this); // its entries stay in the TL manager
 }
 
 void ArcWeldPage::render()
@@ -203,7 +203,7 @@ void ArcWeldPage::render()
     addModeIndicator();
     auto *node = xservice()->watchNode(QStringLiteral("arc_weld.weld_mode"));
     connect(node, &kelp::ModuleObject::changed, this, &ArcWeldPage::onWeldModeChanged);
-    // A link that was up before the page listened is not told again.
+    // If the link came up before the page was made, no signal follows.
     if (!m_isLoaded && welmo::arcweld::isConnected())
         reload();
 }
@@ -211,7 +211,7 @@ void ArcWeldPage::render()
 void ArcWeldPage::addModeIndicator()
 {
     m_modeIndicator =
-        new welmo::WeldModeIndicator; // kept, though not seen, where there is no status bar
+        new welmo::WeldModeIndicator; // also without a status bar, where it is never shown
     if (pando::StatusBar *bar = welmo::host::statusBar(this)) {
         bar->addBeforeItem(this, QStringLiteral("welmo.labelArcMode"),
                            QStringLiteral("orbo.body.statuspage.wgtStrech2"), m_modeIndicator);
@@ -243,7 +243,7 @@ void ArcWeldPage::loadFromRC()
     if (!welmo::arcweld::readFailed(answer)) {
         const QString mode = answer->r(QStringLiteral("mode"))->getString(QString());
         mobj()->set(this, weldModeKey, mode, true);
-        if (m_modeIndicator) // the link may come up before render()
+        if (m_modeIndicator) // null if the link comes up before render()
             m_modeIndicator->showPicture(mode);
     }
     loadWelderSetting();
