@@ -80,6 +80,9 @@ def write_database():
     """Writes the build's commands without precompiled headers; returns each file's command."""
     with open(os.path.join(BUILD, "compile_commands.json"), encoding="utf-8") as file:
         entries = json.load(file)
+    # A source that tests compile as well is checked as the product compiles it.
+    entries.sort(key=lambda entry: " -o tests/" in entry["command"], reverse=True)
+    entries = list({entry["file"]: entry for entry in entries}.values())
     for entry in entries:
         entry["command"] = PRECOMPILED.sub("", entry["command"])
     os.makedirs(DATABASE, exist_ok=True)
@@ -148,9 +151,12 @@ def main():
         sources = newest("sources", sources, MOST_SOURCES)
     in_root = [os.path.join(ROOT, file) for file in files]
     tidy = ["clang-tidy", "-p", DATABASE, "--quiet", f"--header-filter=^{ROOT}/({FOLDERS})/"]
-    tidy += ["--extra-arg=-Wno-unknown-warning-option"]
-    clazy = ["clazy-standalone", "-p", DATABASE, "--checks=level1", f"--header-filter=^{ROOT}/({FOLDERS})/"]
-    clazy += ["--extra-arg=-Wno-unknown-warning-option", "--extra-arg=-Werror"]
+    # Most loops run over what a call returns, which range-loop-detach warns of as well.
+    clazy = ["clazy-standalone", "-p", DATABASE, "--checks=level1,no-range-loop-detach"]
+    clazy += [f"--header-filter=^{ROOT}/({FOLDERS})/", "--extra-arg=-Werror"]
+    # The second is about a header in C with a member named "explicit".
+    for linter in (tidy, clazy):
+        linter += ["--extra-arg=-Wno-unknown-warning-option", "--extra-arg=-Wno-keyword-macro"]
     steps = (
         ("format", [["clang-format", "--dry-run", "--Werror", file] for file in in_root]),
         ("headers by themselves", [alone(header, commands) for header in headers]),
