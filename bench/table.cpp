@@ -19,8 +19,16 @@ QString pair(double median, double p99)
     return figure(median) + QStringLiteral(" / ") + figure(p99);
 }
 
-const QStringList header{
-    "What", "Floor", "Unit", "Ours, median / p99", "Floor, median / p99", "Ratio, median / p99"};
+QStringList header()
+{
+    return {"What",
+            "Floor",
+            "Unit",
+            "Ours, median / p99",
+            "Floor, median / p99",
+            "Ratio, median / p99"};
+}
+
 constexpr int firstNumber = 3;
 
 QStringList cells(const Row &row)
@@ -39,11 +47,11 @@ QStringList cells(const Row &row)
 
 void Table::print(QTextStream &out, Form form) const
 {
-    QList<QStringList> lines{header};
+    QList<QStringList> lines{header()};
     for (const Row &row : m_rows)
         lines.append(cells(row));
     QList<int> widths;
-    for (int column = 0; column < header.size(); ++column) {
+    for (int column = 0; column < lines.first().size(); ++column) {
         int width = 0;
         for (const QStringList &line : qAsConst(lines))
             width = std::max(width, line[column].size());
@@ -52,7 +60,7 @@ void Table::print(QTextStream &out, Form form) const
     const bool markdown = form == Form::Markdown;
     for (int i = 0; i < lines.size(); ++i) {
         QStringList padded;
-        for (int column = 0; column < header.size(); ++column)
+        for (int column = 0; column < lines.first().size(); ++column)
             padded.append(column < firstNumber ? lines[i][column].leftJustified(widths[column])
                                                : lines[i][column].rightJustified(widths[column]));
         const QString line = padded.join(markdown ? QStringLiteral(" | ") : QStringLiteral("  "));

@@ -66,6 +66,7 @@ using Splitter = Instruction::Splitter;
 
 } // namespace
 
+// NOLINTNEXTLINE(readability-redundant-declaration): gives the constants external linkage
 extern const Instruction instructions[wordCount];
 constexpr Instruction instructions[wordCount] = {
     arc(Word::ArcOn, "ArcOn", R"(ArcOn "arcondata", "arcdata")",

@@ -22,7 +22,7 @@ public:
     ~Cells();
 
     static QString nameOf(int cell) { return QStringLiteral("cell%1").arg(cell); }
-    static int numberOf(const QString &name) { return name.mid(4).toInt(); }
+    static int numberOf(const QString &name) { return name.midRef(4).toInt(); }
 
     bool areOnline() const { return m_online >= int(m_cells.size()); }
     void setTelling(bool on) { m_telling = on; }

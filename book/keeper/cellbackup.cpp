@@ -39,8 +39,9 @@ std::optional<QVariantMap> project(CellWriter &cell)
     if (!lists)
         return {};
     QVariantMap project;
-    for (const QString &kind : lists->toMap().keys()) {
-        const QString list = kind + ownList; // the other one is built in
+    const QVariantMap kinds = lists->toMap();
+    for (auto kind = kinds.keyBegin(); kind != kinds.keyEnd(); ++kind) {
+        const QString list = *kind + ownList; // the other one is built in
         const auto items = cell.read(names::project, list);
         if (!items)
             return {};

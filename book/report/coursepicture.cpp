@@ -7,10 +7,10 @@ namespace welmo::book {
 
 namespace {
 
-const QColor ink("#17212B");
-const QColor grid("#CBD3DA");
-const QColor line("#0A61A6");
-const QColor bandColor(26, 105, 48, 40);
+constexpr QColor ink(0x17, 0x21, 0x2B);
+constexpr QColor grid(0xCB, 0xD3, 0xDA);
+constexpr QColor line(0x0A, 0x61, 0xA6);
+constexpr QColor bandColor(26, 105, 48, 40);
 
 struct Strip
 {

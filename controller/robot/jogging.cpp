@@ -1,6 +1,7 @@
 #include "controller/robot/jogging.h"
 
-#include <QStringList>
+#include <algorithm>
+#include <initializer_list>
 
 #include "controller/core/fields.h"
 #include "schema/names.h"
@@ -11,10 +12,14 @@ namespace welmo::controller {
 
 namespace {
 
-const QStringList alongAxes{QStringLiteral("x"), QStringLiteral("y"), QStringLiteral("z")};
-const QStringList aboutAxes{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
-const QStringList jointNames{QStringLiteral("j1"), QStringLiteral("j2"), QStringLiteral("j3"),
-                             QStringLiteral("j4"), QStringLiteral("j5"), QStringLiteral("j6")};
+// The axis's place among @p names, from 0; -1 if it is not there.
+int indexIn(std::initializer_list<const char *> names, const QString &axis)
+{
+    const auto *found = std::find_if(names.begin(), names.end(), [&axis](const char *name) {
+        return axis == QLatin1String(name);
+    });
+    return found == names.end() ? -1 : int(found - names.begin());
+}
 
 QString word(const QVariant &payload, const char *key)
 {
@@ -88,9 +93,9 @@ Reply Jogging::read(const QVariant &payload, Jog *jog) const
     if (!reply.ok())
         return reply;
     const QString axis = word(wanted.value, "axis");
-    const int along = alongAxes.indexOf(axis);
-    const int about = aboutAxes.indexOf(axis);
-    jog->joint = jointNames.indexOf(axis);
+    const int along = indexIn({"x", "y", "z"}, axis);
+    const int about = indexIn({"a", "b", "c"}, axis);
+    jog->joint = indexIn({"j1", "j2", "j3", "j4", "j5", "j6"}, axis);
     if (along < 0 && about < 0 && jog->joint < 0)
         return Reply::refused(BadPayload, QStringLiteral("no axis of the name ") + axis);
     jog->kind = along >= 0 ? Jog::Kind::Along : about >= 0 ? Jog::Kind::About : Jog::Kind::Joint;

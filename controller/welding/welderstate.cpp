@@ -1,7 +1,7 @@
 #include "controller/welding/welderstate.h"
 
-#include <QVector>
 #include <cmath>
+#include <iterator>
 
 #include "controller/core/fields.h"
 #include "controller/welding/weld.h"
@@ -14,13 +14,12 @@ namespace {
 
 // In the order of the readings. The seam's program, line and user are in the node of the phase,
 // since of two nodes that change together a pendant may be notified of either first.
-const QVector<QString> wordKeys{QStringLiteral("state"),        QStringLiteral("phase"),
-                                QStringLiteral("welding_name"), QStringLiteral("program"),
-                                QStringLiteral("line"),         QStringLiteral("user")};
-const QVector<QString> numberKeys{
-    QStringLiteral("current"),          QStringLiteral("voltage"),
-    QStringLiteral("welding_speed"),    QStringLiteral("welding_time"),
-    QStringLiteral("welding_distance"), QStringLiteral("welding_wire_used")};
+const QString wordKeys[]{QStringLiteral("state"),        QStringLiteral("phase"),
+                         QStringLiteral("welding_name"), QStringLiteral("program"),
+                         QStringLiteral("line"),         QStringLiteral("user")};
+const QString numberKeys[]{QStringLiteral("current"),          QStringLiteral("voltage"),
+                           QStringLiteral("welding_speed"),    QStringLiteral("welding_time"),
+                           QStringLiteral("welding_distance"), QStringLiteral("welding_wire_used")};
 constexpr int current = 0;
 constexpr int voltage = 1;
 const QString rateKey = QStringLiteral("rate");
@@ -31,23 +30,22 @@ double rounded(double value, double decimals)
     return std::round(value * scale) / scale;
 }
 
-template<typename Readings>
-void insertAll(QVariantMap &map, const QVector<QString> &keys, const Readings &readings)
+template<typename Keys, typename Readings>
+void insertAll(QVariantMap &map, const Keys &keys, const Readings &readings)
 {
-    for (int i = 0; i < keys.size(); ++i)
-        map.insert(keys.at(i), readings[i]);
+    for (size_t i = 0; i < std::size(keys); ++i)
+        map.insert(keys[i], readings[i]);
 }
 
 // Inserts each value that differs from the last notification, and remembers it.
-template<typename Readings>
-bool takeChanges(QVariantMap &map, const QVector<QString> &keys, Readings &told,
-                 const Readings &readings)
+template<typename Keys, typename Readings>
+bool takeChanges(QVariantMap &map, const Keys &keys, Readings &told, const Readings &readings)
 {
     if (told == readings)
         return false;
-    for (int i = 0; i < keys.size(); ++i) {
+    for (size_t i = 0; i < std::size(keys); ++i) {
         if (told[i] != readings[i])
-            map.insert(keys.at(i), readings[i]);
+            map.insert(keys[i], readings[i]);
     }
     told = readings;
     return true;
@@ -102,8 +100,8 @@ void WelderState::tick()
 
 void WelderState::completePair(QVariantMap &news) const
 {
-    const QString &currentKey = numberKeys.at(current);
-    const QString &voltageKey = numberKeys.at(voltage);
+    const QString &currentKey = numberKeys[current];
+    const QString &voltageKey = numberKeys[voltage];
     if (!news.contains(currentKey) && !news.contains(voltageKey))
         return;
     news.insert(currentKey, m_toldNumbers[current]);

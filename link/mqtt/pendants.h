@@ -21,8 +21,8 @@ struct PendantSession
     qint64 lastBeat = 0; ///< its sequence
     struct Answered
     {
-        qint64 sequence;
-        controller::Reply reply;
+        qint64 sequence = 0;
+        controller::Reply reply = {};
     };
     std::deque<Answered> answered; ///< the newest, for repeated requests
 

@@ -38,10 +38,10 @@ const QString beatKey = QStringLiteral("beat");
 const QString presentKey = QStringLiteral("present");
 
 const QString helloWord = QStringLiteral("hello");
-const QVector<QPair<Kind, QString>> kindWords{{Kind::Get, QStringLiteral("get")},
-                                              {Kind::Set, QStringLiteral("set")},
-                                              {Kind::Watch, QStringLiteral("watch")},
-                                              {Kind::Command, QStringLiteral("command")}};
+const std::pair<Kind, QString> kindWords[]{{Kind::Get, QStringLiteral("get")},
+                                           {Kind::Set, QStringLiteral("set")},
+                                           {Kind::Watch, QStringLiteral("watch")},
+                                           {Kind::Command, QStringLiteral("command")}};
 
 constexpr int mostHeldKeys = 16;
 
@@ -130,20 +130,20 @@ qint64 numberOf(const MqttMessage &message, const QString &property, bool *good)
 bool readKind(const QString &word, Request *request)
 {
     request->hello = word == helloWord;
-    const auto found = std::find_if(kindWords.begin(), kindWords.end(),
+    const auto found = std::find_if(std::begin(kindWords), std::end(kindWords),
                                     [&word](const auto &entry) { return entry.second == word; });
-    if (found != kindWords.end())
+    if (found != std::end(kindWords))
         request->content.kind = found->first;
-    return request->hello || found != kindWords.end();
+    return request->hello || found != std::end(kindWords);
 }
 
 QString wordFor(const Request &request)
 {
     if (request.hello)
         return helloWord;
-    const auto found = std::find_if(kindWords.begin(), kindWords.end(), [&](const auto &entry) {
-        return entry.first == request.content.kind;
-    });
+    const auto found =
+        std::find_if(std::begin(kindWords), std::end(kindWords),
+                     [&](const auto &entry) { return entry.first == request.content.kind; });
     return found->second;
 }
 

@@ -55,8 +55,9 @@ QString complaintAbout(const QString &controller)
 
 QString complaintAbout(const QCommandLineParser &parser, const Options &options)
 {
-    if (!parser.positionalArguments().isEmpty())
-        return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
+    const QStringList unexpected = parser.positionalArguments();
+    if (!unexpected.isEmpty())
+        return QStringLiteral("unexpected argument '%1'").arg(unexpected.first());
     for (const QString &name : parser.optionNames()) {
         if (parser.value(name).isEmpty() && name != QLatin1String("help")
             && name != QLatin1String("version") && name != QLatin1String("empty"))

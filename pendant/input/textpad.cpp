@@ -68,7 +68,7 @@ void TextPad::show(Face face)
 
 void TextPad::onLetter(int key)
 {
-    const QString text = m_letters.at(key)->text().left(1);
+    const QString text = m_letters.at(key)->text().at(0);
     type(Qt::Key_unknown, text);
     if (m_face == Face::Capital)
         show(Face::Small);

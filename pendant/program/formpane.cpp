@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollArea>
+#include <memory>
 
 #include "pendant/program/formstart.h"
 #include "pendant/program/lineform.h"
@@ -140,17 +141,17 @@ void FormPane::show(tessa::BaseContentWidget *form, const QString &heading, cons
 // Fills the form and returns what it reports in the message log meanwhile.
 QStringList FormPane::read(const QString &text)
 {
-    QStringList told;
+    const auto told = std::make_shared<QStringList>();
     auto *helper = tessa::ManagerHelper::instance();
     const auto listening =
         connect(helper, &tessa::ManagerHelper::logThrown, this,
-                [&told](const QObject *, const QString &level, const QString &reason) {
+                [told](const QObject *, const QString &level, const QString &reason) {
                     if (level != QLatin1String("info"))
-                        told.append(reason);
+                        told->append(reason);
                 });
     m_form->FillWith(text);
     disconnect(listening);
-    return told;
+    return *told;
 }
 
 // If the form shows all of the line, its reports are about the files that the line names; the

@@ -5,6 +5,7 @@
 #include "pendant/pages/hostpage.h"
 
 class QAction;
+class QPushButton;
 class QStackedLayout;
 
 namespace tessa {
@@ -16,7 +17,6 @@ namespace welmo::pendant {
 class Cell;
 class FileKeeper;
 class FilesPane;
-class Cell;
 class FormPane;
 class LinesPane;
 class PathPane;

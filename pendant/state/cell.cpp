@@ -12,9 +12,12 @@ namespace {
 
 const QString stateKey = QStringLiteral("state");
 const QString modeKey = QStringLiteral("mode");
-const QStringList words{QStringLiteral("unknown"), QStringLiteral("idle"),
-                        QStringLiteral("running"), QStringLiteral("welding"),
-                        QStringLiteral("fault")};
+// In the order of Cell::State.
+QStringList words()
+{
+    return {QStringLiteral("unknown"), QStringLiteral("idle"), QStringLiteral("running"),
+            QStringLiteral("welding"), QStringLiteral("fault")};
+}
 
 } // namespace
 
@@ -55,7 +58,7 @@ void Cell::take(const QVariantMap &map)
 {
     for (auto value = map.begin(); value != map.end(); ++value)
         m_switches.insert(value.key(), value.value());
-    const int index = words.indexOf(m_switches.value(stateKey).toString());
+    const int index = words().indexOf(m_switches.value(stateKey).toString());
     m_state = static_cast<State>(qMax(0, index));
     m_lostAt = {};
     ControllerStatus *status = m_host->helper()->status();
@@ -87,7 +90,7 @@ void Cell::takeMode(const QString &mode)
 
 QString Cell::word() const
 {
-    return words.at(static_cast<int>(m_state));
+    return words().at(static_cast<int>(m_state));
 }
 
 QString Cell::text() const

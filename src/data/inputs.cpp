@@ -51,8 +51,8 @@ bool ioCompare(const QString &a, const QString &b)
         return true;
     if (right.size() < 2)
         return false;
-    const int leftBoard = left.first().mid(2).toInt();
-    const int rightBoard = right.first().mid(2).toInt();
+    const int leftBoard = left.first().midRef(2).toInt();
+    const int rightBoard = right.first().midRef(2).toInt();
     if (leftBoard != rightBoard)
         return leftBoard < rightBoard;
     return left.at(1).toInt() < right.at(1).toInt();

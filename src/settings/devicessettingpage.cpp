@@ -235,7 +235,7 @@ void DevicesSettingPage::storeDeviceParam()
 
 int DevicesSettingPage::convertCurrentToInt(const QString &text)
 {
-    return text.left(text.size() - 1).toInt();
+    return text.leftRef(text.size() - 1).toInt();
 }
 
 bool DevicesSettingPage::cmdSetWelder()

@@ -35,10 +35,10 @@ bool isListOfMaps(const QVariant &value)
 
 bool sameMap(const QVariantMap &a, const QVariantMap &b)
 {
-    return a.keys() == b.keys()
-        && std::equal(
-               a.begin(), a.end(), b.begin(),
-               [](const QVariant &left, const QVariant &right) { return sameValue(left, right); });
+    return std::equal(a.keyValueBegin(), a.keyValueEnd(), b.keyValueBegin(), b.keyValueEnd(),
+                      [](const auto &left, const auto &right) {
+                          return left.first == right.first && sameValue(left.second, right.second);
+                      });
 }
 
 bool sameList(const QVariantList &a, const QVariantList &b)

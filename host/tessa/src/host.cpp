@@ -12,11 +12,6 @@ namespace {
 Host *s_current = nullptr;
 constexpr int heartbeatMs = 25;
 
-// Pages look up project data in the host's tree, but the controller has it.
-const QStringList mirroredNodes{QStringLiteral("orbo.project"),
-                                QStringLiteral("orbo.robot.io.signal_detail"),
-                                QStringLiteral("orbo.toolpage")};
-
 } // namespace
 
 Host::Host(const HostOptions &options)
@@ -25,7 +20,10 @@ Host::Host(const HostOptions &options)
 {
     s_current = this;
     kelp::habits() = options.habits;
-    m_service.setMirrored(mirroredNodes);
+    // Pages look up project data in the host's tree, but the controller has it.
+    m_service.setMirrored({QStringLiteral("orbo.project"),
+                           QStringLiteral("orbo.robot.io.signal_detail"),
+                           QStringLiteral("orbo.toolpage")});
     kelp::ModuleObject *handle = m_workspace.root()->set(this, QStringLiteral("orbo.handle"), {});
     handle->set(this, QStringLiteral("max_jog_speed"), 100);
     handle->set(this, QStringLiteral("jog.override"), 0.3);

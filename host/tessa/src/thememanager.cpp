@@ -54,10 +54,9 @@ QIcon ThemeManager::getIcon(const QString &group, const QString &name) const
 
 QString ThemeManager::genStyleSheet(const QString &path)
 {
-    auto known = m_sheets.constFind(path);
-    if (known == m_sheets.constEnd())
-        known = m_sheets.insert(path, build(path));
-    return known.value();
+    if (!m_sheets.contains(path))
+        m_sheets.insert(path, build(path));
+    return m_sheets.value(path);
 }
 
 QString ThemeManager::build(const QString &path)

@@ -16,7 +16,7 @@ namespace welmo {
 class PointCells : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(QString title READ title WRITE setTitle)
+    Q_PROPERTY(QString title READ title WRITE setTitle) // clazy:exclude=qproperty-without-notify
 public:
     QString title() const;
     void setTitle(const QString &title);
