@@ -26,7 +26,7 @@ public:
     void print(QTextStream &out, Form form) const;
 
 private:
-    std::vector<Row> m_rows;
+    std::vector<Row> m_rows{};
 };
 
 } // namespace bench

@@ -28,7 +28,7 @@ public:
     QList<BModule *> modules() const;
 
 private:
-    std::vector<std::unique_ptr<BModule>> m_modules;
+    std::vector<std::unique_ptr<BModule>> m_modules{};
 };
 
 } // namespace pando

@@ -39,7 +39,7 @@ signals:
 private:
     struct Node
     {
-        std::deque<QVariant> waiting;
+        std::deque<QVariant> waiting{};
         qint64 due = 0; ///< earliest delivery, in milliseconds of m_clock
     };
 

@@ -78,7 +78,7 @@ private:
     {
         Set set;
         QPointer<QObject> owner;
-        std::vector<int> presses; ///< for each key the number of the press that holds it, or 0
+        std::vector<int> presses{}; ///< for each key the number of the press that holds it, or 0
     };
 
     std::pair<const Entry *, int> find(int key) const;
