@@ -29,7 +29,8 @@ QString journalOf(const QString &cellName, const QVector<CellChange> &before)
 QVector<CellChange> placesIn(const QJsonObject &journal)
 {
     QVector<CellChange> before;
-    for (const QJsonValue &value : journal.value(placesKey).toArray()) {
+    const QJsonArray places = journal.value(placesKey).toArray();
+    for (const QJsonValue &value : places) {
         const QJsonObject place = value.toObject();
         before.append(
             {place.value(nodeKey).toString(), place.value(entryKey).toString(),

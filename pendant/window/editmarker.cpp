@@ -15,7 +15,7 @@ namespace {
 constexpr int barWidth = 5;
 const char *const propertyName = "edited";
 
-/// A child of the marked widget, so that it moves, hides and goes with it.
+/// A child of the marked widget, so that it is moved, hidden and deleted with it.
 class Mark : public QWidget
 {
 public:

@@ -6,8 +6,8 @@ class QWidget;
 
 namespace welmo::pendant {
 
-/// Draws what a package marks as edited, by the property "edited": a field carries a bar along its
-/// left edge, the button that saves it a frame. Lives as long as the application.
+/// Marks what a package says is edited, by the property "edited": a field gets a bar along its left
+/// edge, the button that saves it a frame. Works in the whole application.
 class EditMarker : public QObject
 {
     Q_OBJECT

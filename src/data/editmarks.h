@@ -9,14 +9,14 @@
 
 namespace welmo {
 
-/// Names the property that says of a control, and of the button that saves it, that there is a
-/// change which was not saved. A host may draw it.
+/// The property of a control, and of the button that saves it, that is true while there is an
+/// unsaved change. A host may draw it.
 extern const char *const editedProperty;
-/// Counts, on a page, its forms with such changes.
+/// The property of a page with the number of its forms that have unsaved changes.
 extern const char *const editedFormsProperty;
 
-/// Keeps these properties of one form. @p edited answers which keys are changed; it is asked when
-/// the user moves a control of @p fields, which must outlive this.
+/// Keeps these properties up to date for one form. @p edited returns the changed keys; it is called
+/// when the user changes a control of @p fields, which must outlive this.
 class EditMarks : public QObject
 {
     Q_OBJECT

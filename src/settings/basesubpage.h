@@ -17,7 +17,7 @@ public:
     QWidget *wgt() const { return m_wgt; }
     /// Called each time the sub-page is shown, and when the controller has connected again.
     virtual void initPage() { }
-    /// Whether a form of it holds changes that were not saved.
+    /// Whether one of its forms has unsaved changes.
     bool isEdited() const;
     bool event(QEvent *event) override;
 
