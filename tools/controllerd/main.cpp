@@ -69,9 +69,9 @@ int main(int argc, char *argv[])
     const controllerd::Signals signalled;
     welmo::links::CellService service(how);
     QObject::connect(&service, &welmo::links::CellService::problem, &say);
-    QObject::connect(&service, &welmo::links::CellService::online,
+    QObject::connect(&service, &welmo::links::CellService::online, &service,
                      [&options] { say(QStringLiteral("%1 is online").arg(options.cell)); });
-    QObject::connect(&signalled, &controllerd::Signals::rereadWanted,
+    QObject::connect(&signalled, &controllerd::Signals::rereadWanted, &service,
                      [&] { reread(options.usersFile, &service); });
     QObject::connect(&signalled, &controllerd::Signals::endWanted, &app, &QCoreApplication::quit);
     service.start();
