@@ -41,7 +41,7 @@ RetainedValues::RetainedValues(Tell tell)
 void RetainedValues::tellAll(controller::Controller &controller)
 {
     m_nodes = controller.nodes();
-    // The journal is notified without its content; the audit is not for every user.
+    // The journal changes without notification, and the audit is not for every user.
     m_nodes.remove(welmo::names::journal);
     m_nodes.remove(welmo::names::audit);
     for (auto node = m_nodes.begin(); node != m_nodes.end(); ++node) {
