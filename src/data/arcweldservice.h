@@ -15,6 +15,8 @@ bool isConnected();
 
 /// Runs @p action each time the link has come up, as long as @p context lives.
 void onConnected(QObject *context, const std::function<void()> &action);
+/// The same for a link that was lost.
+void onDisconnected(QObject *context, const std::function<void()> &action);
 
 /// The controller's name for one of the arc-welding service's nodes or commands.
 inline QString node(const QString &name)

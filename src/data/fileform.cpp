@@ -35,6 +35,7 @@ FileForm::FileForm(QObject *owner, const schema::FileSet &set, QComboBox *combo,
     QObject::connect(combo, qOverload<int>(&QComboBox::currentIndexChanged), &m_guard,
                      [this] { showWhetherHeld(); });
     arcweld::onConnected(&m_guard, [this] { onConnected(); });
+    arcweld::onDisconnected(&m_guard, [this] { m_linkWasLost = true; });
 }
 
 FileForm::~FileForm()
@@ -205,6 +206,8 @@ void FileForm::setGrey(bool grey)
 void FileForm::select()
 {
     watchFile();
+    if (keepEditsAfterLoss())
+        return;
     const QString edited = editedFile();
     bool isRead = false;
     const auto showRead = [&] {
@@ -218,6 +221,18 @@ void FileForm::select()
         m_owner, m_combo, m_data, m_set, [this] { useFreshDefaults(); }, showRead);
     if (!isRead)
         showWhetherHeld();
+}
+
+// The host's pages read their files anew with every connection; that must not cost an edit.
+bool FileForm::keepEditsAfterLoss()
+{
+    if (!std::exchange(m_linkWasLost, false) || !holdsChosenFile() || editedFile().isEmpty())
+        return false;
+    const auto theirs = xservice()->get(m_owner, m_set.node(), m_combo->currentText());
+    if (arcweld::readFailed(theirs) || !theirs->hasCmobj(nameKey, false))
+        return false; // select() tells
+    reportOverlap(reloadKeepingEdits(host::toVariant(theirs.get())));
+    return true;
 }
 
 void FileForm::refresh()
@@ -239,6 +254,8 @@ bool FileForm::choose(const QString &name)
 
 void FileForm::start()
 {
+    if (keepEditsAfterLoss())
+        return;
     const QString edited = editedFile();
     writeDefaults();
     useDefaultNode();

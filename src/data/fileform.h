@@ -60,8 +60,8 @@ public:
     bool isEdited() const { return !m_edits.values().isEmpty(); }
     /// See FieldEdits::mark().
     void markUnedited() { m_edits.mark(); }
-    /// Reads the chosen file and shows it; a failed read leaves the form as it is. Unsaved changes
-    /// are lost, which is reported.
+    /// Reads the chosen file and shows it; a failed read leaves the form as it is. Unsaved
+    /// changes are lost, which is reported; the first time after a lost link they stay.
     void select();
     /// Shows the file again, except in edited fields; needed when a control offers other items.
     void refresh();
@@ -77,6 +77,7 @@ private:
     void watchFile();
     void onFilesChanged(const QVariant &files);
     void onConnected();
+    bool keepEditsAfterLoss();
     /// Shows the controller's values @p theirs, except in fields that are edited here. Returns the
     /// keys that both sides changed.
     QStringList reloadKeepingEdits(const QVariant &theirs);
@@ -94,6 +95,7 @@ private:
     std::function<void()> m_afterShow;
     kelp::ModuleObject *m_data = nullptr;
     QVariant m_read; ///< the file as the controller had it last
+    bool m_linkWasLost = false; ///< since the file was read
     QLabel *m_hint = nullptr;
     /// The controls that are disabled now, and whether they were enabled.
     QHash<QWidget *, bool> m_enabled;

@@ -1,5 +1,7 @@
 #include "data/optionsform.h"
 
+#include <utility>
+
 #include "data/arcweldservice.h"
 #include "data/report.h"
 
@@ -22,6 +24,7 @@ OptionsForm::OptionsForm(QObject *owner, const schema::OptionSet &set,
 {
     QObject::connect(xservice()->watchNode(set.node()), &kelp::ModuleObject::changed, &m_guard,
                      [this](const QVariant &values) { onChanged(values); });
+    arcweld::onDisconnected(&m_guard, [this] { m_linkWasLost = true; });
 }
 
 kelp::ModuleObject *OptionsForm::node(const QString &name) const
@@ -73,6 +76,15 @@ void OptionsForm::followShown(const kelp::ModuleObject *values)
 void OptionsForm::reload()
 {
     const bool isEdited = !m_edits.values().isEmpty();
+    if (std::exchange(m_linkWasLost, false) && isEdited && m_known) {
+        xservice()->watch(m_owner, m_set.node(), true);
+        const auto theirs = xservice()->get(m_owner, m_set.node());
+        if (!arcweld::readFailed(theirs)) {
+            if (theirs->cmobjCount() > 0) // else nobody has stored any
+                takeOver(host::toVariant(theirs.get()));
+            return;
+        }
+    }
     if (!get())
         return;
     if (isEdited)

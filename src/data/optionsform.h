@@ -63,6 +63,7 @@ private:
     std::function<void()> m_afterShow;
     kelp::ModuleObject *m_data = nullptr;
     bool m_known = false;
+    bool m_linkWasLost = false; ///< since the set was read
     QLabel *m_hint = nullptr;
     QVariant m_read; ///< the set as last read
     QObject m_guard; ///< ends the connection with the form

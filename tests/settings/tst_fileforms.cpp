@@ -304,6 +304,17 @@ private slots:
         QCOMPARE(ui.host.takeMessages(),
                  QStringList("warning: " + file + lost + " [" + ui.form.sender + "]"));
     }
+    void aLostLinkCostsNoEdit_data() { addRows(forms); }
+    void aLostLinkCostsNoEdit()
+    {
+        Fixture ui;
+        ui.annotation()->setText("edited");
+        QVERIFY(ui.host.disconnect() && ui.host.connect());
+        ui.page->initPage(); // as the page around it does with a connection
+        QCOMPARE(ui.annotation()->text(), "edited");
+        ui.press(ui.form.save);
+        QCOMPARE(ui.stored(1)["annotation"].toString(), "edited");
+    }
     void whileTheLinkIsDown_data() { addRows(forms); }
     void whileTheLinkIsDown()
     {
