@@ -1777,4 +1777,30 @@ From: %2</source>
         <translation>进退距离</translation>
     </message>
 </context>
+<context>
+    <name>welmo::pendant::LockLine</name>
+    <message>
+        <source>The cell has a fault: values can be read, not changed</source>
+        <translation>工作站有故障：数值可以查看，不能更改</translation>
+    </message>
+    <message>
+        <source>Automatic mode: values can be read, not changed</source>
+        <translation>自动模式：数值可以查看，不能更改</translation>
+    </message>
+    <message>
+        <source>The power is off: values can be read, not changed</source>
+        <translation>未上电：数值可以查看，不能更改</translation>
+    </message>
+    <message>
+        <source>A viewer can read values, not change them</source>
+        <translation>查看者可以查看数值，不能更改</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::pendant::DialogShade</name>
+    <message>
+        <source>No</source>
+        <translation>否</translation>
+    </message>
+</context>
 </TS>

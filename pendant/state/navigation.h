@@ -13,6 +13,9 @@ inline const QString controllerKey = QStringLiteral("pendant.controller");
 inline const QString arcCheckKey = QStringLiteral("pendant.arccheck");
 inline const QString pluginErrorKey = QStringLiteral("pendant.plugin_error");
 
+// The page of the arc-weld package, which locks itself while nothing may be changed.
+inline const QString arcWeldKey = QStringLiteral("welmo.page");
+
 // Groups of the navigation.
 inline const QString mainGroup = QStringLiteral("pendant");
 inline const QString packageGroup = QStringLiteral("robot.pack");

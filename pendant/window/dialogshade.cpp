@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QIcon>
 #include <QMessageBox>
+#include <QToolButton>
 
 #include "pendant/theme/look.h"
 
@@ -12,6 +13,7 @@ namespace welmo::pendant {
 namespace {
 
 constexpr int symbolSize = 40;
+constexpr int noSize = 44;
 
 QString symbolOf(const QMessageBox *box)
 {
@@ -23,6 +25,22 @@ QString symbolOf(const QMessageBox *box)
     default:
         return QStringLiteral("widget/log_info");
     }
+}
+
+// A box with one button takes no for an answer, too, and a finger has no Escape.
+void addNo(QMessageBox *box)
+{
+    const QString name = QStringLiteral("btnNo");
+    if (box->findChild<QToolButton *>(name))
+        return;
+    auto *no = new QToolButton(box);
+    no->setObjectName(name);
+    no->setText(QStringLiteral("✕"));
+    no->setToolTip(DialogShade::tr("No"));
+    no->setFixedSize(noSize, noSize);
+    no->move(box->width() - noSize - 2, 2);
+    no->show();
+    QObject::connect(no, &QToolButton::clicked, box, &QMessageBox::reject);
 }
 
 } // namespace
@@ -47,6 +65,8 @@ bool DialogShade::eventFilter(QObject *object, QEvent *event)
 
 void DialogShade::dim(QMessageBox *box)
 {
+    if (box->buttons().size() == 1)
+        addNo(box);
     box->setIconPixmap(QIcon(themePixmap(symbolOf(box))).pixmap(symbolSize));
     QWidget *window = box->parentWidget() ? box->parentWidget()->window() : nullptr;
     if (!window || m_shade)

@@ -16,6 +16,7 @@
 #include "pendant/window/headerbar.h"
 #include "pendant/window/keycolumn.h"
 #include "pendant/window/keyholds.h"
+#include "pendant/window/lockline.h"
 #include "pendant/window/messageline.h"
 #include "pendant/window/navpanel.h"
 #include "tessa/host.h"
@@ -55,8 +56,7 @@ PendantWindow::PendantWindow(tessa::Host *host, kelp::ModuleObject *entries,
     auto *banner = new AlarmBanner(state.alarms, state.cell, this);
     connect(banner, &AlarmBanner::lineWanted, this, &PendantWindow::lineWanted);
     connect(banner, &AlarmBanner::reasonWanted, this, [this] { showPage(arcCheckKey); });
-    layout->addWidget(banner);
-    layout->addWidget(makeBody(host->keys(), holds, entries, makeStatus(helper, state)), 1);
+    layout->addWidget(makeBody(host, holds, entries, makeStatus(helper, state), banner), 1);
     pando::frame() = {m_center, m_side, m_status};
 }
 
@@ -66,9 +66,10 @@ PendantWindow::~PendantWindow()
     pando::frame() = {};
 }
 
-QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
-                                 kelp::ModuleObject *entries, QWidget *status)
+QWidget *PendantWindow::makeBody(tessa::Host *host, KeyHolds *holds, kelp::ModuleObject *entries,
+                                 QWidget *status, QWidget *banner)
 {
+    tessa::PhysicalKeys *keys = host->keys();
     holds->follow(keys, this);
     auto *row = new QWidget(this);
     m_nav = new NavPanel(entries, row);
@@ -85,19 +86,30 @@ QWidget *PendantWindow::makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds,
     // The side bar takes the whole height, so the status bar ends beside it.
     auto *places = new QGridLayout;
     places->setSpacing(0);
-    places->addWidget(m_nav, 0, 0);
-    places->addWidget(m_center, 0, 1);
-    places->addWidget(status, 1, 0, 1, 2);
+    auto *lock = new LockLine(host->helper()->status(), row);
+    places->addWidget(m_nav, 0, 0, 2, 1);
+    places->addWidget(lock, 0, 1);
+    places->addWidget(m_center, 1, 1);
+    places->addWidget(status, 2, 0, 1, 2);
     places->setColumnStretch(1, 1);
-    places->setRowStretch(0, 1);
-    layout->addLayout(places, 1);
-    layout->addWidget(m_side);
+    places->setRowStretch(1, 1);
+    // The keys keep their place when a banner comes or goes: a second touch on "Acknowledge" must
+    // not meet one.
+    auto *besideKeys = new QGridLayout;
+    besideKeys->setSpacing(0);
+    besideKeys->addWidget(banner, 0, 0, 1, 2);
+    besideKeys->addLayout(places, 1, 0);
+    besideKeys->addWidget(m_side, 1, 1);
+    besideKeys->setColumnStretch(0, 1);
+    besideKeys->setRowStretch(1, 1);
+    layout->addLayout(besideKeys, 1);
     // At the edge, so that pages and side bars do not move the keys away from the operator's right
     // hand.
     m_column = new KeyColumn(keys, holds, this);
     layout->addWidget(m_column);
     connect(m_nav, &NavPanel::chosen, this, &PendantWindow::showPage);
     connect(m_center, &pando::CenterWidget::pageShown, m_nav, &NavPanel::setCurrent);
+    connect(m_center, &pando::CenterWidget::pageShown, lock, &LockLine::setPage);
     return row;
 }
 

@@ -70,8 +70,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    QWidget *makeBody(tessa::PhysicalKeys *keys, KeyHolds *holds, kelp::ModuleObject *entries,
-                      QWidget *status);
+    QWidget *makeBody(tessa::Host *host, KeyHolds *holds, kelp::ModuleObject *entries,
+                      QWidget *status, QWidget *banner);
     QWidget *makeSideHead();
     QWidget *makeStrip(Cell *cell);
     QWidget *makeStatus(tessa::ManagerHelper *helper, const WindowState &state);

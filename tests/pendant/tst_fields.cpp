@@ -122,7 +122,9 @@ private slots:
         box.open();
         QVERIFY(lightness() < before / 2);
         QCOMPARE(box.iconPixmap().isNull(), false);
-        box.close();
+        finger::touch(box.findChild<QToolButton *>("btnNo"));
+        QVERIFY(!box.isVisible());
+        QVERIFY(!box.clickedButton());
         QCOMPARE(lightness(), before);
     }
     // The field, the button that saves it, and the sub-page's entry.
@@ -156,6 +158,18 @@ private slots:
         ui.pendant.click("btnArcOnSave");
         QCOMPARE(marks(), QVector<bool>({false, false, false}));
         QCOMPARE(icon(), plain);
+    }
+    void aLockedPageSaysWhy()
+    {
+        TestPendant pendant;
+        const auto *line = pendant.find<QLabel>("pndLock");
+        auto *status = pendant.host()->helper()->status();
+        status->setMode(tessa::ControllerStatus::Mode::Automatic);
+        QVERIFY(!line->isVisible()); // Home can be worked
+        pendant.openSubPage("Process Setting");
+        QVERIFY(line->isVisible() && line->text().startsWith("Automatic mode"));
+        status->setMode(tessa::ControllerStatus::Mode::Manual);
+        QVERIFY(!line->isVisible());
     }
     void theWheel()
     {
