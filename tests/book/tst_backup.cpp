@@ -4,9 +4,11 @@
 #include <QtTest>
 
 #include "book/records/backupfile.h"
+#include "support/datarows.h"
 #include "support/files.h"
 
 using namespace welmo::book;
+using namespace testsupport;
 
 namespace {
 
@@ -44,25 +46,22 @@ private slots:
     }
     void whatIsNoneIsTold_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("line");
         const QByteArray good = example().pack();
         const auto changed = [&](const QByteArray &from, const QByteArray &to) {
             return qCompress(qUncompress(good).replace(from, to));
         };
-        QTest::newRow("newer") << changed("\"format\":1", "\"format\":2")
-                               << "newer version (format 2";
-        QTest::newRow("changed") << changed("180.5", "380.5") << "is damaged";
-        QTest::newRow("cut off") << good.left(good.size() / 2) << "is damaged";
-        QTest::newRow("empty") << QByteArray() << "is damaged";
-        QTest::newRow("a bomb") << QByteArray("\xff\xff\xff\xff") + good.mid(4) << "is damaged";
-        QTest::newRow("something else") << QByteArray("ArcOn \"arcondata1\"") << "no backup";
-        QTest::newRow("no content") << qCompress("{\"format\":1}") << "is damaged";
+        addRows<QByteArray, QString>(
+            {{"newer", changed("\"format\":1", "\"format\":2"), "newer version (format 2"},
+             {"changed", changed("180.5", "380.5"), "is damaged"},
+             {"cut off", good.left(good.size() / 2), "is damaged"},
+             {"empty", QByteArray(), "is damaged"},
+             {"a bomb", QByteArray("\xff\xff\xff\xff") + good.mid(4), "is damaged"},
+             {"something else", "ArcOn \"arcondata1\"", "no backup"},
+             {"no content", qCompress("{\"format\":1}"), "is damaged"}});
     }
     void whatIsNoneIsTold()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, line);
+        const auto &[name, bytes, line] = currentRow<QByteArray, QString>();
         QString problem;
         QVERIFY(!BackupFile::unpack(bytes, &problem));
         QVERIFY2(problem.contains(line), qPrintable(problem));

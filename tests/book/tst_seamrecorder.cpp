@@ -179,18 +179,6 @@ private slots:
         QCOMPARE(shop.seams.first().clockMoved, -3600 * 1000);
         QCOMPARE(shop.seams.first().duration, 2300);
     }
-    void aSeamOverMidnightIsOneOfTheDayItBeganOn()
-    {
-        Workshop shop;
-        const QDateTime late(QDate(2026, 11, 22), QTime(23, 59, 58), Qt::OffsetFromUTC, 3600);
-        shop.now.wall = late.toMSecsSinceEpoch();
-        shop.weld(4000);
-        QCOMPARE(shop.seams.size(), 1);
-        QCOMPARE(shop.seams.first().startedAt().date(), QDate(2026, 11, 22));
-        QCOMPARE(shop.seams.first().endedAt().date(), QDate(2026, 11, 23));
-        QCOMPARE(shop.seams.first().arcTime, 4.4);
-        QCOMPARE(shop.seams.first().clockMoved, 0);
-    }
     void aSampleBeyondTheLimitIsToldWithin200Ms()
     {
         Workshop shop;
@@ -239,18 +227,6 @@ private slots:
         // Within a seam 3 A, between them 2 A: together √13.
         QVERIFY(qAbs(*limits->current.high - (180 + 3 * std::sqrt(13))) < 0.01);
         QVERIFY(!limits->heatInput.isSet());
-    }
-    void aDayOfWeldingDoesNotGrow()
-    {
-        Workshop shop;
-        for (int i = 0; i < 24 * 60; ++i) {
-            shop.weld(50000);
-            shop.course.clear();
-            shop.pass(7000);
-        }
-        QCOMPARE(shop.seams.size(), 24 * 60);
-        QCOMPARE(shop.begun, 24 * 60);
-        QCOMPARE(shop.seams.last().length, shop.seams.first().length);
     }
 };
 

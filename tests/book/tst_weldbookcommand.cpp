@@ -7,9 +7,11 @@
 #include <QtTest>
 
 #include "book/records/seambook.h"
+#include "support/datarows.h"
 #include "tools/weldbook/commands.h"
 
 using namespace welmo::book;
+using namespace testsupport;
 
 /// The weld book from a shell, as it is called.
 class tst_WeldbookCommand : public QObject
@@ -48,39 +50,33 @@ private slots:
     }
     void calls_data()
     {
-        QTest::addColumn<QString>("call");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("seen"); ///< in what it writes, or in its complaint
-        const auto row = [](const char *call, int status, const char *seen) {
-            QTest::newRow(call) << QString("weldbook ") + call << status << QString(seen);
-        };
-        row("list --data DATA", 0, "2023-11-14T23:13:20+01:00  red    a.tl:0  arcdata1");
-        row("list --data DATA --program a.tl --verdict green", 0, "");
-        row("show 1 --data DATA", 0, "started          2023-11-14T23:13:20.000+01:00");
-        row("export --data DATA", 0, "\"b, \"\"c\"\".tl\"");
-        row("export --data DATA --from 2023-11-16", 0, "heat_input [kJ/mm]");
-        row("verify --data DATA", 0, "2 records, nothing is damaged");
-        row("show 3 --data DATA", 2, "there is no weld '3'");
-        row("show 1 2 --data DATA", 2, "unexpected argument '2'");
-        row("list", 2, "needs --data DIR");
-        row("list --data DATA/none", 1, "there is no such file");
-        row("list --data DATA --from 14.11.2023", 2, "'14.11.2023' is no day");
-        row("list --data DATA --verdict blue", 2, "'blue' is none of");
-        row("export --data DATA --format xml", 2, "'xml' is neither");
-        row("export --data DATA --output DATA/none/a.csv", 2, "none/a.csv: ");
-        row("export --data DATA --output /dev/full", 1, "No space left");
-        row("report --data DATA", 2, "needs --output");
-        row("weld", 2, "unknown command 'weld'");
-        row("list --color", 2, "color");
+        // the status; in what it writes, or in its complaint
+        addRows<int, QString>(
+            {{"list --data DATA", 0, "2023-11-14T23:13:20+01:00  red    a.tl:0  arcdata1"},
+             {"list --data DATA --program a.tl --verdict green", 0, ""},
+             {"show 1 --data DATA", 0, "started          2023-11-14T23:13:20.000+01:00"},
+             {"export --data DATA", 0, "\"b, \"\"c\"\".tl\""},
+             {"export --data DATA --from 2023-11-16", 0, "heat_input [kJ/mm]"},
+             {"verify --data DATA", 0, "2 records, nothing is damaged"},
+             {"show 3 --data DATA", 2, "there is no weld '3'"},
+             {"show 1 2 --data DATA", 2, "unexpected argument '2'"},
+             {"list", 2, "needs --data DIR"},
+             {"list --data DATA/none", 1, "there is no such file"},
+             {"list --data DATA --from 14.11.2023", 2, "'14.11.2023' is no day"},
+             {"list --data DATA --verdict blue", 2, "'blue' is none of"},
+             {"export --data DATA --format xml", 2, "'xml' is neither"},
+             {"export --data DATA --output DATA/none/a.csv", 2, "none/a.csv: "},
+             {"export --data DATA --output /dev/full", 1, "No space left"},
+             {"report --data DATA", 2, "needs --output"},
+             {"weld", 2, "unknown command 'weld'"},
+             {"list --color", 2, "color"}});
     }
     void calls()
     {
-        QFETCH(QString, call);
-        QFETCH(int, status);
-        QFETCH(QString, seen);
+        const auto &[call, status, seen] = currentRow<int, QString>();
         QByteArray out;
         QString problem;
-        QCOMPARE(run(call, &out, &problem), status);
+        QCOMPARE(run("weldbook " + call, &out, &problem), status);
         QCOMPARE(problem.isEmpty(), status == 0);
         const QString told = status == 0 ? QString::fromUtf8(out) : problem;
         QVERIFY2(told.contains(seen), qPrintable(told));

@@ -204,22 +204,6 @@ private slots:
         }
         QVERIFY(most.at(2) < most.at(0) && most.at(3) < most.at(1)); // the smaller welder
     }
-    void welderErrorShowsAndPasses()
-    {
-        ControllerFixture fixture;
-        QCOMPARE(fixture.get(welderState, "state").value, QVariant("disabled"));
-        fixture.run(setWelder, ControllerFixture::welder("RL/RPL", 350, true));
-        fixture.faults.set(Fault::WelderError, true);
-        fixture.controller.tick();
-        QCOMPARE(fixture.lastTold(welderState), state("error"));
-        QCOMPARE(fixture.get(welderState, "state").value, QVariant("error"));
-        fixture.told.clear();
-        fixture.controller.tick();
-        QVERIFY(fixture.told.isEmpty());
-        fixture.faults.set(Fault::WelderError, false);
-        fixture.controller.tick();
-        QCOMPARE(fixture.lastTold(welderState), state("ok"));
-    }
     void theShieldNeedsTheSensor()
     {
         ControllerFixture fixture;

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "data/inputs.h"
 #include "instructions/forms/weavewidget.h"
 #include "settings/arcoffgroup.h"

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "instructions/forms/arcoffpropertywidget.h"
 #include "instructions/forms/arconpropertywidget.h"
 #include "instructions/forms/segonpropertywidget.h"
@@ -78,31 +76,6 @@ private slots:
         BaseContentWidget *form = propertyForm(welmo::tl::parse(line).word.text);
         form->FillWith(line);
         QCOMPARE(form->ToString(), written);
-    }
-    /// Opening a line reads its files, creates what the controller lacks, and shows the values.
-    void arconReadsItsFiles()
-    {
-        const QString node = "arc_weld.arcon_param";
-        ArconPropertyWidget form(nullptr);
-        QVariantMap file = m_host->stored(node, "arcondata1").toMap();
-        file["name"] = "arcondata5";
-        file["current"] = 155.5;
-        QCOMPARE(m_host->store(node, "arcondata5", file), 0);
-        form.FillWith(R"(ArcOn "arcondata5","arcdata6")");
-        QCOMPARE(child<QDoubleSpinBox>(&form, "sbxArconCurrent")->value(), 155.5);
-        QVERIFY(m_host->stored("arc_weld.weld_param", "arcdata6").isValid());
-    }
-    void tabsToggleTheOtherFold()
-    {
-        ArconPropertyWidget form(nullptr);
-        const auto *arcon = child(&form, "wgt_arconAdvancedParam");
-        const auto *weld = child(&form, "wgt_weldAdvancedParam");
-        for (const bool shown : {true, false}) {
-            form.findChild<QTabWidget *>()->setCurrentIndex(1);
-            QCOMPARE(arcon->isHidden(), !shown);
-            form.findChild<QTabWidget *>()->setCurrentIndex(0);
-            QCOMPARE(weld->isHidden(), !shown);
-        }
     }
     void whoReportsAName_data()
     {

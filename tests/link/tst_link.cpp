@@ -5,7 +5,6 @@
 #include "support/datarows.h"
 
 using namespace testsupport;
-using namespace testsupport;
 using Fault = welmo::controller::Faults::Fault;
 using UpFixture = Up<Fixture>;
 using Link = tessa::ControllerLink;
@@ -179,17 +178,13 @@ private slots:
     }
     void aProgramWaitsForItsPendant_data()
     {
-        QTest::addColumn<bool>("automatic");
-        QTest::addColumn<QString>("state");
-        QTest::addColumn<QString>("alarm");
-        QTest::newRow("manual: somebody stands there") << false << "paused"
-                                                       << "pendant_lost";
-        QTest::newRow("automatic") << true << "running"
-                                   << "";
+        addRows<bool, QString, QString>(
+            {{"manual: somebody stands there", false, "paused", "pendant_lost"},
+             {"automatic", true, "running", ""}});
     }
     void aProgramWaitsForItsPendant()
     {
-        QFETCH(const bool, automatic);
+        const auto &[name, automatic, state, alarm] = currentRow<bool, QString, QString>();
         const UpFixture fixture;
         const auto tell = [&](const QString &command, const QVariantMap &payload) {
             QCOMPARE(fixture.call(Kind::Command, command, {}, payload).code, 0);
@@ -210,9 +205,9 @@ private slots:
         QTRY_VERIFY(fixture.hands->readings > before + 3); // it had the time to see it
         fixture.faults()->clear();
         QVERIFY(fixture.waitUp());
-        QTEST(read("tl_program.state").value("state").toString(), "state");
+        QCOMPARE(read("tl_program.state").value("state").toString(), state);
         const QVariantList alarms = read("cell.alarms").value("entries").toList();
-        QTEST(alarms.value(0).toMap().value("code").toString(), "alarm");
+        QCOMPARE(alarms.value(0).toMap().value("code").toString(), alarm);
     }
 };
 

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "kelp/registry.h"
 #include "module/welmo.h"
 #include "pando/frame.h"

@@ -1,5 +1,4 @@
 #include <QLayout>
-#include <QtTest>
 #include <optional>
 
 #include "page/arcweldpage.h"

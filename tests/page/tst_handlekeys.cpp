@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "page/handlekeys.h"
 #include "support/datarows.h"
 #include "support/formhost.h"

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "page/monitorpage.h"
 #include "settings/processsettingspage.h"
 #include "support/datarows.h"
@@ -132,16 +130,6 @@ private slots:
                  "warning: arcdata2: 1500 A is stored, 1000 A is shown [monitor]|"
                  "info: save succeed [monitor]");
         QCOMPARE(ui.host.link()->lastPayload.toMap()["current"], QVariant(current));
-    }
-    void aNameOfNoSetIsTheControllersToJudge()
-    {
-        Fixture ui;
-        ui.asked("Arcdata1");
-        QCOMPARE(ui.saidAfter("btnSave"), "error: save error [monitor]");
-        QCOMPARE(ui.host.takeRequests().last(), "set arc_weld. Arcdata1");
-        ui.page.onChangeCurrentClicked(); // nobody sent it
-        ui.page.onChangeVoltageClicked();
-        QCOMPARE(ui.box("sbxCurrent")->value(), 0.0);
     }
     void eachConnectionTakesTheWeldAsItStands()
     {

@@ -1,5 +1,4 @@
 #include <QTableWidget>
-#include <QtTest>
 #include <functional>
 
 #include "support/datarows.h"

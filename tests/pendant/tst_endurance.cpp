@@ -1,4 +1,3 @@
-#include <QtTest>
 #include <malloc.h>
 
 #include "kelp/registry.h"
@@ -80,19 +79,6 @@ private slots:
         QVERIFY(!isLibraryMapped());
         TestPendant pendant;
         pendant.open("arcweldpackage");
-    }
-    // Two files, so the system loads it twice; nothing stands there twice.
-    void libraryIsLoadedTwice()
-    {
-        const QTemporaryDir folder;
-        const QString copy = folder.filePath("libwelmo.so");
-        QVERIFY(QFile::copy(WELMO_MODULE, copy));
-        welmo::pendant::PluginLoader loader(WELMO_MODULE);
-        QVERIFY(loader.load());
-        QLibrary second(copy);
-        QVERIFY2(second.load(), qPrintable(second.errorString()));
-        QCOMPARE(bfactory()->keys(), QStringList{"welmo"});
-        QCOMPARE(kelp::versionManager().size(), 8);
     }
     void formOpenings()
     {

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "pendant/input/fieldpad.h"
 #include "support/datarows.h"
 #include "support/testpendant.h"

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "pando/frame.h"
 #include "pendant/window/handlekey.h"
 #include "support/datarows.h"

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "broker.h"
 #include "cell.h"
 #include "link/mqtt/mqttlink.h"

@@ -1,5 +1,4 @@
 #include <QListView>
-#include <QtTest>
 
 #include "support/files.h"
 #include "support/programtouch.h"

@@ -1,6 +1,5 @@
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QtTest>
 
 #include "pando/frame.h"
 #include "pendant/app/preferences.h"

@@ -1,4 +1,3 @@
-#include <QtTest>
 #include <functional>
 
 #include "pendant/window/messageline.h"
@@ -85,39 +84,6 @@ private slots:
         QVERIFY(pendant.waitDisconnected());
         QCOMPARE(word->text(), "Link off");
         QVERIFY(!pendant.find<QAbstractButton>("btnLink")->isChecked());
-    }
-    void displayIsKept()
-    {
-        TestPendant pendant;
-        pendant.changeDisplay("cbxLanguage", "zh_CN");
-        pendant.changeDisplay("cbxTheme", "dark");
-        Setup asBefore;
-        asBefore.language = asBefore.theme = QString();
-        pendant.restart(asBefore);
-        QCOMPARE(pendant.find<QComboBox>("cbxTheme")->currentData(), "dark");
-        QCOMPARE(pendant.find<QLabel>("lblLinkState")->text(), QString::fromUtf8("已连接"));
-    }
-    void messages()
-    {
-        TestPendant pendant;
-        pendant.open("messages");
-        pendant.click("btnClearMessages");
-        auto *helper = pendant.host()->helper();
-        helper->throwLog(nullptr, "info", "first");
-        helper->throwLog(nullptr, "error", "second");
-        helper->throwLog(this, "warning", "third");
-        auto *table = pendant.find<QTableView>("tblMessages");
-        QCOMPARE(table->model()->rowCount(), 3);
-        pendant.click("btnLevel_warning");
-        QCOMPARE(table->model()->rowCount(), 1);
-        const QPoint row = table->visualRect(table->model()->index(0, 1)).center();
-        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, row);
-        const auto *detail = pendant.find<QLabel>("lblMessageDetail");
-        QCOMPARE(detail->text(), "third\nFrom: TestWindow");
-        pendant.click("btnClearMessages");
-        QVERIFY(!detail->text().contains("third"));
-        QCOMPARE(table->model()->rowCount(), 0);
-        QCOMPARE(pendant.find<QLabel>("lblLastMessage")->text(), QString());
     }
     void faultsAndAnswers()
     {

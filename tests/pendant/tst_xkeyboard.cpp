@@ -1,5 +1,4 @@
 #include <QX11Info>
-#include <QtTest>
 #include <clocale>
 #include <fcntl.h>
 #include <unistd.h>

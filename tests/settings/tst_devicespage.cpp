@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "settings/devicessettingpage.h"
 #include "support/datarows.h"
 #include "support/formhost.h"

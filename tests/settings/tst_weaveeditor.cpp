@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "instructions/forms/weavewidget.h"
 #include "settings/weavefunctionpage.h"
 #include "support/datarows.h"

@@ -3,7 +3,6 @@
 #include <QListView>
 #include <QMenu>
 #include <QWindow>
-#include <QtTest>
 
 #include "support/testpendant.h"
 

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "support/programtouch.h"
 #include "tour/tour.h"
 
@@ -7,17 +5,18 @@ namespace tour {
 
 namespace {
 
-QString cell(Tour &tour, int row, int column)
+int rowOf(Tour &tour, const QString &file)
 {
-    const auto *model = tour.find<QTableView>("tblWelds")->model();
-    return model->index(row, column).data().toString();
+    const auto *files = tour.find<QTableView>("tblFiles")->model();
+    const auto found = files->match(files->index(0, 0), Qt::DisplayRole, file, 1, Qt::MatchExactly);
+    return found.isEmpty() ? -1 : found.first().row();
 }
 
-void touchRow(Tour &tour, int row)
+// What was chosen in the first step of the book.
+QString requireOption(Tour &tour, const QString &file)
 {
-    auto *table = tour.find<QTableView>("tblWelds");
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
-                      table->visualRect(table->model()->index(row, 3)).center());
+    return tour.requireStored("weld_param", file, "arc_break_param.arc_break_option",
+                              "stop_and_alarm");
 }
 
 } // namespace
@@ -49,22 +48,98 @@ void weldBook(Tour &tour)
         const auto *program = tour.host()->service()->watchNode("tl_program.state");
         Tour::await("stopped", [&] { return program->r("state")->getString() == "error"; });
         tour.click("btnWelds");
-        const QString late = Tour::await("written", [&] { return cell(tour, 0, 0) == "✗"; });
+        Tour::await("written", [&] { return tour.cell("tblWelds", 0, 0) == "✗"; });
         tour.faults()->clear();
-        if (!late.isEmpty())
-            return late + ", program " + program->r("state")->getString() + ", first row "
-                + cell(tour, 0, 0) + ' ' + cell(tour, 0, 2);
-        touchRow(tour, 0);
-        return Tour::require(cell(tour, 0, 2), "vgroove.tl:6");
+        tour.touchRow("tblWelds", 0);
+        return Tour::require(tour.cell("tblWelds", 0, 2), "vgroove.tl:6");
     });
     tour.step("after a restart its card is there, and red", "book-card", [&] {
         tour.restart();
         tour.open("weldbook");
-        Tour::await("listed", [&] { return cell(tour, 0, 0) == "✗"; });
-        touchRow(tour, 0);
-        const auto *reason = tour.find<QLabel>("lblReason");
-        return Tour::await("told", [&] { return reason->text().contains("arc lost at "); });
+        Tour::await("listed", [&] { return tour.cell("tblWelds", 0, 0) == "✗"; });
+        tour.touchRow("tblWelds", 0);
+        return tour.awaitText("lblReason", "arc lost at ");
     });
+}
+
+void weldBookFiles(Tour &tour)
+{
+    tour.step("the book shows where a file is used", "book-files", [&] {
+        tour.open("weldbook");
+        tour.click("btnFiles");
+        Tour::await("programs", [&] {
+            return tour.cell("tblFiles", rowOf(tour, "arcdata2"), 5) == "tour.tl 1";
+        });
+        tour.touchRow("tblFiles", rowOf(tour, "arcdata1"));
+        Tour::await("versions", [&] { return tour.cell("tblVersions", 0, 0).toInt() > 1; });
+        return Tour::await(
+            "welds", [&] { return tour.cell("tblFiles", rowOf(tour, "arcdata1"), 6).toInt() > 0; });
+    });
+    tour.step("what changed is there, old and new", "book-compare", [&] {
+        Tour::await("who", [&] { return tour.cell("tblVersions", 0, 2) == "administrator"; });
+        return tour.cell("tblDifferences", 0, 0);
+    });
+    tour.step("a file is copied, and the copy taken back", [&] {
+        tour.choose("cbxCopyTarget", "arcdata7");
+        tour.click("btnCopyFile");
+        tour.requireMessage("info: arcdata1 copied to arcdata7");
+        requireOption(tour, "arcdata7");
+        tour.click("btnUndoFiles");
+        return tour.requireMessage("info: taken back: arcdata1 copied to arcdata7");
+    });
+    tour.step("an earlier version is put back, and the later one again", [&] {
+        tour.touchRow("tblVersions", tour.find<QTableView>("tblVersions")->model()->rowCount() - 1);
+        tour.click("btnBackToVersion");
+        tour.requireMessage("info: arcdata1 back to version 1");
+        tour.click("btnUndoFiles");
+        return requireOption(tour, "arcdata1");
+    });
+    tour.step("a file that a program names is not removed", "book-refused", [&] {
+        tour.touchRow("tblFiles", rowOf(tour, "arcdata2"));
+        tour.click("btnRemoveFile");
+        return Tour::await("refused", [&] {
+            return tour.lastMessage() == "error: arcdata2 stays, programs use it: tour.tl 1";
+        });
+    });
+}
+
+void weldBookBackup(Tour &tour)
+{
+    QString folder;
+    const testsupport::Setup first = tour.setup();
+    const QTemporaryDir other;
+    tour.step("everything goes into a backup", [&] {
+        tour.click("btnBackup");
+        folder = tour.find<QLineEdit>("ledBackupFolder")->text();
+        tour.click("btnMakeBackup");
+        return Tour::await("written",
+                           [&] { return tour.lastMessage().contains("backup written"); });
+    });
+    tour.step(
+        "on a second data folder it is another cell's, until the user agrees", "book-restore", [&] {
+            testsupport::Setup second = first;
+            second.dataFolder = other.path();
+            tour.restart(second);
+            tour.open("weldbook");
+            tour.click("btnBackup");
+            tour.find<QLineEdit>("ledBackupFolder")->setText(folder);
+            emit tour.find<QLineEdit>("ledBackupFolder")->editingFinished();
+            tour.click("btnReadBackup");
+            Tour::await("refused", [&] { return tour.lastMessage().contains("of another cell"); });
+            tour.click("chbOtherCell");
+            tour.click("btnReadBackup");
+            const auto *items = tour.find<QTableView>("tblRestore")->model();
+            return Tour::await("differences", [&] { return items->rowCount() > 5; });
+        });
+    tour.step("and all files are there", [&] {
+        tour.click("btnRestore");
+        Tour::await("restored", [&] { return tour.lastMessage().contains(" restored"); });
+        tour.click("btnReadBackup");
+        const auto *items = tour.find<QTableView>("tblRestore")->model();
+        Tour::await("no difference", [&] { return items->rowCount() == 0; });
+        return requireOption(tour, "arcdata1");
+    });
+    tour.restart(first);
 }
 
 } // namespace tour

@@ -35,8 +35,7 @@ void hostPages(Tour &tour)
     tour.step("Messages, the errors alone", "messages", [&] {
         tour.open("messages");
         tour.click("btnLevel_error");
-        const auto *model = tour.find<QTableView>("tblMessages")->model();
-        const QString newest = model->index(0, 2).data().toString();
+        const QString newest = tour.cell("tblMessages", 0, 2);
         tour.click("btnLevel_");
         return Tour::require(newest, "tessa is not connected");
     });

@@ -1,9 +1,5 @@
-#include <QLabel>
-#include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
-#include <QTest>
-#include <QToolButton>
 #include <algorithm>
 
 #include "support/programtouch.h"
@@ -15,11 +11,10 @@ void reweld(Tour &tour)
 {
     using Fault = welmo::controller::Faults::Fault;
     const auto *button = tour.find<QToolButton>("btnReweld");
-    const auto current = [&tour] { return tour.find<QLabel>("lblActualCurrent")->text().toInt(); };
     tour.step("after the arc was lost, the rest of the seam is offered", "reweld-offered", [&] {
         tour.open("program");
         tour.click("btnProgramRun");
-        Tour::await("welding", [&] { return current() > 160; });
+        tour.awaitCurrent(160);
         tour.faults()->set(Fault::ArcBreaks, true);
         Tour::await("no arc", [&] { return tour.find("pndAlarm")->isVisible(); });
         tour.click("btnProgramStop");
@@ -30,42 +25,36 @@ void reweld(Tour &tour)
     });
     tour.step("and welded, from the place itself", "reweld", [&] {
         tour.click("btnReweld");
-        Tour::await("welding", [&] { return current() > 160; });
+        tour.awaitCurrent(160);
         return tour.requireText("lblState", "Welding");
     });
     tour.step("stopped, line by line there and back", "step", [&] {
         tour.click("btnProgramStop");
         testsupport::ProgramTouch(tour).choose(1);
         tour.click("btnStep");
-        const auto says = [&tour](const QString &text) {
-            return
-                [&tour, text] { return tour.find<QLabel>("lblRunState")->text().contains(text); };
-        };
-        Tour::await("line 2", says("paused at line 3"));
+        tour.awaitText("lblRunState", "paused at line 3");
         tour.click("btnStepBack");
-        Tour::await("back", says("paused at line 2"));
+        tour.awaitText("lblRunState", "paused at line 2");
         tour.click("btnProgramStop");
-        return Tour::await("stopped", says("stopped"));
+        return tour.awaitText("lblRunState", "stopped");
     });
 }
 
 void path(Tour &tour)
 {
     testsupport::ProgramTouch program(tour);
-    const auto current = [&tour] { return tour.find<QLabel>("lblActualCurrent")->text().toInt(); };
     for (const char *name : {"vgroove", "pipe", "stitch", "fillet"}) {
         tour.step(QString(name) + " in a picture", "path-" + QString(name), [&] {
             tour.open("program");
             program.open(QString(name) + ".tl");
             tour.click("btnProgramPath");
-            return Tour::require(tour.find<QLabel>("lblPathSums")->text().left(9), "Expected:");
+            return Tour::require(tour.text("lblPathSums").left(9), "Expected:");
         });
     }
     tour.step("with the torch and its bead while it runs", "path-bead", [&] {
         tour.click("btnProgramRun");
-        Tour::await("welding", [&] { return current() > 160; });
-        const auto *welded = tour.find<QLabel>("lblWeldingDistance");
-        Tour::await("20 mm", [&] { return welded->text().toDouble() > 20; });
+        tour.awaitCurrent(160);
+        Tour::await("20 mm", [&] { return tour.text("lblWeldingDistance").toDouble() > 20; });
         return tour.requireText("lblState", "Welding");
     });
     tour.step("a touch on the seam opens its line", [&] {
@@ -81,7 +70,6 @@ void path(Tour &tour)
 void jog(Tour &tour)
 {
     using Event = welmo::controller::Journal::Event;
-    const auto place = [&tour] { return tour.find<QLabel>("lblJogValue1")->text(); };
     const auto count = [&tour](Event event) {
         const auto entries = tour.journal().entries();
         return std::count_if(entries.begin(), entries.end(),
@@ -90,12 +78,11 @@ void jog(Tour &tour)
     QString before;
     tour.step("a key of the jog page is held, and the robot moves", "jog", [&] {
         tour.open("jog");
-        const auto *state = tour.find<QLabel>("lblJogState");
-        Tour::await("still", [&] { return state->text() == "The robot stands still"; });
-        before = place();
+        tour.awaitText("lblJogState", "The robot stands still");
+        before = tour.text("lblJogValue1");
         const QPoint plus = tour.find("lblJogValue1")->geometry().topRight() + QPoint(60, 10);
         QTest::mousePress(tour.find("pndJogPad"), Qt::LeftButton, {}, plus);
-        Tour::await("moving", [&] { return place() != before; });
+        Tour::await("moving", [&] { return tour.text("lblJogValue1") != before; });
         return Tour::require(QString::number(count(Event::Jogs)), "1");
     });
     tour.step("the key is let go, and it stands", [&] {

@@ -1,7 +1,6 @@
 #include "tour/tour.h"
 
 #include <QWindow>
-#include <QtTest>
 #include <cstdio>
 
 namespace tour {
@@ -67,7 +66,7 @@ QString Tour::require(const QString &seen, const QString &wanted)
 
 QString Tour::requireText(const char *label, const QString &wanted)
 {
-    return require(find<QLabel>(label)->text(), wanted);
+    return require(text(label), wanted);
 }
 
 QString Tour::requireStored(const QString &node, const QString &file, const char *key,
@@ -80,6 +79,29 @@ QString Tour::requireStored(const QString &node, const QString &file, const char
 QString Tour::await(const QString &what, const std::function<bool()> &isSo)
 {
     return require(QTest::qWaitFor(isSo, patience) ? what : "not " + what, what);
+}
+
+QString Tour::awaitCurrent(int least)
+{
+    return await("welding", [=] { return current() > least; });
+}
+
+QString Tour::awaitText(const char *label, const QString &part)
+{
+    return await(part, [=] { return text(label).contains(part); });
+}
+
+QString Tour::cell(const char *table, int row, int column)
+{
+    return find<QTableView>(table)->model()->index(row, column).data().toString();
+}
+
+void Tour::touchRow(const char *table, int row)
+{
+    auto *view = find<QTableView>(table);
+    const QModelIndex index = view->model()->index(row, 0);
+    view->scrollTo(index);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
 }
 
 void Tour::strike(Qt::Key key)

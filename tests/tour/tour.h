@@ -25,6 +25,13 @@ public:
     QString requireText(const char *label, const QString &wanted);
     QString requireStored(const QString &node, const QString &file, const char *key,
                           const QString &wanted);
+    QString text(const char *label) { return find<QLabel>(label)->text(); }
+    int current() { return text("lblActualCurrent").toInt(); }
+    /// Wait for more than this current, or for a text in the label.
+    QString awaitCurrent(int least);
+    QString awaitText(const char *label, const QString &part);
+    QString cell(const char *table, int row, int column);
+    void touchRow(const char *table, int row);
     /// Waits until it is so; the step has failed when it takes too long.
     static QString await(const QString &what, const std::function<bool()> &isSo);
 

@@ -1,5 +1,3 @@
-#include <QtTest>
-
 #include "instructions/forms/weavedatadialog.h"
 #include "instructions/move/moveforms.h"
 #include "instructions/move/moveinsertwidget.h"
@@ -171,25 +169,6 @@ private slots:
         QCOMPARE(host.takeMessages(),
                  QStringList("warning: torch1 is no longer in the project; tool0 is chosen "
                              "[WMoveLPropertyWidget]"));
-    }
-    // These texts are the same in every language.
-    void whatTheParametersOffer()
-    {
-        for (const char *language : {"en", "zh_CN"}) {
-            FormHost host(FormHost::Connected, language);
-            MoveParamWidget panel(host.window());
-            QStringList shown;
-            for (const char *name : {"Speed", "Zone", "Tool", "Wobj", "WeaveData"}) {
-                const auto *combo = child<QComboBox>(&panel, QString("cbx") + name);
-                shown.append(child<QLabel>(&panel, QString("lbl") + name)->text()
-                             + combo->itemText(0) + ' ' + combo->itemText(combo->count() - 1)
-                             + QString(" %1").arg(combo->count()));
-            }
-            QCOMPARE(shown.join('|'),
-                     "速度(V)：v5 vmax 9|转弯区(Z)：fine z50 7|工具(T)：tool0 torch1 2|"
-                     "工件(W)：wobj0 fixture1 2|摆动变量(weavedata)：NULL weavedata40 41");
-            QCOMPARE(child<QPushButton>(&panel, "btnWeaveDataDetail")->text(), "详细");
-        }
     }
     void refreshKeepsTheParameters()
     {

@@ -1,4 +1,3 @@
-#include <QtTest>
 #include <cmath>
 
 #include "controller/core/fields.h"
