@@ -246,8 +246,7 @@ private slots:
         const Cell cell(options);
         Pendant anna(Broker::shared().as("anna"));
         anna.link->open();
-        QVERIFY(anna.isTold("anna"));
-        QVERIFY(!anna.link->isUp());
+        QVERIFY(anna.isTold("anna") && !anna.link->isUp());
     }
 
     void oneHoldsControl()

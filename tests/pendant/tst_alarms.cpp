@@ -17,9 +17,7 @@ private slots:
     // Each cause turns its own row red, and no other.
     void whyThereIsNoArc()
     {
-        Setup setup;
-        setup.example = true;
-        TestPendant pendant(setup);
+        TestPendant pendant(withExample());
         auto *service = pendant.host()->service();
         ProgramTouch(pendant).open("fillet.tl");
         pendant.open("home");
@@ -109,12 +107,10 @@ private slots:
     {
         const auto &[name, program, node, file, current, finding] =
             currentRow<QString, QString, QString, double, QString>();
-        Setup setup;
-        setup.example = true;
-        TestPendant pendant(setup);
+        TestPendant pendant(withExample());
         QDir(pendant.dataFolder()).mkpath("programs");
-        testsupport::writeFile(pendant.dataFolder() + "/programs/seam.tl", program.toUtf8());
-        testsupport::ProgramTouch(pendant).open("seam.tl");
+        writeFile(pendant.dataFolder() + "/programs/seam.tl", program.toUtf8());
+        ProgramTouch(pendant).open("seam.tl");
         auto *service = pendant.host()->service();
         kelp::ModuleObject object("file");
         object.importFromVariant(nullptr, QVariantMap{{"name", file}, {"current", current}});
@@ -147,10 +143,8 @@ private slots:
     // Nobody knows what the robot does: stopping is offered, changing the program is not.
     void linkLostInARun()
     {
-        Setup setup;
-        setup.example = true;
-        TestPendant pendant(setup);
-        testsupport::ProgramTouch(pendant).open("fillet.tl");
+        TestPendant pendant(withExample());
+        ProgramTouch(pendant).open("fillet.tl");
         const auto may = [&](const char *name) { return pendant.find(name)->isEnabled(); };
         const auto *banner = pendant.find<QLabel>("lblAlarm");
         pendant.click("btnProgramRun");

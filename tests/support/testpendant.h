@@ -36,6 +36,14 @@ inline Setup withoutTime()
     return setup;
 }
 
+/// With the files of the example, which can weld.
+inline Setup withExample()
+{
+    Setup setup;
+    setup.example = true;
+    return setup;
+}
+
 /// A whole pendant: the real window, the real library, a controller in this process. It is up and
 /// connected when the constructor is through.
 class TestPendant

@@ -93,9 +93,7 @@ void weld(Tour &tour)
 void example(Tour &tour)
 {
     tour.step("a fresh pendant welds its example at one press", "example", [&] {
-        testsupport::Setup fresh;
-        fresh.example = true;
-        tour.restart(fresh);
+        tour.restart(testsupport::withExample());
         tour.click("btnWeldExample");
         tour.awaitCurrent(120);
         return tour.requireText("lblState", "Welding");

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
 #include <QVariant>
 
 namespace kelp {
@@ -13,12 +12,9 @@ public:
     ModuleObject(const QString &name, QObject *parent);
 
     QString name() const;
-    ModuleObject *pmobj() const;
 
     ModuleObject *r(const QString &path) const;
-    ModuleObject *rmobj(const QString &path) const;
     ModuleObject *c(const QString &name, bool create);
-    ModuleObject *cmobj(const QString &name, bool create);
     ModuleObject *cmobj(int index) const;
 
     QList<ModuleObject *> cmobjs(bool) const;
@@ -42,11 +38,6 @@ public:
 
 signals:
     void changed(const QVariant &value, const QVariant &old, QObject *sender);
-};
-
-class EmptyModuleObject : public ModuleObject
-{
-    Q_OBJECT
 };
 
 } // namespace kelp

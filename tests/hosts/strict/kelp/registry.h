@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QHash>
-#include <QString>
 #include <functional>
 
 namespace kelp {

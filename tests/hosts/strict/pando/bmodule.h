@@ -1,8 +1,5 @@
 #pragma once
 
-#include <QObject>
-#include <QString>
-
 #include <kelp/moduleobject.h>
 #include <kelp/registry.h>
 
@@ -16,15 +13,8 @@ public:
 
     virtual QString name() const;
     virtual void init();
-    virtual void afterInit();
     virtual void setup();
-    virtual void afterSetup();
     virtual void render();
-    virtual void afterRender();
-    virtual void idle();
-    virtual void afterIdle();
-    virtual void beforeDetach();
-    virtual void detach();
 
     kelp::ModuleObject *mobj() const;
     void bindMobj(const QString &key);

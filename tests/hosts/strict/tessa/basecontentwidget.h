@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QJsonValue>
-#include <QString>
 #include <QWidget>
 
 namespace tessa {
@@ -15,11 +13,8 @@ public:
     { }
     virtual void FillWith(const QString &line) = 0;
     virtual QString ToString() = 0;
-    virtual QJsonValue ToJsonValue();
     virtual bool CheckInsert();
     virtual bool CheckReplace();
-    virtual void RefreshProgramData();
-    virtual QString GetLabel();
 };
 
 } // namespace tessa

@@ -36,7 +36,6 @@ class ManagerHelper : public QObject
 public:
     static ManagerHelper *instance();
     void throwLog(const QObject *sender, const QString &level, const QString &text);
-    void execMsgOk(const QString &title, const QString &text, const QString &button);
     void registQrcAlias(const QString &name);
 };
 

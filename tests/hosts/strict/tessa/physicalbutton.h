@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QIcon>
-#include <QList>
-#include <QString>
 #include <QStringList>
 #include <functional>
 

@@ -1,10 +1,6 @@
 #pragma once
 
 #include <QHash>
-#include <QList>
-#include <QPair>
-#include <QSet>
-#include <QString>
 #include <QStringList>
 #include <functional>
 
@@ -24,7 +20,6 @@ public:
     QHash<QString, QStringList> groupMembers;
     QHash<QString, QString> syntaxTemplates;
     QHash<QString, QString> instructionTexts;
-    QSet<QString> instructionSet;
     QHash<QString, QString> cTexts;
     QHash<QString, QString> sTexts;
     QHash<QString, std::function<BaseContentWidget *(QWidget *)>> propertyWidgetCreators;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QSharedPointer>
-#include <QVariant>
 
 #include <kelp/moduleobject.h>
 
