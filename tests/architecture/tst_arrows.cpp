@@ -160,30 +160,31 @@ QStringList allSources()
 
 using Graph = QMap<QString, QStringList>;
 
-// What is left when all is taken away, again and again, that includes nothing else.
-QStringList circlesIn(Graph graph)
+// All that each node leads to.
+QMap<QString, QSet<QString>> reachOf(const Graph &graph)
 {
-    for (int before = -1; before != graph.size();) {
-        before = graph.size();
-        for (const QString &node : graph.keys()) {
-            const QStringList next = graph.value(node);
-            if (std::none_of(next.begin(), next.end(), [&](auto &n) { return graph.contains(n); }))
-                graph.remove(node);
-        }
-    }
-    return graph.keys();
-}
-
-QStringList reachedFrom(const QString &node, const Graph &graph)
-{
-    QStringList reached{node};
-    for (int i = 0; i < reached.size(); ++i) {
-        for (const QString &next : graph.value(reached.at(i))) {
-            if (!reached.contains(next))
-                reached.append(next);
+    QMap<QString, QSet<QString>> reached;
+    for (const QString &node : graph.keys()) {
+        for (QStringList open = graph[node]; !open.isEmpty();) {
+            const QString next = open.takeLast();
+            if (reached[node].contains(next))
+                continue;
+            reached[node].insert(next);
+            open += graph.value(next);
         }
     }
     return reached;
+}
+
+QStringList circlesIn(const Graph &graph)
+{
+    QStringList nodes;
+    const auto reached = reachOf(graph);
+    for (auto it = reached.begin(); it != reached.end(); ++it) {
+        if (it->contains(it.key()))
+            nodes.append(it.key());
+    }
+    return nodes;
 }
 
 } // namespace
@@ -211,10 +212,7 @@ private slots:
     }
     void nothingGoesInCircles()
     {
-        Graph houses;
-        for (const Room &room : rooms)
-            houses[room.folder] = room.arrows;
-        QCOMPARE(circlesIn(houses).join(' '), QString());
+        QCOMPARE(circlesIn(houses()).join(' '), QString());
         // A component is a header with its source. Within the stand-in of tessa, host, service and
         // manager know each other, as the four closed libraries give it.
         Graph components;
@@ -256,15 +254,18 @@ private slots:
             const auto match = it.next();
             drawn[match.captured(1)].append(match.captured(2));
         }
+        QVERIFY2(reachOf(drawn) == reachOf(houses()), "draw it anew with ./dev picture");
+    }
+
+private:
+    static Graph houses()
+    {
+        Graph houses;
         for (const Room &room : rooms) {
-            const QStringList reached = reachedFrom(room.folder, drawn);
-            const bool agrees = std::all_of(room.arrows.begin(), room.arrows.end(),
-                                            [&](auto &target) { return reached.contains(target); })
-                && QSet<QString>(room.arrows.begin(), room.arrows.end())
-                       .contains(
-                           QSet<QString>(drawn[room.folder].begin(), drawn[room.folder].end()));
-            QVERIFY2(agrees, qPrintable(room.folder + ": draw it anew with ./dev picture"));
+            if (!room.arrows.isEmpty())
+                houses[room.folder] = room.arrows;
         }
+        return houses;
     }
 };
 

@@ -84,12 +84,6 @@ private slots:
         addRows<QString, QString>(
             {// after "line 2: "
              {"point", "MoveL p99,v50,fine,torch1", "there is no point p99"},
-             {"speed", "MoveL p3,v51,fine,torch1", "there is no var v51"},
-             {"call", "MoveL Off(p3,1),v50,fine,torch1",
-              "point format error: Off(p3,1) is read as p3"},
-             {"too short", "WMoveC p3,p4,v50,fine",
-              "wmovec tl command format error: the line reads WMoveC AuxPoint, ToPoint, Speed, "
-              "Zone, Tool, [Wobj], [\"weavedata\"]"},
              {"reach", "MoveL Offs(p3,5000,0,0),v50,fine,torch1",
               "the robot does not get to Offs(p3,5000,0,0)"},
              {"weave", "WMoveL p3,v50,fine,torch1,wobj0,\"weavedata9\"",

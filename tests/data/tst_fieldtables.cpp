@@ -113,6 +113,13 @@ std::map<QString, SetUnderTest> allSets(QWidget *window)
     return sets;
 }
 
+QStringList setNames()
+{
+    QStringList names = contracts.keys();
+    names.removeOne("process"); // part of others
+    return names << "weave instruction";
+}
+
 QStringList contractOf(const QString &set)
 {
     QStringList lines = contracts.value(set.section(' ', 0, 0));
@@ -283,9 +290,7 @@ private slots:
     {
         std::vector<Row<QString, QString, QString>> rows;
         for (const char *language : {"en", "zh_CN"}) {
-            for (QString set : contracts.keys() + QStringList("weave instruction")) {
-                if (set == "process")
-                    continue;
+            for (const QString &set : setNames()) {
                 for (const QString &line : contractOf(set)) {
                     const QString row = set + ' ' + line.section(' ', 0, 0) + ' ' + language;
                     rows.push_back({row.toUtf8(), language, set, line});
@@ -327,9 +332,8 @@ private slots:
     void noKeyBesides_data()
     {
         std::vector<Row<>> sets;
-        for (const char *set : {"arcon", "weld", "arcoff", "weave", "weave instruction", "seg",
-                                "running", "anticollision", "clamping"})
-            sets.push_back({set});
+        for (const QString &set : setNames())
+            sets.push_back({set.toUtf8()});
         addRows(sets);
     }
     // A row that is not in the contract, or that no form binds.

@@ -120,6 +120,17 @@ private slots:
         QCOMPARE(m_calls.at(m_calls.indexOf("a1 init") - 1), after);
         QCOMPARE(m_calls.filter("a1 ").join(", "), steps("init setup render idle", "a1"));
     }
+    void itemsStandBeforeOthers()
+    {
+        pando::StatusBar bar;
+        for (const char *key : {"a", "b"})
+            bar.addItem(this, key, new QWidget);
+        bar.addBeforeItem(this, "x", "b", new QWidget);
+        bar.addBeforeItem(this, "y", "nowhere", new QWidget);
+        int place = 0;
+        for (const char *key : {"a", "x", "b", "y"})
+            QCOMPARE(bar.layout()->itemAt(place++)->widget(), bar.item(key));
+    }
 
 private:
     void create(const QString &name, const QString &addsIn = {})

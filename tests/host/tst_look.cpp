@@ -66,6 +66,14 @@ private slots:
         QVERIFY(problems.at(1).at(0).toString().contains("$color$nobody, $size$big"));
         QVERIFY(problems.at(2).at(0).toString().startsWith(broken + ':'));
     }
+    void iconsComeFromTheThemeAndFromAliases()
+    {
+        QVERIFY(!m_theme.getIcon("widget", "home").isNull());
+        QVERIFY(m_theme.getIcon("handle", "key").isNull());
+        m_theme.addAlias("sample");
+        QVERIFY(!m_theme.getIcon("handle", "key").isNull());
+        QVERIFY(m_theme.getIcon("handle", "nobody").isNull());
+    }
     void aSheetIsSetOnceOnTop()
     {
         QWidget above;
@@ -77,6 +85,19 @@ private slots:
         above.setStyleSheet("a{}");
         setRecursiveWidgetStyleSheet(&top, "a{}"); // in force already
         QCOMPARE(top.styleSheet(), QString());
+    }
+    void aSwitchTellsEveryChangeUnlessBlocked()
+    {
+        EnableButton button;
+        QSignalSpy enabled(&button, &EnableButton::enabled);
+        button.setChecked(true);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        button.setChecked(false);
+        QCOMPARE(enabled, QList<QList<QVariant>>({{true}, {false}}));
+        const QSignalBlocker blocker(&button);
+        button.setChecked(true);
+        QCOMPARE(enabled.size(), 2);
+        QVERIFY(static_cast<QWidget &>(button).minimumSizeHint().height() >= 45);
     }
     void aHeldButtonIsReleasedOnce()
     {

@@ -80,6 +80,8 @@ private slots:
         QCOMPARE(root->c("x.y"), second);
         QVERIFY(root->removeChild("a") && !root->removeChild("a"));
         QCOMPARE(root->cmobjNames(true), QStringList({"c", "d", "x.y"}));
+        QVERIFY(!root->hasCmobj("d") && root->hasCmobj("d", true));
+        QVERIFY(!root->hasCmobj(ModuleObject::generateId(root.get())));
         root.reset();
         QVERIFY(leaf.isNull() && last.isNull());
     }

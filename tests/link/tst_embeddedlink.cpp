@@ -29,21 +29,6 @@ private slots:
         farEnd.greet(2);
         QVERIFY(greeted.count() == 1 && problems.count() == 2);
     }
-    void whoChangedWhatIsKeptByLevel()
-    {
-        using welmo::links::Role;
-        const QTemporaryDir folder;
-        const Up<Fixture> fixture(folder.path());
-        fixture.link->setRole(Role::Operator);
-        QCOMPARE(fixture.save(1, 111).code, 0);
-        fixture.link->setRole(Role::Administrator);
-        const LinkReply audit = fixture.call(Kind::Get, QStringLiteral("cell.audit"));
-        const QVariantList entries = audit.value.toMap().value("entries").toList();
-        QCOMPARE(entries.size(), 1);
-        const QVariantMap entry = entries.first().toMap();
-        QCOMPARE(entry.value("user").toString() + ' ' + entry.value("key").toString(),
-                 "operator " + fileName(1));
-    }
     void endsCleanly()
     {
         const QTemporaryDir folder;

@@ -170,23 +170,6 @@ private slots:
                  QStringList("warning: torch1 is no longer in the project; tool0 is chosen "
                              "[WMoveLPropertyWidget]"));
     }
-    void refreshKeepsTheParameters()
-    {
-        FormHost host;
-        MoveParamWidget panel(host.window());
-        panel.setToolText("torch1");
-        panel.setSpeedText("v100");
-        auto *tools = m("orbo.project.tool._list");
-        tools->set(nullptr, "torch0", QVariantMap{{"id", "torch0"}, {"name", "torch0"}});
-        panel.refresh();
-        QCOMPARE(panel.getParam(), "v100,fine,torch1,wobj0");
-        QSignalSpy changed(&panel, &MoveParamWidget::toolChanged);
-        tools->removeChild("torch1");
-        panel.refresh();
-        QCOMPARE(panel.getParam(), "v100,fine,tool0,wobj0");
-        QCOMPARE(changed.count(), 1);
-        QCOMPARE(changed.first().first(), QVariant("tool0"));
-    }
     void opensOneDetailsDialog()
     {
         FormHost host;
