@@ -3,16 +3,20 @@
 #include <cstdlib>
 #include <cxxabi.h>
 
+#include "support/datarows.h"
+#include "support/files.h"
+
+using namespace testsupport;
+
 namespace {
 
 // Those of this build, or others that are to be held to the same.
 void libraries()
 {
-    QTest::addColumn<QString>("module");
-    QTest::addColumn<QString>("needs"); // besides what both need
-    QTest::newRow("package") << qEnvironmentVariable("WELMO_MODULE", WELMO_MODULE) << "";
-    QTest::newRow("weld book") << qEnvironmentVariable("WELMO_BOOK", WELMO_BOOK)
-                               << "libQt5Sql.so.5 libqwt-qt5.so.6 ";
+    // besides what both need
+    addRows<QString, QString>({{"package", qEnvironmentVariable("WELMO_MODULE", WELMO_MODULE), ""},
+                               {"weld book", qEnvironmentVariable("WELMO_BOOK", WELMO_BOOK),
+                                "libQt5Sql.so.5 libqwt-qt5.so.6 "}});
 }
 
 QStringList readElf(const QString &file, const QString &option, const QString &pattern)
@@ -55,8 +59,7 @@ private slots:
     void itNeedsQtTheHostAndTheRuntimeOnly_data() { libraries(); }
     void itNeedsQtTheHostAndTheRuntimeOnly()
     {
-        QFETCH(QString, module);
-        QFETCH(QString, needs);
+        const auto &[name, module, needs] = currentRow<QString, QString>();
         QString known =
             R"(^(libQt5(Core|Gui|Widgets)|libstdc\+\+|libm|libc|libgcc_s|ld-linux-.*)\.so)";
         if (SANITIZED)
@@ -74,7 +77,7 @@ private slots:
     void itFindsThereWhatItNeeds_data() { libraries(); }
     void itFindsThereWhatItNeeds()
     {
-        QFETCH(QString, module);
+        const QString module = std::get<1>(currentRow<QString, QString>());
         QLibrary library(module);
         library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
         QVERIFY2(library.load(), qPrintable(library.errorString()));
@@ -83,9 +86,7 @@ private slots:
     void itAsksOfTheHostOnlyWhatIsListed()
     {
         const QString package = qEnvironmentVariable("WELMO_MODULE", WELMO_MODULE);
-        QFile file(IMPORTS);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QStringList listed = QString::fromUtf8(file.readAll()).split('\n');
+        const QStringList listed = QString::fromUtf8(contentOf(IMPORTS)).split('\n');
         const QStringList wanted = readElf(package, "--dyn-syms", R"( UND (\S+)$)");
         QSet<QString> offered;
         for (const QString &library : QString(HOST_LIBRARIES).split(' ')) {
@@ -106,7 +107,7 @@ private slots:
     void itExportsNothing_data() { libraries(); }
     void itExportsNothing()
     {
-        QFETCH(QString, module);
+        const QString module = std::get<1>(currentRow<QString, QString>());
         // Weak names are instances of others' templates, the plain ones the linker's own. A unique
         // one would keep the library from being unloaded.
         const QString own =

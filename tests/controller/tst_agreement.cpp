@@ -1,42 +1,21 @@
 #include <QtTest>
 
 #include "programfixture.h"
+#include "support/files.h"
 #include "tl/checker.h"
 #include "tl/parse.h"
+#include "tools/tlcheck/projectfile.h"
 
 using namespace welmo;
 using tl::Finding;
 
 namespace {
 
-/// A controller with one file of each set, and the names in its project.
+/// A controller with one file of each set.
 struct Cell : ProgramFixture
 {
     Cell() { save("weave_param", {{"name", "weavedata1"}}); }
 
-    tl::ProjectNames names()
-    {
-        tl::ProjectNames names;
-        for (const char *part : {"system_list", "_list"}) {
-            for (const QVariant &point : list("point", part))
-                names.points.insert(point.toMap().value("name").toString(), {});
-            for (const QVariant &item : list("var", part)) {
-                const QVariantMap variable = item.toMap();
-                auto &set = variable.value("type") == "zone" ? names.zones : names.speeds;
-                set.insert(variable.value("name").toString());
-            }
-            for (const QVariant &tool : list("tool", part))
-                names.tools.insert(tool.toMap().value("name").toString());
-            for (const QVariant &wobj : list("wobj", part))
-                names.wobjs.insert(wobj.toMap().value("name").toString());
-        }
-        names.files = {"arcondata1", "arcdata1", "arcoffdata1", "weavedata1"};
-        return names;
-    }
-    QVariantList list(const char *kind, const char *part)
-    {
-        return get("orbo.project", QString("%1.%2").arg(kind, part)).value.toList();
-    }
     /// Whether the controller takes the line: neither an end with a reason nor left out.
     bool takes(const QString &line)
     {
@@ -87,16 +66,17 @@ private slots:
     void everyLine()
     {
         Cell cell;
-        const tl::Checker checker(cell.names());
+        tl::ProjectNames names = tlcheck::builtInProject();
+        names.knowsFiles = true;
+        names.files = {"arcondata1", "arcdata1", "arcoffdata1", "weavedata1"};
+        const tl::Checker checker(names);
         QStringList lines;
         QDirIterator files(SOURCES "/examples", {"*.tl"});
         QDirIterator corpus(SOURCES "/tests/fuzz/corpus", QDir::Files,
                             QDirIterator::Subdirectories);
         for (QDirIterator *each : {&files, &corpus}) {
             while (each->hasNext()) {
-                QFile file(each->next());
-                QVERIFY(file.open(QIODevice::ReadOnly));
-                lines += QString::fromUtf8(file.readAll()).split('\n');
+                lines += QString::fromUtf8(testsupport::contentOf(each->next())).split('\n');
             }
         }
         QRandomGenerator random(1313);

@@ -1,6 +1,7 @@
 #include <QtTest>
 
 #include "support/datarows.h"
+#include "support/files.h"
 
 using namespace testsupport;
 
@@ -32,9 +33,7 @@ private slots:
                           + QStringList{"-ts", copy});
         QVERIFY(lupdate.waitForFinished());
         QCOMPARE(lupdate.exitCode(), 0);
-        QFile file(copy);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QList<QByteArray> lines = file.readAll().split('\n');
+        const QList<QByteArray> lines = contentOf(copy).split('\n');
         QVERIFY(lines.size() > 100);
         for (int i = 1; i < lines.size(); ++i)
             QVERIFY2(!lines[i].contains("type=\"unfinished\""), lines[i - 1]);

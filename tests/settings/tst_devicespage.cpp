@@ -194,15 +194,6 @@ private slots:
         QVERIFY(sent["connect_to_welder"].toBool());
         QCOMPARE(sent["mfr"].toString(), "Aotai");
     }
-    // Some hosts load the module when the link is up already.
-    void aPageBuiltLateShowsItAsWell()
-    {
-        Fixture ui;
-        ui.host.link()->answers[readSetting] = QVariantMap{{"enable", true}};
-        QVERIFY(!ui.leaf("enable")->getBool());
-        const DevicesSettingPage late(ui.host.window(), ui.host.window());
-        QVERIFY(!child(late.wgt(), "cbx_type")->isEnabled());
-    }
 };
 
 QTEST_MAIN(tst_DevicesPage)

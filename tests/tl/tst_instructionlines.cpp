@@ -1,7 +1,6 @@
 #include <QtTest>
 
 #include "support/datarows.h"
-#include "tl/charactercheck.h"
 #include "tl/lineformat.h"
 #include "tl/normalform.h"
 #include "tl/parse.h"
@@ -55,7 +54,7 @@ bool readEveryWay(const QString &line)
 
 } // namespace
 
-/// How a line falls into tokens, what each instruction's lines say, what is wrong with them, and
+/// What each instruction's lines say, what is wrong with them, and
 /// how they are written.
 class tst_InstructionLines : public QObject
 {
@@ -64,25 +63,6 @@ private slots:
     void initTestCase()
     {
         QLocale::setDefault(QLocale(QLocale::German)); // must not matter
-    }
-    void tokens_data()
-    {
-        // the first quoted text, and the parts
-        addRows<QString, QString>({{R"(ArcOn "a1", "w2")", "a1", R"(ArcOn|"a1"|"w2")"},
-                                   {"  ,, ", {}, ""},
-                                   {R"(a "")", "", R"(a|"")"},
-                                   {"a \"b", {}, "a|\"b"},
-                                   {"\"a\\\"b\"", "a\\", "\"a\\\"b\""}, // no escapes
-                                   {R"(ArcOn "my data")", "my data", R"(ArcOn|"my|data")"},
-                                   {"f(a\tb,点)", {}, "f(a\tb|点)"}});
-    }
-    void tokens()
-    {
-        const auto &[text, quoted, parts] = currentRow<QString, QString>();
-        const QString found = CharacterCheck::checkQuotationMarks(text);
-        QCOMPARE(found, quoted);
-        QCOMPARE(found.isNull(), quoted.isNull()); // "" and no quotes at all are two things
-        QCOMPARE(CharacterCheck::splitTlCommand(text).join('|'), parts);
     }
     void whatIsReadIsWrittenAgain_data()
     {
