@@ -91,20 +91,19 @@ private slots:
             seam.mode = i == 5 ? "simu" : "real";
             QVERIFY(book->begin(&seam));
         }
-        const auto count = [&](const Filter &filter) { return book->count(filter); };
-        QCOMPARE(count({}), 10);
-        Filter filter;
-        filter.from = 3000;
-        filter.until = 6000; // a day that ends as the next one begins
-        QCOMPARE(count(filter), 3);
-        filter = {};
-        filter.program = "b.tl";
-        filter.realOnly = true;
-        QCOMPARE(count(filter), 4);
-        QCOMPARE(book->list(filter, 2).first().started, 10000);
-        filter = {};
-        filter.verdict = Verdict::Red;
-        QCOMPARE(book->list(filter).first().started, 5000);
+        QCOMPARE(book->count({}), 10);
+        Filter days;
+        days.from = 3000;
+        days.until = 6000; // a day that ends as the next one begins
+        QCOMPARE(book->count(days), 3);
+        Filter program;
+        program.program = "b.tl";
+        program.realOnly = true;
+        QCOMPARE(book->count(program), 4);
+        QCOMPARE(book->list(program, 2).first().started, 10000);
+        Filter red;
+        red.verdict = Verdict::Red;
+        QCOMPARE(book->list(red).first().started, 5000);
         QCOMPARE(book->programs(), QStringList({"a.tl", "b.tl"}));
     }
     void oldCoursesAreThinnedAndRecordsStay()

@@ -127,10 +127,6 @@ private slots:
         set("wgtTarget", "sbxX", 3);
         panel->resetSbxAux();
         QCOMPARE(form.ToString(), "WMoveC RelTool(p1,0,0,0,0,0,0),Offs(p1,3,0,0)" + rest);
-        child<QComboBox>(child(panel, "wgtTarget"), "cbxPoint")->setCurrentIndex(4);
-        panel->resetSbxTarget();
-        panel->refresh();
-        QCOMPARE(form.ToString(), "WMoveC RelTool(p1,0,0,0,0,0,0),Offs(p5,0,0,0)" + rest);
     }
     void namelessEntriesAreNotPreselected()
     {

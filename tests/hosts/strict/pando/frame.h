@@ -8,14 +8,12 @@ class BModule;
 
 class CenterWidget : public QWidget
 {
-    Q_OBJECT
 public:
     void addPage(QObject *owner, const QString &key, QWidget *page);
 };
 
 class ExpandSideBar : public QWidget
 {
-    Q_OBJECT
 public:
     void addPage(QObject *owner, const QString &key, QWidget *page);
     void switchTo(const QString &key);
@@ -23,7 +21,6 @@ public:
 
 class StatusBar : public QWidget
 {
-    Q_OBJECT
 public:
     void addBeforeItem(QObject *owner, const QString &key, const QString &before, QWidget *item);
 };

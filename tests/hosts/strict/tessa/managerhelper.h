@@ -9,7 +9,6 @@ namespace tessa {
 
 class ThemeManager : public QObject
 {
-    Q_OBJECT
 public:
     QIcon getIcon(const QString &group, const QString &name);
     QString genStyleSheet(const QString &path);
@@ -32,7 +31,6 @@ signals:
 
 class ManagerHelper : public QObject
 {
-    Q_OBJECT
 public:
     static ManagerHelper *instance();
     void throwLog(const QObject *sender, const QString &level, const QString &text);

@@ -6,7 +6,6 @@
 
 class XService : public QObject
 {
-    Q_OBJECT
 public:
     QSharedPointer<kelp::ModuleObject> get(QObject *sender, const QString &path);
     QSharedPointer<kelp::ModuleObject> get(QObject *sender, const QString &path,

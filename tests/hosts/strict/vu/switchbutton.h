@@ -15,7 +15,6 @@ signals:
 
 class TouchButton : public QAbstractButton
 {
-    Q_OBJECT
 public:
     explicit TouchButton(QWidget *parent);
     void paintEvent(QPaintEvent *event) override;
