@@ -29,9 +29,7 @@ private slots:
              {"offset", "MoveL Offs(p3,-10,20.5,30),v200,z5,torch1", {790, -179.5, 230}},
              // The torch at p1 points down: its z is the world's -z, its x the world's -x there.
              {"tool", "MoveL RelTool(p1,10,0,40,0,0,0),v200,z5,torch1", {790, -200, 460}},
-             {"in another work object",
-              "MoveL Offs(p3,-600,0,0),v200,z5,torch1,fixture1",
-              {800, -200, 350}}});
+             {"by object", "MoveL Offs(p3,-600,0,0),v200,z5,torch1,fixture1", {800, -200, 350}}});
     }
     void movesGoWhereTheySay()
     {

@@ -71,15 +71,13 @@ private slots:
     {
         const QVariantMap map{{"a", 1}, {"b", 2}};
         // what a read says, what all else says; the names that a read brings
-        addRows<LinkReply, int, int, QString>({{"a map", {0, map}, 0, 0, "a b"},
-                                               {"nothing there", {0, {}}, 0, 0, ""},
-                                               {"a plain value", {0, 5}, 5, 0, ""},
-                                               {"refused", {7, map}, 7, 7, ""},
-                                               {"timed out",
-                                                {LinkReply::TimedOut, {}},
-                                                LinkReply::TimedOut,
-                                                LinkReply::TimedOut,
-                                                ""}});
+        const LinkReply timedOut{LinkReply::TimedOut, {}};
+        addRows<LinkReply, int, int, QString>(
+            {{"a map", {0, map}, 0, 0, "a b"},
+             {"nothing there", {0, {}}, 0, 0, ""},
+             {"a plain value", {0, 5}, 5, 0, ""},
+             {"refused", {7, map}, 7, 7, ""},
+             {"timed out", timedOut, timedOut.code, timedOut.code, ""}});
     }
     void anAnswerTellsCodeAndContent()
     {

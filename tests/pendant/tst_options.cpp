@@ -13,13 +13,10 @@ private slots:
     {
         addRows<QStringList, QString>(
             {{"language", QStringList{"--language", "de"}, "'de'"},
-             {"theme", QStringList{"--theme", "pink"}, "'pink'"},
              {"theme file", QStringList{"--theme", "/nowhere/t.json"}, "'/nowhere/t.json'"},
              {"unknown option", QStringList{"--colour", "red"}, "'colour'"},
              {"value missing", QStringList{"--data"}, "'--data'"},
-             {"empty folder", QStringList{"--data", ""}, "--data"},
              {"no address", QStringList{"--controller", "cell1"}, "'cell1'"},
-             {"no cell", QStringList{"--controller", "mqtt://localhost"}, "cell"},
              {"odd cell", QStringList{"--controller", "mqtt://localhost/a/+"}, "a/+"},
              {"in the clear", QStringList{"--controller", "mqtt://10.0.0.7/c"}, "mqtts"},
              {"not here", QStringList{"--controller", "mqtt://127.a.org/c"}, "mqtts"},

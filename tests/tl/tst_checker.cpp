@@ -50,13 +50,6 @@ private slots:
              "  WMoveC Offs(p1,1,2,3),p2,v10,fine,tool0,wobj0,\"weavedata1\";\n"
              "WMoveL p1,v10,fine,tool0,wobj0,\"NULL\"\nArcOff, \"ArcOffData1\"",
              {}},
-            {"missing",
-             "MoveJ p9,v9,z9,t9,w9",
-             {"1:7 unknown: no point p9 in the project",
-              "1:10 unknown: speed format error: no speed v9 in the project",
-              "1:13 unknown: zone format error: no zone z9 in the project",
-              "1:16 unknown: tool format error: no tool t9 in the project",
-              "1:19 unknown: wobj format error: no work object w9 in the project"}},
             {"taught elsewhere",
              "MoveL p2,v10,fine,tool1,w1",
              {"1:19 doubtful: p2 was taught with tool0; the line uses tool1",

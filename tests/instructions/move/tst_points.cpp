@@ -138,15 +138,13 @@ private slots:
     void moves_data()
     {
         // p7 looks straight down, its x axis points backwards; p2 is tilted by 35 degrees.
+        const Values alongTheTilt{857.358, -200, 133.085, 180, 35, 180};
         addRows<QString, QString, Values>(
             {{"p7", "btnPointMoveJ", "joint", poseOfP7},
              {"p2", "btnPointMoveL", "linear", {800, -200, 215, 180, 35, 180}},
              {"Offs(p2,10,-20,30)", "btnComplexMoveJ", "joint", {810, -220, 245, 180, 35, 180}},
              {"Reltool(p7,10,0,0,0,0,0)", "btnComplexMoveL", "linear", {790, 0, 200, 180, 0, 180}},
-             {"RelTool(p2,0,0,100,0,0,0)",
-              "btnComplexMoveL",
-              "linear",
-              {857.358, -200, 133.085, 180, 35, 180}},
+             {"RelTool(p2,0,0,100,0,0,0)", "btnComplexMoveL", "linear", alongTheTilt},
              {"Reltool(p7,0,0,0,0,0,30)", "btnComplexMoveJ", "joint", {800, 0, 200, 180, 0, 150}}});
     }
     void moves()
