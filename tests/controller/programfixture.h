@@ -6,9 +6,13 @@
 #include "controller/core/fields.h"
 #include "controllerfixture.h"
 
-inline const Eigen::Vector3d p1(800, -200, 500);
-inline const Eigen::Vector3d p3(800, -200, 200);
-inline const Eigen::Vector3d p4(800, 200, 200);
+using Eigen::Vector3d;
+using Event = welmo::controller::Journal::Event;
+using Fault = welmo::controller::Faults::Fault;
+
+inline const Vector3d p1(800, -200, 500);
+inline const Vector3d p3(800, -200, 200);
+inline const Vector3d p4(800, 200, 200);
 
 inline const QStringList seam{"MoveL p3,v1000,fine,torch1,wobj0",
                               "ArcOn \"arcondata1\",\"arcdata1\"",
@@ -48,7 +52,7 @@ struct ProgramFixture : ControllerFixture
                 {"voltage", 17.0},       {"hold_time", 300},           {"delay_gasoff_time", 200}};
     }
     /// Where the torch is to go, pointing down.
-    static QVariantMap target(const Eigen::Vector3d &place, const QString &way = "joint",
+    static QVariantMap target(const Vector3d &place, const QString &way = "joint",
                               const QString &wobj = "wobj0", const QString &user = "default",
                               const QString &tool = "torch1")
     {
@@ -126,7 +130,7 @@ struct ProgramFixture : ControllerFixture
     }
 
     /// The tip of the torch in the base frame, mm.
-    Eigen::Vector3d tip(const QString &tool = "torch1", const QString &wobj = "wobj0")
+    Vector3d tip(const QString &tool = "torch1", const QString &wobj = "wobj0")
     {
         const QVariantMap parameters{{"tool", tool}, {"wobj", wobj}};
         const QVariant robot =
@@ -134,7 +138,7 @@ struct ProgramFixture : ControllerFixture
         const QVariantMap pos = welmo::controller::childAt(robot, "pose.frame.pos").toMap();
         return {pos["x"].toDouble(), pos["y"].toDouble(), pos["z"].toDouble()};
     }
-    bool isAt(const Eigen::Vector3d &place, double mm = 0.01)
+    bool isAt(const Vector3d &place, double mm = 0.01)
     {
         const double off = (tip() - place).norm();
         if (off > mm)

@@ -4,8 +4,6 @@
 #include "support/datarows.h"
 
 using namespace welmo::controller;
-using Eigen::Vector3d;
-using Event = Journal::Event;
 using namespace testsupport;
 
 namespace {

@@ -4,8 +4,6 @@
 #include "support/datarows.h"
 
 using namespace welmo::controller;
-using Eigen::Vector3d;
-using Event = Journal::Event;
 using namespace testsupport;
 
 /// A program goes where its lines say, welds what they say, and ends with a reason.
@@ -81,15 +79,14 @@ private slots:
     }
     void mistakes_data()
     {
-        addRows<QString, QString>(
-            {// after "line 2: "
-             {"point", "MoveL p99,v50,fine,torch1", "there is no point p99"},
-             {"reach", "MoveL Offs(p3,5000,0,0),v50,fine,torch1",
-              "the robot does not get to Offs(p3,5000,0,0)"},
-             {"weave", "WMoveL p3,v50,fine,torch1,wobj0,\"weavedata9\"",
-              "there is no file \"weavedata9\""},
-             {"time", "FeedOnWire 1,5",
-              "feedonwire time format error: 1,5 is no time in seconds"}});
+        addRows<QString, QString>({// after "line 2: "
+                                   {"point", "MoveL p99,v50,fine,torch1", "there is no point p99"},
+                                   {"reach", "MoveL Offs(p3,5000,0,0),v50,fine,torch1",
+                                    "the robot does not get to Offs(p3,5000,0,0)"},
+                                   {"weave", "WMoveL p3,v50,fine,torch1,wobj0,\"weavedata9\"",
+                                    "there is no file \"weavedata9\""},
+                                   {"time", "FeedOnWire 1,5",
+                                    "feedonwire time format error: 1,5 is no time in seconds"}});
     }
     void mistakes()
     {
@@ -156,7 +153,7 @@ private slots:
         QVERIFY(fixture.go(QStringList{"Wait 1"} + seam + QStringList{"Wait 2", "Wait 3"}).ok());
         QVERIFY(fixture.passUntilPhase("welding"));
         fixture.pass(2000);
-        fixture.faults.set(Faults::Fault::ArcBreaks, true);
+        fixture.faults.set(Fault::ArcBreaks, true);
         fixture.finish();
         const QVariantMap sum = fixture.state("result").toMap();
         QCOMPARE(sum["end"], QVariant("finished"));

@@ -5,8 +5,6 @@
 #include "support/datarows.h"
 
 using namespace welmo::controller;
-using Eigen::Vector3d;
-using Event = Journal::Event;
 using namespace testsupport;
 
 namespace {
@@ -83,7 +81,7 @@ private slots:
         fixture.weldFor(lostAfter * 5); // 20 mm/s
         if (option.isEmpty())
             fixture.run("tl_program.stop");
-        fixture.faults.set(Faults::Fault::ArcBreaks, !option.isEmpty());
+        fixture.faults.set(Fault::ArcBreaks, !option.isEmpty());
         if (foundAfter > 0) {
             fixture.weldFor(foundAfter * 5);
             fixture.faults.clear();
@@ -115,7 +113,7 @@ private slots:
         ProgramFixture fixture;
         fixture.save("weld_param", ProgramFixture::weld("stop_and_alarm"));
         QVERIFY(fixture.goWelding(2000));
-        fixture.faults.set(Faults::Fault::ArcBreaks, true);
+        fixture.faults.set(Fault::ArcBreaks, true);
         fixture.finish();
         const QVariant offer = fixture.state("reweld");
         QVERIFY(fixture.run("tl_program.reweld").ok());

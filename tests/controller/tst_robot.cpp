@@ -4,7 +4,6 @@
 #include "support/datarows.h"
 
 using namespace welmo::controller;
-using Eigen::Vector3d;
 using namespace testsupport;
 
 namespace {

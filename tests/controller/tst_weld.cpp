@@ -4,9 +4,6 @@
 #include "support/datarows.h"
 
 using namespace welmo::controller;
-using Eigen::Vector3d;
-using Fault = Faults::Fault;
-using Event = Journal::Event;
 using namespace testsupport;
 
 namespace {

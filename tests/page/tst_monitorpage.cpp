@@ -184,14 +184,8 @@ private slots:
         auto &answers = ui.host.link()->answers;
         answers[readFile] = QVariantMap{{"current", 100.0}, {"voltage", 20.0}};
         ui.asked("arcdata2");
-        ui.page.wgt()->window()->show();
-        ui.page.wgt()->window()->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(ui.page.wgt()->window()));
         QDoubleSpinBox *box = ui.box("sbxCurrent");
-        box->setFocus();
-        box->selectAll();
-        QTest::keyClicks(box, "5");
-        const QString half = box->text();
+        const QString half = ui.host.typeHalf(box, "5");
         const QVariantMap theirs{{"current", 180.0}, {"voltage", 21.0}};
         answers[readFile] = theirs;
         ui.host.notify("arc_weld.weld_param", QVariantMap{{"arcdata2", theirs}});

@@ -61,8 +61,8 @@ private slots:
         const QTemporaryDir folder;
         for (const char *file : {FIXTURES "/welmo.json", FIXTURES "/pendant.json", LAST_STORE}) {
             const QString name = QFileInfo(file).fileName();
-            testsupport::writeFile(folder.filePath(name.endsWith(".db") ? "controller.db" : name),
-                                   testsupport::contentOf(file));
+            writeFile(folder.filePath(name.endsWith(".db") ? "controller.db" : name),
+                      contentOf(file));
         }
         const welmo::pendant::Preferences preferences(folder.path());
         QCOMPARE(preferences.language + ' ' + preferences.theme, "zh_CN dark");
@@ -77,14 +77,13 @@ private slots:
         QCOMPARE(reply->toVariant().toMap()["current"], QVariant(120.5));
         pendant.app().stop();
         const auto treeOf = [](const QString &file) {
-            return QJsonDocument::fromJson(testsupport::contentOf(file)).object();
+            return QJsonDocument::fromJson(contentOf(file)).object();
         };
         const QJsonObject before = treeOf(FIXTURES "/welmo.json");
         const QJsonObject after = treeOf(folder.filePath("welmo.json"));
         QCOMPARE(after["device"].toObject()["welder_sertting"],
                  before["device"].toObject()["welder_sertting"]);
-        const QStringList keys = before.keys();
-        for (const QString &key : keys)
+        for (const QString &key : before.keys())
             QVERIFY2(after.contains(key), qPrintable(key));
     }
     // A file where the folder should be: not even the superuser can make a folder there.

@@ -109,6 +109,18 @@ bool FormHost::wait(bool up)
     return true;
 }
 
+QString FormHost::typeHalf(QAbstractSpinBox *box, const QString &text)
+{
+    m_window.show();
+    m_window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&m_window))
+        qFatal("the window does not come to the front");
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, text);
+    return box->text();
+}
+
 QStringList FormHost::takeErrors()
 {
     QStringList errors;

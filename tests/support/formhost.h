@@ -81,6 +81,9 @@ public:
         emit m_link->notified(path, values);
     }
 
+    /// Types into the box and does not finish; what stands there then.
+    QString typeHalf(QAbstractSpinBox *box, const QString &text);
+
     RecordingLink *link() { return m_link; }
     welmo::controller::Faults *faults() { return m_link->inner.faults(); }
     tessa::Host &host() { return *m_host; }
