@@ -120,6 +120,20 @@ private slots:
         QCOMPARE(m_calls.at(m_calls.indexOf("a1 init") - 1), after);
         QCOMPARE(m_calls.filter("a1 ").join(", "), steps("init setup render idle", "a1"));
     }
+    void aPageIsFoundByItsKey()
+    {
+        Recorder module("a", &m_calls);
+        QCOMPARE(instantiatedRightExpandSideWidget(&module), nullptr); // a host may have none
+        pando::CenterWidget center;
+        pando::frame().center = &center;
+        QCOMPARE(instantiatedCenterWidget(&module), &center);
+        auto *second = new QWidget;
+        center.addPage(this, "first", new QWidget);
+        center.addPage(this, "second", second);
+        QVERIFY(center.switchTo("second") && center.currentWidget() == second);
+        delete second; // its owner may take a page away
+        QVERIFY(!center.switchTo("second") && !center.switchTo("third"));
+    }
     void itemsStandBeforeOthers()
     {
         pando::StatusBar bar;

@@ -74,6 +74,21 @@ private slots:
         QVERIFY(!m_theme.getIcon("handle", "key").isNull());
         QVERIFY(m_theme.getIcon("handle", "nobody").isNull());
     }
+    void aPictureIsPaintedInOneInk()
+    {
+        QImage image(2, 1, QImage::Format_ARGB32);
+        image.setPixelColor(0, 0, Qt::green);
+        image.setPixelColor(1, 0, Qt::transparent);
+        const QString path = m_folder.filePath("picture.png");
+        QVERIFY(image.save(path));
+        const auto painted = [&](const QString &ink) {
+            return vu::xtheme::pixmap(path, ink).toImage();
+        };
+        QCOMPARE(painted("black").pixelColor(0, 0), QColor("#445566"));
+        QCOMPARE(painted("red").pixelColor(0, 0), QColor(Qt::red));
+        QCOMPARE(painted("black").pixelColor(1, 0).alpha(), 0);
+        QVERIFY(vu::xtheme::pixmap(m_folder.filePath("nobody.png"), "black").isNull());
+    }
     void aSheetIsSetOnceOnTop()
     {
         QWidget above;
