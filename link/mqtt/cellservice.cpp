@@ -44,6 +44,7 @@ CellService::CellService(const Options &options, QObject *parent)
     connect(&m_work, &QTimer::timeout, this, &CellService::workOff);
     m_alive.setTimerType(Qt::PreciseTimer);
     connect(&m_alive, &QTimer::timeout, this, &CellService::showAlive);
+    m_runner.setExample(options.example);
     connect(&m_runner, &ControllerRunner::problem, this, &CellService::problem);
     connect(&m_runner, &ControllerRunner::broken, this, [this] {
         m_pendants.endAll();

@@ -29,6 +29,7 @@ public:
         QString dataFolder; ///< holds controller.db; empty: the store is in memory
         Roles roles;
         controller::Clock clock = controller::steadyClock(); ///< called on two threads
+        bool example = false; ///< a controller without parameter files gets those of the examples
     };
 
     /// Counts of messages that were not carried out, by reason.

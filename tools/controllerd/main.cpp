@@ -60,6 +60,7 @@ int main(int argc, char *argv[])
     if (problem.isEmpty() && options.task != controllerd::Options::Task::Serve)
         return tendStore(options);
     welmo::links::CellService::Options how{options.cell, options.broker, options.dataFolder, {}};
+    how.example = options.example;
     if (problem.isEmpty())
         how.roles = welmo::links::Roles::read(options.usersFile, &problem);
     if (!problem.isEmpty()) {

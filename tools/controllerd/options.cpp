@@ -80,10 +80,13 @@ Options parseOptions(const QStringList &arguments)
         QStringLiteral("File of lines 'NAME ROLE', with the roles viewer, operator, programmer, "
                        "administrator; DIR/users unless told. Who is not in it may do nothing."),
         QStringLiteral("FILE"));
+    const QCommandLineOption example(
+        QStringLiteral("example"),
+        QStringLiteral("A cell without parameter files gets those of the example programs."));
     QCommandLineParser parser;
     parser.setApplicationDescription(QLatin1String(description));
     const QCommandLineOption help = parser.addHelpOption();
-    parser.addOptions({cell, broker, data, users});
+    parser.addOptions({cell, broker, data, users, example});
     parser.addPositionalArgument(QStringLiteral("backup|restore|repair FILE"),
                                  QStringLiteral("Instead of serving."),
                                  QStringLiteral("[backup FILE | restore FILE | repair [FILE]]"));
@@ -99,6 +102,7 @@ Options parseOptions(const QStringList &arguments)
     }
     options.cell = parser.value(cell);
     options.dataFolder = parser.value(data);
+    options.example = parser.isSet(example);
     options.usersFile = parser.isSet(users)
         ? parser.value(users)
         : QDir(options.dataFolder).filePath(QStringLiteral("users"));

@@ -16,6 +16,7 @@ struct Options
     welmo::links::BrokerAddress broker;
     QString dataFolder;
     QString usersFile;
+    bool example = false;
     QString error; ///< one line, if the arguments cannot be used
     QString help; ///< the help text, if it was asked for
 };
