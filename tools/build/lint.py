@@ -20,9 +20,9 @@ BUILD = os.path.join(ROOT, "build", "dev")
 DATABASE = os.path.join(ROOT, "build", "lint")
 EMPTY = os.path.join(DATABASE, "empty")
 FOLDERS = "bench|book|controller|host|link|pendant|schema|src|tests|tl|tools"
-# Both linters together take some five seconds for a source, and CI has minutes.
-MOST_SOURCES = 40
-MOST_HEADERS = 60
+# Both linters together take some eight seconds for a source, and CI has minutes.
+MOST_SOURCES = 25
+MOST_HEADERS = 30
 LAST_COMMITS = 30
 
 # clang cannot read what gcc precompiled.
@@ -148,6 +148,8 @@ def main():
     if "--quick" in flags:
         sources = []
     elif limited:
+        # The tests are not clean yet; ./dev lint tests says what is left.
+        sources = [file for file in sources if not file.startswith("tests/")]
         sources = newest("sources", sources, MOST_SOURCES)
     in_root = [os.path.join(ROOT, file) for file in files]
     tidy = ["clang-tidy", "-p", DATABASE, "--quiet", f"--header-filter=^{ROOT}/({FOLDERS})/"]
