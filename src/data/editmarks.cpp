@@ -14,7 +14,7 @@ EditMarks::EditMarks(QObject *page, const FieldTable &fields, QWidget *save,
     , m_save(save)
     , m_edited(std::move(edited))
 {
-    const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("refresh()"));
+    const QMetaMethod slot = staticMetaObject.method(staticMetaObject.indexOfSlot("refresh()"));
     for (const auto &field : fields.fields()) {
         for (QWidget *editor : field->editors())
             connect(editor, editor->metaObject()->userProperty().notifySignal(), this, slot);
