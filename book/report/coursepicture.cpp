@@ -48,7 +48,9 @@ double mostOf(const BandRow &row, const Course &course, const Band &band,
 void drawScale(QPainter *painter, const Strip &strip, bool withTime)
 {
     const int text = painter->fontMetrics().height();
-    for (double value = 0; value <= strip.most; value += stepFor(strip.most)) {
+    const double step = stepFor(strip.most);
+    for (int i = 0; i * step <= strip.most; ++i) {
+        const double value = i * step;
         const QPointF left = strip.at(0, value);
         painter->setPen(grid);
         painter->drawLine(left, strip.at(strip.seconds, value));
@@ -56,9 +58,12 @@ void drawScale(QPainter *painter, const Strip &strip, bool withTime)
         painter->drawText(QRectF(0, left.y() - text / 2.0, strip.box.left() - text / 3.0, text),
                           Qt::AlignRight | Qt::AlignVCenter, QString::number(value));
     }
-    for (double time = 0; withTime && time <= strip.seconds; time += stepFor(strip.seconds))
+    const double seconds = stepFor(strip.seconds);
+    for (int i = 0; withTime && i * seconds <= strip.seconds; ++i) {
+        const double time = i * seconds;
         painter->drawText(QRectF(strip.at(time, 0) - QPointF(100, -text / 4.0), QSizeF(200, text)),
                           Qt::AlignHCenter, QString::number(time) + QStringLiteral(" s"));
+    }
 }
 
 void drawStrip(QPainter *painter, const Strip &strip, const BandRow &row, const Course &course,
