@@ -7,7 +7,6 @@
 #include "link/protocol/protocol.h"
 #include "schema/names.h"
 
-namespace names = welmo::names;
 using welmo::controller::Request;
 using Kind = welmo::controller::Request::Kind;
 

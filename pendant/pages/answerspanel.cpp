@@ -65,7 +65,6 @@ void AnswersPanel::addAction(QHBoxLayout *row, const QString &text, const QStrin
 // Paths are shown untranslated, as in the controller's log.
 void AnswersPanel::fillRefusals()
 {
-    namespace names = welmo::names;
     for (const schema::FileSet *set : schema::fileSets())
         m_path->addItem(set->node());
     m_path->addItems({names::setWeldMode, names::setWelder, names::wireFeed, names::gasFlow});

@@ -7,8 +7,6 @@
 #include "schema/names.h"
 #include "tessa/xservice.h"
 
-namespace names = welmo::names;
-
 namespace welmo::pendant {
 
 ControlPanel::ControlPanel(XService *service, QWidget *parent)

@@ -10,8 +10,6 @@ namespace welmo::pendant {
 
 namespace {
 
-namespace names = welmo::names;
-
 ProgramRun::State stateNamed(const QString &word)
 {
     using State = ProgramRun::State;

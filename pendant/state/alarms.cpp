@@ -7,8 +7,6 @@
 #include "schema/names.h"
 #include "tessa/managerhelper.h"
 
-namespace names = welmo::names;
-
 namespace welmo::pendant {
 
 namespace {

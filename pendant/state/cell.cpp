@@ -3,7 +3,6 @@
 #include "schema/names.h"
 #include "tessa/host.h"
 
-namespace names = welmo::names;
 using tessa::ControllerStatus;
 
 namespace welmo::pendant {

@@ -8,8 +8,6 @@
 #include "schema/reasons.h"
 #include "tessa/host.h"
 
-namespace names = welmo::names;
-
 namespace welmo::pendant {
 
 namespace {

@@ -5,8 +5,6 @@
 #include "schema/reasons.h"
 #include "tessa/host.h"
 
-namespace names = welmo::names;
-
 namespace welmo::pendant {
 
 RobotState::RobotState(tessa::Host *host, QObject *parent)
