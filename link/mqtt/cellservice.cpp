@@ -6,7 +6,6 @@
 #include "link/session/requests.h"
 #include "schema/names.h"
 
-namespace names = welmo::names;
 using welmo::controller::Reply;
 using welmo::controller::Request;
 
