@@ -57,6 +57,7 @@ ProgramPage::ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robo
     second->addWidget(m_state, 1);
     second->addWidget(m_steps);
     auto *views = new ActionBar(this);
+    m_views = views;
     m_pathAction = views->add(tr("Path"), "ProgramPath", {}, this, this, &ProgramPage::togglePath);
     m_pathAction->setCheckable(true);
     second->addWidget(views);
@@ -220,7 +221,8 @@ void ProgramPage::makeRoom()
     const bool hasForm = m_panes->currentWidget() == m_form;
     const bool hasTools = !hasForm || m_run->isUnderWay();
     m_log->setVisible(!hasForm && m_drawer->isChecked());
-    for (QWidget *tool : QWidgetList{m_top, m_state, m_steps, m_lines->findings(), m_drawer})
+    for (QWidget *tool :
+         QWidgetList{m_top, m_state, m_steps, m_views, m_lines->findings(), m_drawer})
         tool->setVisible(hasTools);
 }
 
@@ -249,10 +251,9 @@ bool ProgramPage::mayGo(const std::function<void()> &goOn)
 
 void ProgramPage::showRun()
 {
-    const bool hasFailed = m_run->state() == ProgramRun::State::Failed;
     m_state->setText(m_run->text());
     m_state->setToolTip(m_run->text());
-    setStyleWord(m_state, "state", hasFailed ? QStringLiteral("failed") : QString());
+    setStyleWord(m_state, "state", m_run->endedBadly() ? QStringLiteral("failed") : QString());
     makeRoom();
 }
 

@@ -82,6 +82,7 @@ private:
     QStackedLayout *m_panes = nullptr;
     QWidget *m_top = nullptr;
     QWidget *m_bar = nullptr;
+    QWidget *m_views = nullptr;
     QAction *m_pathAction = nullptr;
     RunBar *m_runBar = nullptr;
     StepBar *m_steps = nullptr;

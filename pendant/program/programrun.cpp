@@ -90,6 +90,12 @@ QString ProgramRun::reweldPlace() const
     return QString::number(m_reweld.value(QStringLiteral("from")).toDouble(), 'f', 1);
 }
 
+bool ProgramRun::endedBadly() const
+{
+    const bool hasFaults = !itemsOf(m_result.value(QStringLiteral("faults"))).isEmpty();
+    return m_state == State::Failed || (m_state == State::Idle && hasFaults);
+}
+
 QString ProgramRun::text() const
 {
     switch (m_state) {

@@ -17,6 +17,8 @@ public:
     explicit ProgramRun(ProgramDocument *document, QObject *parent = nullptr);
 
     State state() const { return m_state; }
+    /// Whether the run that ended last failed, or finished with a fault.
+    bool endedBadly() const;
     /// True while the controller runs a program or has paused it; if the link was lost meanwhile,
     /// until the state is known again.
     bool isUnderWay() const

@@ -125,7 +125,9 @@ void alarm(Tour &tour)
         tour.click("btnProgramStop");
         const QString sum = tour.text("lblRunState");
         tour.faults()->clear();
-        return Tour::require(sum.left(sum.indexOf(", arc")), "Ready (stopped, 1 fault: line 7");
+        const QString colour = tour.find("lblRunState")->property("state").toString();
+        return Tour::require(sum.left(sum.indexOf(", arc")) + ' ' + colour,
+                             "Ready (stopped, 1 fault: line 7 failed");
     });
     tour.step("acknowledged, it is in the log", "alarm-log", [&] {
         tour.click("btnAlarmAcknowledge");
