@@ -120,6 +120,7 @@ bool NumberEntry::takesPoint(const QAbstractSpinBox *box)
 void NumberEntry::begin(QAbstractSpinBox *box)
 {
     m_box = box;
+    m_focused = box;
     m_before = with(box, [](const auto *field) { return double(field->value()); });
     QLineEdit *line = lineOf(box);
     delete line->findChild<QRegularExpressionValidator *>();
@@ -183,14 +184,15 @@ bool NumberEntry::eventFilter(QObject *object, QEvent *event)
             begin(static_cast<QAbstractSpinBox *>(object));
         return false;
     case QEvent::FocusOut:
-        if (object == m_box) {
+        if (object == m_focused) {
             if (isField(object)) // false while it is being destroyed
                 enter();
             m_box = nullptr;
+            m_focused = nullptr;
         }
         return false;
     case QEvent::KeyPress:
-        return object == m_box && onKey(static_cast<QKeyEvent *>(event));
+        return object == m_focused && onKey(static_cast<QKeyEvent *>(event));
     default:
         return false;
     }

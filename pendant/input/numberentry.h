@@ -48,6 +48,7 @@ private:
     bool onKey(const QKeyEvent *event);
 
     QPointer<QAbstractSpinBox> m_box; // the box with the focus
+    const QObject *m_focused = nullptr; // the same, to compare with: it may be half destroyed
     double m_before = 0;
 };
 
