@@ -73,18 +73,25 @@ void OptionsForm::followShown(const kelp::ModuleObject *values)
     m_fields.reportCuts(values);
 }
 
+// A lost link must not cost an edit.
+bool OptionsForm::keepEditsAfterLoss()
+{
+    if (!std::exchange(m_linkWasLost, false) || !m_known)
+        return false;
+    xservice()->watch(m_owner, m_set.node(), true);
+    const auto theirs = xservice()->get(m_owner, m_set.node());
+    if (arcweld::readFailed(theirs))
+        return false;
+    if (theirs->cmobjCount() > 0) // else nobody has stored any
+        takeOver(host::toVariant(theirs.get()));
+    return true;
+}
+
 void OptionsForm::reload()
 {
     const bool isEdited = !m_edits.values().isEmpty();
-    if (std::exchange(m_linkWasLost, false) && isEdited && m_known) {
-        xservice()->watch(m_owner, m_set.node(), true);
-        const auto theirs = xservice()->get(m_owner, m_set.node());
-        if (!arcweld::readFailed(theirs)) {
-            if (theirs->cmobjCount() > 0) // else nobody has stored any
-                takeOver(host::toVariant(theirs.get()));
-            return;
-        }
-    }
+    if (isEdited && keepEditsAfterLoss())
+        return;
     if (!get())
         return;
     if (isEdited)

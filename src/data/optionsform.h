@@ -32,7 +32,7 @@ public:
     /// False, with a report and nothing changed, if it could not be read.
     bool get();
     /// Reads the set and shows it; a failed read leaves the form as it is. Unsaved changes are
-    /// lost, which is reported.
+    /// lost, which is reported; the first time after a lost link they stay.
     void reload();
     /// False until the set was read once: the form shows defaults then, which must not replace the
     /// controller's values.
@@ -53,6 +53,7 @@ private:
     kelp::ModuleObject *node(const QString &name) const;
     void onChanged(const QVariant &values);
     bool takeOver(const QVariant &theirs);
+    bool keepEditsAfterLoss();
     /// Updates what depends on @p values, which the controls show now.
     void followShown(const kelp::ModuleObject *values);
 
