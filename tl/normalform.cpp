@@ -9,17 +9,16 @@ namespace welmo::tl {
 
 namespace {
 
-// The text with its tabs replaced by blanks.
-QString withoutTabs(QString text)
+// The code with its tabs replaced by blanks, but for those in a quoted name. A quote inside a call
+// does not open a name.
+QString withoutTabs(const QString &code)
 {
-    bool quoted = false;
-    for (QChar &character : text) {
-        if (character == QLatin1Char('"'))
-            quoted = !quoted;
-        else if (character == QLatin1Char('\t') && !quoted)
-            character = QLatin1Char(' ');
-    }
-    return text;
+    QString tidied = code;
+    tidied.replace(QLatin1Char('\t'), QLatin1Char(' '));
+    for (const Token &token : splitMoveArguments(code, 0, code.size()))
+        if (token.text.startsWith(QLatin1Char('"')))
+            tidied.replace(token.column - 1, token.text.size(), token.text);
+    return tidied;
 }
 
 bool isGap(QStringView gap, int mostCommas)
