@@ -41,7 +41,8 @@ public:
     int paceMs() const;
 
     /// A pendant was alive at @p time of the clock and held the keys of these presses; see
-    /// HoldToRun. To be called every 25 ms: what is held stops at most 100 ms after the last beat.
+    /// HoldToRun. To be called every 25 ms while a key is held: what is held stops at most 100 ms
+    /// after the last beat.
     void beat(qint64 time, const QVector<int> &presses);
     /// The session with the pendant has ended: what is held stops now.
     void losePendant();

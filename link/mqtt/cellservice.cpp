@@ -15,6 +15,7 @@ namespace {
 
 constexpr int echoMs = 2500; // without an echo for so long, our own connection counts as dead
 constexpr int workMs = 5; // for the messages of one turn
+constexpr int storeRetryMs = 1000;
 
 const QString sessionKey = QStringLiteral("session");
 const QString timeKey = QStringLiteral("time");
@@ -88,7 +89,7 @@ void CellService::start()
     }
     // Another process may have the store for a moment, such as an earlier service that is still
     // ending.
-    QTimer::singleShot(protocol::aliveIdleMs, this, &CellService::start);
+    QTimer::singleShot(storeRetryMs, this, &CellService::start);
 }
 
 Reply CellService::handle(const Request &request)
@@ -115,13 +116,14 @@ void CellService::onOnline()
     m_told.clear();
     tellControl();
     publish(m_topics.status(), protocol::toStatusMessage(true));
-    m_alive.start(protocol::aliveIdleMs);
+    m_online = true;
     showAlive();
     emit online();
 }
 
 void CellService::onOffline(const QString &reason)
 {
+    m_online = false;
     m_alive.stop();
     if (m_runner.controller())
         m_runner.controller()->losePendant();
@@ -363,9 +365,15 @@ void CellService::showAlive()
 // Updates what depends on the sessions.
 void CellService::afterSessions()
 {
-    const int pace = m_pendants.isEmpty() ? protocol::aliveIdleMs : protocol::aliveMs;
-    if (m_alive.isActive() && m_alive.interval() != pace)
-        m_alive.start(pace);
+    // Without a pendant the broker's keep-alive and the will are proof enough.
+    const bool wanted = m_online && !m_pendants.isEmpty();
+    if (!wanted) {
+        m_alive.stop();
+    } else if (!m_alive.isActive()) {
+        m_shown = m_runner.now();
+        m_echo = m_shown;
+        m_alive.start(protocol::aliveMs);
+    }
     tellControl();
 }
 

@@ -105,7 +105,8 @@ private:
     QString m_told; // who had control when that was last published
     Refused m_refused;
     QString m_reported;
-    QTimer m_alive;
+    QTimer m_alive; // runs while there are pendants
+    bool m_online = false;
     Inbox m_inbox;
     QTimer m_work; // with an interval of 0, so that other timers run in between
     std::atomic<bool> m_workWanted{false};

@@ -16,8 +16,7 @@ constexpr int longestRequest = 256 * 1024;
 constexpr int longestMessage = 4 * 1024 * 1024;
 
 /// How often both sides send a heartbeat, and after what silence the other counts as lost.
-constexpr int aliveMs = 50; ///< a cell with pendants
-constexpr int aliveIdleMs = 1000; ///< a cell without
+constexpr int aliveMs = 50; ///< a cell with pendants; one without is silent
 constexpr int silentCellMs = 230;
 constexpr int silentPendantMs = 5000;
 

@@ -10,7 +10,8 @@ namespace tessa {
 namespace {
 
 Host *s_current = nullptr;
-constexpr int heartbeatMs = 25;
+constexpr int heldBeatMs = 25; // while a key is held
+constexpr int idleBeatMs = 200;
 
 } // namespace
 
@@ -30,7 +31,6 @@ Host::Host(const HostOptions &options)
     connect(&m_workspace, &kelp::Workspace::problem, this, &Host::reportProblem);
     // On the GUI thread: if that hangs, the beats end, and what a key moves stops.
     m_heartbeat.setTimerType(Qt::PreciseTimer);
-    m_heartbeat.setInterval(heartbeatMs);
     connect(&m_heartbeat, &QTimer::timeout, this, &Host::beat);
     connect(&m_service, &XService::connectedChanged, this, &Host::onConnectedChanged);
     // A beat must tell of the press before its command arrives, and the regular one may be late.
@@ -88,14 +88,19 @@ void Host::onConnectedChanged(bool connected)
         m_heartbeat.stop();
         return;
     }
-    m_heartbeat.start();
+    m_heartbeat.start(heldBeatMs);
     beat();
 }
 
+// After a release one more beat comes soon, which says that no key is held.
 void Host::beat()
 {
+    const QVector<int> presses = m_keys.heldPresses();
+    const int pace = presses.isEmpty() ? idleBeatMs : heldBeatMs;
+    if (m_heartbeat.isActive() && m_heartbeat.interval() != pace)
+        m_heartbeat.setInterval(pace);
     if (m_link)
-        m_link->beat(m_keys.heldPresses());
+        m_link->beat(presses);
 }
 
 void Host::reportProblem(const QString &line)

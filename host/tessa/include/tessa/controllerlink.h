@@ -54,10 +54,11 @@ public:
     virtual void close() = 0;
     virtual bool isUp() const = 0;
     /// Proves to the controller that the pendant is alive. @p presses are the numbers of the
-    /// presses whose keys are held, oldest first. Called by the GUI thread every 25 ms while
-    /// connected, and before the command of each press; returns at once, and does nothing while the
-    /// link is down. What a key moves stops at most 100 ms after the last beat, or when a beat
-    /// lacks its press. Links that move nothing by keys need not implement it.
+    /// presses whose keys are held, oldest first. Called by the GUI thread while connected: every
+    /// 25 ms while a key is held, else less often, and before the command of each press; returns at
+    /// once, and does nothing while the link is down. What a key moves stops at most 100 ms after
+    /// the last beat, or when a beat lacks its press. Links that move nothing by keys need not
+    /// implement it.
     virtual void beat(const QVector<int> &presses) { Q_UNUSED(presses) }
 
 signals:
