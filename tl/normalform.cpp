@@ -9,15 +9,14 @@ namespace welmo::tl {
 
 namespace {
 
-// The code with its tabs replaced by blanks, but for those in a quoted name. A quote inside a call
-// does not open a name.
+// The code with the tabs between its words replaced by blanks. A tab in a quoted name or in a call
+// stays, since it belongs to what is named.
 QString withoutTabs(const QString &code)
 {
     QString tidied = code;
     tidied.replace(QLatin1Char('\t'), QLatin1Char(' '));
     for (const Token &token : splitMoveArguments(code, 0, code.size()))
-        if (token.text.startsWith(QLatin1Char('"')))
-            tidied.replace(token.column - 1, token.text.size(), token.text);
+        tidied.replace(token.column - 1, token.text.size(), token.text);
     return tidied;
 }
 
