@@ -30,7 +30,7 @@ public:
         : m_cells(cells)
         , m_client({address, QStringLiteral("reader")},
                    {[this] { m_client.subscribe(QStringLiteral("welmo/1/+/value/") + node, 0); },
-                    [](const QString &) {},
+                    [](const QString &, bool) {},
                     [this](const welmo::links::MqttMessage &message) { take(message); }})
     {
         m_client.start();

@@ -25,16 +25,19 @@ QString complaintAbout(const QUrl &url, const QString &cell)
     return {};
 }
 
-} // namespace
-
-bool BrokerAddress::isLoopback() const
+// One address for each of its hosts.
+QStringList separate(const QString &text)
 {
-    static const QRegularExpression numbers(QStringLiteral("^127(\\.\\d{1,3}){3}$"));
-    return host == QLatin1String("localhost") || host == QLatin1String("::1")
-        || numbers.match(host).hasMatch(); // a name such as 127.example.org is not this machine
+    static const QRegularExpression parts(QStringLiteral("^(\\w+://(?:[^/@]*@)?)([^/]*)(.*)$"),
+                                          QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = parts.match(text);
+    QStringList addresses;
+    for (const QString &place : match.captured(2).split(QLatin1Char(',')))
+        addresses.append(match.captured(1) + place + match.captured(3));
+    return match.hasMatch() ? addresses : QStringList(text);
 }
 
-QString parseAddress(const QString &text, BrokerAddress *address, QString *cell)
+QString parseOne(const QString &text, BrokerAddress *address, QString *cell)
 {
     const QUrl url(text, QUrl::StrictMode);
     const QString path = url.path().mid(1);
@@ -54,6 +57,44 @@ QString parseAddress(const QString &text, BrokerAddress *address, QString *cell)
         return {};
     return QStringLiteral("%1 is another machine: it is reached by mqtts:// only")
         .arg(address->host);
+}
+
+} // namespace
+
+bool BrokerAddress::isLoopback() const
+{
+    static const QRegularExpression numbers(QStringLiteral("^127(\\.\\d{1,3}){3}$"));
+    return host == QLatin1String("localhost") || host == QLatin1String("::1")
+        || numbers.match(host).hasMatch(); // a name such as 127.example.org is not this machine
+}
+
+void BrokerAddress::take(const QPair<QString, int> &place)
+{
+    host = place.first;
+    port = place.second;
+}
+
+BrokerAddress BrokerAddress::at(int number) const
+{
+    BrokerAddress one = *this;
+    one.standbys.clear();
+    if (number > 0)
+        one.take(standbys.at(number - 1));
+    return one;
+}
+
+QString parseAddress(const QString &text, BrokerAddress *address, QString *cell)
+{
+    QVector<QPair<QString, int>> places;
+    for (const QString &one : separate(text)) {
+        const QString complaint = parseOne(one, address, cell);
+        if (!complaint.isEmpty())
+            return complaint;
+        places.append({address->host, address->port});
+    }
+    address->take(places.takeFirst());
+    address->standbys = places;
+    return {};
 }
 
 QString clientIdFor(const BrokerAddress &address, const QString &name)

@@ -1,5 +1,6 @@
 #include "link/mqtt/cellservice.h"
 
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QUuid>
 
@@ -13,7 +14,7 @@ namespace welmo::links {
 
 namespace {
 
-constexpr int echoMs = 2500; // without an echo for so long, our own connection counts as dead
+constexpr int echoMs = 1500; // without an echo for so long, our own connection counts as dead
 constexpr int workMs = 5; // for the messages of one turn
 constexpr int storeRetryMs = 1000;
 
@@ -60,9 +61,9 @@ CellService::CellService(const Options &options, QObject *parent)
     how.will->topic = m_topics.status();
     MqttClient::Handlers handlers;
     handlers.online = posted([this] { onOnline(); });
-    handlers.offline = [this](const QString &reason) {
+    handlers.offline = [this](const QString &reason, bool all) {
         QMetaObject::invokeMethod(
-            this, [this, reason] { onOffline(reason); }, Qt::QueuedConnection);
+            this, [this, reason, all] { onOffline(reason, all); }, Qt::QueuedConnection);
     };
     handlers.message = [this](const MqttMessage &message) { takeIn(message); };
     m_client = std::make_unique<MqttClient>(how, handlers);
@@ -115,21 +116,23 @@ void CellService::onOnline()
     m_board.tellAll(*m_runner.controller());
     m_told.clear();
     tellControl();
-    publish(m_topics.status(), protocol::toStatusMessage(true));
+    publish(m_topics.status(),
+            protocol::toStatusMessage(true, QDateTime::currentMSecsSinceEpoch()));
     m_online = true;
     showAlive();
     emit online();
 }
 
-void CellService::onOffline(const QString &reason)
+void CellService::onOffline(const QString &reason, bool all)
 {
-    m_online = false;
+    const bool wasOnline = std::exchange(m_online, false);
     m_alive.stop();
     if (m_runner.controller())
         m_runner.controller()->losePendant();
-    if (reason != m_reported)
-        emit problem(reason);
+    if ((!all && !wasOnline) || reason == m_reported)
+        return;
     m_reported = reason;
+    emit problem(reason);
 }
 
 /// On the client's thread, so that a flood never reaches the service's own thread.

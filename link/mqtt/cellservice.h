@@ -67,7 +67,7 @@ signals:
 
 private:
     void onOnline();
-    void onOffline(const QString &reason);
+    void onOffline(const QString &reason, bool all);
     void takeIn(const MqttMessage &message);
     void workOff();
     void onMessage(const MqttMessage &message, const QString &user);

@@ -148,20 +148,37 @@ void MqttClient::wake() const
 void MqttClient::run()
 {
     while (!m_ending) {
+        m_address = m_options.address.at(m_number);
         const QString reason = connectOnce();
-        m_online = false;
+        const bool wasOnline = m_online.exchange(false);
         setHandle({});
-        if (!m_ending)
-            m_handlers.offline(reason);
+        if (m_ending)
+            return;
+        moveOn(reason, wasOnline);
         rest();
     }
 }
 
+void MqttClient::moveOn(const QString &reason, bool wasOnline)
+{
+    m_number = (m_number + 1) % m_options.address.count();
+    if (wasOnline)
+        m_reasons.clear();
+    m_reasons.append(reason);
+    const bool isRound = m_reasons.size() >= m_options.address.count();
+    m_handlers.offline(m_reasons.join(QStringLiteral("; ")), isRound);
+    if (isRound)
+        m_reasons.clear();
+}
+
 void MqttClient::rest()
 {
+    const bool isRound = m_reasons.isEmpty();
+    const int most = isRound ? m_rest : restMs;
     // Random, so that the clients of a plant do not all reconnect at the same moment.
-    const int rest = QRandomGenerator::global()->bounded(m_rest / 2, m_rest + 1);
-    m_rest = std::min(m_rest * 3 / 2, longestRestMs);
+    const int rest = QRandomGenerator::global()->bounded(most / 2, most + 1);
+    if (isRound)
+        m_rest = std::min(m_rest * 3 / 2, longestRestMs);
     std::unique_lock lock(m_mutex);
     m_ended.wait_for(lock, std::chrono::milliseconds(rest), [this] { return m_ending.load(); });
 }
@@ -183,8 +200,8 @@ QString MqttClient::connectOnce()
     const QString problem = setUp(handle);
     if (!problem.isEmpty())
         return problem;
-    int result = mosquitto_connect_async(handle, m_options.address.host.toUtf8().constData(),
-                                         m_options.address.port, keepAliveSeconds);
+    int result = mosquitto_connect_async(handle, m_address.host.toUtf8().constData(),
+                                         m_address.port, keepAliveSeconds);
     if (result == MOSQ_ERR_SUCCESS)
         result = pump(handle);
     if (m_ending && m_online)
@@ -206,7 +223,7 @@ MqttClient::Handle MqttClient::makeHandle()
 /// Returns one line on failure.
 QString MqttClient::setUp(mosquitto *handle)
 {
-    const BrokerAddress &address = m_options.address;
+    const BrokerAddress &address = m_address;
     if (!address.user.isEmpty())
         mosquitto_username_pw_set(handle, address.user.toUtf8().constData(),
                                   address.password.toUtf8().constData());
@@ -276,8 +293,7 @@ QString MqttClient::reasonFor(int result) const
         reason = m_tls->refusal();
     if (reason.isEmpty())
         reason = QString::fromUtf8(mosquitto_strerror(result));
-    return QStringLiteral("%1:%2: %3")
-        .arg(m_options.address.host, QString::number(m_options.address.port), reason);
+    return QStringLiteral("%1:%2: %3").arg(m_address.host, QString::number(m_address.port), reason);
 }
 
 } // namespace welmo::links

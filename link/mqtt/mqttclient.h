@@ -22,8 +22,8 @@ struct mosquitto;
 namespace welmo::links {
 
 /// A connection to an MQTT 5 broker on a thread of its own, which is set up again whenever it
-/// breaks, until stop(). A new connection keeps no subscription and no message of the old one, so
-/// that no old command arrives late.
+/// breaks, at the address's next broker, until stop(). A new connection keeps no subscription and
+/// no message of the old one, so that no old command arrives late.
 class MqttClient
 {
 public:
@@ -39,8 +39,9 @@ public:
     struct Handlers
     {
         std::function<void()> online; ///< the broker has accepted the connection: subscribe now
-        /// The connection broke, or could not be set up.
-        std::function<void(const QString &reason)> offline;
+        /// The connection broke, or could not be set up; @p all: at any of the brokers, one after
+        /// the other.
+        std::function<void(const QString &reason, bool all)> offline;
         std::function<void(const MqttMessage &message)> message;
         std::function<void()> pulse = {}; ///< at least every pulseMs while online
     };
@@ -53,7 +54,7 @@ public:
     void start();
     /// Ends the connection and the thread; sends @p last before, if possible.
     void stop(const std::optional<MqttMessage> &last = std::nullopt);
-    /// Drops the connection, which may be dead unnoticed, and sets it up again.
+    /// Drops the connection, which may be dead unnoticed, and sets it up at the next broker.
     void restart();
 
     bool isOnline() const { return m_online; }
@@ -79,6 +80,7 @@ private:
     int step(mosquitto *handle) const;
     void sayLast(mosquitto *handle);
     void setHandle(Handle handle);
+    void moveOn(const QString &reason, bool wasOnline);
     void rest();
     template<typename Work>
     bool whileOnline(Work work);
@@ -98,6 +100,9 @@ private:
     std::atomic<bool> m_online{false};
     QString m_refusal; // why the broker, or this client, refused the connection
     int m_rest = 0; // most milliseconds before the next attempt
+    BrokerAddress m_address; // of the broker that is tried or used now
+    int m_number = 0; // its number
+    QStringList m_reasons; // why brokers could not be reached since the last connection
     int m_wake = -1; // an eventfd, written when there is something to send
 };
 

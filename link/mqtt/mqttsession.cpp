@@ -15,7 +15,7 @@ namespace welmo::links {
 namespace {
 
 constexpr size_t rememberedBeats = 64; // of the last second and a half
-constexpr int unansweredMs = 2000; // after which an unanswered greeting is reported
+constexpr int unansweredMs = 3000; // a cell that lost its broker is at the next one sooner
 
 const QString nobody = QStringLiteral("nobody"); // a broker that asks for no user
 
@@ -38,6 +38,7 @@ MqttSession::MqttSession(const BrokerAddress &address, const QString &cell, cont
     , m_user(address.user.isEmpty() ? nobody : address.user)
     , m_client(QStringLiteral("pendant-") + QUuid::createUuid().toString(QUuid::Id128))
     , m_clock(std::move(clock))
+    , m_brokers(address.count())
 {
     m_silence.start();
     m_end = protocol::toMessage(protocol::Beat{m_client, 0, 0, {}, true});
@@ -48,7 +49,8 @@ MqttSession::MqttSession(const BrokerAddress &address, const QString &cell, cont
     m_mqtt = std::make_unique<MqttClient>(
         how,
         MqttClient::Handlers{
-            [this] { onOnline(); }, [this](const QString &reason) { onOffline(reason); },
+            [this] { onOnline(); },
+            [this](const QString &reason, bool all) { onOffline(all ? reason : QString()); },
             [this](const MqttMessage &message) { onMessage(message); }, [this] { pulse(); }});
 }
 
@@ -159,7 +161,8 @@ void MqttSession::onOnline()
 void MqttSession::onOffline(const QString &reason)
 {
     const QMutexLocker lock(&m_mutex);
-    if (m_session == 0)
+    m_asked = 0;
+    if (m_session == 0 && !reason.isEmpty())
         complain(reason);
     breakOff();
 }
@@ -222,6 +225,7 @@ void MqttSession::onGreeting(int session, const Reply &reply)
     m_cellClock.forget();
     hearTime(time);
     m_session = session;
+    m_unanswered = 0;
     m_complaint.clear();
     emit greeted(session);
 }
@@ -316,8 +320,9 @@ void MqttSession::pulse()
         m_mqtt->restart(); // the fault may be this socket's
     } else if (m_session == 0 && m_asked != 0 && now - m_asked > unansweredMs) {
         m_asked = 0;
-        complain(tr("%1 does not answer: there is no such cell, or %2 may not reach it")
-                     .arg(m_cell, m_user));
+        if (++m_unanswered % m_brokers == 0)
+            complain(tr("%1 does not answer: there is no such cell, or %2 may not reach it")
+                         .arg(m_cell, m_user));
         m_mqtt->restart();
     }
 }

@@ -48,7 +48,7 @@ private:
     };
 
     void onOnline();
-    void onOffline(const QString &reason);
+    void onOffline(const QString &reason); // empty while another broker is tried
     void onMessage(const MqttMessage &message);
     void onStatus(const std::optional<bool> &present);
     void onReply(const MqttMessage &message);
@@ -92,6 +92,8 @@ private:
     QSet<QString> m_watched; // nodes whose values are passed on
     QHash<QString, qint64> m_revisions; // of the entries that this pendant read or wrote
     QString m_complaint;
+    int m_unanswered = 0; // brokers in turn at which the cell did not answer
+    const int m_brokers;
 
     std::unique_ptr<MqttClient> m_mqtt; // the last member, so that its thread ends first
 };

@@ -34,6 +34,7 @@ const QString bootKey = QStringLiteral("boot");
 const QString timeKey = QStringLiteral("time");
 const QString refusedKey = QStringLiteral("refused");
 const QString clientKey = QStringLiteral("client");
+const QString sinceKey = QStringLiteral("since");
 const QString beatKey = QStringLiteral("beat");
 const QString presentKey = QStringLiteral("present");
 
@@ -385,10 +386,12 @@ std::optional<QVariant> toValue(const MqttMessage &message)
     return told ? std::make_optional(map->value(valueKey)) : std::nullopt;
 }
 
-MqttMessage toStatusMessage(bool present)
+MqttMessage toStatusMessage(bool present, qint64 since)
 {
-    MqttMessage message{{}, compact({{presentKey, present}}), 1, true};
-    return message;
+    QVariantMap status{{presentKey, present}};
+    if (present)
+        status.insert(sinceKey, since);
+    return {{}, compact(status), 1, true};
 }
 
 std::optional<bool> toStatus(const MqttMessage &message)

@@ -101,8 +101,9 @@ std::optional<controller::Reply> toReply(const MqttMessage &message);
 /// A node's value, retained; an invalid one removes the retained value.
 MqttMessage toValueMessage(const QVariant &value);
 std::optional<QVariant> toValue(const MqttMessage &message);
-/// Whether the cell is online, retained.
-MqttMessage toStatusMessage(bool present);
+/// Whether the cell is online, retained; if so, since when by its calendar (milliseconds since
+/// 1970, UTC).
+MqttMessage toStatusMessage(bool present, qint64 since = 0);
 std::optional<bool> toStatus(const MqttMessage &message);
 
 } // namespace welmo::links::protocol

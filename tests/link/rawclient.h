@@ -19,7 +19,7 @@ struct RawClient
                         m_client.subscribe(replyTopic(), 1);
                         m_client.subscribe(topics.value("#"), 0);
                     },
-                    [](const QString &) {},
+                    [](const QString &, bool) {},
                     [this](const welmo::links::MqttMessage &message) {
                         QMetaObject::invokeMethod(&m_here, [this, message] {
                             got.insert({message.topic, message.correlation}, message);

@@ -193,7 +193,7 @@ private:
             pass(500);
             break;
         case 2: // the broker
-            mail::client()->handlers.offline(QStringLiteral("gone"));
+            mail::client()->handlers.offline(QStringLiteral("gone"), true);
             QCoreApplication::processEvents();
             check(isStill(), "wire moves without a broker");
             mail::client()->handlers.online();

@@ -125,6 +125,40 @@ private slots:
         }
         QTRY_VERIFY(countAll() <= m_openBefore);
     }
+    void anotherBrokerTakesOver_data()
+    {
+        using Act = std::function<void(Broker &)>;
+        addRows<Act, Act>(
+            {{"killed", [](Broker &b) { b.stop(); }, [](Broker &b) { b.start(); }},
+             {"hung", [](Broker &b) { b.freeze(true); }, [](Broker &b) { b.freeze(false); }}});
+    }
+    // And the first one again, when the other is lost as well.
+    void anotherBrokerTakesOver()
+    {
+        using Act = std::function<void(Broker &)>;
+        const auto &[name, fail, mend] = currentRow<Act, Act>();
+        Broker first;
+        Broker second;
+        const auto both = [&](const QString &user) {
+            welmo::links::BrokerAddress address = first.as(user);
+            address.standbys = {{address.host, second.port()}};
+            return address;
+        };
+        const Cell cell(Cell::options(both("cell")));
+        const Pendant anna(both("anna"));
+        QVERIFY(anna.comeUp());
+        for (Broker *lost : {&first, &second}) {
+            QSignalSpy news(anna.link.get(), &welmo::links::MqttLink::notified);
+            QCOMPARE(anna.watch().code, 0);
+            fail(*lost);
+            QVERIFY(anna.waitUp(false) && anna.waitUp());
+            mend(*lost);
+            QCOMPARE(anna.watch().code, 0);
+            QCOMPARE(anna.command(lost == &first ? "real" : "simu").code, 0);
+            QTRY_COMPARE_WITH_TIMEOUT(news.count(), 1, patient);
+        }
+        QCOMPARE(anna.problems->value(0).value(0).toString(), QString()); // there was always a broker left to try
+    }
     void aServiceThatIsGone()
     {
         const QTemporaryDir folder;

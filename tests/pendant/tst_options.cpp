@@ -19,6 +19,9 @@ private slots:
              {"no address", QStringList{"--controller", "cell1"}, "'cell1'"},
              {"odd cell", QStringList{"--controller", "mqtt://localhost/a/+"}, "a/+"},
              {"in the clear", QStringList{"--controller", "mqtt://10.0.0.7/c"}, "mqtts"},
+             {"one in the clear", QStringList{"--controller", "mqtt://localhost,10.0.0.7:1/c"},
+              "10.0"},
+             {"no second", QStringList{"--controller", "mqtt://localhost,/c"}, "mqtt:///c"},
              {"not here", QStringList{"--controller", "mqtt://127.a.org/c"}, "mqtts"},
              {"too many", QStringList{"arcweld"}, "'arcweld'"}});
     }
