@@ -89,6 +89,8 @@ QString CellState::word() const
         return QStringLiteral("fault");
     if (m_weld.isWelding())
         return QStringLiteral("welding");
+    if (m_program.isPaused())
+        return QStringLiteral("paused");
     return m_program.isRunning() ? QStringLiteral("running") : QStringLiteral("idle");
 }
 

@@ -12,11 +12,11 @@ class WireAndGas;
 
 /// The state of the cell. The node "cell.state" holds {state, power, automatic, fault, gas, wire,
 /// checks}: gas says whether it flows, wire is still, feeding or retracting; state is idle,
-/// running, welding or fault. A failed program counts as a fault until its alarms are acknowledged
-/// or another program runs. The command "cell.switch" takes any of {power, automatic, fault}: on a
-/// real cell these are the power, the key switch and the safety circuit. The checks are the
-/// sensors' readings: {gas, wire_moves, wire_free, strikes, burns, storage}, true where all is
-/// well.
+/// running, paused, welding or fault. A failed program counts as a fault until its alarms are
+/// acknowledged or another program runs. The command "cell.switch" takes any of {power, automatic,
+/// fault}: on a real cell these are the power, the key switch and the safety circuit. The checks
+/// are the sensors' readings: {gas, wire_moves, wire_free, strikes, burns, storage}, true where all
+/// is well.
 class CellState : public Subsystem
 {
 public:

@@ -43,6 +43,7 @@ public:
     void tick() override;
     bool isBusy() const override;
     bool isRunning() const { return m_state == State::Running; }
+    bool isPaused() const { return m_state == State::Paused; }
     bool hasFailed() const { return m_state == State::Error; }
 
 private:

@@ -660,6 +660,10 @@
         <source>Unknown</source>
         <translation>未知</translation>
     </message>
+    <message>
+        <source>Paused</source>
+        <translation>已暂停</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::CellPanel</name>
@@ -1504,6 +1508,14 @@ From: %2</source>
     <message>
         <source>Before the run: %1 findings</source>
         <translation>运行前检查：%1 个问题</translation>
+    </message>
+    <message>
+        <source>lies in a seam whose ArcOn is line %1: without it there is no arc</source>
+        <translation>位于焊缝中，该焊缝的 ArcOn 在第 %1 行：不经过它就没有电弧</translation>
+    </message>
+    <message>
+        <source>Run from line %1</source>
+        <translation>从第 %1 行运行</translation>
     </message>
 </context>
 <context>

@@ -14,8 +14,8 @@ const QString modeKey = QStringLiteral("mode");
 // In the order of Cell::State.
 QStringList words()
 {
-    return {QStringLiteral("unknown"), QStringLiteral("idle"), QStringLiteral("running"),
-            QStringLiteral("welding"), QStringLiteral("fault")};
+    return {QStringLiteral("unknown"), QStringLiteral("idle"),    QStringLiteral("running"),
+            QStringLiteral("paused"),  QStringLiteral("welding"), QStringLiteral("fault")};
 }
 
 } // namespace
@@ -101,6 +101,8 @@ QString Cell::text() const
         return tr("Idle");
     case State::Running:
         return tr("Running");
+    case State::Paused:
+        return tr("Paused");
     case State::Welding:
         return tr("Welding");
     case State::Fault:

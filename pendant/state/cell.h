@@ -16,12 +16,12 @@ class Cell : public QObject
 {
     Q_OBJECT
 public:
-    enum class State { Unknown, Idle, Running, Welding, Fault };
+    enum class State { Unknown, Idle, Running, Paused, Welding, Fault };
 
     explicit Cell(tessa::Host *host, QObject *parent = nullptr);
 
     State state() const { return m_state; }
-    /// "unknown", "idle", "running", "welding" or "fault", for style rules.
+    /// "unknown", "idle", "running", "paused", "welding" or "fault", for style rules.
     QString word() const;
     /// The state in words for the operator.
     QString text() const;
