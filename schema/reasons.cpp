@@ -20,6 +20,8 @@ const QHash<QString, const char *> &texts()
         {QStringLiteral("wire_stopped"), QT_TRANSLATE_NOOP("Reasons", "wire or gas was stopped")},
         {QStringLiteral("no_gas"), QT_TRANSLATE_NOOP("Reasons", "no gas")},
         {QStringLiteral("no_arc"), QT_TRANSLATE_NOOP("Reasons", "the arc does not strike")},
+        {QStringLiteral("no_arc_on"),
+         QT_TRANSLATE_NOOP("Reasons", "no arc: the seam's ArcOn is line %1, and it did not run")},
         {QStringLiteral("no_current"),
          QT_TRANSLATE_NOOP("Reasons", "the file says 0 A, so there is no arc")},
         {QStringLiteral("welder_error"),

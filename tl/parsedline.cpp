@@ -10,4 +10,10 @@ QString ParsedLine::weaveFile() const
     return name == noWeave ? QString() : name;
 }
 
+bool ParsedLine::isWeldMove() const
+{
+    return instruction && instruction->kind == Kind::Move && instruction->standing != Standing::Host
+        && !isRefused;
+}
+
 } // namespace welmo::tl

@@ -57,6 +57,8 @@ struct ParsedLine
     bool hasCode() const { return codeEnd > codeStart; }
     int column() const { return codeStart + 1; } ///< where the code starts
     bool is(Word which) const { return instruction && instruction->word == which; }
+    /// Whether this is one of the package's moves, which weld within a seam.
+    bool isWeldMove() const;
     /// Move: the weave file; empty if there is none, or the name is wrong.
     QString weaveFile() const;
 };

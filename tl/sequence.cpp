@@ -45,8 +45,6 @@ void Sequence::closeWeave()
 
 void Sequence::addMove(const ParsedLine &line, int number)
 {
-    if (line.instruction->standing == Standing::Host || line.isRefused)
-        return;
     ++m_weave.weldMoves;
     if (m_arc.places.empty())
         tell({number, line.column()}, Finding::Kind::Doubtful, noArc);
@@ -66,8 +64,20 @@ void Sequence::add(const ParsedLine &line, int number)
         switchOn(&m_weave, line, number, weaveOnAlone);
     else if (line.is(Word::WeaveOff))
         switchOff(&m_weave, line, number, weaveOffAlone);
-    else if (line.instruction->kind == Kind::Move)
+    else if (line.isWeldMove())
         addMove(line, number);
+}
+
+int arcOnBefore(int line, const std::function<ParsedLine(int)> &lineAt)
+{
+    while (--line >= 0) {
+        const ParsedLine before = lineAt(line);
+        if (before.is(Word::ArcOn))
+            return line;
+        if (before.is(Word::ArcOff))
+            break;
+    }
+    return -1;
 }
 
 Findings Sequence::finish()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "tl/finding.h"
@@ -40,5 +41,9 @@ private:
     Open m_arc;
     Open m_weave;
 };
+
+/// The line of the ArcOn in whose seam @p line lies, -1 if it lies in none. Lines count from 0;
+/// @p lineAt is called for those before @p line, from the last one back.
+int arcOnBefore(int line, const std::function<ParsedLine(int)> &lineAt);
 
 } // namespace welmo::tl

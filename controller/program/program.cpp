@@ -165,6 +165,7 @@ Reply Program::runFrom(size_t line)
     m_next = line;
     m_line = 0;
     m_ignored = 0;
+    m_toldArcOn = -1;
     m_message.clear();
     m_result = result({});
     setState(State::Running);
@@ -306,6 +307,7 @@ void Program::beginLine(size_t index, std::unique_ptr<ProgramInstruction> instru
     if (!line.problems.isEmpty())
         return fail({QStringLiteral("bad_arguments"), {line.word.text}},
                     line.problems.first().english());
+    tellMissingArc(index);
     m_instruction = instruction ? std::move(instruction) : makeInstruction(line);
     if (!m_instruction)
         return ignore(line, "is not carried out");
@@ -407,7 +409,8 @@ QVariantMap Program::stateMap() const
             {QStringLiteral("line"), m_line},
             {QStringLiteral("message"), m_message},
             {QStringLiteral("result"), m_result},
-            {QStringLiteral("reweld"), reweldMap()}};
+            {QStringLiteral("reweld"), reweldMap()},
+            {QStringLiteral("stepped"), m_isDry}};
 }
 
 QVariantMap Program::reweldMap() const

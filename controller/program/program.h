@@ -12,14 +12,16 @@ namespace welmo::controller {
 /// Commands: "tl_program.load" {name, text}, "tl_program.run" (from the top, from {line}, or on
 /// where it was paused), "tl_program.step", "tl_program.reweld" (the first place of the last run
 /// where a seam lacks its arc), "tl_program.pause", "tl_program.stop". The node "tl_program.state"
-/// holds {name, state, line, message, result, reweld}: state is idle, running, paused or error;
-/// line counts from 1, 0 for none, and is the next line while the program is paused between two;
-/// message is for logs. reweld is what can be welded again, {line, lost, from}: a move's line, and
-/// millimetres along the seam; line is 0 for nothing.
+/// holds {name, state, line, message, result, reweld, stepped}: state is idle, running, paused or
+/// error; line counts from 1, 0 for none, and is the next line while the program is paused between
+/// two; message is for logs; stepped is true once steps were made, until the program runs on.
+/// reweld is what can be welded again, {line, lost, from}: a move's line, and millimetres along the
+/// seam; line is 0 for nothing.
 ///
 /// A step carries out one line and pauses: {line} where to begin unless it is paused, {back} to
 /// return to where the robot was before the last line. A step never strikes an arc, and a seam that
-/// a step enters or leaves has no arc until the next "ArcOn".
+/// a step enters or leaves has no arc until the next "ArcOn". With real welding an alarm tells
+/// when a run comes to a weld move of such a seam, or begins there.
 ///
 /// The result describes the last run: {end, faults, seams, seams_of, welded, length, arc_seconds,
 /// wire, ignored, arc_on, mode}: how it ended (finished, stopped, failed, or empty before its end),
@@ -65,6 +67,7 @@ private:
     Reply setStage();
     Reply setWeave(size_t line);
     void makeDry();
+    void tellMissingArc(size_t line);
     void forget();
     bool pauseIfAlone();
     void step();
@@ -106,6 +109,7 @@ private:
     bool m_goesBack = false; // the present instruction leads back
     bool m_oneLine = false; // pause after one line
     bool m_isDry = false; // a step made the stage dry, whatever the weld mode
+    int m_toldArcOn = -1; // the ArcOn whose seam was last told to lack its arc
     State m_state = State::Idle;
     int m_line = 0;
     int m_ignored = 0;

@@ -1,6 +1,9 @@
+#include <utility>
+
 #include "controller/core/fields.h"
 #include "controller/program/program.h"
 #include "controller/robot/robot.h"
+#include "tl/sequence.h"
 
 // The steps of a program line by line, and of welding a seam again.
 
@@ -35,6 +38,17 @@ void Program::makeDry()
     m_stage.dry = true;
     m_stage.arc = Weld::Arc::None;
     m_isDry = m_oneLine = true;
+}
+
+void Program::tellMissingArc(size_t line)
+{
+    const bool strikes = m_stage.arc == Weld::Arc::Real;
+    if (!strikes || !m_lines[line].isWeldMove() || m_stage.weld.hasSeam())
+        return;
+    const int arcOn =
+        tl::arcOnBefore(int(line), [this](int before) { return m_lines[size_t(before)]; });
+    if (arcOn >= 0 && std::exchange(m_toldArcOn, arcOn) != arcOn)
+        m_alarms.raise({QStringLiteral("no_arc_on"), {arcOn + 1}});
 }
 
 Reply Program::stepBack()

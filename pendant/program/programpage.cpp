@@ -163,17 +163,33 @@ void ProgramPage::connectRun()
     connect(m_look, &RunCheckPane::lineWanted, this, &ProgramPage::showLine);
     connect(m_look, &RunCheckPane::runWanted, this, [this] {
         showPane(m_lines);
-        m_run->start();
+        m_start();
     });
+    connect(m_look, &RunCheckPane::runFromWanted, this, [this](int line) {
+        showPane(m_lines);
+        m_run->runFrom(line);
+    });
+    connect(m_steps, &StepBar::runWanted, this,
+            [this](int line) { begin(line, [this, line] { m_run->runFrom(line); }); });
 }
 
-// If the program strikes an arc, problems of its files are shown before it runs.
+// A weld that was only interrupted goes on with its arc.
 void ProgramPage::run()
 {
-    const bool strikes = m_cell->mode() == QLatin1String(schema::weldmode::real)
-        && m_run->state() != ProgramRun::State::Paused;
-    if (!strikes || m_look->look(m_check->uses()))
-        return m_run->start();
+    const bool isPaused = m_run->state() == ProgramRun::State::Paused;
+    if (isPaused && !m_run->isStepped())
+        m_run->start();
+    else
+        begin(isPaused ? m_run->line() : 0, [this] { m_run->start(); });
+}
+
+// If the program strikes an arc, what is wrong with its files or with the line is shown first.
+void ProgramPage::begin(int line, const std::function<void()> &start)
+{
+    const bool strikes = m_cell->mode() == QLatin1String(schema::weldmode::real);
+    if (!strikes || m_look->look(m_check->uses(), seamStartAt(*m_document, line)))
+        return start();
+    m_start = start;
     m_look->offerRun(true);
     showPane(m_look);
 }

@@ -61,6 +61,7 @@ private:
     void connectPanes();
     void connectRun();
     void run();
+    void begin(int line, const std::function<void()> &start);
     void look();
     void takeLine(const QString &text);
     void showPane(QWidget *pane);
@@ -91,6 +92,7 @@ private:
     QPushButton *m_drawer = nullptr;
     int m_line = 0; // the line that the form is for
     bool m_inserts = false;
+    std::function<void()> m_start; // the run that waits for the operator's answer
 };
 
 } // namespace welmo::pendant

@@ -65,6 +65,7 @@ void ProgramRun::follow(const QVariant &values)
     take("message", m_message);
     take("result", m_result);
     take("reweld", m_reweld);
+    take("stepped", m_stepped);
     if (!word.isEmpty()) {
         m_state = stateNamed(word);
         m_wasUnderWay = false;

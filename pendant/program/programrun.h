@@ -31,6 +31,10 @@ public:
     /// The state in words for the operator.
     QString text() const;
 
+    /// Whether the program is paused after steps: a seam that they touched has no arc when it goes
+    /// on.
+    bool isStepped() const { return m_state == State::Paused && m_stepped; }
+
     /// The place in the shown program from which a seam can be welded again, in mm with one
     /// decimal; empty if there is none.
     QString reweldPlace() const;
@@ -64,6 +68,7 @@ private:
     QVariantMap m_result;
     QVariantMap m_reweld;
     int m_line = 0; // counted from 1, 0 for none
+    bool m_stepped = false;
     bool m_wasUnderWay = false; // when the link was lost
 };
 

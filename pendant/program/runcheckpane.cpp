@@ -38,6 +38,7 @@ RunCheckPane::RunCheckPane(QWidget *parent)
     , m_heading(new QLabel(this))
     , m_table(new QTableWidget(0, columnCount, this))
     , m_run(new QPushButton(tr("Run all the same"), this))
+    , m_approach(new QPushButton(this))
 {
     m_heading->setObjectName(QStringLiteral("lblCardHeading"));
     m_table->setObjectName(QStringLiteral("tblRunCheck"));
@@ -52,6 +53,7 @@ RunCheckPane::RunCheckPane(QWidget *parent)
     m_table->horizontalHeader()->setSectionResizeMode(Finding, QHeaderView::Stretch);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_run->setObjectName(QStringLiteral("btnRunAllTheSame"));
+    m_approach->setObjectName(QStringLiteral("btnRunFromApproach"));
     auto *back = new QPushButton(tr("Back"), this);
     back->setObjectName(QStringLiteral("btnRunCheckBack"));
     auto *layout = new QVBoxLayout(this);
@@ -61,20 +63,41 @@ RunCheckPane::RunCheckPane(QWidget *parent)
     buttons->addStretch(1);
     buttons->addWidget(back);
     buttons->addWidget(m_run);
+    buttons->addWidget(m_approach);
     layout->addWidget(m_heading);
     layout->addWidget(m_table, 1);
     layout->addLayout(buttons);
     connect(back, &QPushButton::clicked, this, &RunCheckPane::closed);
     connect(m_run, &QPushButton::clicked, this, &RunCheckPane::runWanted);
+    connect(m_approach, &QPushButton::clicked, this,
+            [this] { emit runFromWanted(m_start->approach); });
     connect(m_table, &QTableWidget::cellClicked, this, [this](int row) {
         emit lineWanted(m_table->item(row, Lines)->data(Qt::UserRole).toInt());
     });
 }
 
-bool RunCheckPane::look(const FileUses &uses)
+bool RunCheckPane::look(const FileUses &uses, const std::optional<SeamStart> &start)
 {
     m_table->setRowCount(0);
     m_findings = 0;
+    m_start = start;
+    if (start)
+        addRow({QString::number(start->move + 1),
+                start->word,
+                {},
+                {},
+                {},
+                {},
+                tr("lies in a seam whose ArcOn is line %1: without it there is no arc")
+                    .arg(start->arcOn + 1)},
+               start->move, true);
+    addFiles(uses);
+    refreshHeading();
+    return m_findings == 0;
+}
+
+void RunCheckPane::addFiles(const FileUses &uses)
+{
     XService *service = xservice();
     const double rated =
         ratedCurrentIn(service->get(nullptr, names::welderSetting)->toVariant().toMap());
@@ -94,8 +117,6 @@ bool RunCheckPane::look(const FileUses &uses)
         }
         addRow(cells << finding, use.lines.first(), !finding.isEmpty());
     }
-    refreshHeading();
-    return m_findings == 0;
 }
 
 void RunCheckPane::addRow(const QStringList &cells, int line, bool isWrong)
@@ -124,6 +145,9 @@ void RunCheckPane::refreshHeading()
 void RunCheckPane::offerRun(bool mayRun)
 {
     m_run->setVisible(mayRun);
+    m_approach->setVisible(mayRun && m_start);
+    if (m_start)
+        m_approach->setText(tr("Run from line %1").arg(m_start->approach + 1));
 }
 
 } // namespace welmo::pendant

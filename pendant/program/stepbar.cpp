@@ -36,7 +36,7 @@ void StepBar::setStartable(bool startable)
 
 void StepBar::runFromHere()
 {
-    m_run->runFrom(m_chosen());
+    emit runWanted(m_chosen());
 }
 
 void StepBar::step()

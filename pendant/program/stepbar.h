@@ -21,6 +21,10 @@ public:
     /// @p startable is false while a form is open, since the program may change.
     void setStartable(bool startable);
 
+signals:
+    /// The program is to run from the line, counted from 0.
+    void runWanted(int line);
+
 private:
     void runFromHere();
     void step();

@@ -308,5 +308,9 @@
         <source>the pendant was gone for a second</source>
         <translation>示教器失联一秒</translation>
     </message>
+    <message>
+        <source>no arc: the seam's ArcOn is line %1, and it did not run</source>
+        <translation>没有电弧：焊缝的 ArcOn 在第 %1 行，而它没有执行</translation>
+    </message>
 </context>
 </TS>

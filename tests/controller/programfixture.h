@@ -51,6 +51,17 @@ struct ProgramFixture : ControllerFixture
         return {{"name", "arcoffdata1"}, {"voltage_mode", "separate"}, {"current", 90.0},
                 {"voltage", 17.0},       {"hold_time", 300},           {"delay_gasoff_time", 200}};
     }
+    /// The alarms of the last run as "line: code arguments".
+    QStringList faultsOfRun()
+    {
+        QStringList texts;
+        for (const QVariant &fault : state("result").toMap()["faults"].toList()) {
+            const QVariantMap map = fault.toMap();
+            texts.append(map["line"].toString() + ": " + map["code"].toString() + " "
+                         + map["arguments"].toStringList().join(" "));
+        }
+        return texts;
+    }
     /// Where the torch is to go, pointing down.
     static QVariantMap target(const Vector3d &place, const QString &way = "joint",
                               const QString &wobj = "wobj0", const QString &user = "default",

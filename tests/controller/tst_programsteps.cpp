@@ -156,6 +156,7 @@ private slots:
         QVERIFY(fixture.run("tl_program.run").ok());
         fixture.finish();
         QVERIFY(!fixture.events().contains(Event::Weld));
+        QCOMPARE(fixture.faultsOfRun(), QStringList("7: no_arc_on 3"));
         QVERIFY(step({{"line", 1}}) && isBefore(3, p3));
         QVERIFY(fixture.run("tl_program.run").ok());
         QVERIFY(fixture.passUntilPhase("welding"));
@@ -171,16 +172,17 @@ private slots:
     }
     void fromALine_data()
     {
-        // whether it welds, and runs at all
-        addRows<int, bool, bool>({{"the seam's start", 2, true, true},
-                                  {"within it", 4, false, true},
-                                  {"the last", 6, false, true},
-                                  {"beyond", 7, false, false},
-                                  {"none", 0, false, false}});
+        // whether it welds, and runs at all, and the fault
+        addRows<int, bool, bool, QString>({{"the seam's start", 2, true, true, ""},
+                                           {"within it", 3, false, true, "3: no_arc_on 2"},
+                                           {"after its last move", 5, false, true, ""},
+                                           {"the last", 6, false, true, ""},
+                                           {"beyond", 7, false, false, ""},
+                                           {"none", 0, false, false, ""}});
     }
     void fromALine()
     {
-        const auto &[name, line, welds, runs] = currentRow<int, bool, bool>();
+        const auto &[name, line, welds, runs, fault] = currentRow<int, bool, bool, QString>();
         ProgramFixture fixture;
         fixture.go(twoLegs);
         fixture.run("tl_program.stop");
@@ -193,6 +195,7 @@ private slots:
         const QVariantList lines = fixture.toldValues("tl_program.state", "line");
         QCOMPARE(lines.contains(from["line"]), runs);
         QVERIFY(!lines.contains(1));
+        QCOMPARE(fixture.faultsOfRun().join(", "), fault);
     }
 };
 

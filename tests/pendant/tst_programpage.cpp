@@ -19,9 +19,9 @@ class TestProgramPage : public QObject
 {
     Q_OBJECT
 private slots:
-    void init()
+    void init(const Setup &setup = {})
     {
-        m_pendant = std::make_unique<TestPendant>();
+        m_pendant = std::make_unique<TestPendant>(setup);
         m_program = std::make_unique<ProgramTouch>(*m_pendant);
     }
     void cleanup()
@@ -168,6 +168,34 @@ private slots:
         }
         m_pendant->click("btnUndo");
         QCOMPARE(m_program->lineCount(), 0);
+    }
+    // Whoever starts within a seam, or goes on there after a step, is asked first.
+    void aStartThatWouldLoseTheArcIsAsked()
+    {
+        cleanup();
+        init(withExample());
+        keep("seam.tl",
+             "MoveL p3,v200,fine,torch1,wobj0\nArcOn \"arcondata1\",\"arcdata1\"\n"
+             "WMoveL p4,v1000,fine,torch1,wobj0\nArcOff \"arcoffdata1\"\n");
+        const QVariantMap real{{"mode", "real"}};
+        xservice()->execCommand(nullptr, "arc_weld.set_weld_mode", real);
+        m_program->open("seam.tl");
+        const auto *state = xservice()->watchNode("tl_program.state");
+        const auto isAt = [state](const QString &word, int line) {
+            return state->r("state")->getString() == word && state->r("line")->getInt() == line;
+        };
+        m_program->choose(3);
+        m_pendant->click("btnRunFromHere");
+        m_pendant->click("btnRunCheckBack");
+        QVERIFY(!isAt("running", 3));
+        m_pendant->click("btnStep");
+        QTRY_VERIFY(isAt("paused", 4));
+        m_pendant->click("btnStepBack");
+        QTRY_VERIFY(isAt("paused", 3));
+        m_pendant->click("btnProgramRun");
+        m_pendant->click("btnRunFromApproach");
+        QTRY_VERIFY(isAt("running", 1));
+        m_pendant->click("btnProgramStop");
     }
     // The margin says what the checker says, and follows every change.
     void findings()
