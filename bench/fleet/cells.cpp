@@ -8,6 +8,8 @@ namespace {
 
 const QString user = QStringLiteral("nobody"); // a broker that asks for no user
 
+constexpr int stepMs = 5; // from one start to the next
+
 } // namespace
 
 Cells::Cells(const welmo::links::BrokerAddress &broker, int count, int rate, int threads)
@@ -16,8 +18,10 @@ Cells::Cells(const welmo::links::BrokerAddress &broker, int count, int rate, int
     , m_times(size_t(count) * values)
 {
     m_clock.start();
-    for (int thread = 0; thread < threads; ++thread)
+    for (int thread = 0; thread < threads; ++thread) {
         m_threads.push_back(std::make_unique<QThread>());
+        m_threads.back()->setObjectName(QStringLiteral("cell")); // its name in the system, too
+    }
     for (int cell = 0; cell < count; ++cell) {
         welmo::links::CellService::Options options{nameOf(cell), broker, {}, {}};
         options.roles = welmo::links::Roles({{user, welmo::links::Role::Administrator}});
@@ -28,9 +32,11 @@ Cells::Cells(const welmo::links::BrokerAddress &broker, int count, int rate, int
         QObject::connect(service, &welmo::links::CellService::online, service,
                          [this] { ++m_online; });
         QObject::connect(timer, &QTimer::timeout, service, [this, cell] { tell(cell); });
-        QObject::connect(thread, &QThread::started, service, [this, service, timer] {
-            service->start();
-            timer->start(1000 / m_rate);
+        QObject::connect(thread, &QThread::started, service, [this, service, timer, cell] {
+            QTimer::singleShot(cell * stepMs, service, [this, service, timer] {
+                service->start();
+                timer->start(1000 / m_rate);
+            });
         });
         QObject::connect(thread, &QThread::finished, service, &QObject::deleteLater);
         service->moveToThread(thread);

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <unistd.h>
 
 namespace fleet {
 
@@ -38,17 +37,6 @@ void LocalBroker::openToAll() const
     file.resize(0);
     file.seek(0);
     file.write(kept + "allow_anonymous true\n");
-}
-
-double LocalBroker::processorSeconds() const
-{
-    QFile file(QStringLiteral("/proc/%1/stat").arg(m_process.processId()));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    // The fields after the program's name; the 12th and 13th are the ticks in user and system mode.
-    const QList<QByteArray> fields = file.readAll().split(')').last().simplified().split(' ');
-    return double(fields.value(11).toLong() + fields.value(12).toLong())
-        / double(sysconf(_SC_CLK_TCK));
 }
 
 } // namespace fleet

@@ -16,8 +16,7 @@ public:
     ~LocalBroker();
 
     const welmo::links::BrokerAddress &address() const { return m_address; }
-    /// The processor time used so far, in seconds.
-    double processorSeconds() const;
+    qint64 process() const { return m_process.processId(); }
 
 private:
     void openToAll() const;

@@ -7,6 +7,7 @@
 #include <mosquitto.h>
 #include <mqtt_protocol.h>
 #include <poll.h>
+#include <pthread.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -147,6 +148,8 @@ void MqttClient::wake() const
 
 void MqttClient::run()
 {
+    // The system keeps 15 characters of a thread's name.
+    pthread_setname_np(pthread_self(), m_options.clientId.left(15).toUtf8().constData());
     while (!m_ending) {
         m_address = m_options.address.at(m_number);
         const QString reason = connectOnce();
