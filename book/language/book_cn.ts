@@ -955,6 +955,10 @@
         <source>%1 was not written: %2</source>
         <translation>%1 未写入：%2</translation>
     </message>
+    <message>
+        <source>1 weld</source>
+        <translation>1 条焊缝</translation>
+    </message>
 </context>
 <context>
     <name>welmo::book::Words</name>

@@ -194,6 +194,10 @@
         <source>the controller has no such file</source>
         <translation>控制器中没有该文件</translation>
     </message>
+    <message>
+        <source>the crater is not filled</source>
+        <translation>不填弧坑</translation>
+    </message>
 </context>
 <context>
     <name>JsonFile</name>
@@ -589,6 +593,14 @@
         <source>Go there</source>
         <translation>前往</translation>
     </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>Nothing is in the way of an arc.</source>
+        <translation>没有什么妨碍起弧。</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::Cell</name>
@@ -963,6 +975,18 @@ New: %2</source>
         <source>a seam</source>
         <translation>一条焊缝</translation>
     </message>
+    <message>
+        <source>This form shows values of a file that are not saved.</source>
+        <translation>此表单显示的文件数值尚未保存。</translation>
+    </message>
+    <message>
+        <source>Save the values</source>
+        <translation>保存数值</translation>
+    </message>
+    <message>
+        <source>Drop the values</source>
+        <translation>放弃数值</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::HeaderBar</name>
@@ -1068,6 +1092,14 @@ New: %2</source>
     <message>
         <source>Why is there no arc?</source>
         <translation>为什么没有电弧？</translation>
+    </message>
+    <message>
+        <source>It keeps the parameter files, at</source>
+        <translation>参数文件保存在控制器中，位于</translation>
+    </message>
+    <message>
+        <source>This pendant keeps its programs in</source>
+        <translation>本示教器的程序保存在</translation>
     </message>
 </context>
 <context>
@@ -1415,6 +1447,10 @@ From: %2</source>
         <source>The controller did not weld again (%1)</source>
         <translation>控制器未执行补焊（%1）</translation>
     </message>
+    <message>
+        <source>Ready (%1: %2)</source>
+        <translation>就绪（%1：%2）</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::RunBar</name>
@@ -1637,6 +1673,10 @@ From: %2</source>
         <source>The project has no points.</source>
         <translation>工程中没有点位。</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
 </context>
 <context>
     <name>welmo::pendant::ProjectPoints</name>
@@ -1675,6 +1715,10 @@ From: %2</source>
     <message>
         <source>the controller's list or the robot does not allow it</source>
         <translation>控制器的列表或机器人不允许</translation>
+    </message>
+    <message>
+        <source>%1 is a copy of %2</source>
+        <translation>%1 是 %2 的副本</translation>
     </message>
 </context>
 <context>

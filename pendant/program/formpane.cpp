@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollArea>
+#include <algorithm>
 #include <memory>
 
 #include "pendant/program/formstart.h"
@@ -29,6 +30,17 @@ QLabel *addLabel(QBoxLayout *layout, const char *name)
     label->setWordWrap(true);
     layout->addWidget(label, 1);
     return label;
+}
+
+// The save buttons with something to save, which a package marks.
+QList<QAbstractButton *> buttonsToSave(const QWidget *form)
+{
+    QList<QAbstractButton *> buttons = form->findChildren<QAbstractButton *>();
+    buttons.erase(
+        std::remove_if(buttons.begin(), buttons.end(),
+                       [](const auto *each) { return !each->property("edited").toBool(); }),
+        buttons.end());
+    return buttons;
 }
 
 void setTextOrHide(QLabel *label, const QString &text)
@@ -86,7 +98,7 @@ void FormPane::addButtons(QVBoxLayout *layout)
         m_goesOn = true;
         onAcceptClicked();
     });
-    connect(cancel, &QPushButton::clicked, this, &FormPane::close);
+    connect(cancel, &QPushButton::clicked, this, &FormPane::onCancelClicked);
     connect(m_accept, &QPushButton::clicked, this, [this] {
         m_goesOn = false;
         onAcceptClicked();
@@ -202,6 +214,48 @@ QString FormPane::around(const QString &written) const
 }
 
 void FormPane::onAcceptClicked()
+{
+    if (mayGo([this] { accept(); }))
+        accept();
+}
+
+void FormPane::onCancelClicked()
+{
+    if (mayGo([this] { close(); }))
+        close();
+}
+
+// False if the form holds unsaved values of files, and the operator is asked what to do with them.
+bool FormPane::mayGo(const std::function<void()> &goOn)
+{
+    if (buttonsToSave(m_form).isEmpty())
+        return true;
+    auto *box = new QMessageBox(QMessageBox::Question, m_heading->text(),
+                                tr("This form shows values of a file that are not saved."),
+                                QMessageBox::NoButton, window());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    auto *save = box->addButton(tr("Save the values"), QMessageBox::AcceptRole);
+    auto *drop = box->addButton(tr("Drop the values"), QMessageBox::DestructiveRole);
+    box->setEscapeButton(box->addButton(tr("Back to the form"), QMessageBox::RejectRole));
+    box->setDefaultButton(save);
+    connect(save, &QAbstractButton::clicked, this, [this, goOn] {
+        if (saveFiles())
+            goOn();
+    });
+    connect(drop, &QAbstractButton::clicked, this, goOn);
+    box->open();
+    return false;
+}
+
+// The form itself tells why something could not be saved.
+bool FormPane::saveFiles()
+{
+    for (QAbstractButton *button : buttonsToSave(m_form))
+        button->click();
+    return buttonsToSave(m_form).isEmpty();
+}
+
+void FormPane::accept()
 {
     const bool agrees = m_inserts ? m_form->CheckInsert() : m_form->CheckReplace();
     if (!agrees)

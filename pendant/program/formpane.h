@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <functional>
 
 #include "tl/parsedline.h"
 
@@ -52,7 +53,11 @@ private:
     void showFiles();
     QStringList read(const QString &text);
     void warn(const QString &reason);
+    void accept();
     void onAcceptClicked();
+    void onCancelClicked();
+    bool mayGo(const std::function<void()> &goOn);
+    bool saveFiles();
     void check(const QString &written);
     QString around(const QString &written) const;
     void ask(const QString &text, const QString &reason);

@@ -1,5 +1,6 @@
 #include <QListView>
 
+#include "support/datarows.h"
 #include "support/files.h"
 #include "support/programtouch.h"
 #include "support/testpendant.h"
@@ -39,6 +40,29 @@ private slots:
         m_pendant->click("btnFormAccept");
         m_pendant->click("btnSaveProgram");
         QCOMPARE(kept("mixed.tl"), QByteArray(mixed).replace("data7", "data8"));
+    }
+    // The values of a file that its line's form shows are no part of the line.
+    void valuesOfAFileAreNotLost_data()
+    {
+        addRows<QString, QString, double>({{"replace", "btnFormAccept", "Save the values", 55},
+                                           {"leave", "btnFormCancel", "Save the values", 55},
+                                           {"drop", "btnFormCancel", "Drop the values", 0}});
+    }
+    void valuesOfAFileAreNotLost()
+    {
+        const auto &[name, button, answer, stored] = currentRow<QString, QString, double>();
+        keep("mixed.tl", mixed);
+        m_program->open("mixed.tl");
+        m_program->choose(5);
+        m_pendant->click("btnEditLine");
+        m_pendant->type("sbxArcoffCurrent", "55");
+        m_pendant->click(button);
+        m_program->answer("Back to the form");
+        m_pendant->click(button);
+        m_program->answer(answer);
+        QVERIFY(!m_pendant->find("btnFormAccept")->isVisible());
+        const auto file = xservice()->get(nullptr, "arc_weld.arcoff_param", "arcoffdata7");
+        QCOMPARE(file->r("current")->getDouble(), stored);
     }
     void aRefusedLineIsReplacedOnlyWhenTheOperatorSaysSo()
     {
