@@ -15,6 +15,12 @@ namespace welmo::pendant {
 
 using tessa::MessageLog;
 
+namespace {
+
+constexpr int widthForAll = 860;
+
+} // namespace
+
 MessagesPage::MessagesPage(MessageLog *log, QWidget *parent)
     : HostPage(tr("Messages"), parent)
     , m_log(log)
@@ -83,10 +89,19 @@ QTableView *MessagesPage::makeTable()
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->horizontalHeader()->setSectionResizeMode(MessageLog::Text, QHeaderView::Stretch);
-    table->setColumnWidth(MessageLog::Time, 220);
-    table->setColumnWidth(MessageLog::Level, 130);
-    table->setColumnWidth(MessageLog::Sender, 160);
+    table->setColumnWidth(MessageLog::Time, 212);
+    table->setColumnWidth(MessageLog::Sender, 200);
     return table;
+}
+
+// A narrow page leaves the width to the texts: the picture tells the level, the detail the sender.
+void MessagesPage::resizeEvent(QResizeEvent *event)
+{
+    HostPage::resizeEvent(event);
+    const bool isNarrow = width() < widthForAll;
+    m_model->setBrief(isNarrow);
+    m_table->setColumnHidden(MessageLog::Sender, isNarrow);
+    m_table->setColumnWidth(MessageLog::Level, isNarrow ? 76 : 130);
 }
 
 void MessagesPage::showEvent(QShowEvent *event)

@@ -21,6 +21,7 @@ public:
     explicit MessagesPage(tessa::MessageLog *log, QWidget *parent = nullptr);
 
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:

@@ -29,6 +29,11 @@ MessageModel::MessageModel(MessageLog *log, QObject *parent)
     setSourceModel(log);
 }
 
+void MessageModel::setBrief(bool brief)
+{
+    m_isBrief = brief;
+}
+
 void MessageModel::setLevel(const QString &level)
 {
     m_level = level;
@@ -40,7 +45,7 @@ QVariant MessageModel::data(const QModelIndex &index, int role) const
     if (index.column() == MessageLog::Level) {
         const QString level = QSortFilterProxyModel::data(index, MessageLog::LevelRole).toString();
         if (role == Qt::DisplayRole)
-            return levelText(level);
+            return m_isBrief ? QString() : levelText(level);
         if (role == Qt::DecorationRole)
             return levelPicture(level);
     }

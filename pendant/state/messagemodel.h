@@ -23,6 +23,8 @@ public:
 
     /// Shows only messages of @p level; empty shows all.
     void setLevel(const QString &level);
+    /// Levels as pictures only.
+    void setBrief(bool brief);
     QVariant data(const QModelIndex &index, int role) const override;
 
 protected:
@@ -30,6 +32,7 @@ protected:
 
 private:
     QString m_level;
+    bool m_isBrief = false;
 };
 
 } // namespace welmo::pendant

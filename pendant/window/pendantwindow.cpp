@@ -77,9 +77,13 @@ QWidget *PendantWindow::makeBody(tessa::Host *host, KeyHolds *holds, kelp::Modul
     m_center->setObjectName(QStringLiteral("pndCenter"));
     m_side = new pando::ExpandSideBar(row);
     m_side->setObjectName(QStringLiteral("pndSide"));
-    m_side->setFixedWidth(sideBarWidth);
+    m_side->setPageWidth(sideBarWidth);
     m_side->addBar(makeSideHead());
     connect(m_side, &pando::ExpandSideBar::opened, m_nav, &NavPanel::setNarrow);
+    connect(m_side, &pando::ExpandSideBar::opened, this, [this](bool opened) {
+        for (QWidget *item : qAsConst(m_spare))
+            item->setVisible(!opened);
+    });
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -94,12 +98,12 @@ QWidget *PendantWindow::makeBody(tessa::Host *host, KeyHolds *holds, kelp::Modul
     places->setColumnStretch(1, 1);
     places->setRowStretch(1, 1);
     // The keys keep their place when a banner comes or goes: a second touch on "Acknowledge" must
-    // not meet one.
+    // not meet one. Nor does the side bar lose any height.
     auto *besideKeys = new QGridLayout;
     besideKeys->setSpacing(0);
-    besideKeys->addWidget(banner, 0, 0, 1, 2);
+    besideKeys->addWidget(banner, 0, 0);
     besideKeys->addLayout(places, 1, 0);
-    besideKeys->addWidget(m_side, 1, 1);
+    besideKeys->addWidget(m_side, 0, 1, 2, 1);
     besideKeys->setColumnStretch(0, 1);
     besideKeys->setRowStretch(1, 1);
     layout->addLayout(besideKeys, 1);
@@ -161,6 +165,7 @@ QWidget *PendantWindow::makeStatus(tessa::ManagerHelper *helper, const WindowSta
     auto *badge = new LinkBadge(state.link, m_status);
     badge->setFixedWidth(LinkBadge::fixedWidth);
     m_status->addItem(this, QStringLiteral("pendant.link"), badge);
+    m_spare.append(badge);
     return m_status;
 }
 
@@ -173,6 +178,7 @@ void PendantWindow::addModeText(Cell *cell)
     connect(cell, &Cell::changed, label, follow);
     follow();
     m_status->addItem(this, QStringLiteral("pendant.mode"), label);
+    m_spare.append(label);
 }
 
 void PendantWindow::makeRoom(bool wanted)

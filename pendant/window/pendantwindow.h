@@ -83,6 +83,7 @@ private:
     pando::CenterWidget *m_center = nullptr;
     pando::ExpandSideBar *m_side = nullptr;
     pando::StatusBar *m_status = nullptr;
+    QList<QWidget *> m_spare; // in the status bar, hidden beside the side bar: the header has them
     bool m_sideWaits = false;
     std::function<bool()> m_closeGuard;
 };

@@ -56,6 +56,7 @@ private slots:
         pendant.host()->helper()->throwLog(nullptr, "error", "broken");
         pendant.host()->helper()->throwLog(nullptr, "info", "fine");
         QCOMPARE(line->text(), QString("broken"));
+        QCOMPARE(line->later(), QString("fine"));
         pendant.restart();
         line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
         entry = pendant.find<QAbstractButton>("nav_messages");

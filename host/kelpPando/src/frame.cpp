@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QScrollArea>
+#include <QScrollBar>
 
 namespace pando {
 
@@ -56,8 +57,20 @@ ExpandSideBar::ExpandSideBar(QWidget *parent)
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(m_pages);
     layout->addWidget(area, 1);
+    const QScrollBar *bar = area->verticalScrollBar();
+    connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int last) {
+        m_barWidth = last > 0 ? bar->sizeHint().width() : 0;
+        if (m_pageWidth > 0)
+            setPageWidth(m_pageWidth);
+    });
     setAttribute(Qt::WA_StyledBackground);
     setVisible(false);
+}
+
+void ExpandSideBar::setPageWidth(int width)
+{
+    m_pageWidth = width;
+    setFixedWidth(width + m_barWidth);
 }
 
 void ExpandSideBar::addPage(QObject *owner, const QString &key, QWidget *page)

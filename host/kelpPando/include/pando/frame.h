@@ -41,6 +41,8 @@ public:
     void addPage(QObject *owner, const QString &key, QWidget *page);
     bool switchTo(const QString &key);
     QString currentKey() const;
+    /// The width of the pages; a scroll bar comes on top of it.
+    void setPageWidth(int width);
     /// Puts @p bar above the pages; the side bar owns it.
     void addBar(QWidget *bar);
 
@@ -53,6 +55,8 @@ protected:
 
 private:
     CenterWidget *m_pages;
+    int m_pageWidth = 0;
+    int m_barWidth = 0;
 };
 
 /// The frame's status bar: keyed items in a row.
