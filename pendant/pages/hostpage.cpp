@@ -42,6 +42,11 @@ void HostPage::setTitle(const QString &title)
     m_title->setText(title);
 }
 
+void HostPage::showTitle(bool shown)
+{
+    m_title->setVisible(shown);
+}
+
 void HostPage::addColumns(QBoxLayout *columns)
 {
     m_columns = columns;

@@ -18,6 +18,8 @@ public:
     void setTitle(const QString &title);
 
 protected:
+    /// Without its title the body has more height.
+    void showTitle(bool shown);
     QVBoxLayout *body() { return m_body; }
     /// Adds columns, which are put below each other if there is not enough room.
     void addColumns(QBoxLayout *columns);

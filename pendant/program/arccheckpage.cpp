@@ -34,6 +34,11 @@ ArcCheckPage::ArcCheckPage(const ProgramDocument *program, const Cell *cell, QWi
     setObjectName(QStringLiteral("pgArcChecks"));
     const QVector<ArcCheck> checks = arcChecks(*program, *cell, xservice());
     const int half = (checks.size() + 1) / columns;
+    m_sum = new QLabel(this);
+    m_sum->setObjectName(QStringLiteral("lblCheckSum"));
+    m_sum->setTextFormat(Qt::PlainText);
+    m_sum->setWordWrap(true);
+    body()->addWidget(m_sum);
     auto *row = new QHBoxLayout;
     row->setSpacing(body()->spacing());
     for (int column = 0; column < columns; ++column) {
@@ -92,12 +97,20 @@ void ArcCheckPage::hideEvent(QHideEvent *event)
 
 void ArcCheckPage::refresh()
 {
+    QStringList wrong;
     for (const ArcCheck &check : arcChecks(*m_program, *m_cell, xservice())) {
+        if (check.verdict == ArcCheck::Verdict::Bad)
+            wrong.append(tr("%1: %2").arg(check.text, check.value));
         const Row row = m_rows.value(check.id);
         row.text->setText(check.text);
         row.value->setText(check.value);
         setStyleWord(row.value, "verdict", wordFor(check.verdict));
     }
+    // In full, since a row may be out of sight.
+    m_sum->setText(wrong.isEmpty() ? tr("Nothing is in the way of an arc.")
+                                   : wrong.join(QStringLiteral("; ")));
+    setStyleWord(m_sum, "verdict",
+                 wrong.isEmpty() ? QStringLiteral("good") : QStringLiteral("bad"));
 }
 
 } // namespace welmo::pendant

@@ -40,6 +40,7 @@ private:
 
     const ProgramDocument *m_program;
     const Cell *m_cell;
+    QLabel *m_sum = nullptr; // what is wrong
     QHash<QString, Row> m_rows;
     QTimer m_looks;
 };

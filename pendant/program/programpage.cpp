@@ -28,6 +28,7 @@ namespace welmo::pendant {
 namespace {
 
 constexpr int logWidth = 248;
+constexpr int widthForOneRow = 860; // narrower, the state of the run has a row of its own
 
 } // namespace
 
@@ -53,8 +54,10 @@ ProgramPage::ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robo
     m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_steps = new StepBar(
         document, m_run, [this] { return m_lines->line(); }, m_lines);
+    m_second = new QBoxLayout(QBoxLayout::LeftToRight);
+    m_second->addWidget(m_state, 1);
     auto *second = new QHBoxLayout;
-    second->addWidget(m_state, 1);
+    second->addStretch(1);
     second->addWidget(m_steps);
     auto *views = new ActionBar(this);
     m_views = views;
@@ -63,7 +66,8 @@ ProgramPage::ProgramPage(ProgramDocument *document, Cell *cell, RobotState *robo
     second->addWidget(views);
     second->addWidget(m_lines->findings());
     second->addWidget(makeDrawer());
-    body()->addLayout(second);
+    m_second->addLayout(second);
+    body()->addLayout(m_second);
     auto *row = new QHBoxLayout;
     row->setSpacing(12);
     row->addWidget(makePanes(), 1);
@@ -231,11 +235,13 @@ void ProgramPage::togglePath()
     showPane(m_pathAction->isChecked() ? static_cast<QWidget *>(m_path) : m_lines);
 }
 
-// A form gets all the room, except that a running program must have its stop button.
+// A form gets all the room, so that it need not scroll below an alarm, except that a running
+// program must have its stop button.
 void ProgramPage::makeRoom()
 {
     const bool hasForm = m_panes->currentWidget() == m_form;
     const bool hasTools = !hasForm || m_run->isUnderWay();
+    showTitle(!hasForm);
     m_log->setVisible(!hasForm && m_drawer->isChecked());
     for (QWidget *tool :
          QWidgetList{m_top, m_state, m_steps, m_views, m_lines->findings(), m_drawer})
@@ -277,6 +283,13 @@ void ProgramPage::refreshTitle()
 {
     const QString changed = m_document->isModified() ? tr(" (changed)") : QString();
     setTitle(tr("Program: %1").arg(m_document->title()) + changed);
+}
+
+void ProgramPage::resizeEvent(QResizeEvent *event)
+{
+    HostPage::resizeEvent(event);
+    m_second->setDirection(width() < widthForOneRow ? QBoxLayout::TopToBottom
+                                                    : QBoxLayout::LeftToRight);
 }
 
 void ProgramPage::showEvent(QShowEvent *event)

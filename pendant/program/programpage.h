@@ -5,6 +5,7 @@
 #include "pendant/pages/hostpage.h"
 
 class QAction;
+class QBoxLayout;
 class QPushButton;
 class QStackedLayout;
 
@@ -51,6 +52,7 @@ signals:
     void roomWanted(bool wanted);
 
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
@@ -87,6 +89,7 @@ private:
     QAction *m_pathAction = nullptr;
     RunBar *m_runBar = nullptr;
     StepBar *m_steps = nullptr;
+    QBoxLayout *m_second = nullptr; // the row below the tools
     QLabel *m_state = nullptr;
     QWidget *m_log = nullptr;
     QPushButton *m_drawer = nullptr;

@@ -24,7 +24,8 @@ private slots:
         pendant.click("btnWhyNoArc");
         const auto red = [&] {
             QStringList rows;
-            for (const QLabel *label : pendant.find("pgArcChecks")->findChildren<QLabel *>()) {
+            const QRegularExpression each("^lblCheck_");
+            for (const auto *label : pendant.find("pgArcChecks")->findChildren<QLabel *>(each)) {
                 if (label->property("verdict") == "bad")
                     rows.append(label->objectName().section('_', 1));
             }
