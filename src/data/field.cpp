@@ -18,10 +18,25 @@ bool isBeingTyped(const QWidget *control)
     return line && line->hasFocus() && line->isModified();
 }
 
+QString labelOf(const QWidget *control)
+{
+    for (const auto *label : control->window()->findChildren<QLabel *>()) {
+        if (label->buddy() == control)
+            return label->text();
+    }
+    return {};
+}
+
 bool Field::isBeingTyped() const
 {
     const QList<QWidget *> all = editors();
     return std::any_of(all.begin(), all.end(), &welmo::isBeingTyped);
+}
+
+QString Field::label() const
+{
+    const QString text = labelOf(editor());
+    return text.isEmpty() ? key() : text;
 }
 
 Field &Field::unit(QLabel *label)

@@ -19,6 +19,8 @@ using schema::Range;
 
 /// Whether the user is typing into @p control: then its text must not be changed.
 bool isBeingTyped(const QWidget *control);
+/// The text of the label that belongs to the control; empty if there is none.
+QString labelOf(const QWidget *control);
 
 /// One row of the schema with the control that edits it on one form. A key that a file lacks reads
 /// as the row's default.
@@ -36,6 +38,8 @@ public:
     /// All of the row's controls, where it has several.
     virtual QList<QWidget *> editors() const { return {editor()}; }
     bool isBeingTyped() const;
+    /// What the user reads beside the control; the key if there is no label.
+    QString label() const;
 
     /// Gives the control its items.
     virtual void prepare() { }

@@ -82,14 +82,23 @@ QStringList FieldEdits::take(QObject *owner, kelp::ModuleObject *data, const QVa
 }
 
 void FieldEdits::reportOverlap(const QObject *sender, const QString &name, const QStringList &keys,
-                               const kelp::ModuleObject *data)
+                               const kelp::ModuleObject *data) const
+{
+    for (const auto &field : m_fields.fields()) {
+        if (keys.contains(field->key()))
+            reportOverlap(sender, name, field->label(),
+                          data->r(field->key())->getString(QString()));
+    }
+}
+
+void FieldEdits::reportOverlap(const QObject *sender, const QString &name, const QString &field,
+                               const QString &value)
 {
     const QString text = QCoreApplication::translate(
         "FileForm",
         "%1: \"%2\" was changed elsewhere to %3 and is being edited here; another save replaces "
         "it");
-    for (const QString &key : keys)
-        report::warning(sender, text.arg(name, key, data->r(key)->getString(QString())));
+    report::warning(sender, text.arg(name, field, value));
 }
 
 void FieldEdits::reportLoss(const QObject *sender, const QString &name)

@@ -30,9 +30,12 @@ public:
     /// to show: theirs, except in the fields edited here. Returns the keys that both sides changed.
     QStringList take(QObject *owner, kelp::ModuleObject *data, const QVariant &theirs,
                      const std::function<void(const kelp::ModuleObject *)> &show);
-    /// Reports the keys that take() returned; @p name is the file's.
-    static void reportOverlap(const QObject *sender, const QString &name, const QStringList &keys,
-                              const kelp::ModuleObject *data);
+    /// Reports the keys that take() returned, by their labels; @p name is the file's.
+    void reportOverlap(const QObject *sender, const QString &name, const QStringList &keys,
+                       const kelp::ModuleObject *data) const;
+    /// Reports that @p field was changed elsewhere to @p value.
+    static void reportOverlap(const QObject *sender, const QString &name, const QString &field,
+                              const QString &value);
 
     /// Reports that unsaved changes of the file @p name are lost.
     static void reportLoss(const QObject *sender, const QString &name);

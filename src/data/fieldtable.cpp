@@ -45,7 +45,7 @@ void FieldTable::reportUnknown(const kelp::ModuleObject *file, const Field &fiel
         : QCoreApplication::translate(
             "FieldTable", "%1: the value \"%2\" of \"%3\" is not offered here and is kept");
     const QString value = file->r(field.key())->getString(QString());
-    tellOnce(m_unknown, field, text.arg(nameOf(file), value, field.key()));
+    tellOnce(m_unknown, field, text.arg(nameOf(file), value, field.label()));
 }
 
 void FieldTable::reportCuts(const kelp::ModuleObject *file)
@@ -59,7 +59,7 @@ void FieldTable::reportCuts(const kelp::ModuleObject *file)
             m_cuts.remove(field.get());
         else
             tellOnce(m_cuts, *field,
-                     text.arg(nameOf(file), field->key(), cut[0].toString(), cut[1].toString()));
+                     text.arg(nameOf(file), field->label(), cut[0].toString(), cut[1].toString()));
     }
 }
 

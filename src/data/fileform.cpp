@@ -175,7 +175,7 @@ QStringList FileForm::reloadKeepingEdits(const QVariant &theirs)
 
 void FileForm::reportOverlap(const QStringList &keys)
 {
-    FieldEdits::reportOverlap(m_owner, m_data->name(), keys, m_data);
+    m_edits.reportOverlap(m_owner, m_data->name(), keys, m_data);
 }
 
 void FileForm::showWhetherHeld()

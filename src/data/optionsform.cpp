@@ -120,7 +120,7 @@ bool OptionsForm::takeOver(const QVariant &theirs)
         followShown(merged);
     };
     const QStringList overlap = m_edits.take(m_owner, m_data, theirs, show);
-    FieldEdits::reportOverlap(m_owner, m_set.name, overlap, m_data);
+    m_edits.reportOverlap(m_owner, m_set.name, overlap, m_data);
     return overlap.isEmpty();
 }
 

@@ -162,8 +162,11 @@ bool MonitorPage::takeOver(QStringList *overlap)
     for (int i = 0; i < 2; ++i) {
         const auto &[key, box, shown] = values[i];
         const double wanted = trimmed.value(key, shown);
-        if (trimmed.contains(key) && shown != before[i] && shown != wanted)
+        if (trimmed.contains(key) && shown != before[i] && shown != wanted) {
             changed.append(key);
+            welmo::FieldEdits::reportOverlap(this, ui->ledtWeldingName->text(), welmo::labelOf(box),
+                                             m_data->r(key)->getString(QString()));
+        }
         box->setValue(wanted);
         if (typed.contains(key)) {
             lineOf(box)->setText(typed.value(key).first);
@@ -171,7 +174,6 @@ bool MonitorPage::takeOver(QStringList *overlap)
             lineOf(box)->setModified(true);
         }
     }
-    welmo::FieldEdits::reportOverlap(this, ui->ledtWeldingName->text(), changed, m_data.get());
     if (overlap)
         *overlap = changed;
     return true;

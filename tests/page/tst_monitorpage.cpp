@@ -168,7 +168,7 @@ private slots:
         ui.asked("arcdata2");
         ui.press("btnCurrentAdd10");
         answers[readFile] = file(180);
-        const QString told = "\"current\" was changed elsewhere to 180";
+        const QString told = "\"Current\" was changed elsewhere to 180";
         QVERIFY(ui.saidAfter("btnSave").contains(told));
         QVERIFY(!ui.host.takeRequests().contains(writeFile));
         answers[readFile] = file(200); // the news come before the save

@@ -210,7 +210,8 @@ private slots:
         theirs["current"] = 2500.0;
         QCOMPARE(ui.host.store(ui.node(), ui.file(7), theirs), 0);
         ui.choose(7);
-        const QString told = "warning: arcdata7: of \"current\", 2500 is stored and 2000 is shown";
+        const QString told =
+            "warning: arcdata7: of \"WeldCurrent\", 2500 is stored and 2000 is shown";
         QCOMPARE(ui.outcome(), told + "; " + ui.request("get", 7));
         ui.press(ui.form.cancel);
         QCOMPARE(ui.outcome(), ""); // once
@@ -239,7 +240,7 @@ private slots:
         theySave("again");
         QString said;
         QTRY_VERIFY(
-            (said += ui.outcome()).contains("\"annotation\" was changed elsewhere to again"));
+            (said += ui.outcome()).contains("\"Annotation\" was changed elsewhere to again"));
         QCOMPARE(ui.annotation()->text(), "mine");
         ui.press(ui.form.save);
         QTRY_COMPARE(theirs->text(), "mine");
@@ -261,7 +262,7 @@ private slots:
         ui.outcome();
         QCOMPARE(ui.host.store(ui.node(), ui.file(1), theirs), 0);
         ui.press(ui.form.save);
-        QVERIFY(ui.outcome().contains("\"annotation\" was changed elsewhere to theirs"));
+        QVERIFY(ui.outcome().contains("\"Annotation\" was changed elsewhere to theirs"));
         QCOMPARE(ui.stored(1)["annotation"].toString(), "theirs");
         ui.press(ui.form.save); // now in full knowledge
         QCOMPARE(ui.stored(1)["annotation"].toString(), "mine again");
@@ -283,7 +284,8 @@ private slots:
         theirs["current"] = 111.0;
         QCOMPARE(ui.host.store(ui.node(), ui.file(1), theirs), 0);
         QString said;
-        QTRY_VERIFY((said += ui.outcome()).contains("\"current\" was changed elsewhere to 111"));
+        QTRY_VERIFY(
+            (said += ui.outcome()).contains("\"WeldCurrent\" was changed elsewhere to 111"));
         QCOMPARE(box->text(), half);
         ui.press(ui.form.cancel); // the operator's own wish
         QCOMPARE(box->value(), 111.0);

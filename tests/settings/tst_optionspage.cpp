@@ -190,7 +190,7 @@ private slots:
         ui.outcome();
         ui.host.store(node, {}, theirs(140, 3));
         ui.press("btn_baseSetSave");
-        QVERIFY(ui.outcome().first().contains("\"wire_feed_speed\" was changed elsewhere to 3"));
+        QVERIFY(ui.outcome().first().contains("Speed\" was changed elsewhere to 3"));
         QCOMPARE(ui.host.stored(node).toMap(), theirs(140, 3));
         ui.press("btn_baseSetSave");
         QCOMPARE(ui.host.stored(node).toMap(), theirs(140, 8));
