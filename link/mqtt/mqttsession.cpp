@@ -1,6 +1,8 @@
 #include "link/mqtt/mqttsession.h"
 
 #include <QMutexLocker>
+#include <QRegularExpression>
+#include <QSysInfo>
 #include <QUuid>
 #include <algorithm>
 
@@ -30,13 +32,21 @@ bool hasRevision(const LinkRequest &request)
         && (request.kind == LinkRequest::Kind::Get || request.kind == LinkRequest::Kind::Set);
 }
 
+// The machine, so that an operator can tell pendants of the same user apart, and a number.
+QString clientName()
+{
+    QString machine = QSysInfo::machineHostName().left(31); // the number fits beside it
+    machine.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9._-]")), QStringLiteral("-"));
+    return machine + QLatin1Char('-') + QUuid::createUuid().toString(QUuid::Id128);
+}
+
 } // namespace
 
 MqttSession::MqttSession(const BrokerAddress &address, const QString &cell, controller::Clock clock)
     : m_topics(cell)
     , m_cell(cell)
     , m_user(address.user.isEmpty() ? nobody : address.user)
-    , m_client(QStringLiteral("pendant-") + QUuid::createUuid().toString(QUuid::Id128))
+    , m_client(clientName())
     , m_clock(std::move(clock))
     , m_brokers(address.count())
 {

@@ -53,6 +53,17 @@ QString placeOf(const QString &controller)
     return address.user.isEmpty() ? cell : address.user + QLatin1Char('@') + cell;
 }
 
+// Without user and password.
+QString addressOf(const QString &controller)
+{
+    links::BrokerAddress address;
+    QString cell;
+    if (controller.isEmpty())
+        return {};
+    links::parseAddress(controller, &address, &cell);
+    return QStringLiteral("%1:%2/%3").arg(address.host, QString::number(address.port), cell);
+}
+
 kelp::ModuleObject *navEntries(tessa::Host *host)
 {
     kelp::ModuleObject *node = host->workspace()->root();
@@ -192,8 +203,14 @@ void PendantApp::showPluginError()
 
 void PendantApp::addPages(controller::Faults *faults)
 {
-    HomePage::Facts facts{
-        m_options.language, m_options.theme, m_options.dataFolder, {}, {}, {}, {}};
+    HomePage::Facts facts{m_options.language,
+                          m_options.theme,
+                          m_options.dataFolder,
+                          addressOf(m_options.controller),
+                          {},
+                          {},
+                          {},
+                          {}};
     facts.version = pendantVersion();
     facts.hasExample = faults != nullptr;
     const QList<kelp::ModuleObject *> entries = navEntries(m_host.get())->cmobjs();

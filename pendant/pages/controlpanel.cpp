@@ -9,6 +9,22 @@
 
 namespace welmo::pendant {
 
+namespace {
+
+constexpr int numberKept = 4; // signs of the number after the machine's name
+
+// Several pendants may have the same user.
+QString holderText(const kelp::ModuleObject &control)
+{
+    const QString user = control.r(QStringLiteral("user"))->getString();
+    const QString client = control.r(QStringLiteral("client"))->getString();
+    const int number = client.lastIndexOf(QLatin1Char('-')) + 1;
+    return client.isEmpty() ? user
+                            : QStringLiteral("%1 (%2)").arg(user, client.left(number + numberKept));
+}
+
+} // namespace
+
 ControlPanel::ControlPanel(XService *service, QWidget *parent)
     : Card(tr("Control"), parent)
     , m_service(service)
@@ -45,7 +61,7 @@ void ControlPanel::refresh()
     bool mine = false;
     if (m_service->isConnected()) {
         const auto control = m_service->get(this, names::control);
-        user = control->r(QStringLiteral("user"))->getString();
+        user = holderText(*control);
         mine = control->r(QStringLiteral("mine"))->getBool();
     }
     const bool connected = m_service->isConnected();

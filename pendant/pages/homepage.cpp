@@ -115,11 +115,17 @@ QWidget *HomePage::makeLink(const Facts &facts, LinkControl *link)
 {
     auto *card = new Card(tr("Controller"), this);
     card->body()->addWidget(new LinkBadge(link, card));
-    auto *caption = card->addText(tr("Files are kept in"));
-    caption->setObjectName(QStringLiteral("lblCaption"));
-    auto *folder = card->addText(facts.dataFolder);
-    folder->setObjectName(QStringLiteral("lblDataFolder"));
-    folder->setTextFormat(Qt::PlainText);
+    const auto addPlace = [card](const QString &caption, const QString &place, const char *name) {
+        card->addText(caption)->setObjectName(QStringLiteral("lblCaption"));
+        auto *text = card->addText(place);
+        text->setObjectName(QLatin1String(name));
+        text->setTextFormat(Qt::PlainText);
+    };
+    const bool isRemote = !facts.controller.isEmpty();
+    if (isRemote)
+        addPlace(tr("It keeps the parameter files, at"), facts.controller, "lblControllerPlace");
+    addPlace(isRemote ? tr("This pendant keeps its programs in") : tr("Files are kept in"),
+             facts.dataFolder, "lblDataFolder");
     auto *version = card->addText(tr("Version %1, no licence chosen").arg(facts.version));
     version->setObjectName(QStringLiteral("lblVersion"));
     auto *why = new QPushButton(tr("Why is there no arc?"), card);

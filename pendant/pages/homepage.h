@@ -23,6 +23,7 @@ public:
         QString language;
         QString theme; ///< name or path of the theme in use
         QString dataFolder;
+        QString controller; ///< where a controller on the network is; empty: in this process
         QString firstPage; ///< key of the page that "open" leads to; empty for none
         QString firstTitle;
         QString version;

@@ -48,7 +48,7 @@ private slots:
         ui.pendant.click("btnGiveControl");
         QVERIFY(text().startsWith("Nobody"));
         ui.other.open(); // takes what is free
-        QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("anna"), patient);
+        QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("anna ("), patient); // and which pendant
         QVERIFY(!take->isEnabled());
         ui.other.close();
         QTRY_VERIFY_WITH_TIMEOUT(take->isEnabled(), patient);
