@@ -22,21 +22,23 @@ PointsPanel::PointsPanel(tessa::Host *host, QWidget *parent)
     m_list->setObjectName(QStringLiteral("lstPoints"));
     m_detail->setObjectName(QStringLiteral("lblPointDetail"));
     m_name->setObjectName(QStringLiteral("ledtPointName"));
+    m_name->setProperty("isName", true); // see FieldPads
     m_name->setAccessibleName(tr("Name of the point"));
     body()->insertWidget(body()->count() - 1, m_list, 1);
-    auto *naming = new QHBoxLayout;
-    naming->addWidget(m_name, 1);
-    m_rename = addButton(naming, QStringLiteral("btnRenamePoint"), tr("Rename"));
-    auto *row = new QHBoxLayout;
-    m_touchUp = addButton(row, QStringLiteral("btnTouchUpPoint"), tr("Touch up"));
-    m_remove = addButton(row, QStringLiteral("btnRemovePoint"), tr("Remove"));
-    row->addStretch(1);
-    body()->addLayout(naming);
-    body()->addLayout(row);
+    body()->addWidget(m_name);
+    auto *first = new QHBoxLayout;
+    m_rename = addButton(first, QStringLiteral("btnRenamePoint"), tr("Rename"));
+    m_copy = addButton(first, QStringLiteral("btnCopyPoint"), tr("Copy"));
+    auto *second = new QHBoxLayout;
+    m_touchUp = addButton(second, QStringLiteral("btnTouchUpPoint"), tr("Touch up"));
+    m_remove = addButton(second, QStringLiteral("btnRemovePoint"), tr("Remove"));
+    body()->addLayout(first);
+    body()->addLayout(second);
     connect(m_list, &QListWidget::currentRowChanged, this, &PointsPanel::refresh);
     // Queued, so that it does not run in the middle of a change.
     connect(m_points, &ProjectPoints::changed, this, &PointsPanel::fill, Qt::QueuedConnection);
     connect(m_rename, &QPushButton::clicked, this, &PointsPanel::rename);
+    connect(m_copy, &QPushButton::clicked, this, [this] { m_made = m_points->copy(chosen()); });
     connect(m_touchUp, &QPushButton::clicked, this, [this] {
         ask(tr("Is %1 to be where the robot is now?").arg(chosen()), tr("Touch up"),
             &ProjectPoints::touchUp);
@@ -70,8 +72,8 @@ void PointsPanel::fill()
     if (shown == names)
         return refresh();
     const int row = m_list->currentRow();
-    const int same = names.indexOf(m_renamed.isEmpty() ? chosen() : m_renamed);
-    m_renamed.clear();
+    const int same = names.indexOf(m_made.isEmpty() ? chosen() : m_made);
+    m_made.clear();
     const QSignalBlocker blocker(m_list);
     m_list->clear();
     m_list->addItems(names);
@@ -82,7 +84,7 @@ void PointsPanel::fill()
 void PointsPanel::refresh()
 {
     const QString name = chosen();
-    for (QWidget *widget : QWidgetList{m_name, m_rename, m_touchUp, m_remove})
+    for (QWidget *widget : QWidgetList{m_name, m_rename, m_copy, m_touchUp, m_remove})
         widget->setEnabled(!name.isEmpty());
     m_detail->setText(name.isEmpty() ? tr("The project has no points.") : m_points->detail(name));
     if (name != std::exchange(m_shown, name))
@@ -93,7 +95,7 @@ void PointsPanel::rename()
 {
     const QString wanted = m_name->text();
     if (wanted != chosen() && m_points->rename(chosen(), wanted))
-        m_renamed = wanted;
+        m_made = wanted;
 }
 
 void PointsPanel::ask(const QString &question, const QString &yes,

@@ -33,11 +33,12 @@ private:
 
     ProjectPoints *m_points;
     QString m_shown; // name of the shown point
-    QString m_renamed; // name of a renamed point, to choose in the next list
+    QString m_made; // name of a renamed or copied point, to choose in the next list
     QListWidget *m_list;
     QLabel *m_detail;
     QLineEdit *m_name;
     QPushButton *m_rename;
+    QPushButton *m_copy;
     QPushButton *m_touchUp;
     QPushButton *m_remove;
 };

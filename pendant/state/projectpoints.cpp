@@ -2,6 +2,7 @@
 
 #include <QJsonObject>
 #include <QRegularExpression>
+#include <QUuid>
 
 #include "pendant/state/reasontext.h"
 #include "schema/names.h"
@@ -33,6 +34,24 @@ int rowOf(const QVariantList &points, const QString &name)
             return row;
     }
     return -1;
+}
+
+QVariantMap named(QVariantMap point, const QString &name)
+{
+    point.insert(nameKey, name);
+    point.insert(QStringLiteral("id"), name);
+    return point;
+}
+
+QString freeName(const QVariantList &points, const QString &like)
+{
+    QString letters = like;
+    while (!letters.isEmpty() && letters.back().isDigit())
+        letters.chop(1);
+    int number = 1;
+    while (rowOf(points, letters + QString::number(number)) >= 0)
+        ++number;
+    return letters + QString::number(number);
 }
 
 QVariantList listOf(const kelp::ModuleObject *node)
@@ -86,15 +105,27 @@ bool ProjectPoints::rename(const QString &name, const QString &to)
     const auto change = [&to](QVariantList &points, int row) {
         if (rowOf(points, to) >= 0)
             return false;
-        QVariantMap point = points.at(row).toMap();
-        point.insert(nameKey, to);
-        point.insert(QStringLiteral("id"), to);
-        points.replace(row, point);
+        points.replace(row, named(points.at(row).toMap(), to));
         return true;
     };
     if (names().contains(to))
         return fail(tr("There is a point %1 already").arg(to));
-    return edit(name, change, tr("%1 is %2 now").arg(name, to));
+    return edit(name, change, [&] { return tr("%1 is %2 now").arg(name, to); });
+}
+
+QString ProjectPoints::copy(const QString &name)
+{
+    QString to;
+    const auto change = [&](QVariantList &points, int row) {
+        to = freeName(points, name);
+        QVariantMap point = named(points.at(row).toMap(), to);
+        point.insert(QStringLiteral("uuid"), QUuid::createUuid().toString(QUuid::WithoutBraces));
+        points.insert(row + 1, point);
+        return true;
+    };
+    // The change names the copy, so what is told is put together after it.
+    const auto done = [&] { return tr("%1 is a copy of %2").arg(to, name); };
+    return edit(name, change, done) ? to : QString();
 }
 
 bool ProjectPoints::remove(const QString &name)
@@ -103,7 +134,7 @@ bool ProjectPoints::remove(const QString &name)
         points.removeAt(row);
         return true;
     };
-    return edit(name, change, tr("%1 removed").arg(name));
+    return edit(name, change, [&] { return tr("%1 removed").arg(name); });
 }
 
 bool ProjectPoints::touchUp(const QString &name)
@@ -124,11 +155,12 @@ bool ProjectPoints::touchUp(const QString &name)
         points.replace(row, point);
         return true;
     };
-    return edit(name, change, tr("%1 is where the robot is now").arg(name));
+    return edit(name, change, [&] { return tr("%1 is where the robot is now").arg(name); });
 }
 
 // Changes the controller's list instead of the host's copy: another pendant may have written since.
-bool ProjectPoints::edit(const QString &name, const Change &change, const QString &done)
+bool ProjectPoints::edit(const QString &name, const Change &change,
+                         const std::function<QString()> &done)
 {
     const QString failure = tr("%1 was not changed (%2)");
     XService *service = m_host->service();
@@ -145,7 +177,7 @@ bool ProjectPoints::edit(const QString &name, const Change &change, const QStrin
     if (code != 0)
         return fail(failure.arg(name, schema::codeText(code)));
     tree()->importFromVariant(this, points, true, true, true);
-    m_host->helper()->throwLog(this, QStringLiteral("info"), done);
+    m_host->helper()->throwLog(this, QStringLiteral("info"), done());
     return true;
 }
 

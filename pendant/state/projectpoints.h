@@ -23,6 +23,9 @@ public:
     QString detail(const QString &name) const;
 
     bool rename(const QString &name, const QString &to);
+    /// Adds a copy under the first free name of its kind, as p5 for p3; returns the name, or an
+    /// empty text.
+    QString copy(const QString &name);
     bool remove(const QString &name);
     /// Moves the point to the robot's position, read with the tool and in the work object that the
     /// point was taught with.
@@ -34,7 +37,7 @@ signals:
 private:
     using Change = std::function<bool(QVariantList &points, int row)>;
 
-    bool edit(const QString &name, const Change &change, const QString &done);
+    bool edit(const QString &name, const Change &change, const std::function<QString()> &done);
     bool fail(const QString &text);
 
     tessa::Host *m_host;

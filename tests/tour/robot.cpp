@@ -95,6 +95,10 @@ void jog(Tour &tour)
         tour.click("btnRenamePoint");
         return tour.requireMessage("info: p7 is corner now");
     });
+    tour.step("and copied", [&] {
+        tour.click("btnCopyPoint");
+        return tour.requireMessage("info: corner1 is a copy of corner");
+    });
     tour.step("the jog speed is in the status bar, with gas and wire", [&] {
         tour.click("btnJogFaster");
         return tour.requireText("lblHandFacts", "Jog 35 %   Gas off   Wire still");
