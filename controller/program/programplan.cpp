@@ -119,8 +119,16 @@ bool Planner::move(const tl::ParsedLine &line, int number, Way way)
         return false;
     const double speed = welds && m_seam && m_seam->speed > 0 ? m_seam->speed : plan.speed;
     const double length = plan.path->length();
-    ProgramPlan::Leg leg{number, m_seam.has_value(), m_seamFile, line.target->reading.point.name,
-                         length, length / speed,     {},         {}};
+    const tl::PointExpression &target = line.target->reading.point;
+    ProgramPlan::Leg leg{number,
+                         m_seam.has_value(),
+                         m_seamFile,
+                         target.name,
+                         target.kind != tl::PointExpression::Kind::Plain,
+                         length,
+                         length / speed,
+                         {},
+                         {}};
     if (weave)
         leg.weave = places(plan, &*weave, speed);
     leg.way = places(plan, nullptr, speed);

@@ -21,7 +21,8 @@ struct ProgramPlan
         int line; ///< from 0
         bool isSeam;
         QString file; ///< the welding file of a seam
-        QString target; ///< the point's name, without an offset
+        QString target; ///< the point's name
+        bool isBeside; ///< the leg ends at an offset from it
         double length; ///< mm
         double seconds;
         std::vector<Place> way; ///< from start to end, without the weave

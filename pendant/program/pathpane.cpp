@@ -11,6 +11,8 @@
 #include "pendant/program/programrun.h"
 #include "pendant/state/cell.h"
 #include "pendant/state/robotstate.h"
+#include "schema/names.h"
+#include "tessa/xservice.h"
 #include "tl/parse.h"
 
 namespace welmo::pendant {
@@ -50,13 +52,16 @@ PathPane::PathPane(const PathParts &parts, QWidget *parent)
     };
     connect(parts.document, &ProgramDocument::contentsChanged, this, soon);
     connect(parts.check, &ProgramCheck::checked, this, soon);
+    connect(parts.document, &QAbstractItemModel::modelReset, m_view, &PathView::clearBead);
     connect(parts.robot, &RobotState::changed, this, &PathPane::follow);
+    connect(parts.cell, &Cell::changed, this, &PathPane::follow);
     connect(m_view, &PathView::lineTouched, this, &PathPane::lineWanted);
 }
 
 void PathPane::showEvent(QShowEvent *event)
 {
     QFrame::showEvent(event);
+    xservice()->watch(this, names::welderState, true);
     plan();
     follow();
 }
@@ -115,7 +120,15 @@ void PathPane::follow()
     if (m_parts.robot->isKnown())
         m_view->setTorch({m_parts.robot->value("tip.x"), m_parts.robot->value("tip.y"),
                           m_parts.robot->value("tip.z")},
-                         m_parts.cell->state() == Cell::State::Welding);
+                         burns());
+}
+
+// The cell welds until the seam ends, even without its arc.
+bool PathPane::burns() const
+{
+    const auto *state = xservice()->watchNode(names::welderState);
+    return m_parts.cell->state() == Cell::State::Welding
+        && state->r(QStringLiteral("current"))->getDouble() > 0;
 }
 
 } // namespace welmo::pendant

@@ -47,6 +47,7 @@ protected:
 private:
     void plan();
     void follow();
+    bool burns() const;
     void showFiles(const controller::ProgramPlan &plan);
 
     PathParts m_parts;

@@ -15,6 +15,7 @@ namespace {
 constexpr double margin = 44; // pixels, around and between the two views
 constexpr double touchRadius = 26;
 constexpr double leastSize = 20; // mm
+constexpr QSizeF nameRoom{40, 18}; // pixels between the names of points
 
 QColor themeColour(const char *key)
 {
@@ -209,22 +210,40 @@ void PathView::paintLegs(QPainter *painter, const Frame &frame, Side side) const
 
 void PathView::paintMarks(QPainter *painter, const Frame &frame, Side side) const
 {
-    QSet<QString> named;
+    paintNames(painter, frame, side);
     for (const auto &leg : m_plan.legs) {
         const QPointF end = at(frame, side, leg.way.back());
         painter->setPen(Qt::NoPen);
         painter->setBrush(themeColour("text"));
         painter->drawEllipse(end, 3, 3);
-        const QString spot = QStringLiteral("%1 %2").arg(int(end.x()) / 40).arg(int(end.y()) / 20);
-        painter->setPen(themeColour("text"));
-        if (!named.contains(spot))
-            painter->drawText(end + QPointF(8, -7), leg.target);
-        named.insert(spot);
         if (!m_wrong.contains(leg.line))
             continue;
         painter->setPen(QPen(themeColour("error"), 3));
         painter->setBrush(Qt::NoBrush);
         painter->drawEllipse(end, 12, 12);
+    }
+}
+
+// Each point is named once, where it is; a place beside it only if nothing ends at the point.
+void PathView::paintNames(QPainter *painter, const Frame &frame, Side side) const
+{
+    QSet<QString> named;
+    std::vector<QPointF> places;
+    painter->setPen(themeColour("text"));
+    for (const bool beside : {false, true}) {
+        for (const auto &leg : m_plan.legs) {
+            const QPointF end = at(frame, side, leg.way.back());
+            const auto isTaken = [&end](const QPointF &place) {
+                return std::abs(end.x() - place.x()) < nameRoom.width()
+                    && std::abs(end.y() - place.y()) < nameRoom.height();
+            };
+            if (leg.isBeside != beside || named.contains(leg.target)
+                || std::any_of(places.begin(), places.end(), isTaken))
+                continue;
+            named.insert(leg.target);
+            places.push_back(end);
+            painter->drawText(end + QPointF(8, -7), leg.target);
+        }
     }
 }
 

@@ -50,6 +50,7 @@ private:
     void paintSide(QPainter *painter, const Frame &frame, Side side) const;
     void paintLegs(QPainter *painter, const Frame &frame, Side side) const;
     void paintMarks(QPainter *painter, const Frame &frame, Side side) const;
+    void paintNames(QPainter *painter, const Frame &frame, Side side) const;
     void paintAxes(QPainter *painter, const Frame &frame, Side side) const;
     QRectF area(const Frame &frame, Side side) const;
 
