@@ -103,9 +103,10 @@ QString ProgramRun::text() const
     case State::Unknown:
         return tr("No connection to the controller");
     case State::Idle:
-        return m_result.value(QStringLiteral("end")).toString().isEmpty()
-            ? tr("Ready")
-            : tr("Ready (%1)").arg(runResultText(m_result));
+        if (m_result.value(QStringLiteral("end")).toString().isEmpty())
+            return tr("Ready");
+        return isOurs() ? tr("Ready (%1)").arg(runResultText(m_result))
+                        : tr("Ready (%1: %2)").arg(m_name, runResultText(m_result));
     case State::Running:
         return tr("%1 runs, line %2").arg(m_name).arg(m_line);
     case State::Paused:
