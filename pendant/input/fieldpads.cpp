@@ -71,8 +71,11 @@ void FieldPads::open(QLineEdit *line)
     if (m_pad && m_pad->field() == field)
         return;
     close();
+    // Typing replaces a number, or a name, even if the field had the focus before.
     if (box)
-        box->selectAll(); // typing replaces the number, even if the field had the focus before
+        box->selectAll();
+    else if (line->property("isName").toBool())
+        line->selectAll();
     QWidget *window = line->window();
     const bool hasArea = m_area && m_area->window() == window;
     m_pad = box ? makeNumberPad(box, window) : makeTextPad(line, window);

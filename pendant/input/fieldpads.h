@@ -15,7 +15,8 @@ class NumberEntry;
 
 /// Opens keys on the screen for the field that is touched: a keypad for a number, a keyboard for a
 /// text. They do not take the focus, and close when the field loses it, when something else is
-/// touched, or at the first press of a physical key. Works in the whole application.
+/// touched, or at the first press of a physical key. A number is selected whole, and so is the text
+/// of a field with the property "isName". Works in the whole application.
 class FieldPads : public QObject
 {
     Q_OBJECT

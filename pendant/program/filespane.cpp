@@ -58,6 +58,7 @@ FilesPane::FilesPane(const QString &folder, QWidget *parent)
     layout->addLayout(buttons);
     connect(m_files, &QListWidget::currentItemChanged, this, &FilesPane::refresh);
     connect(m_files, &QListWidget::itemDoubleClicked, this, &FilesPane::onAcceptClicked);
+    m_name->setProperty("isName", true); // see FieldPads
     connect(m_name, &QLineEdit::textChanged, this, &FilesPane::refresh);
     connect(m_name, &QLineEdit::returnPressed, this, &FilesPane::onAcceptClicked);
     connect(m_accept, &QPushButton::clicked, this, &FilesPane::onAcceptClicked);
