@@ -34,11 +34,19 @@ public:
         facts->voltage = withUnit(number(set.voltage), inVolts ? units::volt : units::percent);
         if (&set == &schema::weld())
             facts->speed = withUnit(number(schema::weld().weldSpeed), units::mmPerSecond);
-        // An arc end without crater filling is allowed.
-        if (current <= 0 && &set != &schema::arcOff())
+        const bool isEnd = &set == &schema::arcOff();
+        if (current <= 0 && isEnd)
+            leaveOutFilling(facts);
+        else if (current <= 0)
             facts->finding = tr("nothing burns at %1").arg(facts->current);
         else if (inAmperes && current > ratedCurrent)
             facts->finding = tr("the machine gives %1").arg(withUnit(ratedCurrent, units::ampere));
+    }
+    // An arc end may do without filling the crater.
+    static void leaveOutFilling(FileFacts *facts)
+    {
+        facts->current = facts->voltage = QStringLiteral("–");
+        facts->remark = tr("the crater is not filled");
     }
     static QString missing() { return tr("the controller has no such file"); }
 
@@ -85,7 +93,7 @@ FileFacts factsOf(const QString &file, double ratedCurrent, XService *service)
 
 QString FileFacts::summary() const
 {
-    QStringList parts{annotation, current, voltage, speed, finding};
+    QStringList parts{annotation, current, voltage, speed, remark, finding};
     parts.removeAll(QString());
     return parts.isEmpty() ? QStringLiteral("–") : parts.join(QStringLiteral(", "));
 }

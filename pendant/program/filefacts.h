@@ -22,6 +22,7 @@ struct FileFacts
     /// With their units; empty if this kind of file has none.
     QString current, voltage, speed;
     QString annotation; ///< the user's own note
+    QString remark; ///< what may surprise, but is allowed
     /// Why it cannot be welded with, in words; empty if it can.
     QString finding;
 

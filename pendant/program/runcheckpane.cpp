@@ -103,7 +103,7 @@ void RunCheckPane::addFiles(const FileUses &uses)
         ratedCurrentIn(service->get(nullptr, names::welderSetting)->toVariant().toMap());
     for (const FileUses::Use &use : uses.all()) {
         QStringList cells{linesText(use.lines), use.name};
-        QString finding;
+        QString finding, remark;
         if (use.meant.isEmpty()) {
             const FileFacts facts = factsOf(use.name, rated, service);
             cells += {!facts.isKnown     ? tr("unknown")
@@ -111,11 +111,12 @@ void RunCheckPane::addFiles(const FileUses &uses)
                                          : tr("no"),
                       facts.current, facts.voltage, facts.speed};
             finding = facts.finding;
+            remark = facts.remark;
         } else {
             cells += {{}, {}, {}, {}};
             finding = tr("no instruction and passed over; %1 may be meant").arg(use.meant);
         }
-        addRow(cells << finding, use.lines.first(), !finding.isEmpty());
+        addRow(cells << finding + remark, use.lines.first(), !finding.isEmpty());
     }
 }
 

@@ -1,7 +1,8 @@
 #include "pendant/program/seamform.h"
 
 #include <QComboBox>
-#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
 #include <QListView>
 #include <QSpinBox>
 #include <algorithm>
@@ -49,9 +50,10 @@ SeamForm::SeamForm(QWidget *parent)
 {
     const tl::ProjectNames names = project();
     const QStringList points = inOrder(names.points.keys());
-    auto *layout = new QFormLayout(this);
+    auto *layout = new QGridLayout(this);
     layout->setHorizontalSpacing(16);
     layout->setVerticalSpacing(8);
+    layout->setColumnStretch(1, 1);
     m_from = addChoice(layout, tr("From"), "cbxSeamFrom", points);
     m_to = addChoice(layout, tr("To"), "cbxSeamTo", points);
     m_to->setCurrentIndex(std::min(1, m_to->count() - 1));
@@ -66,17 +68,26 @@ SeamForm::SeamForm(QWidget *parent)
     m_distance->setRange(0, greatestDistance);
     m_distance->setValue(usualDistance);
     m_distance->setSuffix(QLatin1Char(' ') + units::mm);
-    layout->addRow(tr("Way in and out"), m_distance);
+    m_distance->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    addRow(layout, tr("Way in and out"), m_distance);
+    layout->setRowStretch(layout->rowCount(), 1);
 }
 
-QComboBox *SeamForm::addChoice(QFormLayout *layout, const QString &label, const char *name,
+void SeamForm::addRow(QGridLayout *layout, const QString &label, QWidget *field)
+{
+    const int row = layout->rowCount();
+    layout->addWidget(new QLabel(label, this), row, 0);
+    layout->addWidget(field, row, 1);
+}
+
+QComboBox *SeamForm::addChoice(QGridLayout *layout, const QString &label, const char *name,
                                const QStringList &texts)
 {
     auto *combo = new QComboBox(this);
     combo->setObjectName(QLatin1String(name));
     combo->setView(new QListView(combo));
     combo->addItems(texts);
-    layout->addRow(label, combo);
+    addRow(layout, label, combo);
     return combo;
 }
 

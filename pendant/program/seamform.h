@@ -3,7 +3,7 @@
 #include "pendant/program/hostform.h"
 
 class QComboBox;
-class QFormLayout;
+class QGridLayout;
 class QSpinBox;
 
 namespace welmo::pendant {
@@ -19,7 +19,8 @@ public:
     QString ToString() override;
 
 private:
-    QComboBox *addChoice(QFormLayout *layout, const QString &label, const char *name,
+    void addRow(QGridLayout *layout, const QString &label, QWidget *field);
+    QComboBox *addChoice(QGridLayout *layout, const QString &label, const char *name,
                          const QStringList &texts);
 
     QComboBox *m_from;
