@@ -50,6 +50,7 @@ void WeldBook::init()
         vu::xnav::registerPage(this, tr("Weld Book"), QStringLiteral("robot.pack"), QString(), -1);
     entry->set(this, QStringLiteral("nav"), pageKey, true);
     entry->set(this, QStringLiteral("key"), moduleName, true);
+    entry->set(this, QStringLiteral("icon"), QStringLiteral("widget/weld_book"), true);
 }
 
 void WeldBook::setup()

@@ -212,6 +212,7 @@ void WeldsPage::showList(const QVector<Seam> &seams, int count)
     const qint64 chosen = m_chosen ? m_chosen->id : 0;
     m_model->setSeams(seams);
     m_count->setText(count > seams.size() ? tr("%1 of %2").arg(seams.size()).arg(count)
+                         : count == 1     ? tr("1 weld")
                                           : tr("%1 welds").arg(count));
     for (int row = 0; row < seams.size(); ++row) {
         if (seams[row].id == chosen)

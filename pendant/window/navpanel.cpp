@@ -31,8 +31,8 @@ QList<kelp::ModuleObject *> inMenuOrder(const kelp::ModuleObject *entries)
 QString pictureOf(const kelp::ModuleObject *entry)
 {
     QString own = entry->r(QStringLiteral("icon"))->getString();
-    if (!own.isEmpty())
-        return own;
+    if (!vu::xtheme::current().imagePath(own).isEmpty())
+        return own; // a theme from elsewhere may lack it
     QString group = entry->r(QStringLiteral("group"))->getString();
     return QStringLiteral("widget/") + group.replace(QLatin1Char('.'), QLatin1Char('_'));
 }
