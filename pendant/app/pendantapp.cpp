@@ -113,6 +113,7 @@ void PendantApp::start()
         std::make_unique<PendantWindow>(m_host.get(), navEntries(m_host.get()), state, &m_holds);
     m_pads.follow(m_window->center());
     loadModules();
+    m_host->helper()->log()->translateOld();
     Connection connection = m_connector(m_options);
     addPages(connection.faults);
     m_window->show();

@@ -263,6 +263,14 @@
         <source>code %1</source>
         <translation>代码 %1</translation>
     </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1，%2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>RunResult</name>

@@ -34,8 +34,12 @@ Alarm alarmFrom(const QVariantMap &map)
 QString Alarm::text() const
 {
     const QString what = reasonText(code, arguments, line);
-    const QString where = program.isEmpty() ? what : program + QStringLiteral(", ") + what;
-    return file.isEmpty() ? where : where + QStringLiteral(" (%1)").arg(file);
+    // Translated as well, so that the message log can translate the whole text again.
+    const QString where = program.isEmpty()
+        ? what
+        : QCoreApplication::translate("Reasons", "%1, %2").arg(program, what);
+    return file.isEmpty() ? where
+                          : QCoreApplication::translate("Reasons", "%1 (%2)").arg(where, file);
 }
 
 AlarmList::AlarmList(XService *service, tessa::ManagerHelper *helper, QObject *parent)

@@ -7,5 +7,9 @@
         <source>Open</source>
         <translation>打开</translation>
     </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>第 %1 行：%2</translation>
+    </message>
 </context>
 </TS>

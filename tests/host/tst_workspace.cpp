@@ -99,6 +99,30 @@ private slots:
                      QString::fromUtf8(language == "zh_CN" ? "打开" : "Open"));
         }
     }
+    // A finished text is known by what was translated last, and shown in another language.
+    void textsAreShownInAnotherLanguage_data()
+    {
+        addRows<QString, QString>({{"plain", "打开", "Open"},
+                                   {"argument", "第 7 行：p1", "line 7: p1"},
+                                   {"translated argument", "第 7 行：打开", "line 7: Open"},
+                                   {"within another", "第 1 行：第 2 行：p1", "line 1: line 2: p1"},
+                                   {"two parts", "打开第 1 行：p1", "Openline 1: p1"},
+                                   {"with another's part", "打开 success", ""},
+                                   {"of nobody", "7 行", ""}});
+    }
+    void textsAreShownInAnotherLanguage()
+    {
+        const auto &[name, told, english] = currentRow<QString, QString>();
+        start("zh_CN");
+        translator()->installQMTranslator(SAMPLE_QM);
+        for (const char *source : {"Open", "line %1: %2", "%1: %2"})
+            QCoreApplication::translate("Sample", source);
+        const QVariant source = translator()->sources().sourceOf(told);
+        const QVariant kept = QJsonDocument::fromVariant(source).toVariant();
+        QCOMPARE(kelp::TextSources::shown(kept), english.isEmpty() ? QString() : told);
+        start("en");
+        QCOMPARE(kelp::TextSources::shown(kept), english);
+    }
 
 private:
     /// A new host on an empty folder, but for what was saved before.

@@ -69,6 +69,18 @@ private slots:
         QCOMPARE(pendant.find<QTableView>("tblMessages")->model()->index(1, 2).data(),
                  QVariant("broken"));
     }
+    void messagesFollowTheLanguage()
+    {
+        TestPendant pendant;
+        const QString told = QCoreApplication::translate("Connection", "tessa not connected");
+        pendant.host()->helper()->throwLog(nullptr, "error", told);
+        Setup chinese = pendant.setup();
+        chinese.language = "zh_CN";
+        pendant.restart(chinese);
+        const auto *line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
+        QCOMPARE(line->text(), QCoreApplication::translate("Connection", "tessa not connected"));
+        QVERIFY(line->text() != told);
+    }
     // A link that is lost is not a link that was switched off: it comes back by itself.
     void controllerGone()
     {

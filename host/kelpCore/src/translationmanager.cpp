@@ -10,12 +10,16 @@ namespace kelp {
 
 TranslationManager::TranslationManager(const QString &language)
     : m_language(language)
-{ }
+    , m_sources([this](const char *context, const char *source, const char *disambiguation, int n) {
+        return translate(context, source, disambiguation, n);
+    })
+{
+    QCoreApplication::installTranslator(&m_sources);
+}
 
 TranslationManager::~TranslationManager()
 {
-    for (const auto &translator : m_translators)
-        QCoreApplication::removeTranslator(translator.get());
+    QCoreApplication::removeTranslator(&m_sources);
 }
 
 bool TranslationManager::installQMTranslator(const QString &path)
@@ -25,9 +29,18 @@ bool TranslationManager::installQMTranslator(const QString &path)
         return false;
     const bool chinese = QFileInfo(path).completeBaseName().endsWith(QLatin1String("_cn"));
     if (chinese == (m_language == QLatin1String("zh_CN")))
-        QCoreApplication::installTranslator(translator.get());
-    m_translators.push_back(std::move(translator));
+        m_translators.push_back(std::move(translator));
     return true;
+}
+
+// As the application does it, the newest file is asked first.
+QString TranslationManager::translate(const char *context, const char *source,
+                                      const char *disambiguation, int n) const
+{
+    QString text;
+    for (auto each = m_translators.rbegin(); each != m_translators.rend() && text.isNull(); ++each)
+        text = (*each)->translate(context, source, disambiguation, n);
+    return text;
 }
 
 } // namespace kelp

@@ -4,6 +4,9 @@
 #include <QJsonObject>
 #include <algorithm>
 
+#include "kelp/translationmanager.h"
+#include "kelp/workspace.h"
+
 namespace tessa {
 
 namespace {
@@ -22,22 +25,34 @@ const QString timeKey = QStringLiteral("time");
 const QString levelKey = QStringLiteral("level");
 const QString textKey = QStringLiteral("text");
 const QString senderKey = QStringLiteral("sender");
+const QString sourceKey = QStringLiteral("source");
 const QByteArray seenLine = QByteArrayLiteral("{\"seen\":true}\n");
 
 MessageLog::Entry entryFrom(const QJsonObject &line)
 {
     return {QDateTime::fromString(line.value(timeKey).toString(), Qt::ISODateWithMs),
-            line.value(levelKey).toString(), line.value(textKey).toString(),
-            line.value(senderKey).toString(), true};
+            line.value(levelKey).toString(),
+            line.value(textKey).toString(),
+            line.value(senderKey).toString(),
+            true,
+            line.value(sourceKey).toVariant()};
 }
 
 QByteArray lineFor(const MessageLog::Entry &entry)
 {
-    const QJsonObject line{{timeKey, entry.time.toString(Qt::ISODateWithMs)},
-                           {levelKey, entry.level},
-                           {textKey, entry.text},
-                           {senderKey, entry.sender}};
+    QJsonObject line{{timeKey, entry.time.toString(Qt::ISODateWithMs)},
+                     {levelKey, entry.level},
+                     {textKey, entry.text},
+                     {senderKey, entry.sender}};
+    if (entry.source.isValid())
+        line.insert(sourceKey, QJsonValue::fromVariant(entry.source));
     return QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n';
+}
+
+QVariant sourceOf(const QString &text)
+{
+    const kelp::Workspace *host = kelp::Workspace::current();
+    return host ? translator()->sources().sourceOf(text) : QVariant();
 }
 
 } // namespace
@@ -60,7 +75,8 @@ void MessageLog::keepIn(const QString &file)
 
 void MessageLog::append(const QObject *sender, const QString &level, const QString &text)
 {
-    const Entry entry{QDateTime::currentDateTime(), level, text, nameOf(sender)};
+    const Entry entry{
+        QDateTime::currentDateTime(), level, text, nameOf(sender), false, sourceOf(text)};
     beginInsertRows({}, 0, 0);
     m_entries.prepend(entry);
     endInsertRows();
@@ -75,6 +91,16 @@ void MessageLog::append(const QObject *sender, const QString &level, const QStri
     emit appended(level, text);
     if (level == errorLevel)
         emit unseenChanged();
+}
+
+void MessageLog::translateOld()
+{
+    beginResetModel();
+    for (Entry &entry : m_entries) {
+        if (entry.old && entry.source.isValid())
+            entry.text = kelp::TextSources::shown(entry.source);
+    }
+    endResetModel();
 }
 
 void MessageLog::add(const Entry &entry)

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-class QTranslator;
+#include "kelp/textsources.h"
 
 namespace kelp {
 
@@ -23,8 +23,15 @@ public:
     /// zh_CN, any other for English. False if the file cannot be loaded; its texts stay in English.
     bool installQMTranslator(const QString &path);
 
+    /// What the application translated last.
+    const TextSources &sources() const { return m_sources; }
+
 private:
+    QString translate(const char *context, const char *source, const char *disambiguation,
+                      int n) const;
+
     QString m_language;
+    TextSources m_sources; // asks the others
     std::vector<std::unique_ptr<QTranslator>> m_translators;
 };
 

@@ -20,6 +20,7 @@ public:
         QString text;
         QString sender; ///< the reporting object's name; empty if it has none
         bool old = false; ///< from an earlier run of the program
+        QVariant source = {}; ///< what the text was made of, see kelp::TextSources
     };
     enum Column { Time, Level, Text, Sender, ColumnCount };
     enum Role { LevelRole = Qt::UserRole, SenderRole };
@@ -31,6 +32,9 @@ public:
     /// Loads the messages in the file, and keeps all further ones there.
     void keepIn(const QString &file);
     void append(const QObject *sender, const QString &level, const QString &text);
+    /// Shows what was loaded in the present language; to be called once all translations are
+    /// installed.
+    void translateOld();
     const QVector<Entry> &entries() const { return m_entries; }
     void clear();
     /// The number of errors since the log was last looked at.
