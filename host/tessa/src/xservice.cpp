@@ -47,15 +47,17 @@ void takeOver(QObject *sender, kelp::ModuleObject *node, const QVariant &values)
         takeOver(sender, node->c(it.key(), true), it.value());
 }
 
-// The node's value is the code, unless a plain value was read, which replaces it.
+// The node's value is the code, unless a plain value was read, which replaces it. What a refusal
+// says stands in its children, but a failed read has none: it must not look like a file.
 XService::Answer makeAnswer(LinkRequest::Kind kind, const LinkReply &reply)
 {
     auto answer = std::make_unique<kelp::ModuleObject>(QStringLiteral("answer"));
     // The code is set first, since it would remove children.
     answer->set(nullptr, QString(), reply.code, false);
+    const bool reads = kind == LinkRequest::Kind::Get;
     const bool inner = reply.value.userType() == QMetaType::QVariantMap;
-    const bool plain = kind == LinkRequest::Kind::Get && reply.value.isValid();
-    if (reply.code == 0 && (inner || plain))
+    const bool good = reply.code == 0;
+    if (reads ? good && reply.value.isValid() : inner)
         answer->importFromVariant(nullptr, reply.value, false);
     return answer;
 }
@@ -145,6 +147,8 @@ XService::Answer XService::exchange(const LinkRequest &request, int timeoutMs)
         reply = m_link->call(request, timeoutMs);
     if (!reply.fromController())
         setConnected(false);
+    if (reply.code != 0 && request.kind != LinkRequest::Kind::Get)
+        emit refused(request.path, reply.value.toMap());
     return makeAnswer(request.kind, reply);
 }
 

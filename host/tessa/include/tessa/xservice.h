@@ -21,6 +21,7 @@ public:
     /// Its integer value is the result code, 0 for success; the values read are its children. For a
     /// node or entry that the controller does not have it is 0 without children; a failed read has
     /// a code other than 0, so that the two differ. A plain value that was read replaces the 0.
+    /// What a refused write or command says about why stands in children too.
     using Answer = std::unique_ptr<kelp::ModuleObject>;
 
     static constexpr int defaultTimeoutMs = 1600;
@@ -66,6 +67,9 @@ signals:
     /// The link is up, every subscription is set up again and the mirrored nodes are read; emitted
     /// before the watched values that changed meanwhile.
     void cameUp();
+    /// The controller refused a write or a command; @p why is what it said. Emitted inside the
+    /// call: to be connected with a queue.
+    void refused(const QString &path, const QVariantMap &why);
     /// "connected" changed; never emitted from inside a call.
     void connectedChanged(bool connected);
 
