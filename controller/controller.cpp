@@ -6,6 +6,7 @@
 #include "controller/core/json.h"
 #include "controller/files/options.h"
 #include "controller/files/parameterfiles.h"
+#include "controller/files/releases.h"
 #include "controller/program/cellstate.h"
 #include "controller/program/program.h"
 #include "controller/robot/jogging.h"
@@ -33,6 +34,7 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
     auto &alarms = add<Alarms>();
     m_alarms = &alarms;
     add<ParameterFiles>();
+    m_releases = &add<Releases>();
     add<Options>();
     add<WeldMode>();
     const Welder &welder = add<Welder>();
@@ -49,7 +51,8 @@ Controller::Controller(Store &store, Faults &faults, Journal &journal, const Clo
         return Reply::with(QVariantMap{{QStringLiteral("entries"), journal.recent(journalLength)}});
     });
     m_registry.addValue(names::cellIdentity, [&store] {
-        return Reply::with(QVariantMap{{QStringLiteral("store"), store.identity()}});
+        return Reply::with(QVariantMap{{QStringLiteral("store"), store.identity()},
+                                       {QStringLiteral("bound"), true}});
     });
     m_registry.addEntries(names::audit,
                           [this](const QString &key) { return m_context.audit().page(key); }, {});
@@ -98,6 +101,8 @@ Reply Controller::handle(const Request &request)
         return Reply::refused(BadPayload, QStringLiteral("the payload is no plain value"));
     if (Reply conflict = m_context.audit().conflict(request); !conflict.ok())
         return conflict;
+    if (Reply refusal = m_releases->refusal(request); !refusal.ok())
+        return refusal;
     m_context.audit().setAuthor(request.author);
     Reply reply = m_registry.dispatch(request);
     m_context.audit().setAuthor({});

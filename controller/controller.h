@@ -13,6 +13,7 @@
 namespace welmo::controller {
 
 class Alarms;
+class Releases;
 
 /// The virtual robot controller: answers requests and tells what changed. A state machine without a
 /// thread, a timer or a connection; its owner calls handle() and tick() from one thread.
@@ -59,6 +60,7 @@ private:
     Surroundings m_surroundings;
     std::vector<std::unique_ptr<Subsystem>> m_subsystems;
     Alarms *m_alarms; // owned by m_subsystems
+    Releases *m_releases; // owned by m_subsystems
 };
 
 } // namespace welmo::controller

@@ -1,5 +1,7 @@
 #include "schema/filesets.h"
 
+#include <algorithm>
+
 namespace welmo::schema {
 
 WeaveSet::WeaveSet(double frequency)
@@ -35,6 +37,14 @@ const std::vector<const FileSet *> &fileSets()
 {
     static const std::vector<const FileSet *> sets{&arcOn(), &weld(), &arcOff(), &weave(), &seg()};
     return sets;
+}
+
+const FileSet *setOfFile(const QString &file)
+{
+    const auto &sets = fileSets();
+    const auto found = std::find_if(sets.begin(), sets.end(),
+                                    [&](const FileSet *set) { return set->hasFile(file); });
+    return found == sets.end() ? nullptr : *found;
 }
 
 } // namespace welmo::schema

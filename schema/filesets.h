@@ -49,5 +49,7 @@ const SegSet &seg();
 
 /// Every set of files that the controller keeps.
 const std::vector<const FileSet *> &fileSets();
+/// The set that has a file of this name; null if none has.
+const FileSet *setOfFile(const QString &file);
 
 } // namespace welmo::schema

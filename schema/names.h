@@ -22,6 +22,9 @@ inline const QString setWeldMode = QStringLiteral("arc_weld.set_weld_mode");
 inline const QString setWelder = QStringLiteral("arc_weld.set_welder");
 inline const QString enableWeldParam = QStringLiteral("arc_weld.enable_weld_param");
 inline const QString removePrefix = QStringLiteral("arc_weld.remove.");
+/// How far operators may trim a parameter file, by the file's name; see schema::Release.
+inline const QString released = QStringLiteral("arc_weld.released");
+inline const QString removeReleased = removePrefix + QStringLiteral("released");
 inline const QString wireFeed = QStringLiteral("arc_weld.wire_feed");
 inline const QString gasFlow = QStringLiteral("arc_weld.gas_flow");
 

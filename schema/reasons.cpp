@@ -62,6 +62,14 @@ const QHash<QString, const char *> &texts()
          QT_TRANSLATE_NOOP("Reasons", "stored data are damaged: %1")},
         {QStringLiteral("storage_failed"),
          QT_TRANSLATE_NOOP("Reasons", "the controller cannot keep data")},
+        {QStringLiteral("trim_current"),
+         QT_TRANSLATE_NOOP("Reasons", "%1: an operator may set a current of %3 to %4, not %2")},
+        {QStringLiteral("trim_voltage"),
+         QT_TRANSLATE_NOOP("Reasons", "%1: an operator may set a voltage of %3 to %4, not %2")},
+        {QStringLiteral("trim_weld_speed"),
+         QT_TRANSLATE_NOOP("Reasons", "%1: an operator may set a speed of %3 to %4, not %2")},
+        {QStringLiteral("trim_locked"),
+         QT_TRANSLATE_NOOP("Reasons", "%1 is released: an operator may not change \"%2\"")},
         {QStringLiteral("refused"), QT_TRANSLATE_NOOP("Reasons", "the controller refuses: %1")},
     };
     return table;

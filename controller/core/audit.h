@@ -28,6 +28,8 @@ public:
     QString complaint() const;
     /// Sets who is recorded for later writes.
     void setAuthor(const Author &author) { m_author = author; }
+    /// Who makes the present request.
+    const Author &author() const { return m_author; }
     /// Writes the changes and their records.
     bool write(const QVector<Store::Change> &changes);
 

@@ -133,14 +133,6 @@ Reply checked(const QVariant &payload, const Fields &fields, Missing missing)
     return Reply::with(map);
 }
 
-QVariant childAt(const QVariant &map, const QString &path)
-{
-    QVariant value = map;
-    for (const QString &part : path.split(QLatin1Char('.')))
-        value = value.toMap().value(part);
-    return value;
-}
-
 QVariantMap withChild(const QVariantMap &map, const QString &path, const QVariant &value)
 {
     QVariantMap result = map;

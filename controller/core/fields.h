@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controller/core/request.h"
+#include "schema/values.h"
 
 namespace welmo::controller {
 
@@ -35,8 +36,7 @@ enum class Missing { Allowed, Refused };
 /// since newer welders and pendants may know more than this controller.
 Reply checked(const QVariant &payload, const Fields &fields, Missing missing);
 
-/// The value at the dotted @p path in nested maps; invalid if there is none.
-QVariant childAt(const QVariant &map, const QString &path);
+using schema::childAt;
 /// @p map with @p value set at the dotted @p path; missing maps are made.
 QVariantMap withChild(const QVariantMap &map, const QString &path, const QVariant &value);
 

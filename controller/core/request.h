@@ -13,6 +13,7 @@ struct Author
     QString user = {};
     QString client = {}; ///< identifies the user's pendant
     QString time = {}; ///< date and time, as text for people
+    bool isBound = false; ///< may change released files only as far as operators may
 };
 
 /// One request to the controller, as a plain value.

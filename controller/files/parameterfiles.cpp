@@ -10,9 +10,9 @@ namespace {
 
 const QString nameKey = QStringLiteral("name");
 
-Reply noSuchFile(const schema::FileSet &set, const QString &file)
+Reply noSuchFile(const QString &node, const QString &file)
 {
-    return Reply::refused(UnknownKey, QStringLiteral("%1 has no file \"%2\"").arg(set.name, file));
+    return Reply::refused(UnknownKey, QStringLiteral("%1 has no file \"%2\"").arg(node, file));
 }
 
 } // namespace
@@ -22,6 +22,24 @@ Reply checkedFile(const schema::FileSet &set, const QVariant &payload)
     Reply reply = checked(payload, fieldsOf(set), Missing::Allowed);
     if (reply.ok() && !set.hasFile(childAt(reply.value, nameKey).toString()))
         return Reply::refused(BadPayload, QStringLiteral("name is no file of ") + set.name);
+    return reply;
+}
+
+Reply removeListed(ControllerContext &context, const QString &node, const QVariant &payload,
+                   const std::function<bool(const QString &file)> &canBeThere)
+{
+    if (!payload.canConvert<QStringList>() || payload.userType() == QMetaType::QString)
+        return Reply::refused(BadPayload, QStringLiteral("not a list of file names"));
+    const QStringList files = payload.toStringList();
+    const auto stranger = std::find_if_not(files.begin(), files.end(), canBeThere);
+    if (stranger != files.end())
+        return noSuchFile(node, *stranger);
+    Reply reply = context.remove(node, files);
+    QVariantMap gone;
+    for (const QString &file : files)
+        gone.insert(file, {});
+    if (reply.ok())
+        context.notify(node, gone);
     return reply;
 }
 
@@ -38,7 +56,8 @@ ParameterFiles::ParameterFiles(ControllerContext &context, Registry &registry)
             Registry::Entries::Apart);
         if (set.isRemovable) {
             registry.addCommand(set.removeCommand(), [this, &set](const Request &request) {
-                return remove(set, request.payload);
+                return removeListed(m_context, set.node(), request.payload,
+                                    [&set](const QString &file) { return set.hasFile(file); });
             });
         }
     }
@@ -48,14 +67,14 @@ Reply ParameterFiles::read(const schema::FileSet &set, const QString &file) cons
 {
     if (file.isEmpty())
         return m_context.loadAll(set.node());
-    return set.hasFile(file) ? m_context.load(set.node(), file) : noSuchFile(set, file);
+    return set.hasFile(file) ? m_context.load(set.node(), file) : noSuchFile(set.node(), file);
 }
 
 Reply ParameterFiles::write(const schema::FileSet &set, const QString &file,
                             const QVariant &payload)
 {
     if (!set.hasFile(file))
-        return noSuchFile(set, file);
+        return noSuchFile(set.node(), file);
     Reply content = checkedFile(set, payload);
     if (!content.ok())
         return content;
@@ -64,24 +83,6 @@ Reply ParameterFiles::write(const schema::FileSet &set, const QString &file,
     Reply reply = m_context.save(set.node(), file, content.value);
     if (reply.ok())
         m_context.notify(set.node(), QVariantMap{{file, content.value}});
-    return reply;
-}
-
-Reply ParameterFiles::remove(const schema::FileSet &set, const QVariant &payload)
-{
-    if (!payload.canConvert<QStringList>() || payload.userType() == QMetaType::QString)
-        return Reply::refused(BadPayload, QStringLiteral("not a list of file names"));
-    const QStringList files = payload.toStringList();
-    const auto stranger = std::find_if(files.begin(), files.end(),
-                                       [&set](const QString &file) { return !set.hasFile(file); });
-    if (stranger != files.end())
-        return noSuchFile(set, *stranger);
-    Reply reply = m_context.remove(set.node(), files);
-    QVariantMap gone;
-    for (const QString &file : files)
-        gone.insert(file, {});
-    if (reply.ok())
-        m_context.notify(set.node(), gone);
     return reply;
 }
 

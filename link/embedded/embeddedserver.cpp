@@ -91,7 +91,7 @@ LinkReply EmbeddedServer::carryOut(const LinkRequest &request)
 {
     const Role role = m_role;
     controller::Request wanted = toController(request);
-    wanted.author = {roleName(role), QStringLiteral("embedded"), timeOfDay()};
+    wanted.author = {roleName(role), QStringLiteral("embedded"), timeOfDay(), isBound(role)};
     // The controller refuses a request without a user.
     if (needOf(wanted).role > role)
         return {controller::NotAllowed, {}};

@@ -299,7 +299,8 @@ Reply CellService::carryOutPermitted(PendantSession &session, const Request &req
         return Reply::with(control(&session));
     if (request.path != names::takeControl && request.path != names::giveControl) {
         Request signedOne = request;
-        signedOne.author = {session.user, session.client, timeOfDay()};
+        signedOne.author = {session.user, session.client, timeOfDay(),
+                            isBound(m_roles.of(session.user))};
         return m_runner.controller()->handle(signedOne);
     }
     if (request.path == names::giveControl)

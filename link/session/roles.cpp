@@ -54,6 +54,7 @@ const QVector<Row> &table()
 
         {Kind::Command, names::loadProgram, {Role::Programmer, true}},
         {Kind::Command, names::removePrefix, {Role::Programmer}},
+        {Kind::Set, names::released, {Role::Programmer}},
         {Kind::Set, names::project, {Role::Programmer}},
 
         {Kind::Command, names::setAnticollision, {Role::Administrator, true}},

@@ -13,6 +13,12 @@ enum class Role { Nobody, Viewer, Operator, Programmer, Administrator };
 /// As in the file of users: "operator".
 QString roleName(Role role);
 
+/// Whether the role may change a released file only as far as its limits allow.
+inline bool isBound(Role role)
+{
+    return role < Role::Programmer;
+}
+
 /// What is needed for a request.
 struct Need
 {

@@ -253,6 +253,22 @@
         <translation>存储的数据已损坏：%1</translation>
     </message>
     <message>
+        <source>%1: an operator may set a current of %3 to %4, not %2</source>
+        <translation>%1：操作员可将电流设为 %3 至 %4，不能设为 %2</translation>
+    </message>
+    <message>
+        <source>%1: an operator may set a voltage of %3 to %4, not %2</source>
+        <translation>%1：操作员可将电压设为 %3 至 %4，不能设为 %2</translation>
+    </message>
+    <message>
+        <source>%1: an operator may set a speed of %3 to %4, not %2</source>
+        <translation>%1：操作员可将速度设为 %3 至 %4，不能设为 %2</translation>
+    </message>
+    <message>
+        <source>%1 is released: an operator may not change "%2"</source>
+        <translation>%1 已发布：操作员不能更改“%2”</translation>
+    </message>
+    <message>
         <source>the controller refuses: %1</source>
         <translation>控制器拒绝：%1</translation>
     </message>

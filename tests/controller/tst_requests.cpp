@@ -37,6 +37,11 @@ QVariantMap named(const QString &name, QVariantMap rest = {})
     return rest;
 }
 
+QVariantMap releasedFile()
+{
+    return named("arcdata1", {{"current", 180}, {"voltage", 20}, {"ramp_time", 200}});
+}
+
 QVariantMap item(const char *name)
 {
     return {{"id", name}, {"name", name}};
@@ -115,6 +120,10 @@ private slots:
              {"for inner node", Set, arcOn, file1, start("re_arcon", 5), BadPayload},
              {"long text", Set, arcOn, file1, start("x", QString(1 << 20, 'x')), BadPayload},
              {"no JSON", Set, arcOn, file1, start("x", QByteArray("x")), BadPayload},
+             {"no percentage", Set, released, file1, QVariantMap{{"current", 101}}, OutOfRange},
+             {"nothing to release", Set, released, "arcondata2", QVariantMap(), UnknownKey},
+             {"content of another file", Set, released, file1,
+              QVariantMap{{"content", named("arcondata2")}}, BadPayload},
              {"two times", Set, weave, "weavedata1", dwell(QVariantList{0, 0}), BadPayload}});
     }
     void refused()
@@ -126,6 +135,52 @@ private slots:
         QCOMPARE(fixture.controller.handle({kind, path, key, payload}).code, code);
         QCOMPARE(fixture.everything(), before);
         QVERIFY(fixture.told.isEmpty());
+    }
+    void operatorsTrimWhatIsReleased_data()
+    {
+        const auto data = [](const char *key, const QVariant &value) {
+            return with(releasedFile(), key, value);
+        };
+        const QString nothing;
+        // what an operator saves or welds on with, and the refusal
+        addRows<Kind, QVariantMap, QString>(
+            {{"within", Set, data("current", 189), nothing},
+             {"beyond", Set, data("current", 190), "trim_current arcdata1 190 171 189"},
+             {"locked by 0", Set, data("voltage", 20.1), "trim_voltage arcdata1 20.1 20 20"},
+             {"not named", Set, data("weld_speed", 11), "trim_weld_speed arcdata1 11 10 10"},
+             {"other value", Set, data("ramp_time", 300), "trim_locked arcdata1 ramp_time"},
+             {"other meaning", Set, data("current_mode", "wire_feed"),
+              "trim_locked arcdata1 current_mode"},
+             {"left as another set it", Set, data("annotation", "by anna"), nothing},
+             {"left out", Set, without(releasedFile(), "ramp_time"), nothing},
+             {"running weld", Do, data("current", 190), "trim_current arcdata1 190 171 189"},
+             {"running weld, within", Do, data("current", 171), nothing}});
+    }
+    void operatorsTrimWhatIsReleased()
+    {
+        const auto &[name, kind, file, refusal] = currentRow<Kind, QVariantMap, QString>();
+        const QString key = "arcdata1", node = "arc_weld.weld_param";
+        Fixture fixture;
+        const auto refused = [&](const Request &request) {
+            const QVariantMap why = fixture.controller.handle(request).value.toMap();
+            return (why["reason"].toString() + ' ' + why["arguments"].toStringList().join(' '))
+                .trimmed();
+        };
+        QVERIFY(fixture.set(node, key, releasedFile()).ok());
+        fixture.set(welmo::names::released, key, QVariantMap{{"current", 5}, {"voltage", 0}});
+        fixture.set(node, key, with(releasedFile(), "annotation", "by anna"));
+        const QString path = kind == Set ? node : enableWeldParam;
+        Author otto{"otto", "pendant 2", {}, true};
+        QCOMPARE(refused({kind, path, kind == Set ? key : QString(), file, {}, otto}), refusal);
+        otto.isBound = false;
+        QCOMPARE(refused({kind, path, kind == Set ? key : QString(), file, {}, otto}), QString());
+        // New percentages keep the released version; without a release all is open again.
+        fixture.set(welmo::names::released, key, QVariantMap{{"current", 100}});
+        const QVariant kept = fixture.get(welmo::names::released, key).value;
+        QCOMPARE(kept.toMap()["content"].toMap(), releasedFile());
+        QVERIFY(fixture.run(removeReleased, QStringList{key}).ok());
+        otto.isBound = true;
+        QCOMPARE(refused({Set, node, key, with(file, "mode", "x"), {}, otto}), QString());
     }
     void faultsRefuse_data()
     {

@@ -14,6 +14,7 @@ struct Fixture : CallFixture<welmo::links::EmbeddedLink>
             welmo::links::EmbeddedLink::Options{folder, [hands = hands] { return hands->read(); }});
     }
 
+    void becomeOperator() const { link->setRole(welmo::links::Role::Operator); }
     welmo::controller::Faults *faults() const { return link->faults(); }
     const welmo::controller::Journal &journal() const { return link->journal(); }
 };

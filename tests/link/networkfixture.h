@@ -23,6 +23,16 @@ struct Fixture : CallFixture<welmo::links::MqttLink>
             [hands = hands, steady] { return steady() + hands->now; }});
     }
 
+    void becomeOperator() const
+    {
+        QMetaObject::invokeMethod(
+            cell->service(),
+            [this] {
+                using namespace welmo::links;
+                cell->service()->setRoles(Roles({{"anna", Role::Operator}}));
+            },
+            Qt::BlockingQueuedConnection);
+    }
     welmo::controller::Faults *faults() const { return cell->service()->faults(); }
     const welmo::controller::Journal &journal() const { return cell->service()->journal(); }
 };

@@ -32,6 +32,22 @@ private slots:
         const UpFixture fixture(folder.path());
         QCOMPARE(fixture.load(3).value, QVariant(file(3, 30)));
     }
+    void anOperatorIsBoundToWhatIsReleased()
+    {
+        const UpFixture fixture;
+        const QString released = QStringLiteral("arc_weld.released");
+        QCOMPARE(fixture.save(3, 100).code, 0);
+        const QVariantMap limits{{"current", 10}};
+        QCOMPARE(fixture.call(Kind::Set, released, fileName(3), limits).code, 0);
+        fixture.becomeOperator();
+        QCOMPARE(fixture.save(3, 110).code, 0);
+        const LinkReply refused = fixture.call(Kind::Set, arcOn, fileName(3), file(3, 111));
+        QCOMPARE(refused.code, int(welmo::controller::NotAllowed));
+        QCOMPARE(refused.value.toMap().value("reason").toString(), QString("trim_current"));
+        QCOMPARE(fixture.load(3).value, QVariant(file(3, 110)));
+        QCOMPARE(fixture.call(Kind::Set, released, fileName(3), limits).code,
+                 int(welmo::controller::NotAllowed));
+    }
     void timeOutTakesItDownAtOnce()
     {
         for (const bool lost : {true, false}) {
