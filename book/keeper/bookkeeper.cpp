@@ -62,6 +62,11 @@ Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QOb
     m_writer = std::make_unique<SeamWriter>(m_keeping.get());
     m_files = std::make_unique<FileWatch>(m_keeping.get());
     connect(m_files.get(), &FileWatch::failed, this, &Bookkeeper::warn);
+    m_releases = std::make_unique<Releases>(m_keeping.get(), &m_cell, m_files.get());
+    connect(m_releases.get(), &Releases::failed, this, &Bookkeeper::warn);
+    connect(m_releases.get(), &Releases::breached, this, [this](const QString &line) {
+        warn(tr("%1; this controller lets it pass").arg(line));
+    });
     m_restorer = std::make_unique<Restorer>(m_keeping.get(), &m_cell);
     connect(m_restorer.get(), &Restorer::recovered, this, &Bookkeeper::warn);
     m_recorder = SeamRecorder(m_writer.get());
@@ -160,7 +165,9 @@ void Bookkeeper::listen()
     for (const QString &path :
          {names::welderState, names::weldMode, names::programState, names::alarms})
         xservice()->watch(this, path, true);
-    m_cellName = read(names::cellIdentity).value(QStringLiteral("store")).toString();
+    const QVariantMap identity = read(names::cellIdentity);
+    m_cellName = identity.value(QStringLiteral("store")).toString();
+    m_releases->listen(identity.value(QStringLiteral("bound")).toBool());
     m_recorder.setCell(m_cellName);
     m_restorer->recover(m_cellName);
     m_files->listen();

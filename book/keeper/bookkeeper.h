@@ -7,6 +7,7 @@
 
 #include "book/keeper/cellwriter.h"
 #include "book/keeper/filewatch.h"
+#include "book/keeper/releases.h"
 #include "book/keeper/restorer.h"
 #include "book/records/bookthread.h"
 #include "book/records/seamrecorder.h"
@@ -38,6 +39,7 @@ public:
     }
     const FileWatch &files() const { return *m_files; }
     CellWriter &cell() { return m_cell; }
+    Releases &releases() { return *m_releases; }
     Restorer &restorer() { return *m_restorer; }
     /// The name by which controllers are told apart; empty if this one has none.
     QString cellName() const { return m_cellName; }
@@ -88,6 +90,7 @@ private:
     SeamRecorder m_recorder;
     CellWriter m_cell;
     std::unique_ptr<Restorer> m_restorer;
+    std::unique_ptr<Releases> m_releases;
     QString m_cellName;
     double m_efficiency = SeamRecorder::usualEfficiency;
     QHash<QString, Limits> m_limits;

@@ -66,6 +66,7 @@ QVector<CellChange> placesOf(const BackupFile &file)
     }
     for (const schema::FileSet *set : schema::fileSets())
         addEntries(set->node());
+    addEntries(names::released);
     return places;
 }
 
@@ -100,6 +101,7 @@ std::optional<BackupFile> collectBackup(Bookkeeper *keeper, QString *problem)
         file.values.insert(names::project, *lists);
     else
         *problem = BackupFile::tr("%1 cannot be read").arg(names::project);
+    file.values.insert(names::released, keeper->releases().enforced());
     for (const Limits &limits : keeper->allLimits())
         file.limits.insert(limits.file, asMap(limits));
     return problem->isEmpty() ? std::optional<BackupFile>(file) : std::nullopt;
@@ -110,14 +112,15 @@ std::optional<QVector<RestoreItem>> differencesTo(const BackupFile &file, Bookke
 {
     QVector<RestoreItem> items;
     for (const CellChange &place : placesOf(file)) {
-        std::optional<QVariant> now = FileWatch::setOf(place.key)
+        const schema::FileSet *set = schema::setOfFile(place.key);
+        std::optional<QVariant> now = set && place.node == set->node()
             ? keeper->files().files().value(place.key)
             : keeper->cell().read(place.node, place.key);
         if (!now) {
             *problem = BackupFile::tr("%1 cannot be read").arg(place.node);
             return {};
         }
-        if (!sameValues(*now, place.value))
+        if (!holds(place, *now))
             items.append({place, *now});
     }
     for (auto it = file.limits.begin(); it != file.limits.end(); ++it) {

@@ -6,6 +6,7 @@
 #include "book/keeper/filedefaults.h"
 #include "book/keeper/filewatch.h"
 #include "book/records/filecontent.h"
+#include "schema/filesets.h"
 #include "schema/names.h"
 #include "schema/optionsets.h"
 #include "schema/reasons.h"
@@ -66,8 +67,8 @@ QString why(const kelp::ModuleObject *answer)
 // What to write to undo a change: an option set cannot be removed, so its defaults are written.
 QVariant insteadOf(const CellChange &change)
 {
-    const schema::FileSet *file = FileWatch::setOf(change.key);
-    if (file && !file->isRemovable)
+    const schema::FileSet *file = schema::setOfFile(change.key);
+    if (file && change.node == file->node() && !file->isRemovable)
         return defaultContent(*file, change.key);
     const std::initializer_list<const schema::Set *> options{
         &schema::running(), &schema::anticollision(), &schema::clamping()};
@@ -78,7 +79,23 @@ QVariant insteadOf(const CellChange &change)
     return {};
 }
 
+// Without what the controller adds itself.
+QVariant asWritten(const QString &node, const QVariant &value)
+{
+    QVariantMap map = value.toMap();
+    if (node != names::released)
+        return value;
+    map.remove(QStringLiteral("user"));
+    map.remove(QStringLiteral("time"));
+    return map;
+}
+
 } // namespace
+
+bool holds(const CellChange &change, const QVariant &stored)
+{
+    return sameValues(asWritten(change.node, stored), asWritten(change.node, change.value));
+}
 
 std::optional<QVariant> CellWriter::read(const QString &node, const QString &key)
 {
@@ -154,7 +171,7 @@ bool CellWriter::undo(QString *problem)
     if (!now)
         return false;
     for (int i = 0; i < now->size(); ++i) {
-        if (sameValues(now->at(i).value, step.after[i].value))
+        if (holds(step.after[i], now->at(i).value))
             continue;
         *problem = tr("%1 was changed since, so it is left as it is").arg(placeOf(step.after[i]));
         m_steps.removeLast();

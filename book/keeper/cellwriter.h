@@ -15,6 +15,9 @@ struct CellChange
     QVariant value; ///< invalid: removes the numbered file
 };
 
+/// Whether what is stored there is what the change writes.
+bool holds(const CellChange &change, const QVariant &stored);
+
 /// Changes what the controller keeps, through the host's service like all forms. Each step is
 /// carried out completely or taken back, and can be undone. GUI thread; each request waits for its
 /// answer.

@@ -59,14 +59,6 @@ FileWatch::FileWatch(BookThread *keeping, QObject *parent)
         follow(*set);
 }
 
-const schema::FileSet *FileWatch::setOf(const QString &file)
-{
-    const auto &sets = schema::fileSets();
-    const auto found = std::find_if(sets.begin(), sets.end(),
-                                    [&](const schema::FileSet *set) { return set->hasFile(file); });
-    return found == sets.end() ? nullptr : *found;
-}
-
 void FileWatch::follow(const schema::FileSet &set)
 {
     connect(xservice()->watchNode(set.node()), &kelp::ModuleObject::changed, this,
@@ -118,7 +110,7 @@ void FileWatch::readAll(const schema::FileSet &set)
 // A removed file is notified with an empty content or none.
 void FileWatch::take(const QString &file, const QVariant &content)
 {
-    if (!setOf(file))
+    if (!schema::setOfFile(file))
         return;
     if (content.toMap().isEmpty())
         m_files.remove(file);
@@ -137,6 +129,7 @@ void FileWatch::note(const QString &file)
     const FileVersion version{
         file, before.number + 1, QDateTime::currentMSecsSinceEpoch(), {}, content};
     m_newest.insert(file, version);
+    emit noted(file, contentFromJson(before.content), m_files.value(file));
     m_unnamed.append({file, version.number});
     m_soon.start();
     keep([version](FileHistory history) { return history.add(version); });

@@ -35,10 +35,10 @@ public:
     qint64 version(const QString &file) const { return m_newest.value(file).number; }
     FileVersion newest(const QString &file) const { return m_newest.value(file); }
 
-    static const schema::FileSet *setOf(const QString &file);
-
 signals:
     void changed();
+    /// A version was added; an invalid value stands for no file.
+    void noted(const QString &file, const QVariant &before, const QVariant &after);
     /// One line: what could not be stored.
     void failed(const QString &line);
 

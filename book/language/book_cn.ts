@@ -155,6 +155,10 @@
         <source>%1: %2 %3 %4 is outside its limits</source>
         <translation>%1：%2 %3 %4 超出限值</translation>
     </message>
+    <message>
+        <source>%1; this controller lets it pass</source>
+        <translation>%1；此控制器未予拒绝</translation>
+    </message>
 </context>
 <context>
     <name>welmo::book::CellWriter</name>
@@ -492,6 +496,10 @@
         <source>Variables</source>
         <translation>变量</translation>
     </message>
+    <message>
+        <source>Release of %1</source>
+        <translation>%1 的发布</translation>
+    </message>
 </context>
 <context>
     <name>welmo::book::FileCard</name>
@@ -554,6 +562,18 @@
     <message>
         <source>no difference</source>
         <translation>无差异</translation>
+    </message>
+    <message>
+        <source>Not released</source>
+        <translation>未发布</translation>
+    </message>
+    <message>
+        <source>A version that the book does not have, %1</source>
+        <translation>焊接记录中没有的版本，%1</translation>
+    </message>
+    <message>
+        <source>Version %1, %2</source>
+        <translation>版本 %1，%2</translation>
     </message>
 </context>
 <context>
@@ -657,6 +677,10 @@
         <source>taken back: %1</source>
         <translation>已撤销：%1</translation>
     </message>
+    <message>
+        <source>Release</source>
+        <translation>发布</translation>
+    </message>
 </context>
 <context>
     <name>welmo::book::LimitsPanel</name>
@@ -723,6 +747,92 @@
     <message>
         <source>Thermal efficiency, of every file</source>
         <translation>热效率（所有文件）</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::ReleasePanel</name>
+    <message>
+        <source>%1 ± %2 %</source>
+        <translation>%1 ± %2 %</translation>
+    </message>
+    <message>
+        <source>%1 locked</source>
+        <translation>%1锁定</translation>
+    </message>
+    <message>
+        <source>all locked</source>
+        <translation>全部锁定</translation>
+    </message>
+    <message>
+        <source>released %1 by %2: %3</source>
+        <translation>由 %2 于 %1 发布：%3</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>，</translation>
+    </message>
+    <message>
+        <source>Release the file as it is now</source>
+        <translation>按当前内容发布</translation>
+    </message>
+    <message>
+        <source>at most</source>
+        <translation>最多</translation>
+    </message>
+    <message>
+        <source>an operator may set</source>
+        <translation>操作员可设</translation>
+    </message>
+    <message>
+        <source>0 locks a value. All other values of a released file are locked for operators; programmers and administrators are not bound.</source>
+        <translation>0 表示锁定。已发布文件的其他值对操作员全部锁定；编程员和管理员不受限制。</translation>
+    </message>
+    <message>
+        <source>Withdraw</source>
+        <translation>撤销发布</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>What an operator may change in %1</source>
+        <translation>操作员可在 %1 中更改的内容</translation>
+    </message>
+    <message>
+        <source>Changed since: %1</source>
+        <translation>此后的更改：%1</translation>
+    </message>
+    <message>
+        <source>not released: an operator may change everything</source>
+        <translation>未发布：操作员可更改全部内容</translation>
+    </message>
+    <message>
+        <source>%1. This controller does not refuse anything: the weld book warns in the message log after a change that goes too far.</source>
+        <translation>%1。此控制器不拒绝任何更改：超限更改后，焊接记录会在消息日志中发出警告。</translation>
+    </message>
+    <message>
+        <source>%1 is released</source>
+        <translation>%1 已发布</translation>
+    </message>
+    <message>
+        <source>%1 is no longer released</source>
+        <translation>%1 已不再发布</translation>
+    </message>
+</context>
+<context>
+    <name>welmo::book::Releases</name>
+    <message>
+        <source>%1 released</source>
+        <translation>%1 已发布</translation>
+    </message>
+    <message>
+        <source>%1: release withdrawn</source>
+        <translation>%1：发布已撤销</translation>
     </message>
 </context>
 <context>

@@ -14,6 +14,7 @@
 #include "book/pages/backuppage.h"
 #include "book/pages/filespage.h"
 #include "book/pages/limitspanel.h"
+#include "book/pages/releasepanel.h"
 #include "book/pages/trendpage.h"
 #include "book/pages/weldspage.h"
 
@@ -40,16 +41,25 @@ BookPage::BookPage(Bookkeeper *keeper, QWidget *parent, QObject *owner)
 
     auto *welds = new WeldsPage(keeper, m_pages);
     auto *limits = new LimitsPanel(keeper, m_pages);
+    auto *release = new ReleasePanel(keeper, m_pages);
     addTab(bar, tr("Welds"), "btnWelds", welds);
     addTab(bar, tr("Trend"), "btnTrend", new TrendPage(keeper, m_pages));
-    addTab(bar, tr("Files"), "btnFiles", new FilesPage(keeper, m_pages));
+    auto *files = new FilesPage(keeper, m_pages);
+    addTab(bar, tr("Files"), "btnFiles", files);
     addTab(bar, tr("Backup"), "btnBackup", new BackupPage(keeper, m_pages));
     m_pages->addWidget(limits);
+    m_pages->addWidget(release);
     connect(welds, &WeldsPage::limitsWanted, this, [this, limits](const QString &file) {
         limits->edit(file);
         m_pages->setCurrentWidget(limits);
     });
     connect(limits, &LimitsPanel::done, this, [this, welds] { m_pages->setCurrentWidget(welds); });
+    connect(files, &FilesPage::releaseWanted, this, [this, release](const QString &file) {
+        release->edit(file);
+        m_pages->setCurrentWidget(release);
+    });
+    connect(release, &ReleasePanel::done, this,
+            [this, files] { m_pages->setCurrentWidget(files); });
 
     auto *column = new QVBoxLayout(m_wgt);
     column->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,7 @@
 #include "book/pages/controls.h"
 
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QListView>
 #include <QScroller>
@@ -42,6 +43,16 @@ QComboBox *makeCombo(const QString &name, QWidget *parent)
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setMinimumContentsLength(fewestLetters);
     return combo;
+}
+
+QDoubleSpinBox *makeNumber(const QString &name, QWidget *parent)
+{
+    auto *box = new QDoubleSpinBox(parent);
+    box->setObjectName(name);
+    box->setLocale(QLocale::c());
+    box->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    box->setMinimumWidth(140);
+    return box;
 }
 
 } // namespace welmo::book

@@ -3,6 +3,7 @@
 #include <QString>
 
 class QComboBox;
+class QDoubleSpinBox;
 class QTableView;
 class QWidget;
 
@@ -12,5 +13,7 @@ namespace welmo::book {
 QTableView *makeTable(const QString &name, QWidget *parent);
 /// A combo box that keeps its width whatever its items are.
 QComboBox *makeCombo(const QString &name, QWidget *parent);
+/// A box for a number, to be typed.
+QDoubleSpinBox *makeNumber(const QString &name, QWidget *parent);
 
 } // namespace welmo::book

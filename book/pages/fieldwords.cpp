@@ -192,6 +192,8 @@ QString FieldWords::place(const CellChange &change)
                                         {QStringLiteral("var"), tr("Variables")}};
     if (change.node.isEmpty())
         return tr("Limits of %1").arg(change.key);
+    if (change.node == names::released)
+        return tr("Release of %1").arg(change.key);
     return change.node == names::project
         ? lists.value(change.key.section(QLatin1Char('.'), 0, 0), change.key)
         : words.value(change.node, change.key);
@@ -199,13 +201,13 @@ QString FieldWords::place(const CellChange &change)
 
 QString FieldWords::changes(const RestoreItem &item)
 {
-    const schema::FileSet *set = FileWatch::setOf(item.change.key);
+    const schema::FileSet *set = schema::setOfFile(item.change.key);
     if (!item.now.isValid())
         return tr("is not there");
     if (item.change.value.userType() == QMetaType::QVariantList)
         return tr("%1 items differ")
             .arg(differingItems(item.now.toList(), item.change.value.toList()));
-    if (set && !item.change.node.isEmpty())
+    if (set && item.change.node == set->node())
         return changes(*set, item.now, item.change.value);
     return tr("%1 values differ").arg(differences(item.now, item.change.value).size());
 }

@@ -7,13 +7,16 @@
 #include <QListView>
 #include <QStandardItemModel>
 #include <QTableView>
+#include <algorithm>
 
 #include "book/keeper/bookkeeper.h"
 #include "book/keeper/filewatch.h"
 #include "book/pages/controls.h"
 #include "book/pages/fieldwords.h"
+#include "book/pages/releasepanel.h"
 #include "book/pages/words.h"
 #include "book/records/filecontent.h"
+#include "schema/filesets.h"
 
 namespace welmo::book {
 
@@ -36,6 +39,7 @@ void addRow(QStandardItemModel *model, const QStringList &texts)
 FileCard::FileCard(Bookkeeper *keeper, QWidget *parent)
     : QWidget(parent)
     , m_keeper(keeper)
+    , m_release(makeLabel({}, "value", this))
     , m_history(makeTable(QStringLiteral("tblVersions"), this))
     , m_historyModel(new QStandardItemModel(this))
     , m_with(makeCombo(QStringLiteral("cbxCompareWith"), this))
@@ -55,11 +59,17 @@ FileCard::FileCard(Bookkeeper *keeper, QWidget *parent)
     auto *right = new QVBoxLayout;
     right->addLayout(head);
     right->addWidget(m_differences, 1);
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    m_release->setObjectName(QStringLiteral("lblRelease"));
+    m_release->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    auto *row = new QHBoxLayout;
     row->setSpacing(12);
     row->addWidget(m_history, 1);
     row->addLayout(right, 1);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    column->addWidget(m_release);
+    column->addLayout(row, 1);
     connect(m_with, QOverload<int>::of(&QComboBox::activated), this, &FileCard::compare);
 }
 
@@ -108,10 +118,31 @@ void FileCard::showVersions(const QVector<FileVersion> &versions)
                {QString::number(versions[i].number), Words::moment(versions[i].time),
                 Words::text(versions[i].user), changesText(versions[i], versions.value(i + 1))});
     }
+    showRelease();
     if (!versions.isEmpty())
         m_history->selectRow(row);
     else
         compare();
+}
+
+void FileCard::showRelease()
+{
+    const schema::FileSet *set = schema::setOfFile(m_file);
+    if (!m_keeper || !set)
+        return m_release->clear();
+    const schema::Release release = m_keeper->releases().of(m_file);
+    const auto version =
+        std::find_if(m_versions.begin(), m_versions.end(), [&](const FileVersion &one) {
+            return differences(contentFromJson(one.content), release.content).isEmpty();
+        });
+    if (!release.exists())
+        m_release->setText(tr("Not released"));
+    else if (version == m_versions.end())
+        m_release->setText(
+            tr("A version that the book does not have, %1").arg(releaseText(*set, release)));
+    else
+        m_release->setText(
+            tr("Version %1, %2").arg(version->number).arg(releaseText(*set, release)));
 }
 
 QString FileCard::changesText(const FileVersion &version, const FileVersion &before) const
@@ -120,7 +151,7 @@ QString FileCard::changesText(const FileVersion &version, const FileVersion &bef
         return tr("removed");
     if (!before.exists())
         return before.number ? tr("made again") : tr("as found");
-    return FieldWords::changes(*FileWatch::setOf(version.file), contentFromJson(before.content),
+    return FieldWords::changes(*schema::setOfFile(version.file), contentFromJson(before.content),
                                contentFromJson(version.content));
 }
 
@@ -131,7 +162,7 @@ void FileCard::fillOthers()
     m_with->clear();
     m_with->addItem(tr("the version before"), QString());
     m_with->addItem(tr("the file as it is now"), m_file);
-    const schema::FileSet *set = FileWatch::setOf(m_file);
+    const schema::FileSet *set = schema::setOfFile(m_file);
     if (m_keeper && set) {
         for (const QString &file : set->fileNames()) {
             if (file != m_file && m_keeper->files().files().contains(file))
@@ -170,7 +201,7 @@ void FileCard::showDifferences(const FileVersion &left, const FileVersion &right
 {
     const QVariant here = contentFromJson(left.content);
     const QVariant there = contentFromJson(right.content);
-    const schema::FileSet &set = *FileWatch::setOf(left.file);
+    const schema::FileSet &set = *schema::setOfFile(left.file);
     m_differencesModel->clear();
     m_differencesModel->setHorizontalHeaderLabels(
         {tr("Value"), tr("version %1").arg(left.number), title});

@@ -26,6 +26,8 @@ public:
     void showFile(const QString &file);
     /// The chosen version; its number is 0 if there is none.
     FileVersion chosen() const;
+    /// Shows what is released of the file, again after a change.
+    void showRelease();
 
 signals:
     void versionChosen();
@@ -39,6 +41,7 @@ private:
     QString changesText(const FileVersion &version, const FileVersion &before) const;
 
     QPointer<Bookkeeper> m_keeper;
+    QLabel *m_release;
     QTableView *m_history;
     QStandardItemModel *m_historyModel;
     QComboBox *m_with;

@@ -5,6 +5,7 @@
 #include "book/keeper/filewatch.h"
 #include "book/pages/fieldwords.h"
 #include "book/pages/words.h"
+#include "schema/filesets.h"
 
 namespace welmo::book {
 
@@ -44,7 +45,7 @@ QString FileModel::textOf(const Row &row, int column) const
     case Annotation:
         return row.content.toMap().value(QStringLiteral("annotation")).toString();
     case MainValues:
-        return FieldWords::mainValues(*FileWatch::setOf(row.file), row.content);
+        return FieldWords::mainValues(*schema::setOfFile(row.file), row.content);
     case Changed:
         return row.newest.number ? Words::moment(row.newest.time) : QString();
     case By:

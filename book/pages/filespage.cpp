@@ -35,7 +35,7 @@ struct Answer
 CellChange write(const QString &file, QVariantMap content)
 {
     content.insert(nameKey, file);
-    return {FileWatch::setOf(file)->node(), file, content};
+    return {schema::setOfFile(file)->node(), file, content};
 }
 
 } // namespace
@@ -65,6 +65,7 @@ FilesPage::FilesPage(Bookkeeper *keeper, QWidget *parent)
         if (isVisible())
             reload();
     });
+    connect(&keeper->releases(), &Releases::changed, m_card, &FileCard::showRelease);
     connect(&keeper->cell(), &CellWriter::stepsChanged, this, &FilesPage::updateActions);
     updateActions();
 }
@@ -112,6 +113,7 @@ QWidget *FilesPage::makeActions()
     m_back = addAction(row, tr("Back to this version"), "btnBackToVersion", &FilesPage::goBack);
     m_defaults = addAction(row, tr("Defaults"), "btnFileDefaults", &FilesPage::useDefaults);
     m_remove = addAction(row, tr("Remove"), "btnRemoveFile", &FilesPage::remove);
+    m_release = addAction(row, tr("Release"), "btnReleaseFile", &FilesPage::release);
     m_last->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_last->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     row->addWidget(m_last, 1);
@@ -193,7 +195,7 @@ void FilesPage::onChosen()
     m_card->showFile(now);
     if (now != m_shown) {
         m_target->clear();
-        if (const schema::FileSet *set = FileWatch::setOf(now))
+        if (const schema::FileSet *set = schema::setOfFile(now))
             m_target->addItems(set->fileNames());
         m_shown = now;
     }
@@ -202,9 +204,9 @@ void FilesPage::onChosen()
 
 void FilesPage::updateActions()
 {
-    const schema::FileSet *set = FileWatch::setOf(file());
+    const schema::FileSet *set = schema::setOfFile(file());
     for (QWidget *one : {static_cast<QWidget *>(m_copy), static_cast<QWidget *>(m_target),
-                         static_cast<QWidget *>(m_defaults)})
+                         static_cast<QWidget *>(m_defaults), static_cast<QWidget *>(m_release)})
         one->setEnabled(set);
     m_remove->setEnabled(set && set->isRemovable);
     m_back->setEnabled(set && m_card->chosen().exists()
@@ -244,7 +246,7 @@ void FilesPage::goBack()
 void FilesPage::useDefaults()
 {
     const QString name = file();
-    if (const schema::FileSet *set = FileWatch::setOf(name))
+    if (const schema::FileSet *set = schema::setOfFile(name))
         carryOut(tr("%1 set to the defaults").arg(name), write(name, defaultContent(*set, name)));
 }
 
@@ -264,8 +266,13 @@ void FilesPage::removeUnlessUsed(const QString &name)
     const QVector<ProgramUse> uses = m_uses.value(name);
     if (!uses.isEmpty())
         m_keeper->tellError(tr("%1 stays, programs use it: %2").arg(name, usesText(uses)));
-    else if (const schema::FileSet *set = FileWatch::setOf(name))
+    else if (const schema::FileSet *set = schema::setOfFile(name))
         carryOut(tr("%1 removed").arg(name), {set->node(), name, {}});
+}
+
+void FilesPage::release()
+{
+    emit releaseWanted(file());
 }
 
 void FilesPage::undo()

@@ -25,6 +25,9 @@ class FilesPage : public QWidget
 public:
     FilesPage(Bookkeeper *keeper, QWidget *parent);
 
+signals:
+    void releaseWanted(const QString &file);
+
 protected:
     void showEvent(QShowEvent *event) override;
 
@@ -44,6 +47,7 @@ private:
     void useDefaults();
     void remove();
     void undo();
+    void release();
     void removeUnlessUsed(const QString &file);
     void carryOut(const QString &title, const CellChange &change);
 
@@ -61,6 +65,7 @@ private:
     QPushButton *m_back;
     QPushButton *m_defaults;
     QPushButton *m_remove;
+    QPushButton *m_release;
     QPushButton *m_undo;
     QLabel *m_last;
     QString m_shown;

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "book/keeper/bookkeeper.h"
+#include "book/pages/controls.h"
 #include "book/pages/words.h"
 
 namespace welmo::book {
@@ -61,11 +62,7 @@ LimitsPanel::LimitsPanel(Bookkeeper *keeper, QWidget *parent)
 
 QDoubleSpinBox *LimitsPanel::addBox(QGridLayout *grid, int row, int column, const QString &name)
 {
-    auto *box = new QDoubleSpinBox(this);
-    box->setObjectName(name);
-    box->setLocale(QLocale::c());
-    box->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    box->setMinimumWidth(140);
+    QDoubleSpinBox *box = makeNumber(name, this);
     grid->addWidget(box, row, column);
     return box;
 }

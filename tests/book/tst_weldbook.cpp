@@ -11,9 +11,11 @@
 #include "book/records/seambook.h"
 #include "host/fakelink.h"
 #include "pando/frame.h"
+#include "support/datarows.h"
 #include "support/files.h"
 #include "tessa/host.h"
 
+using namespace testsupport;
 using namespace welmo::book;
 
 namespace {
@@ -34,7 +36,8 @@ class Cell
 {
 public:
     explicit Cell(const QString &folder,
-                  const QVariantMap &files = {{"arcdata3", file("arcdata3", 100)}})
+                  const QVariantMap &files = {{"arcdata3", file("arcdata3", 100)}},
+                  bool enforcesReleases = false)
         : host({folder})
         , m_frame(new pando::CenterWidget(&window))
     {
@@ -48,6 +51,7 @@ public:
         link->node("arc_weld.welder_state", QVariantMap{{"state", "ok"}});
         link->node("arc_weld.weld_mode", QVariantMap{{"mode", "real"}});
         link->node("arc_weld.weld_param", files);
+        link->node("cell.identity", QVariantMap{{"bound", enforcesReleases}});
         host.setLink(std::move(made));
         link->setUp(true);
         QCoreApplication::processEvents();
@@ -217,6 +221,41 @@ private slots:
         QVERIFY(seams[0].weldVersion > seams[1].weldVersion);
         QCOMPARE(seams[0].efficiency, 0.6);
         QCOMPARE(book->setting("efficiency"), QString("0.6"));
+    }
+    void whatIsReleasedIsKeptAndWatched_data()
+    {
+        addRows<bool>({{"by the controller", true}, {"by the book, afterwards", false}});
+    }
+    void whatIsReleasedIsKeptAndWatched()
+    {
+        const auto &[name, enforced] = currentRow<bool>();
+        const QTemporaryDir folder;
+        for (const bool again : {false, true}) {
+            Cell cell(folder.path(), {{"arcdata3", Cell::file("arcdata3", 100)}}, enforced);
+            cell.openFiles();
+            if (!again) {
+                cell.click("btnReleaseFile");
+                cell.window.findChild<QDoubleSpinBox *>("sbxTrim_current")->setValue(10);
+                cell.click("btnReleaseSave");
+                QTRY_VERIFY(cell.logHas("arcdata3 is released"));
+                const QStringList sent = cell.link->log.filter("S arc_weld.released arcdata3 ");
+                QCOMPARE(sent.size(), enforced ? 1 : 0);
+                QVERIFY(!enforced || sent[0].contains(R"("current":100,"name":"arcdata3")"));
+                QVERIFY(!enforced || sent[0].contains(R"("current":10)"));
+                const QVariantMap release{
+                    {"content", Cell::file("arcdata3", 100)}, {"current", 10}, {"user", "anna"}};
+                emit cell.link->notified("arc_weld.released", QVariantMap{{"arcdata3", release}});
+            }
+            QTRY_COMPARE(cell.text("tblVersions", 0, 0), QString(again ? "4" : "1"));
+            const auto *line = cell.window.findChild<QLabel *>("lblRelease");
+            QTRY_VERIFY((enforced && again) || line->text().contains("Current ± 10 %"));
+            QCOMPARE(line->text().contains("anna"), enforced && !again);
+            cell.change({{"arcdata3", Cell::file("arcdata3", again ? 100 : 110)}});
+            QVERIFY(again || !cell.logHas("an operator may set"));
+            cell.change({{"arcdata3", Cell::file("arcdata3", 111)}});
+            QTRY_COMPARE(cell.logHas("arcdata3: an operator may set a current of 90 to 110"),
+                         !enforced);
+        }
     }
     void aStepThatIsRefusedOrOutdatedIsTold()
     {
