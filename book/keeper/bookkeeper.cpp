@@ -61,6 +61,8 @@ Bookkeeper::Bookkeeper(const QString &folder, const QString &programsFolder, QOb
     setObjectName(QStringLiteral("weldbook")); // who speaks in the message log
     m_writer = std::make_unique<SeamWriter>(m_keeping.get());
     m_files = std::make_unique<FileWatch>(m_keeping.get());
+    connect(m_files.get(), &FileWatch::noted, this,
+            [this](const QString &file) { m_recorder.tellFile(file); });
     connect(m_files.get(), &FileWatch::failed, this, &Bookkeeper::warn);
     m_releases = std::make_unique<Releases>(m_keeping.get(), &m_cell, m_files.get());
     connect(m_releases.get(), &Releases::failed, this, &Bookkeeper::warn);
@@ -212,11 +214,11 @@ FileInUse Bookkeeper::fileInUse(const QString &file) const
     const QVariantMap content = m_files->files().value(file).toMap();
     FileInUse use;
     use.version = m_files->version(file);
-    use.current = setValue(content, "current_mode", "current", "current");
-    use.voltage = setValue(content, "voltage_mode", "separate", "voltage");
+    use.set.current = setValue(content, "current_mode", "current", "current");
+    use.set.voltage = setValue(content, "voltage_mode", "separate", "voltage");
     const double speed = content.value(QStringLiteral("weld_speed")).toDouble();
     if (speed > 0) // 0 means that the program gives the speed
-        use.speed = speed;
+        use.set.speed = speed;
     return use;
 }
 

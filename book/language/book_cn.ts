@@ -936,6 +936,10 @@
         <source>Touch a weld to see its record.</source>
         <translation>点按焊缝查看其记录。</translation>
     </message>
+    <message>
+        <source>%1, trimmed %2×</source>
+        <translation>%1，已微调 %2 次</translation>
+    </message>
 </context>
 <context>
     <name>welmo::book::SeamModel</name>

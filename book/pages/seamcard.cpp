@@ -20,6 +20,12 @@ QString file(const QString &name, qint64 version)
     return version > 0 ? QStringLiteral("%1 (v%2)").arg(name).arg(version) : name;
 }
 
+QString weldFile(const Seam &seam)
+{
+    const QString text = file(seam.weldFile, seam.weldVersion);
+    return seam.trims > 0 ? SeamCard::tr("%1, trimmed %2×").arg(text).arg(seam.trims) : text;
+}
+
 } // namespace
 
 SeamCard::SeamCard(QWidget *parent)
@@ -78,7 +84,7 @@ QWidget *SeamCard::makeFacts()
                                       : tr("%1, line %2").arg(seam.program).arg(seam.line);
     });
     addFact(tr("Ended"), [](const Seam &seam) { return Words::ending(seam.ended); });
-    addFact(tr("Welding"), [](const Seam &seam) { return file(seam.weldFile, seam.weldVersion); });
+    addFact(tr("Welding"), weldFile);
     addFact(tr("Arc start"),
             [](const Seam &seam) { return file(seam.arconFile, seam.arconVersion); });
     addFact(tr("Mode"), [](const Seam &seam) { return Words::mode(seam.mode); });

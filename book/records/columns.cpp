@@ -105,6 +105,7 @@ std::vector<Column> makeColumns()
         column("weld_version", &Seam::weldVersion),
         column("arcoff_file", &Seam::arcoffFile),
         column("arcoff_version", &Seam::arcoffVersion),
+        column("trims", &Seam::trims),
         column("set_current", &Seam::setCurrent, "A"),
         column("set_voltage", &Seam::setVoltage, "V"),
         column("set_speed", &Seam::setSpeed, "mm/s"),

@@ -37,8 +37,11 @@ public:
     {
         if (!m_database.transaction())
             return fail(m_database.lastError().text());
-        if (work() && m_database.commit())
+        const bool worked = work();
+        if (worked && m_database.commit())
             return true;
+        if (worked)
+            m_error = m_database.lastError().text().simplified();
         m_database.rollback();
         return false;
     }

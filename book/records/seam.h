@@ -41,6 +41,7 @@ struct Seam
     QString user;
     QString arconFile, weldFile, arcoffFile;
     qint64 arconVersion = 0, weldVersion = 0, arcoffVersion = 0; ///< of the files; 0: unknown
+    int trims = 0; ///< how often the welding file or its set values changed during the weld
     std::optional<double> setCurrent; ///< A
     std::optional<double> setVoltage; ///< V
     std::optional<double> setSpeed; ///< mm/s

@@ -78,6 +78,7 @@ void SeamRecorder::tellWelder(const QVariantMap &news, const Moment &now)
         followPhase(begins ? QString() : before);
     if (m_file != fileBefore || begins)
         followFile(m_file);
+    takeSetValues(news);
     if (isUnderWay())
         m_quietSince = -1;
     else if (m_quietSince < 0)
@@ -133,10 +134,45 @@ void SeamRecorder::followFile(const QString &file)
             m_judge = Judge(m_seam.isReal() ? limitsOf(file) : Limits{});
         m_seam.weldFile = file;
         m_seam.weldVersion = use.version;
-        m_seam.setCurrent = use.current;
-        m_seam.setVoltage = use.voltage;
-        m_seam.setSpeed = use.speed;
+        setTo(m_set == SetValues{} ? use.set : m_set);
     }
+}
+
+void SeamRecorder::setTo(const SetValues &values)
+{
+    m_seam.setCurrent = values.current;
+    m_seam.setVoltage = values.voltage;
+    m_seam.setSpeed = values.speed;
+}
+
+// A running weld follows its file; from the arc's end on nothing is welded with it any more.
+void SeamRecorder::tellFile(const QString &file)
+{
+    if (!m_open || m_quietSince >= 0 || file != m_file)
+        return;
+    followFile(file);
+    if (file == m_seam.weldFile && m_set == SetValues{}) // else the set values tell it
+        ++m_seam.trims;
+}
+
+// Without a seam they are told as 0.
+void SeamRecorder::takeSetValues(const QVariantMap &news)
+{
+    const auto take = [&](const char *key, std::optional<double> *value) {
+        const double told = news.value(QLatin1String(key)).toDouble();
+        if (news.contains(QLatin1String(key)))
+            *value = told > 0 ? std::optional<double>(told) : std::nullopt;
+    };
+    const SetValues before = m_set;
+    take("set_current", &m_set.current);
+    take("set_voltage", &m_set.voltage);
+    take("set_speed", &m_set.speed);
+    const bool ended = m_set == SetValues{} || m_quietSince >= 0;
+    if (m_set == before || ended || m_file != m_seam.weldFile)
+        return;
+    setTo(m_set);
+    if (!(before == SetValues{}))
+        ++m_seam.trims;
 }
 
 void SeamRecorder::tellProgram(const QVariantMap &news)

@@ -19,13 +19,24 @@ struct Moment
     static Moment now();
 };
 
+/// What a weld is set to.
+struct SetValues
+{
+    std::optional<double> current; ///< A
+    std::optional<double> voltage; ///< V
+    std::optional<double> speed; ///< mm/s
+
+    bool operator==(const SetValues &other) const
+    {
+        return current == other.current && voltage == other.voltage && speed == other.speed;
+    }
+};
+
 /// The welding file in use: its version, and its set values.
 struct FileInUse
 {
     qint64 version = 0;
-    std::optional<double> current;
-    std::optional<double> voltage;
-    std::optional<double> speed;
+    SetValues set = {};
 };
 
 /// Receives what a recorder finds out.
@@ -67,6 +78,8 @@ public:
 
     /// A notification of "arc_weld.welder_state": only the keys that changed.
     void tellWelder(const QVariantMap &news, const Moment &now);
+    /// The controller has a new version of this file.
+    void tellFile(const QString &file);
     /// A notification of the running program: any of name, state, line, message.
     void tellProgram(const QVariantMap &news);
     /// All stored alarms, as {id, code, arguments, …}; one is new if its id is.
@@ -88,6 +101,8 @@ private:
     void takeCounters(const QVariantMap &news);
     void followPhase(const QString &phase);
     void followFile(const QString &file);
+    void takeSetValues(const QVariantMap &news);
+    void setTo(const SetValues &values);
     void open(const Moment &now);
     void takePlace();
     void close(const QString &how, const Moment &now);
@@ -109,6 +124,7 @@ private:
     QString m_phase, m_state, m_file;
     QVariantMap m_program;
     qint64 m_lastAlarm = -1; ///< its id; -1 before the first reading
+    SetValues m_set; ///< what the controller says is set; empty if it does not tell
     double m_distance = 0;
     double m_wire = 0;
     bool m_tellsPhase = false;

@@ -54,6 +54,8 @@ public:
     bool holdsTorch() const;
     /// The open seam's welding speed, mm/s; 0 if its file leaves that to the program.
     double seamSpeed() const { return m_seam ? m_seam->speed : 0; }
+    /// What the open seam's file sets, trims included; 0 without a seam.
+    Setpoint setpoint() const { return m_seam ? m_seam->setpoint : Setpoint{}; }
     double torchSpeed() const { return isWelding() ? std::abs(m_torchSpeed) : 0; }
     /// The line that opened the seam; kept after its end.
     const ProgramPlace &seamPlace() const { return m_seamPlace; }

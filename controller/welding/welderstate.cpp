@@ -19,7 +19,9 @@ const QString wordKeys[]{QStringLiteral("state"),        QStringLiteral("phase")
                          QStringLiteral("line"),         QStringLiteral("user")};
 const QString numberKeys[]{QStringLiteral("current"),          QStringLiteral("voltage"),
                            QStringLiteral("welding_speed"),    QStringLiteral("welding_time"),
-                           QStringLiteral("welding_distance"), QStringLiteral("welding_wire_used")};
+                           QStringLiteral("welding_distance"), QStringLiteral("welding_wire_used"),
+                           QStringLiteral("set_current"),      QStringLiteral("set_voltage"),
+                           QStringLiteral("set_speed")};
 constexpr int current = 0;
 constexpr int voltage = 1;
 const QString rateKey = QStringLiteral("rate");
@@ -118,8 +120,10 @@ WelderState::Words WelderState::words() const
 WelderState::Numbers WelderState::numbers() const
 {
     const Arc &arc = m_weld.process().arc();
+    const Setpoint set = m_weld.setpoint();
     return {rounded(arc.current(), 1), rounded(arc.voltage(), 1),  rounded(m_weld.torchSpeed(), 1),
-            rounded(arc.minutes(), 3), rounded(arc.distance(), 1), rounded(arc.wireUsed(), 3)};
+            rounded(arc.minutes(), 3), rounded(arc.distance(), 1), rounded(arc.wireUsed(), 3),
+            rounded(set.current, 1),   rounded(set.voltage, 1),    rounded(m_weld.seamSpeed(), 1)};
 }
 
 Reply WelderState::setRate(const QVariant &payload)

@@ -32,7 +32,7 @@ public:
 
 private:
     using Words = std::array<QVariant, 6>;
-    using Numbers = std::array<double, 6>;
+    using Numbers = std::array<double, 9>;
 
     Words words() const;
     Numbers numbers() const;

@@ -37,6 +37,11 @@ public:
                 recorder.tick(now);
         }
     }
+    void forget()
+    {
+        seams.clear();
+        course.clear();
+    }
     /// A seam as the virtual controller tells it.
     void weld(int ms, double current = 180)
     {
@@ -60,6 +65,14 @@ public:
         pass(1000);
     }
 
+    /// The welding file is trimmed and saved.
+    void save(const QString &name)
+    {
+        file = {8, {190, {}, {}}};
+        recorder.tellFile(name);
+    }
+
+    welmo::book::FileInUse file;
     welmo::book::Moment now{1700000000000, 60, 1000};
     welmo::book::SeamRecorder recorder{this};
     QVector<welmo::book::Seam> seams;

@@ -167,18 +167,39 @@ private slots:
             }
         });
     }
+    // Each operation fails once, as on a full disk: that is said, and the book goes on.
     void aDiskThatRefusesIsToldAndTheBookGoesOn()
     {
         RecordedDisk disk;
-        const QTemporaryDir folder;
-        const auto book = openBook(folder.filePath("book.db"));
-        Seam seam = seamAt(1000);
-        QVERIFY(book->begin(&seam));
-        disk.start(0);
-        QVERIFY(!book->append(seam.id, samplesOf(10, 100)));
-        QVERIFY(!book->errorText().isEmpty());
-        QVERIFY(book->append(seam.id, samplesOf(10, 100)));
-        QCOMPARE(book->course(seam.id).samples.size(), 10);
+        int failing = 0, refused = 0;
+        for (; disk.operations() >= failing; ++failing) {
+            const QTemporaryDir folder;
+            const QString file = folder.filePath("book.db");
+            openBook(file);
+            disk.start(failing);
+            QString problem;
+            auto database = Database::open(file, Database::ReadWrite, &problem);
+            QVERIFY(database || problem.contains("book.db: "));
+            if (!database)
+                continue;
+            SeamBook book(std::move(database));
+            Seam seam = seamAt(1000);
+            const auto write = [&](const std::function<bool()> &work) {
+                if (work())
+                    return true;
+                ++refused;
+                return !book.errorText().isEmpty() && work(); // there is room again
+            };
+            QVERIFY(write([&] { return book.begin(&seam); }));
+            QVERIFY(write([&] { return book.append(seam.id, samplesOf(10, 100)); }));
+            seam.ended = ending::regular;
+            QVERIFY(write([&] { return book.finish(seam); }));
+            QCOMPARE(countsIn(book), (std::array<int, 3>{1, 1, 10}));
+        }
+        QVERIFY(failing > 5 && refused > 2);
+        QString problem;
+        QVERIFY(!Database::open("/proc/self/none/book.db", Database::ReadWrite, &problem));
+        QVERIFY2(problem.contains("the folder cannot be created"), qPrintable(problem));
     }
     void aFullQueueDropsWhatMayBeDropped()
     {

@@ -2,6 +2,7 @@
 
 #include "seams.h"
 #include "support/datarows.h"
+#include "support/heap.h"
 
 using namespace welmo::book;
 using namespace testsupport;
@@ -34,7 +35,7 @@ private slots:
     {
         Workshop shop;
         shop.recorder.setMode("real");
-        shop.recorder.fileInUse = [](const QString &) { return FileInUse{7, 175, 19, 6}; };
+        shop.recorder.fileInUse = [](const QString &) { return FileInUse{7, {175, 19, 6}}; };
         shop.recorder.tellProgram({{"name", "vgroove.tl"}, {"state", "running"}, {"line", 5}});
         shop.tell({{"phase", "idle"}, {"program", "vgroove.tl"}, {"line", 6}}); // who knows better
         shop.weld(4000);
@@ -160,17 +161,92 @@ private slots:
         QVERIFY(qAbs(shop.seams.last().duration - 2500) < 100);
         QVERIFY(!shop.seams.last().gasTime);
     }
-    void aClockThatIsSetBackHarmsNothing()
+    void theClockHarmsNothing_data()
     {
+        // ms that it is turned, minutes that the zone moves; when the seam ends, and what is noted
+        addRows<int, int, QString, int>(
+            {{"set back", -3600 * 1000, 0, "2023-11-15T00:00:01", -3600 * 1000},
+             {"over midnight", 0, 0, "2023-11-15T00:00:01", 0},
+             {"summer ends", 0, -60, "2023-11-15T00:00:01", 0}});
+    }
+    void theClockHarmsNothing()
+    {
+        const auto &[name, turned, zone, ends, moved] = currentRow<int, int, QString, int>();
         Workshop shop;
+        shop.now.wall = 1700002799000; // 23:59:59 in its zone
         shop.tell({{"phase", "welding"}, {"welding_name", "arcdata1"}});
         shop.arc(180);
         shop.pass(1000);
-        shop.now.wall -= 3600 * 1000;
+        shop.now.wall += turned;
+        shop.now.utcOffset += zone;
         shop.pass(1000);
         shop.quit();
-        QCOMPARE(shop.seams.first().clockMoved, -3600 * 1000);
-        QCOMPARE(shop.seams.first().duration, 2300);
+        const Seam seam = shop.seams.first();
+        QCOMPARE(seam.startedAt().toString("yyyy-MM-ddTHH:mm:ss"), QString("2023-11-14T23:59:59"));
+        QCOMPARE(seam.endedAt().toString("yyyy-MM-ddTHH:mm:ss"), ends);
+        QCOMPARE(seam.clockMoved, moved);
+        QCOMPARE(seam.duration, 2300);
+    }
+    void aTrimIsRecordedAsWelded_data()
+    {
+        const auto set = [](double current) { return QVariantMap{{"set_current", current}}; };
+        // what happens in the weld; version, set current and number of trims in its record
+        addRows<Act, QString>(
+            {{"none", [](auto &) {}, "7 175 0"},
+             {"file saved", [](auto &shop) { shop.save("arcdata1"); }, "8 190 1"},
+             {"another file saved", [](auto &shop) { shop.save("arcdata2"); }, "7 175 0"},
+             {"saved after the arc",
+              [](auto &shop) {
+                  shop.phase("idle");
+                  shop.save("arcdata1");
+              },
+              "7 175 0"},
+             {"told by the controller",
+              [set](auto &shop) {
+                  shop.tell(set(175));
+                  shop.tell(set(181));
+              },
+              "7 181 1"},
+             {"saved and told",
+              [set](auto &shop) {
+                  shop.tell(set(175));
+                  shop.save("arcdata1");
+                  shop.tell(set(190));
+                  shop.tell(set(0)); // no seam any more
+              },
+              "8 190 1"}});
+    }
+    void aTrimIsRecordedAsWelded()
+    {
+        const auto &[name, act, seen] = currentRow<Act, QString>();
+        Workshop shop;
+        shop.recorder.fileInUse = [&](const QString &) { return shop.file; };
+        shop.file = {7, {175, {}, {}}};
+        shop.tell({{"phase", "welding"}, {"welding_name", "arcdata1"}});
+        shop.arc(180);
+        shop.pass(1000);
+        act(shop);
+        shop.quit();
+        const Seam seam = shop.seams.first();
+        QCOMPARE(QStringLiteral("%1 %2 %3")
+                     .arg(seam.weldVersion)
+                     .arg(seam.setCurrent.value_or(0))
+                     .arg(seam.trims),
+                 seen);
+    }
+    void aDayOfWeldingTakesNoMemory()
+    {
+        Workshop shop;
+        qint64 before = 0;
+        for (int weld = 0; weld < 24 * 60; ++weld) { // one a minute
+            shop.weld(30000);
+            shop.pass(27000);
+            shop.forget();
+            if (weld == 60)
+                before = heapInUse();
+        }
+        QCOMPARE(shop.begun, 24 * 60);
+        QVERIFY(heapInUse() - before < 10000);
     }
     void aSampleBeyondTheLimitIsToldWithin200Ms()
     {

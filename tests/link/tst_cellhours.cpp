@@ -1,13 +1,14 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QtTest>
-#include <malloc.h>
 #include <random>
 
 #include "linkwords.h"
 #include "schema/names.h"
 #include "simulatedcell.h"
+#include "support/heap.h"
 
+using testsupport::heapInUse;
 using welmo::controller::Journal;
 using welmo::controller::Reply;
 using RequestKind = welmo::controller::Request::Kind;
@@ -28,13 +29,6 @@ const QString seam = QStringLiteral("MoveL p3,v1000,fine,torch1,wobj0\n"
                                     "ArcOn \"arcondata1\",\"arcdata1\"\n"
                                     "WMoveL Offs(p3,0,100,0),v50,fine,torch1\n"
                                     "ArcOff \"arcoffdata1\"\n");
-
-/// Bytes on the heap of the whole process; nothing a sanitizer could tell.
-qint64 heapInUse()
-{
-    const auto info = ::mallinfo2();
-    return qint64(info.uordblks) + qint64(info.hblkhd);
-}
 
 /// A cell that is started anew now and then, and a pendant that comes, works and goes.
 class Plant

@@ -1,10 +1,10 @@
-#include <malloc.h>
 
 #include "kelp/registry.h"
 #include "pando/bmodule.h"
 #include "pendant/app/pluginloader.h"
 #include "pendant/program/formpane.h"
 #include "support/files.h"
+#include "support/heap.h"
 #include "support/programtouch.h"
 #include "support/testpendant.h"
 
@@ -12,14 +12,6 @@ using namespace testsupport;
 using welmo::pendant::FormPane;
 
 namespace {
-
-/// Bytes that the whole process has on the heap. None under a sanitizer, which finds what leaks at
-/// the end, however small; it gives no address twice, so that what is kept by address would grow.
-qint64 heapInUse()
-{
-    const auto info = ::mallinfo2();
-    return qint64(info.uordblks) + qint64(info.hblkhd);
-}
 
 /// Does @p once again and again, first until every cache is warm; what the heap has grown by.
 template<typename Work>
