@@ -38,7 +38,11 @@ void Releases::load()
     m_keeping->ask(
         this, [](SeamBook &book) { return book.setting(settingName); },
         [this](const QString &json) {
+            const QVariantMap set = m_own; // before the book was read
             m_own = QJsonDocument::fromJson(json.toUtf8()).toVariant().toMap();
+            m_own.insert(set);
+            if (!set.isEmpty())
+                keep();
             emit changed();
         });
 }
