@@ -988,12 +988,12 @@ New: %2</source>
         <translation>此表单显示的文件数值尚未保存。</translation>
     </message>
     <message>
-        <source>Save the values</source>
-        <translation>保存数值</translation>
+        <source>Save</source>
+        <translation>保存</translation>
     </message>
     <message>
-        <source>Drop the values</source>
-        <translation>放弃数值</translation>
+        <source>Drop the changes</source>
+        <translation>放弃更改</translation>
     </message>
 </context>
 <context>

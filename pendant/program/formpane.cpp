@@ -234,8 +234,8 @@ bool FormPane::mayGo(const std::function<void()> &goOn)
                                 tr("This form shows values of a file that are not saved."),
                                 QMessageBox::NoButton, window());
     box->setAttribute(Qt::WA_DeleteOnClose);
-    auto *save = box->addButton(tr("Save the values"), QMessageBox::AcceptRole);
-    auto *drop = box->addButton(tr("Drop the values"), QMessageBox::DestructiveRole);
+    auto *save = box->addButton(tr("Save"), QMessageBox::AcceptRole);
+    auto *drop = box->addButton(tr("Drop the changes"), QMessageBox::DestructiveRole);
     box->setEscapeButton(box->addButton(tr("Back to the form"), QMessageBox::RejectRole));
     box->setDefaultButton(save);
     connect(save, &QAbstractButton::clicked, this, [this, goOn] {

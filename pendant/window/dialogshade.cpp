@@ -1,5 +1,6 @@
 #include "pendant/window/dialogshade.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QIcon>
@@ -67,6 +68,9 @@ void DialogShade::dim(QMessageBox *box)
 {
     if (box->buttons().size() == 1)
         addNo(box);
+    // The style rules' least width would cut off a longer text.
+    for (QAbstractButton *button : box->buttons())
+        button->setMinimumWidth(button->sizeHint().width());
     box->setIconPixmap(QIcon(themePixmap(symbolOf(box))).pixmap(symbolSize));
     QWidget *window = box->parentWidget() ? box->parentWidget()->window() : nullptr;
     if (!window || m_shade)

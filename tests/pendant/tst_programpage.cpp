@@ -44,9 +44,9 @@ private slots:
     // The values of a file that its line's form shows are no part of the line.
     void valuesOfAFileAreNotLost_data()
     {
-        addRows<QString, QString, double>({{"replace", "btnFormAccept", "Save the values", 55},
-                                           {"leave", "btnFormCancel", "Save the values", 55},
-                                           {"drop", "btnFormCancel", "Drop the values", 0}});
+        addRows<QString, QString, double>({{"replace", "btnFormAccept", "Save", 55},
+                                           {"leave", "btnFormCancel", "Save", 55},
+                                           {"drop", "btnFormCancel", "Drop the changes", 0}});
     }
     void valuesOfAFileAreNotLost()
     {
