@@ -1164,5 +1164,21 @@
         <source>not told</source>
         <translation>未告知</translation>
     </message>
+    <message>
+        <source>viewer</source>
+        <translation>访客</translation>
+    </message>
+    <message>
+        <source>operator</source>
+        <translation>操作员</translation>
+    </message>
+    <message>
+        <source>programmer</source>
+        <translation>编程员</translation>
+    </message>
+    <message>
+        <source>administrator</source>
+        <translation>管理员</translation>
+    </message>
 </context>
 </TS>

@@ -63,8 +63,8 @@ FileCard::FileCard(Bookkeeper *keeper, QWidget *parent)
     m_release->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     auto *row = new QHBoxLayout;
     row->setSpacing(12);
-    row->addWidget(m_history, 1);
-    row->addLayout(right, 1);
+    row->addWidget(m_history, 6);
+    row->addLayout(right, 5);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
@@ -78,7 +78,7 @@ void FileCard::makeHistory()
     m_historyModel->setHorizontalHeaderLabels(
         {tr("No."), tr("When"), tr("By"), tr("What changed")});
     m_history->setModel(m_historyModel);
-    const int widths[] = {56, 132, 136};
+    const int widths[] = {46, 120, 136};
     for (int i = 0; i < What; ++i)
         m_history->setColumnWidth(i, widths[i]);
     m_history->horizontalHeader()->setSectionResizeMode(What, QHeaderView::Stretch);
@@ -116,7 +116,7 @@ void FileCard::showVersions(const QVector<FileVersion> &versions)
         row = versions[i].number == before ? i : row;
         addRow(m_historyModel,
                {QString::number(versions[i].number), Words::moment(versions[i].time),
-                Words::text(versions[i].user), changesText(versions[i], versions.value(i + 1))});
+                Words::user(versions[i].user), changesText(versions[i], versions.value(i + 1))});
     }
     showRelease();
     if (!versions.isEmpty())

@@ -49,7 +49,7 @@ QString FileModel::textOf(const Row &row, int column) const
     case Changed:
         return row.newest.number ? Words::moment(row.newest.time) : QString();
     case By:
-        return Words::text(row.newest.user);
+        return Words::user(row.newest.user);
     case Programs:
         return row.programs;
     case Welds:

@@ -94,7 +94,7 @@ void FilesPage::makeFileTable()
 {
     m_table->setModel(m_model);
     m_table->setMinimumHeight(150);
-    const int widths[FileModel::ColumnCount] = {136, 0, 190, 132, 136, 150, 76};
+    const int widths[FileModel::ColumnCount] = {122, 0, 206, 120, 136, 108, 70};
     for (int i = 0; i < FileModel::ColumnCount; ++i)
         m_table->setColumnWidth(i, widths[i]);
     m_table->horizontalHeader()->setSectionResizeMode(FileModel::Annotation, QHeaderView::Stretch);

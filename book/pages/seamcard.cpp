@@ -90,7 +90,7 @@ QWidget *SeamCard::makeFacts()
     addFact(tr("Mode"), [](const Seam &seam) { return Words::mode(seam.mode); });
     addFact(tr("Arc end"),
             [](const Seam &seam) { return file(seam.arcoffFile, seam.arcoffVersion); });
-    addFact(tr("User"), [](const Seam &seam) { return Words::text(seam.user); });
+    addFact(tr("User"), [](const Seam &seam) { return Words::user(seam.user); });
     addFact(tr("Arc time"),
             [](const Seam &seam) { return Words::number(seam.arcTime, 1, QStringLiteral("s")); });
     addFact(tr("Length"),

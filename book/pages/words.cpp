@@ -75,6 +75,15 @@ QString Words::text(const QString &text)
     return text.isEmpty() ? notTold() : text;
 }
 
+QString Words::user(const QString &name)
+{
+    const QHash<QString, QString> levels{{QStringLiteral("viewer"), tr("viewer")},
+                                         {QStringLiteral("operator"), tr("operator")},
+                                         {QStringLiteral("programmer"), tr("programmer")},
+                                         {QStringLiteral("administrator"), tr("administrator")}};
+    return levels.value(name, text(name));
+}
+
 QString Words::moment(qint64 msUtc)
 {
     return QDateTime::fromMSecsSinceEpoch(msUtc).toString(QStringLiteral("MM-dd HH:mm"));

@@ -24,6 +24,8 @@ public:
     static QString number(const std::optional<double> &value, int decimals,
                           const QString &unit = {});
     static QString text(const QString &text);
+    /// A pendant without a sign-in has its level as user.
+    static QString user(const QString &name);
     /// Local date and time.
     static QString moment(qint64 msUtc);
     static QString notTold() { return tr("not told"); }
