@@ -174,7 +174,7 @@ void BackupPage::look()
     if (!items)
         return m_keeper->tellError(problem);
     showItems(*items, items->size());
-    m_state->setText(tr("Written %1. %2 places differ.").arg(file->written).arg(items->size()));
+    m_state->setText(tr("Written %1. %2 places differ.").arg(Words::moment(file->written)).arg(items->size()));
 }
 
 void BackupPage::showItems(const QVector<RestoreItem> &items, int places)

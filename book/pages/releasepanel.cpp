@@ -43,7 +43,7 @@ QString releaseText(const schema::Set &set, const Release &release)
     if (trims.isEmpty())
         trims.append(ReleasePanel::tr("all locked"));
     return ReleasePanel::tr("released %1 by %2: %3")
-        .arg(momentText(release.time), Words::text(release.user),
+        .arg(momentText(release.time), Words::user(release.user),
              trims.join(ReleasePanel::tr(", ")));
 }
 

@@ -89,6 +89,12 @@ QString Words::moment(qint64 msUtc)
     return QDateTime::fromMSecsSinceEpoch(msUtc).toString(QStringLiteral("MM-dd HH:mm"));
 }
 
+QString Words::moment(const QString &iso)
+{
+    const QDateTime time = QDateTime::fromString(iso, Qt::ISODate).toLocalTime();
+    return time.isValid() ? time.toString(QStringLiteral("yyyy-MM-dd HH:mm")) : iso;
+}
+
 QColor themeColor(const char *key)
 {
     return vu::xtheme::current().color(QString::fromLatin1(key));

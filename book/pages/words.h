@@ -28,6 +28,8 @@ public:
     static QString user(const QString &name);
     /// Local date and time.
     static QString moment(qint64 msUtc);
+    /// Local date and time of an ISO text; another text as it is.
+    static QString moment(const QString &iso);
     static QString notTold() { return tr("not told"); }
 };
 
