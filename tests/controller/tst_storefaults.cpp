@@ -16,12 +16,6 @@ namespace {
 
 const QString path = QStringLiteral("a.node");
 
-/// As any other program would.
-void query(const QString &file, const char *sql)
-{
-    QCOMPARE(QProcess::execute("sqlite3", {file, sql}), 0);
-}
-
 /// Everything that can be read of it, as one value.
 QVariantMap contentIn(const Store &store)
 {
@@ -95,7 +89,7 @@ private slots:
             for (const char *suffix : {"", "-wal", ".lock"})
                 QVERIFY(QFile::copy(file() + suffix, killed + suffix));
             if (looked)
-                query(killed, "SELECT 1 FROM entry");
+                QVERIFY(testsupport::runSqlite(killed, "SELECT 1 FROM entry"));
             const auto store = Store::open(killed, &m_problem);
             QVERIFY2(store, qPrintable(m_problem));
             QCOMPARE(store->read(path, "a")->value, QVariant(1));
@@ -195,7 +189,7 @@ private slots:
     void aLostEntryIsTold()
     {
         QVERIFY(open()->write({{path, "a", 1}, {path, "b", 2}}));
-        query(file(), "DELETE FROM entry WHERE key = 'a'");
+        QVERIFY(testsupport::runSqlite(file(), "DELETE FROM entry WHERE key = 'a'"));
         QCOMPARE(open()->complaints().size(), 1);
     }
 
