@@ -275,6 +275,7 @@ void ProgramPage::showRun()
 {
     m_state->setText(m_run->text());
     m_state->setToolTip(m_run->text());
+    placeState();
     setStyleWord(m_state, "state", m_run->endedBadly() ? QStringLiteral("failed") : QString());
     makeRoom();
 }
@@ -288,8 +289,14 @@ void ProgramPage::refreshTitle()
 void ProgramPage::resizeEvent(QResizeEvent *event)
 {
     HostPage::resizeEvent(event);
-    m_second->setDirection(width() < widthForOneRow ? QBoxLayout::TopToBottom
-                                                    : QBoxLayout::LeftToRight);
+    placeState();
+}
+
+// The button that welds again leaves little room beside it.
+void ProgramPage::placeState()
+{
+    const bool isNarrow = width() < widthForOneRow || !m_run->reweldPlace().isEmpty();
+    m_second->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
 void ProgramPage::showEvent(QShowEvent *event)

@@ -70,6 +70,7 @@ private:
     void togglePath();
     void makeRoom();
     void showRun();
+    void placeState();
     void refreshTitle();
 
     ProgramDocument *m_document;
