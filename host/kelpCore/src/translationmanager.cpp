@@ -28,15 +28,17 @@ bool TranslationManager::installQMTranslator(const QString &path)
     if (!translator->load(path))
         return false;
     const bool chinese = QFileInfo(path).completeBaseName().endsWith(QLatin1String("_cn"));
+    const QWriteLocker lock(&m_lock);
     if (chinese == (m_language == QLatin1String("zh_CN")))
         m_translators.push_back(std::move(translator));
     return true;
 }
 
-// As the application does it, the newest file is asked first.
+// As the application does it, the newest file is asked first. Other threads translate as well.
 QString TranslationManager::translate(const char *context, const char *source,
                                       const char *disambiguation, int n) const
 {
+    const QReadLocker lock(&m_lock);
     QString text;
     for (auto each = m_translators.rbegin(); each != m_translators.rend() && text.isNull(); ++each)
         text = (*each)->translate(context, source, disambiguation, n);

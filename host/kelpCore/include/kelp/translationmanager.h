@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QReadWriteLock>
 #include <QString>
 #include <memory>
 #include <vector>
@@ -31,6 +32,7 @@ private:
                       int n) const;
 
     QString m_language;
+    mutable QReadWriteLock m_lock;
     TextSources m_sources; // asks the others
     std::vector<std::unique_ptr<QTranslator>> m_translators;
 };
