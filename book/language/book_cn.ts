@@ -630,10 +630,6 @@
         <translation>复制到</translation>
     </message>
     <message>
-        <source>Back to this version</source>
-        <translation>恢复此版本</translation>
-    </message>
-    <message>
         <source>Defaults</source>
         <translation>默认值</translation>
     </message>
@@ -680,6 +676,10 @@
     <message>
         <source>Release</source>
         <translation>发布</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>恢复</translation>
     </message>
 </context>
 <context>

@@ -55,4 +55,11 @@ QDoubleSpinBox *makeNumber(const QString &name, QWidget *parent)
     return box;
 }
 
+void fitColumns(const QWidget *page, QTableView *table, std::initializer_list<int> lesser)
+{
+    constexpr int widthForAll = 860;
+    for (const int column : lesser)
+        table->setColumnHidden(column, page->width() < widthForAll);
+}
+
 } // namespace welmo::book

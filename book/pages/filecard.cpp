@@ -88,6 +88,12 @@ void FileCard::makeHistory()
     });
 }
 
+void FileCard::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitColumns(this, m_history, {By});
+}
+
 void FileCard::showFile(const QString &file)
 {
     m_file = file;

@@ -32,6 +32,9 @@ public:
 signals:
     void versionChosen();
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void makeHistory();
     void showVersions(const QVector<FileVersion> &versions);

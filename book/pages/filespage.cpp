@@ -94,7 +94,7 @@ void FilesPage::makeFileTable()
 {
     m_table->setModel(m_model);
     m_table->setMinimumHeight(150);
-    const int widths[FileModel::ColumnCount] = {122, 0, 206, 120, 136, 108, 70};
+    const int widths[FileModel::ColumnCount] = {122, 0, 204, 120, 136, 116, 72};
     for (int i = 0; i < FileModel::ColumnCount; ++i)
         m_table->setColumnWidth(i, widths[i]);
     m_table->horizontalHeader()->setSectionResizeMode(FileModel::Annotation, QHeaderView::Stretch);
@@ -110,7 +110,7 @@ QWidget *FilesPage::makeActions()
     row->setSpacing(8);
     m_copy = addAction(row, tr("Copy to"), "btnCopyFile", &FilesPage::copy);
     row->addWidget(m_target);
-    m_back = addAction(row, tr("Back to this version"), "btnBackToVersion", &FilesPage::goBack);
+    m_back = addAction(row, tr("Restore"), "btnBackToVersion", &FilesPage::goBack);
     m_defaults = addAction(row, tr("Defaults"), "btnFileDefaults", &FilesPage::useDefaults);
     m_remove = addAction(row, tr("Remove"), "btnRemoveFile", &FilesPage::remove);
     m_release = addAction(row, tr("Release"), "btnReleaseFile", &FilesPage::release);
@@ -129,6 +129,12 @@ QPushButton *FilesPage::addAction(QHBoxLayout *row, const QString &title, const 
     row->addWidget(button);
     connect(button, &QPushButton::clicked, this, act);
     return button;
+}
+
+void FilesPage::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitColumns(this, m_table, {FileModel::Changed, FileModel::By});
 }
 
 void FilesPage::showEvent(QShowEvent *event)

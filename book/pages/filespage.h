@@ -29,6 +29,7 @@ signals:
     void releaseWanted(const QString &file);
 
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:

@@ -171,6 +171,12 @@ Filter WeldsPage::filter() const
     return filter;
 }
 
+void WeldsPage::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitColumns(this, m_table, {SeamModel::Voltage, SeamModel::Length});
+}
+
 void WeldsPage::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);

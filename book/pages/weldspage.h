@@ -36,6 +36,7 @@ signals:
     void limitsWanted(const QString &file);
 
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:

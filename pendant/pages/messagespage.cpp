@@ -90,7 +90,7 @@ QTableView *MessagesPage::makeTable()
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->horizontalHeader()->setSectionResizeMode(MessageLog::Text, QHeaderView::Stretch);
     table->setColumnWidth(MessageLog::Time, 212);
-    table->setColumnWidth(MessageLog::Sender, 200);
+    table->setColumnWidth(MessageLog::Sender, 184);
     return table;
 }
 
@@ -101,7 +101,7 @@ void MessagesPage::resizeEvent(QResizeEvent *event)
     const bool isNarrow = width() < widthForAll;
     m_model->setBrief(isNarrow);
     m_table->setColumnHidden(MessageLog::Sender, isNarrow);
-    m_table->setColumnWidth(MessageLog::Level, isNarrow ? 76 : 130);
+    m_table->setColumnWidth(MessageLog::Level, isNarrow ? 76 : 118);
 }
 
 void MessagesPage::showEvent(QShowEvent *event)
