@@ -137,7 +137,7 @@ private slots:
         const auto &[sql, told] = currentRow<QString>();
         const QTemporaryDir folder;
         const QString file = folder.filePath("book.db");
-        QVERIFY(runSqlite(file, sql.toUtf8()));
+        QVERIFY(runSqlite(file, sql));
         const QByteArray before = contentOf(file);
         QString problem;
         QVERIFY(!Database::open(file, Database::ReadWrite, &problem));
