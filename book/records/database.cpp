@@ -156,6 +156,15 @@ bool Database::run(QSqlQuery &query)
     return query.exec() || fail(query.lastError().text().simplified());
 }
 
+bool Database::next(QSqlQuery &query)
+{
+    if (query.next())
+        return true;
+    if (query.lastError().isValid())
+        fail(query.lastError().text().simplified());
+    return false;
+}
+
 QVariant Database::value(const QString &sql)
 {
     QSqlQuery statement = query();

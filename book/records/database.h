@@ -31,6 +31,8 @@ public:
     QVariant value(const QString &sql);
     /// Runs the query with its bound values; on failure false, with errorText().
     bool run(QSqlQuery &query);
+    /// The query's next row; false at the end, or on failure with errorText().
+    bool next(QSqlQuery &query);
     /// Runs @p work in a transaction, which is rolled back if it returns false.
     template<typename Work>
     bool atOnce(const Work &work)

@@ -45,7 +45,7 @@ QHash<QString, int> FileHistory::welds()
         query.prepare(
             QStringLiteral("SELECT %1, count(*) FROM seam WHERE %1 IS NOT NULL GROUP BY 1")
                 .arg(QLatin1String(column)));
-        for (bool good = m_database.run(query); good && query.next();)
+        for (bool good = m_database.run(query); good && m_database.next(query);)
             counts[query.value(0).toString()] += query.value(1).toInt();
     }
     return counts;
@@ -58,7 +58,7 @@ QVector<FileVersion> FileHistory::read(const QString &sql, const QVariantList &v
     for (const QVariant &value : values)
         query.addBindValue(value);
     QVector<FileVersion> all;
-    for (bool good = m_database.run(query); good && query.next();)
+    for (bool good = m_database.run(query); good && m_database.next(query);)
         all.append({query.value(0).toString(), query.value(1).toLongLong(),
                     query.value(2).toLongLong(), query.value(3).toString(),
                     query.value(4).toByteArray()});

@@ -129,7 +129,7 @@ bool SeamBook::replaceCourse(qint64 seam, const Samples &samples, int rate)
 QVector<Seam> SeamBook::read(QSqlQuery &query)
 {
     QVector<Seam> seams;
-    while (query.next()) {
+    while (m_database->next(query)) {
         Seam seam;
         int column = 0;
         seam.id = query.value(column++).toLongLong();
@@ -162,7 +162,7 @@ int SeamBook::count(const Filter &filter)
     query.prepare(QStringLiteral("SELECT count(*) FROM seam") + where.sql);
     for (const QVariant &value : where.values)
         query.addBindValue(value);
-    return m_database->run(query) && query.next() ? query.value(0).toInt() : 0;
+    return m_database->run(query) && m_database->next(query) ? query.value(0).toInt() : 0;
 }
 
 std::optional<Seam> SeamBook::seam(qint64 id)
@@ -182,7 +182,7 @@ Samples SeamBook::samples(qint64 seam, int *parts)
     Samples all;
     int count = 0;
     if (m_database->run(query)) {
-        for (; query.next(); ++count)
+        for (; m_database->next(query); ++count)
             all += unpacked(query.value(0).toByteArray());
     }
     if (parts)
@@ -208,7 +208,7 @@ QStringList SeamBook::distinct(const QString &column)
                       .arg(column));
     QStringList names;
     if (m_database->run(query)) {
-        while (query.next())
+        while (m_database->next(query))
             names.append(query.value(0).toString());
     }
     return names;
@@ -229,7 +229,7 @@ Limits SeamBook::limits(const QString &file)
     QSqlQuery query = m_database->query();
     query.prepare(QStringLiteral("SELECT content FROM limits WHERE file = ?"));
     query.addBindValue(file);
-    const bool found = m_database->run(query) && query.next();
+    const bool found = m_database->run(query) && m_database->next(query);
     return limitsFromJson(file, found ? query.value(0).toByteArray() : QByteArray());
 }
 
@@ -239,7 +239,7 @@ QVector<Limits> SeamBook::allLimits()
     query.prepare(QStringLiteral("SELECT file, content FROM limits"));
     QVector<Limits> all;
     if (m_database->run(query)) {
-        while (query.next())
+        while (m_database->next(query))
             all.append(limitsFromJson(query.value(0).toString(), query.value(1).toByteArray()));
     }
     return all;
@@ -267,7 +267,7 @@ int SeamBook::thin(qint64 olderThan, qint64 bytes, int most)
     query.addBindValue(size > bytes);
     QVector<qint64> due;
     if (m_database->run(query)) {
-        while (query.next())
+        while (m_database->next(query))
             due.append(query.value(0).toLongLong());
     }
     const bool done = m_database->atOnce([&] {
@@ -284,7 +284,8 @@ QString SeamBook::setting(const QString &name)
     QSqlQuery query = m_database->query();
     query.prepare(QStringLiteral("SELECT value FROM setting WHERE name = ?"));
     query.addBindValue(name);
-    return m_database->run(query) && query.next() ? query.value(0).toString() : QString();
+    return m_database->run(query) && m_database->next(query) ? query.value(0).toString()
+                                                             : QString();
 }
 
 bool SeamBook::setSetting(const QString &name, const QString &value)

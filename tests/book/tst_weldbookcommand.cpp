@@ -8,6 +8,7 @@
 
 #include "book/records/seambook.h"
 #include "support/datarows.h"
+#include "support/files.h"
 #include "tools/weldbook/commands.h"
 
 using namespace welmo::book;
@@ -47,6 +48,13 @@ private slots:
             seam.ended = ending::regular;
             QVERIFY(book.finish(seam));
         }
+        // A copy with its records' pages overwritten; they follow the first, which names the
+        // tables.
+        QVERIFY(book.database().run("PRAGMA wal_checkpoint(TRUNCATE)"));
+        QByteArray bytes = contentOf(m_folder.filePath("weldbook/weldbook.db"));
+        bytes.replace(4096, bytes.size() - 4096, QByteArray(bytes.size() - 4096, 'x'));
+        QDir(m_folder.path()).mkpath("damaged/weldbook");
+        writeFile(m_folder.filePath("damaged/weldbook/weldbook.db"), bytes);
     }
     void calls_data()
     {
@@ -65,6 +73,9 @@ private slots:
              {"export --data DATA --format xml", 2, "'xml' is neither"},
              {"export --data DATA --output DATA/none/a.csv", 2, "none/a.csv: "},
              {"export --data DATA --output /dev/full", 1, "No space left"},
+             {"list --data DATA/damaged", 1, "weldbook.db: cannot be read"},
+             {"show 1 --data DATA/damaged", 1, "weldbook.db: cannot be read"},
+             {"verify --data DATA/damaged", 1, "the book is damaged"},
              {"report --data DATA", 2, "needs --output"},
              {"weld", 2, "unknown command 'weld'"},
              {"list --color", 2, "color"}});

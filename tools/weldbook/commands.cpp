@@ -178,7 +178,8 @@ int verify(SeamBook &book, Call &call)
     const QString state =
         book.database().value(QStringLiteral("PRAGMA integrity_check(1)")).toString();
     if (state != QLatin1String("ok"))
-        return call.complain(QStringLiteral("the book is damaged: %1").arg(state), wrongBook);
+        return call.complain(QStringLiteral("the book is damaged: %1").arg(state.simplified()),
+                             wrongBook);
     int records = 0;
     for (const Seam &seam : book.list(call.filter, -1)) {
         ++records;
@@ -208,12 +209,16 @@ int open(const Command &command, Call &call)
     const QString folder = call.parser.value(QStringLiteral("data"));
     if (folder.isEmpty())
         return call.complain(QStringLiteral("needs --data DIR"));
-    auto database = Database::open(QDir(folder).filePath(QStringLiteral("weldbook/weldbook.db")),
-                                   Database::ReadOnly, &call.problem);
+    const QString file = QDir(folder).filePath(QStringLiteral("weldbook/weldbook.db"));
+    auto database = Database::open(file, Database::ReadOnly, &call.problem);
     if (!database)
         return wrongBook;
     SeamBook book(std::move(database));
-    return command.run(book, call);
+    const int status = command.run(book, call);
+    if (book.errorText().isEmpty())
+        return status;
+    return call.complain(QStringLiteral("%1: cannot be read (%2)").arg(file, book.errorText()),
+                         wrongBook);
 }
 
 int run(Call &call)
