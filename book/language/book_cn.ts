@@ -34,10 +34,6 @@
         <translation>恢复勾选项</translation>
     </message>
     <message>
-        <source>A backup holds all files, options, points, tools and limits.</source>
-        <translation>备份包含全部文件、选项、点、工具和限值。</translation>
-    </message>
-    <message>
         <source>Make a backup</source>
         <translation>创建备份</translation>
     </message>
@@ -88,6 +84,22 @@
     <message>
         <source>%1 restored</source>
         <translation>%1 已恢复</translation>
+    </message>
+    <message>
+        <source>A backup holds all files and their releases, options, points, tools and limits.</source>
+        <translation>备份包含全部文件及其发布、选项、点、工具和限值。</translation>
+    </message>
+    <message>
+        <source>Choose a backup, and see what differs from it in the cell.</source>
+        <translation>请选择一个备份，查看其与单元的差异。</translation>
+    </message>
+    <message>
+        <source>There is no backup in this folder yet.</source>
+        <translation>此文件夹中尚无备份。</translation>
+    </message>
+    <message>
+        <source>Nothing differs: the cell is as it was in this backup.</source>
+        <translation>没有差异：单元与此备份一致。</translation>
     </message>
 </context>
 <context>

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QDateTime>
 #include <QDir>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -51,51 +52,51 @@ BackupPage::BackupPage(Bookkeeper *keeper, QWidget *parent)
     , m_state(makeLabel({}, "hint", this))
     , m_table(makeTable(QStringLiteral("tblRestore"), this))
     , m_model(new QStandardItemModel(this))
+    , m_empty(makeLabel({}, "hint", this))
+    , m_look(button(tr("See what differs"), "btnReadBackup", this))
+    , m_all(button(tr("Tick all"), "btnTickAll", this))
+    , m_none(button(tr("Tick none"), "btnTickNone", this))
     , m_restore(button(tr("Restore what is ticked"), "btnRestore", this))
 {
     m_state->setObjectName(QStringLiteral("lblBackup"));
     m_state->setWordWrap(true);
+    m_empty->setObjectName(QStringLiteral("lblNoDifferences"));
+    m_empty->setAlignment(Qt::AlignCenter);
     makeItemTable();
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);
-    column->addWidget(makeFolderRow());
-    column->addWidget(makeFileRow());
+    column->addLayout(makeChoice());
     column->addWidget(m_state);
     column->addWidget(m_table, 1);
     column->addWidget(makeActions());
-    showItems({}, 0);
-    m_state->setText(tr("A backup holds all files, options, points, tools and limits."));
+    showItems({});
+    m_state->setText(tr("A backup holds all files and their releases, options, points, tools and "
+                        "limits."));
 }
 
-QWidget *BackupPage::makeFolderRow()
+// Both fields begin and end at the same place.
+QGridLayout *BackupPage::makeChoice()
 {
-    auto *bar = new QWidget(this);
-    QHBoxLayout *row = rowOf(bar);
+    auto *grid = new QGridLayout;
+    grid->setSpacing(8);
+    grid->setColumnStretch(1, 1);
     m_folder->setObjectName(QStringLiteral("ledBackupFolder"));
     m_folder->setText(QDir::toNativeSeparators(
         QFileInfo(m_keeper->file()).dir().filePath(QStringLiteral("backups"))));
-    QPushButton *make = button(tr("Make a backup"), "btnMakeBackup", bar);
-    row->addWidget(makeLabel(tr("Folder"), "name", bar));
-    row->addWidget(m_folder, 1);
-    row->addWidget(make);
-    connect(make, &QPushButton::clicked, this, &BackupPage::make);
-    connect(m_folder, &QLineEdit::editingFinished, this, [this] { listFiles(); });
-    return bar;
-}
-
-QWidget *BackupPage::makeFileRow()
-{
-    auto *bar = new QWidget(this);
-    QHBoxLayout *row = rowOf(bar);
     m_otherCell->setObjectName(QStringLiteral("chbOtherCell"));
-    QPushButton *look = button(tr("See what differs"), "btnReadBackup", bar);
-    row->addWidget(makeLabel(tr("Backup"), "name", bar));
-    row->addWidget(m_file, 1);
-    row->addWidget(m_otherCell);
-    row->addWidget(look);
-    connect(look, &QPushButton::clicked, this, &BackupPage::look);
-    return bar;
+    QPushButton *make = button(tr("Make a backup"), "btnMakeBackup", this);
+    grid->addWidget(makeLabel(tr("Folder"), "name", this), 0, 0);
+    grid->addWidget(m_folder, 0, 1, 1, 2);
+    grid->addWidget(make, 0, 3);
+    grid->addWidget(makeLabel(tr("Backup"), "name", this), 1, 0);
+    grid->addWidget(m_file, 1, 1);
+    grid->addWidget(m_otherCell, 1, 2);
+    grid->addWidget(m_look, 1, 3);
+    connect(make, &QPushButton::clicked, this, &BackupPage::make);
+    connect(m_look, &QPushButton::clicked, this, &BackupPage::look);
+    connect(m_folder, &QLineEdit::editingFinished, this, [this] { listFiles(); });
+    return grid;
 }
 
 void BackupPage::makeItemTable()
@@ -103,6 +104,8 @@ void BackupPage::makeItemTable()
     m_table->setModel(m_model);
     m_table->setMinimumHeight(140);
     m_table->setSelectionMode(QAbstractItemView::NoSelection);
+    auto *inside = new QVBoxLayout(m_table->viewport());
+    inside->addWidget(m_empty);
     connect(m_table, &QTableView::clicked, this, [this](const QModelIndex &index) {
         QStandardItem *item = m_model->item(index.row());
         if (index.column() > 0) // a touch anywhere in the row checks it
@@ -114,14 +117,12 @@ QWidget *BackupPage::makeActions()
 {
     auto *bar = new QWidget(this);
     QHBoxLayout *row = rowOf(bar);
-    QPushButton *all = button(tr("Tick all"), "btnTickAll", bar);
-    QPushButton *none = button(tr("Tick none"), "btnTickNone", bar);
-    row->addWidget(all);
-    row->addWidget(none);
+    row->addWidget(m_all);
+    row->addWidget(m_none);
     row->addStretch(1);
     row->addWidget(m_restore);
-    connect(all, &QPushButton::clicked, this, [this] { tickAll(true); });
-    connect(none, &QPushButton::clicked, this, [this] { tickAll(false); });
+    connect(m_all, &QPushButton::clicked, this, [this] { tickAll(true); });
+    connect(m_none, &QPushButton::clicked, this, [this] { tickAll(false); });
     connect(m_restore, &QPushButton::clicked, this, &BackupPage::restore);
     return bar;
 }
@@ -138,6 +139,11 @@ void BackupPage::listFiles(const QString &chosen)
     m_file->addItems(
         QDir(m_folder->text()).entryList({QLatin1Char('*') + suffix}, QDir::Files, QDir::Time));
     m_file->setCurrentIndex(qMax(0, m_file->findText(chosen)));
+    const bool any = m_file->count() > 0;
+    m_file->setEnabled(any);
+    m_look->setEnabled(any);
+    m_empty->setText(any ? tr("Choose a backup, and see what differs from it in the cell.")
+                         : tr("There is no backup in this folder yet."));
 }
 
 void BackupPage::make()
@@ -162,7 +168,7 @@ bool BackupPage::mayTake(const BackupFile &file)
 
 void BackupPage::look()
 {
-    showItems({}, 0);
+    showItems({});
     QString problem;
     const auto file =
         BackupFile::load(QDir(m_folder->text()).filePath(m_file->currentText()), &problem);
@@ -173,11 +179,14 @@ void BackupPage::look()
     const auto items = differencesTo(*file, m_keeper, &problem);
     if (!items)
         return m_keeper->tellError(problem);
-    showItems(*items, items->size());
-    m_state->setText(tr("Written %1. %2 places differ.").arg(Words::moment(file->written)).arg(items->size()));
+    showItems(*items);
+    m_empty->setText(tr("Nothing differs: the cell is as it was in this backup."));
+    m_state->setText(tr("Written %1. %2 places differ.")
+                         .arg(Words::moment(file->written))
+                         .arg(items->size()));
 }
 
-void BackupPage::showItems(const QVector<RestoreItem> &items, int places)
+void BackupPage::showItems(const QVector<RestoreItem> &items)
 {
     m_items = items;
     m_model->clear();
@@ -195,7 +204,9 @@ void BackupPage::showItems(const QVector<RestoreItem> &items, int places)
     m_table->setColumnWidth(0, 56);
     m_table->setColumnWidth(1, 250);
     m_table->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
-    m_restore->setEnabled(places > 0);
+    for (QWidget *one : {m_all, m_none, m_restore})
+        one->setEnabled(!items.isEmpty());
+    m_empty->setVisible(items.isEmpty());
     m_state->clear();
 }
 
@@ -234,7 +245,8 @@ void BackupPage::restore()
                                          return;
                                      if (problem.isEmpty())
                                          page->takeLimits(items);
-                                     page->showItems({}, 0);
+                                     page->showItems({});
+                                     page->listFiles(page->m_file->currentText());
                                      problem.isEmpty() ? page->m_keeper->tellInfo(title)
                                                        : page->m_keeper->tellError(problem);
                                  });

@@ -8,6 +8,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -30,15 +31,14 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    QWidget *makeFolderRow();
-    QWidget *makeFileRow();
+    QGridLayout *makeChoice();
     QWidget *makeActions();
     void makeItemTable();
     void listFiles(const QString &chosen = {});
     void make();
     void look();
     bool mayTake(const BackupFile &file);
-    void showItems(const QVector<RestoreItem> &items, int places);
+    void showItems(const QVector<RestoreItem> &items);
     void tickAll(bool on);
     void restore();
     void takeLimits(const QVector<RestoreItem> &items);
@@ -51,6 +51,10 @@ private:
     QLabel *m_state;
     QTableView *m_table;
     QStandardItemModel *m_model;
+    QLabel *m_empty; ///< shown instead of rows
+    QPushButton *m_look;
+    QPushButton *m_all;
+    QPushButton *m_none;
     QPushButton *m_restore;
     QVector<RestoreItem> m_items;
 };

@@ -22,6 +22,8 @@ namespace welmo::book {
 
 namespace {
 
+constexpr int valueWidth = 128;
+
 enum HistoryColumn { Number, When, By, What };
 
 void addRow(QStandardItemModel *model, const QStringList &texts)
@@ -220,8 +222,9 @@ void FileCard::showDifferences(const FileVersion &left, const FileVersion &right
     m_same->setText(!comparable         ? tr("nothing to compare")
                         : all.isEmpty() ? tr("no difference")
                                         : QString());
-    for (int i = 0; i < 3; ++i)
-        m_differences->horizontalHeader()->setSectionResizeMode(i, QHeaderView::Stretch);
+    m_differences->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    for (int i = 1; i < 3; ++i)
+        m_differences->setColumnWidth(i, valueWidth);
 }
 
 } // namespace welmo::book

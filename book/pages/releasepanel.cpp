@@ -76,13 +76,12 @@ ReleasePanel::ReleasePanel(Bookkeeper *keeper, QWidget *parent)
     inside->addLayout(grid);
     inside->addWidget(m_anew);
     inside->addWidget(m_since);
+    inside->addSpacing(8);
     inside->addWidget(
         makeLabel(tr("0 locks a value. All other values of a released file are locked "
                      "for operators; programmers and administrators are not bound."),
                   "hint", panel));
     inside->addStretch(1);
-    for (QLabel *line : panel->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly))
-        line->setWordWrap(true);
     for (QLabel *line : {m_state, m_since})
         line->setWordWrap(true);
     auto *column = new QVBoxLayout(this);
@@ -182,13 +181,10 @@ void ReleasePanel::showRanges()
     const Release release = wanted();
     for (const TrimRow &row : m_rows) {
         const schema::Range range = schema::allowedBy(*set, release, row.key);
-        const auto text = [&](double value) {
-            return FieldWords::value(*set, row.key, value, release.content);
-        };
-        row.allowed->setText(
-            range.minimum == range.maximum
-                ? text(range.minimum)
-                : QStringLiteral("%1 … %2").arg(text(range.minimum), text(range.maximum)));
+        const QString most = FieldWords::value(*set, row.key, range.maximum, release.content);
+        row.allowed->setText(range.minimum == range.maximum
+                                 ? most
+                                 : QStringLiteral("%1 … %2").arg(range.minimum).arg(most));
     }
 }
 

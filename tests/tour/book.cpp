@@ -58,7 +58,9 @@ void weldBook(Tour &tour)
         tour.open("weldbook");
         Tour::await("listed", [&] { return tour.cell("tblWelds", 0, 0) == "✗"; });
         tour.touchRow("tblWelds", 0);
-        return tour.awaitText("lblReason", "arc lost at ");
+        tour.awaitText("lblReason", "arc lost at ");
+        tour.requireText("lblVerdict", "Bad");
+        return Tour::require(tour.cell("tblWelds", 0, 2), "vgroove.tl:6");
     });
 }
 
@@ -100,6 +102,52 @@ void weldBookFiles(Tour &tour)
         return Tour::await("refused", [&] {
             return tour.lastMessage() == "error: arcdata2 stays, programs use it: tour.tl 1";
         });
+    });
+}
+
+void weldBookRelease(Tour &tour)
+{
+    const auto chooseLevel = [&tour](const char *level) {
+        tour.open("controller");
+        tour.choose("cbxLevel", level);
+    };
+    tour.step("a file is released, and an operator may trim it a little", "book-release", [&] {
+        tour.touchRow("tblFiles", rowOf(tour, "arcdata1"));
+        tour.click("btnReleaseFile");
+        return tour.requireText("lblReleaseTitle", "What an operator may change in arcdata1");
+    });
+    tour.step("who released it and the limits are with the file", "book-released", [&] {
+        tour.click("btnReleaseSave");
+        tour.requireMessage("info: arcdata1 is released");
+        return tour.awaitText("lblRelease", "by administrator: Current ± 5 %");
+    });
+    tour.step("an operator who goes further is told how far he may go", "book-refused-trim", [&] {
+        chooseLevel("Operator");
+        tour.openSubPage("Process Setting");
+        tour.choose("cbx_weldingParamFileNumber", "arcdata1");
+        tour.type("sbxWeldCurrent", "300");
+        tour.click("btnWeldingSave");
+        return Tour::await("refused", [&] {
+            return tour.lastMessage()
+                == "error: arcdata1: an operator may set a current of 199.5 to 220.5, not 300";
+        });
+    });
+    tour.step("what is allowed is saved", [&] {
+        tour.type("sbxWeldCurrent", "215");
+        tour.click("btnWeldingSave");
+        return tour.requireMessage("info: save parameter succeed");
+    });
+    tour.step("an operator cannot release", [&] {
+        tour.open("weldbook");
+        tour.click("btnReleaseFile");
+        tour.click("btnWithdraw");
+        tour.requireMessage("error: arcdata1: the user may not do that (13)");
+        tour.click("btnReleaseCancel");
+        chooseLevel("Administrator");
+        tour.open("weldbook");
+        tour.click("btnReleaseFile");
+        tour.click("btnWithdraw");
+        return tour.requireMessage("info: arcdata1 is no longer released");
     });
 }
 

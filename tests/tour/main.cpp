@@ -8,15 +8,25 @@
 namespace {
 
 constexpr void (*walk[])(tour::Tour &) = {
-    tour::firstStart,    tour::processSetting,
-    tour::restart,       tour::linkDown,
-    tour::hostPages,     tour::processConfiguration,
-    tour::handleKeys,    tour::programEditor,
-    tour::weld,          tour::alarm,
-    tour::reweld,        tour::path,
-    tour::jog,           tour::weldBook,
-    tour::weldBookFiles, tour::weldBookBackup,
-    tour::display,       tour::example,
+    tour::firstStart,
+    tour::processSetting,
+    tour::restart,
+    tour::linkDown,
+    tour::hostPages,
+    tour::processConfiguration,
+    tour::handleKeys,
+    tour::programEditor,
+    tour::weld,
+    tour::alarm,
+    tour::reweld,
+    tour::path,
+    tour::jog,
+    tour::weldBook,
+    tour::weldBookFiles,
+    tour::weldBookRelease,
+    tour::weldBookBackup,
+    tour::display,
+    tour::example,
 };
 
 } // namespace

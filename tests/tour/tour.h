@@ -59,6 +59,7 @@ void programEditor(Tour &tour);
 void weld(Tour &tour);
 void weldBook(Tour &tour);
 void weldBookFiles(Tour &tour);
+void weldBookRelease(Tour &tour);
 void weldBookBackup(Tour &tour);
 void alarm(Tour &tour);
 void reweld(Tour &tour);
