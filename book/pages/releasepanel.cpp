@@ -20,13 +20,6 @@ namespace {
 
 constexpr double usualPercent = 5;
 
-// As the controller wrote it, if that is no date.
-QString momentText(const QString &time)
-{
-    const QDateTime moment = QDateTime::fromString(time, Qt::ISODate);
-    return moment.isValid() ? Words::moment(moment.toMSecsSinceEpoch()) : time;
-}
-
 } // namespace
 
 QString releaseText(const schema::Set &set, const Release &release)
@@ -43,7 +36,7 @@ QString releaseText(const schema::Set &set, const Release &release)
     if (trims.isEmpty())
         trims.append(ReleasePanel::tr("all locked"));
     return ReleasePanel::tr("released %1 by %2: %3")
-        .arg(momentText(release.time), Words::user(release.user),
+        .arg(Words::moment(release.time), Words::user(release.user),
              trims.join(ReleasePanel::tr(", ")));
 }
 

@@ -108,6 +108,10 @@ void display(Tour &tour)
             tour.click(tab);
             tour.takePicture(prefix + "-book");
         }
+        tour.click("btnFiles");
+        tour.touchRow("tblFiles", 0);
+        tour.click("btnReleaseFile");
+        tour.takePicture(prefix + "-book-release");
     };
     tour.step("dark theme", [&] {
         tour.changeDisplay("cbxTheme", "dark");
