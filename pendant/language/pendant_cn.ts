@@ -236,10 +236,6 @@
 <context>
     <name>Reasons</name>
     <message>
-        <source>Controller</source>
-        <translation>控制器</translation>
-    </message>
-    <message>
         <source>line %1, %2</source>
         <translation>第 %1 行，%2</translation>
     </message>
@@ -651,10 +647,6 @@
     <message>
         <source>The cell's switches could not be turned</source>
         <translation>无法切换单元开关</translation>
-    </message>
-    <message>
-        <source>Cell</source>
-        <translation>单元</translation>
     </message>
     <message>
         <source>Gas flows</source>
@@ -1689,10 +1681,6 @@ From: %2</source>
 <context>
     <name>welmo::pendant::ProjectPoints</name>
     <message>
-        <source>Points</source>
-        <translation>点位</translation>
-    </message>
-    <message>
         <source>x %1, y %2, z %3 mm; a %4, b %5, c %6°; %7 in %8</source>
         <translation>x %1、y %2、z %3 mm；a %4、b %5、c %6°；工具 %7，工件 %8</translation>
     </message>
@@ -1731,10 +1719,6 @@ From: %2</source>
 </context>
 <context>
     <name>welmo::pendant::RobotState</name>
-    <message>
-        <source>Robot</source>
-        <translation>机器人</translation>
-    </message>
     <message>
         <source>The robot moves</source>
         <translation>机器人正在移动</translation>
@@ -1865,6 +1849,61 @@ From: %2</source>
     <message>
         <source>No</source>
         <translation>否</translation>
+    </message>
+</context>
+<context>
+    <name>Senders</name>
+    <message>
+        <source>Device Setting</source>
+        <translation>设备设置</translation>
+    </message>
+    <message>
+        <source>Process Setting</source>
+        <translation>工艺设置</translation>
+    </message>
+    <message>
+        <source>Weave Function</source>
+        <translation>摆弧功能</translation>
+    </message>
+    <message>
+        <source>Welding Options</source>
+        <translation>焊接选项</translation>
+    </message>
+    <message>
+        <source>Weld Book</source>
+        <translation>焊接记录</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>点位</translation>
+    </message>
+    <message>
+        <source>Robot</source>
+        <translation>机器人</translation>
+    </message>
+    <message>
+        <source>Jog</source>
+        <translation>点动</translation>
+    </message>
+    <message>
+        <source>Cell</source>
+        <translation>单元</translation>
+    </message>
+    <message>
+        <source>Controller</source>
+        <translation>控制器</translation>
+    </message>
+    <message>
+        <source>Welding Monitoring</source>
+        <translation>焊接监控</translation>
+    </message>
+    <message>
+        <source>Arc Weld</source>
+        <translation>弧焊</translation>
     </message>
 </context>
 </TS>

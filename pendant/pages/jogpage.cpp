@@ -31,7 +31,7 @@ JogPage::JogPage(const JogParts &parts, QWidget *parent)
     : HostPage(tr("Jog"), parent)
     , m_parts(parts)
 {
-    setObjectName(tr("Jog"));
+    setObjectName(QStringLiteral("Jog"));
     auto *row = new QHBoxLayout;
     row->setSpacing(body()->spacing());
     row->addWidget(makeMoving(), 1);

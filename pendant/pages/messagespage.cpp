@@ -101,7 +101,7 @@ void MessagesPage::resizeEvent(QResizeEvent *event)
     const bool isNarrow = width() < widthForAll;
     m_model->setBrief(isNarrow);
     m_table->setColumnHidden(MessageLog::Sender, isNarrow);
-    m_table->setColumnWidth(MessageLog::Level, isNarrow ? 76 : 118);
+    m_table->setColumnWidth(MessageLog::Level, isNarrow ? 76 : 130);
 }
 
 void MessagesPage::showEvent(QShowEvent *event)
@@ -124,7 +124,7 @@ void MessagesPage::showDetail()
         m_detail->setText(tr("Touch a message to read it in full."));
         return;
     }
-    const QString sender = rows.first().data(MessageLog::SenderRole).toString();
+    const QString sender = senderText(rows.first().data(MessageLog::SenderRole).toString());
     const QString text = rows.first().data().toString();
     m_detail->setText(sender.isEmpty() ? text : tr("%1\nFrom: %2").arg(text, sender));
 }

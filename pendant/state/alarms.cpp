@@ -47,7 +47,7 @@ AlarmList::AlarmList(XService *service, tessa::ManagerHelper *helper, QObject *p
     , m_service(service)
     , m_helper(helper)
 {
-    setObjectName(QCoreApplication::translate("Reasons", "Controller"));
+    setObjectName(QStringLiteral("Controller"));
     connect(service->watchNode(names::alarms), &kelp::ModuleObject::changed, this,
             [this](const QVariant &values) {
                 const QVariantMap map = values.toMap();

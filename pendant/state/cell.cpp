@@ -24,7 +24,7 @@ Cell::Cell(tessa::Host *host, QObject *parent)
     : QObject(parent)
     , m_host(host)
 {
-    setObjectName(tr("Cell"));
+    setObjectName(QStringLiteral("Cell"));
     XService *service = host->service();
     connect(service->watchNode(names::cellState), &kelp::ModuleObject::changed, this,
             [this](const QVariant &values) { take(values.toMap()); });

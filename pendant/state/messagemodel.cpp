@@ -1,5 +1,8 @@
 #include "pendant/state/messagemodel.h"
 
+#include <QCoreApplication>
+#include <QHash>
+
 #include "pendant/theme/look.h"
 #include "tessa/messagelog.h"
 
@@ -21,6 +24,27 @@ QString levelText(const QString &level)
 QPixmap levelPicture(const QString &level)
 {
     return themePixmap(QStringLiteral("widget/log_") + level);
+}
+
+QString senderText(const QString &sender)
+{
+    static const QHash<QString, const char *> names{
+        {QStringLiteral("setting"), QT_TRANSLATE_NOOP("Senders", "Device Setting")},
+        {QStringLiteral("process setting"), QT_TRANSLATE_NOOP("Senders", "Process Setting")},
+        {QStringLiteral("weaveFunction"), QT_TRANSLATE_NOOP("Senders", "Weave Function")},
+        {QStringLiteral("welding options"), QT_TRANSLATE_NOOP("Senders", "Welding Options")},
+        {QStringLiteral("monitor"), QT_TRANSLATE_NOOP("Senders", "Welding Monitoring")},
+        {QStringLiteral("welmo"), QT_TRANSLATE_NOOP("Senders", "Arc Weld")},
+        {QStringLiteral("weldbook"), QT_TRANSLATE_NOOP("Senders", "Weld Book")},
+        {QStringLiteral("ProgramRun"), QT_TRANSLATE_NOOP("Senders", "Program")},
+        {QStringLiteral("ProgramFiles"), QT_TRANSLATE_NOOP("Senders", "Program")},
+        {QStringLiteral("Points"), QT_TRANSLATE_NOOP("Senders", "Points")},
+        {QStringLiteral("Robot"), QT_TRANSLATE_NOOP("Senders", "Robot")},
+        {QStringLiteral("Jog"), QT_TRANSLATE_NOOP("Senders", "Jog")},
+        {QStringLiteral("Cell"), QT_TRANSLATE_NOOP("Senders", "Cell")},
+        {QStringLiteral("Controller"), QT_TRANSLATE_NOOP("Senders", "Controller")}};
+    const char *name = names.value(sender);
+    return name ? QCoreApplication::translate("Senders", name) : sender;
 }
 
 MessageModel::MessageModel(MessageLog *log, QObject *parent)
@@ -49,7 +73,9 @@ QVariant MessageModel::data(const QModelIndex &index, int role) const
         if (role == Qt::DecorationRole)
             return levelPicture(level);
     }
-    return QSortFilterProxyModel::data(index, role);
+    const QVariant value = QSortFilterProxyModel::data(index, role);
+    const bool isSender = index.column() == MessageLog::Sender && role == Qt::DisplayRole;
+    return isSender ? senderText(value.toString()) : value;
 }
 
 bool MessageModel::filterAcceptsRow(int row, const QModelIndex &parent) const

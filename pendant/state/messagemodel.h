@@ -13,6 +13,8 @@ namespace welmo::pendant {
 QString levelText(const QString &level);
 /// The level's picture in the theme.
 QPixmap levelPicture(const QString &level);
+/// A sender's name for the operator; one that is not known here as it is.
+QString senderText(const QString &sender);
 
 /// The message log as the operator reads it: levels as pictures and words, one level or all.
 class MessageModel : public QSortFilterProxyModel

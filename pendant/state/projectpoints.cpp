@@ -68,7 +68,7 @@ ProjectPoints::ProjectPoints(tessa::Host *host, QObject *parent)
     : QObject(parent)
     , m_host(host)
 {
-    setObjectName(tr("Points"));
+    setObjectName(QStringLiteral("Points"));
     kelp::ModuleObject *project = host->workspace()->root()->make(names::project);
     project->observeSubtree(true);
     connect(project, &kelp::ModuleObject::touched, this, &ProjectPoints::changed);

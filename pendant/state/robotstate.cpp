@@ -11,7 +11,7 @@ RobotState::RobotState(tessa::Host *host, QObject *parent)
     : QObject(parent)
     , m_host(host)
 {
-    setObjectName(tr("Robot"));
+    setObjectName(QStringLiteral("Robot"));
     XService *service = host->service();
     connect(service->watchNode(names::robotState), &kelp::ModuleObject::changed, this,
             [this](const QVariant &values) { take(values.toMap()); });
