@@ -2,6 +2,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QFile>
+#include <QFont>
 #include <QPageLayout>
 #include <QPdfWriter>
 #include <QTextDocument>
@@ -20,11 +21,20 @@ constexpr QSize pictureSize{640, 380}; // in 1/96 inch, the unit of text documen
 const QString pictureName = QStringLiteral("course");
 
 const QString style = QStringLiteral(
-    "body { font-family: 'DejaVu Sans', 'WenQuanYi Micro Hei'; font-size: 6.5pt; color: #17212B }"
-    "h1 { font-size: 12pt } td, th { padding: 1px 8px 1px 0px; white-space: nowrap }"
+    "body { color: #17212B } h1 { font-size: 14pt } td, th { padding: 1px 8px 1px 0px; "
+    "white-space: nowrap }"
     "th { text-align: left }"
-    "td.number { text-align: right } .red { color: #B3261E } .amber { color: #864C00 }"
+    "td.number, th.number { text-align: right } .red { color: #B3261E } .amber { color: #864C00 }"
     ".green { color: #1A6930 } .none { color: #4A5865 }");
+
+// Style sheets have no say over a document's own font.
+QFont pageFont()
+{
+    QFont font;
+    font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("WenQuanYi Micro Hei")});
+    font.setPointSizeF(8);
+    return font;
+}
 
 QString cell(const QString &text, const QString &kind = {})
 {
@@ -48,7 +58,12 @@ bool print(QTextDocument *document, const QString &file, const QString &title, Q
     writer.setPageMargins({15, 15, 15, 15}, QPageLayout::Millimeter);
     document->setDocumentMargin(0);
     document->documentLayout()->setPaintDevice(&writer);
-    document->setPageSize(QSizeF(writer.width(), writer.height()));
+    const QSizeF page(writer.width(), writer.height());
+    document->setPageSize(page);
+    // What is wider than the page, such as a table with long names, is printed smaller.
+    const qreal wide = document->documentLayout()->documentSize().width() / page.width();
+    if (wide > 1)
+        document->setPageSize(page * wide);
     document->print(&writer);
     QFile written(file);
     if (written.open(QIODevice::ReadOnly) && written.read(4) == "%PDF")
@@ -103,7 +118,7 @@ QString dayHtml(const QDate &day, const QVector<Seam> &seams)
             + cell(QString::number(seam.voltage.mean, 'f', 1), QStringLiteral("number"))
             + cell(QString::number(seam.arcTime, 'f', 1), QStringLiteral("number"))
             + cell(QString::number(seam.length, 'f', 0), QStringLiteral("number"))
-            + cell(shown(seam.heatInput ? QVariant(*seam.heatInput) : QVariant()),
+            + cell(seam.heatInput ? QString::number(*seam.heatInput, 'f', 3) : QStringLiteral("–"),
                    QStringLiteral("number"))
             + cell(seam.ended) + QStringLiteral("</tr>");
     }
@@ -115,9 +130,11 @@ QString dayHtml(const QDate &day, const QVector<Seam> &seams)
                     .arg(verdictWord(verdict))
                     .arg(counts[static_cast<int>(verdict)]);
     return html
-        + QStringLiteral("</p><table><tr><th>start</th><th>verdict</th><th>program</th>"
-                         "<th>line</th><th>file</th><th>A</th><th>V</th><th>arc s</th><th>mm</th>"
-                         "<th>kJ/mm</th><th>ended</th></tr>")
+        + QStringLiteral(
+               "</p><table><tr><th>start</th><th>verdict</th><th>program</th>"
+               "<th class=\"number\">line</th><th>file</th><th class=\"number\">A</th><th "
+               "class=\"number\">V</th><th class=\"number\">arc s</th><th class=\"number\">mm</th>"
+               "<th class=\"number\">kJ/mm</th><th>ended</th></tr>")
         + rows + QStringLiteral("</table>");
 }
 
@@ -127,6 +144,7 @@ bool writeSeamPdf(const QString &file, const Seam &seam, const Course &course, c
                   QString *problem)
 {
     QTextDocument document;
+    document.setDefaultFont(pageFont());
     document.setDefaultStyleSheet(style);
     document.addResource(QTextDocument::ImageResource, QUrl(pictureName),
                          coursePicture(seam, course, limits, pictureSize * 3));
@@ -138,6 +156,7 @@ bool writeDayPdf(const QString &file, const QDate &day, const QVector<Seam> &sea
                  QString *problem)
 {
     QTextDocument document;
+    document.setDefaultFont(pageFont());
     document.setDefaultStyleSheet(style);
     document.setHtml(dayHtml(day, seams));
     return print(&document, file, QStringLiteral("Welds of %1").arg(day.toString(Qt::ISODate)),

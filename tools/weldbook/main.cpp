@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <algorithm>
 #include <cstdio>
 #include <memory>
@@ -19,6 +20,8 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char *argv[])
         return std::make_unique<QCoreApplication>(argc, argv);
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Qt warns that there is no folder of a session, which a page does not need.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
