@@ -181,9 +181,8 @@ void BackupPage::look()
         return m_keeper->tellError(problem);
     showItems(*items);
     m_empty->setText(tr("Nothing differs: the cell is as it was in this backup."));
-    m_state->setText(tr("Written %1. %2 places differ.")
-                         .arg(Words::moment(file->written))
-                         .arg(items->size()));
+    m_state->setText(
+        tr("Written %1. %2 places differ.").arg(Words::moment(file->written)).arg(items->size()));
 }
 
 void BackupPage::showItems(const QVector<RestoreItem> &items)
