@@ -1898,12 +1898,12 @@ From: %2</source>
         <translation>控制器</translation>
     </message>
     <message>
-        <source>Welding Monitoring</source>
-        <translation>焊接监控</translation>
-    </message>
-    <message>
         <source>Arc Weld</source>
         <translation>弧焊</translation>
+    </message>
+    <message>
+        <source>Monitor</source>
+        <translation>监控</translation>
     </message>
 </context>
 </TS>

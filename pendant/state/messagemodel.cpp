@@ -33,7 +33,7 @@ QString senderText(const QString &sender)
         {QStringLiteral("process setting"), QT_TRANSLATE_NOOP("Senders", "Process Setting")},
         {QStringLiteral("weaveFunction"), QT_TRANSLATE_NOOP("Senders", "Weave Function")},
         {QStringLiteral("welding options"), QT_TRANSLATE_NOOP("Senders", "Welding Options")},
-        {QStringLiteral("monitor"), QT_TRANSLATE_NOOP("Senders", "Welding Monitoring")},
+        {QStringLiteral("monitor"), QT_TRANSLATE_NOOP("Senders", "Monitor")},
         {QStringLiteral("welmo"), QT_TRANSLATE_NOOP("Senders", "Arc Weld")},
         {QStringLiteral("weldbook"), QT_TRANSLATE_NOOP("Senders", "Weld Book")},
         {QStringLiteral("ProgramRun"), QT_TRANSLATE_NOOP("Senders", "Program")},
