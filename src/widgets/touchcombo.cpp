@@ -17,6 +17,10 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
+        // The combo would make its list to pass on the font that the style rules give it. A list
+        // that is made later has that font all the same.
+        if (event->type() == QEvent::FontChange)
+            return !static_cast<QWidget *>(watched)->testAttribute(Qt::WA_WState_Polished);
         if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
             watched->removeEventFilter(this);
             auto *combo = static_cast<QComboBox *>(watched);

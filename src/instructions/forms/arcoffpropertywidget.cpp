@@ -11,14 +11,13 @@ using namespace welmo;
 
 ArcoffPropertyWidget::ArcoffPropertyWidget(QWidget *parent)
     : PropertyForm(tl::Word::ArcOff, parent)
-    , m_arcoff(new ArcoffGroup)
+    , m_tabs(new QTabWidget(this))
+    , m_arcoff(FormScroller::addTab<ArcoffGroup>(m_tabs, tr("ArcOffData")))
     , m_groups(this, {m_arcoff})
 {
-    auto *tabs = new QTabWidget(this);
-    tabs->addTab(new FormScroller(m_arcoff), tr("ArcOffData"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(tabs);
+    layout->addWidget(m_tabs);
     m_groups.initUI(this);
 }
 

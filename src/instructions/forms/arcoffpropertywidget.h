@@ -3,6 +3,7 @@
 #include "instructions/forms/instructionform.h"
 #include "settings/processgroups.h"
 
+class QTabWidget;
 namespace welmo {
 class ArcoffGroup;
 }
@@ -52,6 +53,7 @@ public slots:
 private:
     welmo::FileForm &arcoff();
 
+    QTabWidget *m_tabs;
     welmo::ArcoffGroup *m_arcoff;
     welmo::ProcessGroups m_groups;
 };

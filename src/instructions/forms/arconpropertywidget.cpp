@@ -12,18 +12,16 @@ using namespace welmo;
 
 ArconPropertyWidget::ArconPropertyWidget(QWidget *parent)
     : PropertyForm(tl::Word::ArcOn, parent)
-    , m_arcon(new ArconGroup)
-    , m_weld(new WeldGroup)
+    , m_tabs(new QTabWidget(this))
+    , m_arcon(FormScroller::addTab<ArconGroup>(m_tabs, tr("ArcOnData")))
+    , m_weld(FormScroller::addTab<WeldGroup>(m_tabs, tr("ArcData")))
     , m_groups(this, {m_arcon, m_weld})
 {
-    auto *tabs = new QTabWidget(this);
-    tabs->addTab(new FormScroller(m_arcon), tr("ArcOnData"));
-    tabs->addTab(new FormScroller(m_weld), tr("ArcData"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(tabs);
+    layout->addWidget(m_tabs);
     m_groups.initUI(this);
-    connect(tabs, &QTabWidget::currentChanged, this, &ArconPropertyWidget::onTabChanged);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &ArconPropertyWidget::onTabChanged);
 }
 
 FileForm &ArconPropertyWidget::arcon()

@@ -68,6 +68,7 @@ private:
     welmo::FileForm &arcon();
     welmo::FileForm &weld();
 
+    QTabWidget *m_tabs;
     welmo::ArconGroup *m_arcon;
     welmo::WeldGroup *m_weld;
     welmo::ProcessGroups m_groups;

@@ -2,11 +2,18 @@
 
 namespace welmo {
 
-FormScroller::FormScroller(QWidget *editor)
+FormScroller::FormScroller(QWidget *parent)
+    : QScrollArea(parent)
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    setWidget(editor);
+}
+
+void FormScroller::showEvent(QShowEvent *event)
+{
+    if (!widget())
+        setWidget(viewport()->findChild<QWidget *>({}, Qt::FindDirectChildrenOnly));
+    QScrollArea::showEvent(event);
 }
 
 } // namespace welmo

@@ -12,13 +12,13 @@ using namespace welmo::tl;
 
 WeaveOnPropertyWidget::WeaveOnPropertyWidget(QWidget *parent)
     : PropertyForm(Word::WeaveOn, parent)
-    , wgtWeaveData(new WeaveWidget)
 {
-    wgtWeaveData->setObjectName(QStringLiteral("wgtWeaveData"));
     auto *tabs = new QTabWidget(this);
     tabs->setObjectName(QStringLiteral("twgtWeaveData"));
     // This label is Chinese in every language, as on the pendants in the field.
-    tabs->addTab(new welmo::FormScroller(wgtWeaveData), QStringLiteral("摆弧参数(weavedata)"));
+    wgtWeaveData =
+        welmo::FormScroller::addTab<WeaveWidget>(tabs, QStringLiteral("摆弧参数(weavedata)"));
+    wgtWeaveData->setObjectName(QStringLiteral("wgtWeaveData"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(tabs);
