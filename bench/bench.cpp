@@ -7,6 +7,7 @@ namespace {
 constexpr Effort thorough{2000, 200, 6};
 constexpr Effort few{12, 12, 0};
 constexpr Effort quickly{2, 2, 0};
+constexpr Effort counted{3, 3, 0}; // counts hardly vary
 
 } // namespace
 
@@ -18,13 +19,24 @@ Bench::Bench(bool quick, const QString &filter)
 void Bench::row(const QString &what, const QString &floor, const Trial &ours,
                 const Trial &floorTrial)
 {
-    run({what, floor, QStringLiteral("µs"), {}}, ours, floorTrial, thorough);
+    if (count::isOn())
+        run({what, floor, countUnit, {}}, ours, floorTrial, counted);
+    else
+        run({what, floor, QStringLiteral("µs"), {}}, ours, floorTrial, thorough);
 }
 
 void Bench::fewTrials(const QString &what, const QString &floor, const QString &unit,
                       const Trial &ours, const Trial &floorTrial)
 {
-    run({what, floor, unit, {}}, ours, floorTrial, few);
+    if (!leavesOut(what))
+        run({what, floor, unit, {}}, ours, floorTrial, few);
+}
+
+bool Bench::leavesOut(const QString &what)
+{
+    if (count::isOn() && wants(what))
+        m_leftOut.append(what);
+    return count::isOn();
 }
 
 void Bench::run(const Row &row, const Trial &ours, const Trial &floor, const Effort &effort)

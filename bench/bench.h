@@ -13,12 +13,16 @@ public:
 
     /// Whether a row is wanted; if not, what only it needs is not made.
     bool wants(const QString &what) const { return what.contains(m_filter, Qt::CaseInsensitive); }
-    /// Times in microseconds.
+    /// Trials by cost(): times in microseconds, or counts of instructions.
     void row(const QString &what, const QString &floor, const Trial &ours, const Trial &floorTrial);
-    /// Measures in windows of @p seconds each, or by other trials of which few must do.
+    /// Measures in windows of @p seconds each, or by other trials of which few must do; left out
+    /// where instructions are counted.
     void fewTrials(const QString &what, const QString &floor, const QString &unit,
                    const Trial &ours, const Trial &floorTrial);
     bool isQuick() const { return m_quick; }
+    /// True if the row cannot be counted, which is told at the end.
+    bool leavesOut(const QString &what);
+    QStringList leftOut() const { return m_leftOut; }
     const Table &table() const { return m_table; }
 
 private:
@@ -26,6 +30,7 @@ private:
 
     bool m_quick;
     QString m_filter;
+    QStringList m_leftOut;
     Table m_table;
 };
 

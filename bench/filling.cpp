@@ -159,14 +159,14 @@ void compareFilling(Bench &bench, testsupport::FormHost &host, const QString &na
         form.choose(files[++ourTurn % 2]);
         form.get();
         host.takeRequests();
-        return microseconds([&form] {
+        return cost([&form] {
             form.show();
             form.store();
         });
     };
     const auto floor = [&] {
         const QVariantMap &next = values[++floorTurn % 2];
-        return microseconds([&] {
+        return cost([&] {
             raw.set(next);
             readBack = raw.read();
         });

@@ -47,5 +47,7 @@ int main(int argc, char *argv[])
     QTextStream out(stdout);
     bench.table().print(
         out, parser.isSet(markdown) ? bench::Table::Form::Markdown : bench::Table::Form::Text);
+    if (!bench.leftOut().isEmpty())
+        out << "\nNot counted: " << bench.leftOut().join(QStringLiteral("; ")) << '\n';
     return 0;
 }

@@ -4,20 +4,41 @@
 #include <functional>
 #include <vector>
 
+#include "bench/count.h"
+
 namespace bench {
 
 /// Does the work of one side once and returns its cost in the unit of its row. Preparing and
 /// cleaning up do not count.
 using Trial = std::function<double()>;
 
-/// How long @p work takes, in microseconds.
-template<typename Work>
-double microseconds(const Work &work)
+/// Measures from start() on: microseconds or, where they are counted, instructions.
+class Meter
 {
-    QElapsedTimer timer;
-    timer.start();
+public:
+    void start()
+    {
+        m_timer.start();
+        if (count::isOn())
+            count::begin();
+    }
+    double read() const
+    {
+        return count::isOn() ? count::end() : double(m_timer.nsecsElapsed()) / 1000;
+    }
+
+private:
+    QElapsedTimer m_timer;
+};
+
+/// What @p work costs, in microseconds or instructions.
+template<typename Work>
+double cost(const Work &work)
+{
+    Meter meter;
+    meter.start();
     work();
-    return double(timer.nsecsElapsed()) / 1000;
+    return meter.read();
 }
 
 struct Spread

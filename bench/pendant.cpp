@@ -71,8 +71,10 @@ double processorSeconds()
 double share(int ms)
 {
     const double before = processorSeconds();
-    const double elapsed = microseconds([ms] { runFor(ms); }) / 1e6;
-    return (processorSeconds() - before) / elapsed * 100;
+    QElapsedTimer elapsed;
+    elapsed.start();
+    runFor(ms);
+    return (processorSeconds() - before) / (double(elapsed.nsecsElapsed()) / 1e9) * 100;
 }
 
 // The longest time between two turns of the event loop, which a timer runs every millisecond, in
@@ -134,11 +136,11 @@ void pressKey(Bench &bench, Pendant &pendant)
 {
     m(QStringLiteral("welmo.device.enable"))->set(nullptr, QString(), true);
     const int feed = keyNamed(*pendant.keys(), QStringLiteral("Wire feed"));
-    QElapsedTimer sincePress;
+    Meter sincePress;
     double time = 0;
     pendant.link().carriedOut = [&](const QString &command) {
         if (command == QLatin1String("arc_weld.wire_feed"))
-            time = double(sincePress.nsecsElapsed()) / 1000;
+            time = sincePress.read();
     };
     const auto ours = [&] {
         const int before = wireFeeds(pendant.link().journal());
@@ -153,7 +155,7 @@ void pressKey(Bench &bench, Pendant &pendant)
     };
     const auto floor = [&pendant] {
         const QString nothing = QStringLiteral("arc_weld.nothing");
-        return microseconds([&] { pendant.service()->execCommand(nullptr, nothing); });
+        return cost([&] { pendant.service()->execCommand(nullptr, nothing); });
     };
     bench.row(QStringLiteral("press a key until the wire moves"),
               QStringLiteral("round trip of an empty command"), ours, floor);

@@ -73,10 +73,9 @@ QWidget *arcOn(QWidget *parent)
 {
     QWidget *form = styled(parent);
     auto *tabs = new QTabWidget(form);
-    tabs->addTab(new welmo::FormScroller(new RawArconGroup), QStringLiteral("ArcOnData"));
-    auto *weld = new RawWeldGroup;
+    welmo::FormScroller::addTab<RawArconGroup>(tabs, QStringLiteral("ArcOnData"));
+    auto *weld = welmo::FormScroller::addTab<RawWeldGroup>(tabs, QStringLiteral("ArcData"));
     weld->findChild<QWidget *>(QStringLiteral("btnWeldingEnable"))->hide();
-    tabs->addTab(new welmo::FormScroller(weld), QStringLiteral("ArcData"));
     layoutOf(form, false)->addWidget(tabs);
     return form;
 }
@@ -84,7 +83,9 @@ QWidget *arcOn(QWidget *parent)
 QWidget *arcOff(QWidget *parent)
 {
     QWidget *form = styled(parent);
-    layoutOf(form, false)->addWidget(new welmo::FormScroller(new RawArcoffGroup));
+    auto *tabs = new QTabWidget(form);
+    welmo::FormScroller::addTab<RawArcoffGroup>(tabs, QStringLiteral("ArcOffData"));
+    layoutOf(form, false)->addWidget(tabs);
     return form;
 }
 
@@ -101,10 +102,10 @@ QWidget *moveC(QWidget *parent)
 QWidget *weaveOn(QWidget *parent)
 {
     QWidget *form = styled(parent);
-    QWidget *editor = bare<Ui::RawWeaveEditor>(nullptr);
-    editor->findChild<QWidget *>(QStringLiteral("wgtPreview"))->hide();
     auto *tabs = new QTabWidget(form);
-    tabs->addTab(new welmo::FormScroller(editor), QStringLiteral("weavedata"));
+    auto *editor = welmo::FormScroller::addTab<QWidget>(tabs, QStringLiteral("weavedata"));
+    Ui::RawWeaveEditor().setupUi(editor);
+    editor->findChild<QWidget *>(QStringLiteral("wgtPreview"))->hide();
     layoutOf(form, false)->addWidget(tabs);
     return form;
 }

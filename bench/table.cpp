@@ -19,8 +19,18 @@ QString pair(double median, double p99)
     return figure(median) + QStringLiteral(" / ") + figure(p99);
 }
 
-QStringList header()
+constexpr double coreHertz = 1.2e9;
+constexpr double coreInstructionsPerCycle = 0.7;
+
+QString onPendant(double instructions)
 {
+    return figure(instructions / (coreHertz * coreInstructionsPerCycle) * 1000);
+}
+
+QStringList header(bool counts)
+{
+    if (counts)
+        return {"What", "Floor", "Unit", "Ours", "Floor", "Ratio", "Ours on a pendant, ms"};
     return {"What",
             "Floor",
             "Unit",
@@ -34,20 +44,28 @@ constexpr int firstNumber = 3;
 QStringList cells(const Row &row)
 {
     const Comparison &f = row.figures;
+    const QString ratio = QString::number(f.medianRatio(), 'f', 2);
+    if (row.unit == countUnit)
+        return {row.what,
+                row.floor,
+                row.unit,
+                figure(f.ours.median / 1000),
+                figure(f.floor.median / 1000),
+                ratio,
+                onPendant(f.ours.median)};
     return {row.what,
             row.floor,
             row.unit,
             pair(f.ours.median, f.ours.p99),
             pair(f.floor.median, f.floor.p99),
-            QString::number(f.medianRatio(), 'f', 2) + QStringLiteral(" / ")
-                + QString::number(f.p99Ratio(), 'f', 2)};
+            ratio + QStringLiteral(" / ") + QString::number(f.p99Ratio(), 'f', 2)};
 }
 
 } // namespace
 
 void Table::print(QTextStream &out, Form form) const
 {
-    QList<QStringList> lines{header()};
+    QList<QStringList> lines{header(!m_rows.empty() && m_rows.front().unit == countUnit)};
     for (const Row &row : m_rows)
         lines.append(cells(row));
     QList<int> widths;
@@ -66,7 +84,8 @@ void Table::print(QTextStream &out, Form form) const
         const QString line = padded.join(markdown ? QStringLiteral(" | ") : QStringLiteral("  "));
         out << (markdown ? QStringLiteral("| %1 |").arg(line) : line) << '\n';
         if (markdown && i == 0)
-            out << "|---|---|---|--:|--:|--:|\n";
+            out << "|---|---|---|"
+                << QStringLiteral("--:|").repeated(line.count(QStringLiteral(" | ")) - 2) << '\n';
     }
     out.flush();
 }

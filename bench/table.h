@@ -8,6 +8,9 @@
 
 namespace bench {
 
+/// The unit of rows that count; their figures are shown in thousands.
+inline const QString countUnit = QStringLiteral("1,000 instructions");
+
 struct Row
 {
     QString what;
@@ -16,7 +19,9 @@ struct Row
     Comparison figures;
 };
 
-/// The figures of a run as a table, for a terminal or for the docs.
+/// The figures of a run as a table, for a terminal or for the docs. Counts are also given as a time
+/// on a pendant's core: ARM Cortex-A53, in order, 1.2 GHz, of which 0.7 instructions a cycle are
+/// assumed for code that paints and allocates.
 class Table
 {
 public:

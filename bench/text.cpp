@@ -96,7 +96,7 @@ Trial trial(const Tokenize &tokenize)
     if (expected.size() != 8 || tokenize(line) != expected)
         qFatal("the two sides do not do the same");
     return [&tokenize] {
-        return microseconds([&] {
+        return cost([&] {
                    for (int i = 0; i < repetitions; ++i)
                        tokenize(line);
                })

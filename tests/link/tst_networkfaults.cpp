@@ -157,7 +157,8 @@ private slots:
             QCOMPARE(anna.command(lost == &first ? "real" : "simu").code, 0);
             QTRY_COMPARE_WITH_TIMEOUT(news.count(), 1, patient);
         }
-        QCOMPARE(anna.problems->value(0).value(0).toString(), QString()); // there was always a broker left to try
+        QCOMPARE(anna.problems->value(0).value(0).toString(),
+                 QString()); // there was always a broker left to try
     }
     void aServiceThatIsGone()
     {

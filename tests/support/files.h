@@ -25,7 +25,8 @@ inline void writeFile(const QString &path, const QByteArray &content)
 inline bool runSqlite(const QString &file, const QByteArray &sql)
 {
     FILE *program = ::popen(qPrintable(QStringLiteral("sqlite3 '%1'").arg(file)), "w");
-    return program && std::fwrite(sql.constData(), 1, size_t(sql.size()), program) == size_t(sql.size())
+    return program
+        && std::fwrite(sql.constData(), 1, size_t(sql.size()), program) == size_t(sql.size())
         && ::pclose(program) == 0;
 }
 
