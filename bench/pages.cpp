@@ -5,6 +5,7 @@
 #include "bench/module.h"
 #include "bench/rawforms.h"
 #include "bench/stage.h"
+#include "schema/names.h"
 #include "settings/devicessettingpage.h"
 #include "settings/processsettingspage.h"
 #include "settings/weavefunctionpage.h"
@@ -16,6 +17,7 @@ namespace bench {
 namespace {
 
 constexpr int pageCount = 4;
+constexpr int monitorWidth = 360;
 const QString fromUic = QStringLiteral("the same page from uic");
 
 // The page's widget is inside the styled page around it, and is deleted with it.
@@ -91,6 +93,49 @@ void switchPages(Bench &bench)
               QStringLiteral("a QStackedWidget with the pages from uic"), ours, floor);
 }
 
+// Against painting alone, which both sides do.
+void updates(Bench &bench)
+{
+    Module module(testsupport::FormHost::Connected);
+    module.load();
+    for (QToolButton *button : module.buttons())
+        button->click();
+    QWidget *group = testsupport::child(pando::frame().center, "gbx_arconParam");
+    auto *files = testsupport::child<QComboBox>(group, "cbx_arconParamFileNumber");
+    const Trial paint = [group] { return cost([group] { group->grab(); }); };
+    int turn = 0;
+    for (int i : {1, 0}) // the first visit creates the file
+        files->setCurrentIndex(i);
+    bench.row(
+        QStringLiteral("choose another arc-start file"), QStringLiteral("paint the group"),
+        [&] {
+            module.host.takeRequests();
+            return cost([&] {
+                files->setCurrentIndex(++turn % 2);
+                group->grab();
+            });
+        },
+        paint);
+
+    pando::frame().rightSide->switchTo(QStringLiteral("welmo.page"));
+    QWidget *monitor = pando::frame().rightSide;
+    monitor->resize(monitorWidth, pageSize.height());
+    monitor->show();
+    bench.row(
+        QStringLiteral("show the welder's new values in the monitor"),
+        QStringLiteral("paint the monitor"),
+        [&] {
+            return cost([&] {
+                module.host.notify(welmo::names::welderState,
+                                   QVariantMap{{QStringLiteral("current"), 100 + ++turn % 50},
+                                               {QStringLiteral("voltage"), 20 + turn % 5},
+                                               {QStringLiteral("welding_speed"), 5 + turn % 7}});
+                monitor->grab();
+            });
+        },
+        [monitor] { return cost([monitor] { monitor->grab(); }); });
+}
+
 void loadLibrary(Bench &bench)
 {
     const auto ours = [] {
@@ -157,6 +202,7 @@ void pages(Bench &bench)
 {
     openPages(bench);
     switchPages(bench);
+    updates(bench);
     loadLibrary(bench);
     memory(bench);
 }
