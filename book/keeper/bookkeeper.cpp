@@ -28,14 +28,6 @@ QVariantList itemsOf(const QVariant &list)
     return list.userType() == QMetaType::QVariantMap ? list.toMap().values() : list.toList();
 }
 
-std::optional<double> setValue(const QVariantMap &file, const char *mode, const char *word,
-                               const char *key)
-{
-    const bool absolute = file.value(QLatin1String(mode)) == QLatin1String(word);
-    const QVariant value = file.value(QLatin1String(key));
-    return absolute && value.isValid() ? std::optional<double>(value.toDouble()) : std::nullopt;
-}
-
 } // namespace
 
 QString bandTitle(const QString &band)
@@ -211,15 +203,7 @@ void Bookkeeper::tidyUp()
 
 FileInUse Bookkeeper::fileInUse(const QString &file) const
 {
-    const QVariantMap content = m_files->files().value(file).toMap();
-    FileInUse use;
-    use.version = m_files->version(file);
-    use.set.current = setValue(content, "current_mode", "current", "current");
-    use.set.voltage = setValue(content, "voltage_mode", "separate", "voltage");
-    const double speed = content.value(QStringLiteral("weld_speed")).toDouble();
-    if (speed > 0) // 0 means that the program gives the speed
-        use.set.speed = speed;
-    return use;
+    return {m_files->version(file), SetValues::of(m_files->files().value(file).toMap())};
 }
 
 Limits Bookkeeper::limits(const QString &file) const

@@ -202,8 +202,8 @@
         <translation>无法打开（%1）</translation>
     </message>
     <message>
-        <source>is damaged or no weld book (%1)</source>
-        <translation>已损坏或不是焊接记录（%1）</translation>
+        <source>is damaged or no such database (%1)</source>
+        <translation>已损坏或不是此类数据库（%1）</translation>
     </message>
     <message>
         <source>belongs to another program</source>

@@ -13,48 +13,50 @@ namespace welmo::book {
 
 namespace {
 
-constexpr qint64 applicationId = 0x776C626B; // "wlbk"
-constexpr qint64 schemaVersion = 1;
 constexpr int busyMs = 5000;
-
-const QStringList &tables()
-{
-    static const QStringList list{
-        QStringLiteral("CREATE TABLE IF NOT EXISTS seam (id INTEGER PRIMARY KEY,"
-                       " course_rate INTEGER NOT NULL DEFAULT 10)"),
-        QStringLiteral("CREATE TABLE IF NOT EXISTS course (seam INTEGER NOT NULL,"
-                       " part INTEGER NOT NULL, data BLOB NOT NULL, PRIMARY KEY (seam, part))"),
-        QStringLiteral("CREATE TABLE IF NOT EXISTS limits (file TEXT PRIMARY KEY,"
-                       " content TEXT NOT NULL) WITHOUT ROWID"),
-        QStringLiteral("CREATE TABLE IF NOT EXISTS version (file TEXT NOT NULL,"
-                       " number INTEGER NOT NULL, time INTEGER NOT NULL, user TEXT,"
-                       " content TEXT, PRIMARY KEY (file, number)) WITHOUT ROWID"),
-        QStringLiteral("CREATE TABLE IF NOT EXISTS setting (name TEXT PRIMARY KEY,"
-                       " value TEXT) WITHOUT ROWID"),
-    };
-    return list;
-}
-
-// For the filters, newest first, and for finding open and old records.
-const QStringList &indices()
-{
-    static const QStringList list{
-        QStringLiteral("seam_started ON seam (started)"),
-        QStringLiteral("seam_program ON seam (program, started)"),
-        QStringLiteral("seam_file ON seam (weld_file, started)"),
-        QStringLiteral("seam_verdict ON seam (verdict, started)"),
-        QStringLiteral("seam_open ON seam (id) WHERE ended IS NULL"),
-        QStringLiteral("seam_rate ON seam (course_rate, started)"),
-    };
-    return list;
-}
 
 } // namespace
 
-std::unique_ptr<Database> Database::open(const QString &file, Access access, QString *problem)
+const Schema &weldBookSchema()
+{
+    static const Schema schema{
+        0x776C626B, // "wlbk"
+        1,
+        {
+            QStringLiteral("seam (id INTEGER PRIMARY KEY,"
+                           " course_rate INTEGER NOT NULL DEFAULT 10)"),
+            QStringLiteral("course (seam INTEGER NOT NULL,"
+                           " part INTEGER NOT NULL, data BLOB NOT NULL, PRIMARY KEY (seam, part))"),
+            QStringLiteral("limits (file TEXT PRIMARY KEY, content TEXT NOT NULL) WITHOUT ROWID"),
+            QStringLiteral("version (file TEXT NOT NULL,"
+                           " number INTEGER NOT NULL, time INTEGER NOT NULL, user TEXT,"
+                           " content TEXT, PRIMARY KEY (file, number)) WITHOUT ROWID"),
+            QStringLiteral("setting (name TEXT PRIMARY KEY, value TEXT) WITHOUT ROWID"),
+        },
+        // For the filters, newest first, and for finding open and old records.
+        {
+            QStringLiteral("seam_started ON seam (started)"),
+            QStringLiteral("seam_program ON seam (program, started)"),
+            QStringLiteral("seam_file ON seam (weld_file, started)"),
+            QStringLiteral("seam_verdict ON seam (verdict, started)"),
+            QStringLiteral("seam_open ON seam (id) WHERE ended IS NULL"),
+            QStringLiteral("seam_rate ON seam (course_rate, started)"),
+        },
+        true};
+    return schema;
+}
+
+std::unique_ptr<Database> Database::open(const QString &file, Access access, QString *problem,
+                                         const Schema &schema)
 {
     std::unique_ptr<Database> database(new Database);
-    const QString reason = database->openFile(file, access);
+    QString reason;
+    if (access == ReadOnly && !QFileInfo::exists(file))
+        reason = tr("there is no such file");
+    else
+        reason = database->openFile(file);
+    if (reason.isEmpty())
+        reason = database->inspect(access, schema);
     if (reason.isEmpty())
         return database;
     *problem = QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), reason);
@@ -68,10 +70,8 @@ Database::~Database()
     QSqlDatabase::removeDatabase(m_name);
 }
 
-QString Database::openFile(const QString &file, Access access)
+QString Database::openFile(const QString &file)
 {
-    if (access == ReadOnly && !QFileInfo::exists(file))
-        return tr("there is no such file");
     if (!QDir().mkpath(QFileInfo(file).absolutePath()))
         return tr("the folder cannot be created");
     m_name = QUuid::createUuid().toString();
@@ -80,47 +80,47 @@ QString Database::openFile(const QString &file, Access access)
     m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyMs));
     if (!m_database.open())
         return tr("cannot be opened (%1)").arg(m_database.lastError().text().simplified());
-    return inspect(access);
+    return {};
 }
 
-QString Database::inspect(Access access)
+QString Database::inspect(Access access, const Schema &schema)
 {
     m_error.clear();
     const qint64 id = value(QStringLiteral("PRAGMA application_id")).toLongLong();
     const qint64 version = value(QStringLiteral("PRAGMA user_version")).toLongLong();
     const int count = value(QStringLiteral("SELECT count(*) FROM sqlite_master")).toInt();
     if (!m_error.isEmpty())
-        return tr("is damaged or no weld book (%1)").arg(m_error);
-    if (id != applicationId && (count > 0 || access == ReadOnly))
+        return tr("is damaged or no such database (%1)").arg(m_error);
+    if (id != schema.applicationId && (count > 0 || access == ReadOnly))
         return tr("belongs to another program");
-    if (version > schemaVersion)
+    if (version > schema.version)
         return tr("was written by a newer version (format %1, known is %2)")
             .arg(version)
-            .arg(schemaVersion);
+            .arg(schema.version);
     if (access == ReadOnly)
         return run(QStringLiteral("PRAGMA query_only = 1")) ? QString() : m_error;
     // EXTRA first: before there is a log, a removed journal must not come back after a power cut.
     if (!run(QStringLiteral("PRAGMA synchronous = EXTRA"))
         || !run(QStringLiteral("PRAGMA journal_mode = WAL"))
-        || !atOnce([this] { return makeTables(); }))
+        || !atOnce([&] { return makeTables(schema); }))
         return tr("cannot be written (%1)").arg(m_error);
     return {};
 }
 
-bool Database::makeTables()
+bool Database::makeTables(const Schema &schema)
 {
-    for (const QString &table : tables()) {
-        if (!run(table))
+    for (const QString &table : schema.tables) {
+        if (!run(QStringLiteral("CREATE TABLE IF NOT EXISTS ") + table))
             return false;
     }
-    if (!addMissingColumns())
+    if (schema.hasSeams && !addMissingColumns())
         return false;
-    for (const QString &index : indices()) {
+    for (const QString &index : schema.indices) {
         if (!run(QStringLiteral("CREATE INDEX IF NOT EXISTS ") + index))
             return false;
     }
-    return run(QStringLiteral("PRAGMA application_id = %1").arg(applicationId))
-        && run(QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion));
+    return run(QStringLiteral("PRAGMA application_id = %1").arg(schema.applicationId))
+        && run(QStringLiteral("PRAGMA user_version = %1").arg(schema.version));
 }
 
 // A column that an older book lacks is added; its value is null in existing records.

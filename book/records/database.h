@@ -5,13 +5,26 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <memory>
 
 namespace welmo::book {
 
-/// The book's file: SQLite with a write-ahead log and full synchronisation, so that committed data
-/// survives any crash. One thread uses a Database; a file may be open in several.
+/// The tables of one kind of file.
+struct Schema
+{
+    qint64 applicationId; ///< tells this kind of file from others
+    qint64 version; ///< a file of a newer one is refused
+    QStringList tables; ///< each as after CREATE TABLE
+    QStringList indices; ///< each as after CREATE INDEX
+    bool hasSeams = false; ///< the table "seam" gets a column for each of seamColumns()
+};
+
+const Schema &weldBookSchema();
+
+/// A file of records: SQLite with a write-ahead log and full synchronisation, so that committed
+/// data survives any crash. One thread uses a Database; a file may be open in several.
 class Database
 {
     Q_DECLARE_TR_FUNCTIONS(welmo::book::Database)
@@ -20,7 +33,8 @@ public:
 
     /// Opens the file and makes or completes its tables; null, with a line in @p problem, if it is
     /// damaged, another program's, of a newer version, or cannot be written.
-    static std::unique_ptr<Database> open(const QString &file, Access access, QString *problem);
+    static std::unique_ptr<Database> open(const QString &file, Access access, QString *problem,
+                                          const Schema &schema = weldBookSchema());
     ~Database();
     Database(const Database &) = delete;
     Database &operator=(const Database &) = delete;
@@ -52,9 +66,9 @@ public:
 
 private:
     Database() = default;
-    QString openFile(const QString &file, Access access);
-    QString inspect(Access access);
-    bool makeTables();
+    QString openFile(const QString &file);
+    QString inspect(Access access, const Schema &schema);
+    bool makeTables(const Schema &schema);
     bool addMissingColumns();
     bool fail(const QString &error);
 

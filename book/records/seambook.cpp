@@ -37,6 +37,8 @@ Where whereOf(const Filter &filter)
         where.add(QStringLiteral("started >= ?"), filter.from);
     if (filter.until > 0)
         where.add(QStringLiteral("started < ?"), filter.until);
+    if (!filter.cell.isEmpty())
+        where.add(QStringLiteral("cell = ?"), filter.cell);
     if (!filter.program.isEmpty())
         where.add(QStringLiteral("program = ?"), filter.program);
     if (!filter.file.isEmpty())

@@ -15,6 +15,7 @@ struct Filter
 {
     qint64 from = 0; ///< ms UTC, the earliest start
     qint64 until = 0; ///< ms UTC, before which the seam started; 0: no limit
+    QString cell;
     QString program;
     QString file; ///< the welding file
     std::optional<Verdict> verdict;

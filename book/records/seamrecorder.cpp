@@ -41,7 +41,26 @@ void addEnergy(Seam *seam, double joule)
     seam->heatInput = seam->efficiency * *seam->arcEnergy;
 }
 
+std::optional<double> setValue(const QVariantMap &file, const char *mode, const char *word,
+                               const char *key)
+{
+    const bool absolute = file.value(QLatin1String(mode)) == QLatin1String(word);
+    const QVariant value = file.value(QLatin1String(key));
+    return absolute && value.isValid() ? std::optional<double>(value.toDouble()) : std::nullopt;
+}
+
 } // namespace
+
+SetValues SetValues::of(const QVariantMap &file)
+{
+    SetValues set;
+    set.current = setValue(file, "current_mode", "current", "current");
+    set.voltage = setValue(file, "voltage_mode", "separate", "voltage");
+    const double speed = file.value(QStringLiteral("weld_speed")).toDouble();
+    if (speed > 0) // 0 means that the program gives the speed
+        set.speed = speed;
+    return set;
+}
 
 Moment Moment::now()
 {

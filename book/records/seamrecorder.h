@@ -26,6 +26,8 @@ struct SetValues
     std::optional<double> voltage; ///< V
     std::optional<double> speed; ///< mm/s
 
+    /// Those in a welding file's content.
+    static SetValues of(const QVariantMap &file);
     bool operator==(const SetValues &other) const
     {
         return current == other.current && voltage == other.voltage && speed == other.speed;
