@@ -53,6 +53,7 @@ CellService::CellService(const Options &options, QObject *parent)
     });
     connect(&m_runner, &ControllerRunner::notified, this,
             [this](const QString &path, const QVariant &values) { m_board.update(path, values); });
+    connect(&m_runner, &ControllerRunner::notified, this, &CellService::notified);
 
     // A second service with the same name takes over the first one's connection.
     MqttClient::Options how{options.address,
@@ -85,6 +86,7 @@ std::function<void()> CellService::posted(Work work)
 void CellService::start()
 {
     if (m_runner.isReady()) {
+        emit started();
         m_client->start();
         return;
     }
@@ -96,6 +98,18 @@ void CellService::start()
 Reply CellService::handle(const Request &request)
 {
     return m_runner.controller()->handle(request);
+}
+
+void CellService::tell(const QString &path, const QString &key)
+{
+    const Reply reply = handle({Request::Kind::Get, path, key, {}});
+    if (reply.ok())
+        emit told(path, reply.value);
+}
+
+void CellService::hand(const protocol::Record &record)
+{
+    publish(m_topics.record(), protocol::toMessage(record));
 }
 
 void CellService::tick()
@@ -112,6 +126,7 @@ void CellService::onOnline()
     m_echo = m_shown;
     m_client->subscribe(m_topics.request(QStringLiteral("+")), 1);
     m_client->subscribe(m_topics.beat(QStringLiteral("+")), 0);
+    m_client->subscribe(m_topics.taken(QStringLiteral("+")), 1);
     m_client->subscribe(m_topics.alive(), 0);
     m_board.tellAll(*m_runner.controller());
     m_told.clear();
@@ -142,8 +157,12 @@ void CellService::takeIn(const MqttMessage &message)
         m_echo = m_options.clock();
         return;
     }
-    const QString requester = m_topics.requester(message.topic);
-    const QString user = requester.isEmpty() ? m_topics.beater(message.topic) : requester;
+    QString user;
+    for (const auto &userOf :
+         {&protocol::Topics::requester, &protocol::Topics::beater, &protocol::Topics::taker}) {
+        if (user.isEmpty())
+            user = (m_topics.*userOf)(message.topic);
+    }
     if (!m_inbox.put(user, message, m_options.clock()))
         ++m_crowded;
     else if (!m_workWanted.exchange(true))
@@ -176,6 +195,8 @@ void CellService::onMessage(const MqttMessage &message, const QString &user)
         ++m_refused.malformed;
     else if (message.topic == m_topics.request(user))
         onRequest(message, user);
+    else if (message.topic == m_topics.taken(user))
+        onTaken(message);
     else
         onBeat(message, user);
 }
@@ -344,6 +365,15 @@ void CellService::onBeat(const MqttMessage &message, const QString &user)
         m_runner.controller()->beat(qMin(beat->time, m_runner.now()), beat->presses);
         m_runner.tick();
     }
+}
+
+void CellService::onTaken(const MqttMessage &message)
+{
+    const std::optional<protocol::Taken> what = protocol::toTaken(message);
+    if (what)
+        emit taken(what->log, what->sequence, what->again);
+    else
+        ++m_refused.malformed;
 }
 
 void CellService::showAlive()

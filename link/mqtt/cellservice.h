@@ -53,6 +53,11 @@ public:
     void setRoles(const Roles &roles);
     /// A request from inside the process, without a user; only while online.
     controller::Reply handle(const controller::Request &request);
+    /// Reads a node, or its entry; told() has the value.
+    void tell(const QString &path, const QString &key = {});
+    /// Hands an entry of the cell's outbox over to recorders, if there is a connection now. Any
+    /// thread.
+    void hand(const protocol::Record &record);
     /// Carries out what is due; called by timers.
     void tick();
     const Refused &refused() const { return m_refused; }
@@ -60,6 +65,13 @@ public:
     const controller::Journal &journal() const { return m_journal; }
 
 signals:
+    /// The controller has started: nodes can be read.
+    void started();
+    /// See controller::Controller::setNotify().
+    void notified(const QString &path, const QVariant &values);
+    void told(const QString &path, const QVariant &value);
+    /// A recorder said what it has, see protocol::Taken.
+    void taken(const QString &log, qint64 sequence, bool again);
     /// The broker has accepted the cell, and every value is published.
     void online();
     /// One line: why there is no controller, or no connection to the broker.
@@ -73,6 +85,7 @@ private:
     void onMessage(const MqttMessage &message, const QString &user);
     void onRequest(const MqttMessage &message, const QString &user);
     void onBeat(const MqttMessage &message, const QString &user);
+    void onTaken(const MqttMessage &message);
     void welcome(const MqttMessage &message, const QString &user, const QString &client,
                  const QString &greeting);
     std::optional<controller::Reply> answerTo(PendantSession &session,

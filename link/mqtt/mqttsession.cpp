@@ -192,11 +192,11 @@ void MqttSession::onMessage(const MqttMessage &message)
     }
 }
 
-void MqttSession::onStatus(const std::optional<bool> &present)
+void MqttSession::onStatus(const std::optional<protocol::Status> &status)
 {
-    if (present == false)
+    if (status && !status->present)
         breakOff();
-    else if (present && m_session == 0 && m_wanted != 0)
+    else if (status && m_session == 0 && m_wanted != 0)
         sendGreeting();
 }
 

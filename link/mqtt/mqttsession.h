@@ -50,7 +50,7 @@ private:
     void onOnline();
     void onOffline(const QString &reason); // empty while another broker is tried
     void onMessage(const MqttMessage &message);
-    void onStatus(const std::optional<bool> &present);
+    void onStatus(const std::optional<protocol::Status> &status);
     void onReply(const MqttMessage &message);
     void onGreeting(int session, const controller::Reply &reply);
     void onAnswer(const std::shared_ptr<PendingCall> &call, const controller::Reply &reply);

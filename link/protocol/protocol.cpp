@@ -38,6 +38,13 @@ const QString sinceKey = QStringLiteral("since");
 const QString beatKey = QStringLiteral("beat");
 const QString presentKey = QStringLiteral("present");
 
+const QString logKey = QStringLiteral("log");
+const QString sequenceKey = QStringLiteral("sequence");
+const QString afterKey = QStringLiteral("after");
+const QString droppedKey = QStringLiteral("dropped");
+const QString contentKey = QStringLiteral("content");
+const QString againKey = QStringLiteral("again");
+
 const QString helloWord = QStringLiteral("hello");
 const std::pair<Kind, QString> kindWords[]{{Kind::Get, QStringLiteral("get")},
                                            {Kind::Set, QStringLiteral("set")},
@@ -95,12 +102,14 @@ public:
         return numbers;
     }
     bool flag(const QString &key) { return take(key, {QMetaType::Bool}).toBool(); }
+    /// Also a count that no reader of JSON may round.
     qint64 time(const QString &key)
     {
         const qint64 time = number(key);
         m_good = m_good && isTime(time);
         return time;
     }
+    QVariantMap map(const QString &key) { return take(key, {QMetaType::QVariantMap}).toMap(); }
     QVariant any(const QString &key) { return m_map.value(key); }
     bool has(const QString &key) const { return m_map.contains(key); }
     bool good() const { return m_good; }
@@ -215,6 +224,16 @@ QString Topics::reply(const QString &user, const QString &client) const
     return m_root + QStringLiteral("reply/%1/%2").arg(user, client);
 }
 
+QString Topics::record() const
+{
+    return m_root + QStringLiteral("record");
+}
+
+QString Topics::taken(const QString &user) const
+{
+    return m_root + QStringLiteral("taken/") + user;
+}
+
 QString Topics::value(const QString &path, const QString &key) const
 {
     const QString topic = m_root + QStringLiteral("value/") + path;
@@ -236,6 +255,12 @@ QString Topics::requester(const QString &topic) const
 QString Topics::beater(const QString &topic) const
 {
     const QString user = below(topic, "beat/");
+    return isName(user) ? user : QString();
+}
+
+QString Topics::taker(const QString &topic) const
+{
+    const QString user = below(topic, "taken/");
     return isName(user) ? user : QString();
 }
 
@@ -368,6 +393,47 @@ std::optional<Reply> toReply(const MqttMessage &message)
     return reader.good() ? std::make_optional(reply) : std::nullopt;
 }
 
+MqttMessage toMessage(const Record &record)
+{
+    return {{},
+            compact({{logKey, record.log},
+                     {sequenceKey, record.sequence},
+                     {afterKey, record.after},
+                     {droppedKey, record.dropped},
+                     {kindKey, record.kind},
+                     {contentKey, record.content}}),
+            1};
+}
+
+std::optional<Record> toRecord(const MqttMessage &message)
+{
+    const auto map = mapOf(message.payload, longestRecord);
+    if (!map)
+        return std::nullopt;
+    Reader reader(*map);
+    const Record record{reader.text(logKey),     reader.time(sequenceKey), reader.time(afterKey),
+                        reader.time(droppedKey), reader.text(kindKey),     reader.map(contentKey)};
+    const bool good = reader.good() && isName(record.log) && record.sequence > record.after;
+    return good ? std::make_optional(record) : std::nullopt;
+}
+
+MqttMessage toMessage(const Taken &taken)
+{
+    return {{},
+            compact({{logKey, taken.log}, {sequenceKey, taken.sequence}, {againKey, taken.again}}),
+            1};
+}
+
+std::optional<Taken> toTaken(const MqttMessage &message)
+{
+    const auto map = mapOf(message.payload, longestRequest);
+    if (!map)
+        return std::nullopt;
+    Reader reader(*map);
+    const Taken taken{reader.text(logKey), reader.time(sequenceKey), reader.flag(againKey)};
+    return reader.good() ? std::make_optional(taken) : std::nullopt;
+}
+
 MqttMessage toValueMessage(const QVariant &value)
 {
     MqttMessage message;
@@ -394,14 +460,14 @@ MqttMessage toStatusMessage(bool present, qint64 since)
     return {{}, compact(status), 1, true};
 }
 
-std::optional<bool> toStatus(const MqttMessage &message)
+std::optional<Status> toStatus(const MqttMessage &message)
 {
     const auto map = mapOf(message.payload, longestRequest);
     if (!map || !map->contains(presentKey))
         return std::nullopt;
     Reader reader(*map);
-    const bool present = reader.flag(presentKey);
-    return reader.good() ? std::make_optional(present) : std::nullopt;
+    const Status status{reader.flag(presentKey), reader.time(sinceKey)};
+    return reader.good() ? std::make_optional(status) : std::nullopt;
 }
 
 } // namespace welmo::links::protocol

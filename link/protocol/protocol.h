@@ -14,6 +14,7 @@ constexpr int version = 1;
 /// The largest request of a pendant; answers may be larger.
 constexpr int longestRequest = 256 * 1024;
 constexpr int longestMessage = 4 * 1024 * 1024;
+constexpr int longestRecord = 1024 * 1024;
 
 /// How often both sides send a heartbeat, and after what silence the other counts as lost.
 constexpr int aliveMs = 50; ///< a cell with pendants; one without is silent
@@ -44,11 +45,14 @@ public:
     QString request(const QString &user) const;
     QString beat(const QString &user) const; ///< the heartbeat of a pendant's user interface
     QString reply(const QString &user, const QString &client) const;
+    QString record() const; ///< what the cell hands over to a plant's recorder
+    QString taken(const QString &user) const; ///< what that recorder has
     /// The topic of a node's retained value; with a key, of one of its entries.
     QString value(const QString &path, const QString &key = {}) const;
-    /// The user whose request or beat this is; empty for any other topic.
+    /// The user whose request, beat or taken this is; empty for any other topic.
     QString requester(const QString &topic) const;
     QString beater(const QString &topic) const;
+    QString taker(const QString &topic) const;
     /// The client whose reply topic this is, if @p user may use it; else empty.
     QString replier(const QString &topic, const QString &user) const;
     /// The node and entry whose value this is; empty for another topic.
@@ -89,6 +93,31 @@ struct Alive
     qint64 beat = 0; ///< the sequence of its last beat that had arrived
 };
 
+/// An entry of a cell's outbox.
+struct Record
+{
+    QString log;
+    qint64 sequence = 0;
+    qint64 after = 0; ///< the entry before it; 0: none is kept
+    qint64 dropped = 0; ///< entries that the cell lost
+    QString kind;
+    QVariantMap content;
+};
+
+/// What a recorder has of that log: everything up to the sequence.
+struct Taken
+{
+    QString log = {}; ///< empty: it does not know which one the cell has
+    qint64 sequence = 0;
+    bool again = false; ///< send what follows once more
+};
+
+struct Status
+{
+    bool present = false;
+    qint64 since = 0; ///< by the cell's calendar, milliseconds since 1970
+};
+
 // Each makes or reads one message without its topic; reading another message gives nothing.
 MqttMessage toMessage(const Request &request);
 std::optional<Request> toRequest(const MqttMessage &message);
@@ -98,12 +127,15 @@ MqttMessage toMessage(const Alive &alive);
 std::optional<Alive> toAlive(const MqttMessage &message);
 MqttMessage toMessage(const controller::Reply &reply);
 std::optional<controller::Reply> toReply(const MqttMessage &message);
+MqttMessage toMessage(const Record &record);
+std::optional<Record> toRecord(const MqttMessage &message);
+MqttMessage toMessage(const Taken &taken);
+std::optional<Taken> toTaken(const MqttMessage &message);
 /// A node's value, retained; an invalid one removes the retained value.
 MqttMessage toValueMessage(const QVariant &value);
 std::optional<QVariant> toValue(const MqttMessage &message);
-/// Whether the cell is online, retained; if so, since when by its calendar (milliseconds since
-/// 1970, UTC).
+/// Whether the cell is online, retained; if so, since when.
 MqttMessage toStatusMessage(bool present, qint64 since = 0);
-std::optional<bool> toStatus(const MqttMessage &message);
+std::optional<Status> toStatus(const MqttMessage &message);
 
 } // namespace welmo::links::protocol

@@ -53,8 +53,10 @@ void fuzz(const QByteArray &input)
         require(mapOf(message.payload).contains("value"), "a value is told", message.payload);
         require(welmo::controller::isPlain(*value), "a value is plain", message.payload);
     }
-    if (const auto present = protocol::toStatus(message))
-        require(mapOf(message.payload).value("present") == *present, "a status is told",
+    check(message, protocol::toRecord);
+    check(message, protocol::toTaken);
+    if (const auto status = protocol::toStatus(message))
+        require(mapOf(message.payload).value("present") == status->present, "a status is told",
                 message.payload);
 
     const protocol::Topics topics("cell");
