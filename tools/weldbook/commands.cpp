@@ -5,6 +5,7 @@
 #include <QFile>
 #include <algorithm>
 
+#include "book/plant/plantbook.h"
 #include "book/records/seambook.h"
 #include "book/report/pdf.h"
 #include "book/report/tables.h"
@@ -34,7 +35,7 @@ struct Call
 void setUp(QCommandLineParser *parser)
 {
     parser->setApplicationDescription(
-        QStringLiteral("What was welded, out of the book in a pendant's data folder.\n\n"
+        QStringLiteral("What was welded, out of a pendant's book, or a plant's.\n\n"
                        "  list            one line for each weld, newest first\n"
                        "  show ID         all that is known of one weld\n"
                        "  export          the records as a table\n"
@@ -45,12 +46,13 @@ void setUp(QCommandLineParser *parser)
     parser->addPositionalArgument(QStringLiteral("command"),
                                   QStringLiteral("list, show, export, report or verify"));
     parser->addOptions({
-        {QStringLiteral("data"), QStringLiteral("The pendant's data folder."),
+        {QStringLiteral("data"), QStringLiteral("The data folder of a pendant or a recorder."),
          QStringLiteral("DIR")},
         {QStringLiteral("from"), QStringLiteral("Welds that began on this day or later."),
          QStringLiteral("YYYY-MM-DD")},
         {QStringLiteral("until"), QStringLiteral("Welds that began on this day or before."),
          QStringLiteral("YYYY-MM-DD")},
+        {QStringLiteral("cell"), QStringLiteral("Welds of this cell."), QStringLiteral("NAME")},
         {QStringLiteral("program"), QStringLiteral("Welds of this program."),
          QStringLiteral("NAME")},
         {QStringLiteral("file"), QStringLiteral("Welds with this welding file."),
@@ -82,6 +84,7 @@ QString readFilter(const QCommandLineParser &parser, Filter *filter)
         if (!problem.isEmpty())
             return problem;
     }
+    filter->cell = parser.value(QStringLiteral("cell"));
     filter->program = parser.value(QStringLiteral("program"));
     filter->file = parser.value(QStringLiteral("file"));
     if (!parser.isSet(QStringLiteral("verdict")))
@@ -209,8 +212,12 @@ int open(const Command &command, Call &call)
     const QString folder = call.parser.value(QStringLiteral("data"));
     if (folder.isEmpty())
         return call.complain(QStringLiteral("needs --data DIR"));
-    const QString file = QDir(folder).filePath(QStringLiteral("weldbook/weldbook.db"));
-    auto database = Database::open(file, Database::ReadOnly, &call.problem);
+    const QDir data(folder);
+    const bool isPlant = data.exists(QStringLiteral("plant.db"));
+    const QString file = data.filePath(isPlant ? QStringLiteral("plant.db")
+                                               : QStringLiteral("weldbook/weldbook.db"));
+    auto database = Database::open(file, Database::ReadOnly, &call.problem,
+                                   isPlant ? plantSchema() : weldBookSchema());
     if (!database)
         return wrongBook;
     SeamBook book(std::move(database));
