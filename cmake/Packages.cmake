@@ -33,7 +33,7 @@ set(CPACK_DEBIAN_PLUGIN_PACKAGE_DEPENDS "${runtime}, ${widgets}")
 set(CPACK_DEBIAN_WELDBOOK_PACKAGE_DEPENDS
     "${runtime}, ${widgets}, libqt5sql5 (>= 5.15.8), libqt5sql5-sqlite, libqwt-qt5-6, fonts-dejavu-core")
 set(CPACK_DEBIAN_PENDANT_PACKAGE_DEPENDS
-    "${runtime}, ${widgets}, libqt5x11extras5 (>= 5.15.2), libxcb1, libxcb-xkb1, libsqlite3-0"
+    "${runtime}, ${widgets}, libqt5x11extras5 (>= 5.15.2), libxcb1, libxcb-xkb1, libsqlite3-0, libqt5sql5 (>= 5.15.8), libqt5sql5-sqlite"
     "libmosquitto1 (>= 2.0.11), libssl3, fonts-dejavu-core"
     "welmo-plugin (= ${PROJECT_VERSION})")
 list(JOIN CPACK_DEBIAN_PENDANT_PACKAGE_DEPENDS ", " CPACK_DEBIAN_PENDANT_PACKAGE_DEPENDS)
@@ -51,9 +51,9 @@ program weldbook, which lists, exports and reports what was welded.")
 set(CPACK_DEBIAN_PENDANT_DESCRIPTION "desktop pendant and tools for the arc-welding package
 A robot teach pendant for the desktop with a virtual controller and a simulated
 welder, the same controller as a service (controllerd) behind an MQTT broker, the
-checker tlcheck for welding programs, and example programs.")
+recorder of a plant's cells, the checker tlcheck for welding programs, and example programs.")
 
 include(CPack)
 
 # cpack packs what is built; this target builds it.
-add_custom_target(shipped DEPENDS welmo weldbook weldbook-cli welmo-pendant tlcheck controllerd)
+add_custom_target(shipped DEPENDS welmo weldbook weldbook-cli welmo-pendant tlcheck controllerd recorder)

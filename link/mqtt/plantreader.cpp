@@ -46,7 +46,7 @@ MqttClient::Handlers PlantReader::handlersOf(int broker)
     MqttClient::Handlers handlers;
     handlers.online = [this, broker] {
         subscribe(*m_clients[size_t(broker)]);
-        post([this] { m_reported.clear(); });
+        post([this, broker] { m_reported.remove(broker); });
     };
     handlers.offline = [this, broker](const QString &reason, bool all) {
         post([this, broker, reason, all] { onOffline(broker, reason, all); });
@@ -80,9 +80,9 @@ void PlantReader::onOffline(int broker, const QString &reason, bool all)
             place = place.key().first == broker ? places.erase(place) : std::next(place);
         judge(cell);
     }
-    if (all && reason != m_reported)
+    if (all && reason != m_reported.value(broker))
         emit problem(reason);
-    m_reported = reason;
+    m_reported.insert(broker, reason);
 }
 
 void PlantReader::onMessage(int broker, const MqttMessage &message)

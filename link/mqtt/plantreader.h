@@ -76,7 +76,7 @@ private:
     QHash<QString, QMap<Place, Told>> m_told; // by cell
     QMap<QString, Stay> m_at; // by cell, if it is there
     int m_malformed = 0;
-    QString m_reported;
+    QMap<int, QString> m_reported; // what is wrong with a broker
     std::vector<std::unique_ptr<MqttClient>> m_clients; // last, so that their threads end first
 };
 

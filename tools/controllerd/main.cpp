@@ -5,7 +5,8 @@
 #include "controller/core/repair.h"
 #include "link/mqtt/cellservice.h"
 #include "tools/controllerd/options.h"
-#include "tools/controllerd/signals.h"
+#include "tools/controllerd/recording.h"
+#include "tools/service/signals.h"
 
 namespace {
 
@@ -67,14 +68,16 @@ int main(int argc, char *argv[])
         say(problem);
         return couldNotStart;
     }
-    const controllerd::Signals signalled;
-    welmo::links::CellService service(how);
-    QObject::connect(&service, &welmo::links::CellService::problem, &say);
-    QObject::connect(&service, &welmo::links::CellService::online, &service,
+    const service::Signals signalled;
+    welmo::links::CellService cell(how);
+    const controllerd::Recording recording(&cell, options.cell, options.dataFolder);
+    QObject::connect(recording.recorder(), &controllerd::CellRecorder::problem, &cell, &say);
+    QObject::connect(&cell, &welmo::links::CellService::problem, &say);
+    QObject::connect(&cell, &welmo::links::CellService::online, &cell,
                      [&options] { say(QStringLiteral("%1 is online").arg(options.cell)); });
-    QObject::connect(&signalled, &controllerd::Signals::rereadWanted, &service,
-                     [&] { reread(options.usersFile, &service); });
-    QObject::connect(&signalled, &controllerd::Signals::endWanted, &app, &QCoreApplication::quit);
-    service.start();
+    QObject::connect(&signalled, &service::Signals::rereadWanted, &cell,
+                     [&] { reread(options.usersFile, &cell); });
+    QObject::connect(&signalled, &service::Signals::endWanted, &app, &QCoreApplication::quit);
+    cell.start();
     return QCoreApplication::exec();
 }

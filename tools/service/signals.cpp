@@ -1,9 +1,9 @@
-#include "tools/controllerd/signals.h"
+#include "tools/service/signals.h"
 
 #include <csignal>
 #include <sys/eventfd.h>
 
-namespace controllerd {
+namespace service {
 
 namespace {
 
@@ -43,4 +43,4 @@ Signals::Signals()
     std::signal(SIGHUP, &Signals::handle);
 }
 
-} // namespace controllerd
+} // namespace service

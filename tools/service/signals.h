@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QSocketNotifier>
 
-namespace controllerd {
+namespace service {
 
 /// SIGTERM, SIGINT and SIGHUP as signals of the event loop. Only one in a process.
 class Signals : public QObject
@@ -22,4 +22,4 @@ private:
     QSocketNotifier m_notifier;
 };
 
-} // namespace controllerd
+} // namespace service

@@ -1,0 +1,257 @@
+#include <functional>
+
+#include "book/plant/plantbook.h"
+#include "book/plant/seamcontent.h"
+#include "broker.h"
+#include "cell.h"
+#include "controller/core/json.h"
+#include "link/mqtt/plantreader.h"
+#include "pendant.h"
+#include "support/datarows.h"
+#include "support/files.h"
+#include "tools/controllerd/recording.h"
+
+using namespace testsupport;
+using namespace welmo::book;
+using welmo::links::PlantReader;
+namespace protocol = welmo::links::protocol;
+
+namespace {
+
+/// A program of ours that is ended without a warning.
+struct Program : QProcess
+{
+    Program(const QString &program, const QStringList &arguments, const QString &user)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("WELMO_BROKER_PASSWORD", Broker::shared().as(user).password);
+        setProcessEnvironment(environment);
+        const QString url = QStringLiteral("mqtt://%1@127.0.0.1:%2");
+        start(program,
+              QStringList(arguments) << "--broker" << url.arg(user).arg(Broker::shared().port()));
+    }
+    ~Program() override { cut(); }
+    void cut()
+    {
+        kill();
+        waitForFinished();
+    }
+};
+
+/// A cell and a recorder as they are shipped, and somebody who changes files.
+struct Scene
+{
+    QTemporaryDir folder;
+    Broker &broker = Broker::shared();
+    const bool isListed = [this] {
+        writeFile(folder.filePath("users"), "anna administrator\n");
+        return true;
+    }();
+    Program cell{CONTROLLERD, {"--cell", "cell", "--data", folder.path()}, "cell"};
+    Program recorder{RECORDER, {"--data", folder.path()}, "plant"};
+    Pendant anna{broker.as("anna")};
+    QStringList saved;
+
+    bool change()
+    {
+        for (int i = 0; i < 3; ++i) {
+            saved.append(fileName(1 + saved.size()));
+            if (!anna.waitUp() || anna.save(saved.size(), 10 + saved.size()).code != 0)
+                return false;
+        }
+        return true;
+    }
+    /// The changed files, as they are in the plant's book, in order.
+    QStringList stored() const
+    {
+        QString problem;
+        const auto book = Database::open(folder.filePath("plant.db"), Database::ReadOnly, &problem,
+                                         plantSchema());
+        QSqlQuery query = book ? book->query() : QSqlQuery();
+        query.exec("SELECT entry FROM change ORDER BY log, sequence");
+        QStringList files;
+        while (query.next())
+            files.append(query.value(0).toString());
+        return files;
+    }
+};
+
+PlantBook::Entry entry(qint64 sequence, qint64 after, const QString &kind = kind::state,
+                       qint64 dropped = 0)
+{
+    return {"cell", "log", sequence, after, dropped, kind, {{"state", "idle"}, {"time", 1}}};
+}
+
+} // namespace
+
+/// What a cell hands over comes to its plant's book, once.
+class tst_Recorder : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        Broker::shared().stop();
+        Broker::shared().command({"recorder", Broker::shared().folder(), "plant"}, "tnalp\n");
+        Broker::shared().start();
+    }
+
+    void whateverFails_data()
+    {
+        using Step = std::function<void(Scene &)>;
+        addRows<Step, Step>(
+            {{"recorder", [](Scene &s) { s.recorder.cut(); }, [](Scene &s) { s.recorder.start(); }},
+             {"cell", [](Scene &s) { s.cell.cut(); }, [](Scene &s) { s.cell.start(); }},
+             {"broker", [](Scene &s) { s.broker.stop(); }, [](Scene &s) { s.broker.start(); }},
+             {"all",
+              [](Scene &s) {
+                  s.recorder.cut();
+                  QVERIFY(s.change());
+                  s.cell.cut();
+                  s.broker.stop();
+              },
+              [](Scene &s) {
+                  s.broker.start();
+                  s.cell.start();
+                  s.recorder.start();
+              }}});
+    }
+    // Also with a second recorder on the same book.
+    void whateverFails()
+    {
+        using Step = std::function<void(Scene &)>;
+        const auto &[name, fail, mend] = currentRow<Step, Step>();
+        Scene scene;
+        QVERIFY(scene.anna.comeUp() && scene.change());
+        fail(scene);
+        QVERIFY(name == "recorder" ? scene.change() : scene.anna.waitUp(false));
+        mend(scene);
+        QTRY_COMPARE_WITH_TIMEOUT(scene.stored(), scene.saved, patient);
+        const Program second(RECORDER, {"--data", scene.folder.path()}, "plant");
+        QVERIFY(scene.change());
+        QTRY_COMPARE_WITH_TIMEOUT(scene.stored(), scene.saved, patient);
+    }
+
+    void twoRecordersAndOneBook_data()
+    {
+        // what comes; whether something is missing; how far, and how much is stored when it came
+        // to the other as well
+        addRows<QVector<PlantBook::Entry>, bool, int, int>(
+            {{"in order", {entry(1, 0), entry(2, 1), entry(3, 2)}, false, 3, 3},
+             {"twice", {entry(1, 0), entry(1, 0), entry(2, 1), entry(1, 0)}, false, 2, 2},
+             {"out of order", {entry(1, 0), entry(3, 2), entry(2, 1)}, true, 3, 3},
+             {"after dropped ones", {entry(301, 0, kind::state, 300)}, false, 301, 1},
+             {"of an unknown kind", {entry(1, 0, "news"), entry(2, 1)}, false, 2, 1},
+             {"no seam", {entry(1, 0, kind::seam), entry(2, 1)}, false, 2, 1}});
+    }
+    void twoRecordersAndOneBook()
+    {
+        const auto &[name, entries, gap, last, count] =
+            currentRow<QVector<PlantBook::Entry>, bool, int, int>();
+        const QTemporaryDir folder;
+        QString problem;
+        const auto one = PlantBook::open(folder.filePath("plant.db"), &problem);
+        const auto other = PlantBook::open(folder.filePath("plant.db"), &problem);
+        const PlantBook::Taken before = one->take(entries).value().first();
+        const PlantBook::Taken after = other->take(entries).value().first();
+        QCOMPARE(before.gap, gap);
+        QCOMPARE(before.lost, entries.first().dropped);
+        QCOMPARE(after.lost, 0);
+        QCOMPARE(after.sequence, qint64(last));
+        QCOMPARE(one->seams().database().value("SELECT count(*) FROM state").toInt(), count);
+    }
+    void aFullOutboxDropsTheOldest()
+    {
+        const QTemporaryDir folder;
+        QString problem, log;
+        for (const int bytes : {10, 10, 40}) {
+            const auto box = Outbox::open(folder.filePath("outbox.db"), &problem, {5, 100});
+            QVERIFY(log.isEmpty() || log == box->log());
+            log = box->log();
+            for (int i = 0; i < 3; ++i)
+                QVERIFY(box->add("state", QByteArray(bytes, 'x')));
+            QCOMPARE(box->dropped(), box->newest() - (bytes == 40 ? 2 : qMin(box->newest(), 5LL)));
+        }
+        const auto box = Outbox::open(folder.filePath("outbox.db"), &problem, {5, 100});
+        QCOMPARE(box->after(0, 20).last().after, 8);
+        QVERIFY(box->forgetUpTo(8) && box->after(0, 20).first().after == 0);
+    }
+    // A short one from its notifications on, and a long one.
+    void seams()
+    {
+        const QTemporaryDir folder;
+        QString problem;
+        const auto box = Outbox::open(folder.filePath("outbox.db"), &problem, {});
+        welmo::links::CellService service(Cell::options({}));
+        const controllerd::Recording recording(&service, "cell", folder.path());
+        for (const char *phase : {"ignition", "welding", "crater", "idle"})
+            emit service.notified("arc_weld.welder_state", QVariantMap{{"phase", phase}});
+        QTRY_COMPARE_WITH_TIMEOUT(box->after(0, 20).size(), 1, patient);
+        const QByteArray written = box->after(0, 20).first().content;
+
+        Seam longOne;
+        longOne.started = 1;
+        longOne.ended = ending::stopped;
+        Samples samples;
+        QRandomGenerator noise(1); // which cannot be packed well
+        for (int i = 0; i < 20000; ++i)
+            samples.append({noise.bounded(400.0), noise.bounded(40.0), noise.bounded(10.0)});
+        const auto book = PlantBook::open(folder.filePath("plant.db"), &problem);
+        int sequence = 0;
+        for (const QVariantMap &content :
+             {welmo::controller::fromJson(written)->toMap(), toContent(longOne, samples)}) {
+            const auto sent = protocol::toRecord(
+                toMessage(protocol::Record{"log", ++sequence, 0, 0, kind::seam, content}));
+            QVERIFY(sent);
+            QVERIFY(book->take({{"north", sent->log, sequence, 0, 0, sent->kind, sent->content}}));
+        }
+        const auto seams = book->seams().list({});
+        QCOMPARE(seams.size(), 2);
+        QCOMPARE(seams.first().cell, QString("north"));
+        QCOMPARE(seams.first().ended, ending::regular);
+        QCOMPARE(packed(book->seams().course(seams.last().id).samples), packed(samples));
+    }
+    // Cells of a line whose broker died are gone for the plant, and come back at the standby.
+    void atACentralBroker()
+    {
+        Broker central;
+        Broker lines[2];
+        auto way = lines[0].as("cell");
+        way.standbys = {{way.host, lines[1].port()}};
+        central.stop();
+        central.command({"recorder", central.folder(), "plant"}, "tnalp\n");
+        for (Broker &line : lines) {
+            const QString name = &line == lines ? "line" : "standby";
+            const QString url = QStringLiteral("mqtt://127.0.0.1:%1").arg(central.port());
+            line.stop();
+            central.command({"line", central.folder(), name}, "secret\n");
+            line.command({"bridge", line.folder(), name, url}, "secret\n");
+        }
+        for (Broker *broker : {&central, &lines[0], &lines[1]})
+            broker->start();
+        const QTemporaryDir folder;
+        const Cell cell(Cell::options(way));
+        const controllerd::Recording recording(cell.service(), "cell", folder.path());
+        PlantReader reader({central.as("plant"), {"arc_weld.weld_mode"}});
+        QStringList heard;
+        connect(&reader, &PlantReader::came, this, [&] {
+            heard.append("came");
+            reader.take("cell", {{}, 0, true});
+        });
+        connect(&reader, &PlantReader::gone, this, [&] { heard.append("gone"); });
+        connect(&reader, &PlantReader::recorded, this, [&] { heard.append("record"); });
+        connect(&reader, &PlantReader::valueTold, this, [&] { heard.append("value"); });
+        reader.start();
+        for (const QString end : {"gone", ""}) {
+            for (const char *word : {"came", "value", "record"})
+                QTRY_VERIFY_WITH_TIMEOUT(heard.contains(word), patient);
+            heard.clear();
+            if (!end.isEmpty())
+                lines[0].stop();
+            QTRY_VERIFY_WITH_TIMEOUT(end.isEmpty() || heard.contains(end), patient);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Recorder)
+#include "tst_recorder.moc"
