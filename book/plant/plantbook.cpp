@@ -91,7 +91,9 @@ const Schema &plantSchema()
                                1,
                                tables(),
                                {
-                                   QStringLiteral("seam_started ON seam (started)"),
+                                   // With what a day's sums count.
+                                   QStringLiteral("seam_started ON seam (started, cell, verdict)"),
+                                   QStringLiteral("seam_rate ON seam (course_rate, started)"),
                                    QStringLiteral("seam_cell ON seam (cell, started)"),
                                    QStringLiteral("alarm_time ON alarm (time)"),
                                    QStringLiteral("state_time ON state (cell, time)"),
