@@ -33,7 +33,8 @@ SeamCard::SeamCard(QWidget *parent)
     , m_verdict(new QLabel(this))
     , m_reason(makeLabel({}, "value", this))
     , m_over(makeLabel({}, "hint", this))
-    , m_plot(new CoursePlot(this))
+    , m_body(new QWidget(this))
+    , m_plot(new CoursePlot(m_body))
 {
     setObjectName(QStringLiteral("wgtCard"));
     setAttribute(Qt::WA_StyledBackground);
@@ -47,14 +48,15 @@ SeamCard::SeamCard(QWidget *parent)
     head->addWidget(m_verdict);
     head->addWidget(m_reason, 1);
     head->addWidget(m_over);
-    auto *body = new QHBoxLayout;
+    auto *body = new QHBoxLayout(m_body);
+    body->setContentsMargins(0, 0, 0, 0);
     body->setSpacing(16);
     body->addWidget(makeFacts());
     body->addWidget(m_plot, 1);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(12, 8, 12, 8);
     column->addLayout(head);
-    column->addLayout(body, 1);
+    column->addWidget(m_body, 1);
     clear();
 }
 
@@ -145,6 +147,7 @@ void SeamCard::showSeam(const Seam &seam, const Course &course, const Limits &li
 {
     const QString words[] = {QStringLiteral("none"), QStringLiteral("green"),
                              QStringLiteral("amber"), QStringLiteral("red")};
+    open(true);
     m_verdict->setText(Words::verdict(seam.verdict));
     m_verdict->show();
     setStyleWord(m_verdict, "verdict", words[static_cast<int>(seam.verdict)]);
@@ -178,6 +181,14 @@ void SeamCard::clear()
     m_plot->clear();
     m_plot->setSpan(0, 10);
     showOver({}, {});
+    open(false);
+}
+
+// A closed card leaves its room to the list above.
+void SeamCard::open(bool opened)
+{
+    m_body->setVisible(opened);
+    setSizePolicy(QSizePolicy::Preferred, opened ? QSizePolicy::Expanding : QSizePolicy::Maximum);
 }
 
 } // namespace welmo::book

@@ -27,6 +27,7 @@ public:
     void clear();
 
 private:
+    void open(bool opened);
     QWidget *makeFacts();
     void addFact(const QString &title, const std::function<QString(const Seam &)> &text);
     void addValueRow(const QString &title, int decimals, const QString &unit,
@@ -43,6 +44,7 @@ private:
     QLabel *m_over;
     QGridLayout *m_values = nullptr;
     QGridLayout *m_grid = nullptr;
+    QWidget *m_body; // all but the first line
     CoursePlot *m_plot;
     std::vector<Fact> m_facts;
 };

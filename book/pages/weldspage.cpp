@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTableView>
+#include <QTimer>
 
 #include "book/keeper/bookkeeper.h"
 #include "book/pages/controls.h"
@@ -254,7 +255,14 @@ void WeldsPage::onChosen()
                         .arg(seam.startedAt().toString(QStringLiteral("MM-dd HH:mm:ss"))));
             else if (m_keeper)
                 m_card->showSeam(seam, course, m_keeper->limits(seam.weldFile));
+            scrollToChosen();
         });
+}
+
+// The card has just taken room from the table.
+void WeldsPage::scrollToChosen()
+{
+    QTimer::singleShot(0, m_table, [table = m_table] { table->scrollTo(table->currentIndex()); });
 }
 
 void WeldsPage::compare(bool on)

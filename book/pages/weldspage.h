@@ -48,6 +48,7 @@ private:
     void fill(QComboBox *combo, const QString &all, const QStringList &names);
     void showList(const QVector<Seam> &seams, int count);
     void onChosen();
+    void scrollToChosen();
     void compare(bool on);
     QMenu *makeExportMenu();
     void exportAs(ReportKind kind);
