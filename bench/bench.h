@@ -40,5 +40,6 @@ void pages(Bench &bench);
 void text(Bench &bench);
 void store(Bench &bench);
 void pendant(Bench &bench);
+void book(Bench &bench);
 
 } // namespace bench

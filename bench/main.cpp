@@ -13,11 +13,9 @@ struct Theme
     void (*run)(bench::Bench &bench);
 };
 
-constexpr Theme themes[] = {{"forms", bench::forms},
-                            {"pages", bench::pages},
-                            {"text", bench::text},
-                            {"store", bench::store},
-                            {"pendant", bench::pendant}};
+constexpr Theme themes[] = {{"forms", bench::forms},     {"pages", bench::pages},
+                            {"text", bench::text},       {"store", bench::store},
+                            {"pendant", bench::pendant}, {"book", bench::book}};
 
 } // namespace
 
@@ -30,8 +28,8 @@ int main(int argc, char *argv[])
     QCommandLineParser parser;
     parser.setApplicationDescription("Measures the package against its floors.");
     parser.addHelpOption();
-    parser.addPositionalArgument("themes", "forms, pages, text, store, pendant; all when none.",
-                                 "[themes...]");
+    parser.addPositionalArgument(
+        "themes", "forms, pages, text, store, pendant, book; all when none.", "[themes...]");
     const QCommandLineOption quick("quick", "Each row only shows that it runs.");
     const QCommandLineOption markdown("markdown", "Print the table for the docs.");
     const QCommandLineOption filter("row", "Only rows whose name holds <text>.", "text");
