@@ -104,7 +104,7 @@ void PendantApp::start()
     m_control = std::make_unique<LinkControl>(m_host.get());
     m_cell = std::make_unique<Cell>(m_host.get());
     m_alarms = std::make_unique<AlarmList>(m_host->service(), m_host->helper());
-    tellRefusals(m_host.get());
+    tellRefusals(m_host.get(), m_cell.get());
     m_robot = std::make_unique<RobotState>(m_host.get());
     m_jog = std::make_unique<JogSpeed>();
     m_jog->set(Preferences(m_options.dataFolder).jogPercent);

@@ -21,19 +21,18 @@ bool isAboutFiles(const QString &path)
 } // namespace
 
 // Queued: no code runs inside a call, and the package's own line comes first.
-void tellRefusals(tessa::Host *host)
+void tellRefusals(tessa::Host *host, QObject *cell)
 {
-    const auto tell = [host](const QString &path, const QVariantMap &why) {
+    const auto tell = [host, cell](const QString &path, const QVariantMap &why) {
         const QString reason = why.value(QStringLiteral("reason")).toString();
         const QString text =
             schema::reasonText(reason, itemsOf(why.value(QStringLiteral("arguments"))));
         const auto &before = host->helper()->log()->entries();
         const bool isTold = !before.isEmpty() && before.first().text.contains(text);
         if (!reason.isEmpty() && isAboutFiles(path) && !isTold)
-            host->helper()->throwLog(nullptr, QStringLiteral("error"), text);
+            host->helper()->throwLog(cell, QStringLiteral("error"), text);
     };
-    QObject::connect(host->service(), &XService::refused, host->service(), tell,
-                     Qt::QueuedConnection);
+    QObject::connect(host->service(), &XService::refused, cell, tell, Qt::QueuedConnection);
 }
 
 } // namespace welmo::pendant

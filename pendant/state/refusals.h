@@ -1,5 +1,6 @@
 #pragma once
 
+class QObject;
 namespace tessa {
 class Host;
 }
@@ -7,7 +8,7 @@ class Host;
 namespace welmo::pendant {
 
 /// Tells in the message log why the controller refused a parameter file, after what the package
-/// says itself: that it was not saved.
-void tellRefusals(tessa::Host *host);
+/// says itself: that it was not saved; in the name of @p cell.
+void tellRefusals(tessa::Host *host, QObject *cell);
 
 } // namespace welmo::pendant
