@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QListView>
 #include <QScroller>
@@ -60,6 +61,24 @@ void fitColumns(const QWidget *page, QTableView *table, std::initializer_list<in
     constexpr int widthForAll = 860;
     for (const int column : lesser)
         table->setColumnHidden(column, page->width() < widthForAll);
+}
+
+ButtonBar::ButtonBar(QWidget *parent)
+    : QWidget(parent)
+    , m_row(new QHBoxLayout(this))
+{
+    m_row->setContentsMargins(0, 0, 0, 0);
+    m_row->setSpacing(8);
+}
+
+void ButtonBar::add(QWidget *widget, int stretch)
+{
+    m_row->addWidget(widget, stretch);
+}
+
+void ButtonBar::addStretch()
+{
+    m_row->addStretch(1);
 }
 
 } // namespace welmo::book

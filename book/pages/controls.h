@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QPushButton>
 #include <QString>
 
 class QComboBox;
 class QDoubleSpinBox;
+class QHBoxLayout;
 class QTableView;
-class QWidget;
 
 namespace welmo::book {
 
@@ -18,5 +19,28 @@ void fitColumns(const QWidget *page, QTableView *table, std::initializer_list<in
 QComboBox *makeCombo(const QString &name, QWidget *parent);
 /// A box for a number, to be typed.
 QDoubleSpinBox *makeNumber(const QString &name, QWidget *parent);
+
+/// What a page or a panel offers to do: a row of buttons and what belongs to them, from the left.
+class ButtonBar : public QWidget
+{
+public:
+    explicit ButtonBar(QWidget *parent);
+
+    template<typename Receiver, typename Slot>
+    QPushButton *add(const QString &text, const char *name, Receiver *receiver, Slot slot)
+    {
+        auto *button = new QPushButton(text, this);
+        button->setObjectName(QString::fromLatin1(name));
+        connect(button, &QPushButton::clicked, receiver, slot);
+        add(button);
+        return button;
+    }
+    void add(QWidget *widget, int stretch = 0);
+    /// What comes after it stands at the right.
+    void addStretch();
+
+private:
+    QHBoxLayout *m_row;
+};
 
 } // namespace welmo::book

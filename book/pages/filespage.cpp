@@ -4,7 +4,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QPushButton>
 #include <QTableView>
 
 #include "book/keeper/bookkeeper.h"
@@ -104,31 +103,18 @@ void FilesPage::makeFileTable()
 
 QWidget *FilesPage::makeActions()
 {
-    auto *bar = new QWidget(this);
-    auto *row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(8);
-    m_copy = addAction(row, tr("Copy to"), "btnCopyFile", &FilesPage::copy);
-    row->addWidget(m_target);
-    m_back = addAction(row, tr("Restore"), "btnBackToVersion", &FilesPage::goBack);
-    m_defaults = addAction(row, tr("Defaults"), "btnFileDefaults", &FilesPage::useDefaults);
-    m_remove = addAction(row, tr("Remove"), "btnRemoveFile", &FilesPage::remove);
-    m_release = addAction(row, tr("Release"), "btnReleaseFile", &FilesPage::release);
+    auto *bar = new ButtonBar(this);
+    m_copy = bar->add(tr("Copy to"), "btnCopyFile", this, &FilesPage::copy);
+    bar->add(m_target);
+    m_back = bar->add(tr("Restore"), "btnBackToVersion", this, &FilesPage::goBack);
+    m_defaults = bar->add(tr("Defaults"), "btnFileDefaults", this, &FilesPage::useDefaults);
+    m_remove = bar->add(tr("Remove"), "btnRemoveFile", this, &FilesPage::remove);
+    m_release = bar->add(tr("Release"), "btnReleaseFile", this, &FilesPage::release);
     m_last->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_last->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    row->addWidget(m_last, 1);
-    m_undo = addAction(row, tr("Undo"), "btnUndoFiles", &FilesPage::undo);
+    bar->add(m_last, 1);
+    m_undo = bar->add(tr("Undo"), "btnUndoFiles", this, &FilesPage::undo);
     return bar;
-}
-
-QPushButton *FilesPage::addAction(QHBoxLayout *row, const QString &title, const char *name,
-                                  void (FilesPage::*act)())
-{
-    auto *button = new QPushButton(title, this);
-    button->setObjectName(QString::fromLatin1(name));
-    row->addWidget(button);
-    connect(button, &QPushButton::clicked, this, act);
-    return button;
 }
 
 void FilesPage::resizeEvent(QResizeEvent *event)

@@ -36,8 +36,6 @@ private:
     QWidget *makeFilters();
     void makeFileTable();
     QWidget *makeActions();
-    QPushButton *addAction(QHBoxLayout *row, const QString &title, const char *name,
-                           void (FilesPage::*act)());
     void reload();
     void showRows();
     void onChosen();

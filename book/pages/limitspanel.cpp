@@ -3,7 +3,6 @@
 #include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
 
 #include "book/keeper/bookkeeper.h"
 #include "book/pages/controls.h"
@@ -110,26 +109,16 @@ void LimitsPanel::addEfficiency(QGridLayout *grid)
 
 QWidget *LimitsPanel::makeButtons()
 {
-    auto *bar = new QWidget(this);
-    auto *row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(8);
-    const auto add = [&](const QString &text, const char *name, auto slot) {
-        auto *button = new QPushButton(text, bar);
-        button->setObjectName(QString::fromLatin1(name));
-        connect(button, &QPushButton::clicked, this, slot);
-        row->addWidget(button);
-        return button;
-    };
-    add(tr("Learn from good welds"), "btnLearn", &LimitsPanel::learn);
-    add(tr("No limits"), "btnNoLimits", [this] {
+    auto *bar = new ButtonBar(this);
+    bar->add(tr("Learn from good welds"), "btnLearn", this, &LimitsPanel::learn);
+    bar->add(tr("No limits"), "btnNoLimits", this, [this] {
         Limits none;
         none.file = m_file;
         show(none);
     });
-    row->addStretch(1);
-    add(tr("Cancel"), "btnLimitsCancel", &LimitsPanel::done);
-    add(tr("Save"), "btnLimitsSave", &LimitsPanel::save)
+    bar->addStretch();
+    bar->add(tr("Cancel"), "btnLimitsCancel", this, &LimitsPanel::done);
+    bar->add(tr("Save"), "btnLimitsSave", this, &LimitsPanel::save)
         ->setProperty("func", QStringLiteral("operation"));
     return bar;
 }

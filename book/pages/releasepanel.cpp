@@ -4,7 +4,6 @@
 #include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
 
 #include "book/keeper/bookkeeper.h"
 #include "book/pages/controls.h"
@@ -104,21 +103,11 @@ void ReleasePanel::addTrim(QGridLayout *grid, const QString &key)
 
 QWidget *ReleasePanel::makeButtons()
 {
-    auto *bar = new QWidget(this);
-    auto *row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(8);
-    const auto add = [&](const QString &text, const char *name, auto slot) {
-        auto *button = new QPushButton(text, bar);
-        button->setObjectName(QString::fromLatin1(name));
-        connect(button, &QPushButton::clicked, this, slot);
-        row->addWidget(button);
-        return button;
-    };
-    m_withdraw = add(tr("Withdraw"), "btnWithdraw", &ReleasePanel::withdraw);
-    row->addStretch(1);
-    add(tr("Cancel"), "btnReleaseCancel", &ReleasePanel::done);
-    add(tr("Save"), "btnReleaseSave", &ReleasePanel::save)
+    auto *bar = new ButtonBar(this);
+    m_withdraw = bar->add(tr("Withdraw"), "btnWithdraw", this, &ReleasePanel::withdraw);
+    bar->addStretch();
+    bar->add(tr("Cancel"), "btnReleaseCancel", this, &ReleasePanel::done);
+    bar->add(tr("Save"), "btnReleaseSave", this, &ReleasePanel::save)
         ->setProperty("func", QStringLiteral("operation"));
     return bar;
 }
