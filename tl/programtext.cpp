@@ -57,7 +57,7 @@ QStringList ProgramText::lines() const
 
 bool ProgramText::isFaithful(int index) const
 {
-    return line(index).toUtf8() == m_lines.at(index).text;
+    return oneLine(line(index)) == m_lines.at(index).text;
 }
 
 void ProgramText::setLine(int index, const QString &text)

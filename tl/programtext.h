@@ -21,7 +21,8 @@ public:
     /// A line without its end. Bytes that are not UTF-8 show as replacement characters.
     QString line(int index) const;
     QStringList lines() const;
-    /// True if line() shows all bytes of the line, so that the text can replace them.
+    /// True if setLine() with the text of line() would keep every byte: they are UTF-8, and there
+    /// is no carriage return among them.
     bool isFaithful(int index) const;
 
     /// Replaces a line and keeps its end. A line end within @p text becomes a blank.
