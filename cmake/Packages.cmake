@@ -1,9 +1,9 @@
 # The packages: the plug-in, for a host with its own four libraries; the weld book, for the same
-# hosts; and the pendant with the stand-in libraries, the tools and the examples. Each is a Debian
-# package and an archive.
+# hosts; the pendant with the stand-in libraries, the tools and the examples; and the recorder of a
+# plant. Each is a Debian package and an archive.
 
 set(CPACK_GENERATOR DEB TGZ)
-set(CPACK_COMPONENTS_ALL plugin weldbook pendant)
+set(CPACK_COMPONENTS_ALL plugin weldbook pendant plant)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
@@ -19,7 +19,7 @@ set(CPACK_PACKAGE_FILE_NAME "welmo-${PROJECT_VERSION}-${architecture}")
 set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE "${architecture}")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
-foreach(component PLUGIN WELDBOOK PENDANT)
+foreach(component PLUGIN WELDBOOK PENDANT PLANT)
     string(TOLOWER "welmo-${component}" package)
     set(CPACK_DEBIAN_${component}_PACKAGE_NAME ${package})
     set(CPACK_ARCHIVE_${component}_FILE_NAME "${package}-${PROJECT_VERSION}-${architecture}")
@@ -37,6 +37,10 @@ set(CPACK_DEBIAN_PENDANT_PACKAGE_DEPENDS
     "libmosquitto1 (>= 2.0.11), libssl3, fonts-dejavu-core"
     "welmo-plugin (= ${PROJECT_VERSION})")
 list(JOIN CPACK_DEBIAN_PENDANT_PACKAGE_DEPENDS ", " CPACK_DEBIAN_PENDANT_PACKAGE_DEPENDS)
+set(CPACK_DEBIAN_PLANT_PACKAGE_DEPENDS
+    "${runtime}, libqt5sql5 (>= 5.15.8), libqt5sql5-sqlite, libmosquitto1 (>= 2.0.11), libssl3"
+    "libcpp-httplib0.11, libjs-chart.js")
+list(JOIN CPACK_DEBIAN_PLANT_PACKAGE_DEPENDS ", " CPACK_DEBIAN_PLANT_PACKAGE_DEPENDS)
 set(CPACK_DEBIAN_PENDANT_PACKAGE_RECOMMENDS "welmo-weldbook, fonts-wqy-microhei, qtwayland5")
 set(CPACK_DEBIAN_PENDANT_PACKAGE_SUGGESTS "mosquitto, mosquitto-clients")
 
@@ -50,8 +54,10 @@ course, limits and a verdict, in a file that survives a power cut; and the
 program weldbook, which lists, exports and reports what was welded.")
 set(CPACK_DEBIAN_PENDANT_DESCRIPTION "desktop pendant and tools for the arc-welding package
 A robot teach pendant for the desktop with a virtual controller and a simulated
-welder, the same controller as a service (controllerd) behind an MQTT broker, the
-recorder of a plant's cells, the checker tlcheck for welding programs, and example programs.")
+welder, the same controller as a service (controllerd) behind an MQTT broker, the checker tlcheck for welding programs, and example programs.")
+set(CPACK_DEBIAN_PLANT_DESCRIPTION "recorder of a plant's welding cells
+Takes the seams, alarms, changes and states of all cells of a plant from their
+MQTT brokers into one database, and shows the plant in a browser.")
 
 include(CPack)
 

@@ -1,14 +1,10 @@
 #include "schema/reasons.h"
 
 #include <QCoreApplication>
-#include <QHash>
 
 namespace welmo::schema {
 
-namespace {
-
-// Texts in the context Reasons; %1 and so on are the controller's arguments in their order.
-const QHash<QString, const char *> &texts()
+const QHash<QString, const char *> &reasonTexts()
 {
     static const QHash<QString, const char *> table{
         {QStringLiteral("arc_lost"), QT_TRANSLATE_NOOP("Reasons", "arc lost at %1 mm")},
@@ -75,11 +71,9 @@ const QHash<QString, const char *> &texts()
     return table;
 }
 
-} // namespace
-
 QString reasonText(const QString &code, const QVariantList &arguments)
 {
-    const char *source = texts().value(code);
+    const char *source = reasonTexts().value(code);
     QString text = source ? QCoreApplication::translate("Reasons", source) : code;
     for (int i = 0; i < arguments.size(); ++i)
         text.replace(QStringLiteral("%%1").arg(i + 1), arguments.at(i).toString());

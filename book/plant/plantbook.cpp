@@ -10,70 +10,6 @@ namespace welmo::book {
 
 namespace {
 
-// A value of an entry, and the column that keeps it.
-struct Value
-{
-    const char *key;
-    const char *column;
-    const char *type;
-};
-
-struct ListTable
-{
-    QString kind; ///< and the table's name
-    std::vector<Value> values;
-};
-
-const std::vector<ListTable> &listTables()
-{
-    static const std::vector<ListTable> tables{
-        {kind::alarm,
-         {{"time", "time", "BIGINT"},
-          {"code", "code", "TEXT"},
-          {"arguments", "arguments", "TEXT"},
-          {"program", "program", "TEXT"},
-          {"line", "line", "INTEGER"},
-          {"file", "file", "TEXT"}}},
-        {kind::state, {{"time", "time", "BIGINT"}, {"state", "state", "TEXT"}}},
-        {kind::change,
-         {{"time", "time", "BIGINT"},
-          {"user", "author", "TEXT"},
-          {"path", "path", "TEXT"},
-          {"key", "entry", "TEXT"},
-          {"revision", "revision", "BIGINT"},
-          {"changes", "changes", "TEXT"}}},
-    };
-    return tables;
-}
-
-// Where an entry comes from is the key of each table, so that none can be there twice.
-QString declaration(const ListTable &table)
-{
-    QStringList columns;
-    for (const Value &value : table.values)
-        columns.append(
-            QStringLiteral("%1 %2").arg(QLatin1String(value.column), QLatin1String(value.type)));
-    return QStringLiteral("%1 (cell TEXT NOT NULL, log TEXT NOT NULL, sequence BIGINT NOT NULL, %2,"
-                          " PRIMARY KEY (cell, log, sequence))")
-        .arg(table.kind, columns.join(QStringLiteral(", ")));
-}
-
-QStringList tables()
-{
-    QStringList all{
-        QStringLiteral("seam (id INTEGER PRIMARY KEY, course_rate INTEGER NOT NULL DEFAULT 10,"
-                       " cell TEXT, log TEXT, sequence BIGINT, UNIQUE (cell, log, sequence))"),
-        QStringLiteral("course (seam INTEGER NOT NULL, part INTEGER NOT NULL, data BLOB NOT NULL,"
-                       " PRIMARY KEY (seam, part))"),
-        QStringLiteral("limits (file TEXT PRIMARY KEY, content TEXT NOT NULL)"),
-        QStringLiteral("taken (cell TEXT NOT NULL, log TEXT NOT NULL, sequence BIGINT NOT NULL,"
-                       " dropped BIGINT NOT NULL, PRIMARY KEY (cell, log))"),
-    };
-    for (const ListTable &table : listTables())
-        all.append(declaration(table));
-    return all;
-}
-
 // Lists are kept as JSON.
 QVariant columnValue(const QVariant &value)
 {
@@ -85,27 +21,10 @@ QVariant columnValue(const QVariant &value)
 
 } // namespace
 
-const Schema &plantSchema()
+std::unique_ptr<PlantBook> PlantBook::open(const QString &file, QString *problem,
+                                           Database::Access access)
 {
-    static const Schema schema{0x776C7062, // "wlpb"
-                               1,
-                               tables(),
-                               {
-                                   // With what a day's sums count.
-                                   QStringLiteral("seam_started ON seam (started, cell, verdict)"),
-                                   QStringLiteral("seam_rate ON seam (course_rate, started)"),
-                                   QStringLiteral("seam_cell ON seam (cell, started)"),
-                                   QStringLiteral("alarm_time ON alarm (time)"),
-                                   QStringLiteral("state_time ON state (cell, time)"),
-                                   QStringLiteral("change_time ON change (time)"),
-                               },
-                               true};
-    return schema;
-}
-
-std::unique_ptr<PlantBook> PlantBook::open(const QString &file, QString *problem)
-{
-    auto database = Database::open(file, Database::ReadWrite, problem, plantSchema());
+    auto database = Database::open(file, access, problem, plantSchema());
     return database ? std::unique_ptr<PlantBook>(new PlantBook(std::move(database))) : nullptr;
 }
 
@@ -189,7 +108,7 @@ bool PlantBook::store(const Entry &entry, bool *known)
     QStringList columns{QStringLiteral("cell, log, sequence")};
     QStringList marks{QStringLiteral("?, ?, ?")};
     QVariantList values{entry.cell, entry.log, entry.sequence};
-    for (const Value &value : table->values) {
+    for (const ListTable::Value &value : table->values) {
         columns.append(QLatin1String(value.column));
         marks.append(QStringLiteral("?"));
         values.append(columnValue(entry.content.value(QLatin1String(value.key))));
@@ -213,11 +132,23 @@ bool PlantBook::storeSeam(const Entry &entry, bool *known)
                                          " WHERE id = ?"),
                           {entry.log, entry.sequence, content.rate, seam.id});
     int part = 0;
-    return begun
+    return begun && addToSum(seam)
         && std::all_of(content.course.begin(), content.course.end(), [&](const auto &data) {
                return database().run(QStringLiteral("INSERT INTO course VALUES (?, ?, ?)"),
                                      {seam.id, ++part, data});
            });
+}
+
+bool PlantBook::addToSum(const Seam &seam)
+{
+    return database().run(
+        QStringLiteral("INSERT INTO seamsum VALUES (?, ?, ?, 1, ?, ?, ?)"
+                       " ON CONFLICT (hour, cell, verdict) DO UPDATE SET seams = seamsum.seams + 1,"
+                       " arc_time = seamsum.arc_time + excluded.arc_time,"
+                       " wire = seamsum.wire + excluded.wire,"
+                       " gas_time = seamsum.gas_time + excluded.gas_time"),
+        {seam.started - seam.started % hourMs, seam.cell, static_cast<int>(seam.verdict),
+         seam.arcTime, seam.wire.value_or(0), seam.gasTime.value_or(0)});
 }
 
 bool PlantBook::finish(const Taken &taken)

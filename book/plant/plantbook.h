@@ -3,21 +3,10 @@
 #include <QVariantMap>
 #include <QVector>
 
+#include "book/plant/planttables.h"
 #include "book/records/seambook.h"
 
 namespace welmo::book {
-
-/// The kind of an entry that a cell hands over.
-namespace kind {
-inline const QString seam = QStringLiteral("seam");
-inline const QString alarm = QStringLiteral("alarm");
-inline const QString state = QStringLiteral("state");
-inline const QString change = QStringLiteral("change");
-} // namespace kind
-
-/// The tables of a plant's book; those for seams are a weld book's, so that a SeamBook can read
-/// them.
-const Schema &plantSchema();
 
 /// One database for what all cells of a plant hand over. Each entry is told apart by its cell, that
 /// cell's log and the sequence in it, and is stored once, however often it comes and however many
@@ -48,11 +37,53 @@ public:
         bool gap = false; ///< entries came that follow one that did not come
     };
 
-    static std::unique_ptr<PlantBook> open(const QString &file, QString *problem);
+    /// What a cell welded in one hour with one verdict; simulated seams count as well.
+    struct Sum
+    {
+        QString cell;
+        qint64 hour = 0; ///< ms UTC, its beginning
+        Verdict verdict = Verdict::None;
+        qint64 count = 0;
+        double arcTime = 0; ///< s
+        double wire = 0; ///< m, as far as it is known
+        double gasTime = 0; ///< s, as far as it is known
+    };
+    struct Alarm
+    {
+        QString cell;
+        qint64 time = 0; ///< ms UTC
+        QString code;
+        QVariantList arguments; ///< of the code's text
+        QString program;
+        int line = 0;
+        QString file;
+    };
+    /// Somebody changed an entry of what a cell stores.
+    struct Change
+    {
+        QString cell;
+        qint64 time = 0; ///< ms UTC
+        QString user;
+        QString path;
+        QString entry;
+        qint64 revision = 0;
+        QVariantList changes;
+    };
+
+    /// Null, with a line in @p problem, as Database::open().
+    static std::unique_ptr<PlantBook> open(const QString &file, QString *problem,
+                                           Database::Access access = Database::ReadWrite);
 
     /// Stores the entries in one transaction; what one cell's log came to, for each that occurs.
     /// Empty on failure, when nothing changed, with errorText().
     std::optional<QVector<Taken>> take(const QVector<Entry> &entries);
+
+    /// The sums of the hours that begin from @p from on, before @p until (ms UTC), of one cell or
+    /// of all, in the order of hours.
+    QVector<Sum> sums(qint64 from, qint64 until, const QString &cell = {});
+    /// At most @p most from @p from on, before @p until, of one cell or of all, newest first.
+    QVector<Alarm> alarms(qint64 from, qint64 until, const QString &cell, int most);
+    QVector<Change> changes(qint64 from, qint64 until, const QString &cell, int most);
 
     SeamBook &seams() { return m_book; }
     QString errorText() const { return m_book.errorText(); }
@@ -65,6 +96,7 @@ private:
     bool takeOne(const Entry &entry, Taken *taken);
     bool store(const Entry &entry, bool *known);
     bool storeSeam(const Entry &entry, bool *known);
+    bool addToSum(const Seam &seam);
     bool finish(const Taken &taken);
     Database &database() { return m_book.database(); }
 

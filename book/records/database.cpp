@@ -6,6 +6,7 @@
 #include <QSqlError>
 #include <QUuid>
 #include <QVariant>
+#include <algorithm>
 
 #include "book/records/columns.h"
 
@@ -107,8 +108,12 @@ QString Database::inspect(Access access, const Schema &schema)
     return {};
 }
 
+// Writes before it reads the version: from then on nobody else makes the same tables.
 bool Database::makeTables(const Schema &schema)
 {
+    if (!run(QStringLiteral("PRAGMA application_id = %1").arg(schema.applicationId)))
+        return false;
+    const qint64 version = value(QStringLiteral("PRAGMA user_version")).toLongLong();
     for (const QString &table : schema.tables) {
         if (!run(QStringLiteral("CREATE TABLE IF NOT EXISTS ") + table))
             return false;
@@ -119,7 +124,9 @@ bool Database::makeTables(const Schema &schema)
         if (!run(QStringLiteral("CREATE INDEX IF NOT EXISTS ") + index))
             return false;
     }
-    return run(QStringLiteral("PRAGMA application_id = %1").arg(schema.applicationId))
+    return std::all_of(
+               schema.fills.begin(), schema.fills.end(),
+               [&](const Schema::Fill &fill) { return fill.version <= version || run(fill.sql); })
         && run(QStringLiteral("PRAGMA user_version = %1").arg(schema.version));
 }
 
@@ -174,6 +181,20 @@ QVariant Database::value(const QString &sql)
         return {};
     }
     return statement.next() ? statement.value(0) : QVariant();
+}
+
+QSqlQuery Database::select(const QString &sql, const QVariantList &values)
+{
+    QSqlQuery statement = query();
+    statement.setForwardOnly(true);
+    if (!statement.prepare(sql)) {
+        fail(statement.lastError().text().simplified());
+        return statement;
+    }
+    for (const QVariant &value : values)
+        statement.addBindValue(value);
+    run(statement);
+    return statement;
 }
 
 qint64 Database::bytes() const

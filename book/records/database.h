@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QVariant>
 #include <memory>
+#include <vector>
 
 namespace welmo::book {
 
@@ -19,6 +20,13 @@ struct Schema
     QStringList tables; ///< each as after CREATE TABLE
     QStringList indices; ///< each as after CREATE INDEX
     bool hasSeams = false; ///< the table "seam" gets a column for each of seamColumns()
+    /// What fills the tables that a version brought; run once on a file of an older one.
+    struct Fill
+    {
+        qint64 version;
+        QString sql;
+    };
+    std::vector<Fill> fills = {};
 };
 
 const Schema &weldBookSchema();
@@ -43,6 +51,9 @@ public:
     /// Runs a statement without results; on failure false, with errorText().
     bool run(const QString &sql, const QVariantList &values = {});
     QVariant value(const QString &sql);
+    /// The rows that a question has, to be read once with next(); none on failure, with
+    /// errorText().
+    QSqlQuery select(const QString &sql, const QVariantList &values = {});
     /// Runs the query with its bound values; on failure false, with errorText().
     bool run(QSqlQuery &query);
     /// The query's next row; false at the end, or on failure with errorText().

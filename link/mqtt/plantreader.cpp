@@ -15,6 +15,7 @@ PlantReader::PlantReader(const Options &options, QObject *parent)
     : QObject(parent)
     , m_address(options.address)
     , m_nodes(options.nodes)
+    , m_records(options.records)
 {
     for (int broker = 0; broker < m_address.count(); ++broker) {
         const QString id = QStringLiteral("plant-") + QUuid::createUuid().toString(QUuid::Id128);
@@ -46,7 +47,10 @@ MqttClient::Handlers PlantReader::handlersOf(int broker)
     MqttClient::Handlers handlers;
     handlers.online = [this, broker] {
         subscribe(*m_clients[size_t(broker)]);
-        post([this, broker] { m_reported.remove(broker); });
+        post([this, broker] {
+            m_reported.remove(broker);
+            emit reached();
+        });
     };
     handlers.offline = [this, broker](const QString &reason, bool all) {
         post([this, broker, reason, all] { onOffline(broker, reason, all); });
@@ -63,7 +67,8 @@ void PlantReader::subscribe(MqttClient &client) const
     for (const QString &cell :
          {lineRoot + QStringLiteral("+/"), plantRoot + QStringLiteral("+/+/")}) {
         client.subscribe(cell + QStringLiteral("status"), 1);
-        client.subscribe(cell + QStringLiteral("record"), 1);
+        if (m_records)
+            client.subscribe(cell + QStringLiteral("record"), 1);
         for (const QString &node : m_nodes)
             client.subscribe(cell + QStringLiteral("value/") + node, 0);
     }
@@ -119,6 +124,7 @@ void PlantReader::onCell(const Place &place, const QString &cell, const QString 
             m_told[cell][place].status = *status;
         else
             ++m_malformed;
+        emit heard(cell);
         judge(cell);
     } else {
         onValue(place, cell, topic.section(QLatin1Char('/'), 1), message);

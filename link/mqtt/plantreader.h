@@ -25,6 +25,7 @@ public:
     {
         BrokerAddress address;
         QStringList nodes = {}; ///< whose values are wanted
+        bool records = true; ///< whether what cells hand over is wanted
     };
 
     explicit PlantReader(const Options &options, QObject *parent = nullptr);
@@ -37,6 +38,10 @@ public:
     int malformed() const { return m_malformed; } ///< messages that could not be read
 
 signals:
+    /// One of the brokers has accepted the account.
+    void reached();
+    /// A broker tells of this cell, whether it is there or not.
+    void heard(const QString &cell);
     /// The cell is there, or has come to another place.
     void came(const QString &cell);
     void gone(const QString &cell);
@@ -72,6 +77,7 @@ private:
 
     const BrokerAddress m_address;
     const QStringList m_nodes;
+    const bool m_records;
     QMap<Place, bool> m_ways; // whether that line's bridge is up
     QHash<QString, QMap<Place, Told>> m_told; // by cell
     QMap<QString, Stay> m_at; // by cell, if it is there

@@ -211,6 +211,62 @@ private slots:
         QCOMPARE(seams.first().ended, ending::regular);
         QCOMPARE(packed(book->seams().course(seams.last().id).samples), packed(samples));
     }
+    // What is told of a day; also when the seams are older than the sums.
+    void sumsAndLists()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("plant.db");
+        QString problem;
+        auto book = PlantBook::open(file, &problem);
+        constexpr qint64 noon = 472223 * hourMs;
+        QVector<PlantBook::Entry> entries;
+        const auto add = [&](const QString &cell, const QString &kind, const QVariantMap &content) {
+            entries.append({cell, "log", entries.size() + 1, 0, 0, kind, content});
+        };
+        for (const qint64 started : {noon, noon + hourMs - 1, noon + hourMs}) {
+            Seam seam;
+            seam.started = started;
+            seam.ended = ending::regular;
+            seam.arcTime = 10;
+            seam.wire = 0.5;
+            add("north", kind::seam, toContent(seam, {}));
+            seam.verdict = Verdict::Red;
+            add("south", kind::seam, toContent(seam, {}));
+            const QVariantList list{started, "a"};
+            add("north", kind::alarm, {{"time", started}, {"code", "7"}, {"arguments", list}});
+            add("south", kind::change, {{"time", started}, {"user", "anna"}, {"changes", list}});
+        }
+        QVERIFY(book->take(entries));
+        for (const bool old : {false, true}) {
+            auto &database = book->seams().database();
+            if (old) {
+                QVERIFY(database.run("DROP TABLE seamsum"));
+                QVERIFY(database.run("PRAGMA user_version = 1"));
+                book = PlantBook::open(file, &problem);
+            }
+            QStringList sums;
+            for (const auto &sum :
+                 book->sums(noon, noon + hourMs) + book->sums(0, 2 * noon, "south"))
+                sums.append(QStringLiteral("%1 %2: %3, %4 s, %5 m, %6")
+                                .arg(sum.cell)
+                                .arg(sum.hour - noon)
+                                .arg(sum.count)
+                                .arg(sum.arcTime)
+                                .arg(sum.wire)
+                                .arg(int(sum.verdict)));
+            const QString south = "south 0: 2, 20 s, 1 m, 3";
+            QCOMPARE(sums,
+                     QStringList({"north 0: 2, 20 s, 1 m, 0", south, south,
+                                  "south 3600000: 1, 10 s, 0.5 m, 3"}));
+        }
+        const auto alarms = book->alarms(noon, noon + hourMs, "north", 1);
+        QCOMPARE(alarms.size(), 1);
+        QCOMPARE(alarms.first().arguments, QVariantList({noon + hourMs - 1, "a"}));
+        QCOMPARE(book->alarms(0, 2 * noon, "south", 9).size(), 0);
+        const auto changes = book->changes(noon, noon + hourMs, {}, 9);
+        QCOMPARE(changes.size(), 2);
+        QCOMPARE(changes.last().user, QString("anna"));
+    }
     // Cells of a line whose broker died are gone for the plant, and come back at the standby.
     void atACentralBroker()
     {

@@ -70,6 +70,9 @@ int main(int argc, char *argv[])
     }
     const service::Signals signalled;
     welmo::links::CellService cell(how);
+    std::unique_ptr<controllerd::Demo> demo;
+    if (!options.programs.isEmpty())
+        demo = std::make_unique<controllerd::Demo>(&cell, options.programs);
     const controllerd::Recording recording(&cell, options.cell, options.dataFolder);
     QObject::connect(recording.recorder(), &controllerd::CellRecorder::problem, &cell, &say);
     QObject::connect(&cell, &welmo::links::CellService::problem, &say);

@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include "link/protocol/protocol.h"
@@ -36,6 +37,17 @@ QString complaintAboutTask(const QStringList &words, Options *options)
     return {};
 }
 
+QString readPrograms(const QStringList &files, Options *options)
+{
+    for (const QString &name : files) {
+        QFile file(name);
+        if (!file.open(QFile::ReadOnly))
+            return QStringLiteral("%1: %2").arg(name, file.errorString());
+        options->programs.append({QFileInfo(name).fileName(), QString::fromUtf8(file.readAll())});
+    }
+    return {};
+}
+
 QString complaintAbout(const QCommandLineParser &parser, Options *options)
 {
     if (QString complaint = complaintAboutTask(parser.positionalArguments(), options);
@@ -55,7 +67,8 @@ QString complaintAbout(const QCommandLineParser &parser, Options *options)
     // A cell's user at the broker has the cell's name.
     if (options->broker.user.isEmpty() && !options->broker.password.isEmpty())
         options->broker.user = options->cell;
-    return complaint;
+    return complaint.isEmpty() ? readPrograms(parser.values(QStringLiteral("weld")), options)
+                               : complaint;
 }
 
 } // namespace
@@ -83,10 +96,15 @@ Options parseOptions(const QStringList &arguments)
     const QCommandLineOption example(
         QStringLiteral("example"),
         QStringLiteral("A cell without parameter files gets those of the example programs."));
+    const QCommandLineOption weld(
+        QStringLiteral("weld"),
+        QStringLiteral("For trying out: the cell runs this program by itself, in turn with others, "
+                       "and now and then something fails."),
+        QStringLiteral("FILE"));
     QCommandLineParser parser;
     parser.setApplicationDescription(QLatin1String(description));
     const QCommandLineOption help = parser.addHelpOption();
-    parser.addOptions({cell, broker, data, users, example});
+    parser.addOptions({cell, broker, data, users, example, weld});
     parser.addPositionalArgument(QStringLiteral("backup|restore|repair FILE"),
                                  QStringLiteral("Instead of serving."),
                                  QStringLiteral("[backup FILE | restore FILE | repair [FILE]]"));

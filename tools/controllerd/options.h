@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "link/mqtt/brokeraddress.h"
+#include "tools/controllerd/demo.h"
 
 namespace controllerd {
 
@@ -17,6 +18,7 @@ struct Options
     QString dataFolder;
     QString usersFile;
     bool example = false;
+    QVector<Demo::Program> programs; ///< that the cell runs by itself
     QString error; ///< one line, if the arguments cannot be used
     QString help; ///< the help text, if it was asked for
 };

@@ -2,9 +2,12 @@
 #include <QDir>
 #include <cstdio>
 
+#include "tools/plantpage/page.h"
 #include "tools/recorder/options.h"
 #include "tools/recorder/recorder.h"
 #include "tools/service/signals.h"
+
+using welmo::book::PlantBook;
 
 namespace {
 
@@ -26,10 +29,14 @@ int main(int argc, char *argv[])
         return 0;
     }
     QString problem = options.error;
-    auto book = problem.isEmpty() ? welmo::book::PlantBook::open(
-                    QDir(options.dataFolder).filePath(QStringLiteral("plant.db")), &problem)
-                                  : nullptr;
-    if (!book) {
+    const QString file = QDir(options.dataFolder).filePath(QStringLiteral("plant.db"));
+    auto book = problem.isEmpty() ? PlantBook::open(file, &problem) : nullptr;
+    plantpage::Page page(options.broker, [file](QString *reason) {
+        return PlantBook::open(file, reason, welmo::book::Database::ReadOnly);
+    });
+    if (book && options.page)
+        problem = page.start(*options.page);
+    if (!problem.isEmpty()) {
         say(problem);
         return couldNotStart;
     }
@@ -38,5 +45,7 @@ int main(int argc, char *argv[])
     QObject::connect(&recorder, &recorder::Recorder::said, &say);
     QObject::connect(&signalled, &service::Signals::endWanted, &app, &QCoreApplication::quit);
     recorder.start();
+    if (options.page)
+        say(QStringLiteral("the plant is at http://%1:%2/").arg(options.page->host).arg(page.port()));
     return QCoreApplication::exec();
 }

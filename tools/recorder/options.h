@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QStringList>
+#include <optional>
 
 #include "link/mqtt/brokeraddress.h"
+#include "tools/plantpage/server.h"
 
 namespace recorder {
 
@@ -10,6 +12,7 @@ struct Options
 {
     welmo::links::BrokerAddress broker;
     QString dataFolder;
+    std::optional<plantpage::Server::Options> page; ///< if it is wanted
     QString error; ///< one line, if the arguments cannot be used
     QString help; ///< the help text, if it was asked for
 };
