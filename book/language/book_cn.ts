@@ -194,6 +194,10 @@
         <translation>没有此文件</translation>
     </message>
     <message>
+        <source>Qt&apos;s driver %1 is not installed</source>
+        <translation>未安装Qt驱动程序%1</translation>
+    </message>
+    <message>
         <source>the folder cannot be created</source>
         <translation>无法创建文件夹</translation>
     </message>

@@ -37,9 +37,9 @@ std::unique_ptr<Outbox> Outbox::open(const QString &file, QString *problem, Boun
 
 bool Outbox::load()
 {
-    QSqlQuery all = m_database->query();
-    all.prepare(QStringLiteral("SELECT count(*), coalesce(sum(length(content)), 0) FROM entry"));
-    if (!m_database->run(all) || !all.next())
+    QSqlQuery all = m_database->select(
+        QStringLiteral("SELECT count(*), coalesce(sum(length(content)), 0) FROM entry"));
+    if (!m_database->next(all))
         return false;
     m_count = all.value(0).toInt();
     m_bytes = all.value(1).toLongLong();
@@ -79,10 +79,9 @@ bool Outbox::dropOldest()
 {
     const qint64 before = m_dropped;
     while (m_count > 1 && (m_count > m_bounds.entries || m_bytes > m_bounds.bytes)) {
-        QSqlQuery oldest = m_database->query();
-        oldest.prepare(QStringLiteral(
+        QSqlQuery oldest = m_database->select(QStringLiteral(
             "SELECT sequence, length(content) FROM entry ORDER BY sequence LIMIT 1"));
-        if (!m_database->run(oldest) || !oldest.next())
+        if (!m_database->next(oldest))
             return false;
         const qint64 bytes = oldest.value(1).toLongLong();
         if (!m_database->run(QStringLiteral("DELETE FROM entry WHERE sequence = ?"),
@@ -103,35 +102,29 @@ bool Outbox::setNote(const Note &note)
 
 QString Outbox::note(const QString &name)
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT value FROM note WHERE name = ?"));
-    query.addBindValue(name);
-    return m_database->run(query) && query.next() ? query.value(0).toString() : QString();
+    return m_database->value(QStringLiteral("SELECT value FROM note WHERE name = ?"), {name})
+        .toString();
 }
 
 QVector<Outbox::Entry> Outbox::after(qint64 sequence, int most)
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT sequence, (SELECT max(sequence) FROM entry before"
-                                 " WHERE before.sequence < entry.sequence), kind, content"
-                                 " FROM entry WHERE sequence > ? ORDER BY sequence LIMIT ?"));
-    query.addBindValue(sequence);
-    query.addBindValue(most);
+    QSqlQuery query = m_database->select(
+        QStringLiteral("SELECT sequence, (SELECT max(sequence) FROM entry before"
+                       " WHERE before.sequence < entry.sequence), kind, content"
+                       " FROM entry WHERE sequence > ? ORDER BY sequence LIMIT ?"),
+        {sequence, most});
     QVector<Entry> entries;
-    if (m_database->run(query)) {
-        while (query.next())
-            entries.append({query.value(0).toLongLong(), query.value(1).toLongLong(),
-                            query.value(2).toString(), query.value(3).toByteArray()});
-    }
+    while (m_database->next(query))
+        entries.append({query.value(0).toLongLong(), query.value(1).toLongLong(),
+                        query.value(2).toString(), query.value(3).toByteArray()});
     return entries;
 }
 
 int Outbox::countUpTo(qint64 sequence)
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT count(*) FROM entry WHERE sequence <= ?"));
-    query.addBindValue(sequence);
-    return m_database->run(query) && query.next() ? query.value(0).toInt() : 0;
+    return m_database
+        ->value(QStringLiteral("SELECT count(*) FROM entry WHERE sequence <= ?"), {sequence})
+        .toInt();
 }
 
 bool Outbox::forgetUpTo(qint64 sequence)

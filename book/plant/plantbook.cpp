@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QMap>
 #include <algorithm>
 
 #include "book/plant/seamcontent.h"
@@ -10,69 +11,64 @@ namespace welmo::book {
 
 namespace {
 
-// Lists are kept as JSON.
-QVariant columnValue(const QVariant &value)
+// Lists are kept as JSON. A cell may hand over anything, but only numbers fit a number's column.
+QVariant columnValue(const QVariant &value, bool isNumber)
 {
+    if (isNumber)
+        return value.canConvert<qint64>() ? value.toLongLong() : QVariant(QVariant::LongLong);
     if (value.userType() != QMetaType::QVariantList)
-        return value.userType() == QMetaType::QVariantMap ? QVariant() : value;
+        return value.userType() == QMetaType::QVariantMap ? QVariant() : value.toString();
     return QString::fromUtf8(
         QJsonDocument(QJsonArray::fromVariantList(value.toList())).toJson(QJsonDocument::Compact));
 }
 
 } // namespace
 
-std::unique_ptr<PlantBook> PlantBook::open(const QString &file, QString *problem,
+std::unique_ptr<PlantBook> PlantBook::open(const Place &place, QString *problem,
                                            Database::Access access)
 {
-    auto database = Database::open(file, access, problem, plantSchema());
+    auto database = Database::open(place, access, problem, plantSchema());
     return database ? std::unique_ptr<PlantBook>(new PlantBook(std::move(database))) : nullptr;
 }
 
 std::optional<QVector<PlantBook::Taken>> PlantBook::take(const QVector<Entry> &entries)
 {
-    QVector<Taken> all;
-    const auto takenOf = [&](const Entry &entry) -> Taken * {
-        const auto found = std::find_if(all.begin(), all.end(), [&](const Taken &one) {
-            return one.cell == entry.cell && one.log == entry.log;
-        });
-        if (found != all.end())
-            return &*found;
-        const std::optional<Taken> begun = begin(entry);
-        if (begun)
-            all.append(*begun);
-        return begun ? &all.last() : nullptr;
-    };
+    using Log = QPair<QString, QString>;
+    QMap<Log, Taken> all;
+    for (const Entry &entry : entries)
+        all.insert({entry.cell, entry.log}, {entry.cell, entry.log});
     const bool done = database().atOnce([&] {
-        return std::all_of(entries.begin(), entries.end(),
+        // All logs first, and each recorder in the same order, so that none waits for another one
+        // that waits for it.
+        return std::all_of(all.begin(), all.end(), [this](Taken &one) { return begin(&one); })
+            && std::all_of(entries.begin(), entries.end(),
                            [&](const Entry &entry) {
-                               Taken *taken = takenOf(entry);
-                               return taken && takeOne(entry, taken);
+                               return takeOne(entry, &all[{entry.cell, entry.log}]);
                            })
-            && std::all_of(all.begin(), all.end(), [&](const Taken &one) { return finish(one); });
+            && std::all_of(all.begin(), all.end(),
+                           [this](const Taken &one) { return finish(one); });
     });
-    return done ? std::make_optional(all) : std::nullopt;
+    return done ? std::make_optional(all.values().toVector()) : std::nullopt;
 }
 
 // Writes first: from then on no other recorder changes this log until the transaction ends.
-std::optional<PlantBook::Taken> PlantBook::begin(const Entry &entry)
+bool PlantBook::begin(Taken *taken)
 {
-    const QVariantList log{entry.cell, entry.log};
+    const QVariantList log{taken->cell, taken->log};
     if (!database().run(QStringLiteral("INSERT INTO taken VALUES (?, ?, 0, 0)"
                                        " ON CONFLICT DO NOTHING"),
                         log)
         || !database().run(QStringLiteral("UPDATE taken SET sequence = sequence"
                                           " WHERE cell = ? AND log = ?"),
                            log))
-        return std::nullopt;
-    QSqlQuery query = database().query();
-    query.prepare(QStringLiteral("SELECT sequence, dropped FROM taken WHERE cell = ? AND log = ?"));
-    for (const QVariant &value : log)
-        query.addBindValue(value);
-    if (!database().run(query) || !query.next())
-        return std::nullopt;
-    Taken taken{entry.cell, entry.log, query.value(0).toLongLong()};
-    taken.dropped = query.value(1).toLongLong();
-    return taken;
+        return false;
+    QSqlQuery query = database().select(
+        QStringLiteral("SELECT sequence, dropped FROM taken WHERE cell = ? AND log = ?"), log);
+    if (!database().next(query))
+        return false;
+    taken->sequence = query.value(0).toLongLong();
+    taken->dropped = query.value(1).toLongLong();
+    return true;
 }
 
 bool PlantBook::takeOne(const Entry &entry, Taken *taken)
@@ -111,7 +107,7 @@ bool PlantBook::store(const Entry &entry, bool *known)
     for (const ListTable::Value &value : table->values) {
         columns.append(QLatin1String(value.column));
         marks.append(QStringLiteral("?"));
-        values.append(columnValue(entry.content.value(QLatin1String(value.key))));
+        values.append(columnValue(entry.content.value(QLatin1String(value.key)), value.isNumber()));
     }
     return database().run(
         QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")

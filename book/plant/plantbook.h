@@ -71,7 +71,7 @@ public:
     };
 
     /// Null, with a line in @p problem, as Database::open().
-    static std::unique_ptr<PlantBook> open(const QString &file, QString *problem,
+    static std::unique_ptr<PlantBook> open(const Place &place, QString *problem,
                                            Database::Access access = Database::ReadWrite);
 
     /// Stores the entries in one transaction; what one cell's log came to, for each that occurs.
@@ -92,7 +92,7 @@ private:
     explicit PlantBook(std::unique_ptr<Database> database)
         : m_book(std::move(database))
     { }
-    std::optional<Taken> begin(const Entry &entry);
+    bool begin(Taken *taken);
     bool takeOne(const Entry &entry, Taken *taken);
     bool store(const Entry &entry, bool *known);
     bool storeSeam(const Entry &entry, bool *known);

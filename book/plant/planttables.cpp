@@ -28,8 +28,8 @@ QStringList tables()
                        " dropped BIGINT NOT NULL, PRIMARY KEY (cell, log))"),
         // The hour comes first, since most questions are for a time.
         QStringLiteral("seamsum (hour BIGINT NOT NULL, cell TEXT NOT NULL, verdict INTEGER NOT"
-                       " NULL, seams BIGINT NOT NULL, arc_time DOUBLE PRECISION NOT NULL,"
-                       " wire DOUBLE PRECISION NOT NULL, gas_time DOUBLE PRECISION NOT NULL,"
+                       " NULL, seams BIGINT NOT NULL, arc_time REAL NOT NULL, wire REAL NOT NULL,"
+                       " gas_time REAL NOT NULL,"
                        " PRIMARY KEY (hour, cell, verdict))"),
     };
     for (const ListTable &table : listTables())

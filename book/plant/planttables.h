@@ -23,6 +23,8 @@ struct ListTable
         const char *key;
         const char *column;
         const char *type;
+
+        bool isNumber() const { return qstrcmp(type, "TEXT") != 0; }
     };
     QString kind; ///< and the table's name
     std::vector<Value> values;

@@ -2,8 +2,8 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSet>
 #include <QSqlError>
+#include <QSqlRecord>
 #include <QUuid>
 #include <QVariant>
 #include <algorithm>
@@ -15,6 +15,12 @@ namespace welmo::book {
 namespace {
 
 constexpr int busyMs = 5000;
+
+// No text of PostgreSQL has them.
+QVariant withoutZeros(const QVariant &value)
+{
+    return value.userType() == QMetaType::QString ? value.toString().remove(QChar(0)) : value;
+}
 
 } // namespace
 
@@ -47,120 +53,161 @@ const Schema &weldBookSchema()
     return schema;
 }
 
-std::unique_ptr<Database> Database::open(const QString &file, Access access, QString *problem,
+Database::Database(Place place, Access access)
+    : m_place(std::move(place))
+    , m_access(access)
+    , m_dialect(m_place.isServer() ? Dialect::postgresql() : Dialect::sqlite())
+{ }
+
+std::unique_ptr<Database> Database::open(const Place &place, Access access, QString *problem,
                                          const Schema &schema)
 {
-    std::unique_ptr<Database> database(new Database);
+    std::unique_ptr<Database> database(new Database(place, access));
     QString reason;
-    if (access == ReadOnly && !QFileInfo::exists(file))
+    if (access == ReadOnly && !place.isServer() && !QFileInfo::exists(place.file))
         reason = tr("there is no such file");
     else
-        reason = database->openFile(file);
+        reason = database->connect();
     if (reason.isEmpty())
-        reason = database->inspect(access, schema);
+        reason = database->inspect(schema);
     if (reason.isEmpty())
         return database;
-    *problem = QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), reason);
+    *problem = QStringLiteral("%1: %2").arg(place.text(), reason);
     return nullptr;
 }
 
 Database::~Database()
+{
+    disconnect();
+}
+
+QString Database::connect()
+{
+    if (!m_place.isServer() && !QDir().mkpath(QFileInfo(m_place.file).absolutePath()))
+        return tr("the folder cannot be created");
+    if (!QSqlDatabase::isDriverAvailable(m_dialect.driver))
+        return tr("Qt's driver %1 is not installed").arg(m_dialect.driver);
+    m_name = QUuid::createUuid().toString();
+    m_database = QSqlDatabase::addDatabase(m_dialect.driver, m_name);
+    if (m_place.isServer()) {
+        m_place.describe(&m_database);
+    } else {
+        m_database.setDatabaseName(m_place.file);
+        m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyMs));
+    }
+    if (!m_database.open())
+        return tr("cannot be opened (%1)").arg(m_database.lastError().text().simplified());
+    return {};
+}
+
+void Database::disconnect()
 {
     m_database.close();
     m_database = {};
     QSqlDatabase::removeDatabase(m_name);
 }
 
-QString Database::openFile(const QString &file)
+// After any failure, since a driver does not tell whether the server is still there.
+bool Database::comeBack()
 {
-    if (!QDir().mkpath(QFileInfo(file).absolutePath()))
-        return tr("the folder cannot be created");
-    m_name = QUuid::createUuid().toString();
-    m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
-    m_database.setDatabaseName(file);
-    m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyMs));
-    if (!m_database.open())
-        return tr("cannot be opened (%1)").arg(m_database.lastError().text().simplified());
-    return {};
+    if (!m_isLost || m_isWithin)
+        return true;
+    disconnect();
+    m_failed.clear();
+    m_isLost = false;
+    m_error = connect();
+    const bool isBack = m_error.isEmpty() && (m_access == ReadWrite || runAll(m_dialect.reading));
+    m_isLost = !isBack;
+    return isBack;
 }
 
-QString Database::inspect(Access access, const Schema &schema)
+QString Database::inspect(const Schema &schema)
 {
     m_error.clear();
-    const qint64 id = value(QStringLiteral("PRAGMA application_id")).toLongLong();
-    const qint64 version = value(QStringLiteral("PRAGMA user_version")).toLongLong();
-    const int count = value(QStringLiteral("SELECT count(*) FROM sqlite_master")).toInt();
+    // Tables first: when there are some, whoever made them also said whose they are.
+    const int count = value(m_dialect.tables).toInt();
+    const bool isMarked = value(m_dialect.isMarked).toInt() != 0;
+    const qint64 id = isMarked ? value(m_dialect.application).toLongLong() : 0;
+    const qint64 version = isMarked ? value(m_dialect.version).toLongLong() : 0;
     if (!m_error.isEmpty())
         return tr("is damaged or no such database (%1)").arg(m_error);
-    if (id != schema.applicationId && (count > 0 || access == ReadOnly))
+    if (id != schema.applicationId && (count > 0 || m_access == ReadOnly))
         return tr("belongs to another program");
     if (version > schema.version)
         return tr("was written by a newer version (format %1, known is %2)")
             .arg(version)
             .arg(schema.version);
-    if (access == ReadOnly)
-        return run(QStringLiteral("PRAGMA query_only = 1")) ? QString() : m_error;
-    // EXTRA first: before there is a log, a removed journal must not come back after a power cut.
-    if (!run(QStringLiteral("PRAGMA synchronous = EXTRA"))
-        || !run(QStringLiteral("PRAGMA journal_mode = WAL"))
-        || !atOnce([&] { return makeTables(schema); }))
+    if (m_access == ReadOnly)
+        return runAll(m_dialect.reading) ? QString() : m_error;
+    if (!runAll(m_dialect.writing) || !atOnce([&] { return makeTables(schema); }))
         return tr("cannot be written (%1)").arg(m_error);
     return {};
 }
 
-// Writes before it reads the version: from then on nobody else makes the same tables.
+bool Database::runAll(const QStringList &statements)
+{
+    return std::all_of(statements.begin(), statements.end(),
+                       [this](const QString &statement) { return run(statement); });
+}
+
+// Nobody else makes these tables from the lock on, so the version is read behind it.
 bool Database::makeTables(const Schema &schema)
 {
-    if (!run(QStringLiteral("PRAGMA application_id = %1").arg(schema.applicationId)))
+    const auto made = [&](QString statement) {
+        statement.replace(QLatin1String("%1"), QString::number(schema.applicationId));
+        return statement.replace(QLatin1String("%2"), QString::number(schema.version));
+    };
+    if (!run(made(m_dialect.lock)))
         return false;
-    const qint64 version = value(QStringLiteral("PRAGMA user_version")).toLongLong();
-    for (const QString &table : schema.tables) {
-        if (!run(QStringLiteral("CREATE TABLE IF NOT EXISTS ") + table))
-            return false;
-    }
-    if (schema.hasSeams && !addMissingColumns())
+    const bool isMarked = value(m_dialect.isMarked).toInt() != 0;
+    const qint64 version = isMarked ? value(m_dialect.version).toLongLong() : 0;
+    QStringList statements;
+    for (const QString &table : schema.tables)
+        statements.append(QStringLiteral("CREATE TABLE IF NOT EXISTS ")
+                          + m_dialect.declared(table));
+    if (!runAll(statements) || (schema.hasSeams && !addMissingColumns()))
         return false;
-    for (const QString &index : schema.indices) {
-        if (!run(QStringLiteral("CREATE INDEX IF NOT EXISTS ") + index))
-            return false;
+    statements.clear();
+    for (const QString &index : schema.indices)
+        statements.append(QStringLiteral("CREATE INDEX IF NOT EXISTS ") + index);
+    for (const Schema::Fill &fill : schema.fills) {
+        if (fill.version > version)
+            statements.append(fill.sql);
     }
-    return std::all_of(
-               schema.fills.begin(), schema.fills.end(),
-               [&](const Schema::Fill &fill) { return fill.version <= version || run(fill.sql); })
-        && run(QStringLiteral("PRAGMA user_version = %1").arg(schema.version));
+    for (const QString &statement : m_dialect.mark)
+        statements.append(made(statement));
+    return runAll(statements);
 }
 
 // A column that an older book lacks is added; its value is null in existing records.
 bool Database::addMissingColumns()
 {
-    QSqlQuery present = query();
-    if (!present.exec(QStringLiteral("PRAGMA table_info(seam)")))
-        return fail(present.lastError().text().simplified());
-    QSet<QString> names;
-    while (present.next())
-        names.insert(present.value(1).toString());
+    const QSqlRecord present = m_database.record(QStringLiteral("seam"));
+    QStringList statements;
     for (const Column &column : seamColumns()) {
-        if (!names.contains(column.name)
-            && !run(
-                QStringLiteral("ALTER TABLE seam ADD COLUMN %1 %2").arg(column.name, column.type)))
-            return false;
+        if (!present.contains(column.name))
+            statements.append(
+                m_dialect.declared(QStringLiteral("ALTER TABLE seam ADD COLUMN \"%1\" %2")
+                                       .arg(column.name, column.type)));
     }
-    return true;
+    return runAll(statements);
 }
 
-bool Database::run(const QString &sql, const QVariantList &values)
+QSqlQuery Database::select(const QString &sql, const QVariantList &values)
 {
-    QSqlQuery statement = query();
-    if (!statement.prepare(sql))
-        return fail(statement.lastError().text().simplified());
+    if (!comeBack())
+        return QSqlQuery(m_database);
+    QSqlQuery statement(m_database);
+    statement.setForwardOnly(true);
+    const bool isPrepared = values.isEmpty() || statement.prepare(sql);
     for (const QVariant &value : values)
-        statement.addBindValue(value);
-    return run(statement);
-}
-
-bool Database::run(QSqlQuery &query)
-{
-    return query.exec() || fail(query.lastError().text().simplified());
+        statement.addBindValue(isServer() ? withoutZeros(value) : value);
+    if (!isPrepared || !(values.isEmpty() ? statement.exec(sql) : statement.exec())) {
+        fail(statement.lastError());
+        if (isServer())
+            m_failed.append(statement);
+    }
+    return statement;
 }
 
 bool Database::next(QSqlQuery &query)
@@ -168,43 +215,25 @@ bool Database::next(QSqlQuery &query)
     if (query.next())
         return true;
     if (query.lastError().isValid())
-        fail(query.lastError().text().simplified());
+        fail(query.lastError());
     return false;
 }
 
-QVariant Database::value(const QString &sql)
+QVariant Database::value(const QString &sql, const QVariantList &values)
 {
-    QSqlQuery statement = query();
-    statement.setForwardOnly(true);
-    if (!statement.exec(sql)) {
-        fail(statement.lastError().text().simplified());
-        return {};
-    }
-    return statement.next() ? statement.value(0) : QVariant();
-}
-
-QSqlQuery Database::select(const QString &sql, const QVariantList &values)
-{
-    QSqlQuery statement = query();
-    statement.setForwardOnly(true);
-    if (!statement.prepare(sql)) {
-        fail(statement.lastError().text().simplified());
-        return statement;
-    }
-    for (const QVariant &value : values)
-        statement.addBindValue(value);
-    run(statement);
-    return statement;
+    QSqlQuery row = select(sql, values);
+    return next(row) ? row.value(0) : QVariant();
 }
 
 qint64 Database::bytes() const
 {
-    return QFileInfo(m_database.databaseName()).size();
+    return isServer() ? 0 : QFileInfo(m_place.file).size();
 }
 
-bool Database::fail(const QString &error)
+bool Database::fail(const QSqlError &error)
 {
-    m_error = error;
+    m_error = error.text().simplified();
+    m_isLost = isServer();
     return false;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -10,6 +11,9 @@
 #include <memory>
 #include <vector>
 
+#include "book/records/dialect.h"
+#include "book/records/place.h"
+
 namespace welmo::book {
 
 /// The tables of one kind of file.
@@ -17,7 +21,7 @@ struct Schema
 {
     qint64 applicationId; ///< tells this kind of file from others
     qint64 version; ///< a file of a newer one is refused
-    QStringList tables; ///< each as after CREATE TABLE
+    QStringList tables; ///< each as after CREATE TABLE, with SQLite's types
     QStringList indices; ///< each as after CREATE INDEX
     bool hasSeams = false; ///< the table "seam" gets a column for each of seamColumns()
     /// What fills the tables that a version brought; run once on a file of an older one.
@@ -31,61 +35,75 @@ struct Schema
 
 const Schema &weldBookSchema();
 
-/// A file of records: SQLite with a write-ahead log and full synchronisation, so that committed
-/// data survives any crash. One thread uses a Database; a file may be open in several.
+/// A database of records: SQLite with a write-ahead log and full synchronisation, so that committed
+/// data survives any crash, or PostgreSQL. One thread uses a Database; a file may be open in
+/// several. A lost server is asked for again with the next statement or transaction.
 class Database
 {
     Q_DECLARE_TR_FUNCTIONS(welmo::book::Database)
 public:
     enum Access { ReadWrite, ReadOnly };
 
-    /// Opens the file and makes or completes its tables; null, with a line in @p problem, if it is
-    /// damaged, another program's, of a newer version, or cannot be written.
-    static std::unique_ptr<Database> open(const QString &file, Access access, QString *problem,
+    /// Opens the database and makes or completes its tables; null, with a line in @p problem, if it
+    /// is damaged, another program's, of a newer version, or cannot be written.
+    static std::unique_ptr<Database> open(const Place &place, Access access, QString *problem,
                                           const Schema &schema = weldBookSchema());
     ~Database();
     Database(const Database &) = delete;
     Database &operator=(const Database &) = delete;
 
-    QSqlQuery query() const { return QSqlQuery(m_database); }
-    /// Runs a statement without results; on failure false, with errorText().
-    bool run(const QString &sql, const QVariantList &values = {});
-    QVariant value(const QString &sql);
-    /// The rows that a question has, to be read once with next(); none on failure, with
+    /// Runs a statement; its rows can be read once with next(). Not active on failure, with
     /// errorText().
     QSqlQuery select(const QString &sql, const QVariantList &values = {});
-    /// Runs the query with its bound values; on failure false, with errorText().
-    bool run(QSqlQuery &query);
+    /// Runs a statement without rows; on failure false, with errorText().
+    bool run(const QString &sql, const QVariantList &values = {})
+    {
+        return select(sql, values).isActive();
+    }
+    /// The first value of the first row.
+    QVariant value(const QString &sql, const QVariantList &values = {});
     /// The query's next row; false at the end, or on failure with errorText().
     bool next(QSqlQuery &query);
     /// Runs @p work in a transaction, which is rolled back if it returns false.
     template<typename Work>
     bool atOnce(const Work &work)
     {
-        if (!m_database.transaction())
-            return fail(m_database.lastError().text());
+        if (!comeBack() || (!m_database.transaction() && !fail(m_database.lastError())))
+            return false;
+        const QScopedValueRollback<bool> within(m_isWithin, true);
         const bool worked = work();
         if (worked && m_database.commit())
             return true;
         if (worked)
-            m_error = m_database.lastError().text().simplified();
+            fail(m_database.lastError());
         m_database.rollback();
         return false;
     }
+    bool isServer() const { return m_place.isServer(); }
+    /// Of the file; 0 at a server.
     qint64 bytes() const;
     QString errorText() const { return m_error; }
 
 private:
-    Database() = default;
-    QString openFile(const QString &file);
-    QString inspect(Access access, const Schema &schema);
+    Database(Place place, Access access);
+    QString connect();
+    void disconnect();
+    bool comeBack();
+    QString inspect(const Schema &schema);
+    bool runAll(const QStringList &statements);
     bool makeTables(const Schema &schema);
     bool addMissingColumns();
-    bool fail(const QString &error);
+    bool fail(const QSqlError &error);
 
+    const Place m_place;
+    const Access m_access;
+    const Dialect &m_dialect;
     QString m_name;
     QSqlDatabase m_database;
     QString m_error;
+    bool m_isWithin = false; // a transaction
+    bool m_isLost = false; // perhaps
+    QVector<QSqlQuery> m_failed; // Qt's driver complains about those that end before a lost server
 };
 
 } // namespace welmo::book

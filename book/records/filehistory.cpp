@@ -41,11 +41,10 @@ QHash<QString, int> FileHistory::welds()
 {
     QHash<QString, int> counts;
     for (const char *column : {"arcon_file", "weld_file", "arcoff_file"}) {
-        QSqlQuery query = m_database.query();
-        query.prepare(
+        QSqlQuery query = m_database.select(
             QStringLiteral("SELECT %1, count(*) FROM seam WHERE %1 IS NOT NULL GROUP BY 1")
                 .arg(QLatin1String(column)));
-        for (bool good = m_database.run(query); good && m_database.next(query);)
+        while (m_database.next(query))
             counts[query.value(0).toString()] += query.value(1).toInt();
     }
     return counts;
@@ -53,12 +52,9 @@ QHash<QString, int> FileHistory::welds()
 
 QVector<FileVersion> FileHistory::read(const QString &sql, const QVariantList &values)
 {
-    QSqlQuery query = m_database.query();
-    query.prepare(sql);
-    for (const QVariant &value : values)
-        query.addBindValue(value);
+    QSqlQuery query = m_database.select(sql, values);
     QVector<FileVersion> all;
-    for (bool good = m_database.run(query); good && m_database.next(query);)
+    while (m_database.next(query))
         all.append({query.value(0).toString(), query.value(1).toLongLong(),
                     query.value(2).toLongLong(), query.value(3).toString(),
                     query.value(4).toByteArray()});

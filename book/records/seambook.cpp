@@ -10,11 +10,17 @@ namespace welmo::book {
 
 namespace {
 
+// "user" is a word of SQL.
+QString quoted(const Column &column)
+{
+    return QLatin1Char('"') + column.name + QLatin1Char('"');
+}
+
 QString columnNames()
 {
     QStringList names;
     for (const Column &column : seamColumns())
-        names.append(column.name);
+        names.append(quoted(column));
     return names.join(QLatin1String(", "));
 }
 
@@ -46,7 +52,7 @@ Where whereOf(const Filter &filter)
     if (filter.verdict)
         where.add(QStringLiteral("verdict = ?"), static_cast<int>(*filter.verdict));
     if (filter.realOnly)
-        where.add(QStringLiteral("ifnull(mode, ?) = 'real'"), QStringLiteral("real"));
+        where.add(QStringLiteral("coalesce(mode, 'real') = ?"), QStringLiteral("real"));
     return where;
 }
 
@@ -60,12 +66,11 @@ bool SeamBook::begin(Seam *seam)
         marks.append(QStringLiteral("?"));
         values.append(column.get(*seam));
     }
-    QSqlQuery insert = m_database->query();
-    insert.prepare(QStringLiteral("INSERT INTO seam (%1) VALUES (%2)")
-                       .arg(columnNames(), marks.join(QLatin1Char(','))));
-    for (const QVariant &value : qAsConst(values))
-        insert.addBindValue(value);
-    if (!m_database->run(insert))
+    const QSqlQuery insert =
+        m_database->select(QStringLiteral("INSERT INTO seam (%1) VALUES (%2)")
+                               .arg(columnNames(), marks.join(QLatin1Char(','))),
+                           values);
+    if (!insert.isActive())
         return false;
     seam->id = insert.lastInsertId().toLongLong();
     return true;
@@ -74,9 +79,9 @@ bool SeamBook::begin(Seam *seam)
 bool SeamBook::append(qint64 seam, const Samples &more)
 {
     return m_database->run(
-        QStringLiteral("INSERT INTO course (seam, part, data) SELECT ?,"
-                       " ifnull(max(part), 0) + 1, ? FROM course WHERE seam = ?"),
-        {seam, packed(more), seam});
+        QStringLiteral("INSERT INTO course (seam, part, data) VALUES (?,"
+                       " (SELECT coalesce(max(part), 0) + 1 FROM course WHERE seam = ?), ?)"),
+        {seam, seam, packed(more)});
 }
 
 bool SeamBook::finish(const Seam &seam)
@@ -90,9 +95,9 @@ bool SeamBook::finish(const Seam &seam)
 
 int SeamBook::closeInterrupted()
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT id, %1 FROM seam WHERE ended IS NULL").arg(columnNames()));
-    if (!m_database->run(query))
+    QSqlQuery query = m_database->select(
+        QStringLiteral("SELECT id, %1 FROM seam WHERE ended IS NULL").arg(columnNames()));
+    if (!query.isActive())
         return -1;
     const QVector<Seam> open = read(query);
     for (Seam seam : open) {
@@ -110,7 +115,7 @@ bool SeamBook::store(const Seam &seam)
     QStringList settings;
     QVariantList values;
     for (const Column &column : seamColumns()) {
-        settings.append(column.name + QLatin1String(" = ?"));
+        settings.append(quoted(column) + QLatin1String(" = ?"));
         values.append(column.get(seam));
     }
     values.append(seam.id);
@@ -145,48 +150,38 @@ QVector<Seam> SeamBook::read(QSqlQuery &query)
 QVector<Seam> SeamBook::list(const Filter &filter, int limit, int offset)
 {
     const Where where = whereOf(filter);
-    QSqlQuery query = m_database->query();
-    query.setForwardOnly(true);
-    query.prepare(QStringLiteral("SELECT id, %1 FROM seam%2 ORDER BY started DESC, id DESC"
-                                 " LIMIT %3 OFFSET %4")
-                      .arg(columnNames(), where.sql)
-                      .arg(limit)
-                      .arg(offset));
-    for (const QVariant &value : where.values)
-        query.addBindValue(value);
-    return m_database->run(query) ? read(query) : QVector<Seam>();
+    const QString part =
+        limit < 0 ? QString() : QStringLiteral(" LIMIT %1 OFFSET %2").arg(limit).arg(offset);
+    QSqlQuery query = m_database->select(
+        QStringLiteral("SELECT id, %1 FROM seam%2 ORDER BY started DESC, id DESC%3")
+            .arg(columnNames(), where.sql, part),
+        where.values);
+    return read(query);
 }
 
 int SeamBook::count(const Filter &filter)
 {
     const Where where = whereOf(filter);
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT count(*) FROM seam") + where.sql);
-    for (const QVariant &value : where.values)
-        query.addBindValue(value);
-    return m_database->run(query) && m_database->next(query) ? query.value(0).toInt() : 0;
+    return m_database->value(QStringLiteral("SELECT count(*) FROM seam") + where.sql, where.values)
+        .toInt();
 }
 
 std::optional<Seam> SeamBook::seam(qint64 id)
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT id, %1 FROM seam WHERE id = ?").arg(columnNames()));
-    query.addBindValue(id);
-    const QVector<Seam> found = m_database->run(query) ? read(query) : QVector<Seam>();
+    QSqlQuery query = m_database->select(
+        QStringLiteral("SELECT id, %1 FROM seam WHERE id = ?").arg(columnNames()), {id});
+    const QVector<Seam> found = read(query);
     return found.isEmpty() ? std::nullopt : std::optional<Seam>(found.first());
 }
 
 Samples SeamBook::samples(qint64 seam, int *parts)
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT data FROM course WHERE seam = ? ORDER BY part"));
-    query.addBindValue(seam);
+    QSqlQuery query = m_database->select(
+        QStringLiteral("SELECT data FROM course WHERE seam = ? ORDER BY part"), {seam});
     Samples all;
     int count = 0;
-    if (m_database->run(query)) {
-        for (; m_database->next(query); ++count)
-            all += unpacked(query.value(0).toByteArray());
-    }
+    for (; m_database->next(query); ++count)
+        all += unpacked(query.value(0).toByteArray());
     if (parts)
         *parts = count;
     return all;
@@ -195,7 +190,7 @@ Samples SeamBook::samples(qint64 seam, int *parts)
 Course SeamBook::course(qint64 seam)
 {
     const int rate =
-        m_database->value(QStringLiteral("SELECT course_rate FROM seam WHERE id = %1").arg(seam))
+        m_database->value(QStringLiteral("SELECT course_rate FROM seam WHERE id = ?"), {seam})
             .toInt();
     return {rate > 0 ? rate : Course::fullRate, samples(seam)};
 }
@@ -203,16 +198,14 @@ Course SeamBook::course(qint64 seam)
 // Jumps from name to name in the index instead of reading every record.
 QStringList SeamBook::distinct(const QString &column)
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("WITH RECURSIVE name(n) AS (SELECT min(%1) FROM seam UNION ALL"
-                                 " SELECT (SELECT min(%1) FROM seam WHERE %1 > n) FROM name"
-                                 " WHERE n IS NOT NULL) SELECT n FROM name WHERE n IS NOT NULL")
-                      .arg(column));
+    QSqlQuery query = m_database->select(
+        QStringLiteral("WITH RECURSIVE name(n) AS (SELECT min(%1) FROM seam UNION ALL"
+                       " SELECT (SELECT min(%1) FROM seam WHERE %1 > n) FROM name"
+                       " WHERE n IS NOT NULL) SELECT n FROM name WHERE n IS NOT NULL")
+            .arg(column));
     QStringList names;
-    if (m_database->run(query)) {
-        while (m_database->next(query))
-            names.append(query.value(0).toString());
-    }
+    while (m_database->next(query))
+        names.append(query.value(0).toString());
     return names;
 }
 
@@ -228,22 +221,17 @@ QStringList SeamBook::files()
 
 Limits SeamBook::limits(const QString &file)
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT content FROM limits WHERE file = ?"));
-    query.addBindValue(file);
-    const bool found = m_database->run(query) && m_database->next(query);
-    return limitsFromJson(file, found ? query.value(0).toByteArray() : QByteArray());
+    const QVariant content =
+        m_database->value(QStringLiteral("SELECT content FROM limits WHERE file = ?"), {file});
+    return limitsFromJson(file, content.toByteArray());
 }
 
 QVector<Limits> SeamBook::allLimits()
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT file, content FROM limits"));
+    QSqlQuery query = m_database->select(QStringLiteral("SELECT file, content FROM limits"));
     QVector<Limits> all;
-    if (m_database->run(query)) {
-        while (m_database->next(query))
-            all.append(limitsFromJson(query.value(0).toString(), query.value(1).toByteArray()));
-    }
+    while (m_database->next(query))
+        all.append(limitsFromJson(query.value(0).toString(), query.value(1).toByteArray()));
     return all;
 }
 
@@ -251,7 +239,8 @@ bool SeamBook::setLimits(const Limits &limits)
 {
     if (!limits.areSet())
         return m_database->run(QStringLiteral("DELETE FROM limits WHERE file = ?"), {limits.file});
-    return m_database->run(QStringLiteral("INSERT OR REPLACE INTO limits VALUES (?, ?)"),
+    return m_database->run(QStringLiteral("INSERT INTO limits VALUES (?, ?) ON CONFLICT (file)"
+                                          " DO UPDATE SET content = excluded.content"),
                            {limits.file, QString::fromUtf8(toJson(limits))});
 }
 
@@ -260,18 +249,15 @@ int SeamBook::thin(qint64 olderThan, qint64 bytes, int most)
     const qint64 pages = m_database->value(QStringLiteral("PRAGMA page_count")).toLongLong()
         - m_database->value(QStringLiteral("PRAGMA freelist_count")).toLongLong();
     const qint64 size = pages * m_database->value(QStringLiteral("PRAGMA page_size")).toLongLong();
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT id FROM seam WHERE course_rate = %1 AND ended IS NOT NULL"
-                                 " AND (started < ? OR ?) ORDER BY started LIMIT %2")
-                      .arg(Course::fullRate)
-                      .arg(most));
-    query.addBindValue(olderThan);
-    query.addBindValue(size > bytes);
+    QSqlQuery query = m_database->select(
+        QStringLiteral("SELECT id FROM seam WHERE course_rate = %1 AND ended IS NOT NULL"
+                       " AND (started < ? OR ?) ORDER BY started LIMIT %2")
+            .arg(Course::fullRate)
+            .arg(most),
+        {olderThan, size > bytes});
     QVector<qint64> due;
-    if (m_database->run(query)) {
-        while (m_database->next(query))
-            due.append(query.value(0).toLongLong());
-    }
+    while (m_database->next(query))
+        due.append(query.value(0).toLongLong());
     const bool done = m_database->atOnce([&] {
         return std::all_of(due.begin(), due.end(), [this](qint64 id) {
             const Samples few = thinned(samples(id), Course::fullRate / Course::thinRate);
@@ -283,11 +269,8 @@ int SeamBook::thin(qint64 olderThan, qint64 bytes, int most)
 
 QString SeamBook::setting(const QString &name)
 {
-    QSqlQuery query = m_database->query();
-    query.prepare(QStringLiteral("SELECT value FROM setting WHERE name = ?"));
-    query.addBindValue(name);
-    return m_database->run(query) && m_database->next(query) ? query.value(0).toString()
-                                                             : QString();
+    return m_database->value(QStringLiteral("SELECT value FROM setting WHERE name = ?"), {name})
+        .toString();
 }
 
 bool SeamBook::setSetting(const QString &name, const QString &value)

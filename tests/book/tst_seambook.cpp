@@ -198,7 +198,7 @@ private slots:
         }
         QVERIFY(failing > 5 && refused > 2);
         QString problem;
-        QVERIFY(!Database::open("/proc/self/none/book.db", Database::ReadWrite, &problem));
+        QVERIFY(!Database::open(QString("/proc/self/none/book.db"), Database::ReadWrite, &problem));
         QVERIFY2(problem.contains("the folder cannot be created"), qPrintable(problem));
     }
     void aFullQueueDropsWhatMayBeDropped()

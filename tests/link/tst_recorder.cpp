@@ -67,10 +67,11 @@ struct Scene
         QString problem;
         const auto book = Database::open(folder.filePath("plant.db"), Database::ReadOnly, &problem,
                                          plantSchema());
-        QSqlQuery query = book ? book->query() : QSqlQuery();
-        query.exec("SELECT entry FROM change ORDER BY log, sequence");
+        if (!book)
+            return {};
+        QSqlQuery query = book->select("SELECT entry FROM change ORDER BY log, sequence");
         QStringList files;
-        while (query.next())
+        while (book->next(query))
             files.append(query.value(0).toString());
         return files;
     }

@@ -1,5 +1,4 @@
 #include <QCoreApplication>
-#include <QDir>
 #include <cstdio>
 
 #include "tools/plantpage/page.h"
@@ -29,10 +28,9 @@ int main(int argc, char *argv[])
         return 0;
     }
     QString problem = options.error;
-    const QString file = QDir(options.dataFolder).filePath(QStringLiteral("plant.db"));
-    auto book = problem.isEmpty() ? PlantBook::open(file, &problem) : nullptr;
-    plantpage::Page page(options.broker, [file](QString *reason) {
-        return PlantBook::open(file, reason, welmo::book::Database::ReadOnly);
+    auto book = problem.isEmpty() ? PlantBook::open(options.book, &problem) : nullptr;
+    plantpage::Page page(options.broker, [place = options.book](QString *reason) {
+        return PlantBook::open(place, reason, welmo::book::Database::ReadOnly);
     });
     if (book && options.page)
         problem = page.start(*options.page);
@@ -46,6 +44,8 @@ int main(int argc, char *argv[])
     QObject::connect(&signalled, &service::Signals::endWanted, &app, &QCoreApplication::quit);
     recorder.start();
     if (options.page)
-        say(QStringLiteral("the plant is at http://%1:%2/").arg(options.page->host).arg(page.port()));
+        say(QStringLiteral("the plant is at http://%1:%2/")
+                .arg(options.page->host)
+                .arg(page.port()));
     return QCoreApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "tools/recorder/options.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFileInfo>
 
 namespace recorder {
@@ -12,7 +13,7 @@ const QString chartScript =
 
 constexpr char description[] =
     "Takes what the cells of a plant hand over, their seams, alarms, changes and states, into one "
-    "database, plant.db.\n\n"
+    "database.\n\n"
     "It ends on SIGTERM or SIGINT. Exit status: 0 ended so, 2 it could not do what it was told.";
 
 QString complaintAboutPage(const QString &address, Options *options)
@@ -33,12 +34,26 @@ QString complaintAboutPage(const QString &address, Options *options)
     return {};
 }
 
+QString complaintAboutBook(const QCommandLineParser &parser, Options *options)
+{
+    const QString folder = parser.value(QStringLiteral("data"));
+    const QString address = parser.value(QStringLiteral("database"));
+    if (folder.isEmpty() == address.isEmpty())
+        return QStringLiteral("either --data DIR or --database URL says where the database is");
+    if (!address.isEmpty())
+        return welmo::book::parsePlace(address, &options->book);
+    if (!QFileInfo(folder).isDir())
+        return QStringLiteral("--data needs a folder that is there");
+    options->book = QDir(folder).filePath(QStringLiteral("plant.db"));
+    return {};
+}
+
 QString complaintAbout(const QCommandLineParser &parser, Options *options)
 {
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
-    if (options->dataFolder.isEmpty() || !QFileInfo(options->dataFolder).isDir())
-        return QStringLiteral("--data needs a folder that is there");
+    if (const QString complaint = complaintAboutBook(parser, options); !complaint.isEmpty())
+        return complaint;
     if (!parser.isSet(QStringLiteral("broker")))
         return QStringLiteral("--broker needs an address such as mqtts://USER@HOST:PORT");
     QString cell;
@@ -65,17 +80,26 @@ Options parseOptions(const QStringList &arguments)
                        "WELMO_BROKER_PASSWORD, trusted certificates from the file "
                        "WELMO_BROKER_CA."),
         QStringLiteral("URL"));
-    const QCommandLineOption data(QStringLiteral("data"), QStringLiteral("Folder of the database."),
+    const QCommandLineOption data(QStringLiteral("data"),
+                                  QStringLiteral("Folder of the database plant.db."),
                                   QStringLiteral("DIR"));
+    const QCommandLineOption database(
+        QStringLiteral("database"),
+        QStringLiteral("The database at a PostgreSQL server instead: "
+                       "postgresql://USER@HOST:PORT/NAME, without HOST by its socket. The password "
+                       "is taken from WELMO_DATABASE_PASSWORD. Another machine must show a "
+                       "certificate for HOST, trusted by the system or WELMO_DATABASE_CA."),
+        QStringLiteral("URL"));
     const QCommandLineOption http(
         QStringLiteral("http"),
-        QStringLiteral("Shows the plant to browsers, at an address of this machine; port 0 is any that "
-                       "is free. Who has an account at the broker can sign in."),
+        QStringLiteral(
+            "Shows the plant to browsers, at an address of this machine; port 0 is any that "
+            "is free. Who has an account at the broker can sign in."),
         QStringLiteral("HOST:PORT"));
     QCommandLineParser parser;
     parser.setApplicationDescription(QLatin1String(description));
     const QCommandLineOption help = parser.addHelpOption();
-    parser.addOptions({broker, data, http});
+    parser.addOptions({broker, data, database, http});
 
     Options options;
     if (!parser.parse(arguments)) {
@@ -83,7 +107,6 @@ Options parseOptions(const QStringList &arguments)
     } else if (parser.isSet(help)) {
         options.help = parser.helpText();
     } else {
-        options.dataFolder = parser.value(data);
         options.error = complaintAbout(parser, &options);
     }
     return options;

@@ -3,6 +3,7 @@
 #include <QStringList>
 #include <optional>
 
+#include "book/records/place.h"
 #include "link/mqtt/brokeraddress.h"
 #include "tools/plantpage/server.h"
 
@@ -11,7 +12,7 @@ namespace recorder {
 struct Options
 {
     welmo::links::BrokerAddress broker;
-    QString dataFolder;
+    welmo::book::Place book; ///< where it is
     std::optional<plantpage::Server::Options> page; ///< if it is wanted
     QString error; ///< one line, if the arguments cannot be used
     QString help; ///< the help text, if it was asked for
