@@ -38,7 +38,35 @@ Broker::~Broker()
 Broker &Broker::shared()
 {
     static Broker one;
+    static const bool isInLine = qEnvironmentVariableIsSet("WELMO_TEST_LINE");
+    if (isInLine && one.m_gone == 0)
+        one.joinLine();
     return one;
+}
+
+Broker &Broker::central()
+{
+    if (shared().m_gone == 0)
+        return shared();
+    static Broker one;
+    return one;
+}
+
+void Broker::joinLine()
+{
+    m_gone = loopback::freePort();
+    Broker &plant = central();
+    plant.command({"line", plant.folder(), "line"}, "secret\n");
+    plant.restart();
+    command({"bridge", folder(), "line", QStringLiteral("mqtt://127.0.0.1:%1").arg(plant.port())},
+            "secret\n");
+    restart();
+}
+
+void Broker::restart()
+{
+    stop();
+    start();
 }
 
 bool Broker::tries(const QStringList &arguments, const QByteArray &input)
@@ -96,6 +124,10 @@ welmo::links::BrokerAddress Broker::as(const QString &user) const
     welmo::links::BrokerAddress address;
     address.host = QStringLiteral("127.0.0.1");
     address.port = m_port;
+    if (m_gone != 0) {
+        address.port = m_gone;
+        address.standbys = {{address.host, m_port}};
+    }
     address.encrypted = m_encrypted;
     address.user = user;
     address.password = backwards(user);

@@ -14,11 +14,15 @@ public:
     /// reach it; each one's password is the name backwards.
     Broker();
     ~Broker();
-    /// One for all tests of a program.
+    /// One for all tests of a program. With WELMO_TEST_LINE in the environment it is the standby
+    /// of a line whose first broker is gone, and passes on to a central one.
     static Broker &shared();
+    /// That central broker; without it the shared one.
+    static Broker &central();
 
     void start();
     void stop();
+    void restart();
     /// Holds the process, and lets it go on.
     void freeze(bool frozen);
 
@@ -33,8 +37,11 @@ public:
     void command(const QStringList &arguments, const QByteArray &input = {});
 
 private:
+    void joinLine();
+
     QTemporaryDir m_folder;
     pid_t m_process = 0; // not a QProcess, which does not work under emulation
     int m_port;
     bool m_encrypted = false;
+    int m_gone = 0; // the port of the line's first broker, where nobody is
 };
