@@ -194,16 +194,16 @@ QJsonObject seam(const Viewer &viewer, PlantBook &book, qint64 id)
 
 QJsonObject alarms(const Viewer &viewer, PlantBook &book, const Question &question)
 {
-    return list(QStringLiteral("alarms"), viewer,
-                book.alarms(question.from, question.until, question.cell,
-                            rowsToRead(viewer, question)));
+    return list(
+        QStringLiteral("alarms"), viewer,
+        book.alarms(question.from, question.until, question.cell, rowsToRead(viewer, question)));
 }
 
 QJsonObject changes(const Viewer &viewer, PlantBook &book, const Question &question)
 {
-    return list(QStringLiteral("changes"), viewer,
-                book.changes(question.from, question.until, question.cell,
-                             rowsToRead(viewer, question)));
+    return list(
+        QStringLiteral("changes"), viewer,
+        book.changes(question.from, question.until, question.cell, rowsToRead(viewer, question)));
 }
 
 QJsonObject reasons()

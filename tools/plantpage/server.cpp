@@ -61,8 +61,9 @@ QString tokenOf(const httplib::Request &request)
 void setCookie(httplib::Response &response, const QString &token)
 {
     const std::string life = token.isEmpty() ? "; Max-Age=0" : "";
-    response.set_header("Set-Cookie", cookieName + token.toStdString()
-                            + "; Path=/; HttpOnly; SameSite=Strict" + life);
+    response.set_header("Set-Cookie",
+                        cookieName + token.toStdString() + "; Path=/; HttpOnly; SameSite=Strict"
+                            + life);
 }
 
 content::Question questionOf(const httplib::Request &request)
@@ -121,16 +122,17 @@ void Server::addFiles(const QString &chartScript)
         QFile file(name);
         (void)file.open(QFile::ReadOnly); // those of the program are there, the other was checked
         m_server->Get(path,
-                      [data = file.readAll().toStdString(),
-                       type](const httplib::Request &, httplib::Response &response) {
+                      [data = file.readAll().toStdString(), type](const httplib::Request &,
+                                                                  httplib::Response &response) {
                           response.set_content(data, type);
                       });
     };
     const QString folder = QStringLiteral(":/plantpage/web/");
-    static const QHash<QString, const char *> types{{QStringLiteral("html"), "text/html; charset=utf-8"},
-                                                    {QStringLiteral("css"), "text/css"},
-                                                    {QStringLiteral("js"), "text/javascript"},
-                                                    {QStringLiteral("svg"), "image/svg+xml"}};
+    static const QHash<QString, const char *> types{
+        {QStringLiteral("html"), "text/html; charset=utf-8"},
+        {QStringLiteral("css"), "text/css"},
+        {QStringLiteral("js"), "text/javascript"},
+        {QStringLiteral("svg"), "image/svg+xml"}};
     const QStringList names = QDir(folder).entryList();
     for (const QString &name : names)
         serve('/' + name.toStdString(), folder + name, types.value(QFileInfo(name).suffix()));
@@ -140,23 +142,23 @@ void Server::addFiles(const QString &chartScript)
 
 void Server::addSession()
 {
-    m_server->Post("/session", [this](const httplib::Request &request,
-                                      httplib::Response &response) {
-        const QJsonObject asked =
-            QJsonDocument::fromJson(QByteArray::fromStdString(request.body)).object();
-        const QString user = asked.value(QStringLiteral("user")).toString();
-        const QString password = asked.value(QStringLiteral("password")).toString();
-        const Sessions::Answer answered = user.isEmpty() || password.isEmpty()
-            ? Sessions::Answer{{}, QStringLiteral("a name and a password are needed")}
-            : m_sessions->signIn(user, password);
-        if (answered.token.isEmpty()) {
-            std::this_thread::sleep_for(afterRefusal);
-            refuse(response, unauthorized, answered.problem);
-            return;
-        }
-        setCookie(response, answered.token);
-        answer(response, {});
-    });
+    m_server->Post(
+        "/session", [this](const httplib::Request &request, httplib::Response &response) {
+            const QJsonObject asked =
+                QJsonDocument::fromJson(QByteArray::fromStdString(request.body)).object();
+            const QString user = asked.value(QStringLiteral("user")).toString();
+            const QString password = asked.value(QStringLiteral("password")).toString();
+            const Sessions::Answer answered = user.isEmpty() || password.isEmpty()
+                ? Sessions::Answer{{}, QStringLiteral("a name and a password are needed")}
+                : m_sessions->signIn(user, password);
+            if (answered.token.isEmpty()) {
+                std::this_thread::sleep_for(afterRefusal);
+                refuse(response, unauthorized, answered.problem);
+                return;
+            }
+            setCookie(response, answered.token);
+            answer(response, {});
+        });
     m_server->Delete("/session",
                      [this](const httplib::Request &request, httplib::Response &response) {
                          m_sessions->signOut(tokenOf(request));
@@ -165,9 +167,9 @@ void Server::addSession()
                      });
 }
 
-Server::Answer
-Server::forViewers(std::function<void(const Viewer &, const httplib::Request &,
-                                      httplib::Response &)> answerTo) const
+Server::Answer Server::forViewers(
+    std::function<void(const Viewer &, const httplib::Request &, httplib::Response &)> answerTo)
+    const
 {
     return [this, answerTo](const httplib::Request &request, httplib::Response &response) {
         if (const auto viewer = m_sessions->viewer(tokenOf(request)))
@@ -183,24 +185,24 @@ void Server::addQuestions()
                   forViewers([this](const Viewer &viewer, const auto &, auto &response) {
                       answer(response, content::plant(viewer, *m_watch));
                   }));
-    m_server->Get("/api/reasons",
-                  forViewers([](const Viewer &, const auto &, auto &response) {
+    m_server->Get("/api/reasons", forViewers([](const Viewer &, const auto &, auto &response) {
                       answer(response, content::reasons());
                   }));
     using FromBook =
         std::function<QJsonObject(const Viewer &, PlantBook &, const httplib::Request &)>;
     const auto add = [this](const char *path, const FromBook &read) {
-        m_server->Get(path, forViewers([this, read](const Viewer &viewer, const auto &request,
-                                                    auto &response) {
-                          QString problem;
-                          const auto book = m_openBook(&problem);
-                          if (!book)
-                              return refuse(response, failed, problem);
-                          const QJsonObject content = read(viewer, *book, request);
-                          if (!book->errorText().isEmpty())
-                              return refuse(response, failed, book->errorText());
-                          answer(response, content, content.isEmpty() ? notFound : 200);
-                      }));
+        m_server->Get(
+            path,
+            forViewers([this, read](const Viewer &viewer, const auto &request, auto &response) {
+                QString problem;
+                const auto book = m_openBook(&problem);
+                if (!book)
+                    return refuse(response, failed, problem);
+                const QJsonObject content = read(viewer, *book, request);
+                if (!book->errorText().isEmpty())
+                    return refuse(response, failed, book->errorText());
+                answer(response, content, content.isEmpty() ? notFound : 200);
+            }));
     };
     using Read = QJsonObject (*)(const Viewer &, PlantBook &, const content::Question &);
     const std::pair<const char *, Read> lists[] = {{"/api/sums", &content::sums},

@@ -48,8 +48,9 @@ private:
     void addFiles(const QString &chartScript);
     void addSession();
     void addQuestions();
-    Answer forViewers(std::function<void(const Viewer &, const httplib::Request &,
-                                         httplib::Response &)> answer) const;
+    Answer forViewers(
+        std::function<void(const Viewer &, const httplib::Request &, httplib::Response &)> answer)
+        const;
 
     Sessions *m_sessions;
     const Watch *m_watch;
