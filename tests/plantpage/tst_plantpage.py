@@ -4,8 +4,10 @@ import json
 import os
 import re
 import socket
+import sqlite3
 import subprocess
 import tempfile
+import time
 import unittest
 import urllib.error
 import urllib.request
@@ -38,42 +40,51 @@ def free_port():
 class Plant:
     """The programs of a plant as they are shipped; each account's password is its name backwards."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, cells, brokers=1):
         self.folder = folder
-        self.broker_port, self.page_port = free_port(), free_port()
+        self.ports = [free_port() for _ in range(brokers)]
+        self.page_port = free_port()
         self.running = {}
-        self.broker("init", str(self.broker_port))
-        for kind, name, *cells in (("cell", "north"), ("cell", "south"), ("recorder", "plant"),
-                                   ("reader", "vera"), ("user", "anna", "north")):
-            self.broker(kind, name, *cells, password=name[::-1])
-        self.start("broker", BROKER, "run", self.path("broker"))
+        self.broker("init", 0, str(self.ports[0]))
+        for kind, name, *allowed in (*(("cell", cell) for cell in cells), ("recorder", "plant"),
+                                     ("reader", "vera"), ("user", "bert", cells[0])):
+            self.broker(kind, 0, name, *allowed, password=name[::-1])
+        for number in range(1, brokers):
+            self.broker("standby", 0, self.path(f"broker{number}"), str(self.ports[number]))
+        for number in range(brokers):
+            self.start_broker(number)
         program = self.path("seam.tl")
         with open(program, "w") as file:
             file.write(SEAM)
-        for cell in ("north", "south"):
+        for cell in cells:
             os.mkdir(self.path(cell))
             open(self.path(cell, "users"), "w").close()
-            self.start(cell, os.path.join(BIN, "controllerd"), "--cell", cell, "--data", self.path(cell),
-                       "--example", "--weld", program, "--broker", f"mqtt://127.0.0.1:{self.broker_port}")
+            self.start(cell, cell, os.path.join(BIN, "controllerd"), "--cell", cell, "--data", self.path(cell),
+                       "--example", "--weld", program, "--broker", self.address())
         os.mkdir(self.path("plant"))
         self.start_recorder()
 
     def path(self, *names):
         return os.path.join(self.folder, *names)
 
-    def broker(self, command, *arguments, password=""):
-        subprocess.run([BROKER, command, self.path("broker"), *arguments], input=password + "\n", text=True,
-                       check=True)
+    def address(self, user=""):
+        return f"mqtt://{user}" + ",".join(f"127.0.0.1:{port}" for port in self.ports)
 
-    def start(self, name, *command):
-        account = {"recorder": "plant"}.get(name, name)
+    def broker(self, command, number, *arguments, password=""):
+        subprocess.run([BROKER, command, self.path(f"broker{number}"), *arguments], input=password + "\n",
+                       text=True, check=True)
+
+    def start(self, name, account, *command):
         environment = {**os.environ, "WELMO_BROKER_PASSWORD": account[::-1]}
         with open(self.path(f"{name}.log"), "a") as log:
             self.running[name] = subprocess.Popen(command, env=environment, stderr=log)
 
+    def start_broker(self, number):
+        self.start(f"broker{number}.run", "", BROKER, "run", self.path(f"broker{number}"))
+
     def start_recorder(self):
-        self.start("recorder", os.path.join(BIN, "recorder"), "--data", self.path("plant"), "--broker",
-                   f"mqtt://plant@127.0.0.1:{self.broker_port}", "--http", f"127.0.0.1:{self.page_port}")
+        self.start("recorder", "plant", os.path.join(BIN, "recorder"), "--data", self.path("plant"), "--broker",
+                   self.address("plant@"), "--http", f"127.0.0.1:{self.page_port}")
 
     def stop(self, name):
         process = self.running.pop(name)
@@ -85,11 +96,16 @@ class Plant:
             self.stop(name)
 
 
-class PageTest(unittest.TestCase):
+class Page(unittest.TestCase):
+    """A browser and a plant."""
+
+    cells = ["north", "south"]
+    brokers = 1
+
     @classmethod
     def setUpClass(cls):
         folder = cls.enterClassContext(tempfile.TemporaryDirectory())
-        cls.plant = Plant(folder)
+        cls.plant = Plant(folder, cls.cells, cls.brokers)
         cls.addClassCleanup(cls.plant.end)
         cls.url = f"http://127.0.0.1:{cls.plant.page_port}/"
 
@@ -113,6 +129,11 @@ class PageTest(unittest.TestCase):
         return self.browser.execute_script(
             "return [...document.querySelectorAll(arguments[0])].map(e => e.innerText)", selector)
 
+    def ask(self, what):
+        """What the page would get."""
+        return self.browser.execute_async_script(
+            "const [what, done] = arguments; fetch('api/' + what).then(a => a.json()).then(done)", what)
+
     def press(self, *keys):
         webdriver.ActionChains(self.browser).send_keys(*keys).perform()
 
@@ -127,18 +148,19 @@ class PageTest(unittest.TestCase):
         self.browser.get(f"{self.url}#cell/{cell}")
         return self.wait(lambda: self.all("#seams td a"))
 
+
+class PageTest(Page):
     def test_who_may_see_what(self):
-        self.come("anna", "wrong")
+        self.come("bert", "wrong")
         self.wait(lambda: "Not signed in" in self.texts("#refused")[0])
-        self.come("anna")
+        self.come("bert")
         self.wait(lambda: self.texts("#cells td:first-child") == ["north"])
         self.browser.get(self.url + "#cell/north")
         self.wait(lambda: self.all("#seams td a"))
-        asked = "const [what, done] = arguments; fetch('api/' + what).then(a => a.json()).then(done)"
         for what in ("seams?cell=south", "changes?", "alarms?", "sums?from=0&until=9000000000000"):
-            said = json.dumps(self.browser.execute_async_script(asked, what))
+            said = json.dumps(self.ask(what))
             self.assertNotIn("south", said, what)
-        seams = self.browser.execute_async_script(asked, "seams?")["seams"]
+        seams = self.ask("seams?")["seams"]
         self.assertEqual({seam["cell"] for seam in seams}, {"north"})
         self.browser.find_element(By.ID, "sign-out").click()
         self.wait(lambda: self.browser.switch_to.active_element.get_attribute("name") == "user")
@@ -182,10 +204,10 @@ class PageTest(unittest.TestCase):
     def test_what_is_lost_is_said_and_comes_back(self):
         self.come("vera")
         self.wait(lambda: "Welding" in self.texts("#cells td .pill"))
-        self.plant.stop("broker")
+        self.plant.stop("broker0.run")
         self.wait(lambda: "no connection to a broker" in self.texts("#lost")[0])
         self.assertEqual(set(self.texts("#cells td:nth-child(2)")), {"Not online"})
-        self.plant.start("broker", BROKER, "run", self.plant.path("broker"))
+        self.plant.start_broker(0)
         self.wait(lambda: "Welding" in self.texts("#cells td .pill") and self.texts("#lost") == [""])
         self.plant.stop("recorder")
         self.wait(lambda: "No connection to the recorder" in self.texts("#lost")[0])
@@ -205,5 +227,43 @@ class PageTest(unittest.TestCase):
         self.assertEqual({first or second for first, second in used} - known, set())
 
 
+class LongWatch(Page):
+    """Many cells on a pair of brokers that are killed in turn, watched for minutes."""
+
+    cells = [f"cell{number:02}" for number in range(1, int(os.environ.get("WELMO_CELLS", "0")) + 1)]
+    brokers = 2
+
+    def online(self):
+        return self.texts("#tiles strong")[:1]
+
+    def test_watch(self):
+        self.come("vera")
+        everyone = [f"{len(self.cells)} / {len(self.cells)}"]
+        self.wait(lambda: self.online() == everyone)
+        end = time.monotonic() + 60 * float(os.environ["WELMO_MINUTES"])
+        round = 0
+        while time.monotonic() < end:
+            lost = round % 2
+            killed = 1000 * time.time()
+            self.plant.stop(f"broker{lost}.run")
+            self.wait(lambda: all(cell["there"] and cell["changed"] > killed
+                                  for cell in self.ask("plant?")["cells"]))
+            self.wait(lambda: self.online() == everyone)
+            self.plant.start_broker(lost)
+            time.sleep(10)
+            self.assertEqual(self.online(), everyone)
+            round += 1
+        self.assertEqual(self.texts("#lost"), [""])
+        self.assertEqual(self.browser.get_log("browser")[1:], [])
+        stored = self.counted("SELECT count(*) FROM seam")
+        self.assertEqual(stored, self.counted("SELECT count(DISTINCT cell || log || sequence) FROM seam"))
+        self.wait(lambda: int(self.texts("#tiles strong")[3].replace(",", "")) >= stored)
+        print(f"{round} brokers were killed; {stored} seams, {self.texts('#tiles strong')}")
+
+    def counted(self, question):
+        with sqlite3.connect(self.plant.path("plant", "plant.db")) as database:
+            return database.execute(question).fetchone()[0]
+
+
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    unittest.main(verbosity=2, defaultTest="LongWatch" if LongWatch.cells else "PageTest")
