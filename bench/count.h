@@ -2,8 +2,9 @@
 
 namespace bench::count {
 
-/// Whether instructions are counted instead of time: this program runs under valgrind's callgrind,
-/// and the environment names its output file, WELMO_COUNTS.
+/// Whether instructions are counted instead of time. The environment names a file for the counts,
+/// WELMO_COUNTS; this program then runs under valgrind's callgrind or, for another processor, under
+/// an emulator with the plugin in bench/emulator.
 bool isOn();
 /// Starts to count, on all threads.
 void begin();

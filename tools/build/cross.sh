@@ -43,3 +43,16 @@ cmd_cross() {
     say "testing build/arm64 under emulation"
     (cd "$root" && ctest --preset arm64 --parallel "$(nproc)" "$@")
 }
+
+# Counts the instructions of the emulated processor.
+bench_emulated() { # [BENCH ARGUMENT...]
+    need build bench run cross >&2
+    need_sysroot >&2
+    build arm64 welmo-bench welmo >&2
+    go_private
+    gcc -shared -fPIC -O2 -o "$scratch/instructions.so" "$root/bench/emulator/instructions.c"
+    WELMO_COUNTS=$scratch/counts qemu-aarch64 -L "$sysroot" \
+        -E QT_PLUGIN_PATH="$sysroot/usr/lib/aarch64-linux-gnu/qt5/plugins" \
+        -plugin "$scratch/instructions.so,counts=$scratch/counts" \
+        "$root/build/arm64/bin/welmo-bench" "$@"
+}
