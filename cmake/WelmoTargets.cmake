@@ -156,6 +156,14 @@ function(welmo_test name)
     endif()
 endfunction()
 
+# welmo_script_test(tst_name LABEL ... ENVIRONMENT VARIABLE=VALUE...): a test written in Python.
+function(welmo_script_test name)
+    cmake_parse_arguments(ARG "" "" "LABEL;ENVIRONMENT" ${ARGN})
+    add_test(NAME ${name} COMMAND /usr/bin/python3 -B "${CMAKE_CURRENT_SOURCE_DIR}/${name}.py")
+    set_tests_properties(${name} PROPERTIES
+        LABELS "${ARG_LABEL}" TIMEOUT ${WELMO_TEST_TIMEOUT} ENVIRONMENT "${ARG_ENVIRONMENT}")
+endfunction()
+
 # welmo_soak(tst_name VARIABLE=VALUE): a longer run of the test for ./dev soak.
 function(welmo_soak name)
     add_test(NAME ${name}_soak CONFIGURATIONS Soak COMMAND ${name})
