@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QDoubleSpinBox>
+#include <QLabel>
 #include <QLibrary>
 #include <QMenu>
 #include <QPushButton>

@@ -97,7 +97,7 @@ private slots:
                      "line 2: " + message);
             QCOMPARE(fixture.state("state"), QVariant("error"));
             QCOMPARE(fixture.state("line"), QVariant(2));
-            QCOMPARE(fixture.events().last(), Event::Alarm);
+            QCOMPARE(fixture.events().constLast(), Event::Alarm);
             QVERIFY(fixture.isAt(p1));
         }
     }
@@ -141,8 +141,8 @@ private slots:
             QVERIFY(fixture.controller.fillWithExample().ok());
             for (const char *key : {"enable", "connect_to_welder"})
                 QCOMPARE(fixture.get("arc_weld.welder_setting", key).value.toBool(), !used);
-            for (const QString set : {"arcon_param", "weld_param", "arcoff_param"}) {
-                const QVariantMap files = fixture.get("arc_weld." + set).value.toMap();
+            for (const char *set : {"arcon_param", "weld_param", "arcoff_param"}) {
+                const QVariantMap files = fixture.get(QString("arc_weld.") + set).value.toMap();
                 const QVariant last = files.isEmpty() ? QVariant() : files.last();
                 QCOMPARE(childAt(last, "current").toDouble() > 0, !used);
             }

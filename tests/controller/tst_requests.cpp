@@ -58,8 +58,9 @@ struct Fixture : ControllerFixture
     QVariantList everything()
     {
         QVariantList values;
-        for (const QString &node : controller.nodes().keys())
-            values.append(controller.handle({Kind::Get, node, {}, {}}).value);
+        const auto &nodes = controller.nodes();
+        for (auto node = nodes.keyBegin(); node != nodes.keyEnd(); ++node)
+            values.append(controller.handle({Kind::Get, *node, {}, {}}).value);
         return values;
     }
 };

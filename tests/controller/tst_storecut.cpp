@@ -68,7 +68,7 @@ private slots:
     void refusedAnywhere()
     {
         RecordedDisk disk;
-        const QByteArray expected = work(&disk).last();
+        const QByteArray expected = work(&disk).constLast();
         int failing = 0;
         do {
             const QTemporaryDir folder;

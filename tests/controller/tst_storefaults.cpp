@@ -177,8 +177,8 @@ private slots:
         }
         QStringList lines;
         QVERIFY(!welmo::controller::repair(file(), {}, &lines)); // of the second nobody knows
-        QVERIFY(lines.filter("arcondata1").first().contains("by the audit"));
-        QVERIFY(lines.filter("arcondata2").first().contains("stays damaged"));
+        QVERIFY(lines.filter("arcondata1").constFirst().contains("by the audit"));
+        QVERIFY(lines.filter("arcondata2").constFirst().contains("stays damaged"));
         QVERIFY(welmo::controller::repair(file(), backup, &lines));
         ControllerFixture fixture(open());
         QCOMPARE(fixture.controller.complaints(), QStringList());

@@ -129,7 +129,7 @@ private slots:
         QCOMPARE(fixture.events().contains(Event::Alarm), !finished);
         const QVariantMap raised = fixture.get("cell.alarms", "entries").value.toList()[0].toMap();
         QCOMPARE(raised["code"].toString() + ' ' + raised["file"].toString(), first);
-        QCOMPARE(raised["line"].toInt(), message == "finished" ? 3 : message.mid(5, 1).toInt());
+        QCOMPARE(raised["line"].toInt(), message == "finished" ? 3 : message.midRef(5, 1).toInt());
         QCOMPARE(fixture.get("cell.state", "state").value, QVariant(finished ? "idle" : "fault"));
         fixture.pass(2000);
         QCOMPARE(fixture.weldState("phase"), QVariant("idle"));
@@ -212,7 +212,7 @@ private slots:
             fixture.faults.set(Fault::WelderError, true); // it ends at once
             fixture.pass(2000);
             for (const char *key : {"current", "welding_distance"})
-                QCOMPARE(fixture.toldValues("arc_weld.welder_state", key).last(),
+                QCOMPARE(fixture.toldValues("arc_weld.welder_state", key).constLast(),
                          fixture.weldState(key));
             fixture.told.clear();
             fixture.pass(2000);

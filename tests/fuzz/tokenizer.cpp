@@ -56,7 +56,8 @@ void checkProblems(const ParsedLine &parsed)
 // All that counts in a line of files, or of a word alone.
 QString squeezed(QString line)
 {
-    return line.remove(QRegularExpression("[\\s,]+")).toLower();
+    static const QRegularExpression between("[\\s,]+");
+    return line.remove(between).toLower();
 }
 
 bool saysTheSame(const ParsedLine &line, const ParsedLine &normal)

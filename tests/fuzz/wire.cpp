@@ -44,7 +44,7 @@ void check(const MqttMessage &message, Read read)
 /// One message in every way in which messages are read.
 void fuzz(const QByteArray &input)
 {
-    const MqttMessage message = mail::read(input).first();
+    const MqttMessage message = mail::read(input).constFirst();
     check(message, protocol::toRequest);
     check(message, protocol::toBeat);
     check(message, protocol::toAlive);

@@ -115,7 +115,7 @@ private slots:
         create("a", addsIn);
         m_framework.start();
         if (addsIn.isEmpty())
-            static_cast<Recorder *>(m_framework.modules().first())->add();
+            static_cast<Recorder *>(m_framework.modules().constFirst())->add();
         QVERIFY(m_calls.contains("a1 init"));
         QCOMPARE(m_calls.at(m_calls.indexOf("a1 init") - 1), after);
         QCOMPARE(m_calls.filter("a1 ").join(", "), steps("init setup render idle", "a1"));

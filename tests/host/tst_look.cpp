@@ -84,7 +84,7 @@ private slots:
         const auto painted = [&](const QString &ink) {
             return vu::xtheme::pixmap(path, ink).toImage();
         };
-        QCOMPARE(painted("black").pixelColor(0, 0), QColor("#445566"));
+        QCOMPARE(painted("black").pixelColor(0, 0), QColor(0x44, 0x55, 0x66));
         QCOMPARE(painted("red").pixelColor(0, 0), QColor(Qt::red));
         QCOMPARE(painted("black").pixelColor(1, 0).alpha(), 0);
         QVERIFY(vu::xtheme::pixmap(m_folder.filePath("nobody.png"), "black").isNull());
@@ -93,7 +93,7 @@ private slots:
     {
         QWidget above;
         QWidget top(&above);
-        for (const QString sheet : {"a{}", "b{}", ""}) {
+        for (const char *sheet : {"a{}", "b{}", ""}) {
             setRecursiveWidgetStyleSheet(&top, sheet);
             QCOMPARE(top.styleSheet(), sheet);
         }
@@ -116,7 +116,7 @@ private slots:
     }
     void aHeldButtonIsReleasedOnce()
     {
-        for (const QString event : {"let go", "disabled", "hidden"}) {
+        for (const QString &event : QStringList{"let go", "disabled", "hidden"}) {
             TouchButton button;
             button.show();
             QString heard;

@@ -149,7 +149,7 @@ private slots:
         QVERIFY(spy.size() == 1 && above.size() == 1);
         // A receiver may remove the node.
         leaf->watch();
-        connect(leaf, &ModuleObject::changed, this, [&root] { root.removeChild("a"); });
+        connect(leaf, &ModuleObject::changed, &root, [&root] { root.removeChild("a"); });
         leaf->set(nullptr, QString(), 6);
         QCOMPARE(root.cmobjCount(), 0);
     }

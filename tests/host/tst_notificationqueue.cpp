@@ -21,7 +21,7 @@ struct Fixture
 
     Fixture()
     {
-        QObject::connect(&queue, &NotificationQueue::delivered,
+        QObject::connect(&queue, &NotificationQueue::delivered, &queue,
                          [this](const QString &path, const QVariant &values) {
                              if (path == node)
                                  delivered.append(values);

@@ -25,7 +25,7 @@ struct Fixture
     {
         const auto buttons = [this](const QString &labels) {
             QList<PhysicalButton> list;
-            for (const QString label : labels)
+            for (const QChar label : labels)
                 list.append({label, {}, {}, [this, label](bool down) {
                                  // At the end of the host too, while the controller can be reached.
                                  if (xservice())

@@ -91,7 +91,7 @@ private slots:
     }
     void oneTranslationIsActiveByTheHostsLanguage()
     {
-        for (const QString language : {"en", "zh_CN", ""}) {
+        for (const QString &language : QStringList{"en", "zh_CN", ""}) {
             start(language);
             QVERIFY(translator()->installQMTranslator(SAMPLE_QM));
             QVERIFY(!translator()->installQMTranslator(path("missing_cn.qm")));

@@ -220,8 +220,8 @@ private slots:
                 order << (fixture.service->isConnected() ? "too early" : "subscribed");
         };
         connect(fixture.manager, &tessa::ControllerManager::rcConnected, fixture.service,
-                [&] { note("rcConnected"); });
-        connect(copy, &ModuleObject::changed, fixture.service, [&] { note("changed"); });
+                [note] { note("rcConnected"); });
+        connect(copy, &ModuleObject::changed, fixture.service, [note] { note("changed"); });
         fixture.link->setUp(true);
         QCOMPARE(order,
                  QStringList({"subscribed", "rcConnected", "connected", "t2", "changed",

@@ -25,7 +25,7 @@ Broker::Broker()
 {
     command({"init", folder(), QString::number(m_port)});
     command({"cell", folder(), "cell"}, "llec\n");
-    for (const QString user : {"anna", "bert", "vera"})
+    for (const QString &user : QStringList{"anna", "bert", "vera"})
         command({"user", folder(), user, "cell"}, backwards(user).toUtf8() + '\n');
     start();
 }

@@ -25,9 +25,10 @@ class EmbeddedEnd : public FarEnd
 public:
     EmbeddedEnd()
     {
-        QObject::connect(&m_server, &welmo::links::EmbeddedServer::greeted,
+        QObject::connect(&m_server, &welmo::links::EmbeddedServer::greeted, &m_server,
                          [this](int session) { greeted(session); });
-        QObject::connect(&m_server, &welmo::links::EmbeddedServer::broken, [this] { broken(); });
+        QObject::connect(&m_server, &welmo::links::EmbeddedServer::broken, &m_server,
+                         [this] { broken(); });
     }
     void greet(int session) override { m_server.greet(session); }
     void ask(int session, const welmo::controller::Request &request) override
@@ -59,7 +60,8 @@ class NetworkEnd : public FarEnd
 public:
     NetworkEnd()
     {
-        QObject::connect(m_cell.service->faults(), &welmo::controller::Faults::changed, [this] {
+        auto *faultsThere = m_cell.service->faults();
+        QObject::connect(faultsThere, &welmo::controller::Faults::changed, faultsThere, [this] {
             if (faults().isOn(welmo::controller::Faults::Fault::LinkDown))
                 broken();
         });

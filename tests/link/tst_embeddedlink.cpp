@@ -32,8 +32,9 @@ private slots:
     void endsCleanly()
     {
         const QTemporaryDir folder;
-        for (const QByteArray moment : {"never opened", "while it is set up", "up",
-                                        "with an answer on its way", "with requests queued"}) {
+        for (const QString &moment :
+             QStringList{"never opened", "while it is set up", "up", "with an answer on its way",
+                         "with requests queued"}) {
             const Fixture fixture(folder.path());
             if (moment == "while it is set up")
                 fixture.link->open();

@@ -28,7 +28,7 @@ struct Scene
 
     Scene()
     {
-        QObject::connect(&beats, &QTimer::timeout, [this] { pendant.link->beat({press}); });
+        QObject::connect(&beats, &QTimer::timeout, &beats, [this] { pendant.link->beat({press}); });
     }
 
     welmo::links::CellService::Options options()
@@ -58,8 +58,8 @@ struct Scene
     QVector<Journal::Entry> journal() const { return cell.service()->journal().entries(); }
     bool waitStill() const
     {
-        return QTest::qWaitFor([&] { return journal().last().event == Journal::Event::WireStops; },
-                               patient);
+        return QTest::qWaitFor(
+            [&] { return journal().constLast().event == Journal::Event::WireStops; }, patient);
     }
 };
 
@@ -115,7 +115,7 @@ private slots:
             QVERIFY(!works || scene.waitStill());
             mend(scene);
             QVERIFY(scene.waitStill());
-            QCOMPARE(scene.journal().last().cause, cause);
+            QCOMPARE(scene.journal().constLast().cause, cause);
             QVERIFY(scene.pendant.waitUp());
             QSignalSpy news(scene.pendant.link.get(), &welmo::links::MqttLink::notified);
             QCOMPARE(scene.pendant.watch().code, 0);
@@ -189,7 +189,7 @@ private slots:
         QCOMPARE(scene.holdWire(), 0);
         scene.pendantWay.delay(150); // beats still come in, each one late
         QVERIFY(scene.waitStill());
-        QCOMPARE(scene.journal().last().cause, QString("no heartbeat"));
+        QCOMPARE(scene.journal().constLast().cause, QString("no heartbeat"));
         QVERIFY(scene.holdWire() != 0);
         scene.pendantWay.delay(0);
         QTRY_VERIFY_WITH_TIMEOUT(scene.pendant.link->isUp() && scene.holdWire() == 0, patient);

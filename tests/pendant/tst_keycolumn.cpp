@@ -81,7 +81,7 @@ private slots:
     {
         Fixture ui;
         QCOMPARE(ui.faces().size(), 7);
-        auto *face = ui.faces().first();
+        auto *face = ui.faces().constFirst();
         const QImage before = face->grab().toImage();
         ui.press(wireFeed);
         QVERIFY(face->grab().toImage() != before);

@@ -20,7 +20,7 @@ class TestProgramPage : public QObject
 {
     Q_OBJECT
 private slots:
-    void init(const Setup &setup = {})
+    void init(const testsupport::Setup &setup = {})
     {
         m_pendant = std::make_unique<TestPendant>(setup);
         m_program = std::make_unique<ProgramTouch>(*m_pendant);

@@ -199,7 +199,7 @@ private slots:
             QCOMPARE(ui.outcome().startsWith("error: " + ui.file(3) + " is not saved"), !isReadNow);
             // Called as an operation, the form is written as it stands.
             QCOMPARE(ui.form.operation(*ui.page), 0);
-            QCOMPARE(ui.stored(3)["name"].toString(), ui.file(3));
+            QCOMPARE(ui.stored(3).value("name").toString(), ui.file(3));
         }
     }
     void aNumberThatIsCutIsTold()
@@ -216,7 +216,7 @@ private slots:
         ui.press(ui.form.cancel);
         QCOMPARE(ui.outcome(), ""); // once
         ui.press(ui.form.save);
-        QCOMPARE(ui.stored(7)["current"], QVariant(2000.0));
+        QCOMPARE(ui.stored(7).value("current"), QVariant(2000.0));
     }
     // Two forms, one file: what one saved the other shows, but where it is being edited.
     void whatAnotherFormSavedIsNotUndone_data() { addRows(forms); }
@@ -263,9 +263,9 @@ private slots:
         QCOMPARE(ui.host.store(ui.node(), ui.file(1), theirs), 0);
         ui.press(ui.form.save);
         QVERIFY(ui.outcome().contains("\"Annotation\" was changed elsewhere to theirs"));
-        QCOMPARE(ui.stored(1)["annotation"].toString(), "theirs");
+        QCOMPARE(ui.stored(1).value("annotation").toString(), "theirs");
         ui.press(ui.form.save); // now in full knowledge
-        QCOMPARE(ui.stored(1)["annotation"].toString(), "mine again");
+        QCOMPARE(ui.stored(1).value("annotation").toString(), "mine again");
     }
     void lostChangesAreTold_data() { addRows(forms); }
     // A number that is half typed stays as it is, whatever comes from elsewhere.
@@ -315,7 +315,7 @@ private slots:
         ui.page->initPage(); // as the page around it does with a connection
         QCOMPARE(ui.annotation()->text(), "edited");
         ui.press(ui.form.save);
-        QCOMPARE(ui.stored(1)["annotation"].toString(), "edited");
+        QCOMPARE(ui.stored(1).value("annotation").toString(), "edited");
     }
     void whileTheLinkIsDown_data() { addRows(forms); }
     void whileTheLinkIsDown()

@@ -61,7 +61,7 @@ private slots:
         Fixture ui;
         kelp::ModuleObject *list = m("orbo.robot.io.signal_detail");
         list->copyFrom(this, std::make_unique<kelp::ModuleObject>("none").get());
-        for (const QString name : {"DI2_1", "DI1_10", "DI1_2", "DI1_1", "DO1_3"}) {
+        for (const QString &name : QStringList{"DI2_1", "DI1_10", "DI1_2", "DI1_1", "DO1_3"}) {
             list->c(name, true)->set(this, "is_default_IO", name == "DI1_1");
             list->c(name)->set(this, "signal_type", name.startsWith("DI") ? 1 : 2);
         }
@@ -152,7 +152,7 @@ private slots:
         QCOMPARE(ui.page.anticollision().data()->r("block")->getBool(true), false);
         ui.sensor->setChecked(true);
         QCOMPARE(ui.host.link()->lastPayload.toMap()["block"], QVariant(false));
-        QCOMPARE(ui.outcome().last(), setSensor);
+        QCOMPARE(ui.outcome().constLast(), setSensor);
     }
     void theHintFollowsTheWelder()
     {
@@ -190,7 +190,7 @@ private slots:
         ui.outcome();
         ui.host.store(node, {}, theirs(140, 3));
         ui.press("btn_baseSetSave");
-        QVERIFY(ui.outcome().first().contains("Speed\" was changed elsewhere to 3"));
+        QVERIFY(ui.outcome().constFirst().contains("Speed\" was changed elsewhere to 3"));
         QCOMPARE(ui.host.stored(node).toMap(), theirs(140, 3));
         ui.press("btn_baseSetSave");
         QCOMPARE(ui.host.stored(node).toMap(), theirs(140, 8));

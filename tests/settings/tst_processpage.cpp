@@ -58,8 +58,7 @@ struct Fixture
     QComboBox *combo(const QString &name) const { return find<QComboBox>(name); }
     QDoubleSpinBox *box(const char *what) const
     {
-        return find<QDoubleSpinBox>("sbx" + group.name.left(1).toUpper() + group.name.mid(1)
-                                    + what);
+        return find<QDoubleSpinBox>("sbx" + group.name.at(0).toUpper() + group.name.mid(1) + what);
     }
     void press(const char *button) const { find<QPushButton>(button)->click(); }
     void choose(int number) const

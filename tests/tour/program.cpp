@@ -53,11 +53,12 @@ void enter(Tour &tour, const QString &control, const char *value)
 void programEditor(Tour &tour)
 {
     testsupport::ProgramTouch program(tour);
-    for (const auto &[instruction, inserted, edited] : examples) {
-        const QString name = instruction;
+    for (const Example &example : examples) {
+        const QString name = example.instruction;
         tour.step(name + " is inserted, edited and read back", [&, line = program.lineCount() + 1] {
             program.insert(name);
-            for (const auto &[verb, entry] : {std::pair{"insert-", inserted}, {"edit-", edited}}) {
+            for (const auto &[verb, entry] :
+                 {std::pair{"insert-", example.inserted}, {"edit-", example.edited}}) {
                 enter(tour, entry.control, entry.value);
                 tour.takePicture(verb + name.toLower());
                 tour.click("btnFormAccept");
@@ -67,7 +68,7 @@ void programEditor(Tour &tour)
             if (tour.find("lblFormWarning")->isVisible())
                 tour.requireText("lblFormWarning", {});
             tour.click("btnFormAccept");
-            return Tour::require(program.line(line), edited.line);
+            return Tour::require(program.line(line), example.edited.line);
         });
     }
     tour.step("the program is kept", "program", [&] {

@@ -47,7 +47,7 @@ void whenAsked(const std::function<void(QMessageBox *)> &act)
 void agree(QMessageBox *box)
 {
     QCOMPARE(box->text(), "Determine the refresh point?");
-    box->buttons().first()->click();
+    box->buttons().constFirst()->click();
 }
 
 /// The property form of a circular move, or another; a test looks at one point or at the other.
@@ -164,7 +164,7 @@ private slots:
                 QCOMPARE(ui.host.takeRequests(), QStringList(moveCommand));
                 QCOMPARE(ui.sent("movetype").toString(), way);
                 for (int axis = 0; axis < goal.size(); ++axis)
-                    QVERIFY(std::abs(ui.sentPose()[axis] - goal[axis]) < 0.001);
+                    QVERIFY(std::abs(ui.sentPose().at(axis) - goal[axis]) < 0.001);
                 QCOMPARE(ui.sentFrame(), "world wobj0");
                 QCOMPARE(ui.sent("tool").toString(), "torch1");
                 QCOMPARE(ui.host.link()->lastPayload.toMap().size(), 4);
@@ -250,7 +250,7 @@ private slots:
         QCOMPARE(ui.position(), poseOfP7);
         whenAsked([&ui](QMessageBox *box) { // the form may go while it asks
             ui.form.reset();
-            box->buttons().first()->click();
+            box->buttons().constFirst()->click();
         });
         qobject_cast<welmo::PointGroup *>(ui.group)->updateLocation();
         QCOMPARE(ui.host.takeRequests(), QStringList());
@@ -370,7 +370,7 @@ private slots:
             ui.host.takeRequests();
             ui.press("btnNewPoint");
             QCOMPARE(ui.host.takeRequests(), QStringList({getPosition, readList, writeList}));
-            const QVariantMap point = storedPoints(ui.host).last().toMap();
+            const QVariantMap point = storedPoints(ui.host).constLast().toMap();
             QCOMPARE(storedPoints(ui.host), expected << point);
             QStringList texts;
             for (const char *path : {"name", "id", "tool", "wobj", "related_frame",
@@ -378,7 +378,7 @@ private slots:
                 texts.append(childAt(point, path).toString());
             QCOMPARE(texts.join(' '), "p9 p9 torch1 wobj0 wobj world wobj0");
             QVERIFY(!QUuid::fromString(point.value("uuid").toString()).isNull());
-            const QRegularExpression description(
+            static const QRegularExpression description(
                 R"(^Auto generate at: \d{4}/\d\d/\d\d \d\d:\d\d:\d\d$)");
             QVERIFY(description.match(point.value("description").toString()).hasMatch());
             // The host's copy says the same, and so does the robot.
@@ -416,7 +416,7 @@ private slots:
         MoveInsertWidget panel(host.window());
         panel.initialize("movec");
         panel.autoAddNewPoint(wished, true, "tool0", "w");
-        const QVariant point = storedPoints(host).last();
+        const QVariant point = storedPoints(host).constLast();
         QCOMPARE(childAt(point, "name").toString() + ' '
                      + childAt(point, "coordinate.user").toString(),
                  stored);
