@@ -19,7 +19,7 @@ Pendants::Pendants(const welmo::links::BrokerAddress &broker, int first, int cou
 {
     for (int cell = first; cell < first + count; ++cell)
         add(broker, cell);
-    QObject::connect(&m_beats, &QTimer::timeout, [this] {
+    QObject::connect(&m_beats, &QTimer::timeout, &m_beats, [this] {
         for (const auto &link : m_links)
             link->beat({});
     });
@@ -31,13 +31,13 @@ void Pendants::add(const welmo::links::BrokerAddress &broker, int cell)
     m_links.push_back(std::make_unique<welmo::links::MqttLink>(
         welmo::links::MqttLink::Options{broker, Cells::nameOf(cell)}));
     welmo::links::MqttLink *link = m_links.back().get();
-    QObject::connect(link, &welmo::links::MqttLink::upChanged, [this, link](bool up) {
+    QObject::connect(link, &welmo::links::MqttLink::upChanged, link, [this, link](bool up) {
         m_losses += up ? 0 : 1;
         if (up)
             link->call({tessa::LinkRequest::Kind::Watch, welmo::names::welderStateRate, {}, {}},
                        callMs);
     });
-    QObject::connect(link, &welmo::links::MqttLink::notified, [this] { ++m_heard; });
+    QObject::connect(link, &welmo::links::MqttLink::notified, link, [this] { ++m_heard; });
     QTimer::singleShot(int(m_links.size()) * stepMs, link, [link] { link->open(); });
 }
 

@@ -47,7 +47,7 @@ private:
     void remove();
     void undo();
     void release();
-    void removeUnlessUsed(const QString &file);
+    void removeUnlessUsed(const QString &name);
     void carryOut(const QString &title, const CellChange &change);
 
     QString file() const;
@@ -60,12 +60,12 @@ private:
     FileModel *m_model;
     FileCard *m_card;
     QComboBox *m_target;
-    QPushButton *m_copy;
-    QPushButton *m_back;
-    QPushButton *m_defaults;
-    QPushButton *m_remove;
-    QPushButton *m_release;
-    QPushButton *m_undo;
+    QPushButton *m_copy = nullptr;
+    QPushButton *m_back = nullptr;
+    QPushButton *m_defaults = nullptr;
+    QPushButton *m_remove = nullptr;
+    QPushButton *m_release = nullptr;
+    QPushButton *m_undo = nullptr;
     QLabel *m_last;
     QString m_shown;
     ProgramUses m_uses;

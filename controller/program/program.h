@@ -73,7 +73,7 @@ private:
     void step();
     void stepInstruction();
     void beginNext();
-    void beginLine(size_t line, std::unique_ptr<ProgramInstruction> instruction);
+    void beginLine(size_t index, std::unique_ptr<ProgramInstruction> instruction);
     void endLine();
     size_t nextCode(size_t line) const;
     void finish();

@@ -152,7 +152,7 @@ void PendantApp::checkTheme(QString *error)
     if (error->isEmpty() && !isUsable(theme))
         *error = tr("%1: lacks the colours and fonts of a theme").arg(m_options.theme);
     if (!error->isEmpty())
-        m_options.theme = knownThemes().first();
+        m_options.theme = knownThemes().constFirst();
 }
 
 void PendantApp::makeHost()

@@ -19,7 +19,7 @@ namespace {
 constexpr int rowHeight = 48;
 constexpr int namedLines = 3; // lines shown for a file that many name
 
-enum Column { Lines, Name, Exists, Current, Voltage, Speed, Finding, columnCount };
+enum Column { Lines, Name, Exists, Current, Voltage, Speed, Finding, ColumnCount };
 
 QString linesText(const QVector<int> &lines)
 {
@@ -36,7 +36,7 @@ QString linesText(const QVector<int> &lines)
 RunCheckPane::RunCheckPane(QWidget *parent)
     : QFrame(parent)
     , m_heading(new QLabel(this))
-    , m_table(new QTableWidget(0, columnCount, this))
+    , m_table(new QTableWidget(0, ColumnCount, this))
     , m_run(new QPushButton(tr("Run all the same"), this))
     , m_approach(new QPushButton(this))
 {
