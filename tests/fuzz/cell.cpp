@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "controller/core/json.h"
 #include "fuzz.h"
 #include "link/simulatedcell.h"
@@ -9,26 +7,17 @@ using namespace welmo::links;
 
 namespace {
 
-/// A cell with a pendant of each of two users: one may do everything, one may look.
+/// A cell with two pendants: anna may do everything, vera may only look.
 struct Plant : SimulatedCell
 {
-    // Each input has sessions of its own.
+    /// Starts a new session, for each input has its own.
     void greet(const QString &user)
     {
-        protocol::Request hello;
-        hello.hello = true;
-        hello.content.key = QString::number(++greetings);
-        MqttMessage message = protocol::toMessage(hello);
-        message.topic = mail::root + "request/" + user;
-        message.responseTopic = mail::root + "reply/" + user + "/pendant";
+        SimulatedPendant pendant;
+        pendant.user = user;
         now += 1000; // else the cell takes the greetings of many inputs for a flood
-        const QVector<MqttMessage> sent = deliver(message);
-        const auto answer = std::find_if(sent.begin(), sent.end(), [&](const auto &each) {
-            return each.topic == message.responseTopic;
-        });
-        require(answer != sent.end(), "a greeting is answered", user);
-        const auto reply = protocol::toReply(*answer);
-        require(reply && reply->ok(), "in words that are read", answer->payload);
+        const auto reply = pendant.answerIn(deliver(pendant.hello(QString::number(++greetings))));
+        require(reply && reply->ok(), "a greeting is answered", user);
         sessions.insert(user, reply->value.toMap().value("session").toString());
     }
     int greetings = 0;
@@ -40,13 +29,14 @@ bool isValue(const MqttMessage &message)
     return message.topic.startsWith(mail::root + "value/");
 }
 
-// A movement that was refused is told to all, with the reason.
+// The cell tells all users when it refuses a movement, and why.
 bool tellsOfRefusal(const MqttMessage &message)
 {
     return message.topic == mail::root + "value/" + welmo::names::robotState;
 }
 
-// The changes of a value that others may see, and an answer for whoever asked.
+// Checks what the cell sent because of the message; true when it carried the
+// message out.
 bool check(const MqttMessage &message, const QVector<MqttMessage> &sent, const QString &user)
 {
     bool changed = false;
@@ -55,28 +45,30 @@ bool check(const MqttMessage &message, const QVector<MqttMessage> &sent, const Q
         changed = changed || (isValue(out) && !tellsOfRefusal(out));
         if (out.topic.startsWith(mail::root + "reply/")) {
             require(out.topic == message.responseTopic, "an answer goes to who asked", out.topic);
-            require(out.correlation == message.correlation, "and says to what", out.topic);
-            require(!reply, "once", out.topic);
+            require(out.correlation == message.correlation, "an answer names the question",
+                    out.topic);
+            require(!reply, "a question is answered once", out.topic);
             reply = protocol::toReply(out);
-            require(reply.has_value(), "in words that are read", out.payload);
+            require(reply.has_value(), "an answer can be read", out.payload);
         }
-        require(!isValue(out) || protocol::toValue(out).has_value(), "what is told can be read",
-                out.payload);
+        require(!isValue(out) || protocol::toValue(out).has_value(),
+                "a value that is told can be read", out.payload);
     }
     require(!changed || !reply || reply->ok(), "what was refused changes nothing", message.payload);
-    require(!changed || user != "vera", "who may look changes nothing", message.payload);
+    require(!changed || user != "vera", "who may only look changes nothing", message.payload);
     return changed || (reply && reply->ok());
 }
 
 } // namespace
 
-/// Messages to a cell from its pendants, "SESSION" standing for that of the topic's user.
+/// The input is messages to a cell from its pendants; "SESSION" stands for the session of the user
+/// in the topic.
 void fuzz(const QByteArray &input)
 {
     static std::unique_ptr<Plant> plant;
     static bool dirty = true;
     if (dirty)
-        plant.reset(); // the old one's client goes first
+        plant.reset(); // before the new one is made: there is only one client
     if (!plant)
         plant = std::make_unique<Plant>();
     dirty = false;

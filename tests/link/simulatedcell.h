@@ -21,11 +21,11 @@ struct SimulatedCell
         options.clock = [this] { return now; };
         service = std::make_unique<welmo::links::CellService>(options);
         service->start();
-        QCoreApplication::sendPostedEvents(); // it is online
+        QCoreApplication::sendPostedEvents(); // the news that it is online
     }
-    ~SimulatedCell() { service.reset(); } // while there is a clock
+    ~SimulatedCell() { service.reset(); } // which reads the clock to its end
 
-    /// What the cell publishes over it.
+    /// Hands the message to the cell; what the cell publishes then.
     QVector<welmo::links::MqttMessage> deliver(const welmo::links::MqttMessage &message)
     {
         mail::client()->handlers.message(message);
@@ -38,12 +38,13 @@ struct SimulatedCell
     }
 };
 
-/// One of its pendants: what it says, in a session that was answered or not.
+/// A pendant of such a cell: makes the messages that it sends, and finds the answers to them.
 struct SimulatedPendant
 {
     QString client = QStringLiteral("pendant");
     QString session = {};
     qint64 sequence = 0;
+    QString user = QStringLiteral("anna");
 
     welmo::links::MqttMessage hello(const QString &greeting)
     {
@@ -61,17 +62,17 @@ struct SimulatedPendant
     {
         auto message =
             toMessage(welmo::links::protocol::Beat{session, ++sequence, time, presses, false});
-        message.topic = mail::root + "beat/anna";
+        message.topic = mail::root + "beat/" + user;
         return message;
     }
     welmo::links::MqttMessage end() const
     {
         auto message = toMessage(welmo::links::protocol::Beat{client, 0, 0, {}, true});
-        message.topic = mail::root + "beat/anna";
+        message.topic = mail::root + "beat/" + user;
         return message;
     }
-    QString replyTopic() const { return mail::root + "reply/anna/" + client; }
-    /// The answer among these, if it is there.
+    QString replyTopic() const { return mail::root + "reply/" + user + '/' + client; }
+    /// The first answer to this pendant among the messages.
     std::optional<welmo::controller::Reply>
     answerIn(const QVector<welmo::links::MqttMessage> &messages) const
     {
@@ -85,7 +86,7 @@ struct SimulatedPendant
 private:
     welmo::links::MqttMessage addressed(welmo::links::MqttMessage message) const
     {
-        message.topic = mail::root + "request/anna";
+        message.topic = mail::root + "request/" + user;
         message.responseTopic = replyTopic();
         return message;
     }
