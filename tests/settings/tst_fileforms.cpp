@@ -50,14 +50,14 @@ const std::vector<Row<Form>> forms{
           "", "error: tessa not connected []", "error: save parameter fail"}},
 };
 
-/// A host, one form in it, and what an operator does with it.
+/// A host with one form, and what an operator does there.
 struct Fixture
 {
     FormHost host;
     const Form &form;
     std::unique_ptr<BaseSubPage> page;
 
-    /// With the form of the row that is run.
+    /// With the form of the current row.
     explicit Fixture(FormHost::Link link = FormHost::Connected)
         : Fixture(std::get<1>(currentRow<Form>()), link)
     { }
@@ -92,7 +92,7 @@ struct Fixture
         outcome();
         return up;
     }
-    /// What was said by the form itself and, behind it, what was asked.
+    /// What the form said, then what it asked the controller.
     QString outcome()
     {
         QStringList lines = host.takeMessages();
@@ -129,7 +129,7 @@ private slots:
         ui.choose(1);
         ui.choose(3);
         QCOMPARE(ui.outcome(), ui.request("get", 1) + "; " + ui.request("get", 3));
-        ui.annotation()->setText("edited"); // and shown only where the controller takes it
+        ui.annotation()->setText("edited"); // stays when the controller refuses the new file
         ui.host.spoil(FormHost::Refused, ui.request("set", 5));
         ui.host.link()->answers[ui.request("get", 5)] = QVariantMap();
         ui.choose(5);
@@ -188,16 +188,16 @@ private slots:
             QCOMPARE(ui.outcome(),
                      "error: " + ui.file(3) + ": read parameter error; " + ui.request("get", 3));
             QCOMPARE(ui.annotation()->text(), "edited");
-            // What is shown is the first file; it must not become the third.
+            // The form still shows the first file, which must not be saved as the third.
             QVERIFY(!ui.annotation()->isEnabled() && !ui.hint()->isHidden());
-            QVERIFY(ui.mend()); // a link that comes up brings the third
+            QVERIFY(ui.mend()); // with the link the third file is read
             const bool isReadNow = failure == FormHost::NoAnswer;
             QTRY_COMPARE(ui.annotation()->text(), isReadNow ? "" : "edited");
             QCOMPARE(ui.stored(3).isEmpty(), !isReadNow);
             QCOMPARE(ui.stored(1), first);
             ui.press(ui.form.save);
             QCOMPARE(ui.outcome().startsWith("error: " + ui.file(3) + " is not saved"), !isReadNow);
-            // Called as an operation, the form is written as it stands.
+            // A host that calls the operation gets the form written as it is.
             QCOMPARE(ui.form.operation(*ui.page), 0);
             QCOMPARE(ui.stored(3).value("name").toString(), ui.file(3));
         }
@@ -214,11 +214,11 @@ private slots:
             "warning: arcdata7: of \"WeldCurrent\", 2500 is stored and 2000 is shown";
         QCOMPARE(ui.outcome(), told + "; " + ui.request("get", 7));
         ui.press(ui.form.cancel);
-        QCOMPARE(ui.outcome(), ""); // once
+        QCOMPARE(ui.outcome(), ""); // the warning comes once
         ui.press(ui.form.save);
         QCOMPARE(ui.stored(7).value("current"), QVariant(2000.0));
     }
-    // Two forms, one file: what one saved the other shows, but where it is being edited.
+    // Of two forms on one file, each shows what the other saved, except where it is being edited.
     void whatAnotherFormSavedIsNotUndone_data() { addRows(forms); }
     void whatAnotherFormSavedIsNotUndone()
     {
@@ -245,7 +245,7 @@ private slots:
         ui.press(ui.form.save);
         QTRY_COMPARE(theirs->text(), "mine");
     }
-    // What another pendant wrote is not undone, whether its news came before the save or not.
+    // A save never undoes what another pendant wrote, even if the news of it comes after the save.
     void whatAnotherPendantSavedIsNotUndone_data() { addRows(forms); }
     void whatAnotherPendantSavedIsNotUndone()
     {
@@ -264,22 +264,15 @@ private slots:
         ui.press(ui.form.save);
         QVERIFY(ui.outcome().contains("\"Annotation\" was changed elsewhere to theirs"));
         QCOMPARE(ui.stored(1).value("annotation").toString(), "theirs");
-        ui.press(ui.form.save); // now in full knowledge
+        ui.press(ui.form.save); // the operator has read the warning
         QCOMPARE(ui.stored(1).value("annotation").toString(), "mine again");
     }
-    void lostChangesAreTold_data() { addRows(forms); }
-    // A number that is half typed stays as it is, whatever comes from elsewhere.
+    // News from elsewhere leaves a number alone that is half typed.
     void nothingIsTypedIntoABoxThatIsBeingEdited()
     {
         Fixture ui(std::get<1>(*forms.begin()));
         auto *box = child<QDoubleSpinBox>(ui.page->wgt(), "sbxWeldCurrent");
-        ui.page->wgt()->window()->show();
-        ui.page->wgt()->window()->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(ui.page->wgt()->window()));
-        box->setFocus();
-        box->selectAll();
-        QTest::keyClicks(box, "5");
-        const QString half = box->text();
+        const QString half = ui.host.typeHalf(box, "5");
         QVariantMap theirs = ui.stored(1);
         theirs["current"] = 111.0;
         QCOMPARE(ui.host.store(ui.node(), ui.file(1), theirs), 0);
@@ -287,9 +280,10 @@ private slots:
         QTRY_VERIFY(
             (said += ui.outcome()).contains("\"WeldCurrent\" was changed elsewhere to 111"));
         QCOMPARE(box->text(), half);
-        ui.press(ui.form.cancel); // the operator's own wish
+        ui.press(ui.form.cancel); // who presses Cancel wants the stored number
         QCOMPARE(box->value(), 111.0);
     }
+    void lostChangesAreTold_data() { addRows(forms); }
     void lostChangesAreTold()
     {
         Fixture ui;
@@ -312,7 +306,7 @@ private slots:
         Fixture ui;
         ui.annotation()->setText("edited");
         QVERIFY(ui.host.disconnect() && ui.host.connect());
-        ui.page->initPage(); // as the page around it does with a connection
+        ui.page->initPage(); // as the page around the form does
         QCOMPARE(ui.annotation()->text(), "edited");
         ui.press(ui.form.save);
         QCOMPARE(ui.stored(1).value("annotation").toString(), "edited");
@@ -330,14 +324,13 @@ private slots:
         QCOMPARE(ui.annotation()->text(), "edited");
         QVERIFY(!ui.annotation()->isEnabled());
         QCOMPARE(ui.hint()->isHidden() ? "" : ui.hint()->text(), "not read: no link");
-        // Nobody has to enter the page again.
+        // The form reads its file by itself.
         QVERIFY(ui.mend());
         QTRY_COMPARE(ui.annotation()->text(), QString());
         QVERIFY(ui.annotation()->isEnabled() && ui.hint()->isHidden());
         QCOMPARE(ui.stored(5).value("name").toString(), ui.file(5));
     }
-    // Another pendant adds a speed while the form is open, and it is shown again; what is edited
-    // stays.
+    // When another pendant adds a speed, the open form offers it and keeps what is being edited.
     void anOpenSegFormFollowsTheSpeeds()
     {
         FormHost host;
@@ -357,7 +350,8 @@ private slots:
         QVERIFY(speed->findText("slower") > 0);
         QCOMPARE(child<SegParameterWidget>(page.wgt(), "wgtSeg")->getFileNumber(), "segdata5");
         host.takeMessages();
-        child<QPushButton>(page.wgt(), "btnSave")->click(); // connected once, however often shown
+        child<QPushButton>(page.wgt(), "btnSave")
+            ->click(); // the button acts once, however often the page was shown
         QCOMPARE(host.takeMessages(), QStringList("info: save parameter succeed [wgtSeg]"));
     }
 };
