@@ -10,10 +10,10 @@ using namespace testsupport;
 
 namespace {
 
-// Those of this build, or others that are to be held to the same.
+// The libraries of this build, or those that the environment names.
 void libraries()
 {
-    // besides what both need
+    // what only one of them needs
     addRows<QString, QString>({{"package", qEnvironmentVariable("WELMO_MODULE", WELMO_MODULE), ""},
                                {"weld book", qEnvironmentVariable("WELMO_BOOK", WELMO_BOOK),
                                 "libQt5Sql.so.5 libqwt-qt5.so.6 "}});
@@ -21,7 +21,7 @@ void libraries()
 
 QStringList readElf(const QString &file, const QString &option, const QString &pattern)
 {
-    // By the shell: unlike QProcess, popen() works under emulation as well.
+    // QProcess does not work under emulation, popen() does.
     const QString command = QStringLiteral(READELF " --wide %1 '%2'").arg(option, file);
     FILE *pipe = ::popen(qPrintable(command), "r");
     QFile output;
@@ -49,8 +49,7 @@ QString readable(const QString &symbol)
 
 } // namespace
 
-/// The libraries as the host gets them: what they need, and that they keep their names to
-/// themselves.
+/// The shipped libraries: which others they need, and that they export nothing.
 class tst_Library : public QObject
 {
     Q_OBJECT
@@ -81,7 +80,7 @@ private slots:
         library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
         QVERIFY2(library.load(), qPrintable(library.errorString()));
     }
-    // Another host has these, or a way to them: what is new here is a new demand on every host.
+    // Every host has the listed names; a new one would be a new demand on all hosts.
     void itAsksOfTheHostOnlyWhatIsListed()
     {
         const QString package = qEnvironmentVariable("WELMO_MODULE", WELMO_MODULE);
@@ -107,8 +106,8 @@ private slots:
     void itExportsNothing()
     {
         const QString module = std::get<1>(currentRow<QString, QString>());
-        // Weak names are instances of others' templates, the plain ones the linker's own. A unique
-        // one would keep the library from being unloaded.
+        // Weak names are instances of templates, and the excepted ones come from the linker. A
+        // unique name would keep the library from being unloaded.
         const QString own =
             R"((?:GLOBAL|UNIQUE) +\w+ +\d+ (?!_+(?:init|fini|end|edata|bss_start|bss_end)_*$)(\S+)$)";
         QCOMPARE(readElf(module, "--dyn-syms", own).join(' '), QString());

@@ -17,7 +17,7 @@ inline QVariantMap without(QVariantMap map, const QString &key)
     return map;
 }
 
-/// A controller with a store in memory, a clock that the test turns, and every notification noted.
+/// A controller with a store in memory, a clock that the test sets, and a list of what it told.
 struct ControllerFixture
 {
     using Kind = welmo::controller::Request::Kind;
@@ -45,7 +45,7 @@ struct ControllerFixture
         started = controller.start().ok();
     }
 
-    /// A choice of the welder, as a pendant makes it.
+    /// The payload with which a pendant chooses a welder.
     static QVariantMap welder(const QString &model, int current, bool enable)
     {
         return {{"enable", enable},       {"connect_to_welder", true},
@@ -66,7 +66,7 @@ struct ControllerFixture
     {
         return controller.handle({Kind::Command, command, payloadName, payload});
     }
-    /// Time passes in steps of the controller's pace; it is left alone while it is not busy.
+    /// Lets time pass; the controller is called at its own pace, and only while it is busy.
     void pass(int ms)
     {
         controller.tick();
@@ -77,7 +77,7 @@ struct ControllerFixture
                 controller.tick();
         }
     }
-    /// Time passes on a living pendant with the keys of these presses held.
+    /// Lets time pass while a pendant sends beats with these presses.
     void live(int ms, const QVector<int> &presses)
     {
         constexpr int beatMs = 25;
@@ -85,7 +85,7 @@ struct ControllerFixture
         for (const qint64 end = now + ms; now < end; controller.beat(now, presses))
             pass(int(qMin<qint64>(beatMs, end - now)));
     }
-    /// The values last told of @p path; invalid when there were none.
+    /// The last told values of @p path; invalid if there were none.
     QVariant lastTold(const QString &path) const
     {
         QVariant last;

@@ -18,8 +18,8 @@ inline const QStringList seam{"MoveL p3,v1000,fine,torch1,wobj0",
                               "ArcOn \"arcondata1\",\"arcdata1\"",
                               "WMoveL Offs(p3,0,100,0),v50,fine,torch1", "ArcOff \"arcoffdata1\""};
 
-/// A controller that runs programs on a welder that is enabled, with the files that they use; the
-/// robot is at p1.
+/// A controller that can run programs: the welder is enabled, their files are there, and the robot
+/// is at p1.
 struct ProgramFixture : ControllerFixture
 {
     ProgramFixture()
@@ -62,7 +62,7 @@ struct ProgramFixture : ControllerFixture
         }
         return texts;
     }
-    /// Where the torch is to go, pointing down.
+    /// The payload of a move to @p place, with the torch pointing down.
     static QVariantMap target(const Vector3d &place, const QString &way = "joint",
                               const QString &wobj = "wobj0", const QString &user = "default",
                               const QString &tool = "torch1")
@@ -81,7 +81,7 @@ struct ProgramFixture : ControllerFixture
         const QByteArray path = QByteArray("arc_weld.") + set;
         return this->set(path, file.value("name").toString(), file);
     }
-    /// Loads the lines and sets off.
+    /// Loads the lines as a program and runs it.
     welmo::controller::Reply go(const QStringList &lines, const QString &mode = "real")
     {
         run("arc_weld.set_weld_mode", QVariantMap{{"mode", mode}});
@@ -94,7 +94,7 @@ struct ProgramFixture : ControllerFixture
     }
     QVariant state(const char *key) { return get("tl_program.state", key).value; }
     QVariant weldState(const char *key) { return get("arc_weld.welder_state", key).value; }
-    /// Within the noise of the arc.
+    /// True within 2 %, since the values of an arc are noisy.
     bool isNear(const char *key, double value)
     {
         const double actual = weldState(key).toDouble();
@@ -103,7 +103,7 @@ struct ProgramFixture : ControllerFixture
         return qAbs(actual - value) <= 0.02 * value;
     }
 
-    /// Lets time pass until @p done; says whether it was done within five minutes.
+    /// Lets time pass until @p done; false after five minutes.
     bool passUntil(const std::function<bool()> &done)
     {
         for (int limit = 300000; limit > 0 && !done(); limit -= 10)
@@ -118,21 +118,21 @@ struct ProgramFixture : ControllerFixture
     {
         return passUntil([&] { return state("line") == line; });
     }
-    /// Until the program no longer runs; how long that took.
+    /// Lets time pass until the program no longer runs; returns the milliseconds.
     qint64 finish()
     {
         const qint64 before = now;
         passUntil([this] { return state("state") != "running"; });
         return now - before;
     }
-    /// Runs the lines to their end; the message then.
+    /// Runs the lines to their end and returns the message.
     QString endOf(const QStringList &lines, const QString &mode = "real")
     {
         go(lines, mode);
         finish();
         return state("message").toString();
     }
-    /// Sets off along the seam, and on while it welds, for @p ms.
+    /// Runs the program "seam", and on for @p ms when it has begun to weld.
     bool goWelding(int ms)
     {
         const bool welds = go(seam).ok() && passUntilPhase("welding");
@@ -156,7 +156,7 @@ struct ProgramFixture : ControllerFixture
             qWarning("off by %g mm", off);
         return off <= mm;
     }
-    /// Every value of @p key that was told of @p path, repetitions left out.
+    /// The told values of @p key at @p path, without repetitions.
     QVariantList toldValues(const char *path, const char *key) const
     {
         QVariantList values;

@@ -18,9 +18,10 @@ RecordedDisk *recorder = nullptr;
 sqlite3_vfs *real = nullptr;
 sqlite3_vfs recording;
 
-// An open file is the real one; only its table of methods is a copy with some of ours.
-std::map<const sqlite3_io_methods *, sqlite3_io_methods> copies; // by the real table
-QHash<sqlite3_file *, std::pair<QString, const sqlite3_io_methods *>> files; // name, real table
+// Files are opened by the real system; only some methods are replaced, in a copy of its table.
+std::map<const sqlite3_io_methods *, sqlite3_io_methods> copies; // by the real tables
+QHash<sqlite3_file *, std::pair<QString, const sqlite3_io_methods *>>
+    files; // each file's name and real table
 
 bool record(sqlite3_file *file, Operation::Kind kind, qint64 offset = 0,
             const QByteArray &bytes = {})
@@ -63,7 +64,7 @@ int openFile(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int
         return result;
     files[file] = {QString::fromUtf8(name).section('/', -1), file->pMethods};
     sqlite3_io_methods &ours = copies.try_emplace(file->pMethods, *file->pMethods).first->second;
-    ours.iVersion = 2; // without the memory map of version 3, whose writes could not be seen
+    ours.iVersion = 2; // version 3 has memory maps, whose writes cannot be recorded
     ours.xWrite = write;
     ours.xTruncate = truncate;
     ours.xSync = sync;
@@ -141,7 +142,7 @@ void RecordedDisk::addCuts()
 void RecordedDisk::cutAnywhere(const std::function<void(const QString &, int)> &check)
 {
     const Cut cut = std::get<1>(testsupport::currentRow<Cut>());
-    const QVector<Operation> operations = m_operations; // a check adds its own
+    const QVector<Operation> operations = m_operations; // the check adds operations
     for (int end = 0; end <= operations.size(); ++end) {
         const QTemporaryDir folder;
         rebuild(folder.path(), operations, end, cut);

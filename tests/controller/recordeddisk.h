@@ -5,9 +5,9 @@
 #include <QVector>
 #include <functional>
 
-/// Stands between SQLite and the disk while it exists: keeps a list of everything that reached the
-/// files, so that the disk can be rebuilt as a cut at any point of the list would have left it. One
-/// at a time. Nothing is really synchronised, which makes opening a store again and again cheap.
+/// Records everything that SQLite writes while it exists, and can rebuild the files as a power cut
+/// at any point would have left them. There can only be one. It does not really synchronise the
+/// disk, so that stores open fast.
 class RecordedDisk
 {
 public:
@@ -15,15 +15,16 @@ public:
     {
         enum Kind { Write, Truncate, Remove, Sync };
         Kind kind;
-        QString file; ///< without its folder
-        qint64 offset; ///< of a write; new size when truncating; removed for good: not 0
+        QString file; ///< its name without the folder
+        qint64 offset; ///< of a write; the new size of a truncation; not 0 if a removal was
+                       ///< synchronised
         QByteArray bytes;
     };
-    /// What of the operations that no sync has confirmed is on the disk after the cut.
+    /// Which of the operations that no sync has confirmed are on the disk after the cut.
     enum Cut {
-        Killed, ///< all of them: the system goes on, the last write got half-way
+        Killed, ///< all of them, and half of the last write
         PowerLost, ///< none of them
-        Reordered, ///< every other one, the later before the earlier
+        Reordered, ///< every second one
     };
 
     RecordedDisk();
@@ -31,18 +32,19 @@ public:
     RecordedDisk(const RecordedDisk &) = delete;
     RecordedDisk &operator=(const RecordedDisk &) = delete;
 
-    /// The rows of a test that is run for each kind of cut.
+    /// Adds a row for each kind of cut.
     static void addCuts();
     int operations() const { return m_operations.size(); }
-    /// Whatever came before this is kept through every cut.
+    /// Tells that what was written so far must survive every cut.
     void acknowledge() { m_acknowledged.append(m_operations.size()); }
-    /// Forgets what was recorded and lets the operation at @p failing fail, once.
+    /// Forgets the recording; the operation number @p failing will fail once.
     void start(int failing = -1);
-    /// Hands on the folder that a cut of the row's kind would have left, for a cut before each
-    /// operation, and how often was acknowledged by then. Stops where the test fails.
+    /// Cuts before each operation, in the way of the current row, and calls @p check with the
+    /// folder that is left and the number of acknowledgements until then. Stops when the test
+    /// fails.
     void cutAnywhere(const std::function<void(const QString &folder, int acknowledged)> &check);
 
-    /// For the file system below: false when this operation has to fail.
+    /// Called by the file system; false if the operation is to fail.
     bool record(const Operation &operation);
 
 private:
@@ -50,6 +52,6 @@ private:
                         Cut cut);
 
     QVector<Operation> m_operations;
-    QVector<int> m_acknowledged; // operations at each time
+    QVector<int> m_acknowledged; // how many operations there were each time
     int m_failing = -1;
 };

@@ -16,7 +16,7 @@ struct Cell : ProgramFixture
 {
     Cell() { save("weave_param", {{"name", "weavedata1"}}); }
 
-    /// Whether the controller takes the line: neither an end with a reason nor left out.
+    /// True if the controller carries the line out, or would if the robot could get there.
     bool takes(const QString &line)
     {
         go({line}, "simu");
@@ -24,13 +24,12 @@ struct Cell : ProgramFixture
         const QString message = state("message").toString();
         run("tl_program.stop");
         const bool wasLeftOut = message.contains("ignored");
-        // Where the robot can go is no matter of the language.
         return !wasLeftOut
             && (!message.startsWith("line 1: ") || message.contains("does not get to"));
     }
 };
 
-/// Pieces of lines, right and nearly right.
+/// A line that is right or nearly right.
 QString randomLine(QRandomGenerator &random)
 {
     static const QStringList lines =
@@ -58,7 +57,7 @@ QString randomLine(QRandomGenerator &random)
 
 } // namespace
 
-/// What the program checker calls clean the controller carries out, and the other way round.
+/// The controller carries out exactly the lines that the program checker finds nothing in.
 class tst_Agreement : public QObject
 {
     Q_OBJECT
@@ -86,7 +85,8 @@ private slots:
         for (const QString &line : qAsConst(lines)) {
             const tl::ParsedLine parsed = tl::parse(line);
             if (parsed.hasCode() && !parsed.instruction)
-                continue; // nobody's: left out with a message, and told only if it looks like one
+                continue; // an unknown word, which the checker reports only if it is like an
+                          // instruction
             bool isClean = true;
             for (const Finding &finding : checker.checkLine(parsed, 0))
                 isClean = isClean

@@ -17,7 +17,7 @@ namespace {
 
 constexpr char points[] = "point._list";
 
-/// As a pendant on the network writes.
+/// Writes as a pendant on the network does.
 Reply write(ControllerFixture *fixture, const QString &path, const QString &key,
             const QVariant &value)
 {
@@ -39,7 +39,7 @@ int bytesOf(const QVariantMap &page)
 
 } // namespace
 
-/// Who changed what: small, whole, in pages, and proof against another hand.
+/// The audit: who changed what, in bounded space, and whether somebody altered it.
 class tst_Audit : public QObject
 {
     Q_OBJECT
@@ -67,7 +67,7 @@ private slots:
         QCOMPARE(welmo::controller::applied(old, expected), now);
     }
 
-    // A taught point adds what one point is, however many there are.
+    // A new point adds one change, however many points there are.
     void staysSmallWhilePointsAreTaught()
     {
         ControllerFixture fixture;
@@ -108,7 +108,7 @@ private slots:
                  QVariant(600));
         QVariantMap huge{{"name", "weavedata1"}, {"note", QString(13000, 'x')}};
         huge["more"] = QString(12000, 'y');
-        QVERIFY(!write(&fixture, "arc_weld.weave_param", "weavedata1", huge).ok()); // for a file
+        QVERIFY(!write(&fixture, "arc_weld.weave_param", "weavedata1", huge).ok()); // too large
         QVariantMap point = fixture.get("orbo.project", points).value.toList().first().toMap();
         point["note"] = QString(60000, 'x');
         QVERIFY(write(&fixture, names::project, points, QVariantList{point}).ok());

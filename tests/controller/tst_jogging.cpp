@@ -20,15 +20,15 @@ double joint(ProgramFixture &fixture, int index)
 
 } // namespace
 
-/// The robot moves by hand as it is told, and only while a living pendant proves a hand on the key.
+/// Jogging: the robot moves as it is told, and only while beats prove that the key is held.
 class tst_Jogging : public QObject
 {
     Q_OBJECT
 private slots:
     void goesWhereItIsTold_data()
     {
-        const double s = 100; // two fifths of 250 mm/s
-        // the way of the tip in a second, mm
+        const double s = 100; // mm/s, 40 % of 250
+        // how the tip moves in a second, mm
         addRows<QString, QString, int, Vector3d>(
             {{"x", "x", "", 1, {s, 0, 0}},
              {"y, back", "y", "base", -1, {0, -s, 0}},
@@ -78,7 +78,7 @@ private slots:
     }
     void stops_data()
     {
-        addRows<QString, int>({{"no beat", "silence", 100}, // within ms
+        addRows<QString, int>({{"no beat", "silence", 100}, // stops within so many ms
                                {"no key", "let go", 35},
                                {"another key", "other", 35},
                                {"no link", "link", 10},
@@ -109,8 +109,8 @@ private slots:
         const Vector3d end = fixture.tip();
         fixture.run("cell.switch", QVariantMap{{"power", true}, {"automatic", false}});
         if (how == "let go")
-            return; // the next press may count anew
-        // The same press moves nothing again.
+            return; // the key may be pressed again
+        // The same press must not start the robot again.
         fixture.live(25, {7});
         QCOMPARE(fixture.run("motion.jog.start", wish("y")).code, int(WrongState));
         fixture.live(100, {7});
@@ -142,7 +142,7 @@ private slots:
         QCOMPARE(childAt(reply.value, "reason").toString(), reason);
         QVERIFY(!fixture.events().contains(Event::Jogs));
     }
-    // What a point's panel set off is told to its end.
+    // The end of a move from the panel of a point is told.
     void movesAreToldToTheirEnd()
     {
         ProgramFixture fixture;

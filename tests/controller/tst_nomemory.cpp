@@ -7,7 +7,7 @@
 
 using welmo::controller::Store;
 
-// glibc's own, which the functions below stand in front of, for Qt, SQLite and C++ alike.
+// The functions of glibc; those below replace them for Qt, SQLite and C++.
 extern "C" {
 void *__libc_malloc(size_t size);
 void *__libc_calloc(size_t count, size_t size);
@@ -17,7 +17,7 @@ void *__libc_realloc(void *block, size_t size);
 namespace {
 
 constexpr long nobody = -1;
-long s_left = nobody; // requests until one is refused
+long s_left = nobody; // so many requests succeed before one is refused
 
 bool isRefused()
 {
@@ -56,7 +56,7 @@ QVariantMap fileWith(int current)
     return {{"name", name}, {"current", current}};
 }
 
-/// Does it while the request for memory with the number @p refused fails.
+/// Opens the store and does what @p phase says; memory request number @p refused fails in it.
 Outcome actHere(const QString &file, const QByteArray &phase, int current, long refused)
 {
     s_left = phase.contains("start") ? refused : nobody;
@@ -80,7 +80,7 @@ Outcome actHere(const QString &file, const QByteArray &phase, int current, long 
     return good ? Succeeded : Refused;
 }
 
-/// In a process of its own, which may end over it.
+/// actHere() in another process, which may end without memory.
 Outcome act(const QString &file, const QByteArray &phase, int current, long refused)
 {
     const pid_t child = ::fork();
@@ -95,9 +95,9 @@ Outcome act(const QString &file, const QByteArray &phase, int current, long refu
 
 } // namespace
 
-/// Memory runs out once, at each of the first thousand requests of a start, a save and a load: it
-/// works, is refused, or the process ends in order; the store is whole, and nothing acknowledged is
-/// lost. WELMO_SOAK tries each request, otherwise it is one in five.
+/// One of the first thousand requests for memory fails in a start, a save or a load. The controller
+/// works on, refuses, or ends; the store stays whole, with all that was acknowledged. WELMO_SOAK
+/// tries every request, otherwise every fifth.
 class tst_NoMemory : public QObject
 {
     Q_OBJECT
@@ -113,7 +113,7 @@ private slots:
         QFETCH(const QByteArray, phase);
         const bool isFirst = phase == "first start";
         const int step = qEnvironmentVariableIsSet("WELMO_SOAK") ? 1 : 5;
-        // Not on a disk: this is not about power cuts, and waits for none.
+        // In memory, because a disk would be slow.
         const QTemporaryDir folder((QDir("/dev/shm").exists() ? "/dev/shm" : QDir::tempPath())
                                    + "/nomemory-XXXXXX");
         const QString file = folder.filePath("controller.db");

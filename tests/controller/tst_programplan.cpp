@@ -11,7 +11,7 @@ using namespace testsupport;
 
 namespace {
 
-/// What is expected of the lines on this controller, from these joints.
+/// The plan of the lines on this controller, starting at these joints.
 ProgramPlan planOf(ProgramFixture &fixture, const QStringList &lines, const Joints &from)
 {
     std::vector<welmo::tl::ParsedLine> parsed;
@@ -24,14 +24,14 @@ ProgramPlan planOf(ProgramFixture &fixture, const QStringList &lines, const Join
 
 } // namespace
 
-/// What a program is expected to take is what it takes.
+/// The plan of a program agrees with its run.
 class tst_ProgramPlan : public QObject
 {
     Q_OBJECT
 private slots:
     void agreesWithTheRun_data()
     {
-        // legs, seams, swayed ones
+        // legs, seams, legs that weave
         addRows<int, int, int>({{"fillet.tl", 6, 1, 0},
                                 {"pipe.tl", 6, 3, 0},
                                 {"stitch.tl", 10, 4, 0},
@@ -77,7 +77,7 @@ private slots:
         QCOMPARE(count([](const auto &leg) { return !leg.weave.empty(); }), swayed);
         const auto &end = plan.legs.back().way.back();
         QVERIFY(fixture.isAt({end[0], end[1], end[2]}));
-        // A weave is as wide as its file says, to both sides of the way.
+        // Both sides of a weave together are as wide as its file says.
         for (const auto &leg : plan.legs) {
             double left = 0, right = 0;
             for (const auto &place : leg.weave) {

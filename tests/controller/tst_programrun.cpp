@@ -6,7 +6,7 @@
 using namespace welmo::controller;
 using namespace testsupport;
 
-/// A program goes where its lines say, welds what they say, and ends with a reason.
+/// Running a program: it moves and welds as its lines say, and ends with a message.
 class tst_ProgramRun : public QObject
 {
     Q_OBJECT
@@ -14,10 +14,10 @@ private slots:
     void modes_data()
     {
         addRows<double, bool>({
-            // seconds for the 100 mm of the seam; whether it welds
-            {"real", 5.0, true}, // at the file's speed
+            // seconds for the 100 mm of the seam; true if it welds
+            {"real", 5.0, true}, // at the speed of the file
             {"simu", 5.0, true},
-            {"test_run", 0.8, false}, // at its own
+            {"test_run", 0.8, false}, // at the speed of test runs
         });
     }
     void modes()
@@ -79,7 +79,7 @@ private slots:
     }
     void mistakes_data()
     {
-        addRows<QString, QString>({// after "line 2: "
+        addRows<QString, QString>({// the message after "line 2: "
                                    {"point", "MoveL p99,v50,fine,torch1", "there is no point p99"},
                                    {"reach", "MoveL Offs(p3,5000,0,0),v50,fine,torch1",
                                     "the robot does not get to Offs(p3,5000,0,0)"},
@@ -122,7 +122,7 @@ private slots:
         QCOMPARE(fixture.toldValues("tl_program.state", "state"),
                  (QVariantList{"running", "paused", "running", "idle"}));
 
-        QVERIFY(fixture.goWelding(2000)); // from the top
+        QVERIFY(fixture.goWelding(2000)); // from the first line
         QVERIFY(fixture.run("tl_program.stop").ok());
         QCOMPARE(fixture.weldState("phase"), QVariant("post_flow"));
         const Vector3d end = fixture.tip();
@@ -131,7 +131,7 @@ private slots:
         QCOMPARE(fixture.state("state"), QVariant("idle"));
         QCOMPARE(fixture.state("message"), QVariant("stopped"));
     }
-    // A new controller can weld; one that somebody has files on is left as it is.
+    // An empty controller gets files that can weld; one with files is not changed.
     void exampleFiles()
     {
         for (const bool used : {false, true}) {
@@ -170,7 +170,7 @@ private slots:
         const auto alarms = [&fixture] {
             return fixture.get("cell.alarms", "entries").value.toList();
         };
-        QCOMPARE(alarms().size(), 2); // one for all ignored lines
+        QCOMPARE(alarms().size(), 2); // one alarm is for all ignored lines
     }
     void whatAWeldNeeds_data()
     {
@@ -221,7 +221,7 @@ private slots:
             return fixture.run(command, payload).code == WrongState;
         };
         QVERIFY(refused("tl_program.run") && refused("tl_program.pause"));
-        QVERIFY(fixture.run("tl_program.stop").ok()); // never refused
+        QVERIFY(fixture.run("tl_program.stop").ok()); // stopping is never refused
         QCOMPARE(fixture.run("tl_program.load", QVariantMap{{"name", "x"}}).code, int(BadPayload));
         const QVariantMap other{{"name", "other"}, {"text", ""}};
         const QVariantMap away = ProgramFixture::target(p1);
@@ -240,7 +240,7 @@ private slots:
         fixture.finish();
         QVERIFY(fixture.isAt(p3));
         QVERIFY(fixture.run("motion.move.to_point", away).ok());
-        QVERIFY(refused("tl_program.run")); // the robot is under way
+        QVERIFY(refused("tl_program.run")); // the robot is moving
         QVERIFY(fixture.run("tl_program.load", other).ok());
         QCOMPARE(fixture.state("name"), QVariant("other"));
     }

@@ -16,7 +16,7 @@ const QStringList twoLegs{"MoveL p3,v1000,fine,torch1,wobj0",
                           "ArcOff \"arcoffdata1\"",
                           "MoveL p4,v1000,fine,torch1,wobj0"};
 
-/// A fixture that notes the millimetres of the seam that an arc burned over.
+/// Notes every millimetre of the seam over which the arc burned.
 struct SeamFixture : ProgramFixture
 {
     std::multiset<int> burned;
@@ -33,7 +33,7 @@ struct SeamFixture : ProgramFixture
             return state("state") != "running" || --limit == 0;
         });
     }
-    /// On for so many times 10 ms.
+    /// Goes on for so many steps of 10 ms.
     void weldFor(int steps)
     {
         limit = steps;
@@ -48,7 +48,7 @@ private:
 
 } // namespace
 
-/// Runs that begin in the middle, go line by line, or weld again where the arc was lost.
+/// Runs that begin within a program, go line by line, or weld the rest of a seam.
 class tst_ProgramSteps : public QObject
 {
     Q_OBJECT
@@ -58,8 +58,8 @@ private slots:
         const Vector3d last = p3 + Vector3d(0, 100, 0);
         const Vector3d middle = p3 + Vector3d(0, 65, 0);
         const QString alarm = "stop_and_alarm", runOn = "continue_running";
-        // of seam, mm, lost after and found after, 0 for never; the line; the torch's end, off by
-        // mm
+        // mm of seam until the arc is lost, and until it is back (0: never); the line that is
+        // offered; the end of the torch, and how far off it may be, mm
         addRows<QStringList, QString, int, int, int, Vector3d, int>(
             {{"the run stopped", seam, alarm, 40, 0, 3, last, 0},
              {"and goes on", twoLegs, alarm, 20, 0, 3, p4, 0},
@@ -144,7 +144,7 @@ private slots:
         const QVariantMap back{{"back", true}};
         QVERIFY(!step(back));
         QVERIFY(step() && isBefore(3, p3));
-        QVERIFY(step() && isBefore(5, p3)); // comments count for nothing
+        QVERIFY(step() && isBefore(5, p3)); // comments are passed over
         QVERIFY(step() && isBefore(7, corner));
         QVERIFY(step(back) && isBefore(5, p3));
         QVERIFY(step(back) && isBefore(3, p3));
@@ -152,7 +152,7 @@ private slots:
         QVERIFY(!step(back));
         QVERIFY(step() && step() && step() && isBefore(7, corner));
         QVERIFY(!fixture.events().contains(Event::Weld));
-        // A seam that was stepped into stays without an arc.
+        // After steps into a seam, the run goes on without an arc.
         QVERIFY(fixture.run("tl_program.run").ok());
         fixture.finish();
         QVERIFY(!fixture.events().contains(Event::Weld));
@@ -160,7 +160,7 @@ private slots:
         QVERIFY(step({{"line", 1}}) && isBefore(3, p3));
         QVERIFY(fixture.run("tl_program.run").ok());
         QVERIFY(fixture.passUntilPhase("welding"));
-        // A step ends the arc where it is.
+        // A step continues without an arc.
         fixture.pass(500);
         QVERIFY(fixture.run("tl_program.pause").ok());
         fixture.pass(1000);
@@ -172,7 +172,7 @@ private slots:
     }
     void fromALine_data()
     {
-        // whether it welds, and runs at all, and the fault
+        // true if it welds; true if it runs; the fault
         addRows<int, bool, bool, QString>({{"the seam's start", 2, true, true, ""},
                                            {"within it", 3, false, true, "3: no_arc_on 2"},
                                            {"after its last move", 5, false, true, ""},

@@ -47,7 +47,7 @@ QVariantMap item(const char *name)
     return {{"id", name}, {"name", name}};
 }
 
-/// A fixture with a file; what it stores can be compared as a whole.
+/// A controller with one file, whose stored values can be compared.
 struct Fixture : ControllerFixture
 {
     Fixture()
@@ -67,8 +67,8 @@ struct Fixture : ControllerFixture
 
 } // namespace
 
-/// What is refused has a code, changes nothing and is told to nobody; what is not is there and
-/// told; and what the commands do beside.
+/// Requests: a refused one has a code and changes nothing; a write can be read and is told; and
+/// what commands do.
 class tst_Requests : public QObject
 {
     Q_OBJECT
@@ -143,7 +143,7 @@ private slots:
             return with(releasedFile(), key, value);
         };
         const QString nothing;
-        // what an operator saves or welds on with, and the refusal
+        // a write or a change of the running weld; the file; the refusal
         addRows<Kind, QVariantMap, QString>(
             {{"within", Set, data("current", 189), nothing},
              {"beyond", Set, data("current", 190), "trim_current arcdata1 190 171 189"},
@@ -175,7 +175,7 @@ private slots:
         QCOMPARE(refused({kind, path, kind == Set ? key : QString(), file, {}, otto}), refusal);
         otto.isBound = false;
         QCOMPARE(refused({kind, path, kind == Set ? key : QString(), file, {}, otto}), QString());
-        // New percentages keep the released version; without a release all is open again.
+        // New percentages keep the released content. Without a release everything is allowed.
         fixture.set(welmo::names::released, key, QVariantMap{{"current", 100}});
         const QVariant kept = fixture.get(welmo::names::released, key).value;
         QCOMPARE(kept.toMap()["content"].toMap(), releasedFile());
@@ -202,7 +202,7 @@ private slots:
         Fixture fixture;
         const QVariantList before = fixture.everything();
         fixture.faults.set(fault, true);
-        fixture.controller.tick(); // which tells of the fault itself
+        fixture.controller.tick(); // tells of the fault
         fixture.told.clear();
         QCOMPARE(fixture.run(command, payload, payloadName).code, code);
         QVERIFY(fault != Fault::DiskFull || fixture.told.isEmpty());
@@ -258,7 +258,8 @@ private slots:
             for (const char *range : {"voltage_range", "arcoff_voltage_range"})
                 most.append(device[range].toMap()["separate"].toList().at(1).toDouble());
         }
-        QVERIFY(most.at(2) < most.at(0) && most.at(3) < most.at(1)); // the smaller welder
+        QVERIFY(most.at(2) < most.at(0)
+                && most.at(3) < most.at(1)); // the smaller welder has the smaller ranges
     }
     void theShieldNeedsTheSensor()
     {
@@ -277,7 +278,7 @@ private slots:
             ControllerFixture fixture;
             QVERIFY(fixture.set(runningParam, {}, with(run, "gas_detect_time", 5)).ok());
             QVERIFY(fixture.run(gasFlow).ok());
-            fixture.now += fault == Fault::LinkDown ? 4999 : 1000; // which does not end it
+            fixture.now += fault == Fault::LinkDown ? 4999 : 1000; // nothing of this ends it
             fixture.controller.tick();
             QCOMPARE(fixture.events(), QVector<Event>{Event::GasFlows});
             fixture.faults.set(fault, true);

@@ -10,12 +10,12 @@ namespace {
 
 constexpr char moveTo[] = "motion.move.to_point";
 constexpr int longEnough = 60000;
-// The arm gets there, but not straight from p1, close past its base.
+// The arm reaches this place, but not in a straight line from p1, which passes its base.
 const Vector3d behind(-800, 200, 500);
 
 } // namespace
 
-/// The simulated robot goes where a command or the line of a program says, and stops.
+/// The simulated robot moves as a command or a line of a program says.
 class tst_Robot : public QObject
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ private slots:
             {{"joint", "MoveJ p3,v200,z5,torch1,wobj0", p3},
              {"circular", "MoveC p7,p8,v200,z5,torch1", {700, 100, 200}},
              {"offset", "MoveL Offs(p3,-10,20.5,30),v200,z5,torch1", {790, -179.5, 230}},
-             // The torch at p1 points down: its z is the world's -z, its x the world's -x there.
+             // At p1 the torch points down: its z and x are the world's -z and -x.
              {"tool", "MoveL RelTool(p1,10,0,40,0,0,0),v200,z5,torch1", {790, -200, 460}},
              {"by object", "MoveL Offs(p3,-600,0,0),v200,z5,torch1,fixture1", {800, -200, 350}}});
     }
@@ -40,7 +40,7 @@ private slots:
         QCOMPARE(fixture.state("message"), QVariant("finished"));
         QVERIFY(fixture.isAt(place));
     }
-    // From p6 over p7 the circle has 100 mm around (700, 0, 200); three quarters of it.
+    // Three quarters of a circle of 100 mm around (700, 0, 200).
     void circle()
     {
         ProgramFixture fixture;
@@ -95,7 +95,7 @@ private slots:
         fixture.pass(longEnough);
         QVERIFY(fixture.isAt(p3));
         QVERIFY(fixture.run(moveTo, ProgramFixture::target(p4, "linear")).ok());
-        fixture.pass(800); // half of 400 mm
+        fixture.pass(800); // half of the way
         QVERIFY(fixture.isAt({800, 0, 200}));
         QCOMPARE(fixture.run(moveTo, ProgramFixture::target(p3)).code, int(WrongState));
         fixture.pass(400);
@@ -105,13 +105,13 @@ private slots:
         QVERIFY(fixture.isAt({800, 100, 200}));
         QVERIFY(fixture.run(moveTo, ProgramFixture::target(p3)).ok());
         fixture.pass(300);
-        QVERIFY(fixture.tip().x() > 805); // the arm swings
+        QVERIFY(fixture.tip().x() > 805); // a joint move makes a bow
     }
     void arrivesInTheFrameOfThePoint_data()
     {
         const Vector3d turned(200, 800, 200);
         addRows<QString, QString, QString, Vector3d, Vector3d>(
-            {// work object, user frame, tool; what is asked, and where torch1 then is in wobj0
+            {// work object, user frame, tool, target; where torch1 is then in wobj0
              {"fixture", "fixture1", "world", "torch1", {200, -200, 50}, p3},
              {"its own user frame", "turned", "default", "torch1", p3, turned},
              {"named user frame", "wobj0", "quarter", "torch1", p3, turned},

@@ -16,8 +16,7 @@ const QString key = QStringLiteral("entry1");
 
 } // namespace
 
-/// What is written comes back, as what it was; a write is carried out whole or not at all; a file
-/// that is not ours stays as it is.
+/// The store: values come back with their types, revisions count up, and other files are refused.
 class tst_Store : public QObject
 {
     Q_OBJECT
@@ -57,21 +56,21 @@ private slots:
         QVERIFY(store->remove(path, {key, QStringLiteral("never there")}));
         QVERIFY(store->read(path, key).has_value() && !store->read(path, key)->value.isValid());
         QVERIFY(store->write({{path, key, 1}}));
-        QCOMPARE(store->read(path, key)->revision, 3); // never starts again
+        QCOMPARE(store->read(path, key)->revision, 3); // the revision goes on after the removal
         QCOMPARE(store->revision(path, key), std::optional<qint64>(3));
         QCOMPARE(store->revision(path, "never there"), std::optional<qint64>(0));
     }
     void refusedFileIsLeftAlone_data()
     {
         const QString own = m_folder.filePath("own.db");
-        for (int i = 0; i < 40; ++i) // enough to have pages that can be damaged
+        for (int i = 0; i < 40; ++i) // enough to fill several pages
             Store::open(own, &m_problem)->write({{path, QString::number(i), QString(1000, 'x')}});
         const QByteArray whole = contentOf(own);
         QByteArray damaged = whole;
         damaged.replace(4096 + 8, 3000, QByteArray(3000, '\xff'));
         addRows<QByteArray, QString>(
             {{"a letter", QByteArray("Dear operator"), "not a controller store"},
-             // SQLite has the format's number at 60 in the head, and the program's at 68.
+             // The header has the version at byte 60 and the program at byte 68.
              {"another program's database", QByteArray(whole).replace(60, 12, QByteArray(12, 0)),
               "another program"},
              {"newer", QByteArray(whole).replace(60, 4, QByteArray("\0\0\0\x63", 4)),

@@ -11,7 +11,7 @@ namespace {
 const QString path = QStringLiteral("a.node");
 const QString other = QStringLiteral("b.node");
 
-/// What the store holds, as text; empty when it cannot be read.
+/// The content of the store as text; empty if it cannot be read.
 QByteArray contentOf(const Store &store)
 {
     QByteArray content = "store";
@@ -26,7 +26,7 @@ QByteArray contentOf(const Store &store)
     return content;
 }
 
-/// Files made, changed, renamed over two nodes and removed, some larger than a page.
+/// Writes that make, change, rename and remove entries, some larger than a page.
 QVector<QVector<Store::Change>> changes()
 {
     const auto text = [](char letter, int size) { return QString(size, letter); };
@@ -42,9 +42,8 @@ QVector<QVector<Store::Change>> changes()
 
 } // namespace
 
-/// The power goes, the process is killed or the disk refuses, at every single point at which the
-/// store touches its file: what was acknowledged is there, what was not is there whole or not at
-/// all.
+/// Power cuts, kills and refusals of the disk, at every operation on the store's file: what was
+/// acknowledged is there, any other write is there whole or not at all.
 class tst_StoreCut : public QObject
 {
     Q_OBJECT
@@ -92,12 +91,12 @@ private slots:
             QCOMPARE(contentOf(*store), expected);
             QVERIFY2(failing > 0 || operations > 30, "nothing is recorded");
             if (failing >= operations)
-                return; // the whole life went by before anything was refused
+                return; // nothing was refused in the whole life
         } while (++failing);
     }
 
 private:
-    /// A life of a store, closed and opened again half-way; what it acknowledged.
+    /// Makes all changes, with a new start between; the content after each.
     static QByteArrayList work(RecordedDisk *disk)
     {
         const QTemporaryDir folder;

@@ -16,7 +16,7 @@ namespace {
 
 const QString path = QStringLiteral("a.node");
 
-/// Everything that can be read of it, as one value.
+/// Everything that can be read from the store.
 QVariantMap contentIn(const Store &store)
 {
     QVariantMap content;
@@ -33,8 +33,8 @@ QVariantMap contentIn(const Store &store)
 
 } // namespace
 
-/// What happens to the files of a store from outside: dead owners, copies, other versions, altered
-/// bytes. It is told, and nothing else than what was written is ever read.
+/// Files of a store that others changed: locks, copies, altered bytes, old formats. Damage is told,
+/// and altered values are never read.
 class tst_StoreFaults : public QObject
 {
     Q_OBJECT
@@ -81,7 +81,7 @@ private slots:
 
     void aKilledStoreComesBackEvenIfSomebodyLookedIntoIt()
     {
-        const auto owner = open(); // lives on: what it leaves is copied
+        const auto owner = open(); // stays open while its files are copied
         QVERIFY(owner->write({{path, "a", 1}}));
         for (const bool looked : {false, true}) {
             const QTemporaryDir other;
@@ -137,7 +137,7 @@ private slots:
         QCOMPARE(open()->complaints(), QStringList());
     }
 
-    // Of a whole controller: the rest works, the damage is told, and can be mended.
+    // The controller works without the damaged entries, tells of them, and can be repaired.
     void aDamagedEntryHarmsNothingElse()
     {
         const QString node = "arc_weld.arcon_param";
@@ -176,7 +176,8 @@ private slots:
             QCOMPARE(alarms.first().toMap()["code"], QVariant("storage_damaged"));
         }
         QStringList lines;
-        QVERIFY(!welmo::controller::repair(file(), {}, &lines)); // of the second nobody knows
+        QVERIFY(
+            !welmo::controller::repair(file(), {}, &lines)); // the audit does not know the second
         QVERIFY(lines.filter("arcondata1").constFirst().contains("by the audit"));
         QVERIFY(lines.filter("arcondata2").constFirst().contains("stays damaged"));
         QVERIFY(welmo::controller::repair(file(), backup, &lines));
@@ -222,7 +223,7 @@ private slots:
         QVERIFY(!QFile::exists(at("other.db")));
     }
 
-    // As the first release left it: two files, one of them written twice, and one removed.
+    // The fixture has two files, one of them written twice, and one that was removed.
     void theFirstFormatIsTakenOver()
     {
         QVERIFY(QFile::copy(FIXTURES "/format1.db", file()));

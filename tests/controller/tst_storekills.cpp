@@ -12,7 +12,7 @@ namespace {
 const QString path = QStringLiteral("a.node");
 const QString key = QStringLiteral("entry");
 
-/// Counts up in the store, and tells each number once it is acknowledged; until it is killed.
+/// Stores one number after the other, and tells each that was acknowledged, until it is killed.
 [[noreturn]] void countUp(const QString &file, int toParent)
 {
     QString problem;
@@ -20,7 +20,7 @@ const QString key = QStringLiteral("entry");
     if (!store)
         _exit(2);
     for (int number = store->read(path, key)->value.toInt() + 1;; ++number) {
-        // Of another length each time, so that pages are filled, split and freed.
+        // Different lengths make SQLite fill, split and free pages.
         const QString filling(number * 37 % 9000, 'x');
         if (!store->write({{path, key, number}, {path, QString::number(number % 50), filling}})
             || ::write(toParent, &number, sizeof number) != sizeof number)
@@ -30,8 +30,8 @@ const QString key = QStringLiteral("entry");
 
 } // namespace
 
-/// A controller is killed while it writes, again and again: what it acknowledged is there, the rest
-/// whole or not at all, and the next one starts at once. WELMO_KILLS says how often.
+/// A process is killed while it writes, at least 20 times or WELMO_KILLS times. Every acknowledged
+/// write is there, and the next process can open the store.
 class tst_StoreKills : public QObject
 {
     Q_OBJECT
@@ -58,7 +58,7 @@ private slots:
     }
 
 private:
-    /// After it told so many writes; what it told, also while it was dying.
+    /// Kills a process after so many writes, and reads what it told until its end.
     static void killOne(const QString &file, int writes, int *acknowledged)
     {
         int ends[2];

@@ -14,7 +14,7 @@ const char *const runOn = "continue_running";
 
 } // namespace
 
-/// A weld goes through its phases as the files say, whatever happens to it.
+/// The phases of a weld, as its files say, and faults in them.
 class tst_Weld : public QObject
 {
     Q_OBJECT
@@ -54,7 +54,7 @@ private slots:
     void setValues_data()
     {
         addRows<QString, double, double, double, double>(
-            {// how the current is said, set values; what flows
+            {// the mode of the current; set current and voltage; actual ones
              {"as suits", "current", 200.0, 100.0, 200.0, 24.0},
              {"least", "current", 200.0, 0.0, 200.0, 18.0},
              {"wire speed", "wire_feed", 100.0, 200.0, 198.0, 29.875}});
@@ -68,7 +68,7 @@ private slots:
         ProgramFixture fixture;
         fixture.save("weld_param", file);
         QVERIFY(fixture.goWelding(200));
-        QVERIFY(fixture.isNear("current", (150 + amperes) / 2)); // half the way
+        QVERIFY(fixture.isNear("current", (150 + amperes) / 2)); // half-way up the ramp
         fixture.pass(200);
         QVERIFY(fixture.isNear("current", amperes) && fixture.isNear("voltage", volts));
     }
@@ -98,7 +98,7 @@ private slots:
     void faults_data()
     {
         addRows<Fault, QString, const char *, QString, QString>(
-            {// the phase in which it comes; the message; the first alarm, with its file
+            {// the phase in which the fault comes; the message; the first alarm and its file
              {"no arc", Fault::NoArc, "pre_flow", alarm, "line 2: no_arc", "no_arc arcondata1"},
              {"no gas", Fault::NoGas, "welding", alarm, "line 3: no_gas", "no_gas arcdata1"},
              {"arc breaks", Fault::ArcBreaks, "welding", alarm, "line 3: arc_lost",
@@ -141,7 +141,7 @@ private slots:
         fixture.save("weld_param", ProgramFixture::weld(again));
         QVERIFY(fixture.goWelding(1000));
         fixture.faults.set(Fault::ArcBreaks, true);
-        fixture.pass(100); // not too long yet
+        fixture.pass(100); // shorter than detect_time
         fixture.faults.clear();
         fixture.pass(900);
         QCOMPARE(fixture.weldState("phase"), QVariant("welding"));
@@ -209,7 +209,7 @@ private slots:
                 count += entry.path == "arc_weld.welder_state";
             QVERIFY2(count > 2 * rate * 0.95 && count <= 2 * rate,
                      qPrintable(QString::number(count)));
-            fixture.faults.set(Fault::WelderError, true); // it ends at once
+            fixture.faults.set(Fault::WelderError, true); // the weld ends at once
             fixture.pass(2000);
             for (const char *key : {"current", "welding_distance"})
                 QCOMPARE(fixture.toldValues("arc_weld.welder_state", key).constLast(),

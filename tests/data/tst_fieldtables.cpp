@@ -14,7 +14,7 @@ using namespace testsupport;
 
 namespace {
 
-/// The lines of contracts.txt below the headings of a kind, by the word that follows it.
+/// The lines of contracts.txt below each heading of this kind, by the name in the heading.
 QMap<QString, QStringList> readContracts(const QString &kind)
 {
     QMap<QString, QStringList> contracts;
@@ -35,8 +35,8 @@ const QMap<QString, QStringList> choiceContracts = readContracts("choice");
 struct Expected
 {
     QString key, type;
-    QVariant value; ///< in a new set
-    QVariantList range; ///< both ends; empty when it is no number
+    QVariant value; ///< the default
+    QVariantList range; ///< both ends of a number's range
 
     explicit Expected(const QString &line)
     {
@@ -47,7 +47,7 @@ struct Expected
         for (const QString &end : words.value(3).split("..", Qt::SkipEmptyParts))
             range.append(type == "int" ? QVariant(end.toInt()) : end.toDouble());
         if (value == "No_signal")
-            value = inputs::noSignal(); // the one text that is stored as it is shown
+            value = inputs::noSignal(); // the only text that is stored in the language shown
         else if (type == "ints")
             value = QVariantList{0, 0, 0};
         else if (!range.isEmpty() || type == "twin")
@@ -55,7 +55,7 @@ struct Expected
         else if (value == "true" || value == "false")
             value = value.toBool();
     }
-    /// What the control offers: both ends of a range, every choice, on and off.
+    /// Values to try: both ends of a range, every choice, on and off.
     QVariantList offeredBy(const QWidget *editor) const
     {
         if (!range.isEmpty())
@@ -75,15 +75,14 @@ struct Expected
     }
 };
 
-/// One parameter set as a form of the package edits it.
+/// A parameter set, and the form that edits it.
 struct SetUnderTest
 {
     FieldTable *fields = nullptr;
     std::shared_ptr<QObject> form;
 };
 
-/// By the words of the contracts; the instruction's weave editor is the page's, but for one
-/// default.
+/// By their names in the contracts. "weave instruction" is "weave" with another default.
 std::map<QString, SetUnderTest> allSets(QWidget *window)
 {
     std::map<QString, SetUnderTest> sets;
@@ -116,7 +115,7 @@ std::map<QString, SetUnderTest> allSets(QWidget *window)
 QStringList setNames()
 {
     QStringList names = contracts.keys();
-    names.removeOne("process"); // part of others
+    names.removeOne("process"); // its keys are part of other sets
     return names << "weave instruction";
 }
 
@@ -130,7 +129,7 @@ QStringList contractOf(const QString &set)
     return lines;
 }
 
-/// What the control holds, as it is stored.
+/// The value in the control, as it would be stored.
 QVariant shownBy(const Field &field)
 {
     kelp::ModuleObject file("file");
@@ -140,7 +139,7 @@ QVariant shownBy(const Field &field)
 
 void edit(const Field &field, const QVariant &value)
 {
-    const QSignalBlocker blocker(field.editor()); // a form's rules are not what is tested here
+    const QSignalBlocker blocker(field.editor()); // keeps the rules of the form out
     if (const auto *list = dynamic_cast<const IntegersField *>(&field)) {
         for (size_t i = 0; i < list->boxes().size(); ++i)
             list->boxes()[i]->setValue(value.toList().value(int(i)).toInt());
@@ -175,7 +174,7 @@ QString onlyInOne(const QStringList &a, const QStringList &b)
 
 } // namespace
 
-/// Every row of every set, in both languages: what is stored is the same in both.
+/// Every key of every set: default, range, choices and storing, the same in both languages.
 class tst_FieldTables : public QObject
 {
     Q_OBJECT
@@ -185,7 +184,7 @@ class tst_FieldTables : public QObject
     std::map<QString, SetUnderTest> m_sets;
     FieldTable *m_fields = nullptr;
 
-    /// The forms of a language are built once for all its rows.
+    /// Makes the forms anew only for another language.
     void use(const QString &language, const QString &set)
     {
         if (language != m_language) {
@@ -197,7 +196,7 @@ class tst_FieldTables : public QObject
         }
         m_fields = m_sets.at(set).fields;
     }
-    /// Shows a file that holds the defaults, but for one value.
+    /// Shows a file of defaults, with @p value at @p key.
     void show(kelp::ModuleObject &file, const QString &key = {}, const QVariant &value = {})
     {
         m_fields->writeDefaults(&file);
@@ -227,10 +226,10 @@ class tst_FieldTables : public QObject
             QCOMPARE(stored.userType(), offered[i].userType());
             if (field.row().twinKey())
                 QCOMPARE(file.r(field.row().twinKey())->value(), offered[i]);
-            // An edit that is dropped again: the control shows what is stored.
+            // Showing the file again drops an edit.
             edit(field, offered[(i + 1) % offered.size()]);
             m_fields->show(&file);
-            if (field.key() != "name") // chosen with the combo, never shown from the file
+            if (field.key() != "name") // the combo decides it, not the file
                 QCOMPARE(shownBy(field), offered[i]);
         }
     }
@@ -250,7 +249,7 @@ class tst_FieldTables : public QObject
     void checkUnknownCode(const Field &field)
     {
         auto *combo = qobject_cast<QComboBox *>(field.editor());
-        const bool isSpeed = field.key() == "non_welded_speed"; // saved as it is shown
+        const bool isSpeed = field.key() == "non_welded_speed"; // which stores what it shows
         kelp::ModuleObject file("file7");
         show(file);
         const int before = combo->currentIndex();
@@ -273,7 +272,7 @@ class tst_FieldTables : public QObject
         QCOMPARE(chosen.size(), qMin(2, combo->count()));
         QVERIFY(!chosen.contains("out_of_the_blue"));
     }
-    /// A file of an older release: nobody is told, and the next save stores the default.
+    /// A key that an older file lacks is no mistake, and the next save stores its default.
     void checkMissing(const Field &field, const QVariant &byDefault)
     {
         kelp::ModuleObject old("file7");
@@ -310,7 +309,7 @@ private slots:
         QCOMPARE(fresh, expected.value);
         QCOMPARE(fresh.userType(), expected.value.userType());
         if (expected.type == "twin" || expected.type == "hidden")
-            return; // no control of their own
+            return; // it has no control of its own
         const auto row = std::find_if(m_fields->fields().begin(), m_fields->fields().end(),
                                       [&](auto &each) { return each->key() == expected.key; });
         QVERIFY2(row != m_fields->fields().end(), "no control is bound to it");
@@ -318,8 +317,8 @@ private slots:
         const auto *combo = qobject_cast<const QComboBox *>(field.editor());
         if (choiceContracts.contains(expected.type))
             checkChoices(combo, choiceContracts.value(expected.type));
-        const bool isName = expected.key == "name"; // chosen with the combo, never shown
-        const bool tooLow = fresh == 0.01; // the one default that its own box cannot show
+        const bool isName = expected.key == "name"; // the combo decides it, not the file
+        const bool tooLow = fresh == 0.01; // the box cannot show this default
         if (!isName)
             checkMissing(field, tooLow ? QVariant(0.1) : fresh);
         QVERIFY(isName || tooLow || shownBy(field) == fresh);
@@ -336,7 +335,7 @@ private slots:
             sets.push_back({set.toUtf8()});
         addRows(sets);
     }
-    // A row that is not in the contract, or that no form binds.
+    // No form writes a key that the contract lacks.
     void noKeyBesides()
     {
         const QString set = std::get<0>(currentRow<>());
@@ -350,7 +349,7 @@ private slots:
         QCOMPARE(onlyInOne(leaves(&fresh), keys), QString());
         kelp::ModuleObject stored("file");
         m_fields->store(&stored);
-        keys.removeOne("re_arcon.scratch_on_failure"); // no save touches what no control shows
+        keys.removeOne("re_arcon.scratch_on_failure"); // has no control, so no save writes it
         QCOMPARE(onlyInOne(leaves(&stored), keys), QString());
     }
 };

@@ -20,8 +20,8 @@ MqttMessage answer(const MqttMessage &request, const welmo::controller::Reply &r
 
 } // namespace
 
-/// Messages to a pendant that has a session, watches the weld mode and waits for one answer;
-/// "reply/anna/PENDANT" stands for its topic.
+/// The input is messages to a pendant that has a session, watches the weld mode and waits for one
+/// answer; "reply/anna/PENDANT" stands for its topic.
 void fuzz(const QByteArray &input)
 {
     qint64 now = 1000;
@@ -31,7 +31,7 @@ void fuzz(const QByteArray &input)
     QObject::connect(
         &courier, &MqttSession::notified, [](const QString &path, const QVariant &value) {
             require(path == "arc_weld.weld_mode", "nobody is told what is not watched", path);
-            require(welmo::controller::isPlain(value), "nor what is not plain", path);
+            require(welmo::controller::isPlain(value), "what is told is plain", path);
         });
     mail::Client *client = mail::client();
     const auto hear = [client](const MqttMessage &message) { client->handlers.message(message); };
@@ -69,5 +69,5 @@ void fuzz(const QByteArray &input)
     const LinkReply settled = asked->wait(0);
     require(settled.code != 0 || (reply && reply->ok() && settled.value == reply->value),
             "what was read is what was answered");
-    require(settled.code == 0 || !reply || !reply->ok(), "and a failure is one");
+    require(settled.code == 0 || !reply || !reply->ok(), "an answer that was good is no failure");
 }

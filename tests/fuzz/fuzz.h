@@ -3,15 +3,14 @@
 #include <QByteArray>
 #include <QString>
 
-/// What a target does with one input. Each starts from the same state, so that one that fails does
-/// so by itself as well.
+/// What a target does with one input. Every input finds the same state, so that an input that fails
+/// also fails alone.
 void fuzz(const QByteArray &input);
 
-/// Ends the run with a line that says so when something does not hold that must hold for every
-/// input.
+/// Ends the run with a line about @p what and @p about unless @p holds.
 void require(bool holds, const char *what, const QString &about = {});
 
-/// The input as text, bytes that are no UTF-8 as replacement characters; a NUL ends nothing.
+/// The whole input as text; bytes that are no UTF-8 become replacement characters.
 inline QString textOf(const QByteArray &input)
 {
     return QString::fromUtf8(input.constData(), input.size());

@@ -34,7 +34,8 @@ welmo::links::MqttMessage message(const QByteArray &text)
 QVector<welmo::links::MqttMessage> read(const QByteArray &input)
 {
     QVector<welmo::links::MqttMessage> messages;
-    const QString all = QString::fromLatin1(input.constData(), input.size()); // byte by byte
+    const QString all =
+        QString::fromLatin1(input.constData(), input.size()); // keeps each byte as one character
     for (const QString &one : all.split("\n--\n"))
         messages.append(message(one.toLatin1()));
     return messages;
@@ -47,7 +48,7 @@ Client *client()
 
 } // namespace mail
 
-// In place of the real one, which is not linked then: no thread and no broker.
+// A target links this instead of the real client: it needs no thread and no broker.
 namespace welmo::links {
 
 MqttClient::MqttClient(Options options, Handlers handlers)

@@ -2,21 +2,21 @@
 
 #include "link/mqtt/mqttclient.h"
 
-/// MQTT messages as texts: the topic below the cell's, a line for each thing beside the payload
-/// ("name: value"; "reply", "correlation" and "retained" are no properties), an empty line, the
-/// payload. A line "--" ends a message.
+/// MQTT messages as texts. A message is its topic below the cell's, lines "name: value", an empty
+/// line and the payload. "reply", "correlation" and "retained" set what they name, other lines are
+/// user properties. A line "--" ends a message.
 namespace mail {
 
 QVector<welmo::links::MqttMessage> read(const QByteArray &input);
 
-/// Instead of a connection: what is published and subscribed comes here, in the order of clients.
+/// What the client that was made last has published, instead of a connection.
 struct Client
 {
     welmo::links::MqttClient::Handlers handlers;
     QVector<welmo::links::MqttMessage> sent;
     bool online = false;
 };
-/// The client made last; null when it is gone.
+/// Null when there is none.
 Client *client();
 
 /// Where a cell's topics begin.

@@ -31,7 +31,7 @@ struct Module
         for (QToolButton *button : qAsConst(buttons))
             button->click();
     }
-    // Back to the controller's own values.
+    // Shows the controller's own values again.
     void settle()
     {
         host.link()->answerToReads.reset();
@@ -64,12 +64,12 @@ struct Module
 
 } // namespace
 
-/// A node's payload, as a controller answers every page's questions with it, and tells it.
+/// The input is a value: the controller tells it of every node and answers every question with it.
 void fuzz(const QByteArray &input)
 {
     static Module module;
     if (welmo::controller::repeatsKey(input))
-        return; // does not come in
+        return; // no controller hands that in
     const std::optional<QVariant> value = welmo::controller::fromJson('[' + input + ']');
     if (!value)
         return;
@@ -78,7 +78,7 @@ void fuzz(const QByteArray &input)
     module.host.link()->answerToReads = value;
     module.open();
     module.settle();
-    module.settle(); // a voltage is clamped by the mode that was shown before it
+    module.settle(); // again, since the first voltage was clamped for the mode before
     module.host.takeMessages();
     module.host.takeRequests();
     const QStringList texts = module.shown();

@@ -16,13 +16,14 @@ welmo::tl::Findings check(const ProgramText &program)
     for (const welmo::tl::Finding &finding : findings) {
         require(finding.line >= 0 && finding.line < lines.size(), "a finding is in a line");
         const int length = qMax(1, lines.at(finding.line).size());
-        require(finding.column >= 1 && finding.column <= length, "and in a column of it");
-        require(!finding.text().isEmpty(), "and says something");
+        require(finding.column >= 1 && finding.column <= length,
+                "a finding is in a column of its line");
+        require(!finding.text().isEmpty(), "a finding has a text");
     }
     return findings;
 }
 
-// Where something is edited has to come from somewhere.
+// A line to edit that depends on the input alone.
 int place(const QByteArray &input, int count)
 {
     return count > 0 ? int(qHash(input) % uint(count)) : 0;
@@ -30,7 +31,7 @@ int place(const QByteArray &input, int count)
 
 } // namespace
 
-/// A whole program file: kept, edited, checked and brought into its normal form.
+/// The input is a program file: it is kept, edited, checked and brought into its normal form.
 void fuzz(const QByteArray &input)
 {
     ProgramText program(input);
@@ -42,13 +43,13 @@ void fuzz(const QByteArray &input)
     program.insertLine(at, "WeaveOff");
     require(program.line(at) == "WeaveOff", "a line is inserted where it belongs");
     program.removeLine(at);
-    require(program.toBytes() == input, "and taken away without a trace");
+    require(program.toBytes() == input, "a line is taken away without a trace");
     if (const int count = program.lineCount(); count > 0) {
         ProgramText moved = program;
         moved.moveLine(0, at % count);
         require(moved.line(at % count) == lines.first(), "a line is moved where it belongs");
         moved.moveLine(at % count, 0);
-        require(moved.lines() == lines, "and back");
+        require(moved.lines() == lines, "a line is moved back");
         require(program.toBytes() == input, "a copy's changes are its own");
     }
 

@@ -52,12 +52,13 @@ QStringList expected(const welmo::tl::Findings &findings)
 
 } // namespace
 
-/// One line through its instruction's property form, as the program editor opens and replaces it.
+/// The input is a line: the property form of its instruction reads it and writes it again, as in
+/// the program editor.
 void fuzz(const QByteArray &input)
 {
     static Editor editor;
     const QString line = textOf(input).section('\n', 0, 0);
-    const ParsedLine parsed = parse(line); // the editor hands its code to the form
+    const ParsedLine parsed = parse(line);
     const auto found = editor.forms.constFind(parsed.word.text);
     if (found == editor.forms.constEnd())
         return;
@@ -80,7 +81,7 @@ void fuzz(const QByteArray &input)
     form->FillWith(found->start);
     form->FillWith(written);
     require(form->ToString() == written, "what a form writes it reads and writes again", written);
-    // A time is shown with two decimals; the editor tells when that is another.
+    // A time box has two decimals; the editor warns when it shows another time.
     if (!normalCode(parsed).isNull())
         require(keepsAll(parsed, written) || parsed.instruction->kind == Kind::Timed,
                 "nothing is lost silently", line + " / " + written);

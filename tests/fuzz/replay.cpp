@@ -7,7 +7,7 @@
 extern "C" int LLVMFuzzerInitialize(int *count, char ***arguments);
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *bytes, size_t size);
 
-/// Where there is no libFuzzer: every file of a folder once.
+/// Hands every file of a folder to the target once, where there is no libFuzzer.
 int main(int count, char **arguments)
 {
     LLVMFuzzerInitialize(&count, &arguments);
@@ -17,7 +17,7 @@ int main(int count, char **arguments)
         QFile file(files.next());
         require(file.open(QIODevice::ReadOnly), "a file can be read", file.fileName());
         std::printf("%s\n", qPrintable(file.fileName()));
-        std::fflush(stdout); // the last one printed is the one that failed
+        std::fflush(stdout); // if the target fails, the last name is the one
         const QByteArray bytes = file.readAll();
         LLVMFuzzerTestOneInput(reinterpret_cast<const unsigned char *>(bytes.constData()),
                                static_cast<size_t>(bytes.size()));

@@ -2,7 +2,7 @@
 #include "controller/core/json.h"
 #include "fuzz.h"
 
-/// A program that a controller is given and runs for a while.
+/// The input is a program that a controller runs for a while.
 void fuzz(const QByteArray &input)
 {
     ControllerFixture fixture;
@@ -13,15 +13,15 @@ void fuzz(const QByteArray &input)
     const QVariantMap program{{"name", "fuzz.tl"}, {"text", textOf(input)}};
     const int lines = textOf(input).count('\n') + 1;
     require(fixture.run("tl_program.load", program).ok(), "any text is a program");
-    require(fixture.run("tl_program.run").ok(), "and can be run");
+    require(fixture.run("tl_program.run").ok(), "any program can be run");
     for (int i = 0; i < 20 && state("state") == "running"; ++i) {
         fixture.now += 100;
         fixture.controller.tick();
         const int line = state("line").toInt();
-        require(line >= 0 && line <= lines, "it is in a line");
+        require(line >= 0 && line <= lines, "a run is in a line");
     }
-    require(fixture.run("tl_program.stop").ok(), "it can be stopped");
-    require(state("state") == "idle" && state("line") == 0, "and is over then");
+    require(fixture.run("tl_program.stop").ok(), "a run can be stopped");
+    require(state("state") == "idle" && state("line") == 0, "a run that was stopped is over");
     for (const ControllerFixture::Told &told : qAsConst(fixture.told))
         require(welmo::controller::isPlain(told.values), "what is told is plain", told.path);
 }

@@ -12,11 +12,11 @@
 
 using vu::xtheme::Theme;
 
-/// A file as style rules and as a theme.
+/// The input is read as style rules and as a theme.
 void fuzz(const QByteArray &input)
 {
     if (welmo::controller::repeatsKey(input))
-        return; // Qt loses memory over it; these files come from nobody else
+        return; // Qt leaks memory over it; only the package brings such files
     static const QTemporaryDir folder;
     const QString path = QDir(folder.path()).filePath("rules.json");
     testsupport::writeFile(path, input);
@@ -43,7 +43,7 @@ void fuzz(const QByteArray &input)
         require(problems.size() == nameless || problems.size() == nameless + 1,
                 "a rule without a selector is reported, and unknown tokens once");
         require(sheet.isEmpty() == (nameless == document.array().size()),
-                "all others are in the sheet");
+                "all other rules are in the sheet");
     }
     const QString text = textOf(input);
     QStringList unknown;

@@ -14,13 +14,13 @@ void checkTokens(const QString &line, const Tokens &tokens)
     int end = 1;
     for (const Token &token : tokens) {
         require(token.column >= end && !token.text.isEmpty(), "tokens stand in a row", line);
-        require(line.mid(token.column - 1, token.text.size()) == token.text, "at their columns",
-                line);
+        require(line.mid(token.column - 1, token.text.size()) == token.text,
+                "a token stands at its column", line);
         end = token.end();
     }
 }
 
-// What the expressions find that the scanners stand for.
+// The scanners do the work of regular expressions, whose findings are compared with theirs.
 QStringList matches(const QRegularExpression &expression, const QString &line)
 {
     QStringList found;
@@ -49,11 +49,11 @@ void checkProblems(const ParsedLine &parsed)
     for (const Problem &problem : parsed.problems) {
         require(problem.column >= 1 && problem.column <= qMax(1, parsed.text.size()),
                 "a problem is within its line", parsed.text);
-        require(!problem.english().isEmpty(), "and says something", parsed.text);
+        require(!problem.english().isEmpty(), "a problem has a text", parsed.text);
     }
 }
 
-// All that counts in a line of files, or of a word alone.
+// A line of files, or of a word alone, without what does not count in it.
 QString squeezed(QString line)
 {
     static const QRegularExpression between("[\\s,]+");
@@ -66,10 +66,10 @@ bool saysTheSame(const ParsedLine &line, const ParsedLine &normal)
     case Kind::Move:
         return keepsAll(line, normal.code());
     case Kind::Timed: {
-        // A form reads a tab otherwise than a blank; which is why it is made one.
+        // A tab, which a form reads in another way, is made a blank before.
         const auto before = parse(line.text.simplified()).seconds;
         return before && normal.seconds
-            && qAbs(*before - *normal.seconds) <= 1e-5 * *before; // six digits are written
+            && qAbs(*before - *normal.seconds) <= 1e-5 * *before; // for six digits are written
     }
     case Kind::Files:
     case Kind::Bare:
@@ -80,7 +80,7 @@ bool saysTheSame(const ParsedLine &line, const ParsedLine &normal)
 
 } // namespace
 
-/// One line, taken apart in every way there is.
+/// The input is a line, which every reader takes apart.
 void fuzz(const QByteArray &input)
 {
     const QString line = textOf(input);
@@ -101,7 +101,9 @@ void fuzz(const QByteArray &input)
         return;
     const ParsedLine again = parse(normal);
     require(normalForm(again) == normal, "a normal form is final", normal);
-    require(again.instruction == parsed.instruction, "and of the same instruction", line);
-    require(again.before() == parsed.before(), "and stands where it stood", line);
-    require(saysTheSame(parsed, again), "and says the same", line);
+    require(again.instruction == parsed.instruction, "a normal form is of the same instruction",
+            line);
+    require(again.before() == parsed.before(), "a normal form keeps what is before the instruction",
+            line);
+    require(saysTheSame(parsed, again), "a normal form says the same", line);
 }

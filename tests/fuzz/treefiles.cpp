@@ -16,7 +16,7 @@ namespace {
 
 const QString templateFile = ":/welmo/template/welmo.json";
 
-// What is kept in a folder, as a host binds it; a problem is told or not.
+// The tree that a host binds to the file in the folder; a problem that it tells goes to @p problem.
 QVariant bound(const QDir &folder, const QString &defaults, bool persistent, QString *problem,
                bool touch = false)
 {
@@ -31,11 +31,11 @@ QVariant bound(const QDir &folder, const QString &defaults, bool persistent, QSt
 
 } // namespace
 
-/// A file as the template of a tree, as a saved tree, and as the pendant's preferences.
+/// The input is read as the template of a tree, as a saved tree and as the pendant's preferences.
 void fuzz(const QByteArray &input)
 {
     if (welmo::controller::repeatsKey(input))
-        return; // Qt loses memory over it; these files come from nobody else
+        return; // Qt leaks memory over it; only we write such files
     static const QTemporaryDir temporary;
     const QDir folder(temporary.path());
     QString problem;
@@ -55,10 +55,10 @@ void fuzz(const QByteArray &input)
         const QVariantMap again = bound(folder, templateFile, true, &problem).toMap();
         require(problem.isEmpty(), "what was saved can be read", problem);
         require(again.value("device").toMap().value("enable") == true,
-                "and holds what was changed");
+                "a saved tree holds what was changed");
         require(QJsonObject::fromVariantMap(again).keys()
                     == QJsonObject::fromVariantMap(tree).keys(),
-                "and all else");
+                "a saved tree keeps all else");
     }
 
     writeFile(folder.filePath("pendant.json"), input);
@@ -66,7 +66,7 @@ void fuzz(const QByteArray &input)
     const bool good = preferences.error().isEmpty();
     require(preferences.save() == good, "preferences are kept unless they were unreadable");
     require(good || contentOf(folder.filePath("pendant.json")) == input,
-            "which leaves them as they are");
+            "unreadable preferences stay as they are");
     if (good)
         require(welmo::pendant::Preferences(folder.path()).language == preferences.language,
                 "what was kept is read");

@@ -14,7 +14,7 @@ QVariantMap mapOf(const QByteArray &payload)
     return welmo::controller::fromJson('[' + payload + ']').value_or(QVariant()).toMap();
 }
 
-// Whatever was read, written again is in the message; what was not in it counts as nothing.
+// Reads the message and writes it again: each value was in the message, or is empty.
 template<typename Read>
 void check(const MqttMessage &message, Read read)
 {
@@ -30,18 +30,18 @@ void check(const MqttMessage &message, Read read)
                                : it.value().toString().isEmpty() || it.value() == 0,
                 "what is read is what was sent", it.key() + " of " + message.payload);
     }
-    const bool greets = before.value("kind") == "hello"; // which needs no more than a key
+    const bool greets = before.value("kind") == "hello"; // a greeting needs no more than a key
     for (const auto &[name, value] : again.properties)
         require(greets || message.property(name).isEmpty()
                     || message.property(name).trimmed() == value
                     || message.property(name).toLongLong() == value.toLongLong(),
-                "and beside it", name);
+                "a property is what was sent", name);
     require(read(again).has_value(), "what is written can be read", again.payload);
 }
 
 } // namespace
 
-/// One message in every way in which messages are read.
+/// The input is a message, which every reader reads.
 void fuzz(const QByteArray &input)
 {
     const MqttMessage message = mail::read(input).constFirst();
@@ -63,8 +63,8 @@ void fuzz(const QByteArray &input)
     const QString user = topics.requester(message.topic);
     require(user.isEmpty() || topics.request(user) == message.topic, "a request's topic",
             message.topic);
-    require(topics.beater(message.topic).isEmpty() || user.isEmpty(), "is no beat's",
-            message.topic);
+    require(topics.beater(message.topic).isEmpty() || user.isEmpty(),
+            "no topic is a request's and a beat's", message.topic);
     const QString client = topics.replier(message.responseTopic, "anna");
     require(client.isEmpty() || topics.reply("anna", client) == message.responseTopic,
             "a reply's topic", message.responseTopic);

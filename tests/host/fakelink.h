@@ -8,8 +8,8 @@
 #include "tessa/controllerlink.h"
 #include "tessa/xservice.h"
 
-/// A controller that answers from a table: nodes by path (and key), commands by name. What is not
-/// in the table is answered as a node that is not there.
+/// A controller that answers from a table of nodes and commands. Whatever the table lacks is a node
+/// without a value.
 class FakeLink : public tessa::ControllerLink
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ public:
     void fail(const QString &path, int code) { answers[path] = {code, {}}; }
 
     QMap<QString, tessa::LinkReply> answers;
-    QStringList log; ///< one line a call: kind, path, key, payload, time limit if it is not usual
+    QStringList log; ///< a line for each call: kind, path, key, payload, an unusual time limit
     QVector<bool> beats; ///< whether a key was held, newest last
     bool up = false;
     bool opened = false;

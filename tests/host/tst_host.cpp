@@ -27,7 +27,7 @@ struct Page : tessa::BasePage
 
 } // namespace
 
-/// tessa: the host as a whole: availability, messages, the message box, the program editor's door.
+/// tessa, the host: when pages are available, messages, and what is gone after the host.
 class tst_Host : public QObject
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ private slots:
     void aPageIsAvailableByStateModePowerAndLevel_data()
     {
         addRows<Change, int>(
-            {// how often a page hears of it that follows all but the level
+            {// how often a page is told that follows all but the level
              {"state", [](auto *s) { s->setState(ControllerStatus::State::Fault); }, 1},
              {"mode", [](auto *s) { s->setMode(ControllerStatus::Mode::Automatic); }, 1},
              {"power", [](auto *s) { s->setPower(ControllerStatus::Power::Off); }, 1},
@@ -98,7 +98,7 @@ private slots:
         manager->insertWidgetCreators["Sample"] = [](QWidget *) { return nullptr; };
         m_host.reset();
         QCOMPARE(tessa::TlManager::getTlManager(), manager);
-        QVERIFY(manager->insertWidgetCreators.isEmpty()); // their code goes with the package
+        QVERIFY(manager->insertWidgetCreators.isEmpty()); // the package takes their code with it
     }
 
 private:

@@ -12,7 +12,7 @@ using namespace testsupport;
 
 namespace {
 
-/// Writes down what the host does with it, and adds a sub-module in one of its steps.
+/// A module that notes its steps, and adds a sub-module in one of them.
 class Recorder : public BModule
 {
     Q_OBJECT
@@ -82,7 +82,7 @@ private slots:
         QVERIFY(!m_framework.create("unknown"));
         bfactory()->regist("a", [](QObject *) -> BModule * { return nullptr; });
         QVERIFY(!m_framework.create("a"));
-        create("a", "setup"); // registered again: the newer creator counts
+        create("a", "setup"); // the newer creator counts
         create("b");
         QCOMPARE(m_framework.modules().size(), 2);
         m_framework.start();
@@ -91,7 +91,7 @@ private slots:
                               steps("idle", "a a1 b")})
                      .join(", "));
         create("c");
-        m_framework.start(); // leaves the others alone
+        m_framework.start(); // starts only the new one
         QCOMPARE(takeCalls(), steps("init setup render idle", "c"));
         m_framework.stop();
         QCOMPARE(
@@ -102,7 +102,7 @@ private slots:
     void aSubmoduleCatchesUp_data()
     {
         addRows<QString>(
-            {// the last step before the sub-module, added in that step, takes its first
+            {// the step in which the sub-module is added; the last step before its first
              {"init", "a afterSetup"},
              {"setup", "a afterSetup"},
              {"render", "a afterRender"},
@@ -131,7 +131,7 @@ private slots:
         center.addPage(this, "first", new QWidget);
         center.addPage(this, "second", second);
         QVERIFY(center.switchTo("second") && center.currentWidget() == second);
-        delete second; // its owner may take a page away
+        delete second; // a page's owner may delete it
         QVERIFY(!center.switchTo("second") && !center.switchTo("third"));
     }
     void itemsStandBeforeOthers()

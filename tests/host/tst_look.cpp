@@ -56,7 +56,7 @@ private slots:
         const QString path = write("rules.json", QByteArray("\xEF\xBB\xBF") + rulesText);
         const QString broken = write("broken.json", "[{\"name\" \"A\"}]");
         QSignalSpy problems(&m_theme, &ThemeManager::problem);
-        for (int i = 0; i < 2; ++i) { // what is wrong is told once
+        for (int i = 0; i < 2; ++i) { // each mistake is told once
             QCOMPARE(m_theme.genStyleSheet(path).simplified(),
                      QString(sheetText).arg(m_folder.path()));
             QCOMPARE(m_theme.genStyleSheet(broken), QString());
@@ -98,7 +98,7 @@ private slots:
             QCOMPARE(top.styleSheet(), sheet);
         }
         above.setStyleSheet("a{}");
-        setRecursiveWidgetStyleSheet(&top, "a{}"); // in force already
+        setRecursiveWidgetStyleSheet(&top, "a{}"); // the window above has it already
         QCOMPARE(top.styleSheet(), QString());
     }
     void aSwitchTellsEveryChangeUnlessBlocked()

@@ -74,7 +74,7 @@ private slots:
         QCOMPARE(leaf, root.r("a.b")->c("c"));
         QCOMPARE(leaf, m("a.b.c", &root));
         QCOMPARE(leaf->pmobj()->name(), QString("b"));
-        // A direct child's name may hold points; it is then not a path.
+        // The name of a direct child may contain points and is no path then.
         root.c("x.y", true)->set(nullptr, QString(), 1);
         QVERIFY(root.hasCmobj("x.y") && root.r("x.y")->isMissing());
     }
@@ -211,7 +211,7 @@ private slots:
         QCOMPARE(to.toVariant(), from.toVariant());
         QCOMPARE(to.cmobjNames(true), from.cmobjNames(true));
         QVERIFY(same.isEmpty() && different.count() == 1);
-        to.c("m")->copyFrom(nullptr, to.c("m")); // does nothing
+        to.c("m")->copyFrom(nullptr, to.c("m")); // a copy onto itself
         QCOMPARE(to.toVariant(), from.toVariant());
         to.set(nullptr, "own", 1);
         to.copyFrom(nullptr, &from, true, false);

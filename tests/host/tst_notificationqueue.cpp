@@ -12,12 +12,12 @@ namespace {
 
 const QString node = QStringLiteral("arc_weld.welder_state");
 
-/// A queue with a clock that stands still until the test turns it.
+/// A queue on a clock that the test sets.
 struct Fixture
 {
     qint64 now = 0;
     NotificationQueue queue{nullptr, [this] { return now; }};
-    QVariantList delivered; ///< of the node
+    QVariantList delivered; ///< values of the node
 
     Fixture()
     {
@@ -27,13 +27,13 @@ struct Fixture
                                  delivered.append(values);
                          });
     }
-    /// Everything that waits, interval by interval.
+    /// Lets intervals pass until nothing is waiting.
     void deliverAll()
     {
         for (int before = -1; before != delivered.size();) {
             before = delivered.size();
             now += NotificationQueue::intervalMs;
-            queue.push("other", {}); // its timer would do the same, in real time
+            queue.push("other", {}); // like its timer, which runs in real time
             QCoreApplication::processEvents();
         }
     }
@@ -41,7 +41,7 @@ struct Fixture
 
 } // namespace
 
-/// tessa: the pace at which a controller's notifications reach the pages.
+/// tessa: at what pace notifications reach the pages.
 class tst_NotificationQueue : public QObject
 {
     Q_OBJECT
@@ -51,10 +51,11 @@ private slots:
     {
         Fixture fixture;
         const QThread *receiver = nullptr;
-        connect(&fixture.queue, &NotificationQueue::delivered, this,
-                [&] { receiver = QThread::currentThread(); });
+        connect(
+            &fixture.queue, &NotificationQueue::delivered, this,
+            [&] { receiver = QThread::currentThread(); }, Qt::DirectConnection);
         fixture.queue.push(node, 1);
-        fixture.queue.clear(); // forgets what waits
+        fixture.queue.clear(); // drops what is waiting
         std::thread([&] { fixture.queue.push(node, 2); }).join();
         QVERIFY(!receiver);
         fixture.deliverAll();
@@ -80,7 +81,7 @@ private slots:
         Fixture fixture;
         for (const QVariant &values : pushed) {
             fixture.queue.push(node, values);
-            fixture.queue.push("other", values); // nodes do not mix
+            fixture.queue.push("other", values); // values of other nodes stay apart
         }
         fixture.deliverAll();
         QCOMPARE(fixture.delivered, expected);
@@ -103,10 +104,10 @@ private slots:
             fixture.now += 1;
         }
         flood(node);
-        flood("other"); // does not wait for the first
+        flood("other"); // is told at once
         QCOMPARE(all.size(), 7);
         fixture.now += NotificationQueue::intervalMs;
-        QTRY_COMPARE(fixture.delivered.size(), 7); // the last value arrives, by itself
+        QTRY_COMPARE(fixture.delivered.size(), 7); // without another push, the last value is told
         QCOMPARE(fixture.delivered.last(), QVariant(Map{{"current", 99}}));
     }
     void boundMergesTheOldest()
@@ -120,7 +121,7 @@ private slots:
         QCOMPARE(fixture.delivered.size(), NotificationQueue::capacity);
         QCOMPARE(fixture.delivered.last().toMap().value("mode"),
                  QVariant(QString::number(count - 1)));
-        // Older keys are not lost, only their words.
+        // Merging loses old words, but no keys.
         QCOMPARE(fixture.delivered.first().toMap().size(),
                  1 + count - NotificationQueue::capacity + 1);
     }

@@ -9,7 +9,7 @@ using tessa::PhysicalButton;
 
 namespace {
 
-/// A host with an owner of keys, which write down what they do.
+/// A host, and an owner of keys that note what they do.
 struct Fixture
 {
     QTemporaryDir folder;
@@ -18,21 +18,23 @@ struct Fixture
     std::unique_ptr<QObject> owner = std::make_unique<QObject>();
     tessa::PhysicalKeys *keys = host->keys();
     QStringList acted;
-    int more = 0; ///< sets that a release brings
+    int more = 0; ///< sets of keys that a release adds
 
-    /// One key a letter.
+    /// Adds a set with a key for each letter.
     void add(const QString &set, const QString &first, const QString &second = {})
     {
         const auto buttons = [this](const QString &labels) {
             QList<PhysicalButton> list;
-            for (const QChar label : labels)
+            for (const QChar letter : labels) {
+                const QString label(letter);
                 list.append({label, {}, {}, [this, label](bool down) {
-                                 // At the end of the host too, while the controller can be reached.
+                                 // An action may still reach the controller when the host ends.
                                  if (xservice())
                                      acted.append(label + (down ? " down" : " up"));
                                  for (int i = 0; i < more && !down; ++i)
                                      add(QString::number(i), "x");
                              }});
+            }
             return list;
         };
         registerPhysicalButtons(owner.get(), set, buttons(first), buttons(second), {QString()});
@@ -107,7 +109,7 @@ private slots:
         link->setUp(true);
         QTRY_VERIFY(link->beats.contains(false));
         b.keys->press(0);
-        QCOMPARE(link->beats.last(), true); // with the press, not a beat later
+        QCOMPARE(link->beats.last(), true); // the press itself sends a beat
         b.keys->release(0);
         QTRY_COMPARE(link->beats.last(), false);
     }

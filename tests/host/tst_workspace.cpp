@@ -20,7 +20,7 @@ const char *const templateText =
 
 } // namespace
 
-/// kelpCore: what one running host keeps: saved trees, registries, translations, the log file.
+/// kelpCore: saved trees and translations of a running host.
 class tst_Workspace : public QObject
 {
     Q_OBJECT
@@ -34,9 +34,9 @@ private slots:
         QCOMPARE(m("welmo.device.enable")->value(), QVariant(false));
         QVERIFY(tree->hasCmobj("set") && tree->r("set")->cmobjCount() == 0);
         tree->set(nullptr, "device.enable", true);
-        QCOMPARE(bind(), tree); // bound again, nothing changes
+        QCOMPARE(bind(), tree); // binding again changes nothing
         m_host.reset();
-        QVERIFY(!QFile::exists(m_saved)); // it was not to be persistent
+        QVERIFY(!QFile::exists(m_saved)); // the tree was not to be saved
         QCOMPARE(m_problems, QStringList());
     }
     void aSavedTreeIsRestoredAndCompleted_data()
@@ -64,7 +64,7 @@ private slots:
     void aChangeIsSavedShortlyAfterItAndAtTheEnd()
     {
         ModuleObject *tree = bind();
-        QTimer restless; // or else a tree that never rests would not be saved
+        QTimer restless; // a tree that always changes is saved as well
         connect(&restless, &QTimer::timeout, tree,
                 [tree] { tree->set(nullptr, "count", tree->r("count")->getInt() + 1); });
         restless.start(0);
@@ -99,7 +99,7 @@ private slots:
                      QString::fromUtf8(language == "zh_CN" ? "打开" : "Open"));
         }
     }
-    // A finished text is known by what was translated last, and shown in another language.
+    // A text that was put together is recognised by its last translations.
     void textsAreShownInAnotherLanguage_data()
     {
         addRows<QString, QString>({{"plain", "打开", "Open"},
@@ -125,7 +125,7 @@ private slots:
     }
 
 private:
-    /// A new host on an empty folder, but for what was saved before.
+    /// Starts a host on a folder that has only the template and the saved tree.
     void begin(const QByteArray &saved)
     {
         m_host.reset();

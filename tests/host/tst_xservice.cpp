@@ -17,7 +17,7 @@ QVariantMap mode(const char *name)
     return {{"mode", QString::fromLatin1(name)}};
 }
 
-/// A host that is connected to a controller of the test's.
+/// A host that is connected to a fake controller.
 struct Fixture
 {
     QTemporaryDir folder;
@@ -36,7 +36,7 @@ struct Fixture
         link->log.clear();
         payload.set(nullptr, "feed", true);
     }
-    /// The local copy of the node, watched; what the controller has there first.
+    /// Watches the node, whose value is @p first, and returns the local copy.
     ModuleObject *watch(const QVariant &first)
     {
         link->node(node, first);
@@ -61,7 +61,7 @@ const std::vector<Row<XService::Answer (*)(Fixture &)>> calls{
 
 } // namespace
 
-/// tessa: how the module reads, writes and watches the controller, and what a lost link means.
+/// tessa: a module reads, writes and watches the controller, also over a link that gets lost.
 class tst_XService : public QObject
 {
     Q_OBJECT
@@ -70,7 +70,7 @@ private slots:
     void anAnswerTellsCodeAndContent_data()
     {
         const QVariantMap map{{"a", 1}, {"b", 2}};
-        // what a read says, what all else says; the names that a read brings, and all else
+        // the codes of a read and of other requests; the children of a read and of others
         const LinkReply timedOut{LinkReply::TimedOut, {}};
         addRows<LinkReply, int, int, QString, QString>(
             {{"a map", {0, map}, 0, 0, "a b", "a b"},
@@ -88,7 +88,7 @@ private slots:
             fixture.link->answers = {
                 {"some", reply}, {"some key", reply}, {"some wire_feel", reply}};
             const auto answer = call(fixture);
-            QCOMPARE(answer->pmobj(), nullptr); // it belongs to the caller
+            QCOMPARE(answer->pmobj(), nullptr); // the caller owns it
             QCOMPARE(answer->getInt(0), way.startsWith("read") ? read : written);
             QCOMPARE(answer->cmobjNames().join(' '), way.startsWith("read") ? children : told);
             for (const bool down : {true, false}) { // every failure has a code
@@ -107,7 +107,7 @@ private slots:
             call(fixture);
         fixture.service->execCommand(nullptr, "c", QVariant(QStringList{"a"}));
         fixture.service->execCommand(nullptr, "c");
-        // A command's local object is one and keeps what was set.
+        // A command has one local object, which keeps what was set.
         fixture.manager->cmdItemMobj("stop", "request")->set(this, "stoptype", 1);
         fixture.manager->cmdItemMobj("stop", "request")->set(this, "b", 2);
         fixture.manager->request("stop", nullptr, 4800);
@@ -137,7 +137,7 @@ private slots:
         QSignalSpy later(fixture.service->watchNode("refused"), &ModuleObject::changed);
         for (const char *name : {"real", "simu"})
             emit fixture.link->notified("refused", mode(name));
-        QVERIFY(changed.isEmpty() && later.count() == 1); // the first one filled the copy
+        QVERIFY(changed.isEmpty() && later.count() == 1); // the first value fills the copy
     }
     void changedMeansChanged_data()
     {
@@ -163,8 +163,8 @@ private slots:
             emit fixture.link->notified(node, notified);
         QCOMPARE(changed.count(), fires ? 1 : 0);
         if (fires)
-            QCOMPARE(changed.at(0).at(0), notified); // what was told, not the whole node
-        QCOMPARE(copy->hasCmobj("none"), notified.type() == QVariant::Map); // not pruned
+            QCOMPARE(changed.at(0).at(0), notified); // only the told values
+        QCOMPARE(copy->hasCmobj("none"), notified.type() == QVariant::Map); // the others stay
     }
     void unwatchedAndStaleNotificationsAreSilent()
     {
@@ -179,7 +179,7 @@ private slots:
         fixture.watch(mode("real"));
         fixture.link->fail("some", LinkReply::Lost);
         fixture.service->get(this, "some");
-        emit fixture.link->notified(node, mode("simu")); // still on the way from the lost session
+        emit fixture.link->notified(node, mode("simu")); // sent before the link was lost
         QCOMPARE(changed.count(), 0);
     }
     void aLostLinkIsKnownAtOnceAndToldLater()
@@ -189,13 +189,13 @@ private slots:
         ModuleObject *leaf = fixture.service->mobj()->r("connected");
         leaf->watch();
         QSignalSpy told(leaf, &ModuleObject::changed);
-        fixture.link->fail("some", 9); // refused by the controller: the link is well
+        fixture.link->fail("some", 9); // a refusal does not concern the link
         fixture.service->get(this, "some");
         QVERIFY(fixture.service->isConnected());
         fixture.link->setUp(false);
         fixture.link->setUp(true);
         QCoreApplication::processEvents();
-        QVERIFY(told.isEmpty()); // over before anybody could hear of it
+        QVERIFY(told.isEmpty()); // it was up again before anybody was told
         fixture.link->fail("some", LinkReply::TimedOut);
         for (int i = 0; i < 2; ++i)
             fixture.service->get(this, "some");
@@ -227,7 +227,7 @@ private slots:
                  QStringList({"subscribed", "rcConnected", "connected", "t2", "changed",
                               "connected", "t2"}));
     }
-    // A list is told whole: what it lacks is gone. The lists that are not told stay.
+    // A told list is complete, so its missing entries are removed; other lists stay.
     void projectNewsReachTheTree()
     {
         Fixture fixture;

@@ -23,7 +23,7 @@ class TestInstructionForms : public QObject
 
     BaseContentWidget *propertyForm(const QString &word)
     {
-        if (word.startsWith("SegO")) // has no place in the editor's tables
+        if (word.startsWith("SegO")) // the editor does not offer it
             return word == "SegOn"
                 ? static_cast<BaseContentWidget *>(new SegOnPropertyWidget(m_host->window()))
                 : new SegOffPropertyWidget(m_host->window());
@@ -34,7 +34,7 @@ private slots:
     void init() { m_host = std::make_unique<FormHost>(); }
     void cleanup() { m_host.reset(); }
 
-    // In the editor's own tables, beside what stands there.
+    // They are added to the tables of the editor, which keep their other entries.
     void everyInstructionHasItsForms()
     {
         TlManager *manager = TlManager::getTlManager();
@@ -85,7 +85,7 @@ private slots:
              {R"(WeaveOn weavedata1)", "weavedata format error [WeaveOnPropertyWidget]"},
              {R"(ArcOff "arcoffdata41")", "arcoffdata format error [ArcOffPropertyWidget]"}});
     }
-    /// Whoever looks a name up reports it, as operators of the message page expect.
+    // The widget that looks a name up reports a wrong one.
     void whoReportsAName()
     {
         const TlArcWeldDefine define(nullptr);
@@ -95,7 +95,7 @@ private slots:
         form->FillWith(line);
         QCOMPARE(m_host->takeMessages(), QStringList("error: " + said));
     }
-    /// The dialog edits the named file and no other, and closes after a save that went through.
+    // The dialog edits only the named file, and closes after a save that succeeded.
     void weaveDialog()
     {
         WeaveDataDialog dialog;
@@ -105,7 +105,7 @@ private slots:
         QVERIFY(dialog.height() <= 486);
         dialog.show();
         child<QDoubleSpinBox>(&dialog, "sbxWeaveLength_Frequency")->setValue(5);
-        for (const bool refused : {true, false}) { // by the product rule
+        for (const bool refused : {true, false}) { // frequency times amplitude is too large
             child<QDoubleSpinBox>(&dialog, "sbxWeaveAmplitude")->setValue(refused ? 100 : 2);
             child<QAbstractButton>(&dialog, "btnSave")->click();
             QCOMPARE(dialog.isVisible(), refused);

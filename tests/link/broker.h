@@ -5,35 +5,35 @@
 
 #include "link/mqtt/brokeraddress.h"
 
-/// A broker of our own on a free port of this machine, as the project ships it. It runs until
-/// stop() or its end, and comes back on the same port.
+/// The broker that the project ships, on a free port of this machine. After stop(), start() uses
+/// the same port again.
 class Broker
 {
 public:
-    /// With accounts for the cell "cell" and for the users "anna", "bert" and "vera", who may all
-    /// reach it; each one's password is the name backwards.
+    /// Has accounts for the cell "cell" and its users "anna", "bert" and "vera"; each password is
+    /// the name backwards.
     Broker();
     ~Broker();
-    /// One for all tests of a program. With WELMO_TEST_LINE in the environment it is the standby
-    /// of a line whose first broker is gone, and passes on to a central one.
+    /// The broker that all tests of a program share. With WELMO_TEST_LINE in the environment it is
+    /// the standby of a line whose first broker is gone, and passes on to a central one.
     static Broker &shared();
-    /// That central broker; without it the shared one.
+    /// The central broker; without WELMO_TEST_LINE the shared one.
     static Broker &central();
 
     void start();
     void stop();
     void restart();
-    /// Holds the process, and lets it go on.
+    /// Stops the process, or lets it go on.
     void freeze(bool frozen);
 
     welmo::links::BrokerAddress as(const QString &user) const;
     int port() const { return m_port; }
     QString folder() const { return m_folder.path(); }
-    /// Serves encrypted on another port from now on, as the user finds it in as().
+    /// From now on the broker encrypts, on the port that as() names.
     void encrypt(const QString &certificate, const QString &key);
     /// Runs the shipped script; false when that fails.
     bool tries(const QStringList &arguments, const QByteArray &input = {});
-    /// Likewise, and ends the test when that fails.
+    /// Runs the shipped script; ends the test when that fails.
     void command(const QStringList &arguments, const QByteArray &input = {});
 
 private:

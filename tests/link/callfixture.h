@@ -7,8 +7,8 @@
 
 #include "linkwords.h"
 
-/// A clock that the test turns. The controller reads it again and again, so holding its gate stops
-/// the thread that the controller works on.
+/// A clock that the test sets. The controller's thread reads it all the time, and stops there while
+/// the test holds the gate.
 struct Hands
 {
     std::atomic<qint64> now{0};
@@ -23,7 +23,7 @@ struct Hands
     }
 };
 
-/// What a test asks of a link.
+/// A link, and the requests that tests make.
 template<typename Link>
 struct CallFixture
 {
@@ -45,12 +45,12 @@ struct CallFixture
         return call(Kind::Command, setMode, {}, mode(name), timeoutMs);
     }
     LinkReply load(int number) const { return call(Kind::Get, arcOn, fileName(number)); }
-    /// The file's current is @p current.
+    /// Writes a file with the current @p current.
     LinkReply save(int number, double current, int timeoutMs = patient) const
     {
         return call(Kind::Set, arcOn, fileName(number), file(number, current), timeoutMs);
     }
-    /// A key that moves the wire is held.
+    /// Sends what a held key for wire sends.
     LinkReply feedWire() const
     {
         return call(Kind::Command, QStringLiteral("arc_weld.wire_feed"),

@@ -3,7 +3,7 @@
 #include "link/embedded/embeddedserver.h"
 #include "simulatedcell.h"
 
-/// A controller in front of a pendant that numbers its sessions, on the clock of the test.
+/// A controller with one pendant, which numbers its sessions, on a clock that the test sets.
 class FarEnd
 {
 public:
@@ -54,7 +54,7 @@ private:
     welmo::links::EmbeddedServer m_server{{}, m_faults, m_journal, [this] { return m_now; }};
 };
 
-/// The same over messages, as a broker would carry them.
+/// The same with the messages of the network, but without a broker.
 class NetworkEnd : public FarEnd
 {
 public:

@@ -8,7 +8,7 @@ using tessa::LinkReply;
 using tessa::LinkRequest;
 using Kind = LinkRequest::Kind;
 
-constexpr int patient = 60000; // a limit that a healthy call never reaches
+constexpr int patient = 60000; // ms; no healthy call takes that long
 constexpr int impatient = 20;
 
 const QString modeNode = QStringLiteral("arc_weld.weld_mode");

@@ -14,8 +14,8 @@ inline bool accepts(int port)
     return probe.waitForConnected();
 }
 
-/// A port that nobody listens on. Below those that the system hands out: while nobody listens
-/// there, it may give such a one to who connects, who then finds himself at the other end.
+/// A port that nobody listens on. It is below the ports that the system gives to clients: a client
+/// that had this very port would connect to itself.
 inline int freePort()
 {
     for (;;) {

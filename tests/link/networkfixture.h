@@ -5,7 +5,7 @@
 #include "cell.h"
 #include "link/mqtt/mqttlink.h"
 
-/// A controller behind a broker. Its time goes on by itself, and the test can turn it further.
+/// A controller behind a broker. Its clock runs, and the test can set it forward.
 struct Fixture : CallFixture<welmo::links::MqttLink>
 {
     std::shared_ptr<Hands> hands = std::make_shared<Hands>();

@@ -5,7 +5,7 @@
 #include "callfixture.h"
 #include "link/mqtt/mqttlink.h"
 
-/// A pendant on the network, and what it tells its operator.
+/// A pendant on the network, and the problems that it tells its operator.
 struct Pendant : CallFixture<welmo::links::MqttLink>
 {
     std::unique_ptr<QSignalSpy> problems;

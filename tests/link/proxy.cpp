@@ -50,7 +50,7 @@ void Proxy::join(QTcpSocket *from, QTcpSocket *to)
                            [=] { to->write(waiting->dequeue()); });
     });
     QObject::connect(from, &QTcpSocket::disconnected, to, [=] {
-        if (!m_swallows) // else nobody is told
+        if (!m_swallows) // a silent way does not tell of the end
             to->disconnectFromHost();
     });
 }

@@ -5,7 +5,7 @@
 #include <QThread>
 #include <atomic>
 
-/// A way to a port of this machine that fails on demand, at work on a thread of its own.
+/// A way to a port of this machine that fails on demand; it has a thread of its own.
 class Proxy
 {
 public:
@@ -13,9 +13,9 @@ public:
     ~Proxy();
 
     int port() const { return m_server->serverPort(); }
-    /// Nothing passes any more, and nobody is told; what came meanwhile is lost for good.
+    /// Loses everything from now on, without ending a connection.
     void swallow(bool on) { m_swallows = on; }
-    /// Everything comes so much later, in its order.
+    /// Delays everything by so many milliseconds.
     void delay(int milliseconds) { m_delay = milliseconds; }
     /// Breaks every connection.
     void cut();

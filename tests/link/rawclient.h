@@ -10,7 +10,7 @@
 /// A client that sends whatever it is told to.
 struct RawClient
 {
-    /// With @p id as the client id at the broker, or one of its own.
+    /// @p id is its client id at the broker; empty: one made from the name.
     RawClient(const welmo::links::BrokerAddress &address, const QString &name,
               const QString &id = {})
         : user(name)
@@ -34,7 +34,7 @@ struct RawClient
     bool isOnline() const { return m_client.isOnline(); }
     QString replyTopic() const { return topics.reply(user, "raw-" + user); }
     void publish(const welmo::links::MqttMessage &message) { m_client.publish(message); }
-    /// The request as a message that is ready to be sent, and sent again.
+    /// The request as a message, which can also be sent more than once.
     welmo::links::MqttMessage message(const welmo::controller::Request &content) const
     {
         welmo::links::MqttMessage made =
@@ -49,7 +49,7 @@ struct RawClient
         ++sequence;
         return message(content);
     }
-    /// Sends it and waits for the answer; nothing when there is none.
+    /// Sends the message and waits for the answer.
     std::optional<welmo::controller::Reply> exchange(welmo::links::MqttMessage message,
                                                      int timeoutMs = patient)
     {
@@ -67,7 +67,7 @@ struct RawClient
     bool greet()
     {
         std::optional<welmo::controller::Reply> reply;
-        for (int tries = 0; tries < 100 && !reply; ++tries) // there may be no cell yet
+        for (int tries = 0; tries < 100 && !reply; ++tries) // the cell may not be up yet
             reply = exchange(message({}), 100);
         const QVariantMap values = reply ? reply->value.toMap() : QVariantMap();
         session = values.value("session").toString();
@@ -83,7 +83,7 @@ struct RawClient
     QHash<QPair<QString, QByteArray>, welmo::links::MqttMessage> got; // by topic and correlation
 
 private:
-    QObject m_here; // on the thread of the test
+    QObject m_here; // receives on the thread of the test
     int m_correlation = 0;
-    welmo::links::MqttClient m_client; // last: its thread ends first
+    welmo::links::MqttClient m_client; // the last member, so that its thread ends first
 };

@@ -11,11 +11,13 @@ namespace {
 
 constexpr double beatMs = 25;
 constexpr double hourMs = 3600e3;
-constexpr double mayBeAhead = 10; // of the 100 ms that are promised, a beat counts 80 and a look 10
-constexpr double mayBeBehind = 30; // or the beats of a living pendant look too old
+// Milliseconds. Of the promised 100, a beat counts for 80 and the cell looks every 10.
+constexpr double mayBeAhead = 10;
+// Beyond that the beats of a living pendant look too old.
+constexpr double mayBeBehind = 30;
 constexpr double settlesMs = 1000;
 
-/// A clock that is off by so many millionths, and may be set or stand still.
+/// A clock that runs too fast by so many millionths, and may be set or stand still.
 struct Drifting
 {
     double ppm = 0;
@@ -23,8 +25,8 @@ struct Drifting
     qint64 at(double time) const { return qint64(time * (1 + ppm / 1e6) + shift); }
 };
 
-/// A pendant and a cell, a day long, without waiting: beats go one way, the cell's time the other,
-/// each on a way that is sometimes slow.
+/// A day of a pendant and a cell on simulated clocks: beats go to the cell and its time comes back,
+/// both sometimes late.
 struct Day
 {
     std::mt19937 random{7};
@@ -54,8 +56,8 @@ using Jump = std::function<void(Day &)>;
 
 } // namespace
 
-/// What a pendant believes of the cell's clock keeps the promise that wire stands still 100 ms
-/// after the last beat, whatever the clocks do.
+/// A pendant estimates the cell's clock so well that wire stands still 100 ms after the last beat,
+/// whatever the clocks do.
 class tst_CellClock : public QObject
 {
     Q_OBJECT

@@ -18,9 +18,9 @@ namespace {
 
 constexpr int beatMs = 25;
 constexpr qint64 hourMs = qint64(3600) * 1000;
-// What a cell may hold at most, with everything that users may lay in its way.
+// The most bytes that a cell may hold, whatever its users do.
 constexpr qint64 ceiling = qint64(16) * 1024 * 1024;
-// And one that was just started, whatever was written in its life.
+// The most bytes that a cell may hold right after its start.
 constexpr qint64 startCeiling = qint64(3) * 1024 * 1024;
 constexpr qint64 largestStore = qint64(8) * 1024 * 1024;
 
@@ -30,7 +30,7 @@ const QString seam = QStringLiteral("MoveL p3,v1000,fine,torch1,wobj0\n"
                                     "WMoveL Offs(p3,0,100,0),v50,fine,torch1\n"
                                     "ArcOff \"arcoffdata1\"\n");
 
-/// A cell that is started anew now and then, and a pendant that comes, works and goes.
+/// A cell that is sometimes started again, and a pendant that comes, works and leaves.
 class Plant
 {
 public:
@@ -150,7 +150,7 @@ private:
         check(reply.ok() != isStill(), "wire does not do as it is told");
         live(choose(3000), presses);
         if (choose(2) == 0)
-            return; // whatever comes next finds the wire moving
+            return; // the next job finds the wire moving
         live(4 * beatMs);
         check(isStill(), "wire moves without a key");
     }
@@ -158,42 +158,42 @@ private:
     {
         const QVariantMap program{{"name", "seam"}, {"text", seam}};
         if (!ask({RequestKind::Command, names::loadProgram, {}, program}).ok())
-            return; // one is paused
+            return; // another program is paused
         ask({RequestKind::Command, names::runProgram});
         live(choose(40) * 1000);
         ask({RequestKind::Command, names::stopProgram});
     }
-    /// More than there is room for, all at once.
+    /// Sends more at once than the cell has room for.
     void flood()
     {
         welmo::links::MqttMessage large = m_pendant.request({RequestKind::Get, arcOn}, m_now + 100);
         const QByteArray request = large.payload;
         for (int i = 0; i < 1000; ++i) {
-            large.payload = QByteArray(200 * 1024, ' ') + request; // no two share their bytes
+            large.payload = QByteArray(200 * 1024, ' ') + request; // each has bytes of its own
             mail::client()->handlers.message(large);
         }
         check(true, "");
         while (QCoreApplication::processEvents(), !SimulatedCell::takeSent().isEmpty()) { }
-        live(5000); // the share fills up again
+        live(5000); // until the pendant may send again
     }
     void leave()
     {
         switch (choose(4)) {
-        case 0: // switched off
+        case 0: // the pendant is switched off
             m_cell->deliver(m_pendant.end());
             check(isStill(), "wire moves after the end");
             break;
-        case 1: // gone without a word, with a key held or not
+        case 1: // the pendant is gone, perhaps with a key held
             pass(500);
             break;
-        case 2: // the broker
+        case 2: // the broker is lost for a moment
             mail::client()->handlers.offline(QStringLiteral("gone"), true);
             QCoreApplication::processEvents();
             check(isStill(), "wire moves without a broker");
             mail::client()->handlers.online();
             QCoreApplication::processEvents();
             break;
-        default: // the cell
+        default: // the cell is started again
             start();
         }
     }
@@ -214,8 +214,8 @@ private:
 
 } // namespace
 
-/// Days in the life of a cell, with a pendant that comes, works and goes in every way. WELMO_HOURS
-/// says how many simulated hours.
+/// Simulated hours of a cell (WELMO_HOURS, at least 2): its memory stays bounded, nothing
+/// acknowledged is lost, and wire never moves without a hand.
 class tst_CellHours : public QObject
 {
     Q_OBJECT

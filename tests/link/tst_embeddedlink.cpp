@@ -2,7 +2,7 @@
 #include "embeddedfixture.h"
 #include "link/embedded/embeddedserver.h"
 
-/// What is so of the link to a controller in the same process only.
+/// The link to a controller in the same process: what other links do not have.
 class tst_EmbeddedLink : public QObject
 {
     Q_OBJECT
@@ -10,7 +10,7 @@ private slots:
     void storeThatCannotBeOpened()
     {
         const QTemporaryDir temporary;
-        const QString folder = temporary.filePath("deep/down"); // folders are made
+        const QString folder = temporary.filePath("deep/down"); // the store makes these folders
         auto owner = std::make_unique<Up<Fixture>>(folder);
         welmo::controller::Faults faults;
         welmo::controller::Journal journal;
@@ -18,12 +18,12 @@ private slots:
         QSignalSpy problems(&farEnd, &welmo::links::EmbeddedServer::problem);
         QSignalSpy greeted(&farEnd, &welmo::links::EmbeddedServer::greeted);
         for (int i = 0; i < 3; ++i)
-            farEnd.greet(1); // it tries again, and has nothing new to say
+            farEnd.greet(1); // each attempt fails, only the first is told
         QCOMPARE(problems.count(), 1);
         QVERIFY(problems.first().first().toString().contains("in use"));
         farEnd.leave();
         farEnd.greet(2);
-        QCOMPARE(problems.count(), 2); // told to who opens the link anew
+        QCOMPARE(problems.count(), 2); // it is told again when the link is opened again
         owner.reset();
         QCOMPARE(greeted.count(), 0);
         farEnd.greet(2);
@@ -39,7 +39,7 @@ private slots:
             if (moment == "while it is set up")
                 fixture.link->open();
             else if (moment != "never opened")
-                QVERIFY(fixture.comeUp()); // the one before left the store
+                QVERIFY(fixture.comeUp()); // the one before has released the store
             if (moment == "with an answer on its way")
                 fixture.link->faults()->setDelay(1000);
             if (moment.startsWith("with "))

@@ -6,7 +6,7 @@
 
 using namespace testsupport;
 
-/// Pendants and cells that reach the broker through TLS, and what they refuse.
+/// Pendants and cells trust a broker only with a good certificate.
 class tst_Encryption : public QObject
 {
     Q_OBJECT
@@ -15,7 +15,8 @@ private slots:
     {
         const QString byCa = "-CA ca.crt -CAkey ca.key";
         addRows<QString, QString, int, QString>(
-            {// who it is for, who signs, for how many days, and what is said of it
+            {// the host that it is for, who signs it, days that it is valid; the reason of a
+             // refusal
              {"good", "IP:127.0.0.1", byCa, 1, ""},
              {"expired", "IP:127.0.0.1", byCa, -1, "expired"},
              {"for another host", "DNS:broker.example.org", byCa, 1, "another host"},
@@ -48,7 +49,7 @@ private slots:
     void nothingLeavesInTheClear()
     {
         welmo::links::BrokerAddress address;
-        address.host = "192.0.2.1"; // a network that is nowhere
+        address.host = "192.0.2.1"; // a network that exists nowhere
         address.port = 1883;
         const Pendant pendant(address);
         pendant.link->open();

@@ -14,7 +14,7 @@ using Fault = Faults::Fault;
 namespace {
 
 constexpr int beatMs = 25;
-constexpr int lastProofToStill = 100; // the longest that wire moves on a beat
+constexpr int lastProofToStill = 100; // ms that wire may move on after a beat
 const QString wireFeed = QStringLiteral("arc_weld.wire_feed");
 
 struct Key
@@ -22,14 +22,14 @@ struct Key
     QString payload;
     QString child;
     bool held = false;
-    int press = 0; // the number of its last one
-    int started = 0; // the press that wire was started for last
-    qint64 lastProof = 0; // the last beat that named its press
-    int denied = 0; // the press that a beat has not named any more
+    int press = 0; // the number of its last press
+    int started = 0; // the last press that started wire
+    qint64 lastProof = 0; // when a beat named its press last
+    int denied = 0; // the last press that a beat left out
 };
 
-/// A pendant with its keys in front of the real far side, on one clock. What the far side's journal
-/// says is held against what was done here.
+/// A pendant with two keys and the real controller, on one clock. What the controller's journal
+/// says is compared with what the keys did.
 struct Scene
 {
     Scene(quint32 seed, FarEnd &end)
@@ -75,13 +75,13 @@ struct Scene
         key.held = false;
         ask(key, session);
     }
-    /// The commands get lost.
+    /// Lets both keys go; the commands of that get lost.
     void letGo()
     {
         for (Key &key : keys)
             key.held = false;
     }
-    /// The release of the key that moves the wire gets lost, while the other one is held.
+    /// Lets the key go that moves the wire, and holds the other; the command of that gets lost.
     void changeKeys()
     {
         if (!mover)
@@ -92,12 +92,12 @@ struct Scene
         other.held = true;
         mover->held = false;
     }
-    /// What was on its way when a session ended: a command, or a beat that may speak for no other.
+    /// Sends what was on its way when a session ended: a beat and a command.
     void sendOld()
     {
         farEnd.beat(-1, {presses + 1000});
         for (Key &key : keys)
-            key.denied = 0; // the beat that still waited has made room
+            key.denied = 0; // the old beat replaces one that the controller has not read yet
         farEnd.tick();
         Key key = anyKey();
         key.held = true;
@@ -120,7 +120,7 @@ struct Scene
     {
         letGo();
         pass(choose(300));
-        goDown(); // and a new one starts
+        goDown(); // the next pendant begins a new session
     }
     void toggle(Fault fault) { faults.set(fault, !faults.isOn(fault)); }
 
@@ -135,7 +135,7 @@ struct Scene
             key.denied = key.held ? key.denied : key.press;
         }
     }
-    /// Time passes on a pendant that works.
+    /// Lets time pass while the pendant works.
     void live(int ms)
     {
         for (; ms > 0; ms -= 5) {
@@ -146,7 +146,7 @@ struct Scene
                 beat();
         }
     }
-    /// Time passes on the far side only, which looks at it every 10 ms.
+    /// Lets time pass on the controller alone, which looks at the clock every 10 ms.
     void pass(int ms)
     {
         for (; ms > 0; --ms) {
@@ -171,7 +171,7 @@ struct Scene
             if (!mover)
                 continue;
             Key &key = *mover;
-            // One that was let go since the last beat is not known to be.
+            // A key that was let go after the last beat still counts as held.
             complain(!key.held && key.lastProof != lastBeat, "started without the key");
             complain(key.started == key.press, "started twice for one press");
             key.started = key.press;
@@ -194,8 +194,8 @@ struct Scene
         [this] { changeKeys(); },
         [this] { sendOld(); },
         [this] { kill(); },
-        [this] { pass(20 + choose(400)); }, // the pendant hangs
-        [this] { ask(keys[keys[0].press > keys[1].press ? 0 : 1], session); }, // again
+        [this] { pass(20 + choose(400)); }, // while the pendant hangs
+        [this] { ask(keys[keys[0].press > keys[1].press ? 0 : 1], session); }, // sent twice
         [this] { toggle(Fault::WelderError); },
         [this] { toggle(Fault::WireStuck); },
         [this] { toggle(Fault::LinkDown); },
@@ -214,7 +214,7 @@ struct Scene
     std::array<Key, 2> keys{Key{"wire_feel", "feed"}, Key{"wire_feel_back", "reverse"}};
     int presses = 0;
     int seen = 0;
-    Key *mover = nullptr; // whose wire moves
+    Key *mover = nullptr; // the key that moves the wire
     QString fault;
 };
 
@@ -223,8 +223,8 @@ using MakeFarEnd = FarEndPointer (*)();
 
 } // namespace
 
-/// Whatever happens, in whatever order: wire moves only while a key is held on a living pendant.
-/// WELMO_SEQUENCES says how often.
+/// In random sequences of events (WELMO_SEQUENCES of them), wire moves only while a key is held on
+/// a living pendant.
 class tst_HoldSequences : public QObject
 {
     Q_OBJECT
@@ -245,7 +245,7 @@ private slots:
             QVERIFY2(scene.fault.isEmpty(),
                      qPrintable(QStringLiteral("seed %1, %2").arg(seed).arg(scene.fault)));
             const auto entries = scene.journal.entries();
-            QVERIFY(entries.size() % 2 == 0); // all that started has stopped
+            QVERIFY(entries.size() % 2 == 0); // whatever started has stopped
             for (int i = 1; i < entries.size(); i += 2)
                 ++stops[entries.at(i).cause];
         }

@@ -10,7 +10,7 @@ using UpFixture = Up<Fixture>;
 using Link = tessa::ControllerLink;
 using Step = std::function<void(const Fixture &)>;
 
-/// What a host may rely on when it reaches a controller through a link of any kind.
+/// What every kind of link guarantees its host.
 class tst_Link : public QObject
 {
     Q_OBJECT
@@ -81,7 +81,7 @@ private slots:
         const UpFixture fixture;
         {
             const std::lock_guard stopped(fixture.hands->gate);
-            fixture.faults()->clear(); // the link's thread looks at the clock for it, and stops
+            fixture.faults()->clear(); // makes the link's thread read the clock, where it stops
             QCOMPARE(fixture.command("real", impatient).code, LinkReply::TimedOut);
         }
         QTRY_VERIFY(fixture.link->isUp());
@@ -114,7 +114,7 @@ private slots:
         fixture.faults()->set(Fault::LinkDown, false);
         QTRY_VERIFY(fixture.link->isUp());
         fixture.faults()->set(Fault::LinkDown, true);
-        QCOMPARE(fixture.get().code, LinkReply::Lost); // a call notices it before
+        QCOMPARE(fixture.get().code, LinkReply::Lost); // a call notices it at once
         QVERIFY(!fixture.link->isUp());
     }
     void breakFailsThePendingCall()
@@ -124,7 +124,8 @@ private slots:
         std::thread breaker([&fixture] {
             while (fixture.journal().entries().isEmpty())
                 std::this_thread::yield();
-            fixture.faults()->set(Fault::LinkDown, true); // carried out, and the answer on its way
+            fixture.faults()->set(Fault::LinkDown,
+                                  true); // it is carried out, the answer is on its way
         });
         const LinkReply reply = fixture.call(Kind::Command, QStringLiteral("arc_weld.gas_flow"));
         breaker.join();
@@ -148,7 +149,7 @@ private slots:
             QSignalSpy ups(fixture.link.get(), &Link::upChanged);
             QSignalSpy spy(fixture.link.get(), &Link::notified);
             QCOMPARE(fixture.watch().code, 0);
-            // More than are handed on at once: some still wait when the next session starts.
+            // So many that some are still waiting when the next session starts.
             for (const char *name : {"real", "test_run", "real", "test_run"})
                 QCOMPARE(fixture.command(name).code, 0);
             QTRY_VERIFY(spy.count() > 0);
@@ -157,14 +158,14 @@ private slots:
                 fixture.link->close();
             else
                 QCOMPARE(fixture.get(impatient).code, LinkReply::TimedOut);
-            QVERIFY(!fixture.link->isUp() && ups.isEmpty()); // told later
+            QVERIFY(!fixture.link->isUp() && ups.isEmpty()); // the signal comes later
             QVERIFY(fixture.comeUp());
             QCOMPARE(ups, (QList<QList<QVariant>>{{false}, {true}}));
             spy.clear();
             QCOMPARE(fixture.command("real").code, 0);
             QCOMPARE(fixture.watch().value, QVariant(mode("real")));
             QCOMPARE(fixture.command("simu").code, 0);
-            QTRY_VERIFY(spy.count() > 0); // this one, and none of those before
+            QTRY_VERIFY(spy.count() > 0); // the new one comes, the old ones do not
             QCOMPARE(spy.at(0).at(1), QVariant(mode("simu")));
         }
     }
@@ -187,7 +188,7 @@ private slots:
             fixture.link->beat({1});
             QCOMPARE(fixture.feedWire().code, 0);
         }
-        QCOMPARE(fixture.journal().entries().size(), 1); // it moves on
+        QCOMPARE(fixture.journal().entries().size(), 1); // wire went on without a stop
         end(fixture);
         QTRY_COMPARE(fixture.journal().entries().size(), 2);
         QCOMPARE(fixture.journal().entries().last().cause, cause);
@@ -218,7 +219,7 @@ private slots:
         QTRY_VERIFY(!fixture.link->isUp());
         fixture.hands->now += 1000;
         const int before = fixture.hands->readings;
-        QTRY_VERIFY(fixture.hands->readings > before + 3); // it had the time to see it
+        QTRY_VERIFY(fixture.hands->readings > before + 3); // the controller has noticed
         fixture.faults()->clear();
         QVERIFY(fixture.waitUp());
         QCOMPARE(read("tl_program.state").value("state").toString(), state);

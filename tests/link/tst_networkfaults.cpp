@@ -15,12 +15,12 @@ namespace {
 
 constexpr int beatMs = 25;
 
-/// A cell and a pendant that reach the broker by ways of their own.
+/// A cell and a pendant; each reaches the broker through a proxy of its own.
 struct Scene
 {
     Proxy cellWay{Broker::shared().port()};
     Proxy pendantWay{Broker::shared().port()};
-    std::mutex gate; // held: the cell hangs
+    std::mutex gate; // while the test holds it, the cell hangs
     Cell cell{options()};
     Pendant pendant{by(pendantWay, "anna")};
     QTimer beats;
@@ -47,7 +47,7 @@ struct Scene
         return address;
     }
 
-    /// A hand on the key for wire: beats, and the command.
+    /// Sends what a held key for wire sends: beats and the command.
     int holdWire()
     {
         ++press;
@@ -65,7 +65,7 @@ struct Scene
 
 using Step = std::function<void(Scene &)>;
 
-/// Of threads and files that this process has open.
+/// The number of threads and open files of this process.
 int countAll()
 {
     int count = 0;
@@ -76,7 +76,7 @@ int countAll()
 
 } // namespace
 
-/// What goes wrong between a pendant and a cell on the network, by name.
+/// Faults between a pendant and a cell on the network.
 class tst_NetworkFaults : public QObject
 {
     Q_OBJECT
@@ -100,7 +100,7 @@ private slots:
         QVERIFY(Scene().pendant.comeUp());
         m_openBefore = countAll();
     }
-    // With wire under way, which stops, and does not go on by itself.
+    // Wire is moving when the fault comes; it stops and does not start again by itself.
     void whatIsLostIsNoticedAndComesBack()
     {
         const auto &[name, cause, fail, mend] = currentRow<QString, Step, Step>();
@@ -111,7 +111,8 @@ private slots:
             QCOMPARE(scene.journal().size(), 1);
             fail(scene);
             QVERIFY(scene.pendant.waitUp(false));
-            const bool works = name != "cell hung"; // else it stops as soon as it does
+            const bool works =
+                name != "cell hung"; // a cell that hangs stops wire when it works again
             QVERIFY(!works || scene.waitStill());
             mend(scene);
             QVERIFY(scene.waitStill());
@@ -132,7 +133,7 @@ private slots:
             {{"killed", [](Broker &b) { b.stop(); }, [](Broker &b) { b.start(); }},
              {"hung", [](Broker &b) { b.freeze(true); }, [](Broker &b) { b.freeze(false); }}});
     }
-    // And the first one again, when the other is lost as well.
+    // Then the second broker is lost, and the first takes over again.
     void anotherBrokerTakesOver()
     {
         using Act = std::function<void(Broker &)>;
@@ -187,7 +188,7 @@ private slots:
         Scene scene;
         QVERIFY(scene.pendant.comeUp());
         QCOMPARE(scene.holdWire(), 0);
-        scene.pendantWay.delay(150); // beats still come in, each one late
+        scene.pendantWay.delay(150); // every beat still arrives, but late
         QVERIFY(scene.waitStill());
         QCOMPARE(scene.journal().constLast().cause, QString("no heartbeat"));
         QVERIFY(scene.holdWire() != 0);

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A host as a module finds it at start-up: a frame, nothing bound, nothing translated, no link.
+/// A host at its start: it has a frame, but no bound tree, no translation and no link.
 struct BareHost
 {
     explicit BareHost(const QString &language = "en")
@@ -17,7 +17,7 @@ struct BareHost
             kelp::habits() = testsupport::FormHost::nastyHabits();
             host.setLink(std::make_unique<testsupport::RecordingLink>());
             if (!QTest::qWaitFor([this] { return host.service()->isConnected(); }))
-                qFatal("the controller did not come up"); // before there is a module
+                qFatal("the controller did not come up"); // before the module is made
         }
         pando::frame().center = new pando::CenterWidget(&window);
         pando::frame().rightSide = new pando::ExpandSideBar(&window);
@@ -28,12 +28,12 @@ struct BareHost
     QTemporaryDir folder;
     QWidget window;
     tessa::Host host;
-    std::unique_ptr<pando::BModule> module; // goes first, as in a host
+    std::unique_ptr<pando::BModule> module; // destroyed first, as by a host
 };
 
 } // namespace
 
-/// What the host finds when it has loaded the library, and what the module does when it is made.
+/// What the library registers, and what the module makes in which step.
 class TestWelmo : public QObject
 {
     Q_OBJECT
@@ -52,7 +52,7 @@ private slots:
         const QString line = QString::fromUtf8(log.readAll());
         QVERIFY2(line.startsWith("[S|") && line.endsWith(" welmo v1.1.11\n"), qPrintable(line));
     }
-    /// The order in which the host drives a module: the entry in init, the views in setup.
+    // The module adds its menu entry in init and its views in setup.
     void initThenSetup()
     {
         for (const bool withSideBar : {true, false}) {

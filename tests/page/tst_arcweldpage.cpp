@@ -10,7 +10,7 @@ namespace {
 
 const QString modeNode = QStringLiteral("arc_weld.weld_mode");
 
-/// The module as the host runs it, most often before the link is up.
+/// The module in a host, by default before the link is up.
 struct Fixture
 {
     FormHost host;
@@ -31,7 +31,7 @@ struct Fixture
         page = pando::frame().center->currentWidget();
         buttons = child(page, "wgtNav")->findChildren<QToolButton *>();
     }
-    /// What the indicator shows; nothing on a host without a status bar.
+    /// The picture of the weld mode; none on a host without a status bar.
     static std::optional<QPixmap> picture()
     {
         if (!pando::frame().status)
@@ -39,7 +39,7 @@ struct Fixture
         auto *label = qobject_cast<QLabel *>(pando::frame().status->item("welmo.labelArcMode"));
         return label->pixmap(Qt::ReturnByValue);
     }
-    /// The titles of the sub-pages that exist, the shown one in capitals.
+    /// The sub-pages that were made, the shown one in capitals.
     QString subPages() const
     {
         QStringList list;
@@ -63,7 +63,7 @@ struct Fixture
 
 } // namespace
 
-/// The arc-weld page: its strip of sub-pages, what it loads, and the mode in the status bar.
+/// The arc-weld page: its sub-pages, what it reads, and the weld mode in the status bar.
 class tst_ArcWeldPage : public QObject
 {
     Q_OBJECT
@@ -75,17 +75,17 @@ private slots:
         QStringList texts;
         for (const QToolButton *button : qAsConst(ui.buttons))
             texts.append(button->text());
-        // Without the segment editor, which is not released.
+        // The segment editor is not released yet.
         QCOMPARE(texts.join('|'), "Device Setting|Welding Options|Process Setting|Weave Function");
         QCOMPARE(ui.checked(), "Device Setting under Device Setting");
         QCOMPARE(ui.subPages(), "GBX_WELDSELECTION");
         QVERIFY(ui.host.connect());
         ui.buttons[2]->click();
         ui.host.takeRequests();
-        ui.buttons[2]->click(); // nothing happens
+        ui.buttons[2]->click(); // is shown already
         auto *page = qobject_cast<ArcWeldPage *>(
             ui.host.host().helper()->framework()->modules().first()->submodules().first());
-        page->switchPage(); // that nobody clicked
+        page->switchPage(); // without a click
         QCOMPARE(ui.checked(), "Process Setting under Process Setting");
         QCOMPARE(ui.host.takeRequests(), QStringList());
 
@@ -109,7 +109,8 @@ private slots:
                                 "get arc_weld.weave_param weavedata1"};
             QStringList reads =
                 requests.filter("get arc_weld.").filter(QRegularExpression("(?<!_state)$"));
-            if (qEnvironmentVariable("WELMO_HOST") == "nasty") { // a form may hear of it first
+            if (qEnvironmentVariable("WELMO_HOST")
+                == "nasty") { // there a form may read before the page does
                 reads.removeDuplicates();
                 reads.sort();
                 inOrder.sort();
@@ -120,7 +121,7 @@ private slots:
         }
         QCOMPARE(ui.host.takeErrors(), QStringList());
     }
-    // Before the module is made, or before it has drawn anything.
+    // The link comes up before the module is made, or before it is drawn.
     void theLinkMayBeUpSooner()
     {
         {
@@ -150,8 +151,8 @@ private slots:
         ui.host.link()->answers = {{"get " + modeNode, mode},
                                    {"watch " + modeNode, mode},
                                    {"get arc_weld.welder_setting", setting}};
-        for (const bool isReadable : {true, false}) { // else it stays as it was
-            if (!isReadable) {
+        for (const bool isReadable : {true, false}) {
+            if (!isReadable) { // the tree keeps its values
                 ui.host.link()->answers.clear();
                 ui.host.faults()->setCode(modeNode, 8);
                 ui.host.faults()->setCode("arc_weld.welder_setting", 8);
@@ -174,7 +175,7 @@ private slots:
             QCOMPARE(layout->indexOf(bar->item("welmo.labelArcMode")) + 1,
                      layout->indexOf(ui.stretch));
         }
-        QCoreApplication::processEvents(); // what a first subscription may tell
+        QCoreApplication::processEvents(); // a first subscription may tell the mode
         ui.host.takeMessages();
         QList<QImage> pictures;
         const std::pair<QString, QStringList> modes[] = {

@@ -28,7 +28,8 @@ struct Fixture
         actions.registerArcButton();
         enableRegisterPhysicalButtons(&page, welmo::HandleKeys::setName, true);
     }
-    /// What an edge of the key sent and said; the welder's state was asked for when there is a "?".
+    /// What was sent and said when the key went down or up; "?" is a question for the welder's
+    /// state.
     QString edge(Key key, bool down)
     {
         host.takeRequests();
@@ -36,7 +37,7 @@ struct Fixture
         const QStringList all = host.takeRequests() + host.takeMessages();
         return all.join(", ").replace(readState, "?").remove(" []");
     }
-    /// Both edges; what the second did stands behind the bar.
+    /// The key goes down and up; the bar stands between the two.
     QString stroke(Key key)
     {
         const QString down = edge(key, true);
@@ -84,7 +85,7 @@ private slots:
             rows.push_back({wire + " refused", key, request, Refuses, both.arg("fail", "error")});
             rows.push_back(
                 {wire + ", no welder", key, request, Error, noWelder + " | " + noWelder});
-            // The release is tried all the same.
+            // The release tries to stop the wire even so.
             rows.push_back({wire + ", no link", key, request, NoLink,
                             noLink + " | error: cancel " + wire + " fail"});
         }
@@ -97,7 +98,7 @@ private slots:
         Fixture ui;
         if (welder == Refuses)
             ui.host.spoil(FormHost::Refused, request);
-        else // a controller starts nothing for a pendant without a heartbeat
+        else // without heartbeats the controller would refuse it
             ui.host.link()->answers[request] = 0;
         if (welder == Error)
             ui.host.link()->answers[readState] = QVariantMap{{"state", "error"}};
@@ -149,7 +150,7 @@ private slots:
     {
         Fixture ui;
         setJogOverride(1.0);
-        ui.edge(JogUp, true); // at the limit, where its timer ends at once
+        ui.edge(JogUp, true); // at the limit the repetition ends at once
         ui.edge(JogDown, true);
         QTRY_COMPARE(jogOverride(), 0.98);
         ui.edge(JogDown, false);

@@ -20,7 +20,7 @@ struct Fixture
     {
         for (const QString &node : {stateNode, QStringLiteral("arc_weld.weld_param")})
             host.host().service()->watch(&page, node, true);
-        QCoreApplication::processEvents(); // what a first subscription may tell
+        QCoreApplication::processEvents(); // a first subscription may tell values
     }
     QDoubleSpinBox *box(const char *name) { return child<QDoubleSpinBox>(page.wgt(), name); }
     void press(const char *name) { child<QPushButton>(page.wgt(), name)->click(); }
@@ -29,7 +29,7 @@ struct Fixture
         press(button);
         return host.takeMessages().join('|');
     }
-    /// The actual values, in the order in which they stand.
+    /// The actual values, from top to bottom.
     QString actual()
     {
         QStringList values;
@@ -38,7 +38,7 @@ struct Fixture
             values.append(child<QLabel>(page.wgt(), name)->text());
         return values.join(' ');
     }
-    /// What the controller was asked for when it told that name.
+    /// What the page asks for when the controller tells this name of a weld.
     QString asked(const QString &name)
     {
         host.takeRequests();
@@ -49,7 +49,7 @@ struct Fixture
 
 } // namespace
 
-/// The side bar's panel: actual values, and what is trimmed.
+/// The panel in the side bar: it shows the weld and trims its current and voltage.
 class tst_MonitorPage : public QObject
 {
     Q_OBJECT
@@ -60,7 +60,7 @@ private slots:
         Fixture ui;
         const std::pair<QVariantMap, QString> told[] = {
             {{{"current", 120.2}, {"voltage", 20}}, "120 20 0 0 0 0"},
-            {{{"current", 90}}, "120 20 0 0 0 0"}, // alone it changes nothing
+            {{{"current", 90}}, "120 20 0 0 0 0"}, // without a voltage it is not shown
             {{{"voltage", 9}}, "120 20 0 0 0 0"},
             {{{"welding_speed", 8.3}}, "120 20 8 0 0 0"},
             {{{"welding_time", 1.23456789}}, "120 20 8 1.23457 0 0"},
@@ -68,7 +68,8 @@ private slots:
             {{{"welding_distance", 1234567}}, "120 20 8 1.23457 1.23457e+06 0.25"},
         };
         for (const auto &[values, shown] : told) {
-            ui.page.onWelderStateChanged(values); // a host may tell more than what changed
+            // A host may also tell values that did not change.
+            ui.page.onWelderStateChanged(values);
             QCOMPARE(ui.actual(), shown);
         }
     }
@@ -116,7 +117,7 @@ private slots:
         addRows<const char *, double>(
             {{"untouched", "btnVoltageAdd1", 1000}, {"trimmed", "btnCurrentSub1", 999}});
     }
-    // The forms let a current go further than this box does.
+    // The forms allow a larger current than this box.
     void whatABoxCannotShowIsTold()
     {
         const auto &[name, button, current] = currentRow<const char *, double>();
@@ -140,7 +141,7 @@ private slots:
         auto &answers = ui.host.link()->answers;
         const QVariantMap weld{{"current", 120}, {"voltage", 20}, {"welding_name", "arcdata2"}};
         answers["get " + stateNode] = answers["watch " + stateNode] = weld;
-        for (const double stored : {110.0, 115.0}) { // by another pendant, meanwhile
+        for (const double stored : {110.0, 115.0}) { // what another pendant stored meanwhile
             answers[readFile] = QVariantMap{{"current", stored}, {"voltage", 20.5}};
             QVERIFY(ui.host.connect());
             QCOMPARE(ui.actual(), "120 20 0 0 0 0");
@@ -156,7 +157,7 @@ private slots:
                  QStringList("error: arcdata2: read parameter error [monitor]"));
         QCOMPARE(ui.box("sbxCurrent")->value(), 115.0);
     }
-    // News of a value that is trimmed here are told, and the save that did not know is not done.
+    // The operator is told when another pendant saved the value, and the first save is not done.
     void whatWasSavedElsewhereIsNotUndone()
     {
         Fixture ui;
@@ -171,7 +172,7 @@ private slots:
         const QString told = "\"Current\" was changed elsewhere to 180";
         QVERIFY(ui.saidAfter("btnSave").contains(told));
         QVERIFY(!ui.host.takeRequests().contains(writeFile));
-        answers[readFile] = file(200); // the news come before the save
+        answers[readFile] = file(200); // the page hears of it before the save
         ui.host.notify("arc_weld.weld_param", QVariantMap{{"arcdata2", file(200)}});
         QVERIFY(ui.host.takeMessages().join('|').contains("changed elsewhere to 200"));
         QCOMPARE(ui.box("sbxCurrent")->value(), 110.0);
@@ -194,7 +195,7 @@ private slots:
         QTest::keyClicks(box, "5\t");
         QCOMPARE(box->value(), 55.0);
     }
-    // What one saves, the other must not undo.
+    // Neither may undo what the other saved.
     void theFormsShowWhatIsTrimmedAndTheOtherWayRound()
     {
         Fixture ui;
@@ -223,7 +224,7 @@ private slots:
         QVERIFY(ui.host.mend());
         QTRY_VERIFY(child(ui.page.wgt(), "lblWeldingTime")->isEnabled());
     }
-    // The rest of a file that could not be read would be lost.
+    // A save would lose the rest of a file that could not be read.
     void nothingIsSavedOverAFileThatCouldNotBeRead()
     {
         Fixture ui;

@@ -9,12 +9,12 @@
 using namespace testsupport;
 using welmo::controller::Faults;
 
-/// What went wrong is told, kept, and led back to its cause.
+/// Alarms, and the list of reasons why there is no arc.
 class TestAlarms : public QObject
 {
     Q_OBJECT
 private slots:
-    // Each cause turns its own row red, and no other.
+    // Each cause turns only its own row red.
     void whyThereIsNoArc()
     {
         TestPendant pendant(withExample());
@@ -32,7 +32,7 @@ private slots:
             return rows.join(' ');
         };
         using Fault = Faults::Fault;
-        using Spoil = std::function<void(bool)>; // or else mend
+        using Spoil = std::function<void(bool)>; // false: mend it again
         const auto fault = [&](Fault which) -> Spoil {
             return [=, &pendant](bool on) { pendant.faults()->set(which, on); };
         };
@@ -103,7 +103,8 @@ private slots:
              {"near miss", otherWord, weld, "arcdata1", 120,
               "no instruction and passed over; ArcOn may be meant"}});
     }
-    // Where an arc is struck, the run waits until somebody has seen what is wrong.
+    // With real welding, a run that would strike an arc waits until the operator has seen what is
+    // wrong.
     void beforeTheRun()
     {
         const auto &[name, program, node, file, current, finding] =
@@ -141,7 +142,7 @@ private slots:
         pendant.click("btnProgramLook");
         QCOMPARE(findings(), finding);
     }
-    // Nobody knows what the robot does: stopping is offered, changing the program is not.
+    // While the link is lost, a run can be stopped, but the program cannot be changed.
     void linkLostInARun()
     {
         TestPendant pendant(withExample());
@@ -161,7 +162,7 @@ private slots:
         pendant.click("btnProgramStop");
         QTRY_VERIFY(may("btnInsertLine") && may("btnOpenProgram"));
     }
-    // An alarm stays over a start in another language, where it is told in that one.
+    // An alarm is still there after a start in another language, and is told in that language.
     void anAlarmIsKept()
     {
         Setup setup;

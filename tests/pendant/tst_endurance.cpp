@@ -13,7 +13,7 @@ using welmo::pendant::FormPane;
 
 namespace {
 
-/// Does @p once again and again, first until every cache is warm; what the heap has grown by.
+/// By how much the heap grows while @p once runs @p count times; the caches are filled before.
 template<typename Work>
 qint64 growthOver(int count, Work once)
 {
@@ -34,26 +34,27 @@ bool isLibraryMapped()
     return contentOf("/proc/self/maps").contains("libwelmo.so");
 }
 
-// Allocators keep something back; the smallest object left behind each time would be far more.
+// What an allocator may keep; one small object left behind each time is far more.
 constexpr qint64 slack = qint64(300) * 1024;
-// Qt 5.15 keeps what it knows of a spin box's style, some 200 bytes, until another one stands at
-// the same address; with Qt's widgets alone, too. Over 10,000 forms that is 66 for each spin box.
+// Qt 5.15 keeps some 200 bytes of a spin box's style until another box has the same address. Over
+// 10,000 forms that is 66 bytes for each spin box.
 constexpr qint64 keptByQt = 90;
-// At length for ./dev soak; otherwise a tenth, when Qt's caches are not warm yet: then only objects
-// count.
+// ./dev soak runs at full length. A tenth of that does not fill Qt's caches, so that only objects
+// are counted then.
 const bool atLength = qEnvironmentVariableIsSet("WELMO_SOAK");
 const int openings = atLength ? 10000 : 1000;
 const int notified = atLength ? 1000000 : 100000;
 
 } // namespace
 
-/// What a pendant that is never switched off goes through.
+/// A pendant that is never switched off keeps its memory.
 class tst_Endurance : public QObject
 {
     Q_OBJECT
 
 private slots:
-    // Before any module is made: what the library enters with host and Qt comes, and goes, whole.
+    // What the library registers with the host and Qt is there while it is loaded, and gone
+    // afterwards.
     void libraryComesAndGoes()
     {
         const QString resource = QStringLiteral(":/welmo/template/welmo.json");
@@ -88,7 +89,7 @@ private slots:
                                 R"(ArcOn "what")"};
         TestPendant pendant;
         auto *pane = pendant.window()->findChild<FormPane *>();
-        // What is kept by somebody who lives on; counted, for the bytes must allow for Qt's own.
+        // Objects are counted too, since the limit of bytes has to allow for Qt's own.
         const auto objects = [&pendant] {
             return pendant.window()->findChildren<QObject *>().size()
                 + pendant.host()->findChildren<QObject *>().size();

@@ -52,7 +52,7 @@ struct Fixture
 
 } // namespace
 
-/// Fields worked by touch and by mouse: keys on the screen, and the wheel.
+/// Fields: the keypad and the keyboard on the screen, marks of edits, and the wheel.
 class TestFields : public QObject
 {
     Q_OBJECT
@@ -125,7 +125,7 @@ private slots:
         QVERIFY(!box.clickedButton());
         QCOMPARE(lightness(), before);
     }
-    // The field, the button that saves it, and the sub-page's entry.
+    // An edit marks its field, the button that saves it, and the sub-page's entry.
     void whatIsEditedShows()
     {
         Fixture ui;
@@ -149,7 +149,7 @@ private slots:
         ui.pendant.type("sbxArconVoltage", "21");
         QCOMPARE(marks(), QVector<bool>({true, false, true}));
         QVERIFY(icon() != plain);
-        ui.pendant.type("sbxArconVoltage", "20"); // as it was
+        ui.pendant.type("sbxArconVoltage", "20"); // the stored value
         QCOMPARE(marks(), QVector<bool>({false, false, false}));
         ui.annotation->setText("root");
         QCOMPARE(marks(), QVector<bool>({false, true, true}));
@@ -163,7 +163,7 @@ private slots:
         const auto *line = pendant.find<QLabel>("pndLock");
         auto *status = pendant.host()->helper()->status();
         status->setMode(tessa::ControllerStatus::Mode::Automatic);
-        QVERIFY(!line->isVisible()); // Home can be worked
+        QVERIFY(!line->isVisible()); // Home is not locked
         pendant.openSubPage("Process Setting");
         QVERIFY(line->isVisible() && line->text().startsWith("Automatic mode"));
         status->setMode(tessa::ControllerStatus::Mode::Manual);

@@ -11,7 +11,7 @@ constexpr int wireFeed = 0;
 constexpr int pullBack = 4;
 const QPoint onThePage{600, 400};
 
-/// A pendant whose keys work, with a hand on them and an eye on the wire.
+/// A pendant whose keys work, and what fingers and the keyboard do to them.
 struct Fixture
 {
     TestPendant pendant{withoutTime()};
@@ -42,7 +42,7 @@ struct Fixture
     }
     void keyDown(Qt::Key key = Qt::Key_F1) { QTest::keyPress(window, key); }
     void keyUp(Qt::Key key = Qt::Key_F1) { QTest::keyRelease(window, key); }
-    /// As the keyboard sends it while F1 stays down.
+    /// What the keyboard sends while F1 stays down.
     void repeat()
     {
         for (const auto type : {QEvent::KeyRelease, QEvent::KeyPress}) {
@@ -72,7 +72,7 @@ using Act = std::function<void(Fixture &)>;
 
 } // namespace
 
-/// The column of physical keys, as a hand and the controller's journal see it.
+/// The column of physical keys: what is held, and what the wire does by the controller's journal.
 class TestKeyColumn : public QObject
 {
     Q_OBJECT
@@ -108,7 +108,7 @@ private slots:
                   QMouseEvent move(QEvent::MouseMove, onThePage, Qt::NoButton, Qt::NoButton, {});
                   QCoreApplication::sendEvent(ui.window, &move);
               }},
-             // One wire: the second key finds it moving, and is held without effect.
+             // Both keys move the one wire; the second finds it moving and does nothing.
              {"two fingers", "F.R.",
               [](Fixture &ui) {
                   ui.fingerDown(1, wireFeed);
@@ -147,7 +147,7 @@ private slots:
                   QCOMPARE(ui.told("wire feeding success"), 1);
                   ui.enable(false);
                   ui.enable(true);
-                  ui.keyDown(); // a repetition that does not say so
+                  ui.keyDown(); // a repetition that is not marked as one
                   ui.keyUp();
                   QCOMPARE(ui.told("cancel wire feeding success"), 1);
               }},
@@ -189,7 +189,7 @@ private slots:
                            QWidget dialog;
                            dialog.setWindowModality(Qt::ApplicationModal);
                            dialog.show();
-                           QCOMPARE(ui.wire(), "R."); // at once, not when the window system knows
+                           QCOMPARE(ui.wire(), "R."); // before the window system reports it
                        }},
                       {"hidden", [](Fixture &ui) {
                            ui.pendant.window()->hide();
@@ -197,7 +197,7 @@ private slots:
                            ui.pendant.window()->show();
                        }}});
     }
-    // And what was held takes a fresh press, whatever the keyboard goes on repeating.
+    // Only a new press moves the wire again; what the keyboard repeats does not.
     void everyPressIsReleased()
     {
         const auto &[name, event] = currentRow<Act>();
@@ -209,7 +209,7 @@ private slots:
         event(ui);
         QCOMPARE(ui.wire(), "R.");
         ui.repeat();
-        ui.keyDown(); // not every repetition says what it is
+        ui.keyDown(); // a repetition that is not marked as one
         ui.touch(0).move(1, ui.place(wireFeed), ui.window);
         QVERIFY(!ui.isAnyHeld());
         ui.fingerUp(1, wireFeed);
@@ -242,7 +242,7 @@ private slots:
     }
     void theFirstStateIsTheLeafs()
     {
-        Fixture ui; // which switched the device on
+        Fixture ui; // switches the device on
         Setup setup;
         setup.keepFiles = true;
         setup.connects = false;

@@ -47,8 +47,8 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("This pendant"), patient);
         ui.pendant.click("btnGiveControl");
         QVERIFY(text().startsWith("Nobody"));
-        ui.other.open(); // takes what is free
-        QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("anna ("), patient); // and which pendant
+        ui.other.open(); // who comes takes the control that is free
+        QTRY_VERIFY_WITH_TIMEOUT(text().startsWith("anna ("), patient); // then the pendant
         QVERIFY(!take->isEnabled());
         ui.other.close();
         QTRY_VERIFY_WITH_TIMEOUT(take->isEnabled(), patient);
@@ -59,7 +59,7 @@ private slots:
     {
         QSemaphore silence;
         Fixture ui;
-        const QSemaphoreReleaser end(silence); // or else the cell would never go
+        const QSemaphoreReleaser end(silence); // without it the cell would never end
         ui.pendant.openSubPage("Process Setting");
         QMetaObject::invokeMethod(
             ui.cell.service(), [&silence] { silence.acquire(); }, Qt::QueuedConnection);

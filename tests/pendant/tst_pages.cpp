@@ -12,7 +12,7 @@ using namespace testsupport;
 
 namespace {
 
-// Texts of the weave forms that are the same in every language, and a language's own name.
+// Texts of the weave forms that are never translated, and names of languages.
 const QStringList inEveryLanguage{"摆弧参数(weavedata)：", "摆弧参数(weavedata)", "中文",
                                   "English"};
 
@@ -58,7 +58,7 @@ bool fits(const QWidget *widget)
     return (!isTouched && !qobject_cast<const QLabel *>(widget)) || showsItsText(widget);
 }
 
-/// What is wrong with what is seen now.
+/// What is wrong with the widgets that are visible.
 QStringList complaints(QWidget *window, const QRegularExpression &foreign)
 {
     QStringList wrong;
@@ -69,10 +69,10 @@ QStringList complaints(QWidget *window, const QRegularExpression &foreign)
             continue;
         const QString name = widget->metaObject()->className() + (' ' + widget->objectName());
         const auto *area = qobject_cast<QAbstractScrollArea *>(widget);
-        const bool mayHide = widget->objectName() == "sideArea"; // no more than its border
+        const bool mayHide = widget->objectName() == "sideArea"; // only its border
         if (area && !mayHide && area->horizontalScrollBar()->maximum() > 0)
             wrong.append("sideways: " + name);
-        const QWidget *monitor = pando::frame().rightSide; // which takes room from the page
+        const QWidget *monitor = pando::frame().rightSide; // an open monitor narrows the page
         if ((monitor->isHidden() || monitor->isAncestorOf(widget)) && !fits(widget))
             wrong.append("cut off or small: " + name);
         for (const QString &text : textsOf(widget)) {
@@ -85,8 +85,8 @@ QStringList complaints(QWidget *window, const QRegularExpression &foreign)
 
 } // namespace
 
-/// Every page and form: in one language, nothing cut off or too small for a finger, and no wider
-/// than the room beside the monitor.
+/// Every page and form is in one language, fits beside the monitor, and has nothing that is cut off
+/// or too small for a finger.
 class TestPages : public QObject
 {
     Q_OBJECT
@@ -118,7 +118,8 @@ private slots:
         QStringList wrong;
         const auto look = [&](const QString &place) {
             for (int i = 0; i < 3; ++i)
-                QCoreApplication::processEvents(); // a page is laid out, then its bars
+                QCoreApplication::processEvents(); // the page is laid out first, then its scroll
+                                                   // bars
             for (const QString &complaint : complaints(pendant.window(), wrongText))
                 wrong.append(place + ": " + complaint);
         };
@@ -134,7 +135,7 @@ private slots:
         pendant.open("home");
         pendant.click("btnWhyNoArc");
         look("checks");
-        // First without the link, so that no welder has told its ranges yet.
+        // Without the link first: then no welder has told its ranges.
         for (const bool down : {true, false}) {
             pendant.faults()->set(welmo::controller::Faults::Fault::LinkDown, down);
             QVERIFY(down ? pendant.waitDisconnected() : pendant.waitConnected());

@@ -16,7 +16,7 @@ const QByteArray program = "\xEF\xBB\xBFMoveJ p1\r\n\xC4 raw\n\r\nArcOff \"arcof
 
 } // namespace
 
-/// The program behind the editor: what is not touched keeps its bytes, whatever was undone.
+/// The program behind the editor: lines that are not edited keep their bytes.
 class TestProgramDocument : public QObject
 {
     Q_OBJECT

@@ -15,7 +15,7 @@ const QByteArray mixed =
 
 } // namespace
 
-/// The program page, worked by touches on the whole pendant.
+/// The program page, operated by touches on the whole pendant.
 class TestProgramPage : public QObject
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ private slots:
         m_pendant->click("btnSaveProgram");
         QCOMPARE(kept("mixed.tl"), QByteArray(mixed).replace("data7", "data8"));
     }
-    // The values of a file that its line's form shows are no part of the line.
+    // The form of a line also shows values of its file, which are saved apart from the line.
     void valuesOfAFileAreNotLost_data()
     {
         addRows<QString, QString, double>({{"replace", "btnFormAccept", "Save", 55},
@@ -68,7 +68,7 @@ private slots:
     {
         keep("mixed.tl", mixed);
         m_program->open("mixed.tl");
-        m_program->choose(4); // its last word would be gone
+        m_program->choose(4); // a replaced line would lose its last word
         const QString old = m_program->line(4);
         m_pendant->click("btnEditLine");
         QVERIFY(m_pendant->find("lblFormWarning")->isVisible());
@@ -80,7 +80,7 @@ private slots:
         m_program->answer("Replace");
         QCOMPARE(m_program->line(4), "WMoveL p1,v10,fine,torch1,wobj0");
         m_pendant->click("btnUndo");
-        m_program->choose(3); // no text at all, and nobody's instruction
+        m_program->choose(3); // its bytes are no text
         m_pendant->click("btnEditLine");
         QVERIFY(m_pendant->find("lblFormWarning")->isVisible());
         m_pendant->click("btnFormAccept");
@@ -98,7 +98,7 @@ private slots:
         QCOMPARE(m_program->lineCount(), 0);
         m_pendant->click("btnFormCancel");
     }
-    // A time box has two decimals and begins at a tenth of a second.
+    // The box of a time has two decimals and begins at 0.1.
     void aFormThatShowsAnotherValueSaysSo()
     {
         keep("times.tl", "FeedBackWire 0.05\nDetectGas 1.234\nFeedOnWire 1.25\n");
@@ -114,7 +114,7 @@ private slots:
     {
         m_program->insert("WeaveOff");
         m_pendant->click("btnFormAccept");
-        m_pendant->changeDisplay("cbxTheme", "dark"); // the page is another one now
+        m_pendant->changeDisplay("cbxTheme", "dark"); // makes the page anew
         m_pendant->open("program");
         QCOMPARE(m_program->line(1), QString("WeaveOff"));
         m_pendant->click("btnNewProgram");
@@ -126,7 +126,7 @@ private slots:
         QVERIFY(m_pendant->window()->isVisible());
         m_program->answer("Save");
         QVERIFY(m_pendant->find("ledtFileName")->isVisible());
-        m_pendant->click("btnFileAccept"); // and what was asked for goes on
+        m_pendant->click("btnFileAccept"); // and the window closes as it was asked to
         QTRY_VERIFY(!m_pendant->window()->isVisible());
         QCOMPARE(kept("New program.tl"), "WeaveOff\n");
     }
@@ -146,7 +146,7 @@ private slots:
         m_program->choose(1);
         m_pendant->click("btnRemoveLine");
         m_pendant->click("btnSaveProgram");
-        QVERIFY(!m_program->isAsked()); // it is our own by now
+        QVERIFY(!m_program->isAsked()); // the file is as this page saved it
     }
     void whatCannotBeSavedStays()
     {
@@ -185,7 +185,7 @@ private slots:
         m_pendant->click("btnFormAccept");
         QCOMPARE(m_program->lineCount(), 6);
         QCOMPARE(m_program->line(4), QString("WMoveL p4,v10,fine,torch1,wobj0"));
-        for (int line = 1; line <= 6; ++line) { // no finding but the files that are not there yet
+        for (int line = 1; line <= 6; ++line) { // only the files are missing yet
             m_program->choose(line);
             const QString finding = m_pendant->find<QLabel>("lblFinding")->text();
             QVERIFY2(finding.isEmpty() || finding.contains("data1"), qPrintable(finding));
@@ -193,7 +193,7 @@ private slots:
         m_pendant->click("btnUndo");
         QCOMPARE(m_program->lineCount(), 0);
     }
-    // Whoever starts within a seam, or goes on there after a step, is asked first.
+    // Starting within a seam, or going on there after a step, asks first.
     void aStartThatWouldLoseTheArcIsAsked()
     {
         cleanup();
@@ -221,7 +221,7 @@ private slots:
         QTRY_VERIFY(isAt("running", 1));
         m_pendant->click("btnProgramStop");
     }
-    // The margin says what the checker says, and follows every change.
+    // The findings follow every change of the program.
     void findings()
     {
         keep("wrong.tl", "MoveL p9,v10,fine,torch1,wobj0\nWait 9\nWeaveOff\n");

@@ -62,7 +62,7 @@ struct Grab
 
 } // namespace
 
-/// The handle keys on the keyboard of a real window system: what it does to keys that are held.
+/// The handle keys on a real X server: what ends the hold of a key.
 class TestXKeyboard : public QObject
 {
     Q_OBJECT
@@ -94,7 +94,7 @@ private slots:
         QTRY_COMPARE(ui.wire(), "F");
         end(ui);
         QTRY_COMPARE(ui.wire(), "F.");
-        ui.key("keyup", {f1, "shift"}); // by its place: its meaning may be gone
+        ui.key("keyup", {f1, "shift"}); // by its scan code, since F1 may not be mapped
         QVERIFY(XServer::run("setxkbmap", {"us"}));
         ui.key("key", {"F1"});
         QTRY_COMPARE(ui.wire(), "F.F.");
@@ -118,7 +118,7 @@ private slots:
         QVERIFY2(ui.pendant.lastMessage().startsWith("error: 1500 is out of range: 0 to "),
                  qPrintable(ui.pendant.lastMessage()));
     }
-    // The program that carries a viewer's hand to this window stands still.
+    // The relay between a browser and this window hangs.
     void aHangingRelayHoldsNothing()
     {
         int ends[2];
@@ -148,7 +148,7 @@ private slots:
         for (const char *modifier : {"ctrl", "alt", "shift", "super"}) {
             ui.down(modifier);
             ui.down("F1");
-            ui.up(modifier); // F1 stays, and may repeat
+            ui.up(modifier); // F1 stays down and may repeat
             ui.up("F1");
         }
         ui.key("key", {"F1"});

@@ -26,7 +26,7 @@ struct Fixture
         host.takeRequests();
     }
     kelp::ModuleObject *leaf(const QString &path) const { return m("welmo.device." + path); }
-    /// Exactly when welding is off the welder can be chosen.
+    /// The welder can be chosen only while welding is off.
     bool canChoose() const
     {
         return type->isEnabled() && child(page.wgt(), "gbx_weldSelection")->isEnabled();
@@ -35,7 +35,7 @@ struct Fixture
 
 } // namespace
 
-/// The device page: what the controller did not accept is not shown as if it had been.
+/// The device page never shows a setting that the controller did not accept.
 class tst_DevicesPage : public QObject
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ private slots:
         QCOMPARE(ui.current->currentText(), "350A");
         child<QComboBox>(ui.page.wgt(), "cbx_brand")->setCurrentText("Other");
         QCOMPARE(itemsOf(ui.type) + ' ' + itemsOf(ui.current), "X1 100A|200A");
-        // A protocol without an entry: looking it up makes none.
+        // Looking up an unknown protocol adds nothing to the list.
         auto *protocol = child<QComboBox>(ui.page.wgt(), "cbx_protocol");
         protocol->addItem("RS485", "RS485");
         protocol->setCurrentIndex(1);
@@ -81,7 +81,7 @@ private slots:
         QVERIFY(ui.leaf("enable")->getBool() && !ui.canChoose());
         theyChoose(false, "RP/RPH");
         QTRY_VERIFY(ui.canChoose());
-        ui.current->setCurrentIndex(3); // is being chosen here
+        ui.current->setCurrentIndex(3); // the operator is choosing here
         theyChoose(true, "RL/RPL");
         QTRY_VERIFY(ui.enable->isChecked());
         QCOMPARE(ui.type->currentText() + ui.current->currentText(), "RP/RPH800A");
@@ -91,7 +91,8 @@ private slots:
         Fixture ui;
         ui.type->setCurrentIndex(1);
         ui.current->setCurrentText("630A");
-        QCOMPARE(ui.leaf("device_param.current_type")->getInt(), 350); // until it is stored
+        QCOMPARE(ui.leaf("device_param.current_type")->getInt(),
+                 350); // the old one, until the controller has stored the choice
         ui.enable->setChecked(true);
         const QVariantMap sent{{"enable", true},         {"connect_to_welder", false},
                                {"protocol", "Ethercat"}, {"mfr", "Aotai"},
@@ -135,18 +136,18 @@ private slots:
                      "error: " + (asked ? message + " [setting]" : "tessa not connected []"));
             QCOMPARE(ui.host.takeRequests().join('|'), asked ? setWelder : QString());
             QCOMPARE(button->isChecked(), !on);
-            QCOMPARE(signalled.size(), 1); // not for the way back
+            QCOMPARE(signalled.size(), 1); // switching back signals nothing
             const char *key = enabling ? "enable" : "device_param.connect_to_welder";
             QCOMPARE(ui.leaf(key)->getBool(), !on);
             QCOMPARE(ui.canChoose(), !ui.enable->isChecked());
         }
     }
-    // Only the switch: a late "ok" must not let the handle keys loose after a quick off.
+    // The state moves only the switch: a late "ok" must not enable the handle keys after an "off".
     void theWeldersStateMovesTheSwitch()
     {
         Fixture ui;
         const QString node = QStringLiteral("arc_weld.welder_state");
-        xservice()->watch(this, node, true); // the arc-weld page does, for all
+        xservice()->watch(this, node, true); // in the place of the arc-weld page
         ui.host.takeRequests();
         for (const auto &[state, on] :
              {std::pair{"ok", true}, {"error", true}, {"disabled", false}, {"error", false}}) {
@@ -164,8 +165,8 @@ private slots:
                                                            {"mfr", "Aotai"},
                                                            {"model", "RP/RPH"},
                                                            {"current_type", 800}};
-        for (const bool isReadable : {true, false}) { // else it stays as it was
-            if (!isReadable) {
+        for (const bool isReadable : {true, false}) {
+            if (!isReadable) { // the page keeps what it shows
                 ui.host.link()->answers.clear();
                 ui.host.spoil(FormHost::Refused, readSetting);
             }
@@ -176,7 +177,7 @@ private slots:
             QCOMPARE(ui.leaf("device_param.current_type")->value(), QVariant(800));
         }
     }
-    // The machine that another pendant connected stays connected when welding is enabled here.
+    // Enabling welding here does not disconnect the machine that another pendant connected.
     void whatAnotherPendantConnectedStaysConnected()
     {
         Fixture ui;
@@ -188,7 +189,7 @@ private slots:
         ui.current->setCurrentIndex(2);
         ui.page.initPage();
         QVERIFY(ui.connect->isChecked());
-        QCOMPARE(ui.current->currentText(), "350A"); // the first, for one that is not offered
+        QCOMPARE(ui.current->currentText(), "350A"); // the first one, since 444 A is not offered
         ui.enable->setChecked(true);
         const QVariantMap sent = ui.host.link()->lastPayload.toMap();
         QVERIFY(sent["connect_to_welder"].toBool());

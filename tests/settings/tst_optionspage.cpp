@@ -34,7 +34,7 @@ struct Fixture
         outcome();
     }
     void press(const QString &button) const { child<QAbstractButton>(page.wgt(), button)->click(); }
-    /// What was said by the page and, behind it, what was sent.
+    /// What the page said, then what it sent to the controller.
     QStringList outcome()
     {
         QStringList lines = host.takeMessages();
@@ -50,7 +50,7 @@ struct Fixture
 
 } // namespace
 
-/// The three groups of options.
+/// The three groups of options: running, clamping the torch, collision sensor.
 class tst_OptionsPage : public QObject
 {
     Q_OBJECT
@@ -68,7 +68,7 @@ private slots:
         ui.page.initPage();
         QCOMPARE(itemsOf(ui.input), "No signal|DI1_2|DI1_10|DI2_1");
     }
-    // Names of less than two parts all claim to come first; they stay as they came.
+    // A name without two parts comes before the others; several such keep their order.
     void inputOrder()
     {
         QStringList names{"DI2_1", "x", "DI1_10", "\u6ca1", "DI1_2", "", "DI99999999999_1", "_3"};
@@ -107,11 +107,11 @@ private slots:
         QCOMPARE(ui.host.stored("arc_weld.wire_clamping_torch_param").toMap(),
                  isStored ? (QVariantMap{{"enable", true}, {"signal", "DI2_5"}}) : QVariantMap());
         ui.page.initPage();
-        // What was refused is read anew, a lost link costs no edit.
+        // A refused value is replaced by the stored one, a lost link leaves the edit.
         QCOMPARE(ui.torchInput->currentText(),
                  failure == FormHost::Refused ? "No signal" : "DI2_5");
     }
-    // The text is stored as it is shown, and the next pendant may show another language.
+    // The text is stored in the language of the pendant that saved it.
     void noSignalIsKnownInEveryLanguage()
     {
         Fixture ui;
@@ -138,7 +138,7 @@ private slots:
                  "info: enable anti-collision device shielding success|" + setSensor);
         QCOMPARE(ui.host.stored("arc_weld.anticollision_param").toMap(),
                  QVariantMap({{"enable", true}, {"block", true}, {"signal", "DI2_3"}}));
-        for (const bool block : {false, true}) { // and follows the controller
+        for (const bool block : {false, true}) { // the switch follows the controller
             ui.host.notify("arc_weld.anticollision_state",
                            QVariantMap{{"enable", true}, {"block", block}});
             QCOMPARE(ui.shield->isChecked(), block);
@@ -148,7 +148,7 @@ private slots:
                  "info: disable anti-collision device success|" + setSensor);
         QVERIFY(!ui.shield->isChecked() && !ui.shield->isEnabled());
         QVERIFY(ui.input->isEnabled());
-        // The next "on" carries no shield that nobody asked for.
+        // Switching on again must not switch the shield on.
         QCOMPARE(ui.page.anticollision().data()->r("block")->getBool(true), false);
         ui.sensor->setChecked(true);
         QCOMPARE(ui.host.link()->lastPayload.toMap()["block"], QVariant(false));
@@ -158,7 +158,7 @@ private slots:
     {
         Fixture ui;
         const auto *hint = child(ui.page.wgt(), "lblWelderHint");
-        xservice()->watch(this, "arc_weld.welder_state", true); // the arc-weld page does, for all
+        xservice()->watch(this, "arc_weld.welder_state", true); // in the place of the arc-weld page
         for (const auto &[state, shown] :
              {std::pair{"ok", false}, {"error", true}, {"ok", false}}) {
             ui.host.notify("arc_weld.welder_state", QVariantMap{{"state", state}});
@@ -167,7 +167,7 @@ private slots:
         ui.host.notify("arc_weld.welder_state", QVariantMap{{"current", 120}});
         QVERIFY(hint->isHidden());
     }
-    // Shown at once, but not where it is being edited; a save undoes nobody's.
+    // Another pendant's values are shown unless they are being edited, and no save undoes them.
     void whatAnotherPendantSavedIsShownAndNotUndone()
     {
         Fixture ui;
@@ -183,7 +183,7 @@ private slots:
         ui.host.store(node, {}, theirs(130, 2));
         QTRY_COMPARE(dryRun->value(), 130);
         QCOMPARE(ui.wireSpeed->value(), 7.0);
-        ui.host.store(node, {}, theirs(140, 2)); // the save comes before the news
+        ui.host.store(node, {}, theirs(140, 2)); // the page hears of it after the save
         ui.press("btn_baseSetSave");
         QCOMPARE(ui.host.stored(node).toMap(), theirs(140, 7));
         ui.wireSpeed->setValue(8);
@@ -252,7 +252,7 @@ private slots:
         ui.wireSpeed->setValue(7);
         ui.page.initPage();
         QVERIFY(ui.outcome().contains("error: " + set + ": read parameter error"));
-        QCOMPARE(ui.wireSpeed->value() == 7, set == "running_param"); // edits stay
+        QCOMPARE(ui.wireSpeed->value() == 7, set == "running_param"); // which is an edit
         ui.host.faults()->clear();
         const auto hints = ui.page.wgt()->findChildren<QLabel *>("lblNotRead");
         QCOMPARE(std::count_if(hints.begin(), hints.end(),

@@ -11,11 +11,11 @@ const QString enableWeld = QStringLiteral("do arc_weld.enable_weld_param arcdata
 const QString deviceNode = QStringLiteral("arc_weld.device_param");
 const QVariantMap upTo40{{"unified", QVariantList{0, 200}}, {"separate", QVariantList{0, 40}}};
 
-/// One of the three groups by its names, with the labels that show its units in a second place.
+/// The names in one of the three groups, and the labels that show a unit a second time.
 struct Group
 {
     QString name, combo, file, otherCurrentUnit, otherVoltageUnit;
-    double fixedMaximum, separateMaximum; ///< before and after a 350 A welder told its ranges
+    double fixedMaximum, separateMaximum; ///< before and after the 350 A welder tells its ranges
 
     QString set() const { return "arc_weld." + name + "_param"; }
 };
@@ -27,7 +27,7 @@ const Group weld{"weld", "welding", "arcdata", {}, {}, 200, 35};
 const Group arcEnd{"arcoff", "arcoff", "arcoffdata", {}, "lblAntiStickVoltageUnit", 10000, 32};
 const Group groups[] = {arcStart, weld, arcEnd};
 
-/// The page as an operator finds it, with a closer look at one group.
+/// The page, and the controls of one of its groups.
 struct Fixture
 {
     FormHost host;
@@ -44,7 +44,7 @@ struct Fixture
         page.initPage();
         outcome();
     }
-    /// What was said by the page, and behind it what was asked.
+    /// What the page said, then what it asked the controller.
     QString outcome()
     {
         const QStringList lines = host.takeMessages() + host.takeRequests();
@@ -58,14 +58,15 @@ struct Fixture
     QComboBox *combo(const QString &name) const { return find<QComboBox>(name); }
     QDoubleSpinBox *box(const char *what) const
     {
-        return find<QDoubleSpinBox>("sbx" + group.name.at(0).toUpper() + group.name.mid(1) + what);
+        return find<QDoubleSpinBox>(QString("sbx") + group.name.at(0).toUpper() + group.name.mid(1)
+                                    + what);
     }
     void press(const char *button) const { find<QPushButton>(button)->click(); }
     void choose(int number) const
     {
         combo("cbx_" + group.combo + "ParamFileNumber")->setCurrentIndex(number - 1);
     }
-    /// The voltage, its range and its unit, which stands in more than one place.
+    /// The voltage with its range and its unit.
     QString shownVoltage() const
     {
         return QString("%1 of %2..%3 %4")
@@ -89,7 +90,7 @@ struct Fixture
         content["name"] = file;
         QCOMPARE(host.store(group.set(), file, content), 0);
     }
-    /// The welder tells these ranges for itself and for the arc end.
+    /// The welder tells its ranges of the voltage.
     void tellRanges(const QVariantMap &general, const QVariantMap &arcEnd)
     {
         host.link()->answers[readDevice] =
@@ -100,8 +101,8 @@ struct Fixture
 
 } // namespace
 
-/// What the process page adds to its files: the welder's modes and ranges, the rules between
-/// fields, and the buttons that act at once.
+/// The process page: the welder's modes and ranges, rules between fields, and buttons that act at
+/// once.
 class tst_ProcessPage : public QObject
 {
     Q_OBJECT
@@ -137,7 +138,7 @@ private slots:
             QCOMPARE(ui.shownVoltage(), "150 of 0..200 %");
             ui.voltageMode->setCurrentIndex(1);
             QCOMPARE(ui.shownVoltage(), QString("%1 of 0..%1 V").arg(group.separateMaximum));
-            // A stored one is clamped by the range that was shown before.
+            // A voltage is read before the mode of its file changes the range.
             ui.storeFile(2, {{"voltage_mode", "separate"}, {"voltage", 30.0}});
             ui.storeFile(3, {{"voltage_mode", "unified"}, {"voltage", 150.0}});
             ui.choose(2);
@@ -152,7 +153,7 @@ private slots:
             Fixture ui(group);
             for (const QVariantList &range :
                  {QVariantList{}, QVariantList{"a", "b"}, QVariantList{5}, QVariantList{9, 1}}) {
-                ui.tellRanges(upTo40, upTo40); // which do not stay for another welder
+                ui.tellRanges(upTo40, upTo40); // another welder must not inherit them
                 const QVariantMap bad{{"unified", range}, {"separate", range}};
                 ui.tellRanges(bad, bad);
                 for (const char *unit : {"%", "V"}) {
@@ -162,7 +163,7 @@ private slots:
                 }
             }
         }
-        // The general range clamps on the way to the arc end's own, which is the wider here.
+        // The general range clamps the voltage before the wider one of the arc end is set.
         Fixture ui(arcEnd);
         ui.tellRanges(upTo40,
                       {{"unified", QVariantList{0, 900}}, {"separate", QVariantList{0, 90}}});
@@ -176,22 +177,22 @@ private slots:
         ui.storeFile(2, {{"mode", "low_spatter"}});
         ui.choose(2);
         ui.host.takeRequests();
-        // In an order of its own, with one mode less and one that nobody knows.
+        // The welder lists its modes in another order, lacks one and has an unknown one.
         ui.host.link()->answers[readDevice] =
             QVariantMap{{"work_mode", QStringList{"Job", "Low Spatter", "Laser"}},
                         {"voltage_mode", QStringList{"Separate", "Unified"}},
                         {"current_mode", QStringList{"Wire Feed"}},
                         {"voltage_range", upTo40}};
         ui.host.notify(deviceNode, QVariantMap{{"work_mode", "changed"}});
-        QCOMPARE(ui.host.takeRequests(), QStringList(readDevice)); // no file is read anew
+        QCOMPARE(ui.host.takeRequests(), QStringList(readDevice)); // the files are not read again
         QVERIFY(ui.host.takeMessages().join('|').contains("unknown modes: Laser"));
         const QComboBox *work = ui.combo("cbx_weldWorkMode");
         QCOMPARE(work->count(), 2);
-        QCOMPARE(work->currentText(), "Low Spatter"); // the user's choice is kept
+        QCOMPARE(work->currentText(), "Low Spatter"); // the operator's choice stays
         QCOMPARE(ui.shownVoltage(), "0 of 0..200 %");
         ui.voltageMode->setCurrentIndex(0);
         QCOMPARE(ui.shownVoltage(), "0 of 0..40 V");
-        // "Current" is not offered: an empty choice, no wrong unit, and the file keeps its code.
+        // The welder lacks "Current": nothing is chosen, and the file keeps its code.
         QCOMPARE(ui.currentMode->currentIndex(), -1);
         QCOMPARE(ui.currentUnit(), "mm/s");
         ui.press("btnWeldingSave");
@@ -213,12 +214,12 @@ private slots:
             if (isFree)
                 moving->setCurrentIndex(0);
         }
-        // The rule also meets a file that holds both.
+        // The rule also holds for a file that has both.
         ui.storeFile(2, {{"scratch_arcon", QVariantMap{{"enable", true}}}, {"prearc_time", 5}});
         ui.choose(2);
         QCOMPARE(moving->currentText(), "Close");
     }
-    // The options in order; an empty choice leaves it as it is.
+    // The rows are choices one after the other; an empty choice changes nothing.
     void theBackDistanceIsForWeldsThatAreTakenUpAgain()
     {
         Fixture ui(weld);
@@ -230,7 +231,7 @@ private slots:
                 QCOMPARE(ui.find(name)->isHidden(), !shown);
         }
         ui.page.onArcBreakOptionChanged(0);
-        ui.page.onArcBreakOptionChanged(3); // nothing that is offered
+        ui.page.onArcBreakOptionChanged(3); // no such option
         QVERIFY(ui.find("sbxReStartBackDistance")->isHidden());
         QVERIFY(ui.find("sbxRetryOffset")->isHidden() && ui.find("lbl_retryOffset")->isHidden());
     }
@@ -265,7 +266,7 @@ private slots:
         QCOMPARE(ui.outcome(), outcome);
         if (outcome.endsWith(enableWeld))
             QCOMPARE(ui.host.link()->lastPayload.toMap()["current"], QVariant(180.0));
-        if (fault == "works") { // refilled as it was stored, whoever else shows the file
+        if (fault == "works") { // Cancel shows what was sent, although another form shows the file
             ui.current->setValue(99);
             QCoreApplication::processEvents();
             ui.press("btnWeldingCancel");

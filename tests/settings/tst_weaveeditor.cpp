@@ -57,7 +57,7 @@ using Values = QVector<double>; // frequency, amplitude, angles
 
 } // namespace
 
-/// What the weave editor adds to its file: dependent controls and the rules before a save.
+/// The weave editor: controls that depend on others, and the rules that are checked before a save.
 class tst_WeaveEditor : public QObject
 {
     Q_OBJECT
@@ -112,7 +112,7 @@ private slots:
         QCOMPARE(ui.angles(), "0 0 0");
         ui.elevation->setCurrentIndex(1);
         QCOMPARE(ui.angles(), "40 10 1");
-        // They never go into another file, nor stand for a "Triangular" file's own.
+        // The remembered angles belong to one file, and a "Triangular" file has its own.
         ui.show(3, elevationFile("v_pattern", 0, 0));
         ui.page.initPage();
         ui.elevation->setCurrentIndex(1);
@@ -157,7 +157,7 @@ private slots:
         QCOMPARE(ui.host.takeRequests().isEmpty(), message.startsWith("error"));
         QCOMPARE(ui.amplitude->value(), values[1]);
     }
-    // Whichever editor was built last: both write to the one default node.
+    // Both editors write their defaults to the same node; each must use its own.
     void eachHomeCreatesFilesOfItsOwn()
     {
         Fixture ui;

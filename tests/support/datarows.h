@@ -4,7 +4,7 @@
 #include <tuple>
 #include <vector>
 
-/// The values of a row, of whatever types, are one column of a test's data.
+/// Lets a tuple of values of any types be one column of a test's data.
 template<typename... Values>
 struct QMetaTypeId<std::tuple<Values...>>
 {
@@ -12,7 +12,7 @@ struct QMetaTypeId<std::tuple<Values...>>
     static int qt_metatype_id()
     {
         using Type = std::tuple<Values...>;
-        // As Q_DECLARE_METATYPE does it: the pointer says that this is no other name of a type.
+        // As in Q_DECLARE_METATYPE, the pointer tells that this is the type's first name.
         static const int id =
             qRegisterMetaType<Type>(typeid(Type).name(), reinterpret_cast<Type *>(quintptr(-1)));
         return id;
@@ -21,11 +21,11 @@ struct QMetaTypeId<std::tuple<Values...>>
 
 namespace testsupport {
 
-/// A row of a test's data: its name, then the values.
+/// A row of a test's data: its name and its values.
 template<typename... Values>
 using Row = std::tuple<QByteArray, Values...>;
 
-/// Adds rows to the data of a test; for its "_data" function.
+/// Adds rows to the data of a test; called in its "_data" function.
 template<typename... Values>
 void addRows(const std::vector<Row<Values...>> &rows)
 {
@@ -34,7 +34,7 @@ void addRows(const std::vector<Row<Values...>> &rows)
         QTest::newRow(std::get<0>(row)) << row;
 }
 
-/// The row that the test is run for, by the types that it was added with.
+/// The row that the test runs for; with the same types as in addRows().
 template<typename... Values>
 const Row<Values...> &currentRow()
 {

@@ -5,14 +5,14 @@
 
 namespace testsupport {
 
-/// What the file holds; nothing when there is none.
+/// The content of the file; empty if there is no such file.
 inline QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Ends the test when it cannot be written, for nothing after it would be true.
+/// Writes the file; ends the test program if that fails.
 inline void writeFile(const QString &path, const QByteArray &content)
 {
     QFile file(path);
@@ -20,8 +20,8 @@ inline void writeFile(const QString &path, const QByteArray &content)
         qFatal("cannot write %s", qPrintable(path));
 }
 
-/// Changes a database as any other program would. Not by a QProcess, which does not work under
-/// emulation.
+/// Runs a statement on a database by the program sqlite3. It uses no QProcess, which does not work
+/// under emulation.
 inline bool runSqlite(const QString &file, const QByteArray &sql)
 {
     FILE *program = ::popen(qPrintable(QStringLiteral("sqlite3 '%1'").arg(file)), "w");

@@ -51,10 +51,10 @@ void choose(QComboBox *combo, int row)
 {
     if (row < 0 || row >= combo->count())
         throw OutOfReach(describe(combo) + " has no such row");
-    // A combo ignores what is touched within the time of a double click after it opened.
+    // A combo ignores touches during a double-click interval after it opened.
     QApplication::setDoubleClickInterval(0);
     touch(combo);
-    // What is chosen may take the whole window away.
+    // A choice may close the window.
     const QPointer<QAbstractItemView> view = combo->view();
     const QString who = describe(combo);
     if (!QTest::qWaitFor([view] { return view->isVisible(); }))

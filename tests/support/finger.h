@@ -9,7 +9,7 @@ class QWidget;
 
 namespace testsupport {
 
-/// What the operator wanted to touch is not there, covered, or cannot be used.
+/// An operator could not touch this: it is not there, covered, or disabled.
 class OutOfReach : public std::runtime_error
 {
 public:
@@ -18,11 +18,11 @@ public:
     { }
 };
 
-/// Touches widgets as an operator does: through the window system, at the place where the widget
-/// is seen. Throws OutOfReach where an operator could not have done it.
+/// Touches widgets as an operator does: through the window system, where the widget is seen. Throws
+/// OutOfReach if an operator could not do that.
 namespace finger {
 
-/// Pixels that a finger needs.
+/// The least width and height for a finger, in pixels.
 constexpr int smallestTouch = 45;
 
 /// Touches the middle of @p target, which is scrolled into sight first.

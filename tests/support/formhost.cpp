@@ -10,7 +10,7 @@ namespace testsupport {
 
 namespace {
 
-constexpr int patient = 60000; // a limit that a healthy call never reaches
+constexpr int patient = 60000; // ms; no healthy call takes that long
 
 } // namespace
 
@@ -71,7 +71,7 @@ FormHost::FormHost(Link link, const QString &language)
 
 FormHost::~FormHost()
 {
-    if (isNasty()) // the frame goes before the modules
+    if (isNasty()) // such a host destroys the frame before the modules
         qDeleteAll(m_window.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly));
 }
 

@@ -12,7 +12,7 @@
 
 namespace testsupport {
 
-/// A link that keeps a list of what was asked, and breaks where it is told to.
+/// A link to a controller that records all requests, and can answer or break instead of it.
 class RecordingLink : public tessa::ControllerLink
 {
     Q_OBJECT
@@ -27,15 +27,15 @@ public:
     welmo::links::EmbeddedLink inner{welmo::links::EmbeddedLink::Options{}};
     QStringList requests; ///< "get arc_weld.arcon_param arcondata1"
     QVariant lastPayload; ///< of the last write or command
-    QString breakAt; ///< the link breaks when this request comes
-    QHash<QString, QVariant> answers; ///< to these requests, instead of the controller's own
-    std::optional<QVariant> answerToReads; ///< to every read and subscription
+    QString breakAt; ///< this request breaks the link
+    QHash<QString, QVariant> answers; ///< instead of the controller's, by request
+    std::optional<QVariant> answerToReads; ///< to every other read and subscription
 };
 
-/// What a form needs around it, without a window: a host, a frame, and a controller in memory. Up
-/// and connected when the constructor is through, unless told otherwise.
+/// What a form needs: a host, a frame without a window, and a controller in memory. It is connected
+/// when the constructor returns, unless told otherwise.
 ///
-/// Run with WELMO_HOST=nasty it is a host that decides otherwise wherever one may.
+/// With WELMO_HOST=nasty in the environment, the host behaves differently wherever a host may.
 class FormHost
 {
 public:
@@ -46,7 +46,7 @@ public:
     static bool isNasty();
     static kelp::Habits nastyHabits() { return {true, true, true, true, true, true}; }
 
-    /// Takes the link up or down, and waits until the host knows.
+    /// These change the link and wait until the host has noticed; false if it does not.
     bool connect();
     bool disconnect()
     {
@@ -54,34 +54,34 @@ public:
         return wait(false);
     }
 
-    /// What can go wrong with a request.
+    /// How a request can fail.
     enum Failure { NoFailure, LinkDown, Refused, NoAnswer, DiskFull };
-    /// From now on @p request ("set arc_weld.weld_param arcdata1") fails like that.
+    /// From now on @p request ("set arc_weld.weld_param arcdata1") fails in this way.
     void spoil(Failure failure, const QString &request);
-    /// Everything works again; false when the link does not come up.
+    /// Ends all failures; false if the link does not come up.
     bool mend()
     {
         faults()->clear();
         return connect();
     }
 
-    /// "level: text [sender]" of the messages since the last call, oldest first.
+    /// The messages since the last call as "level: text [sender]", oldest first.
     QStringList takeMessages() { return std::exchange(m_messages, {}); }
-    /// The texts of the errors among them alone, in alphabetical order.
+    /// The texts of the errors since the last call, in alphabetical order.
     QStringList takeErrors();
-    /// The requests since the last call, oldest first; those of this class are not among them.
+    /// The requests of host and form since the last call, oldest first.
     QStringList takeRequests() { return std::exchange(m_link->requests, {}); }
 
-    /// What the controller has stored, and the way in which another pendant would store it.
+    /// Read and write as another pendant would; store() returns the controller's code.
     QVariant stored(const QString &path, const QString &key = {});
     int store(const QString &path, const QString &key, const QVariant &value);
-    /// The controller tells that a node has these values.
+    /// Tells the host values of a node, as the controller would.
     void notify(const QString &path, const QVariant &values)
     {
         emit m_link->notified(path, values);
     }
 
-    /// Types into the box and does not finish; what stands there then.
+    /// Types into the box without finishing, and returns its text.
     QString typeHalf(QAbstractSpinBox *box, const QString &text);
 
     RecordingLink *link() { return m_link; }
@@ -94,13 +94,13 @@ private:
 
     LogGuard m_guard;
     QTemporaryDir m_folder;
-    QWidget m_window; // goes after the host, whose modules have their widgets in here
+    QWidget m_window; // destroyed after the host, whose modules have widgets in it
     std::unique_ptr<tessa::Host> m_host;
     RecordingLink *m_link;
     QStringList m_messages;
 };
 
-/// The child of that name; ends the test when there is none, for nothing after it would be true.
+/// The child of that name; ends the test program if there is none.
 template<typename Widget = QWidget>
 Widget *child(const QObject *form, const QString &name)
 {

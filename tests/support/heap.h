@@ -5,8 +5,8 @@
 
 namespace testsupport {
 
-/// Bytes that the whole process has on the heap. None under a sanitizer, which finds what leaks at
-/// the end, however small; it gives no address twice, so that what is kept by address would grow.
+/// Bytes that the process has on the heap. Always 0 under a sanitizer: it finds leaks itself, and
+/// it never reuses an address, so that caches by address grow.
 inline qint64 heapInUse()
 {
     const auto info = ::mallinfo2();

@@ -6,8 +6,8 @@
 
 namespace testsupport {
 
-/// The locale that LC_ALL names, made in a folder of its own where the machine lacks it. To be made
-/// before the application, which reads it.
+/// Makes the locale that LC_ALL names in a folder of its own, if the machine lacks it. Must exist
+/// before the application, which reads the locale.
 class Locale
 {
 public:
@@ -16,7 +16,7 @@ public:
         const QString name = qEnvironmentVariable("LC_ALL");
         if (std::setlocale(LC_ALL, ""))
             return;
-        // Without the sources, or for a name without one, there is none.
+        // This fails without the sources of locales, or for an unknown name.
         QProcess::execute("localedef",
                           {"-i", name.section('.', 0, 0), "-f", "UTF-8", m_folder.filePath(name)});
         qputenv("LOCPATH", m_folder.path().toLocal8Bit());

@@ -6,7 +6,8 @@
 
 namespace testsupport {
 
-/// While it lives, a qWarning or qCritical ends the test. The first that goes ends it for all.
+/// While a guard exists, qWarning and qCritical end the test program. The first guard that is
+/// destroyed switches all off.
 class LogGuard
 {
 public:
@@ -22,7 +23,7 @@ public:
 private:
     static void onMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
     {
-        // The offscreen platform has no window manager, and says so of every window and popup.
+        // The offscreen platform complains of every window that it has no window manager.
         if (text.startsWith("This plugin does not support "))
             return;
         if (type == QtDebugMsg || type == QtInfoMsg || type == QtFatalMsg)

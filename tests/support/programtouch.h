@@ -6,21 +6,21 @@ namespace testsupport {
 
 class TestPendant;
 
-/// The program page as an operator works on it. Throws OutOfReach as the finger does.
+/// What an operator does on the program page. Throws OutOfReach like the finger.
 class ProgramTouch
 {
 public:
     explicit ProgramTouch(TestPendant &pendant);
 
-    /// Opens a program that the pendant lists.
+    /// Opens a program of the list.
     void open(const QString &name);
-    /// Keeps the program under the name in the pendant's own folder.
+    /// Saves the program under this name in the pendant's folder.
     void saveAs(const QString &name);
     /// Touches the line, counted from 1.
     void choose(int line);
-    /// Chooses the instruction in the menu, so that its form is open.
+    /// Chooses the instruction in the menu, which opens its form.
     void insert(const QString &instruction);
-    /// Touches the button of that text in the question that is open.
+    /// Touches the button with this text in the open question.
     void answer(const QString &button);
     /// True when a question is open.
     bool isAsked() const;

@@ -57,7 +57,7 @@ bool TestPendant::waitLink(bool up)
         if (!changed.wait())
             return false;
     }
-    QCoreApplication::processEvents(); // the value counts at once, the window hears of it later
+    QCoreApplication::processEvents(); // the window is told later than the service
     return true;
 }
 

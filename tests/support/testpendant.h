@@ -17,18 +17,18 @@ struct Setup
 {
     QString language = QStringLiteral("en");
     QString theme = QStringLiteral("light");
-    QString dataFolder; ///< empty: a folder that goes with the pendant
+    QString dataFolder; ///< empty: a temporary folder
     QString modulePath; ///< empty: the package as built
-    bool withBook = false; ///< the weld book beside it
+    bool withBook = false; ///< loads the weld book as well
     bool keepFiles = false; ///< the controller's files on disk instead of in memory
     QString controller; ///< empty: one in this process
     bool example = false; ///< with the parameter files of the example
-    bool connects = true; ///< false: do not wait for a controller that cannot come up
+    bool connects = true; ///< false: does not wait for the controller
     welmo::controller::Clock clock = welmo::controller::steadyClock(); ///< the controller's
 };
 
-/// For what a hand does with a key: a machine under load misses beats, which stops wire as well; to
-/// this controller none is late.
+/// For keys that are held: the controller's clock stands still, so that no beat comes too late on a
+/// machine under load.
 inline Setup withoutTime()
 {
     Setup setup;
@@ -36,7 +36,7 @@ inline Setup withoutTime()
     return setup;
 }
 
-/// With the files of the example, which can weld.
+/// With the parameter files of the example, which can weld.
 inline Setup withExample()
 {
     Setup setup;
@@ -44,8 +44,8 @@ inline Setup withExample()
     return setup;
 }
 
-/// A whole pendant: the real window, the real library, a controller in this process. It is up and
-/// connected when the constructor is through.
+/// A whole pendant: the real window, the real library, and a controller in this process. It is
+/// connected when the constructor returns.
 class TestPendant
 {
 public:
@@ -55,7 +55,7 @@ public:
     bool waitConnected() { return waitLink(true); }
     /// Waits until the link is down; false when it stays up.
     bool waitDisconnected() { return waitLink(false); }
-    /// Closes the window and starts the pendant again, as if it had been switched off and on.
+    /// Switches the pendant off and on.
     void restart(const Setup &setup);
     void restart() { restart(m_setup); }
 
@@ -67,8 +67,8 @@ public:
     const Setup &setup() const { return m_setup; }
     QString dataFolder() const { return m_setup.dataFolder; }
 
-    /// The widget of that name, in the window; of several the one that is seen. Throws OutOfReach
-    /// when there is none.
+    /// The widget of that name in the window, the visible one if there are several. Throws
+    /// OutOfReach if there is none.
     template<typename Widget = QWidget>
     Widget *find(const QString &name)
     {
@@ -80,7 +80,7 @@ public:
         return seen == widgets.end() ? widgets.first() : *seen;
     }
     void click(const QString &name) { finger::touch(find(name)); }
-    /// Touches the row that shows @p text, or the row that stands for @p code.
+    /// Chooses the row with this text, or with this code, in the combo.
     void choose(const QString &combo, const QString &text)
     {
         auto *widget = find<QComboBox>(combo);
@@ -91,7 +91,8 @@ public:
         auto *widget = find<QComboBox>(combo);
         finger::choose(widget, widget->findData(code));
     }
-    /// Chooses in a combo of the Home page, which starts the pendant anew; waits until it is up.
+    /// Chooses in a combo of the Home page, which restarts the pendant; waits until it is
+    /// connected.
     void changeDisplay(const QString &combo, const QString &code);
     void type(const QString &spinBox, const QString &text)
     {
@@ -107,11 +108,11 @@ public:
     {
         return host()->helper()->log()->entries();
     }
-    /// What the wire did, by the controller's journal: a letter for each start and stop.
+    /// What the wire did by the controller's journal: F feeds, R retracts, . stops.
     QString wire() const;
     /// The newest message as "level: text"; empty when there is none.
     QString lastMessage();
-    /// Writes a picture of the whole window; false when that fails.
+    /// Writes a picture of the window to a file; false if that fails.
     bool picture(const QString &file)
     {
         QCoreApplication::processEvents();

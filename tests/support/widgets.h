@@ -1,6 +1,6 @@
 #pragma once
 
-// What tests look for in a form or a window, and QtTest to look at it with.
+// The widgets that tests look for, and QtTest.
 #include <QApplication>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -18,7 +18,7 @@
 
 namespace testsupport {
 
-/// What the combo offers, "a|b".
+/// The texts of the combo as "a|b".
 inline QString itemsOf(const QComboBox *combo)
 {
     QStringList texts;

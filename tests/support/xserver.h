@@ -5,8 +5,8 @@
 
 namespace testsupport {
 
-/// An X server of its own on a free display, with a keyboard that xdotool presses. To be made
-/// before the application, which then shows itself there. It ends with the test, however that ends.
+/// An X server on a free display; xdotool presses its keyboard. It must exist before the
+/// application, which then uses it, and it ends with the test program in any case.
 class XServer
 {
 public:
@@ -15,7 +15,7 @@ public:
 
     /// False when it could not be started.
     bool isUp() const { return m_up; }
-    /// Lets xdotool do that, and waits until it is through; false when it fails.
+    /// Runs xdotool, or another program, to its end; false if it fails.
     static bool tool(const QStringList &arguments) { return run("xdotool", arguments); }
     static bool run(const QString &program, const QStringList &arguments);
 

@@ -35,7 +35,7 @@ QStringList found(const Checker &checker, const QString &program)
 
 } // namespace
 
-/// What is found in a program, and where; beside what examples/mistakes.tl shows.
+/// Findings in programs, beside those that examples/mistakes.tl shows.
 class tst_Checker : public QObject
 {
     Q_OBJECT

@@ -12,7 +12,7 @@ using Spelling = PointExpression::Spelling;
 
 namespace {
 
-/// What a property form would write of a line; "-" stands for what was not read.
+/// What a property form writes of the line; "-" stands for what it could not read.
 QString written(const ParsedLine &line)
 {
     const Word word = line.instruction->word;
@@ -38,7 +38,7 @@ QString written(const ParsedLine &line)
     return formatMoveLine(word, points, parameters.format());
 }
 
-/// Every instruction's way to read a line; the problems' columns lie within it.
+/// Reads the line as every instruction; true if all problems lie within the line.
 bool readEveryWay(const QString &line)
 {
     for (const Instruction &instruction : instructions) {
@@ -54,15 +54,14 @@ bool readEveryWay(const QString &line)
 
 } // namespace
 
-/// What each instruction's lines say, what is wrong with them, and
-/// how they are written.
+/// Reading and writing the lines of each instruction.
 class tst_InstructionLines : public QObject
 {
     Q_OBJECT
 private slots:
     void initTestCase()
     {
-        QLocale::setDefault(QLocale(QLocale::German)); // must not matter
+        QLocale::setDefault(QLocale(QLocale::German)); // reading must not use it
     }
     void whatIsReadIsWrittenAgain_data()
     {
@@ -73,7 +72,7 @@ private slots:
              {R"(SegOn, ("segdata40");)", R"(SegOn "segdata40")"},
              {"DetectGas 1e2", "DetectGas 100"},
              {"FeedOnWire  1.234,", "FeedOnWire 1.234"},
-             {"FeedBackWire 123456.7", "FeedBackWire 123457"}, // six digits
+             {"FeedBackWire 123456.7", "FeedBackWire 123457"}, // six digits are written
              {"FeedBackWire -0", "FeedBackWire 0"},
              {"WMoveL Offs(p1, 1,2,3), s1 z1,tool0,w0", "WMoveL Offs(p1,1,2,3),s1,z1,tool0,w0"},
              {R"(WMoveC p2,p3,s1,z1,t0,w0,"weavedata1")",
@@ -97,8 +96,8 @@ private slots:
     }
     void badLines_data()
     {
-        // beside those of examples/mistakes.tl: what is read of it nevertheless; the column, and
-        // what is said
+        // lines that examples/mistakes.tl lacks; what is read all the same; the problem and its
+        // column
         addRows<QString, QString>(
             {{R"(  ArcOn "arcondata1")", R"(ArcOn "-","-")", "3: arcon tl command format error"},
              {"ArcOn arcondata1,arcdata1", R"(ArcOn "-","-")", "7: arcondata format error"},
@@ -117,14 +116,14 @@ private slots:
     void badLines()
     {
         const auto &[text, expected, said] = currentRow<QString, QString>();
-        // another word, but the form reads any
+        // The parser takes "SegOff." for another word; the form does not look at the word.
         const ParsedLine line = text == "SegOff." ? parseAs(Word::SegOff, text) : parse(text);
         QCOMPARE(written(line), expected);
         QCOMPARE(line.problems.size(), 1);
         const Problem &problem = line.problems.first();
         QCOMPARE(QString("%1: %2").arg(problem.column).arg(shown(problem.message)), said);
     }
-    // A form is handed text as it stands; what is around an instruction is for others to take off.
+    // Only parse() removes blanks and comments around an instruction; a form does not.
     void formsReadWhatTheyAreGiven()
     {
         for (const auto &[line, word] :
@@ -157,7 +156,7 @@ private slots:
                           {"ArcOm", "ArcOn"},
                           {"Weave", ""},
                           {"label:", ""},
-                          {"MoveS", ""}}); // may be a move of the host's
+                          {"MoveS", ""}}); // the host may have such a move
     }
     void meantWords()
     {
@@ -167,7 +166,7 @@ private slots:
     }
     void points_data()
     {
-        // what is read; whether that is all; the normal form
+        // what is read; true if that is the whole text; the normal form
         addRows<PointKind, QString, QString, bool, QString>(
             {{"p10", PointKind::Plain, "p10", "", true, "p10"},
              {"Offs( p1 , 10,-5.50,0)", PointKind::Offs, "p1", "10 -5.5 0", true,
@@ -205,7 +204,7 @@ private slots:
         QCOMPARE((PointExpression{PointKind::Offs, "%2", {1, 2, 3, 4}}).format(Spelling::Property),
                  QString("Offs(%2,1,2,3)"));
     }
-    // Whatever a name holds, it ends neither the line nor the argument.
+    // No character of a name may end the line or the argument.
     void namesStayWithinTheirArgument()
     {
         const QString evil = "a\"),b;(\r\nWeaveOff\n\t" + QString(QChar(0)) + QChar(0x2028) + "点";
@@ -225,7 +224,7 @@ private slots:
                                    {"digits", "FeedOnWire ", "9"},
                                    {"letters outside ASCII", "WMoveL ", "点"}});
     }
-    // A megabyte; a time that grew with its square would end at the test's time limit.
+    // A line of a megabyte would run into the time limit if the time grew with its square.
     void longLines()
     {
         const auto &[name, head, piece] = currentRow<QString, QString>();

@@ -8,7 +8,7 @@ using namespace testsupport;
 using welmo::tl::normalForm;
 using welmo::tl::ProgramText;
 
-/// A program's bytes, and the lines' normal form.
+/// The bytes of a program, and the normal form of its lines.
 class tst_ProgramText : public QObject
 {
     Q_OBJECT
@@ -42,11 +42,12 @@ private slots:
             {"\tWeaveOff ", "\tWeaveOff"},
             {"FeedOnWire  2 ; // s", "FeedOnWire 2 ; // s"},
             {"FeedOnWire 1000000", "FeedOnWire 1e+06"},
-            {"WMoveL p1 ,  v10 fine, tool0", "WMoveL p1,v10,fine,tool0"}, // no work object added
+            {"WMoveL p1 ,  v10 fine, tool0",
+             "WMoveL p1,v10,fine,tool0"}, // a work object is not added
             {"WMoveC RelTool( p1, 0,0, 10.0,0,0,0 ),Offs(p2,-0,1,2),v10,z1,t,w, \"weavedata1\"//x",
              R"(WMoveC RelTool(p1,0,0,10,0,0,0),Offs(p2,0,1,2),v10,z1,t,w,"weavedata1"//x)"},
         };
-        // What would lose something is left alone.
+        // A normal form of these would lose something, so they have none.
         for (const char *line :
              {"FeedOnWire 1.2345678", "FeedOnWire 0.05", "FeedOnWire, 1", "FeedOnWire 1,",
               "FeedOnWire 1,5", R"(ArcOn x"arcondata1","arcdata1")", "WMoveL p1,,v10,fine,tool0",

@@ -27,7 +27,7 @@ Run tlcheck(const QStringList &arguments, const QString &shell = "exec \"$@\"")
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
-// Names, bytes and times of all that lies in a folder.
+// Names, bytes and times of all files in a folder.
 QStringList stateOf(const QString &folder)
 {
     QStringList state;
@@ -39,10 +39,12 @@ QStringList stateOf(const QString &folder)
 
 } // namespace
 
-/// The command as it is called: what it prints, how it ends, what it writes and what it must not.
+/// The command tlcheck: what it prints, its exit status, and which files it changes.
 class tst_Tlcheck : public QObject
 {
-    Q_OBJECT private slots : void init()
+    Q_OBJECT
+private slots:
+    void init()
     {
         m_folder = std::make_unique<QTemporaryDir>();
         QString problem;
@@ -85,7 +87,7 @@ class tst_Tlcheck : public QObject
         QCOMPARE(checked.status, status);
         QVERIFY2(checked.err.contains(says.toUtf8()), checked.err);
         QCOMPARE(checked.err.isEmpty(), says.isEmpty());
-        // Whatever else is wrong, files that can be read are checked.
+        // It checks the files that it can read, whatever else is wrong.
         QCOMPARE(checked.out.contains("mistakes.tl:4:1: arcon tl command format error: "),
                  arguments.contains("mistakes"));
     }
@@ -108,7 +110,7 @@ class tst_Tlcheck : public QObject
         QVERIFY(tlcheck({"--no-references", "--fix", file}).err.isEmpty());
         QCOMPARE(stateOf(m_folder->path()), state);
     }
-    // No file may grow here, so that the new one cannot be written.
+    // The shell forbids files to grow, so that the new one cannot be written.
     void fixIsWholeOrNotAtAll()
     {
         const QString file = write("a.tl", "ArcOff  \"arcoffdata9\"\n");
@@ -141,8 +143,8 @@ class tst_Tlcheck : public QObject
               QStringList{"controller.db", "controller.db-wal", "controller.db-shm"}},
              {"copied by hand", QStringList{"controller.db", "controller.db-wal"}}});
     }
-    // What the pendant wrote last is seen, however it left the files, and the files stay as they
-    // are.
+    // It sees what the pendant wrote last, in whatever state the files are, and does not change
+    // them.
     void leavesTheProjectAlone()
     {
         const auto &[name, kept] = currentRow<QStringList>();

@@ -12,7 +12,7 @@ int rowOf(Tour &tour, const QString &file)
     return found.isEmpty() ? -1 : found.first().row();
 }
 
-// What was chosen in the first step of the book.
+// The file has what was chosen in the first step of the book.
 QString requireOption(Tour &tour, const QString &file)
 {
     return tour.requireStored("weld_param", file, "arc_break_param.arc_break_option",

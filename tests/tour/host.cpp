@@ -50,7 +50,7 @@ void hostPages(Tour &tour)
 
 namespace {
 
-// The program, its files, a form, a run beside the monitor, and what is told when the link breaks.
+// Pictures of the program, its files, two forms, a run beside the monitor, and a lost link.
 void showProgram(Tour &tour, const QString &prefix)
 {
     using Fault = welmo::controller::Faults::Fault;
@@ -83,7 +83,7 @@ void showProgram(Tour &tour, const QString &prefix)
 
 } // namespace
 
-// Every page in the dark theme, then in Chinese.
+// Pictures of every page in the dark theme, then in Chinese.
 void display(Tour &tour)
 {
     const auto showPages = [&tour](const QString &prefix) {

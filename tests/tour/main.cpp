@@ -1,4 +1,4 @@
-// The main job unattended: real window, real library, real touches; the exit status is the verdict.
+// Does the main job unattended, with the real window, library and touches; fails if a step fails.
 
 #include <QDir>
 #include <cstdio>

@@ -6,7 +6,7 @@ namespace tour {
 
 namespace {
 
-/// What is chosen or typed in a control, and the line that comes of it.
+/// A value for a control of the form, and the line that results.
 struct Entry
 {
     const char *control, *value, *line;

@@ -60,7 +60,7 @@ void path(Tour &tour)
     tour.step("a touch on the seam opens its line", [&] {
         tour.click("btnProgramStop");
         QWidget *view = tour.find("pndPath");
-        for (int y = view->height(); y > 0 && view->isVisible(); y -= 20) // it crosses the middle
+        for (int y = view->height(); y > 0 && view->isVisible(); y -= 20) // until it hits the seam
             QTest::mouseClick(view, Qt::LeftButton, {}, {view->width() / 2, y});
         const int line = tour.find<QListView>("lstLines")->currentIndex().row();
         return Tour::require(program.line(line + 1), "WMoveL p4,v10,fine,torch1,wobj0");

@@ -7,7 +7,7 @@ namespace tour {
 
 namespace {
 
-constexpr int patience = 30000; // milliseconds; the robot takes its way
+constexpr int patience = 30000; // ms; the robot needs its time
 
 testsupport::Setup onDisk()
 {

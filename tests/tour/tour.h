@@ -6,20 +6,20 @@
 
 namespace tour {
 
-/// One walk through the pendant: runs steps, tells each in one line, takes pictures on the way.
+/// Runs steps on a pendant, prints a line for each, and takes pictures.
 class Tour : public testsupport::TestPendant
 {
 public:
     explicit Tour(const QString &pictureFolder);
 
-    /// Runs @p act, which answers what was seen, and prints "ok" or "FAILED" with it. A step that
-    /// throws has failed; the walk goes on, with a picture of what is seen then.
+    /// Runs @p act, which returns what was seen, and prints "ok" or "FAILED" with that. A step
+    /// fails by throwing; its picture is taken even so, and the next step runs.
     void step(const QString &what, const std::function<QString()> &act);
     void step(const QString &what, const QString &pictureName, const std::function<QString()> &act);
-    /// A picture of the window as it is, numbered in the order of the walk.
+    /// Takes a picture of the window; pictures are numbered.
     void takePicture(const QString &name);
 
-    /// These end the running step as failed when what is seen is not @p wanted; they answer it.
+    /// These return what is seen; if that is not @p wanted, the step fails.
     static QString require(const QString &seen, const QString &wanted);
     QString requireMessage(const QString &wanted) { return require(lastMessage(), wanted); }
     QString requireText(const char *label, const QString &wanted);
@@ -27,12 +27,12 @@ public:
                           const QString &wanted);
     QString text(const char *label) { return find<QLabel>(label)->text(); }
     int current() { return text("lblActualCurrent").toInt(); }
-    /// Wait for more than this current, or for a text in the label.
+    /// These wait for a larger current, or for a text in the label; else the step fails.
     QString awaitCurrent(int least);
     QString awaitText(const char *label, const QString &part);
     QString cell(const char *table, int row, int column);
     void touchRow(const char *table, int row);
-    /// Waits until it is so; the step has failed when it takes too long.
+    /// Waits until @p isSo; the step fails when that takes too long.
     static QString await(const QString &what, const std::function<bool()> &isSo);
 
     void strike(Qt::Key key);
@@ -47,7 +47,7 @@ private:
     int m_failures = 0;
 };
 
-// The walk, in its order.
+// The parts of the walk; main.cpp has their order.
 void firstStart(Tour &tour);
 void processSetting(Tour &tour);
 void restart(Tour &tour);

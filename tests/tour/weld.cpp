@@ -50,7 +50,7 @@ void handleKeys(Tour &tour)
 
 void weld(Tour &tour)
 {
-    // A file comes into being with 0 A: nobody welds with what nobody chose.
+    // New files have 0 A, so that nobody welds with values that nobody chose.
     tour.step("the example's files get their currents", [&] {
         tour.openSubPage("Process Setting");
         tour.choose("cbx_arconParamFileNumber", "arcondata1");

@@ -16,12 +16,12 @@ const QString four = "speed format error|zone format error|tool format error|wob
 
 } // namespace
 
-/// The four forms of the welding moves: what they read, what they write, what they say.
+/// The four forms of the welding moves: what they read, write and say.
 class tst_MoveForms : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase() { QLocale::setDefault(QLocale::German); } // must not matter
+    void initTestCase() { QLocale::setDefault(QLocale::German); } // forms must not use it
     void lines_data()
     {
         addRows<QString, QString, QString>({
@@ -51,7 +51,7 @@ private slots:
              "WMoveC p6,p7,v50,fine,tool0" + kept, "point format error"},
         });
     }
-    // What a line does not say, or says wrongly, stays as it was shown before.
+    // Where a line says nothing, or something wrong, the form keeps what it showed.
     void lines()
     {
         const auto &[name, line, written, said] = currentRow<QString, QString, QString>();
@@ -81,8 +81,8 @@ private slots:
             return child<QDoubleSpinBox>(offsets, name);
         };
         form.FillWith("WMoveL Offs(p4,0.0001,2e+07,3),v50,fine,tool0,wobj0");
-        QCOMPARE(box("sbxX")->text(), "0.00010"); // not like none at all
-        box("sbxZ")->selectAll(); // the others keep their digits
+        QCOMPARE(box("sbxX")->text(), "0.00010"); // so small, it still shows digits
+        box("sbxZ")->selectAll(); // the other boxes keep their digits
         QTest::keyClicks(box("sbxZ"), "4.25");
         QCOMPARE(form.ToString(), "WMoveL Offs(p4,0.0001,2e+07,4.25),v50,fine,tool0,wobj0");
         form.FillWith("WMoveL p4,v50,fine,tool0,wobj0");
@@ -102,7 +102,7 @@ private slots:
         m("orbo.toolpage.wobj")->set(nullptr, QString(), "fixture1");
         WMoveLInsertWidget linear(host.window());
         QCOMPARE(linear.ToString(), "WMoveL p1,v5,fine,tool0,fixture1");
-        // An existing line without a work object means none of those that happen to be active.
+        // In an existing line, no work object means wobj0, whichever is active.
         WMoveLPropertyWidget property(host.window());
         property.FillWith("WMoveL p4,v50,fine,tool0");
         QCOMPARE(property.ToString(), "WMoveL p4,v50,fine,tool0,wobj0");
@@ -139,7 +139,7 @@ private slots:
         m("orbo.project.point._list")->set(nullptr, QString(), QVariantList{QVariantMap()});
         QCOMPARE(WMoveLInsertWidget(host.window()).ToString(), "WMoveL ,v5,fine,named,wobj0");
     }
-    // What another pendant does to the project.
+    // Another pendant changes the project.
     void openFormsFollowTheProject()
     {
         FormHost host;
@@ -157,7 +157,7 @@ private slots:
             QTRY_VERIFY(child<QComboBox>(form, "cbxPoint")->findText("p9") > 0);
         QTRY_COMPARE(insert.ToString(), "WMoveL p1,v5,fine,tool0,wobj0");
         QCOMPARE(edit.ToString(), "WMoveL p4,v20,fine,torch1,wobj0");
-        QCOMPARE(shown->value(), 0.0); // it was taught anew
+        QCOMPARE(shown->value(), 0.0); // the new p4 has no position
         QVERIFY(!child(&edit, "btnTaught")->parentWidget()->isHidden());
         QCOMPARE(host.takeMessages(), QStringList());
         QCOMPARE(host.store("orbo.project", "tool._list", QVariantList()), 0);
@@ -173,7 +173,7 @@ private slots:
         host.window()->show();
         panel.show();
         panel.onBtnDetailClicked();
-        QVERIFY(panel.findChildren<QDialog *>().isEmpty()); // without a file
+        QVERIFY(panel.findChildren<QDialog *>().isEmpty()); // no file is chosen
         for (const char *file : {"weavedata7", "weavedata8"}) {
             panel.setWeaveData(QString("\"%1\"").arg(file));
             child<QPushButton>(&panel, "btnWeaveDataDetail")->click();
@@ -183,7 +183,7 @@ private slots:
             QVERIFY(dialogs.first()->isVisible() && !dialogs.first()->isModal());
             QCOMPARE(dialogs.first()->getCurrentWeaveData(), file);
             QVERIFY(!child(&panel, "cbxWeaveData")->isEnabled());
-            panel.hide(); // another page was chosen
+            panel.hide(); // as when another page is shown
             QVERIFY(dialogs.first()->isHidden());
             panel.show();
             QVERIFY(dialogs.first()->isVisible());

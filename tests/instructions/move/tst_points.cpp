@@ -33,7 +33,7 @@ QVariant poseAnswer(const Values &v)
     return QVariantMap{{"pose", QVariantMap{{"frame", frame}}}};
 }
 
-/// Does something about the host's question as soon as it is there.
+/// Acts on the host's question when it appears.
 void whenAsked(const std::function<void(QMessageBox *)> &act)
 {
     QTimer::singleShot(0, qApp, [act] {
@@ -50,7 +50,7 @@ void agree(QMessageBox *box)
     box->buttons().constFirst()->click();
 }
 
-/// The property form of a circular move, or another; a test looks at one point or at the other.
+/// A form of a move, most often a circular one, and one of its two points.
 struct Fixture
 {
     FormHost host;
@@ -100,7 +100,7 @@ struct Fixture
             texts.append(box("wgtComplex", axis)->text());
         return texts.join(' ').remove(QStringLiteral("–")).trimmed();
     }
-    /// One of the items of the last command that was sent.
+    /// The value at @p path in the last command that was sent.
     QVariant sent(const QString &path) { return childAt(host.link()->lastPayload, path); }
     QString sentFrame()
     {
@@ -129,8 +129,8 @@ QVariantMap entry(const QString &id, const QString &name)
 
 } // namespace
 
-/// Reading the robot's position, computing a target, moving to either, stopping; and storing where
-/// the robot is as a project point.
+/// A point in a form: reading the robot's position, computing a target, moving to both, and storing
+/// a new point.
 class tst_Points : public QObject
 {
     Q_OBJECT
@@ -158,7 +158,7 @@ private slots:
             for (const double value : goal)
                 texts.append(QString::number(value, 'f', 3));
             QCOMPARE(ui.computed(), texts.join(' '));
-            // The request object keeps what was set; a second move must not inherit from it.
+            // The request object keeps old items; a second move must not send them.
             for (int i = 0; i < 2; ++i) {
                 ui.button(button)->click();
                 QCOMPARE(ui.host.takeRequests(), QStringList(moveCommand));
@@ -223,8 +223,7 @@ private slots:
             QCOMPARE(ui.host.takeMessages(), QStringList());
         }
     }
-    // What is active on the pendant is another matter, also when the line names the first of a
-    // list.
+    // The tool and the object of the line count, not the active ones.
     void asksWithTheLinesToolAndObject()
     {
         Fixture ui;
@@ -248,7 +247,7 @@ private slots:
         whenAsked([](QMessageBox *box) { box->reject(); });
         ui.button("btnUpdateLocation")->click();
         QCOMPARE(ui.position(), poseOfP7);
-        whenAsked([&ui](QMessageBox *box) { // the form may go while it asks
+        whenAsked([&ui](QMessageBox *box) { // the form may be closed while it asks
             ui.form.reset();
             box->buttons().constFirst()->click();
         });
@@ -259,7 +258,7 @@ private slots:
     {
         const QString noPosition = "get robot position fail", noMove = "move to point fail";
         const QString noPoint = "create point fail", noLink = "tessa not connected";
-        // a button, the request that fails, and how; what is said
+        // the button; the request that fails, and how; the message
         addRows<QString, QString, FormHost::Failure, QString>(
             {{"position refused", readPosition, getPosition, FormHost::Refused, noPosition},
              {"no position", readPosition, getPosition, FormHost::NoAnswer, noPosition},
@@ -281,7 +280,7 @@ private slots:
         const auto &[name, button, request, failure, said] =
             currentRow<QString, QString, FormHost::Failure, QString>();
         Fixture ui;
-        if (name == "list refused") // either form reports under its own name
+        if (name == "list refused") // each kind of form reports under its own name
             ui.make<WMoveCInsertWidget>();
         const QString line = ui.form->ToString();
         const kelp::ModuleObject *list = m("orbo.project.point._list");
@@ -289,7 +288,7 @@ private slots:
         const QVariantList stored = storedPoints(ui.host);
         ui.host.spoil(failure, request);
         ui.press(button);
-        // Whoever lacks the link says so without a name.
+        // A message about the missing link names no form.
         const QString by = said == "tessa not connected" ? QString() : ui.form->objectName();
         QCOMPARE(ui.host.takeMessages(), QStringList("error: " + said + " [" + by + ']'));
         QCOMPARE(ui.form->ToString(), line);
@@ -299,7 +298,7 @@ private slots:
         if (!ui.panel)
             return;
         QCOMPARE(ui.position(), poseOfP7);
-        // What can be moved to is still the point, in the point's own frame.
+        // The form still moves to the point, in the frame of the point.
         ui.press("btnPointMoveJ");
         QCOMPARE(ui.sentFrame(), "world wobj0");
     }
@@ -319,7 +318,7 @@ private slots:
         QCOMPARE(ui.panel->getParam(), "p6,Offs(p99,1,2,3)");
         auto *points = child<QComboBox>(ui.group, "cbxPoint");
         const int count = points->count();
-        ui.fill("p6,p98"); // whose name takes the other's place
+        ui.fill("p6,p98"); // this unknown name replaces the other one
         QCOMPARE(points->count(), count);
         QCOMPARE(ui.panel->getParam(), "p6,p98");
         ui.host.takeMessages();
@@ -381,7 +380,7 @@ private slots:
             static const QRegularExpression description(
                 R"(^Auto generate at: \d{4}/\d\d/\d\d \d\d:\d\d:\d\d$)");
             QVERIFY(description.match(point.value("description").toString()).hasMatch());
-            // The host's copy says the same, and so does the robot.
+            // The host's copy and the robot agree with it.
             QCOMPARE(m("orbo.project.point._list.p9")->toVariant(), QVariant(point));
             const auto answer = ui.host.host().helper()->controllerManager()->execRequest(
                 "tl_program.get_rob_pos", {}, QJsonObject{{"tool", "torch1"}, {"wobj", "wobj0"}},
@@ -399,7 +398,7 @@ private slots:
     void nameAndFrameOfANewPoint_data()
     {
         addRows<QString, QString, QString>(
-            {// the wished name and the work object's frame; what is stored
+            {// the wanted name; the frame of the work object; what is stored
              {"free, own list", "seam_1", "bench", "seam_1 bench"},
              {"taken, unknown frame", "p3", "shelf", "p9 world"},
              {"neither", "", "", "p9 world"},
@@ -411,7 +410,7 @@ private slots:
         FormHost host;
         host.store(project, "user_frame._list", QVariantList{entry("bench", "bench")});
         host.store(project, "wobj._list", QVariantList{entry("w", "w")});
-        QVERIFY(host.disconnect() && host.connect()); // the host reads its copy anew
+        QVERIFY(host.disconnect() && host.connect()); // so that the host reads the project again
         m("orbo.project.wobj._list.w")->set(nullptr, "user_frame", frame);
         MoveInsertWidget panel(host.window());
         panel.initialize("movec");
