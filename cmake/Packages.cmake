@@ -41,6 +41,8 @@ set(CPACK_DEBIAN_PLANT_PACKAGE_DEPENDS
     "${runtime}, libqt5sql5 (>= 5.15.8), libqt5sql5-sqlite, libmosquitto1 (>= 2.0.11), libssl3"
     "libcpp-httplib0.11, libjs-chart.js")
 list(JOIN CPACK_DEBIAN_PLANT_PACKAGE_DEPENDS ", " CPACK_DEBIAN_PLANT_PACKAGE_DEPENDS)
+set(CPACK_DEBIAN_PLANT_PACKAGE_RECOMMENDS "libqt5sql5-psql, ca-certificates")
+set(CPACK_DEBIAN_PLANT_PACKAGE_SUGGESTS "mosquitto, mosquitto-clients, postgresql")
 set(CPACK_DEBIAN_PENDANT_PACKAGE_RECOMMENDS "welmo-weldbook, fonts-wqy-microhei, qtwayland5")
 set(CPACK_DEBIAN_PENDANT_PACKAGE_SUGGESTS "mosquitto, mosquitto-clients")
 

@@ -16,6 +16,13 @@ namespace {
 
 constexpr int busyMs = 5000;
 
+// What the database says, and else what Qt does.
+QString told(const QSqlError &error)
+{
+    const QString text = error.databaseText().simplified();
+    return text.isEmpty() ? error.driverText().simplified() : text;
+}
+
 // No text of PostgreSQL has them.
 QVariant withoutZeros(const QVariant &value)
 {
@@ -96,7 +103,7 @@ QString Database::connect()
         m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyMs));
     }
     if (!m_database.open())
-        return tr("cannot be opened (%1)").arg(m_database.lastError().text().simplified());
+        return tr("cannot be opened (%1)").arg(told(m_database.lastError()));
     return {};
 }
 
@@ -232,7 +239,7 @@ qint64 Database::bytes() const
 
 bool Database::fail(const QSqlError &error)
 {
-    m_error = error.text().simplified();
+    m_error = told(error);
     m_isLost = isServer();
     return false;
 }

@@ -5,6 +5,7 @@
 #include "broker.h"
 #include "cell.h"
 #include "controller/core/json.h"
+#include "databaseserver.h"
 #include "link/mqtt/plantreader.h"
 #include "pendant.h"
 #include "support/datarows.h"
@@ -26,6 +27,7 @@ struct Program : QProcess
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("WELMO_BROKER_PASSWORD", Broker::shared().as(user).password);
         setProcessEnvironment(environment);
+
         const QString url = QStringLiteral("mqtt://%1@127.0.0.1:%2");
         start(program,
               QStringList(arguments) << "--broker" << url.arg(user).arg(Broker::shared().port()));
@@ -38,9 +40,33 @@ struct Program : QProcess
     }
 };
 
+/// An empty book of a plant, in a file or at a server.
+struct Book
+{
+    QTemporaryDir folder;
+    const QString address;
+
+    explicit Book(bool atServer)
+        : address(atServer ? DatabaseServer::shared().fresh() : QString())
+    { }
+    Place place() const
+    {
+        Place place = folder.filePath("plant.db");
+        if (!address.isEmpty() && !parsePlace(address, &place).isEmpty())
+            qFatal("%s is no address", qPrintable(address));
+        return place;
+    }
+    QStringList arguments() const
+    {
+        return address.isEmpty() ? QStringList{"--data", folder.path()}
+                                 : QStringList{"--database", address};
+    }
+};
+
 /// A cell and a recorder as they are shipped, and somebody who changes files.
 struct Scene
 {
+    const Book book;
     QTemporaryDir folder;
     Broker &broker = Broker::shared();
     const bool isListed = [this] {
@@ -48,10 +74,14 @@ struct Scene
         return true;
     }();
     Program cell{CONTROLLERD, {"--cell", "cell", "--data", folder.path()}, "cell"};
-    Program recorder{RECORDER, {"--data", folder.path()}, "plant"};
+    Program recorder{RECORDER, book.arguments(), "plant"};
     Pendant anna{broker.as("anna")};
     QStringList saved;
+    std::unique_ptr<Database> reader;
 
+    explicit Scene(bool atServer)
+        : book(atServer)
+    { }
     bool change()
     {
         for (int i = 0; i < 3; ++i) {
@@ -62,16 +92,16 @@ struct Scene
         return true;
     }
     /// The changed files, as they are in the plant's book, in order.
-    QStringList stored() const
+    QStringList stored()
     {
         QString problem;
-        const auto book = Database::open(folder.filePath("plant.db"), Database::ReadOnly, &problem,
-                                         plantSchema());
-        if (!book)
-            return {};
-        QSqlQuery query = book->select("SELECT entry FROM change ORDER BY log, sequence");
+        if (!reader)
+            reader = Database::open(book.place(), Database::ReadOnly, &problem, plantSchema());
         QStringList files;
-        while (book->next(query))
+        if (!reader)
+            return files;
+        QSqlQuery query = reader->select("SELECT entry FROM change ORDER BY log, sequence");
+        while (reader->next(query))
             files.append(query.value(0).toString());
         return files;
     }
@@ -100,35 +130,48 @@ private slots:
     void whateverFails_data()
     {
         using Step = std::function<void(Scene &)>;
-        addRows<Step, Step>(
-            {{"recorder", [](Scene &s) { s.recorder.cut(); }, [](Scene &s) { s.recorder.start(); }},
-             {"cell", [](Scene &s) { s.cell.cut(); }, [](Scene &s) { s.cell.start(); }},
-             {"broker", [](Scene &s) { s.broker.stop(); }, [](Scene &s) { s.broker.start(); }},
-             {"all",
-              [](Scene &s) {
-                  s.recorder.cut();
-                  QVERIFY(s.change());
-                  s.cell.cut();
-                  s.broker.stop();
-              },
-              [](Scene &s) {
-                  s.broker.start();
-                  s.cell.start();
-                  s.recorder.start();
-              }}});
+        const std::vector<Row<Step, Step>> failures{
+            {"recorder", [](Scene &s) { s.recorder.cut(); }, [](Scene &s) { s.recorder.start(); }},
+            {"cell", [](Scene &s) { s.cell.cut(); }, [](Scene &s) { s.cell.start(); }},
+            {"broker", [](Scene &s) { s.broker.stop(); }, [](Scene &s) { s.broker.start(); }},
+            {"all",
+             [](Scene &s) {
+                 s.recorder.cut();
+                 QVERIFY(s.change());
+                 s.cell.cut();
+                 s.broker.stop();
+             },
+             [](Scene &s) {
+                 s.broker.start();
+                 s.cell.start();
+                 s.recorder.start();
+             }}};
+        std::vector<Row<Step, Step, bool>> rows{
+            {"server",
+             [](Scene &s) {
+                 QTRY_COMPARE_WITH_TIMEOUT(s.stored(), s.saved, patient); // it has started
+                 DatabaseServer::shared().stop();
+             },
+             [](Scene &) { DatabaseServer::shared().start(); }, true}};
+        for (const auto &[name, fail, mend] : failures) {
+            rows.push_back({name, fail, mend, false});
+            rows.push_back({name + ", PostgreSQL", fail, mend, true});
+        }
+        addRows(rows);
     }
     // Also with a second recorder on the same book.
     void whateverFails()
     {
         using Step = std::function<void(Scene &)>;
-        const auto &[name, fail, mend] = currentRow<Step, Step>();
-        Scene scene;
+        const auto &[name, fail, mend, atServer] = currentRow<Step, Step, bool>();
+        Scene scene(atServer);
         QVERIFY(scene.anna.comeUp() && scene.change());
         fail(scene);
-        QVERIFY(name == "recorder" ? scene.change() : scene.anna.waitUp(false));
+        const bool cellGoesOn = name.startsWith("recorder") || name == "server";
+        QVERIFY(cellGoesOn ? scene.change() : scene.anna.waitUp(false));
         mend(scene);
         QTRY_COMPARE_WITH_TIMEOUT(scene.stored(), scene.saved, patient);
-        const Program second(RECORDER, {"--data", scene.folder.path()}, "plant");
+        const Program second(RECORDER, scene.book.arguments(), "plant");
         QVERIFY(scene.change());
         QTRY_COMPARE_WITH_TIMEOUT(scene.stored(), scene.saved, patient);
     }
@@ -137,22 +180,29 @@ private slots:
     {
         // what comes; whether something is missing; how far, and how much is stored when it came
         // to the other as well
-        addRows<QVector<PlantBook::Entry>, bool, int, int>(
-            {{"in order", {entry(1, 0), entry(2, 1), entry(3, 2)}, false, 3, 3},
-             {"twice", {entry(1, 0), entry(1, 0), entry(2, 1), entry(1, 0)}, false, 2, 2},
-             {"out of order", {entry(1, 0), entry(3, 2), entry(2, 1)}, true, 3, 3},
-             {"after dropped ones", {entry(301, 0, kind::state, 300)}, false, 301, 1},
-             {"of an unknown kind", {entry(1, 0, "news"), entry(2, 1)}, false, 2, 1},
-             {"no seam", {entry(1, 0, kind::seam), entry(2, 1)}, false, 2, 1}});
+        using Entries = QVector<PlantBook::Entry>;
+        const std::vector<Row<Entries, bool, int, int>> cases{
+            {"in order", {entry(1, 0), entry(2, 1), entry(3, 2)}, false, 3, 3},
+            {"twice", {entry(1, 0), entry(1, 0), entry(2, 1), entry(1, 0)}, false, 2, 2},
+            {"out of order", {entry(1, 0), entry(3, 2), entry(2, 1)}, true, 3, 3},
+            {"after dropped ones", {entry(301, 0, kind::state, 300)}, false, 301, 1},
+            {"of an unknown kind", {entry(1, 0, "news"), entry(2, 1)}, false, 2, 1},
+            {"no seam", {entry(1, 0, kind::seam), entry(2, 1)}, false, 2, 1}};
+        std::vector<Row<Entries, bool, int, int, bool>> rows;
+        for (const auto &[name, entries, gap, last, count] : cases) {
+            rows.push_back({name, entries, gap, last, count, false});
+            rows.push_back({name + ", PostgreSQL", entries, gap, last, count, true});
+        }
+        addRows(rows);
     }
     void twoRecordersAndOneBook()
     {
-        const auto &[name, entries, gap, last, count] =
-            currentRow<QVector<PlantBook::Entry>, bool, int, int>();
-        const QTemporaryDir folder;
+        const auto &[name, entries, gap, last, count, atServer] =
+            currentRow<QVector<PlantBook::Entry>, bool, int, int, bool>();
+        const Book book(atServer);
         QString problem;
-        const auto one = PlantBook::open(folder.filePath("plant.db"), &problem);
-        const auto other = PlantBook::open(folder.filePath("plant.db"), &problem);
+        const auto one = PlantBook::open(book.place(), &problem);
+        const auto other = PlantBook::open(book.place(), &problem);
         const PlantBook::Taken before = one->take(entries).value().first();
         const PlantBook::Taken after = other->take(entries).value().first();
         QCOMPARE(before.gap, gap);
@@ -213,12 +263,13 @@ private slots:
         QCOMPARE(packed(book->seams().course(seams.last().id).samples), packed(samples));
     }
     // What is told of a day; also when the seams are older than the sums.
+    void sumsAndLists_data() { addRows<bool>({{"SQLite", false}, {"PostgreSQL", true}}); }
     void sumsAndLists()
     {
-        const QTemporaryDir folder;
-        const QString file = folder.filePath("plant.db");
+        const bool atServer = std::get<1>(currentRow<bool>());
+        const Book place(atServer);
         QString problem;
-        auto book = PlantBook::open(file, &problem);
+        auto book = PlantBook::open(place.place(), &problem);
         constexpr qint64 noon = 472223 * hourMs;
         QVector<PlantBook::Entry> entries;
         const auto add = [&](const QString &cell, const QString &kind, const QVariantMap &content) {
@@ -242,8 +293,9 @@ private slots:
             auto &database = book->seams().database();
             if (old) {
                 QVERIFY(database.run("DROP TABLE seamsum"));
-                QVERIFY(database.run("PRAGMA user_version = 1"));
-                book = PlantBook::open(file, &problem);
+                QVERIFY(database.run(atServer ? "UPDATE about SET version = 1"
+                                              : "PRAGMA user_version = 1"));
+                book = PlantBook::open(place.place(), &problem);
             }
             QStringList sums;
             for (const auto &sum :

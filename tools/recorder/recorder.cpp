@@ -67,14 +67,14 @@ void Recorder::store()
 {
     const auto taken = m_book->take(m_waiting.mid(0, mostAtOnce));
     if (!taken) {
-        if (m_failure != m_book->errorText())
+        if (!std::exchange(m_isFailing, true))
             emit said(QStringLiteral("nothing can be stored: ") + m_book->errorText());
-        m_failure = m_book->errorText();
         m_waiting.clear(); // the cells keep it
         QTimer::singleShot(retryMs, this, &Recorder::askAll);
         return;
     }
-    m_failure.clear();
+    if (std::exchange(m_isFailing, false))
+        emit said(QStringLiteral("it can be stored again"));
     m_waiting.remove(0, qMin(mostAtOnce, m_waiting.size()));
     if (!m_waiting.isEmpty())
         m_storing.start();

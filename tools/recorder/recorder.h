@@ -32,7 +32,7 @@ private:
     std::unique_ptr<welmo::book::PlantBook> m_book;
     QVector<welmo::book::PlantBook::Entry> m_waiting;
     QHash<QString, qint64> m_asked; // after which sequence that cell was asked again
-    QString m_failure;
+    bool m_isFailing = false; // to store; said once
     int m_added = 0; // since that was last said
     int m_malformed = 0;
     QTimer m_storing;
