@@ -32,16 +32,8 @@ bool BookThread::post(const Job &job, Importance importance)
             return false;
         }
         ++m_droppable;
-        m_jobs.push_back([this, job](SeamBook &book) {
-            {
-                const QMutexLocker begun(&m_mutex);
-                --m_droppable;
-            }
-            job(book);
-        });
-    } else {
-        m_jobs.push_back(job);
     }
+    m_jobs.emplace_back(job, importance);
     m_news.wakeOne();
     return true;
 }
@@ -60,9 +52,11 @@ BookThread::Job BookThread::next()
         m_news.wait(&m_mutex);
     if (m_jobs.empty())
         return {};
-    Job job = std::move(m_jobs.front());
+    auto [job, importance] = std::move(m_jobs.front());
     m_jobs.pop_front();
-    return job;
+    if (importance == MayBeDropped)
+        --m_droppable;
+    return std::move(job);
 }
 
 std::unique_ptr<SeamBook> BookThread::openBook()

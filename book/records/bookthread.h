@@ -67,7 +67,7 @@ private:
     const Database::Access m_access;
     mutable QMutex m_mutex;
     QWaitCondition m_news;
-    std::deque<Job> m_jobs;
+    std::deque<std::pair<Job, Importance>> m_jobs;
     int m_droppable = 0;
     int m_dropped = 0;
     bool m_ending = false;
