@@ -111,7 +111,9 @@ std::optional<Breach> breachOf(const Set &set, const Release &release, const QVa
                                const QVariant &wanted)
 {
     const QStringList trimmed = trimmedKeys(set);
-    for (const QString &key : defaultsByKey(set).keys()) {
+    const auto defaults = defaultsByKey(set);
+    for (auto it = defaults.keyBegin(); it != defaults.keyEnd(); ++it) {
+        const QString &key = *it;
         const QVariant value = valueIn(set, wanted, key);
         if (value == valueIn(set, stored, key) || value == valueIn(set, release.content, key))
             continue;

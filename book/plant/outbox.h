@@ -15,7 +15,7 @@ public:
     struct Bounds
     {
         int entries = 5000;
-        qint64 bytes = 16 * 1024 * 1024;
+        qint64 bytes = qint64(16) * 1024 * 1024;
     };
     struct Entry
     {

@@ -19,7 +19,7 @@ const QString writtenKey = QStringLiteral("written");
 const QString valuesKey = QStringLiteral("values");
 const QString limitsKey = QStringLiteral("limits");
 
-constexpr qint64 longest = 64 * 1024 * 1024; // a file that claims to be larger is no backup
+constexpr qint64 longest = qint64(64) * 1024 * 1024; // a file that claims to be larger is no backup
 
 QString checksumOf(const QJsonObject &content)
 {

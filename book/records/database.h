@@ -19,8 +19,8 @@ namespace welmo::book {
 /// The tables of one kind of file.
 struct Schema
 {
-    qint64 applicationId; ///< tells this kind of file from others
-    qint64 version; ///< a file of a newer one is refused
+    qint64 applicationId = 0; ///< tells this kind of file from others
+    qint64 version = 0; ///< a file of a newer one is refused
     QStringList tables; ///< each as after CREATE TABLE, with SQLite's types
     QStringList indices; ///< each as after CREATE INDEX
     bool hasSeams = false; ///< the table "seam" gets a column for each of seamColumns()

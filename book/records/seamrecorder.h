@@ -101,7 +101,7 @@ private:
     bool isUnderWay() const;
     bool burns() const { return m_actual.current >= burningFrom; }
     void takeCounters(const QVariantMap &news);
-    void followPhase(const QString &phase);
+    void followPhase(const QString &before);
     void followFile(const QString &file);
     void takeSetValues(const QVariantMap &news);
     void setTo(const SetValues &values);

@@ -11,7 +11,6 @@
 
 using namespace welmo::book;
 namespace names = welmo::names;
-namespace protocol = welmo::links::protocol;
 
 namespace controllerd {
 

@@ -51,7 +51,8 @@ QString complaintAboutBook(const QCommandLineParser &parser, Options *options)
 QString complaintAbout(const QCommandLineParser &parser, Options *options)
 {
     if (!parser.positionalArguments().isEmpty())
-        return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first());
+        return QStringLiteral("unexpected argument '%1'")
+            .arg(parser.positionalArguments().constFirst());
     if (const QString complaint = complaintAboutBook(parser, options); !complaint.isEmpty())
         return complaint;
     if (!parser.isSet(QStringLiteral("broker")))

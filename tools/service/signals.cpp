@@ -13,15 +13,15 @@ int wakeUp()
     return descriptor;
 }
 
-volatile std::sig_atomic_t reread = 0;
-volatile std::sig_atomic_t ended = 0;
+volatile std::sig_atomic_t s_reread = 0;
+volatile std::sig_atomic_t s_ended = 0;
 
 } // namespace
 
 // A signal handler may do no more than set a flag and write to a descriptor.
 void Signals::handle(int number)
 {
-    (number == SIGHUP ? reread : ended) = 1;
+    (number == SIGHUP ? s_reread : s_ended) = 1;
     eventfd_write(wakeUp(), 1);
 }
 
@@ -31,11 +31,11 @@ Signals::Signals()
     connect(&m_notifier, &QSocketNotifier::activated, this, [this] {
         eventfd_t count = 0;
         eventfd_read(wakeUp(), &count);
-        if (reread) {
-            reread = 0;
+        if (s_reread) {
+            s_reread = 0;
             emit rereadWanted();
         }
-        if (ended)
+        if (s_ended)
             emit endWanted();
     });
     std::signal(SIGTERM, &Signals::handle);
