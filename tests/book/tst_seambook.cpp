@@ -86,7 +86,7 @@ private slots:
         const QTemporaryDir folder;
         const auto book = openBook(folder.filePath("book.db"));
         for (int i = 0; i < 10; ++i) {
-            Seam seam = seamAt(1000 * (i + 1), i % 2 ? "b.tl" : "a.tl");
+            Seam seam = seamAt(qint64(1000) * (i + 1), i % 2 ? "b.tl" : "a.tl");
             seam.verdict = i == 4 ? Verdict::Red : Verdict::Green;
             seam.mode = i == 5 ? "simu" : "real";
             QVERIFY(book->begin(&seam));
@@ -232,7 +232,7 @@ private:
         };
         acknowledge(true);
         for (int i = 0; i < 2; ++i) {
-            Seam seam = seamAt(1000 * i);
+            Seam seam = seamAt(qint64(1000) * i);
             acknowledge(book->begin(&seam));
             for (int part = 0; part < 3; ++part)
                 acknowledge(book->append(seam.id, samplesOf(10, 150 + part)));

@@ -7,11 +7,14 @@
 
 using welmo::controller::Store;
 
-// The functions of glibc; those below replace them for Qt, SQLite and C++.
+// Ours replace malloc, calloc and realloc for Qt, SQLite and C++; glibc's do the work.
 extern "C" {
-void *__libc_malloc(size_t size);
-void *__libc_calloc(size_t count, size_t size);
-void *__libc_realloc(void *block, size_t size);
+void *glibcMalloc(size_t size) __asm__("__libc_malloc");
+void *glibcCalloc(size_t count, size_t size) __asm__("__libc_calloc");
+void *glibcRealloc(void *block, size_t size) __asm__("__libc_realloc");
+void *ourMalloc(size_t size) __asm__("malloc");
+void *ourCalloc(size_t count, size_t size) __asm__("calloc");
+void *ourRealloc(void *block, size_t size) __asm__("realloc");
 }
 
 namespace {
@@ -26,22 +29,19 @@ bool isRefused()
 
 } // namespace
 
-extern "C" {
-
-void *malloc(size_t size)
+void *ourMalloc(size_t size)
 {
-    return isRefused() ? nullptr : __libc_malloc(size);
+    return isRefused() ? nullptr : glibcMalloc(size);
 }
 
-void *calloc(size_t count, size_t size)
+void *ourCalloc(size_t count, size_t size)
 {
-    return isRefused() ? nullptr : __libc_calloc(count, size);
+    return isRefused() ? nullptr : glibcCalloc(count, size);
 }
 
-void *realloc(void *block, size_t size)
+void *ourRealloc(void *block, size_t size)
 {
-    return isRefused() ? nullptr : __libc_realloc(block, size);
-}
+    return isRefused() ? nullptr : glibcRealloc(block, size);
 }
 
 namespace {
