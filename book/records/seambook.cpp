@@ -1,6 +1,7 @@
 #include "book/records/seambook.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "book/records/columns.h"
 #include "book/records/limitsjson.h"
@@ -89,7 +90,7 @@ bool SeamBook::finish(const Seam &seam)
     return m_database->atOnce([&] {
         int parts = 0;
         const Samples all = samples(seam.id, &parts);
-        return store(seam) && (parts < 2 || replaceCourse(seam.id, all, Course::fullRate));
+        return store(seam) && (parts < 2 || replaceCourse(seam.id, all));
     });
 }
 
@@ -124,13 +125,11 @@ bool SeamBook::store(const Seam &seam)
         values);
 }
 
-bool SeamBook::replaceCourse(qint64 seam, const Samples &samples, int rate)
+bool SeamBook::replaceCourse(qint64 seam, const Samples &samples)
 {
     return m_database->run(QStringLiteral("DELETE FROM course WHERE seam = ?"), {seam})
         && m_database->run(QStringLiteral("INSERT INTO course VALUES (?, 1, ?)"),
-                           {seam, packed(samples)})
-        && m_database->run(QStringLiteral("UPDATE seam SET course_rate = ? WHERE id = ?"),
-                           {rate, seam});
+                           {seam, packed(samples)});
 }
 
 QVector<Seam> SeamBook::read(QSqlQuery &query)
@@ -246,25 +245,39 @@ bool SeamBook::setLimits(const Limits &limits)
 
 int SeamBook::thin(qint64 olderThan, qint64 bytes, int most)
 {
-    const qint64 pages = m_database->value(QStringLiteral("PRAGMA page_count")).toLongLong()
-        - m_database->value(QStringLiteral("PRAGMA freelist_count")).toLongLong();
-    const qint64 size = pages * m_database->value(QStringLiteral("PRAGMA page_size")).toLongLong();
+    const bool isTooLarge = bytes != anySize && usedBytes() > bytes;
     QSqlQuery query = m_database->select(
         QStringLiteral("SELECT id FROM seam WHERE course_rate = %1 AND ended IS NOT NULL"
-                       " AND (started < ? OR ?) ORDER BY started LIMIT %2")
+                       " AND started < ? ORDER BY started LIMIT %2")
             .arg(Course::fullRate)
             .arg(most),
-        {olderThan, size > bytes});
+        {isTooLarge ? std::numeric_limits<qint64>::max() : olderThan});
     QVector<qint64> due;
     while (m_database->next(query))
         due.append(query.value(0).toLongLong());
     const bool done = m_database->atOnce([&] {
-        return std::all_of(due.begin(), due.end(), [this](qint64 id) {
-            const Samples few = thinned(samples(id), Course::fullRate / Course::thinRate);
-            return replaceCourse(id, few, Course::thinRate);
-        });
+        return std::all_of(due.begin(), due.end(), [this](qint64 id) { return thinOne(id); });
     });
     return done ? due.size() : 0;
+}
+
+// Somebody else may have done it meanwhile: who changes the rate does the work.
+bool SeamBook::thinOne(qint64 seam)
+{
+    const QSqlQuery changed =
+        m_database->select(QStringLiteral("UPDATE seam SET course_rate = ?"
+                                          " WHERE id = ? AND course_rate = ?"),
+                           {Course::thinRate, seam, Course::fullRate});
+    if (!changed.isActive() || changed.numRowsAffected() == 0)
+        return changed.isActive();
+    return replaceCourse(seam, thinned(samples(seam), Course::fullRate / Course::thinRate));
+}
+
+qint64 SeamBook::usedBytes()
+{
+    const qint64 pages = m_database->value(QStringLiteral("PRAGMA page_count")).toLongLong()
+        - m_database->value(QStringLiteral("PRAGMA freelist_count")).toLongLong();
+    return pages * m_database->value(QStringLiteral("PRAGMA page_size")).toLongLong();
 }
 
 QString SeamBook::setting(const QString &name)

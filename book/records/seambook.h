@@ -54,9 +54,10 @@ public:
     /// Limits without any band are removed.
     bool setLimits(const Limits &limits);
 
+    static constexpr qint64 anySize = -1;
     /// Reduces courses to one sample a second: those of seams that began before @p olderThan, and
-    /// the oldest ones while the book is larger than @p bytes. Does at most @p most; returns the
-    /// number.
+    /// the oldest ones while the file is larger than @p bytes, which no server tells. Does at most
+    /// @p most; returns the number.
     int thin(qint64 olderThan, qint64 bytes, int most = 100);
 
     /// A named text that the book stores for its user.
@@ -70,7 +71,9 @@ private:
     QVector<Seam> read(QSqlQuery &query);
     Samples samples(qint64 seam, int *parts = nullptr);
     bool store(const Seam &seam);
-    bool replaceCourse(qint64 seam, const Samples &samples, int rate);
+    bool replaceCourse(qint64 seam, const Samples &samples);
+    bool thinOne(qint64 seam);
+    qint64 usedBytes();
     QStringList distinct(const QString &column);
 
     std::unique_ptr<Database> m_database;

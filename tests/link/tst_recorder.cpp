@@ -312,6 +312,9 @@ private slots:
                      QStringList({"north 0: 2, 20 s, 1 m, 0", south, south,
                                   "south 3600000: 1, 10 s, 0.5 m, 3"}));
         }
+        QCOMPARE(book->seams().thin(noon + hourMs, SeamBook::anySize), 4);
+        QCOMPARE(book->seams().thin(noon + hourMs, SeamBook::anySize), 0);
+        QCOMPARE(book->seams().course(book->seams().list({}).last().id).rate, Course::thinRate);
         const auto alarms = book->alarms(noon, noon + hourMs, "north", 1);
         QCOMPARE(alarms.size(), 1);
         QCOMPARE(alarms.first().arguments, QVariantList({noon + hourMs - 1, "a"}));

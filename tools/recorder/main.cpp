@@ -39,7 +39,7 @@ int main(int argc, char *argv[])
         return couldNotStart;
     }
     const service::Signals signalled;
-    recorder::Recorder recorder(options.broker, std::move(book));
+    recorder::Recorder recorder(options.broker, std::move(book), options.keepDays);
     QObject::connect(&recorder, &recorder::Recorder::said, &say);
     QObject::connect(&signalled, &service::Signals::endWanted, &app, &QCoreApplication::quit);
     recorder.start();

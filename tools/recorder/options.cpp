@@ -8,6 +8,8 @@ namespace recorder {
 
 namespace {
 
+constexpr int mostDays = 36500;
+
 const QString chartScript =
     QStringLiteral("/usr/share/javascript/chart.js/chart.min.js"); // of the package libjs-chart.js
 
@@ -48,12 +50,25 @@ QString complaintAboutBook(const QCommandLineParser &parser, Options *options)
     return {};
 }
 
+QString complaintAboutDays(const QString &days, Options *options)
+{
+    bool isNumber = true;
+    if (!days.isEmpty())
+        options->keepDays = days.toInt(&isNumber);
+    return isNumber && options->keepDays > 0 && options->keepDays <= mostDays
+        ? QString()
+        : QStringLiteral("--keep-courses needs a number of days from 1 to %1").arg(mostDays);
+}
+
 QString complaintAbout(const QCommandLineParser &parser, Options *options)
 {
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("unexpected argument '%1'")
             .arg(parser.positionalArguments().constFirst());
     if (const QString complaint = complaintAboutBook(parser, options); !complaint.isEmpty())
+        return complaint;
+    const QString days = parser.value(QStringLiteral("keep-courses"));
+    if (const QString complaint = complaintAboutDays(days, options); !complaint.isEmpty())
         return complaint;
     if (!parser.isSet(QStringLiteral("broker")))
         return QStringLiteral("--broker needs an address such as mqtts://USER@HOST:PORT");
@@ -97,10 +112,17 @@ Options parseOptions(const QStringList &arguments)
             "Shows the plant to browsers, at an address of this machine; port 0 is any that "
             "is free. Who has an account at the broker can sign in."),
         QStringLiteral("HOST:PORT"));
+    const QCommandLineOption keep(
+        QStringLiteral("keep-courses"),
+        QStringLiteral(
+            "After so many days, %1 unless told, a seam's course is thinned to one sample "
+            "a second. Nothing else is removed.")
+            .arg(Options().keepDays),
+        QStringLiteral("DAYS"));
     QCommandLineParser parser;
     parser.setApplicationDescription(QLatin1String(description));
     const QCommandLineOption help = parser.addHelpOption();
-    parser.addOptions({broker, data, database, http});
+    parser.addOptions({broker, data, database, keep, http});
 
     Options options;
     if (!parser.parse(arguments)) {

@@ -13,6 +13,7 @@ struct Options
 {
     welmo::links::BrokerAddress broker;
     welmo::book::Place book; ///< where it is
+    int keepDays = 90; ///< after which a seam's course is thinned
     std::optional<plantpage::Server::Options> page; ///< if it is wanted
     QString error; ///< one line, if the arguments cannot be used
     QString help; ///< the help text, if it was asked for

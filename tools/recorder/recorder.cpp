@@ -3,6 +3,7 @@
 #include "link/protocol/protocol.h"
 
 using welmo::book::PlantBook;
+using welmo::book::SeamBook;
 namespace protocol = welmo::links::protocol;
 
 namespace recorder {
@@ -13,11 +14,15 @@ constexpr int storeMs = 20; // what comes meanwhile is one transaction
 constexpr int mostAtOnce = 500;
 constexpr int askMs = 60 * 1000; // for what a broker lost on the way
 constexpr int retryMs = 5000; // when the database failed
+constexpr int thinAtOnce = 50; // courses; a plant of 1,000 cells makes 17 a second
+constexpr int thinMs = 1000; // while there are more
 
 } // namespace
 
-Recorder::Recorder(const welmo::links::BrokerAddress &address, std::unique_ptr<PlantBook> book)
+Recorder::Recorder(const welmo::links::BrokerAddress &address, std::unique_ptr<PlantBook> book,
+                   int keepDays)
     : m_book(std::move(book))
+    , m_keepDays(keepDays)
     , m_reader({address})
 {
     using Reader = welmo::links::PlantReader;
@@ -26,6 +31,8 @@ Recorder::Recorder(const welmo::links::BrokerAddress &address, std::unique_ptr<P
     connect(&m_storing, &QTimer::timeout, this, &Recorder::store);
     connect(&m_asking, &QTimer::timeout, this, &Recorder::askAll);
     m_asking.start(askMs);
+    connect(&m_thinning, &QTimer::timeout, this, &Recorder::thin);
+    m_thinning.start(thinMs);
     connect(&m_reader, &Reader::problem, this, &Recorder::said);
     connect(&m_reader, &Reader::came, this, [this](const QString &cell) {
         emit said(cell + QStringLiteral(" is there"));
@@ -80,6 +87,16 @@ void Recorder::store()
         m_storing.start();
     for (const PlantBook::Taken &one : *taken)
         tell(one);
+}
+
+void Recorder::thin()
+{
+    if (!m_waiting.isEmpty() || m_isFailing)
+        return;
+    const QDateTime oldest = QDateTime::currentDateTimeUtc().addDays(-m_keepDays);
+    const int done =
+        m_book->seams().thin(oldest.toMSecsSinceEpoch(), SeamBook::anySize, thinAtOnce);
+    m_thinning.setInterval(done < thinAtOnce ? askMs : thinMs);
 }
 
 void Recorder::tell(const PlantBook::Taken &taken)

@@ -14,8 +14,9 @@ class Recorder : public QObject
 {
     Q_OBJECT
 public:
+    /// Courses of seams older than @p keepDays are thinned, a few at a time.
     Recorder(const welmo::links::BrokerAddress &address,
-             std::unique_ptr<welmo::book::PlantBook> book);
+             std::unique_ptr<welmo::book::PlantBook> book, int keepDays);
 
     void start() { m_reader.start(); }
 
@@ -27,6 +28,7 @@ private:
     void ask(const QString &cell);
     void askAll();
     void store();
+    void thin();
     void tell(const welmo::book::PlantBook::Taken &taken);
 
     std::unique_ptr<welmo::book::PlantBook> m_book;
@@ -37,6 +39,8 @@ private:
     int m_malformed = 0;
     QTimer m_storing;
     QTimer m_asking;
+    QTimer m_thinning;
+    const int m_keepDays;
     welmo::links::PlantReader m_reader; // last: it ends first
 };
 

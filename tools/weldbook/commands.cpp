@@ -48,6 +48,11 @@ void setUp(QCommandLineParser *parser)
     parser->addOptions({
         {QStringLiteral("data"), QStringLiteral("The data folder of a pendant or a recorder."),
          QStringLiteral("DIR")},
+        {QStringLiteral("database"),
+         QStringLiteral("A recorder's database at a PostgreSQL server instead: "
+                        "postgresql://USER@HOST:PORT/NAME. The password is taken from "
+                        "WELMO_DATABASE_PASSWORD."),
+         QStringLiteral("URL")},
         {QStringLiteral("from"), QStringLiteral("Welds that began on this day or later."),
          QStringLiteral("YYYY-MM-DD")},
         {QStringLiteral("until"), QStringLiteral("Welds that began on this day or before."),
@@ -178,8 +183,10 @@ int report(SeamBook &book, Call &call)
 
 int verify(SeamBook &book, Call &call)
 {
-    const QString state =
-        book.database().value(QStringLiteral("PRAGMA integrity_check(1)")).toString();
+    // A server watches over its own files.
+    const QString state = book.database().isServer()
+        ? QStringLiteral("ok")
+        : book.database().value(QStringLiteral("PRAGMA integrity_check(1)")).toString();
     if (state != QLatin1String("ok"))
         return call.complain(QStringLiteral("the book is damaged: %1").arg(state.simplified()),
                              wrongBook);
@@ -210,13 +217,18 @@ constexpr Command commands[] = {
 int open(const Command &command, Call &call)
 {
     const QString folder = call.parser.value(QStringLiteral("data"));
-    if (folder.isEmpty())
-        return call.complain(QStringLiteral("needs --data DIR"));
+    const QString address = call.parser.value(QStringLiteral("database"));
+    if (folder.isEmpty() == address.isEmpty())
+        return call.complain(QStringLiteral("needs either --data DIR or --database URL"));
     const QDir data(folder);
-    const bool isPlant = data.exists(QStringLiteral("plant.db"));
-    const QString file = data.filePath(isPlant ? QStringLiteral("plant.db")
-                                               : QStringLiteral("weldbook/weldbook.db"));
-    auto database = Database::open(file, Database::ReadOnly, &call.problem,
+    const bool isPlant = !address.isEmpty() || data.exists(QStringLiteral("plant.db"));
+    Place place = data.filePath(isPlant ? QStringLiteral("plant.db")
+                                        : QStringLiteral("weldbook/weldbook.db"));
+    if (!address.isEmpty())
+        call.problem = parsePlace(address, &place);
+    if (!call.problem.isEmpty())
+        return wrongArguments;
+    auto database = Database::open(place, Database::ReadOnly, &call.problem,
                                    isPlant ? plantSchema() : weldBookSchema());
     if (!database)
         return wrongBook;
@@ -224,8 +236,8 @@ int open(const Command &command, Call &call)
     const int status = command.run(book, call);
     if (book.errorText().isEmpty())
         return status;
-    return call.complain(QStringLiteral("%1: cannot be read (%2)").arg(file, book.errorText()),
-                         wrongBook);
+    return call.complain(
+        QStringLiteral("%1: cannot be read (%2)").arg(place.text(), book.errorText()), wrongBook);
 }
 
 int run(Call &call)
