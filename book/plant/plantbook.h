@@ -78,9 +78,12 @@ public:
     /// Empty on failure, when nothing changed, with errorText().
     std::optional<QVector<Taken>> take(const QVector<Entry> &entries);
 
+    /// What a sum is of; of all cells it has no cell, and of all hours none of these.
+    enum class SumOf { CellAndHour, Cell, Hour };
     /// The sums of the hours that begin from @p from on, before @p until (ms UTC), of one cell or
-    /// of all, in the order of hours.
-    QVector<Sum> sums(qint64 from, qint64 until, const QString &cell = {});
+    /// of all, in the order of hours, then cells.
+    QVector<Sum> sums(qint64 from, qint64 until, const QString &cell = {},
+                      SumOf of = SumOf::CellAndHour);
     /// At most @p most from @p from on, before @p until, of one cell or of all, newest first.
     QVector<Alarm> alarms(qint64 from, qint64 until, const QString &cell, int most);
     QVector<Change> changes(qint64 from, qint64 until, const QString &cell, int most);

@@ -44,13 +44,18 @@ QSqlQuery newest(Database &database, const QString &table, const QString &column
 
 } // namespace
 
-QVector<PlantBook::Sum> PlantBook::sums(qint64 from, qint64 until, const QString &cell)
+QVector<PlantBook::Sum> PlantBook::sums(qint64 from, qint64 until, const QString &cell, SumOf of)
 {
     const Span span(QStringLiteral("hour"), from, until, cell);
+    QStringList keys{QStringLiteral("hour"), QStringLiteral("cell"), QStringLiteral("verdict")};
+    if (of != SumOf::CellAndHour)
+        keys.removeAt(of == SumOf::Hour ? 1 : 0);
     QSqlQuery rows = database().select(
-        QStringLiteral("SELECT cell, hour, verdict, seams, arc_time, wire, gas_time FROM seamsum%1"
-                       " ORDER BY hour, cell, verdict")
-            .arg(span.sql),
+        QStringLiteral("SELECT %1, %2, verdict, CAST(sum(seams) AS BIGINT), sum(arc_time),"
+                       " sum(wire), sum(gas_time) FROM seamsum%3 GROUP BY %4 ORDER BY %4")
+            .arg(of == SumOf::Hour ? QStringLiteral("''") : QStringLiteral("cell"),
+                 of == SumOf::Cell ? QStringLiteral("0") : QStringLiteral("hour"), span.sql,
+                 keys.join(QStringLiteral(", "))),
         span.values);
     QVector<Sum> sums;
     while (database().next(rows)) {

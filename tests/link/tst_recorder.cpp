@@ -298,19 +298,21 @@ private slots:
                 book = PlantBook::open(place.place(), &problem);
             }
             QStringList sums;
-            for (const auto &sum :
-                 book->sums(noon, noon + hourMs) + book->sums(0, 2 * noon, "south"))
+            for (const auto &sum : book->sums(noon, noon + hourMs)
+                     + book->sums(0, 2 * noon, "south", PlantBook::SumOf::Hour)
+                     + book->sums(0, 2 * noon, {}, PlantBook::SumOf::Cell))
                 sums.append(QStringLiteral("%1 %2: %3, %4 s, %5 m, %6")
                                 .arg(sum.cell)
-                                .arg(sum.hour - noon)
+                                .arg(sum.hour / hourMs)
                                 .arg(sum.count)
                                 .arg(sum.arcTime)
                                 .arg(sum.wire)
                                 .arg(int(sum.verdict)));
-            const QString south = "south 0: 2, 20 s, 1 m, 3";
-            QCOMPARE(sums,
-                     QStringList({"north 0: 2, 20 s, 1 m, 0", south, south,
-                                  "south 3600000: 1, 10 s, 0.5 m, 3"}));
+            const QStringList expected{
+                "north 472223: 2, 20 s, 1 m, 0", "south 472223: 2, 20 s, 1 m, 3",
+                " 472223: 2, 20 s, 1 m, 3",      " 472224: 1, 10 s, 0.5 m, 3",
+                "north 0: 3, 30 s, 1.5 m, 0",    "south 0: 3, 30 s, 1.5 m, 3"};
+            QCOMPARE(sums, expected);
         }
         QCOMPARE(book->seams().thin(noon + hourMs, SeamBook::anySize), 4);
         QCOMPARE(book->seams().thin(noon + hourMs, SeamBook::anySize), 0);

@@ -157,14 +157,20 @@ QJsonObject plant(const Viewer &viewer, const Watch &watch)
 
 QJsonObject sums(const Viewer &viewer, PlantBook &book, const Question &question)
 {
-    const QVector<PlantBook::Sum> rows = book.sums(question.from, question.until, question.cell);
+    using Of = PlantBook::SumOf;
+    const auto sumsOf = [&](Of of) {
+        return book.sums(question.from, question.until, question.cell, of);
+    };
     QJsonObject hours;
     QJsonObject cells;
-    for (const PlantBook::Sum &sum : rows) {
-        if (!viewer.mayRead(sum.cell))
-            continue;
-        add(hours, QString::number(sum.hour), sum);
-        add(cells, sum.cell, sum);
+    // The database adds up faster, but it does not know who may read what.
+    for (const PlantBook::Sum &sum : sumsOf(viewer.readsAll ? Of::Hour : Of::CellAndHour)) {
+        if (viewer.mayRead(sum.cell))
+            add(hours, QString::number(sum.hour), sum);
+    }
+    for (const PlantBook::Sum &sum : sumsOf(Of::Cell)) {
+        if (viewer.mayRead(sum.cell))
+            add(cells, sum.cell, sum);
     }
     return {{QStringLiteral("hours"), hours}, {QStringLiteral("cells"), cells}};
 }
