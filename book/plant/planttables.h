@@ -36,6 +36,6 @@ const std::vector<ListTable> &listTables();
 /// them.
 const Schema &plantSchema();
 
-constexpr qint64 hourMs = 3600 * 1000; ///< for which a row of the table "seamsum" counts
+constexpr qint64 hourMs = 3600LL * 1000; ///< for which a row of the table "seamsum" counts
 
 } // namespace welmo::book
