@@ -76,7 +76,8 @@ public:
             return true;
         if (worked)
             fail(m_database.lastError());
-        m_database.rollback();
+        if (m_database.isOpen())
+            m_database.rollback();
         return false;
     }
     bool isServer() const { return m_place.isServer(); }
