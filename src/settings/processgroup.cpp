@@ -3,6 +3,7 @@
 #include "data/choices.h"
 #include "data/report.h"
 #include "schema/unit.h"
+#include "widgets/latepolish.h"
 #include "widgets/pairfold.h"
 
 namespace welmo {
@@ -25,6 +26,7 @@ void ProcessGroup::initUI(QObject *owner)
     m_fixedVoltage = {m_controls.voltage->minimum(), m_controls.voltage->maximum()};
     applyWelder({});
     m_controls.advanced->setVisible(false);
+    new LatePolish(m_controls.advanced);
     m_controls.fold->setText(m_controls.unfoldText);
     new PairFold(this, m_controls.fold);
     connect(m_controls.currentMode, qOverload<int>(&QComboBox::currentIndexChanged), this,

@@ -74,18 +74,18 @@ bool PairFold::eventFilter(QObject *watched, QEvent *event)
     // A shown widget has its style, which changes the widths.
     if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
         measureAnew();
-    if (event->type() == QEvent::LayoutRequest && !m_folded)
-        fit();
+    else if (event->type() == QEvent::LayoutRequest)
+        m_folded ? keepLabelsWhole() : fit();
     return QObject::eventFilter(watched, event);
 }
 
 // A scroll area uses only the labels' size hints, which do not know that narrow text takes more
-// lines.
+// lines. Hidden labels have no style yet; they are measured when they are shown.
 void PairFold::keepLabelsWhole()
 {
     for (const Place &place : qAsConst(m_places)) {
         QWidget *label = place.column % secondPair == 0 ? place.item->widget() : nullptr;
-        if (label && label->hasHeightForWidth())
+        if (label && label->isVisibleTo(m_group) && label->hasHeightForWidth())
             label->setMinimumHeight(label->heightForWidth(label->minimumWidth()));
     }
 }
