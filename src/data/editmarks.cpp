@@ -23,18 +23,25 @@ EditMarks::EditMarks(QObject *page, const FieldTable &fields, QWidget *save,
 
 void EditMarks::refresh()
 {
-    const QSet<QString> keys = m_edited();
+    show(m_edited());
+}
+
+void EditMarks::show(const QSet<QString> &keys)
+{
+    const bool wasEdited = !m_shown.isEmpty();
+    const bool isEdited = !keys.isEmpty();
+    if (keys == m_shown)
+        return;
+    m_shown = keys;
     for (const auto &field : m_fields.fields()) {
         for (QWidget *editor : field->editors())
             mark(editor, keys.contains(field->key()));
     }
     if (m_save)
-        mark(m_save, !keys.isEmpty());
-    if (keys.isEmpty() != m_isEdited || !m_page)
-        return;
-    m_isEdited = !keys.isEmpty();
-    m_page->setProperty(editedFormsProperty,
-                        m_page->property(editedFormsProperty).toInt() + (m_isEdited ? 1 : -1));
+        mark(m_save, isEdited);
+    if (m_page && isEdited != wasEdited)
+        m_page->setProperty(editedFormsProperty,
+                            m_page->property(editedFormsProperty).toInt() + (isEdited ? 1 : -1));
 }
 
 void EditMarks::mark(QWidget *widget, bool edited)

@@ -24,6 +24,9 @@ public:
     EditMarks(QObject *page, const FieldTable &fields, QWidget *save,
               std::function<QSet<QString>()> edited);
 
+    /// Marks these keys and no others.
+    void show(const QSet<QString> &keys);
+
 public slots:
     void refresh();
 
@@ -34,7 +37,7 @@ private:
     const FieldTable &m_fields;
     QPointer<QWidget> m_save;
     std::function<QSet<QString>()> m_edited;
-    bool m_isEdited = false;
+    QSet<QString> m_shown;
 };
 
 } // namespace welmo

@@ -23,19 +23,14 @@ void FieldEdits::showOn(QObject *page, QWidget *save)
     });
 }
 
-void FieldEdits::showMarks()
-{
-    if (m_marks)
-        m_marks->refresh();
-}
-
 void FieldEdits::mark()
 {
-    kelp::ModuleObject now(m_shown.name(), nullptr);
-    collect(&now);
-    m_shown.copyFrom(nullptr, &now, true, true);
+    auto now = std::make_unique<kelp::ModuleObject>(m_shown->name(), nullptr);
+    collect(now.get());
+    m_shown = std::move(now);
     m_isKnown = true;
-    showMarks();
+    if (m_marks)
+        m_marks->show({});
 }
 
 FieldEdits::Values FieldEdits::values() const
@@ -43,12 +38,12 @@ FieldEdits::Values FieldEdits::values() const
     if (!m_isKnown)
         return {};
     Values edits;
-    kelp::ModuleObject now(m_shown.name(), nullptr);
+    kelp::ModuleObject now(m_shown->name(), nullptr);
     collect(&now);
     for (const auto &field : m_fields.fields()) {
         const kelp::ModuleObject *node = now.r(field->key()); // a missing node: nothing is chosen
         if (!host::isMissing(node)
-            && host::toVariant(node) != host::toVariant(m_shown.r(field->key())))
+            && host::toVariant(node) != host::toVariant(m_shown->r(field->key())))
             edits.insert(field->key(), host::toVariant(node));
     }
     return edits;
@@ -67,7 +62,7 @@ QStringList FieldEdits::take(QObject *owner, kelp::ModuleObject *data, const QVa
     merged.copyFrom(nullptr, data, true, true);
     for (auto edit = edited.begin(); edit != edited.end(); ++edit) {
         const QVariant present = host::toVariant(data->r(edit.key()));
-        const bool isChanged = present != host::toVariant(m_shown.r(edit.key()));
+        const bool isChanged = present != host::toVariant(m_shown->r(edit.key()));
         if (isChanged && present != edit.value())
             overlap.append(edit.key());
         before.insert(edit.key(), present);
@@ -76,8 +71,9 @@ QStringList FieldEdits::take(QObject *owner, kelp::ModuleObject *data, const QVa
     show(&merged);
     mark();
     for (auto value = before.begin(); value != before.end(); ++value)
-        m_shown.set(nullptr, value.key(), value.value(), true); // remains an edit
-    showMarks();
+        m_shown->set(nullptr, value.key(), value.value(), true); // remains an edit
+    if (m_marks)
+        m_marks->refresh();
     return overlap;
 }
 

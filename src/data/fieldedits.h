@@ -17,7 +17,7 @@ public:
     explicit FieldEdits(const FieldTable &fields, const QWidget *skipped = nullptr)
         : m_fields(fields)
         , m_skipped(skipped)
-        , m_shown(fields.set().name, nullptr)
+        , m_shown(std::make_unique<kelp::ModuleObject>(fields.set().name, nullptr))
     { }
 
     /// Shows what is edited by the properties of EditMarks; @p save is the button that saves it,
@@ -41,12 +41,11 @@ public:
     static void reportLoss(const QObject *sender, const QString &name);
 
 private:
-    void showMarks();
     void collect(kelp::ModuleObject *values) const;
 
     const FieldTable &m_fields;
     const QWidget *m_skipped;
-    kelp::ModuleObject m_shown;
+    std::unique_ptr<kelp::ModuleObject> m_shown;
     bool m_isKnown = false;
     std::unique_ptr<EditMarks> m_marks; ///< null: nobody shows them
 };
