@@ -45,7 +45,7 @@ run_plant() { # [N]
 
 start_cell() { # NAME PORT
     local program programs=()
-    for program in fillet stitch vgroove; do
+    for program in fillet stitch pipe; do
         programs+=(--weld "$root/examples/$program.tl")
     done
     mkdir "$scratch/$1"

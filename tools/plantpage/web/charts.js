@@ -21,6 +21,13 @@ function show(canvas, type, data, options) {
     charts.set(canvas, new Chart(canvas, { type, data, options }));
 }
 
+/** Before the colours change: what a chart has painted keeps the ones that it had. */
+export function forgetCharts() {
+    for (const chart of charts.values())
+        chart.destroy();
+    charts.clear();
+}
+
 function axis(title, more = {}) {
     return {
         title: { display: Boolean(title), text: title, color: colour('text') },

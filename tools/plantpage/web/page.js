@@ -1,4 +1,5 @@
 import { ask, Lost, SignedOut, signIn, signOut } from './server.js';
+import { forgetCharts } from './charts.js';
 import { byId } from './dom.js';
 import { clock } from './format.js';
 import { known, readList, readSeam, readSeams, showCell, showOverview } from './views.js';
@@ -160,6 +161,7 @@ function applyTheme() {
 
 function refresh() {
     applyTheme();
+    forgetCharts();
     translate();
     if (byId('sign-in').hidden)
         read(true);

@@ -93,7 +93,8 @@ export function showOverview() {
 export function showCell(name) {
     const cell = known.cells.find(one => one.name === name) ?? { name, there: false };
     byId('cell-tiles').replaceChildren(tile(word('cell'), name),
-        ...live.map(([title, content]) => tile(word(title), content(cell) || '–')),
+        ...live.map(([title, content]) => tile(word(title), content(cell) || '–',
+            title === 'program' ? 'wide' : '')),
         ...(cell.alarm ? [tile(word('alarm'), alarmText(cell.alarm), 'bad wide')] : []));
 }
 
