@@ -9,8 +9,8 @@ using namespace testsupport;
 
 namespace {
 
-constexpr double beatMs = 25;
-constexpr double hourMs = 3600e3;
+constexpr int beatMs = 25;
+constexpr qint64 hourMs = 3600000;
 // Milliseconds. Of the promised 100, a beat counts for 80 and the cell looks every 10.
 constexpr double mayBeAhead = 10;
 // Beyond that the beats of a living pendant look too old.
@@ -80,7 +80,7 @@ private slots:
         Day day;
         day.pendant.ppm = ppm;
         day.clock.hear(day.cell.at(0), day.pendant.at(5));
-        for (double time = 5; time < 24 * hourMs; time += beatMs) {
+        for (qint64 time = 5; time < 24 * hourMs; time += beatMs) {
             if (jump && day.disturbed == 0 && time > 3 * hourMs) {
                 jump(day);
                 day.disturbed = time;

@@ -16,7 +16,7 @@ namespace names = welmo::names;
 
 namespace {
 
-constexpr int beatMs = 25;
+constexpr qint64 beatMs = 25;
 constexpr qint64 hourMs = qint64(3600) * 1000;
 // The most bytes that a cell may hold, whatever its users do.
 constexpr qint64 ceiling = qint64(16) * 1024 * 1024;
@@ -45,7 +45,7 @@ public:
         while (fault.isEmpty() && m_now < hours * hourMs) {
             visit();
             leave();
-            pass(choose(20 * 60) * 1000);
+            pass(qint64(1000) * choose(20 * 60));
             check(isStill(), "wire moves with nobody there");
             if (choose(20) == 0)
                 start();
@@ -119,7 +119,7 @@ private:
         for (auto known = m_current.begin(); known != m_current.end(); ++known)
             check(currentIn(known.key()) == *known, "what was acknowledged is gone");
         for (int jobs = 1 + choose(4); jobs > 0; --jobs) {
-            live(choose(120) * 1000);
+            live(qint64(1000) * choose(120));
             m_jobs[size_t(choose(int(m_jobs.size())))]();
         }
     }
@@ -160,7 +160,7 @@ private:
         if (!ask({RequestKind::Command, names::loadProgram, {}, program}).ok())
             return; // another program is paused
         ask({RequestKind::Command, names::runProgram});
-        live(choose(40) * 1000);
+        live(qint64(1000) * choose(40));
         ask({RequestKind::Command, names::stopProgram});
     }
     /// Sends more at once than the cell has room for.
