@@ -12,8 +12,8 @@ struct ColouredPart
     const char *color; ///< a key of the theme
 };
 
-/// The text of a line, split into instruction word, arguments, quoted names and comment. Words of the
-/// packages' instructions have a colour of their own.
+/// The text of a line, split into instruction word, arguments, quoted names and comment. Words of
+/// the packages' instructions have a colour of their own.
 QVector<ColouredPart> colouredParts(const QString &text);
 
 } // namespace welmo::pendant
