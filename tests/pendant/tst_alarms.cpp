@@ -157,7 +157,7 @@ private slots:
         QVERIFY(banner->isVisible() && may("btnProgramStop"));
         QVERIFY(!may("btnInsertLine") && !may("btnOpenProgram") && !may("btnProgramRun"));
         pendant.faults()->clear();
-        QTRY_VERIFY(pendant.waitConnected());
+        QVERIFY(pendant.waitConnected());
         QTRY_VERIFY(!banner->isVisible() || !banner->text().startsWith("Link lost "));
         pendant.click("btnProgramStop");
         QTRY_VERIFY(may("btnInsertLine") && may("btnOpenProgram"));

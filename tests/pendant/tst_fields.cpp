@@ -133,16 +133,16 @@ private slots:
             const auto *mark = widget->findChild<QWidget *>("editMark");
             return mark && mark->isVisible();
         };
-        const QToolButton *entry = nullptr;
-        for (auto *each : ui.pendant.window()->findChildren<QToolButton *>()) {
-            if (each->text() == "Process Setting")
-                entry = each;
-        }
+        const auto entries = ui.pendant.find("wgtNav")->findChildren<QToolButton *>();
+        const auto entry = std::find_if(entries.begin(), entries.end(), [](auto *each) {
+            return each->text() == "Process Setting";
+        });
+        QVERIFY(entry != entries.end());
         auto *save = ui.pendant.find("btnArcOnSave");
         const auto marks = [&] {
             return QVector<bool>{isMarked(ui.voltage), isMarked(ui.annotation), isMarked(save)};
         };
-        const auto icon = [&] { return entry->icon().pixmap(48).toImage(); };
+        const auto icon = [&] { return (*entry)->icon().pixmap(48).toImage(); };
         ui.pendant.click("btnArcOnSave");
         const QImage plain = icon();
         QCOMPARE(marks(), QVector<bool>({false, false, false}));

@@ -46,7 +46,6 @@ private slots:
     {
         TestPendant pendant;
         const auto *line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
-        const auto *entry = pendant.find<QAbstractButton>("nav_messages");
         const int before = pendant.host()->helper()->log()->unseenErrors();
         pendant.host()->helper()->throwLog(nullptr, "error", "broken");
         pendant.host()->helper()->throwLog(nullptr, "info", "fine");
@@ -54,7 +53,7 @@ private slots:
         QCOMPARE(line->later(), QString("fine"));
         pendant.restart();
         line = pendant.window()->findChild<welmo::pendant::MessageLine *>();
-        entry = pendant.find<QAbstractButton>("nav_messages");
+        const auto *entry = pendant.find<QAbstractButton>("nav_messages");
         QCOMPARE(line->text(), QString("broken"));
         QCOMPARE(entry->text(), QString("Messages (%1)").arg(before + 1));
         QTest::mouseClick(pendant.find("lblLastMessage"), Qt::LeftButton);

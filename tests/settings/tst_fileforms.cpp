@@ -22,9 +22,9 @@ std::unique_ptr<BaseSubPage> make(FormHost &host)
 /// A form with one numbered file, by its names and the words in which it speaks.
 struct Form
 {
-    std::unique_ptr<BaseSubPage> (*make)(FormHost &);
+    std::unique_ptr<BaseSubPage> (*make)(FormHost &) = nullptr;
     QString set, prefix, combo, annotation, save, cancel, sender;
-    int (*operation)(BaseSubPage &); ///< saves, without a button
+    int (*operation)(BaseSubPage &) = nullptr; ///< saves, without a button
     QString changedWhileDown, savedWhileDown, failed; ///< said when the link is down, or no answer
 };
 
