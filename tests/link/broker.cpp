@@ -58,8 +58,9 @@ void Broker::joinLine()
     Broker &plant = central();
     plant.command({"line", plant.folder(), "line"}, "secret\n");
     plant.restart();
-    command({"bridge", folder(), "line", QStringLiteral("mqtt://127.0.0.1:%1").arg(plant.port())},
-            "secret\n");
+    m_bridge = std::make_unique<Proxy>(plant.port());
+    const QString way = QStringLiteral("mqtt://127.0.0.1:%1").arg(m_bridge->port());
+    command({"bridge", folder(), "line", way}, "secret\n");
     restart();
 }
 

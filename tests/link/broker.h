@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QTemporaryDir>
+#include <memory>
 #include <sys/types.h>
 
 #include "link/mqtt/brokeraddress.h"
+#include "proxy.h"
 
 /// The broker that the project ships, on a free port of this machine. After stop(), start() uses
 /// the same port again.
@@ -19,6 +21,8 @@ public:
     static Broker &shared();
     /// The central broker; without WELMO_TEST_LINE the shared one.
     static Broker &central();
+    /// The way of its bridge to the central broker; null without one.
+    Proxy *bridge() const { return m_bridge.get(); }
 
     void start();
     void stop();
@@ -43,5 +47,6 @@ private:
     pid_t m_process = 0; // not a QProcess, which does not work under emulation
     int m_port;
     bool m_encrypted = false;
+    std::unique_ptr<Proxy> m_bridge;
     int m_gone = 0; // the port of the line's first broker, where nobody is
 };
