@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QJsonDocument>
 #include <httplib.h>
+#include <string_view>
 
 #include "tools/plantpage/content.h"
 #include "tools/plantpage/sessions.h"
@@ -29,7 +30,7 @@ constexpr int unauthorized = 401;
 constexpr int notFound = 404;
 constexpr int failed = 503;
 
-const std::string cookieName = "welmo_session=";
+constexpr std::string_view cookieName = "welmo_session=";
 
 QString text(const std::string &value)
 {
@@ -62,8 +63,8 @@ void setCookie(httplib::Response &response, const QString &token)
 {
     const std::string life = token.isEmpty() ? "; Max-Age=0" : "";
     response.set_header("Set-Cookie",
-                        cookieName + token.toStdString() + "; Path=/; HttpOnly; SameSite=Strict"
-                            + life);
+                        std::string(cookieName) + token.toStdString()
+                            + "; Path=/; HttpOnly; SameSite=Strict" + life);
 }
 
 content::Question questionOf(const httplib::Request &request)
@@ -171,7 +172,8 @@ Server::Answer Server::forViewers(
     std::function<void(const Viewer &, const httplib::Request &, httplib::Response &)> answerTo)
     const
 {
-    return [this, answerTo](const httplib::Request &request, httplib::Response &response) {
+    return [this, answerTo = std::move(answerTo)](const httplib::Request &request,
+                                                  httplib::Response &response) {
         if (const auto viewer = m_sessions->viewer(tokenOf(request)))
             answerTo(*viewer, request, response);
         else
