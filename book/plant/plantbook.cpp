@@ -48,7 +48,7 @@ std::optional<QVector<PlantBook::Taken>> PlantBook::take(const QVector<Entry> &e
             && std::all_of(all.begin(), all.end(),
                            [this](const Taken &one) { return finish(one); });
     });
-    return done ? std::make_optional(all.values().toVector()) : std::nullopt;
+    return done ? std::make_optional(QVector<Taken>(all.cbegin(), all.cend())) : std::nullopt;
 }
 
 // Writes first: from then on no other recorder changes this log until the transaction ends.

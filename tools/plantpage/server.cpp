@@ -168,9 +168,8 @@ void Server::addSession()
                      });
 }
 
-Server::Answer Server::forViewers(
-    std::function<void(const Viewer &, const httplib::Request &, httplib::Response &)> answerTo)
-    const
+Server::Answer Server::forViewers(const std::function<void(const Viewer &, const httplib::Request &,
+                                                           httplib::Response &)> &answerTo) const
 {
     return [this, answerTo = std::move(answerTo)](const httplib::Request &request,
                                                   httplib::Response &response) {

@@ -48,9 +48,8 @@ private:
     void addFiles(const QString &chartScript);
     void addSession();
     void addQuestions();
-    Answer forViewers(
-        std::function<void(const Viewer &, const httplib::Request &, httplib::Response &)> answer)
-        const;
+    Answer forViewers(const std::function<void(const Viewer &, const httplib::Request &,
+                                               httplib::Response &)> &answerTo) const;
 
     Sessions *m_sessions;
     const Watch *m_watch;
