@@ -171,8 +171,7 @@ void Server::addSession()
 Server::Answer Server::forViewers(const std::function<void(const Viewer &, const httplib::Request &,
                                                            httplib::Response &)> &answerTo) const
 {
-    return [this, answerTo = std::move(answerTo)](const httplib::Request &request,
-                                                  httplib::Response &response) {
+    return [this, answerTo](const httplib::Request &request, httplib::Response &response) {
         if (const auto viewer = m_sessions->viewer(tokenOf(request)))
             answerTo(*viewer, request, response);
         else
