@@ -368,7 +368,7 @@ private slots:
         connect(&reader, &PlantReader::recorded, this, [&] { heard.append("record"); });
         connect(&reader, &PlantReader::valueTold, this, [&] { heard.append("value"); });
         reader.start();
-        for (const QString end : {"gone", ""}) {
+        for (const QString &end : QStringList{"gone", ""}) {
             for (const char *word : {"came", "value", "record"})
                 QTRY_VERIFY_WITH_TIMEOUT(heard.contains(word), patient);
             heard.clear();
