@@ -59,6 +59,7 @@ void Broker::joinLine()
     plant.command({"line", plant.folder(), "line"}, "secret\n");
     plant.restart();
     m_bridge = std::make_unique<Proxy>(plant.port());
+    qAddPostRoutine([] { shared().m_bridge.reset(); }); // sockets end before the application
     const QString way = QStringLiteral("mqtt://127.0.0.1:%1").arg(m_bridge->port());
     command({"bridge", folder(), "line", way}, "secret\n");
     restart();
