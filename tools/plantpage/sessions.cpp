@@ -94,6 +94,8 @@ void Sessions::begin(const QString &user, const QString &password, const Answere
             [this, session, token, answered](const QString &line) {
                 if (session->isAccepted || ++session->refusals != m_address.count())
                     return;
+                // A broker that accepts late must not answer again.
+                disconnect(&session->reader, nullptr, this, nullptr);
                 answered({{}, line});
                 // Not now: the reader is still at it.
                 QTimer::singleShot(0, this, [this, token] { end(token); });
