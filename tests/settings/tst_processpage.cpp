@@ -108,6 +108,23 @@ class tst_ProcessPage : public QObject
     Q_OBJECT
 
 private slots:
+    // It is spared its style before; an unstyled box would be too small for a finger.
+    void aFoldOutIsStyledWhenItOpens()
+    {
+        Fixture f(arcStart);
+        f.page.wgt()->ensurePolished();
+        QWidget *area = f.find<QWidget>("wgt_arconAdvancedParam");
+        const auto styled = [area] {
+            int count = 0;
+            for (const QWidget *widget : area->findChildren<QWidget *>())
+                count += widget->testAttribute(Qt::WA_WState_Polished) ? 1 : 0;
+            return count;
+        };
+        QCOMPARE(styled(), 0);
+        f.press("btn_arconFold");
+        QCOMPARE(styled(), area->findChildren<QWidget *>().size());
+    }
+
     void requestsInOrder()
     {
         FormHost host;
